@@ -1,0 +1,69 @@
+# SPDX-License-Identifier: MIT
+# SPDX-FileCopyrightText: 2026 The Tonalith authors
+#
+# One room is one folder, one static library and one set of arrows. Every target of the project is made here, so that
+# warnings, sanitizers, clang-tidy and the Qt dialect are the same everywhere.
+
+add_library(tonalith_options INTERFACE)
+target_compile_options(
+  tonalith_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor
+                             -Woverloaded-virtual -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # GCC 12 takes the unused storage of a std::optional for an uninitialized variable.
+  target_compile_options(tonalith_options INTERFACE -Wno-maybe-uninitialized)
+endif()
+target_compile_definitions(tonalith_options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
+                                                      QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
+target_include_directories(tonalith_options INTERFACE "${PROJECT_SOURCE_DIR}/src")
+if(TONALITH_SANITIZE)
+  target_compile_options(tonalith_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                    -fno-omit-frame-pointer)
+  target_link_options(tonalith_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(TONALITH_FUZZ)
+  target_compile_options(tonalith_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+if(TONALITH_TIDY)
+  find_program(TONALITH_CLANG_TIDY NAMES clang-tidy REQUIRED)
+endif()
+
+function(tonalith_finish target)
+  if(TONALITH_TIDY)
+    set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY "${TONALITH_CLANG_TIDY};--quiet")
+  endif()
+endfunction()
+
+# tonalith_room(core SOURCES ... LINKS ...): the static library tonalith_core. LINKS holds rooms and packages.
+function(tonalith_room name)
+  cmake_parse_arguments(ROOM "QT" "" "SOURCES;LINKS" ${ARGN})
+  set(target tonalith_${name})
+  add_library(${target} STATIC ${ROOM_SOURCES})
+  target_link_libraries(${target} PUBLIC ${ROOM_LINKS} PRIVATE tonalith_options)
+  target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+  if(ROOM_QT)
+    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+  endif()
+  tonalith_finish(${target})
+endfunction()
+
+# tonalith_test(core SOURCES ... LINKS ...): one GoogleTest program for a folder of tests/.
+function(tonalith_test name)
+  cmake_parse_arguments(TEST "QT" "" "SOURCES;LINKS" ${ARGN})
+  set(target tonalith_${name}_tests)
+  add_executable(${target} ${TEST_SOURCES})
+  target_link_libraries(${target} PRIVATE ${TEST_LINKS} GTest::gmock tonalith_options)
+  target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  target_compile_definitions(${target} PRIVATE TONALITH_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
+                                               TONALITH_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  if(TEST_QT)
+    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${target} PRIVATE Qt6::Test)
+  else()
+    target_link_libraries(${target} PRIVATE GTest::gmock_main)
+  endif()
+  tonalith_finish(${target})
+  include(GoogleTest)
+  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60
+                       PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_ACCESSIBILITY=0")
+endfunction()

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "core/deferred_failure.h"
+
+namespace tonalith::core {
+
+void DeferredFailure::ReportDescription(MsgBox& msgBox, MsgBoxStyle style) {
+  // Taken before the box is shown: events that the box lets through must not report the same failure again.
+  if (const std::optional<Failure> failure = std::exchange(pending_, std::nullopt)) {
+    msgBox.Show(failure->Description(), style);
+  }
+}
+
+void DeferredFailure::ReportNumberAndDescription(MsgBox& msgBox, MsgBoxStyle style) {
+  if (const std::optional<Failure> failure = std::exchange(pending_, std::nullopt)) {
+    msgBox.Show(failure->NumberAndDescription(), style);
+  }
+}
+
+}  // namespace tonalith::core

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The one vocabulary of failures: a number and a description that a musician can read. Code throws a Failure; whoever
+// has to report it chooses the form (text alone, or number and text). Plain values, owned by whoever catches them, no
+// thread of their own.
+
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+
+namespace tonalith::core {
+
+/// The failure numbers of the program itself. The data layer adds those of its engine (see data/data_failure.h).
+namespace failure_number {
+inline constexpr std::int32_t kInvalidProcedureCall = 5;
+inline constexpr std::int32_t kOverflow = 6;
+inline constexpr std::int32_t kOutOfMemory = 7;
+inline constexpr std::int32_t kSubscriptOutOfRange = 9;
+inline constexpr std::int32_t kTypeMismatch = 13;
+inline constexpr std::int32_t kInternalError = 51;
+inline constexpr std::int32_t kInvalidUseOfNull = 94;
+}  // namespace failure_number
+
+class Failure : public std::exception {
+ public:
+  Failure(std::int32_t number, std::string description) : number_(number), description_(std::move(description)) {}
+
+  [[nodiscard]] std::int32_t Number() const { return number_; }
+  [[nodiscard]] const std::string& Description() const { return description_; }
+  /// Number, ": " and description: the form that most handlers of the main window owe.
+  [[nodiscard]] std::string NumberAndDescription() const;
+  [[nodiscard]] const char* what() const noexcept override { return description_.c_str(); }
+
+  static Failure InvalidProcedureCall();
+  static Failure Overflow();
+  static Failure SubscriptOutOfRange();
+  static Failure TypeMismatch();
+  static Failure InvalidUseOfNull();
+
+  /// The exception that is being handled, as a Failure: itself, out of memory (7), or an internal error (51) with the
+  /// exception's own text. Call it inside a catch block only.
+  static Failure FromCurrentException();
+
+ private:
+  std::int32_t number_;
+  std::string description_;
+};
+
+}  // namespace tonalith::core

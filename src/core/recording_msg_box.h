@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// A message box for tests: it records what was shown and answers from a script, or with the default button of the
+// style once the script is used up.
+
+#pragma once
+
+#include <deque>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/msg_box.h"
+
+namespace tonalith::core {
+
+class RecordingMsgBox : public MsgBox {
+ public:
+  struct Message {
+    std::string text;
+    MsgBoxStyle style = MsgBoxStyle::kOkOnly;
+    std::string title;
+    bool operator==(const Message&) const = default;
+  };
+
+  using MsgBox::Show;
+  MsgBoxAnswer Show(const std::string& text, MsgBoxStyle style, const std::string& title) override {
+    messages_.push_back({text, style, title});
+    if (answers_.empty()) return DefaultAnswer(style);
+    const MsgBoxAnswer answer = answers_.front();
+    answers_.pop_front();
+    return answer;
+  }
+
+  void AnswerNext(MsgBoxAnswer answer) { answers_.push_back(answer); }
+  [[nodiscard]] const std::vector<Message>& Messages() const { return messages_; }
+  void Forget() { messages_.clear(); }
+
+  /// The texts alone, one a line: the readable form for assertions.
+  [[nodiscard]] std::string Texts() const {
+    std::string all;
+    for (const Message& message : messages_) all += message.text + "\n";
+    return all;
+  }
+
+ private:
+  static MsgBoxAnswer DefaultAnswer(MsgBoxStyle style) {
+    const int value = static_cast<int>(style);
+    const bool second = (value & static_cast<int>(MsgBoxStyle::kDefaultButton2)) != 0;
+    switch (value & 0xF) {
+      case static_cast<int>(MsgBoxStyle::kOkCancel):
+        return second ? MsgBoxAnswer::kCancel : MsgBoxAnswer::kOk;
+      case static_cast<int>(MsgBoxStyle::kYesNo):
+        return second ? MsgBoxAnswer::kNo : MsgBoxAnswer::kYes;
+      default:
+        return MsgBoxAnswer::kOk;
+    }
+  }
+
+  std::vector<Message> messages_;
+  std::deque<MsgBoxAnswer> answers_;
+};
+
+}  // namespace tonalith::core

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "core/failure.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <new>
+#include <stdexcept>
+
+#include "core/deferred_failure.h"
+#include "core/recording_msg_box.h"
+
+namespace tonalith::core {
+namespace {
+
+using Message = RecordingMsgBox::Message;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(FailureTest, NumbersAreTheClassicOnes) {
+  EXPECT_EQ(Failure::Overflow().Number(), 6);
+  EXPECT_EQ(Failure::SubscriptOutOfRange().Number(), 9);
+  EXPECT_EQ(Failure::TypeMismatch().Number(), 13);
+  EXPECT_EQ(Failure::InvalidUseOfNull().Number(), 94);
+}
+
+TEST(FailureTest, NumberAndDescriptionAreJoinedByColonAndBlank) {
+  EXPECT_EQ(Failure(-2147467259, "Could not find it.").NumberAndDescription(), "-2147467259: Could not find it.");
+}
+
+TEST(FailureTest, OtherExceptionsBecomeFailuresThatKeepTheirText) {
+  DeferredFailure deferred;
+  deferred.Try([] { throw std::runtime_error("the disk is full"); });
+  ASSERT_TRUE(deferred.Pending().has_value());
+  EXPECT_EQ(deferred.Pending()->NumberAndDescription(), "51: the disk is full");
+  deferred.Try([] { throw std::bad_alloc(); });
+  EXPECT_EQ(deferred.Pending()->NumberAndDescription(), "7: Out of memory");
+}
+
+TEST(DeferredFailureTest, RunsTheNextStepAfterAFailingOneAndReportsTheLatestOnce) {
+  RecordingMsgBox box;
+  DeferredFailure deferred;
+  int ran = 0;
+  EXPECT_FALSE(deferred.Try([] { throw Failure::Overflow(); }));
+  EXPECT_FALSE(deferred.Try([&] {
+    ++ran;
+    throw Failure::TypeMismatch();
+  }));
+  EXPECT_TRUE(deferred.Try([&] { ++ran; }));
+  EXPECT_EQ(ran, 2);
+  deferred.ReportDescription(box);
+  deferred.ReportDescription(box);
+  EXPECT_THAT(box.Messages(), ElementsAre(Message{"Type mismatch", MsgBoxStyle::kOkOnly, ""}));
+}
+
+TEST(DeferredFailureTest, ReportsNumberAndDescriptionInTheStyleAskedFor) {
+  RecordingMsgBox box;
+  DeferredFailure deferred;
+  deferred.Try([] { throw Failure::SubscriptOutOfRange(); });
+  deferred.ReportNumberAndDescription(box, MsgBoxStyle::kCritical);
+  EXPECT_THAT(box.Messages(), ElementsAre(Message{"9: Subscript out of range", MsgBoxStyle::kCritical, ""}));
+}
+
+TEST(DeferredFailureTest, SaysNothingWhenNothingFailedOrWhenItWasCleared) {
+  RecordingMsgBox box;
+  DeferredFailure deferred;
+  deferred.ReportDescription(box);
+  deferred.Try([] { throw Failure::Overflow(); });
+  deferred.Clear();
+  deferred.ReportNumberAndDescription(box);
+  EXPECT_THAT(box.Messages(), IsEmpty());
+}
+
+TEST(MsgBoxTest, RecordedBoxAnswersFromItsScriptAndThenWithTheDefaultButton) {
+  RecordingMsgBox box;
+  box.AnswerNext(MsgBoxAnswer::kYes);
+  const MsgBoxStyle askNo = MsgBoxStyle::kYesNo | MsgBoxStyle::kQuestion | MsgBoxStyle::kDefaultButton2;
+  EXPECT_EQ(box.Show("?", askNo, "t"), MsgBoxAnswer::kYes);
+  EXPECT_EQ(box.Show("?", askNo, "t"), MsgBoxAnswer::kNo);
+  EXPECT_EQ(box.Show("?", MsgBoxStyle::kOkCancel), MsgBoxAnswer::kOk);
+}
+
+}  // namespace
+}  // namespace tonalith::core
