@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "data/connection_string.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/text.h"
+#include "data/data_failure.h"
+#include "data/sql_tokens.h"
+
+namespace tonalith::data {
+namespace {
+
+// Keywords that are understood and change nothing here.
+constexpr std::array<std::string_view, 5> kWithoutEffect = {"Persist Security Info", "Extended Properties",
+                                                            "Locale Identifier", "Window Handle", "OLE DB Services"};
+constexpr std::array<std::string_view, 8> kWithEffect = {"Provider", "Data Source", "DataSource", "Mode",
+                                                         "User ID",  "UID",         "Password",   "PWD"};
+
+bool IsKeyword(std::string_view key) {
+  const auto isKey = [&](std::string_view known) { return SameName(known, key); };
+  return std::any_of(kWithEffect.begin(), kWithEffect.end(), isKey) ||
+         std::any_of(kWithoutEffect.begin(), kWithoutEffect.end(), isKey) || SameName(key.substr(0, 10), "Jet OLEDB:");
+}
+
+std::string_view KeyOf(std::string_view text) {
+  const std::size_t end = text.find_first_of("=;");
+  return end == std::string_view::npos || text[end] == ';' ? std::string_view() : core::Trim(text.substr(0, end));
+}
+
+std::string TakeQuoted(std::string_view& rest, char quote) {
+  std::string value;
+  std::size_t i = 1;
+  for (;; ++i) {
+    if (i >= rest.size()) throw Unspecified("A value of the connection string has no closing quote.");
+    if (rest[i] == quote) {
+      if (i + 1 >= rest.size() || rest[i + 1] != quote) break;
+      ++i;
+    }
+    value += rest[i];
+  }
+  rest.remove_prefix(i + 1);
+  const std::size_t end = std::min(rest.find(';'), rest.size());
+  if (!core::Trim(rest.substr(0, end)).empty()) {
+    throw Unspecified("A value of the connection string goes on after its closing quote.");
+  }
+  rest.remove_prefix(std::min(end + 1, rest.size()));
+  return value;
+}
+
+// A folder's name may hold a semicolon and stand there without quotes: what follows the semicolon and is no setting
+// still belongs to the value.
+std::string TakePlain(std::string_view& rest) {
+  std::size_t end = std::min(rest.find(';'), rest.size());
+  while (end < rest.size()) {
+    const std::string_view after = rest.substr(end + 1);
+    if (core::Trim(after.substr(0, after.find(';'))).empty() || IsKeyword(KeyOf(after))) break;
+    end = std::min(rest.find(';', end + 1), rest.size());
+  }
+  std::string value(core::Trim(rest.substr(0, end)));
+  rest.remove_prefix(std::min(end + 1, rest.size()));
+  return value;
+}
+
+bool IsReadOnlyMode(const std::string& mode) {
+  bool isReadOnly = false;
+  std::string_view rest = mode;
+  while (!rest.empty()) {
+    const std::size_t end = std::min(rest.find('|'), rest.size());
+    const std::string_view part = core::Trim(rest.substr(0, end));
+    if (SameName(part, "Read")) {
+      isReadOnly = true;
+    } else if (!SameName(part, "ReadWrite") && !SameName(part, "Share Deny None") && !part.empty()) {
+      throw Unspecified("The mode '" + std::string(part) + "' of the connection string is not supported.");
+    }
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  return isReadOnly;
+}
+
+void Apply(ConnectionSettings& settings, std::string_view key, std::string value) {
+  if (SameName(key, "Provider")) {
+    settings.provider = std::move(value);
+  } else if (SameName(key, "Data Source") || SameName(key, "DataSource")) {
+    settings.dataSource = std::move(value);
+  } else if (SameName(key, "Mode")) {
+    settings.isReadOnly = IsReadOnlyMode(value);
+  } else if (SameName(key, "User ID") || SameName(key, "UID")) {
+    settings.user = std::move(value);
+  } else if (SameName(key, "Password") || SameName(key, "PWD")) {
+    settings.password = std::move(value);
+  }
+}
+
+std::string Quoted(const std::string& value) {
+  const bool isPlain =
+      !value.empty() && value.find_first_of(";\"'=") == std::string::npos && core::Trim(value) == value;
+  if (isPlain) return value;
+  std::string quoted = "\"";
+  for (const char c : value) quoted.append(c == '"' ? 2 : 1, c);
+  return quoted + "\"";
+}
+
+}  // namespace
+
+ConnectionSettings ParseConnectionString(std::string_view text) {
+  ConnectionSettings settings;
+  if (!IsKeyword(KeyOf(text))) {
+    settings.dataSource = text;
+    return settings;
+  }
+  std::string_view rest = text;
+  while (!core::Trim(rest).empty()) {
+    if (core::Trim(rest).front() == ';') {
+      rest.remove_prefix(rest.find(';') + 1);
+      continue;
+    }
+    const std::string_view key = KeyOf(rest);
+    if (!IsKeyword(key)) throw Unspecified("The connection string has an unknown setting '" + std::string(key) + "'.");
+    rest.remove_prefix(rest.find('=') + 1);
+    while (!rest.empty() && rest.front() == ' ') rest.remove_prefix(1);
+    const bool isQuoted = !rest.empty() && (rest.front() == '"' || rest.front() == '\'');
+    Apply(settings, key, isQuoted ? TakeQuoted(rest, rest.front()) : TakePlain(rest));
+  }
+  return settings;
+}
+
+std::string ExpandedConnectionString(const ConnectionSettings& settings) {
+  return "Provider=" + Quoted(settings.provider) +
+         ";User ID=" + Quoted(settings.user.empty() ? "Admin" : settings.user) +
+         ";Data Source=" + Quoted(settings.dataSource) +
+         ";Mode=" + (settings.isReadOnly ? "Read|Share Deny None" : "ReadWrite|Share Deny None") +
+         ";Extended Properties=\"\";Persist Security Info=False";
+}
+
+}  // namespace tonalith::data

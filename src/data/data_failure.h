@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The failures of the data layer: their numbers, one maker for each, and the translation of what the database engine
+// reports into words that name the file. Every maker returns a Failure for the caller to throw.
+
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "core/failure.h"
+
+namespace SQLite {  // NOLINT(readability-identifier-naming): the library's name
+class Exception;
+}
+
+namespace tonalith::data {
+
+namespace failure_number {
+inline constexpr std::int32_t kNoCurrentRecord = 3021;
+inline constexpr std::int32_t kNotAllowedHere = 3219;
+inline constexpr std::int32_t kNotSupported = 3251;
+inline constexpr std::int32_t kUnknownItem = 3265;
+inline constexpr std::int32_t kClosed = 3704;
+inline constexpr std::int32_t kAlreadyOpen = 3705;
+inline constexpr std::int32_t kUnknownProvider = 3706;
+inline constexpr std::int32_t kInvalidConnection = 3709;
+inline constexpr std::int32_t kUnspecified = -2147467259;
+inline constexpr std::int32_t kInvalidBookmark = -2147217906;
+inline constexpr std::int32_t kUnknownField = -2147217904;
+inline constexpr std::int32_t kSyntax = -2147217900;
+inline constexpr std::int32_t kUnknownTable = -2147217865;
+inline constexpr std::int32_t kRowVanished = -2147217864;
+inline constexpr std::int32_t kNotAuthorised = -2147217843;
+inline constexpr std::int32_t kNoTransaction = -2147168242;
+inline constexpr std::int32_t kTransactionActive = -2147168237;
+}  // namespace failure_number
+
+core::Failure NoCurrentRecord();
+core::Failure NotAllowedHere();
+/// The record set takes no changes: read-only lock, or rows that cannot be told apart by a key.
+core::Failure UpdatingNotSupported();
+/// The record set cannot do this move or has no bookmarks.
+core::Failure OperationNotSupported();
+core::Failure UnknownItem();
+core::Failure ObjectClosed();
+core::Failure ObjectAlreadyOpen();
+core::Failure UnknownProvider();
+core::Failure InvalidConnection();
+core::Failure InvalidBookmark();
+core::Failure RowVanished();
+core::Failure NoTransaction();
+core::Failure TransactionActive();
+core::Failure SyntaxError(const std::string& words);
+core::Failure FileNotFound(const std::string& path);
+core::Failure UnrecognizedFormat(const std::string& path);
+/// A failure without a number of its own.
+core::Failure Unspecified(const std::string& words);
+
+/// What the engine reported about the file at `path`. A refusal by the stored query keeps the words of its trigger.
+core::Failure FromEngine(const SQLite::Exception& exception, const std::string& path);
+
+}  // namespace tonalith::data

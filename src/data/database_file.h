@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The look at a file before the engine gets it: is it there, may it be read, does its content begin like a database.
+// Never creates or changes anything. Pure function of the file system; what is wrong is thrown in words.
+
+#pragma once
+
+#include <string>
+
+namespace tonalith::data {
+
+/// The absolute path of the file that `dataSource` names, a relative one being found through the current directory.
+/// Throws when there is no such file, when it is no ordinary file or unreadable, and when it is no database.
+std::string RequireDatabaseFile(const std::string& dataSource);
+
+}  // namespace tonalith::data

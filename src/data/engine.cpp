@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "data/engine.h"
+
+#include <SQLiteCpp/Exception.h>
+#include <sqlite3.h>
+
+#include <atomic>
+#include <type_traits>
+
+#include "core/failure.h"
+#include "data/connection.h"
+#include "data/data_failure.h"
+#include "data/jet_file.h"
+#include "data/jet_tables.h"
+#include "data/read_only_file.h"
+#include "data/schema.h"
+#include "data/sql_dialect.h"
+#include "data/sql_tokens.h"
+
+namespace tonalith::data {
+namespace {
+
+constexpr std::size_t kKeptStatements = 16;
+
+std::atomic<std::uint64_t> statementsIssued = 0;
+
+// Gives a kept statement back in the state in which it can be used again, however its use ended.
+class Reset {
+ public:
+  explicit Reset(SQLite::Statement& statement) : statement_(statement) {}
+  ~Reset() { statement_.tryReset(); }
+  Reset(const Reset&) = delete;
+  Reset& operator=(const Reset&) = delete;
+
+ private:
+  SQLite::Statement& statement_;
+};
+
+}  // namespace
+
+Engine::Engine(std::string path, bool readOnly) : path_(std::move(path)) {
+  try {
+    OpenFile(readOnly);
+  } catch (const SQLite::Exception& exception) {
+    throw FromEngine(exception, path_);
+  }
+}
+
+void Engine::OpenDatabase(bool readOnly) {
+  isJetCopy_ = IsJetFile(path_);
+  if (isJetCopy_) {
+    database_ = OpenJetCopy(path_);
+  } else if (readOnly) {
+    database_ = OpenForReading(path_);
+  } else {
+    database_ = std::make_unique<SQLite::Database>(path_, SQLite::OPEN_READWRITE, kBusyMilliseconds);
+  }
+}
+
+void Engine::OpenFile(bool readOnly) {
+  OpenDatabase(readOnly);
+  sqlite3* handle = database_->getHandle();
+  // A file may come from a stranger: no side effects out of its schema.
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  const std::int32_t applicationId = database_->execAndGet("PRAGMA application_id").getInt();
+  isScaleDatabase_ = applicationId == kApplicationId;
+  UpgradeSchema(*database_, path_);
+  // In KiB: a record set keeps its own block of rows, so more would only hold memory.
+  database_->exec("PRAGMA cache_size = -512");
+}
+
+bool Engine::IsReadOnly() const { return isJetCopy_ || sqlite3_db_readonly(database_->getHandle(), "main") == 1; }
+
+bool Engine::IsInTransaction() const { return sqlite3_get_autocommit(database_->getHandle()) == 0; }
+
+std::uint64_t Engine::StatementsIssued() { return statementsIssued; }
+
+SQLite::Statement& Engine::Prepared(const std::string& sql) {
+  const auto known = statements_.find(sql);
+  if (known != statements_.end()) return *known->second;
+  auto statement = std::make_unique<SQLite::Statement>(*database_, sql);
+  if (statements_.size() >= kKeptStatements) statements_.clear();
+  return *statements_.emplace(sql, std::move(statement)).first->second;
+}
+
+void Engine::Query(const std::string& sql, std::span<const Value> bindings,
+                   const std::function<void(SQLite::Statement&)>& onRow) {
+  try {
+    SQLite::Statement& statement = Prepared(sql);
+    const Reset reset(statement);
+    ++statementsIssued;
+    for (std::size_t i = 0; i < bindings.size(); ++i) BindValue(statement, static_cast<int>(i) + 1, bindings[i]);
+    while (statement.executeStep()) onRow(statement);
+  } catch (const SQLite::Exception& exception) {
+    throw FromEngine(exception, path_);
+  }
+}
+
+void Engine::Execute(const std::string& sql, std::span<const Value> bindings) {
+  ++changes_;
+  Query(sql, bindings, [](SQLite::Statement&) {});
+}
+
+void Engine::RollBack() noexcept {
+  if (!IsInTransaction()) return;
+  ++changes_;
+  // Should this fail, the file's journal undoes the write when the file is opened next.
+  database_->tryExec("ROLLBACK");
+}
+
+std::vector<std::string> Engine::ColumnNames(const std::string& sql) {
+  try {
+    SQLite::Statement& statement = Prepared(sql);
+    std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(statement.getColumnCount()));
+    for (int i = 0; i < statement.getColumnCount(); ++i) names.emplace_back(statement.getColumnName(i));
+    return names;
+  } catch (const SQLite::Exception& exception) {
+    throw FromEngine(exception, path_);
+  }
+}
+
+bool Engine::IsNumberedTable(const std::string& name) {
+  const int found = sqlite3_table_column_metadata(database_->getHandle(), "main", name.c_str(), kRowNumber, nullptr,
+                                                  nullptr, nullptr, nullptr, nullptr);
+  if (found != SQLITE_OK) return false;
+  if (isScaleDatabase_) return true;
+  // A stranger's table may have a column of that very name, with anything in it.
+  for (const std::string& column : ColumnNames("SELECT * FROM " + QuoteName(name))) {
+    if (SameName(column, kRowNumber)) return false;
+  }
+  return true;
+}
+
+void BindValue(SQLite::Statement& statement, int index, const Value& value) {
+  std::visit(
+      [&](const auto& content) {
+        using Content = std::decay_t<decltype(content)>;
+        if constexpr (std::is_same_v<Content, std::monostate>) {
+          statement.bind(index);
+        } else if constexpr (std::is_same_v<Content, Bytes>) {
+          statement.bind(index, content.data(), static_cast<int>(content.size()));
+        } else {
+          statement.bind(index, content);
+        }
+      },
+      value.Raw());
+}
+
+Value ReadColumn(SQLite::Statement& statement, int index) {
+  const SQLite::Column column = statement.getColumn(index);
+  switch (column.getType()) {
+    case SQLITE_INTEGER:
+      return column.getInt64();
+    case SQLITE_FLOAT:
+      return column.getDouble();
+    case SQLITE_TEXT:
+      return column.getString();
+    case SQLITE_BLOB: {
+      const auto* begin = static_cast<const std::uint8_t*>(column.getBlob());
+      return begin == nullptr ? Bytes{} : Bytes(begin, begin + column.getBytes());
+    }
+    default:
+      return Value::Null();
+  }
+}
+
+WriteGuard::WriteGuard(Engine& engine) : engine_(engine), isOpen_(!engine.IsInTransaction()) {
+  if (isOpen_) engine_.Execute("BEGIN IMMEDIATE");
+}
+
+WriteGuard::~WriteGuard() {
+  if (isOpen_) engine_.RollBack();
+}
+
+void WriteGuard::Commit() {
+  if (!isOpen_) return;
+  engine_.Execute("COMMIT");
+  isOpen_ = false;
+}
+
+}  // namespace tonalith::data

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The open database behind a connection: the one place of this room that runs statements. It keeps prepared statements
+// for reuse, counts what it is asked, and turns what goes wrong into failures that name the file. Private to the data
+// room; owned by its Connection, watched by the record sets; one thread.
+
+#pragma once
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Statement.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "data/value.h"
+
+namespace tonalith::data {
+
+/// What a statement calls the number that the engine itself gives to a row of a table.
+inline constexpr const char* kRowNumber = "_rowid_";
+
+class Engine {
+ public:
+  /// Opens an existing file whose path is absolute, checks it and brings it to the present revision.
+  Engine(std::string path, bool readOnly);
+
+  [[nodiscard]] const std::string& Path() const { return path_; }
+  [[nodiscard]] bool IsReadOnly() const;
+  /// Whether the file's header says that it is a scale database of this program.
+  [[nodiscard]] bool IsScaleDatabase() const { return isScaleDatabase_; }
+
+  /// Runs a statement and hands every row to `onRow`, which must not use the engine.
+  void Query(const std::string& sql, std::span<const Value> bindings,
+             const std::function<void(SQLite::Statement&)>& onRow);
+  /// Runs a statement that writes.
+  void Execute(const std::string& sql, std::span<const Value> bindings = {});
+  /// Undoes the transaction that is under way, if there is one.
+  void RollBack() noexcept;
+  /// The names of the columns that a statement would give. Runs nothing.
+  std::vector<std::string> ColumnNames(const std::string& sql);
+  /// Whether `name` is a table whose rows have a number of the engine's own, which answers to kRowNumber.
+  bool IsNumberedTable(const std::string& name);
+
+  [[nodiscard]] std::int64_t LastInsertedRow() const { return database_->getLastInsertRowid(); }
+  [[nodiscard]] bool IsInTransaction() const;
+  /// Grows with every write through this engine, so that a record set knows when what it holds may be out of date.
+  [[nodiscard]] std::uint64_t Changes() const { return changes_; }
+
+  static std::uint64_t StatementsIssued();
+
+ private:
+  void OpenFile(bool readOnly);
+  void OpenDatabase(bool readOnly);
+  SQLite::Statement& Prepared(const std::string& sql);
+
+  std::string path_;
+  std::unique_ptr<SQLite::Database> database_;
+  std::unordered_map<std::string, std::unique_ptr<SQLite::Statement>> statements_;
+  bool isScaleDatabase_ = false;
+  bool isJetCopy_ = false;
+  std::uint64_t changes_ = 0;
+};
+
+/// Puts a value in the place of a statement's parameter; the first one is number 1.
+void BindValue(SQLite::Statement& statement, int index, const Value& value);
+
+/// The content of one column of the row on which a statement stands.
+Value ReadColumn(SQLite::Statement& statement, int index);
+
+/// A write that is whole or not at all. Takes the file for writing at once, unless a transaction is under way already,
+/// of which it then is a part. Undone by its destructor if Commit was not reached.
+class WriteGuard {
+ public:
+  explicit WriteGuard(Engine& engine);
+  ~WriteGuard();
+  WriteGuard(const WriteGuard&) = delete;
+  WriteGuard& operator=(const WriteGuard&) = delete;
+  void Commit();
+
+ private:
+  Engine& engine_;
+  bool isOpen_;
+};
+
+}  // namespace tonalith::data

@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "data/jet_conversion.h"
+
+#include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Transaction.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "core/failure.h"
+#include "data/data_failure.h"
+#include "data/engine.h"
+#include "data/jet_file.h"
+#include "data/jet_tables.h"
+#include "data/kept_file.h"
+#include "data/schema.h"
+#include "data/sql_dialect.h"
+#include "data/sql_tokens.h"
+#include "data/whole_number.h"
+
+namespace tonalith::data {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kUnfinished = ".converting";
+constexpr const char* kKeptLabel = " (Jet file before conversion)";
+constexpr std::size_t kRowsPerStep = 1000;
+constexpr std::size_t kMostNamed = 10;
+
+bool IsScaleTable(const std::string& name) { return SameName(name, "Scales") || SameName(name, "ScaleTypes"); }
+
+// The stored query is part of every scale database, and its triggers hold what the relationship between its two tables
+// asks for. That one bears the name that joins theirs.
+bool HasEquivalent(const JetObject& object) {
+  if (object.kind == "stored query") return SameName(object.name, "ScalesQuery");
+  return object.kind == "relationship" && SameName(object.name, "ScaleTypesScales");
+}
+
+// A column has its own way of holding a number, as text or with a fraction; what it says must be the same.
+bool SaysTheSame(const Value& given, const Value& stored) {
+  const Value a = WithoutEmptyFraction(given);
+  const Value b = WithoutEmptyFraction(stored);
+  if (a == b) return true;
+  const bool isPlain =
+      !a.IsNull() && !b.IsNull() && !std::holds_alternative<Bytes>(a.Raw()) && !std::holds_alternative<Bytes>(b.Raw());
+  return isPlain && a.AsText() == b.AsText();
+}
+
+std::string ReadBackStatement(const JetTable& table) {
+  std::string columns;
+  for (const JetColumn& column : table.columns) columns += (columns.empty() ? "" : ", ") + QuoteName(column.name);
+  return "SELECT " + columns + " FROM " + QuoteName(table.name) + " WHERE " + kRowNumber + " = ?";
+}
+
+// Fills an empty scale database with what a Jet file holds.
+class Filling : public JetVisitor {
+ public:
+  Filling(SQLite::Database& database, std::string path, const std::function<void(ConversionStep)>& onStep)
+      : database_(database), path_(std::move(path)), onStep_(onStep) {}
+
+  void OnObject(const JetObject& object) override {
+    if (!HasEquivalent(object)) inTheWay_.push_back(object.kind + " '" + object.name + "'");
+  }
+
+  void OnTable(const JetTable& table) override {
+    RequireNothingInTheWay();
+    onStep_(ConversionStep::kFilling);
+    table_ = table;
+    row_ = 0;
+    if (IsScaleTable(table.name)) {
+      AddColumns(table);
+      scaleTables_.push_back(table.name);
+    } else {
+      CreateTableFor(database_, table);
+    }
+    writer_ = std::make_unique<JetRowWriter>(database_, table);
+    readBack_ = std::make_unique<SQLite::Statement>(database_, ReadBackStatement(table));
+  }
+
+  void OnRow(std::vector<Value> values) override {
+    if (++row_ % kRowsPerStep == 0) onStep_(ConversionStep::kFilling);
+    std::transform(values.begin(), values.end(), values.begin(), WithoutEmptyFraction);
+    try {
+      writer_->Write(values);
+    } catch (const SQLite::Exception& exception) {
+      throw RowFailure(FromEngine(exception, path_).Description());
+    }
+    RequireStored(values);
+  }
+
+  void RequireComplete() const {
+    RequireNothingInTheWay();
+    for (const char* name : {"ScaleTypes", "Scales"}) {
+      const bool isThere = std::any_of(scaleTables_.begin(), scaleTables_.end(),
+                                       [&](const std::string& table) { return SameName(table, name); });
+      if (!isThere) throw Unspecified("It has no table '" + std::string(name) + "'.");
+    }
+  }
+
+ private:
+  void RequireNothingInTheWay() const {
+    if (inTheWay_.empty()) return;
+    std::string words = "A scale database cannot hold ";
+    for (std::size_t i = 0; i < std::min(inTheWay_.size(), kMostNamed); ++i) words += (i ? ", " : "") + inTheWay_[i];
+    if (inTheWay_.size() > kMostNamed) words += " and " + std::to_string(inTheWay_.size() - kMostNamed) + " more";
+    throw Unspecified(words + ".");
+  }
+
+  void AddColumns(const JetTable& table) {
+    for (const JetColumn& column : table.columns) {
+      if (sqlite3_table_column_metadata(database_.getHandle(), "main", table.name.c_str(), column.name.c_str(), nullptr,
+                                        nullptr, nullptr, nullptr, nullptr) == SQLITE_OK) {
+        continue;
+      }
+      database_.exec("ALTER TABLE " + QuoteName(table.name) + " ADD COLUMN " + ColumnDefinition(column));
+    }
+  }
+
+  void RequireStored(const std::vector<Value>& values) {
+    readBack_->bind(1, static_cast<std::int64_t>(database_.getLastInsertRowid()));
+    readBack_->executeStep();
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      if (SaysTheSame(values[i], ReadColumn(*readBack_, static_cast<int>(i)))) continue;
+      const bool isPlain = !values[i].IsNull() && !std::holds_alternative<Bytes>(values[i].Raw());
+      throw RowFailure("The field '" + table_.columns[i].name + "' cannot hold " +
+                       (isPlain ? "'" + values[i].AsText() + "'" : "what is in it") + " as it stands.");
+    }
+    readBack_->reset();
+  }
+
+  [[nodiscard]] core::Failure RowFailure(const std::string& words) const {
+    return Unspecified("Row " + std::to_string(row_) + " of the table '" + table_.name + "': " + words);
+  }
+
+  SQLite::Database& database_;
+  std::string path_;
+  const std::function<void(ConversionStep)>& onStep_;
+  std::vector<std::string> inTheWay_;
+  std::vector<std::string> scaleTables_;
+  JetTable table_;
+  std::size_t row_ = 0;
+  std::unique_ptr<JetRowWriter> writer_;
+  std::unique_ptr<SQLite::Statement> readBack_;
+};
+
+void RemoveUnfinished(const std::string& unfinished) {
+  for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
+    std::error_code error;
+    fs::remove(unfinished + ending, error);
+    if (error) throw Unspecified("The file '" + unfinished + ending + "' cannot be removed: " + error.message() + ".");
+  }
+}
+
+void MakeConverted(const std::string& path, const std::string& unfinished,
+                   const std::function<void(ConversionStep)>& onStep) {
+  onStep(ConversionStep::kMaking);
+  RemoveUnfinished(unfinished);
+  CreateScaleDatabase(unfinished);
+  fs::permissions(unfinished, fs::status(path).permissions());
+  try {
+    SQLite::Database database(unfinished, SQLite::OPEN_READWRITE);
+    SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+    Filling filling(database, path, onStep);
+    ReadJetFile(path, filling);
+    filling.RequireComplete();
+    transaction.commit();
+  } catch (const SQLite::Exception& exception) {
+    throw FromEngine(exception, unfinished);
+  }
+}
+
+// What the engine keeps beside a database belongs to that one; beside another file it would be taken for that one's.
+void PutStrayCompanionsAside(const std::string& path) {
+  for (const char* ending : {"-journal", "-wal", "-shm"}) {
+    const std::string companion = path + ending;
+    if (fs::exists(companion)) ReplaceDurably(companion, companion + ".kept");
+  }
+}
+
+std::string Convert(const std::string& path, const std::function<void(ConversionStep)>& onStep) {
+  const std::string unfinished = path + kUnfinished;
+  try {
+    const auto changed = fs::last_write_time(path);
+    MakeConverted(path, unfinished, onStep);
+    onStep(ConversionStep::kFilled);
+    if (fs::last_write_time(path) != changed) throw Unspecified("It was changed by another program meanwhile.");
+    std::string kept = KeepBeside(path, kKeptLabel);
+    PutStrayCompanionsAside(path);
+    onStep(ConversionStep::kKept);
+    ReplaceDurably(unfinished, path);
+    onStep(ConversionStep::kReplaced);
+    return kept;
+  } catch (const std::exception&) {
+    const core::Failure failure = core::Failure::FromCurrentException();
+    std::error_code ignored;
+    for (const char* ending : {"", "-journal"}) fs::remove(unfinished + ending, ignored);
+    throw core::Failure(
+        failure.Number(),
+        "The Jet database '" + path + "' cannot be converted, and nothing was changed. " + failure.Description());
+  }
+}
+
+}  // namespace
+
+std::optional<std::string> ConvertMainDatabaseIfJet(const std::string& path,
+                                                    const std::function<void(ConversionStep)>& onStep) {
+  if (!IsJetFile(path)) return {};
+  // Through a link the file itself is converted, where it lies.
+  const std::string file = fs::canonical(path).string();
+  const FileHold hold(file);
+  // Another program of ours may have been at it while this one waited.
+  if (!IsJetFile(file)) return {};
+  return Convert(
+      file, onStep ? onStep : [](ConversionStep) {});
+}
+
+}  // namespace tonalith::data

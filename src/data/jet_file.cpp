@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "data/jet_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <span>
+#include <string_view>
+#include <system_error>
+
+#include "core/failure.h"
+#include "data/data_failure.h"
+#include "data/jet_reader.h"
+#include "data/jet_stream.h"
+#include "data/reading_process.h"
+
+namespace tonalith::data {
+namespace {
+
+constexpr std::size_t kSignatureOffset = 4;
+constexpr std::string_view kSignatureJet = "Standard Jet DB";
+constexpr std::string_view kSignatureAce = "Standard ACE DB";
+constexpr std::size_t kVersionOffset = 0x14;
+constexpr std::size_t kHeaderSize = 0x18;
+constexpr std::int64_t kPageSizeJet3 = 2048;
+constexpr std::int64_t kPageSize = 4096;
+constexpr std::int64_t kLargestFile = std::int64_t{2} << 30;
+
+class OpenFile {
+ public:
+  explicit OpenFile(const std::string& path) : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
+  ~OpenFile() {
+    if (descriptor_ >= 0) ::close(descriptor_);
+  }
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+  [[nodiscard]] int Descriptor() const { return descriptor_; }
+
+ private:
+  int descriptor_;
+};
+
+struct Header {
+  std::array<char, kHeaderSize> bytes{};
+  std::int64_t fileSize = 0;
+  bool isJet = false;
+};
+
+Header ReadHeader(const std::string& path) {
+  Header header;
+  const OpenFile file(path);
+  struct stat status {};
+  if (file.Descriptor() < 0 || ::fstat(file.Descriptor(), &status) != 0 || !S_ISREG(status.st_mode)) return header;
+  header.fileSize = status.st_size;
+  const ssize_t size = ::pread(file.Descriptor(), header.bytes.data(), header.bytes.size(), 0);
+  if (size < static_cast<ssize_t>(header.bytes.size())) return header;
+  const std::string_view signature(header.bytes.data() + kSignatureOffset, kSignatureJet.size());
+  header.isJet = signature == kSignatureJet || signature == kSignatureAce;
+  return header;
+}
+
+void RequireWholePages(const Header& header) {
+  const std::int64_t page = header.bytes[kVersionOffset] == 0 ? kPageSizeJet3 : kPageSize;
+  if (header.fileSize > kLargestFile) throw Unspecified("it is larger than such a file can be");
+  if (header.fileSize % page != 0 || header.fileSize < 3 * page) {
+    throw Unspecified("it is truncated or damaged, because its length of " + std::to_string(header.fileSize) +
+                      " bytes is not a number of whole pages");
+  }
+}
+
+// What a file of this size can come to as a stream: its texts grow when they become UTF-8, and a field that takes a bit
+// or nothing in the file takes a byte and more here.
+std::uint64_t BudgetFor(std::int64_t fileSize) {
+  return static_cast<std::uint64_t>(fileSize) * 16 + (std::uint64_t{1} << 20);
+}
+
+void WriteAll(int pipe, std::span<const std::uint8_t> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t size = ::write(pipe, bytes.data(), bytes.size());
+    if (size < 0 && errno == EINTR) continue;
+    if (size < 0) throw Unspecified("the reader is gone");
+    bytes = bytes.subspan(static_cast<std::size_t>(size));
+  }
+}
+
+void WriteContent(const std::string& path, int pipe) {
+  JetStreamWriter writer([pipe](std::span<const std::uint8_t> bytes) { WriteAll(pipe, bytes); });
+  try {
+    ReadWithLibmdb(path, writer);
+    writer.Finish();
+  } catch (const core::Failure& failure) {
+    writer.Refuse(failure.Description());
+  }
+}
+
+// Keeps what the visitor throws apart from what the stream has to say.
+class Guarded : public JetVisitor {
+ public:
+  explicit Guarded(JetVisitor& visitor) : visitor_(visitor) {}
+  void OnObject(const JetObject& object) override {
+    Run([&] { visitor_.OnObject(object); });
+  }
+  void OnTable(const JetTable& table) override {
+    Run([&] { visitor_.OnTable(table); });
+  }
+  void OnRow(std::vector<Value> values) override {
+    Run([&] { visitor_.OnRow(std::move(values)); });
+  }
+  [[nodiscard]] bool HasFailed() const { return hasFailed_; }
+
+ private:
+  template <class Step>
+  void Run(Step step) {
+    hasFailed_ = true;
+    step();
+    hasFailed_ = false;
+  }
+
+  JetVisitor& visitor_;
+  bool hasFailed_ = false;
+};
+
+}  // namespace
+
+bool IsJetFile(const std::string& path) { return ReadHeader(path).isJet; }
+
+void ReadJetFile(const std::string& path, JetVisitor& visitor) {
+  Guarded guarded(visitor);
+  try {
+    const Header header = ReadHeader(path);
+    if (!header.isJet) throw Unspecified("it is no Jet file");
+    RequireWholePages(header);
+    ReadingLimits limits;
+    limits.memory += static_cast<std::uint64_t>(header.fileSize) * 2;
+    ReadingProcess process([&](int pipe) { WriteContent(path, pipe); }, limits);
+    ReadJetStream([&](std::span<std::uint8_t> buffer) { return process.Read(buffer); }, BudgetFor(header.fileSize),
+                  guarded);
+  } catch (const core::Failure& failure) {
+    if (guarded.HasFailed()) throw;
+    throw core::Failure(failure.Number(), "The file '" + path + "' cannot be read: " + failure.Description() + ".");
+  }
+}
+
+}  // namespace tonalith::data

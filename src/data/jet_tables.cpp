@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "data/jet_tables.h"
+
+#include <SQLiteCpp/Transaction.h>
+
+#include <optional>
+
+#include "data/engine.h"
+#include "data/sql_dialect.h"
+#include "data/sql_tokens.h"
+
+namespace tonalith::data {
+namespace {
+
+constexpr std::string_view kStoredQuery = "ScalesQuery";
+constexpr const char* kCreateStoredQuery =
+    "CREATE VIEW ScalesQuery AS "
+    "SELECT Scales.ScaleID AS ScaleID, Scales.ScaleName AS ScaleName, Scales.ScaleTypeID AS ScaleTypeID, "
+    "Scales.ScaleDescription AS ScaleDescription, Scales.StartNote AS StartNote, "
+    "Scales.ScaleIntervals AS ScaleIntervals, Scales.Chord AS Chord, Scales.Sort AS Sort, "
+    "ScaleTypes.ScaleTypeNo AS ScaleTypeNo, ScaleTypes.ScaleTypeName AS ScaleTypeName "
+    "FROM Scales INNER JOIN ScaleTypes ON ScaleTypes.ScaleTypeID = Scales.ScaleTypeID ORDER BY Scales.ScaleID";
+
+const char* TypeOf(JetContent content) {
+  switch (content) {
+    case JetContent::kYesNo:
+    case JetContent::kWholeNumber:
+      return " INTEGER";
+    case JetContent::kFraction:
+      return " REAL";
+    case JetContent::kDecimal:
+      return "";  // A type would make numbers of decimals that no number holds exactly.
+    case JetContent::kDate:
+      return " TEXT";
+    case JetContent::kText:
+      return " TEXT COLLATE NOCASE";
+    case JetContent::kBytes:
+      return " BLOB";
+  }
+  return "";
+}
+
+std::string InsertStatement(const JetTable& table) {
+  std::string columns;
+  std::string marks;
+  for (const JetColumn& column : table.columns) {
+    columns += (columns.empty() ? "" : ", ") + QuoteName(column.name);
+    marks += marks.empty() ? "?" : ", ?";
+  }
+  return "INSERT INTO " + QuoteName(table.name) + " (" + columns + ") VALUES (" + marks + ")";
+}
+
+class Copier : public JetVisitor {
+ public:
+  explicit Copier(SQLite::Database& database) : database_(database) {}
+
+  void OnObject(const JetObject& object) override {
+    if (SameName(object.name, kStoredQuery)) database_.exec(kCreateStoredQuery);
+  }
+  void OnTable(const JetTable& table) override {
+    CreateTableFor(database_, table);
+    writer_.emplace(database_, table);
+  }
+  void OnRow(std::vector<Value> values) override { writer_->Write(values); }
+
+ private:
+  SQLite::Database& database_;
+  std::optional<JetRowWriter> writer_;
+};
+
+}  // namespace
+
+std::string ColumnDefinition(const JetColumn& column) { return QuoteName(column.name) + TypeOf(column.content); }
+
+void CreateTableFor(SQLite::Database& database, const JetTable& table) {
+  std::string columns;
+  for (const JetColumn& column : table.columns) columns += (columns.empty() ? "" : ", ") + ColumnDefinition(column);
+  database.exec("CREATE TABLE " + QuoteName(table.name) + " (" + columns + ")");
+}
+
+JetRowWriter::JetRowWriter(SQLite::Database& database, const JetTable& table)
+    : insert_(database, InsertStatement(table)) {}
+
+void JetRowWriter::Write(const std::vector<Value>& values) {
+  for (std::size_t i = 0; i < values.size(); ++i) BindValue(insert_, static_cast<int>(i) + 1, values[i]);
+  insert_.exec();
+  insert_.reset();
+}
+
+std::unique_ptr<SQLite::Database> OpenJetCopy(const std::string& path) {
+  auto database = std::make_unique<SQLite::Database>("", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+  database->exec("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA cache_size = -2048");
+  Copier copier(*database);
+  SQLite::Transaction transaction(*database);
+  ReadJetFile(path, copier);
+  transaction.commit();
+  database->exec("PRAGMA query_only = ON");
+  return database;
+}
+
+}  // namespace tonalith::data

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "data/kept_file.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+#include "core/failure.h"
+#include "data/data_failure.h"
+
+namespace tonalith::data {
+namespace {
+
+namespace fs = std::filesystem;
+
+core::Failure FileFailure(const std::string& path, const std::string& what, int error) {
+  return Unspecified("The file '" + path + "' cannot be " + what + ": " + std::generic_category().message(error) + ".");
+}
+
+void Sync(const std::string& path, int flags) {
+  const int descriptor = ::open(path.c_str(), flags | O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0) throw FileFailure(path, "opened", errno);
+  const int result = ::fsync(descriptor);
+  const int error = errno;
+  ::close(descriptor);
+  // EINVAL: the file system does not do this, for folders above all.
+  if (result != 0 && error != EINVAL) throw FileFailure(path, "saved", error);
+}
+
+void SyncFolderOf(const std::string& path) { Sync(fs::path(path).parent_path().string(), O_DIRECTORY); }
+
+bool HasSameContent(const std::string& a, const std::string& b) {
+  std::error_code error;
+  if (fs::equivalent(a, b, error)) return true;
+  if (!fs::is_regular_file(b, error) || fs::file_size(a, error) != fs::file_size(b, error)) return false;
+  std::ifstream first(a, std::ios::binary);
+  std::ifstream second(b, std::ios::binary);
+  return first && second &&
+         std::equal(std::istreambuf_iterator<char>(first), std::istreambuf_iterator<char>(),
+                    std::istreambuf_iterator<char>(second), std::istreambuf_iterator<char>());
+}
+
+}  // namespace
+
+std::string KeepBeside(const std::string& path, const std::string& label) {
+  const fs::path file(path);
+  for (int number = 1;; ++number) {
+    std::string name = file.stem().string() + label;
+    if (number > 1) name += " " + std::to_string(number);
+    std::string kept = (file.parent_path() / (name + file.extension().string())).string();
+    if (::link(path.c_str(), kept.c_str()) == 0) {
+      SyncFolderOf(kept);
+      return kept;
+    }
+    if (errno == EEXIST) {
+      if (HasSameContent(path, kept)) return kept;
+      continue;
+    }
+    if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS && errno != EMLINK) {
+      throw FileFailure(kept, "made", errno);
+    }
+    if (!fs::exists(kept)) {
+      CopyDurably(path, kept);
+      return kept;
+    }
+    if (HasSameContent(path, kept)) return kept;
+  }
+}
+
+void CopyDurably(const std::string& from, const std::string& to) {
+  if (fs::exists(fs::symlink_status(to))) throw FileFailure(to, "made", EEXIST);
+  const std::string unfinished = to + ".unfinished";
+  std::error_code error;
+  fs::copy_file(from, unfinished, fs::copy_options::overwrite_existing, error);
+  if (error) {
+    std::error_code ignored;
+    fs::remove(unfinished, ignored);
+    throw FileFailure(to, "made", error.value());
+  }
+  Sync(unfinished, 0);
+  ReplaceDurably(unfinished, to);
+}
+
+void ReplaceDurably(const std::string& from, const std::string& to) {
+  if (::rename(from.c_str(), to.c_str()) != 0) throw FileFailure(to, "replaced", errno);
+  SyncFolderOf(to);
+}
+
+FileHold::FileHold(const std::string& path) : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+  if (descriptor_ < 0) throw FileFailure(path, "opened", errno);
+  while (::flock(descriptor_, LOCK_EX) != 0 && errno == EINTR) {
+  }
+}
+
+FileHold::~FileHold() { ::close(descriptor_); }
+
+}  // namespace tonalith::data

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Steps with files that hold through a crash: each is done before or after it, and what is done is on the disk when the
+// function returns. Pure functions of the file system. They fail by throwing core::Failure in words that name the file.
+
+#pragma once
+
+#include <string>
+
+namespace tonalith::data {
+
+/// Gives the file a second name beside it: its own with `label` before the ending, and with a number where that name is
+/// taken by something else. Gives that name back. Where the file system knows no second names, it is a copy.
+std::string KeepBeside(const std::string& path, const std::string& label);
+
+/// A copy that is there completely or not at all. Throws when there is a file of the new name.
+void CopyDurably(const std::string& from, const std::string& to);
+
+/// Puts `from` in the place of `to`, which has the one content or the other at every moment.
+void ReplaceDurably(const std::string& from, const std::string& to);
+
+/// Holds a file against others who hold it so, from construction to destruction. Waits for them. A file system without
+/// locks counts as held.
+class FileHold {
+ public:
+  explicit FileHold(const std::string& path);
+  ~FileHold();
+  FileHold(const FileHold&) = delete;
+  FileHold& operator=(const FileHold&) = delete;
+
+ private:
+  int descriptor_;
+};
+
+}  // namespace tonalith::data

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "data/reading_process.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <exception>
+#include <system_error>
+
+#include "data/data_failure.h"
+
+namespace tonalith::data {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
+
+constexpr int kDone = 0;
+constexpr int kThrew = 1;
+
+core::Failure SystemFailure(const char* what) {
+  return Unspecified(std::string(what) + ": " + std::generic_category().message(errno));
+}
+
+// Address space in use. A checked build has terabytes of it from the start, so limits are set above what is there.
+std::uint64_t MemoryInUse() {
+  std::uint64_t pages = 0;
+  FILE* file = std::fopen("/proc/self/statm", "re");
+  if (file == nullptr) return 0;
+  std::array<char, 32> text{};
+  if (std::fgets(text.data(), static_cast<int>(text.size()), file) != nullptr) {
+    pages = std::strtoull(text.data(), nullptr, 10);
+  }
+  std::fclose(file);
+  return pages * static_cast<std::uint64_t>(::sysconf(_SC_PAGESIZE));
+}
+
+void Limit(__rlimit_resource resource, rlim_t value) {
+  rlimit limit{};
+  if (::getrlimit(resource, &limit) != 0) return;
+  limit.rlim_cur = std::min(value, limit.rlim_max);
+  ::setrlimit(resource, &limit);
+}
+
+void CloseAllBut(int kept) {
+  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
+    const int nothing = ::open("/dev/null", O_RDWR);
+    ::dup2(nothing, stream);
+    if (nothing > STDERR_FILENO) ::close(nothing);
+  }
+  if (kept > STDERR_FILENO + 1) ::close_range(STDERR_FILENO + 1, static_cast<unsigned>(kept) - 1, 0);
+  ::close_range(static_cast<unsigned>(kept) + 1, ~0U, 0);
+}
+
+// Never returns: nothing of the program that was copied here may run on.
+[[noreturn]] void RunWork(const std::function<void(int)>& work, int pipe, const ReadingLimits& limits) {
+  ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+  for (const int signal : {SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT, SIGPIPE, SIGXCPU, SIGTERM, SIGINT, SIGALRM}) {
+    ::signal(signal, SIG_DFL);
+  }
+  if (pipe <= STDERR_FILENO) pipe = ::fcntl(pipe, F_DUPFD, STDERR_FILENO + 1);
+  CloseAllBut(pipe);
+  const std::uint64_t inUse = MemoryInUse();
+  if (inUse > 0) Limit(RLIMIT_AS, inUse + limits.memory);
+  Limit(RLIMIT_CORE, 0);
+  Limit(RLIMIT_FSIZE, 0);
+  Limit(RLIMIT_CPU, static_cast<rlim_t>(limits.total.count() / 1000 + 1));
+  try {
+    work(pipe);
+  } catch (const std::exception&) {
+    ::_exit(kThrew);
+  }
+  ::_exit(kDone);
+}
+
+}  // namespace
+
+ReadingProcess::ReadingProcess(const std::function<void(int pipe)>& work, const ReadingLimits& limits)
+    : limits_(limits), start_(steady_clock::now()) {
+  std::array<int, 2> ends{};
+  if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw SystemFailure("the system refuses to read it");
+  process_ = ::fork();
+  if (process_ == 0) RunWork(work, ends[1], limits_);
+  ::close(ends[1]);
+  pipe_ = ends[0];
+  if (process_ < 0) {
+    const int error = errno;
+    ::close(pipe_);
+    errno = error;
+    throw SystemFailure("the system refuses to read it");
+  }
+}
+
+ReadingProcess::~ReadingProcess() {
+  ::close(pipe_);
+  ::kill(process_, SIGKILL);
+  int status = 0;
+  while (::waitpid(process_, &status, 0) < 0 && errno == EINTR) {
+  }
+}
+
+void ReadingProcess::WaitForBytes() {
+  const auto begin = steady_clock::now();
+  for (;;) {
+    const auto now = steady_clock::now();
+    const auto left =
+        std::chrono::duration_cast<milliseconds>(std::min(begin + limits_.silence, start_ + limits_.total) - now);
+    if (left <= milliseconds::zero()) throw Unspecified("reading it does not come to an end");
+    pollfd wait{pipe_, POLLIN, 0};
+    const int ready = ::poll(&wait, 1, static_cast<int>(left.count()));
+    if (ready > 0) return;
+    if (ready < 0 && errno != EINTR) throw SystemFailure("the system refuses to read it");
+  }
+}
+
+std::size_t ReadingProcess::Read(std::span<std::uint8_t> buffer) {
+  for (;;) {
+    WaitForBytes();
+    const ssize_t size = ::read(pipe_, buffer.data(), buffer.size());
+    if (size >= 0) return static_cast<std::size_t>(size);
+    if (errno != EINTR) throw SystemFailure("the system refuses to read it");
+  }
+}
+
+}  // namespace tonalith::data

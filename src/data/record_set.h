@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// A cursor over the rows of a table, a stored query or a SELECT in the product's dialect. It stands on a row, before
+// the first (BOF) or after the last (EOF). Rows of one table or stored query are walked by key and fetched a block at a
+// time, so neither time nor memory depends on their number, and they can be changed; any other SELECT is read whole and
+// cannot. Counting is done when asked for. One edit at a time is pending, on the current row: leaving the row, by any
+// move, saves it, and a refused save throws, keeps the edit and stays there. Deletes take effect at once, whatever the
+// lock. Keeps its connection; closed with it. One thread. Fails by throwing core::Failure: 3704 when closed, 3021
+// without a current record, 3265 for an unknown field, 3251 for what the lock or cursor does not allow.
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/value.h"
+
+namespace tonalith::data {
+
+class Connection;
+class Engine;
+class RowSource;
+struct Row;
+struct Selection;
+
+enum class CursorType { kForwardOnly, kKeyset, kDynamic, kStatic };
+enum class LockType { kReadOnly, kPessimistic, kOptimistic, kBatchOptimistic };
+
+/// The key of a row: equal in every clone, still good after Requery, gone when the row is deleted.
+struct Bookmark {
+  std::int64_t key = 0;
+  bool operator==(const Bookmark&) const = default;
+};
+
+/// AbsolutePosition where there is no row number to give.
+inline constexpr std::int64_t kPositionUnknown = -1;
+inline constexpr std::int64_t kPositionBof = -2;
+inline constexpr std::int64_t kPositionEof = -3;
+
+class RecordSet {
+ public:
+  RecordSet();
+  ~RecordSet();
+  RecordSet(const RecordSet&) = delete;
+  RecordSet& operator=(const RecordSet&) = delete;
+
+  /// Opens `source` (a SELECT, or the bare name of a table or stored query) and stands on the first row, if any.
+  void Open(const std::string& source, std::shared_ptr<Connection> connection,
+            CursorType cursorType = CursorType::kKeyset, LockType lockType = LockType::kReadOnly);
+  /// Throws 3219 while an edit is pending. The destructor drops such an edit.
+  void Close();
+  [[nodiscard]] bool IsOpen() const;
+  /// A second cursor over the same rows, without the filter, on the first row.
+  [[nodiscard]] std::unique_ptr<RecordSet> Clone() const;
+  /// Reads again from the database and stands on the first row. Throws 3219 while an edit is pending.
+  void Requery();
+
+  [[nodiscard]] bool IsBof() const;
+  [[nodiscard]] bool IsEof() const;
+  void MoveFirst();
+  void MoveLast();
+  void MoveNext();
+  void MovePrevious();
+
+  [[nodiscard]] Bookmark GetBookmark() const;
+  /// Makes that row current. Throws -2147217906 and stays where it is when the row is gone or filtered out.
+  void SetBookmark(Bookmark bookmark);
+  /// 1 for the first row; kPositionUnknown on a new or deleted row and without any row.
+  [[nodiscard]] std::int64_t AbsolutePosition();
+  /// -1 for a forward-only cursor.
+  [[nodiscard]] std::int64_t RecordCount();
+
+  /// A condition in the dialect, such as "ScaleTypeID=5"; empty for none. Stands on the first row that meets it.
+  void SetFilter(const std::string& filter);
+  [[nodiscard]] const std::string& Filter() const { return filter_; }
+
+  [[nodiscard]] int FieldCount() const;
+  [[nodiscard]] const std::string& FieldName(int index) const;
+  /// The index of a field by its name in any case; nothing when there is none.
+  [[nodiscard]] std::optional<int> FindField(std::string_view name) const;
+  /// The content in the current row, the pending one where there is one.
+  [[nodiscard]] const Value& FieldValue(int index) const;
+  [[nodiscard]] const Value& FieldValue(std::string_view name) const;
+  void SetFieldValue(int index, Value value);
+  void SetFieldValue(std::string_view name, Value value);
+
+  /// Begins a new row of null fields and makes it current; fields that are not set take the columns' defaults.
+  void AddNew();
+  void Delete();
+  /// Writes the pending edit. With kBatchOptimistic it stays pending until UpdateBatch or a move.
+  void Update();
+  void UpdateBatch();
+  /// Drops the pending edit; a new row's place is taken by the row that was current before it.
+  void CancelUpdate();
+  [[nodiscard]] bool IsEditPending() const { return isNew_ || !pending_.empty(); }
+
+ private:
+  enum class Place { kEmpty, kBof, kRow, kDeleted, kEof };
+
+  void RequireOpen() const;
+  void RequireUpdatable() const;
+  void RequireScrollable() const;
+  [[nodiscard]] Engine& OpenEngine() const;
+  [[nodiscard]] int RequireField(std::string_view name) const;
+  void RequireField(int index) const;
+  void LeaveRow();
+  void StandOn(std::shared_ptr<const Row> row, std::optional<std::int64_t> position, Place otherwise);
+  void StandOnFirst();
+  void WritePending();
+  void Insert();
+  void Change();
+  void NoteOwnChange();
+
+  std::shared_ptr<Connection> connection_;
+  std::weak_ptr<Engine> engine_;
+  std::shared_ptr<const Selection> selection_;
+  std::unique_ptr<RowSource> rows_;
+  CursorType cursorType_ = CursorType::kKeyset;
+  LockType lockType_ = LockType::kReadOnly;
+  std::string filter_;
+  Place place_ = Place::kEmpty;
+  std::shared_ptr<const Row> row_;
+  std::optional<std::int64_t> position_;
+  std::optional<std::int64_t> count_;
+  std::uint64_t changesSeen_ = 0;
+  bool isNew_ = false;
+  std::vector<std::optional<Value>> pending_;
+};
+
+}  // namespace tonalith::data

@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "data/schema.h"
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Transaction.h>
+#include <fcntl.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <system_error>
+
+#include "data/data_failure.h"
+#include "data/sql_tokens.h"
+
+namespace tonalith::data {
+namespace {
+
+// Revision 1. Scale numbers are never given twice, so that a bookmark of a deleted scale cannot mean another one. The
+// cross join fixes the order of the loops: scales by number, to each its type, so rows come in order without sorting.
+//
+// The guards look at what a write changes, not at what stands there already: a row that breaks a rule can be repaired
+// one field at a time.
+constexpr const char* kRevision1 = R"sql(
+CREATE TABLE ScaleTypes (
+  ScaleTypeID INTEGER PRIMARY KEY NOT NULL,
+  ScaleTypeNo INTEGER,
+  ScaleTypeName TEXT COLLATE NOCASE
+);
+
+CREATE TABLE Scales (
+  ScaleID INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL,
+  ScaleName TEXT COLLATE NOCASE,
+  ScaleTypeID INTEGER,
+  ScaleDescription TEXT,
+  StartNote TEXT DEFAULT 'C',
+  ScaleIntervals TEXT,
+  Chord INTEGER DEFAULT 0,
+  Sort INTEGER DEFAULT 0
+);
+
+CREATE INDEX ScalesByName ON Scales (ScaleName);
+
+CREATE VIEW ScalesQuery AS
+SELECT Scales.ScaleID AS ScaleID, Scales.ScaleName AS ScaleName, Scales.ScaleTypeID AS ScaleTypeID,
+       Scales.ScaleDescription AS ScaleDescription, Scales.StartNote AS StartNote,
+       Scales.ScaleIntervals AS ScaleIntervals, Scales.Chord AS Chord, Scales.Sort AS Sort,
+       ScaleTypes.ScaleTypeNo AS ScaleTypeNo, ScaleTypes.ScaleTypeName AS ScaleTypeName
+FROM Scales CROSS JOIN ScaleTypes ON ScaleTypes.ScaleTypeID = Scales.ScaleTypeID
+ORDER BY Scales.ScaleID;
+
+CREATE TRIGGER ScalesQueryInsert INSTEAD OF INSERT ON ScalesQuery
+BEGIN
+  SELECT RAISE(ABORT, 'The scale needs a name.') WHERE trim(ifnull(NEW.ScaleName, '')) = '';
+  SELECT RAISE(ABORT, 'There is a scale of this name already.')
+    WHERE EXISTS (SELECT 1 FROM Scales WHERE ScaleName = NEW.ScaleName);
+  SELECT RAISE(ABORT, 'The interval pattern may hold digits and blanks only.')
+    WHERE NEW.ScaleIntervals GLOB '*[^0-9 ]*';
+  SELECT RAISE(ABORT, 'There is no scale type of this number.')
+    WHERE NOT EXISTS (SELECT 1 FROM ScaleTypes WHERE ScaleTypeID = NEW.ScaleTypeID);
+  SELECT RAISE(ABORT, 'The sort order number has to be a whole number.')
+    WHERE CAST(CAST(NEW.Sort AS INTEGER) AS TEXT) <> CAST(NEW.Sort AS TEXT);
+  SELECT RAISE(ABORT, 'The number and name of a scale type cannot be changed through a scale.')
+    FROM ScaleTypes WHERE ScaleTypeID = NEW.ScaleTypeID
+    AND (NEW.ScaleTypeNo <> ScaleTypeNo OR NEW.ScaleTypeName COLLATE BINARY <> ScaleTypeName);
+  SELECT RAISE(ABORT, 'There is a scale of this number already.')
+    WHERE EXISTS (SELECT 1 FROM Scales WHERE ScaleID = NEW.ScaleID);
+  INSERT INTO Scales (ScaleID, ScaleName, ScaleTypeID, ScaleDescription, StartNote, ScaleIntervals, Chord, Sort)
+  VALUES (NEW.ScaleID, NEW.ScaleName, NEW.ScaleTypeID, NEW.ScaleDescription, ifnull(NEW.StartNote, 'C'),
+          NEW.ScaleIntervals, CASE WHEN NEW.Chord THEN 1 ELSE 0 END,
+          ifnull(NEW.Sort, (SELECT ifnull(max(Sort), 0) + 1 FROM Scales WHERE ScaleTypeID = NEW.ScaleTypeID)));
+END;
+
+CREATE TRIGGER ScalesQueryUpdate INSTEAD OF UPDATE ON ScalesQuery
+BEGIN
+  SELECT RAISE(ABORT, 'The number of a scale cannot be changed.') WHERE NEW.ScaleID IS NOT OLD.ScaleID;
+  SELECT RAISE(ABORT, 'The scale needs a name.')
+    WHERE NEW.ScaleName COLLATE BINARY IS NOT OLD.ScaleName AND trim(ifnull(NEW.ScaleName, '')) = '';
+  SELECT RAISE(ABORT, 'There is a scale of this name already.')
+    WHERE NEW.ScaleName COLLATE BINARY IS NOT OLD.ScaleName
+    AND EXISTS (SELECT 1 FROM Scales WHERE ScaleName = NEW.ScaleName AND ScaleID <> OLD.ScaleID);
+  SELECT RAISE(ABORT, 'The interval pattern may hold digits and blanks only.')
+    WHERE NEW.ScaleIntervals IS NOT OLD.ScaleIntervals AND NEW.ScaleIntervals GLOB '*[^0-9 ]*';
+  SELECT RAISE(ABORT, 'There is no scale type of this number.')
+    WHERE NOT EXISTS (SELECT 1 FROM ScaleTypes WHERE ScaleTypeID = NEW.ScaleTypeID);
+  SELECT RAISE(ABORT, 'The sort order number has to be a whole number.')
+    WHERE NEW.Sort IS NOT OLD.Sort AND CAST(CAST(NEW.Sort AS INTEGER) AS TEXT) <> CAST(NEW.Sort AS TEXT);
+  SELECT RAISE(ABORT, 'The number and name of a scale type cannot be changed through a scale.')
+    FROM ScaleTypes WHERE ScaleTypeID = NEW.ScaleTypeID
+    AND ((NEW.ScaleTypeNo IS NOT OLD.ScaleTypeNo AND NEW.ScaleTypeNo IS NOT ScaleTypeNo) OR
+         (NEW.ScaleTypeName COLLATE BINARY IS NOT OLD.ScaleTypeName AND
+          NEW.ScaleTypeName COLLATE BINARY IS NOT ScaleTypeName));
+  UPDATE Scales SET ScaleName = NEW.ScaleName, ScaleTypeID = NEW.ScaleTypeID,
+    ScaleDescription = NEW.ScaleDescription, StartNote = NEW.StartNote, ScaleIntervals = NEW.ScaleIntervals,
+    Chord = CASE WHEN NEW.Chord IS OLD.Chord THEN OLD.Chord WHEN NEW.Chord THEN 1 ELSE 0 END, Sort = NEW.Sort
+  WHERE ScaleID = OLD.ScaleID;
+END;
+
+CREATE TRIGGER ScalesQueryDelete INSTEAD OF DELETE ON ScalesQuery
+BEGIN
+  DELETE FROM Scales WHERE ScaleID = OLD.ScaleID;
+END;
+)sql";
+
+constexpr std::array<SchemaRevision, 1> kRevisions = {{{kRevision1}}};
+
+int UserVersion(SQLite::Database& database) { return database.execAndGet("PRAGMA user_version").getInt(); }
+
+// The file must come into being here: nobody's database is opened and filled by mistake.
+void MakeNewFile(const std::string& path) {
+  const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  if (file < 0) {
+    if (errno == EEXIST) throw Unspecified("There is a file '" + path + "' already.");
+    throw Unspecified("The file '" + path + "' cannot be made: " + std::generic_category().message(errno) + ".");
+  }
+  ::close(file);
+}
+
+}  // namespace
+
+std::span<const SchemaRevision> SchemaRevisions() { return kRevisions; }
+
+void CreateScaleDatabase(const std::filesystem::path& path) {
+  MakeNewFile(path.string());
+  try {
+    SQLite::Database database(std::filesystem::absolute(path).string(), SQLite::OPEN_READWRITE);
+    database.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
+    UpgradeSchema(database, path.string());
+  } catch (const SQLite::Exception& exception) {
+    std::error_code ignored;
+    std::filesystem::remove(path, ignored);
+    throw FromEngine(exception, path.string());
+  }
+}
+
+void UpgradeSchema(SQLite::Database& database, const std::string& path, std::span<const SchemaRevision> revisions) {
+  if (database.execAndGet("PRAGMA application_id").getInt() != kApplicationId) return;
+  const int last = static_cast<int>(revisions.size());
+  const int found = UserVersion(database);
+  if (found == last) return;
+  if (found > last || found < 0) {
+    throw Unspecified("The database '" + path + "' was made by a newer version of Tonalith (revision " +
+                      std::to_string(found) + ", this version reads up to " + std::to_string(last) + ").");
+  }
+  // What can only be read is read as it is.
+  if (sqlite3_db_readonly(database.getHandle(), "main") == 1) return;
+  SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+  for (int revision = UserVersion(database); revision < last; ++revision) {
+    database.exec(revisions[static_cast<std::size_t>(revision)].statements);
+  }
+  database.exec("PRAGMA user_version = " + std::to_string(last));
+  transaction.commit();
+}
+
+const char* StoredQueryKey(const std::string& name) { return SameName(name, "ScalesQuery") ? "ScaleID" : nullptr; }
+
+}  // namespace tonalith::data

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "data/kept_file.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "data/data_fixture.h"
+#include "data/jet_fixture.h"
+
+namespace tonalith::data {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(KeptFile, GetsASecondNameBesideItsOwn) {
+  const tests::TempFolder folder;
+  const std::string path = folder.Write("tune.mdb", "la");
+  EXPECT_EQ(KeepBeside(path, " (old)"), folder / "tune (old).mdb");
+  EXPECT_EQ(ContentOfFile(folder / "tune (old).mdb"), "la");
+  EXPECT_EQ(ContentOfFile(path), "la");
+}
+
+TEST(KeptFile, KeepsItsNameWhenItIsKeptAlready) {
+  const tests::TempFolder folder;
+  const std::string path = folder.Write("tune.mdb", "la");
+  EXPECT_EQ(KeepBeside(path, " (old)"), folder / "tune (old).mdb");
+  EXPECT_EQ(KeepBeside(path, " (old)"), folder / "tune (old).mdb");
+}
+
+TEST(KeptFile, NeverTakesTheNameOfAnotherFile) {
+  const tests::TempFolder folder;
+  const std::string path = folder.Write("tune.mdb", "la");
+  const std::string other = folder.Write("tune (old).mdb", "do");
+  fs::create_directory(folder / "tune (old) 2.mdb");
+  EXPECT_EQ(KeepBeside(path, " (old)"), folder / "tune (old) 3.mdb");
+  EXPECT_EQ(ContentOfFile(other), "do");
+}
+
+TEST(KeptFile, IsCopiedWhole) {
+  const tests::TempFolder folder;
+  const std::string path = folder.Write("tune.mdb", std::string(100'000, 'x'));
+  const std::string copy = folder / "copy.mdb";
+  CopyDurably(path, copy);
+  EXPECT_EQ(ContentOfFile(copy), ContentOfFile(path));
+  EXPECT_FALSE(fs::exists(copy + ".unfinished"));
+  EXPECT_EQ(FailureOf([&] { CopyDurably(path, copy); }).Description(),
+            "The file '" + copy + "' cannot be made: File exists.");
+}
+
+TEST(KeptFile, IsReplacedByAnotherUnderItsName) {
+  const tests::TempFolder folder;
+  const std::string path = folder.Write("tune.mdb", "la");
+  ReplaceDurably(folder.Write("new.mdb", "do"), path);
+  EXPECT_EQ(ContentOfFile(path), "do");
+  EXPECT_FALSE(fs::exists(folder / "new.mdb"));
+}
+
+}  // namespace
+}  // namespace tonalith::data

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "data_fixture.h"
+#include "make_database/database_maker.h"
+#include "make_database/scale_tables.h"
+
+namespace tonalith::make_database {
+namespace {
+
+using data::AskRaw;
+using data::FailureOf;
+
+constexpr const char* kTypes =
+    "# types\n"
+    "ScaleTypeID\tScaleTypeNo\tScaleTypeName\n"
+    "1\t10\tCommon scales\n"
+    "2\t20\tTriads\n";
+constexpr const char* kScaleColumns =
+    "ScaleID\tScaleName\tScaleTypeID\tStartNote\tScaleIntervals\tChord\tSort\tSource\tScaleDescription\n";
+constexpr const char* kMajor = "1\tMajor\t1\tC\t2212221\tno\t1\ta book\tBright, \"plain\" and it's settled.\n";
+constexpr const char* kTriad = "2\tMajor triad\t2\tC\t435\tyes\t1\tanother book\tÜberall.\n";
+
+// A content folder whose tables a test may spoil.
+class MakeDatabaseTest : public testing::Test {
+ protected:
+  MakeDatabaseTest() {
+    std::filesystem::create_directory(folder_.Path() / "scales");
+    Types(kTypes);
+    Scales(std::string("# scales\n") + kScaleColumns + kMajor);
+    (void)folder_.Write("scales/chords.tsv", std::string(kScaleColumns) + kTriad);
+  }
+
+  void Types(const std::string& text) { (void)folder_.Write("scales/types.tsv", text); }
+  void Scales(const std::string& text) { (void)folder_.Write("scales/scales.tsv", text); }
+  [[nodiscard]] std::string Output() const { return folder_ / "made.mdb"; }
+  void Make() { MakeDatabase(ReadScaleTables(folder_.Path()), Output()); }
+  // What making says, without the folder in front.
+  std::string Refusal() {
+    const std::string words = FailureOf([&] { Make(); }).Description();
+    const std::string prefix = folder_ / "scales/";
+    EXPECT_TRUE(words.starts_with(prefix)) << words;
+    return words.substr(std::min(prefix.size(), words.size()));
+  }
+
+  tests::TempFolder folder_;
+};
+
+TEST_F(MakeDatabaseTest, ReadsRowsWithTheirLineAndSource) {
+  const ScaleTables tables = ReadScaleTables(folder_.Path());
+  ASSERT_EQ(tables.types.size(), 2U);
+  EXPECT_EQ(tables.types[1].place.line, 4);
+  ASSERT_EQ(tables.scales.size(), 2U);
+  EXPECT_EQ(tables.scales[0].source, "a book");
+  EXPECT_EQ(tables.scales[0].place.line, 3);
+  EXPECT_EQ(tables.scales[1].place.file, folder_ / "scales/chords.tsv");
+  EXPECT_TRUE(tables.scales[1].isChord);
+}
+
+TEST_F(MakeDatabaseTest, MakesADatabaseThatTheProgramReads) {
+  Make();
+  auto connection = std::make_shared<data::Connection>();
+  connection->Open(data::FullConnectionString(Output()));
+  data::RecordSet records;
+  records.Open("SELECT * FROM ScalesQuery", connection);
+  EXPECT_EQ(data::Lines(records, {"ScaleID", "ScaleName", "ScaleIntervals", "Chord", "Sort", "ScaleTypeName"}),
+            "1 | Major | 2212221 | 0 | 1 | Common scales\n2 | Major triad | 435 | 1 | 1 | Triads\n");
+  EXPECT_EQ(AskRaw(Output(), "SELECT ScaleDescription FROM Scales WHERE ScaleID = 1"),
+            "Bright, \"plain\" and it's settled.");
+}
+
+TEST_F(MakeDatabaseTest, TakesThePlaceOfAnOlderFileAndLeavesNothingBesideIt) {
+  (void)folder_.Write("made.mdb", "older");
+  Make();
+  EXPECT_EQ(AskRaw(Output(), "SELECT count(*) FROM ScalesQuery"), "2");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.Path()), std::filesystem::directory_iterator()),
+            2);
+}
+
+TEST_F(MakeDatabaseTest, LeavesTheOlderFileWhenATableIsRefused) {
+  (void)folder_.Write("made.mdb", "older");
+  Scales(std::string(kScaleColumns) + kMajor + kMajor);
+  Refusal();
+  EXPECT_EQ(std::filesystem::file_size(Output()), 5U);
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder_.Path()), std::filesystem::directory_iterator()),
+            2);
+}
+
+TEST_F(MakeDatabaseTest, NamesTheLineThatIsNotWellFormed) {
+  const std::string columns = kScaleColumns;
+  Scales(columns + kMajor + "\n");
+  EXPECT_EQ(Refusal(), "scales.tsv:3: the line has 1 columns instead of 9");
+  Scales(columns + "x\tA\t1\tC\t66\tno\t1\ts\td\n");
+  EXPECT_EQ(Refusal(), "scales.tsv:2: 'x' is not a whole number");
+  Scales(columns + "3\tA\t1\tC\t66\tNo\t1\ts\td\n");
+  EXPECT_EQ(Refusal(), "scales.tsv:2: 'No' is neither yes nor no");
+  Scales(columns + "3\tA\t1\tC\t66\tno\t1\ts\td\r\n");
+  EXPECT_EQ(Refusal(), "scales.tsv:2: the line holds a control character");
+  Scales(columns + "3\tA\xC0\x80\t1\tC\t66\tno\t1\ts\td\n");
+  EXPECT_EQ(Refusal(), "scales.tsv:2: the line is not UTF-8");
+  Scales("ScaleName\tScaleID\n");
+  EXPECT_EQ(Refusal(), "scales.tsv:1: these are not the table's columns");
+  Scales("# nothing\n");
+  EXPECT_EQ(Refusal(), "scales.tsv:1: the table has no line of column names");
+  std::filesystem::remove(folder_ / "scales/scales.tsv");
+  EXPECT_EQ(Refusal(), "scales.tsv:0: the table cannot be read");
+}
+
+TEST_F(MakeDatabaseTest, NamesTheLineThatBreaksARuleOfTheDatabase) {
+  const std::string columns = kScaleColumns;
+  Scales(columns + kMajor + "3\tmajor\t1\tC\t66\tno\t1\ts\td\n");
+  EXPECT_EQ(Refusal(), "scales.tsv:3: There is a scale of this name already.");
+  Scales(columns + kMajor + "1\tA\t1\tC\t66\tno\t1\ts\td\n");
+  EXPECT_EQ(Refusal(), "scales.tsv:3: There is a scale of this number already.");
+  Scales(columns + "3\tA\t7\tC\t66\tno\t1\ts\td\n");
+  EXPECT_EQ(Refusal(), "scales.tsv:2: There is no scale type of this number.");
+  Scales(columns + "3\tA\t1\tC\t6x\tno\t1\ts\td\n");
+  EXPECT_EQ(Refusal(), "scales.tsv:2: The interval pattern may hold digits and blanks only.");
+  Scales(columns + kMajor);
+  Types(std::string(kTypes) + "2\t3\tAgain\n");
+  EXPECT_EQ(Refusal(), "types.tsv:5: The record was not saved, because another record has the same key.");
+}
+
+// Puts made.mdb onto a stage the way the build does.
+bool Stage(const std::string& from, const std::string& to) {
+  const std::string script = TONALITH_SOURCE_DIR "/tools/make_database/stage_database.cmake";
+  const std::string command = "cmake -D 'FROM=" + from + "' -D 'TO=" + to + "' -P '" + script + "'";
+  return std::system(command.c_str()) == 0;
+}
+
+TEST_F(MakeDatabaseTest, PutsADatabaseOntoAnEmptyStageAndNeverOverOneThatIsThere) {
+  Make();
+  const std::string stage = folder_ / "stage dir/TonalithDB97.mdb";
+  ASSERT_TRUE(Stage(Output(), stage));
+  EXPECT_EQ(AskRaw(stage, "SELECT count(*) FROM ScalesQuery"), "2");
+  EXPECT_EQ(std::filesystem::hard_link_count(stage), 1U);
+  data::RunRaw(stage, "DELETE FROM Scales WHERE ScaleID = 2");
+  ASSERT_TRUE(Stage(Output(), stage));
+  EXPECT_EQ(AskRaw(stage, "SELECT count(*) FROM ScalesQuery"), "1");
+}
+
+}  // namespace
+}  // namespace tonalith::make_database

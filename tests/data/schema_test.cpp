@@ -1,0 +1,202 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "data/schema.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <filesystem>
+#include <string>
+
+#include "data/data_failure.h"
+#include "data_fixture.h"
+
+namespace tonalith::data {
+namespace {
+
+std::string RawRefusal(const std::string& path, const std::string& sql) {
+  try {
+    RunRaw(path, sql);
+  } catch (const SQLite::Exception& exception) {
+    return exception.what();
+  }
+  return "not refused";
+}
+
+TEST(Schema, MarksTheFileWithItsApplicationAndRevision) {
+  const DatabaseFolder folder;
+  EXPECT_EQ(AskRaw(folder.Path(), "PRAGMA application_id"), "1414417480");
+  EXPECT_EQ(AskRaw(folder.Path(), "PRAGMA user_version"), std::to_string(SchemaRevisions().size()));
+}
+
+TEST(Schema, HoldsTheTablesTheStoredQueryAndTheNameIndex) {
+  const DatabaseFolder folder;
+  EXPECT_EQ(AskRaw(folder.Path(), "SELECT group_concat(name) FROM pragma_table_info('Scales')"),
+            "ScaleID,ScaleName,ScaleTypeID,ScaleDescription,StartNote,ScaleIntervals,Chord,Sort");
+  EXPECT_EQ(AskRaw(folder.Path(), "SELECT group_concat(name) FROM pragma_table_info('ScaleTypes')"),
+            "ScaleTypeID,ScaleTypeNo,ScaleTypeName");
+  EXPECT_EQ(AskRaw(folder.Path(), "SELECT group_concat(name) FROM pragma_table_info('ScalesQuery')"),
+            "ScaleID,ScaleName,ScaleTypeID,ScaleDescription,StartNote,ScaleIntervals,Chord,Sort,ScaleTypeNo,"
+            "ScaleTypeName");
+  EXPECT_EQ(AskRaw(folder.Path(), "SELECT name FROM pragma_index_list('Scales')"), "ScalesByName");
+}
+
+TEST(Schema, MakesNoDatabaseInThePlaceOfAFile) {
+  const tests::TempFolder folder;
+  const std::string path = folder.Write("there.mdb", "somebody's");
+  EXPECT_EQ(FailureOf([&] { CreateScaleDatabase(path); }).Description(), "There is a file '" + path + "' already.");
+  EXPECT_EQ(std::filesystem::file_size(path), 10U);
+  EXPECT_EQ(FailureOf([&] { CreateScaleDatabase(folder / "none/x.mdb"); }).Number(), failure_number::kUnspecified);
+}
+
+constexpr std::array<SchemaRevision, 3> kThreeRevisions = {{
+    {"CREATE TABLE One (a); INSERT INTO One VALUES ('first')"},
+    {"ALTER TABLE One ADD COLUMN b DEFAULT 'second'"},
+    {"CREATE TABLE Three (c)"},
+}};
+
+std::string AtRevision(const tests::TempFolder& folder, std::size_t revision) {
+  std::string path = folder / "revisions.mdb";
+  SQLite::Database database(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+  database.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
+  UpgradeSchema(database, path, std::span(kThreeRevisions).first(revision));
+  return path;
+}
+
+TEST(Schema, AppliesTheRevisionsThatAnOlderFileLacks) {
+  const tests::TempFolder folder;
+  const std::string path = AtRevision(folder, 1);
+  EXPECT_EQ(AskRaw(path, "PRAGMA user_version"), "1");
+  SQLite::Database database(path, SQLite::OPEN_READWRITE);
+  UpgradeSchema(database, path, kThreeRevisions);
+  EXPECT_EQ(AskRaw(path, "PRAGMA user_version"), "3");
+  EXPECT_EQ(AskRaw(path, "SELECT a || ' ' || b FROM One"), "first second");
+  EXPECT_EQ(AskRaw(path, "SELECT count(*) FROM One"), "1");
+}
+
+TEST(Schema, LeavesAnOlderFileAsItWasWhenOneRevisionFails) {
+  const tests::TempFolder folder;
+  const std::string path = AtRevision(folder, 1);
+  constexpr std::array<SchemaRevision, 3> kBroken = {
+      {kThreeRevisions[0], kThreeRevisions[1], {"CREATE TABLE One (a)"}}};
+  {
+    SQLite::Database database(path, SQLite::OPEN_READWRITE);
+    EXPECT_THROW(UpgradeSchema(database, path, kBroken), SQLite::Exception);
+  }
+  EXPECT_EQ(AskRaw(path, "PRAGMA user_version"), "1");
+  EXPECT_EQ(AskRaw(path, "SELECT group_concat(name) FROM pragma_table_info('One')"), "a");
+}
+
+TEST(Schema, RefusesAFileOfANewerRevisionInWords) {
+  const tests::TempFolder folder;
+  const std::string path = AtRevision(folder, 3);
+  SQLite::Database database(path, SQLite::OPEN_READWRITE);
+  EXPECT_EQ(
+      FailureOf([&] { UpgradeSchema(database, path, std::span(kThreeRevisions).first(2)); }).Description(),
+      "The database '" + path + "' was made by a newer version of Tonalith (revision 3, this version reads up to 2).");
+}
+
+TEST(ScalesQueryTriggers, FillInWhatAnInsertLeavesOut) {
+  const DatabaseFolder folder;
+  RunRaw(folder.Path(), "INSERT INTO ScalesQuery (ScaleName, ScaleTypeID, ScaleIntervals) VALUES ('Tritone', 1, '66')");
+  EXPECT_EQ(
+      AskRaw(folder.Path(),
+             "SELECT ScaleID || ' ' || StartNote || ' ' || Chord || ' ' || Sort || ' ' || typeof(ScaleDescription) "
+             "FROM Scales WHERE ScaleName = 'Tritone'"),
+      "8 C 0 3 null");
+}
+
+TEST(ScalesQueryTriggers, WriteYesAsOne) {
+  const DatabaseFolder folder;
+  RunRaw(folder.Path(), "INSERT INTO ScalesQuery (ScaleName, ScaleTypeID, Chord) VALUES ('A', 1, -1)");
+  RunRaw(folder.Path(), "UPDATE ScalesQuery SET Chord = -1 WHERE ScaleID = 1");
+  EXPECT_EQ(AskRaw(folder.Path(), "SELECT group_concat(Chord) FROM Scales WHERE ScaleName IN ('A', 'Major')"), "1,1");
+}
+
+TEST(ScalesQueryTriggers, RefuseAnInsertInReadableWords) {
+  const DatabaseFolder folder;
+  const auto refusal = [&](const std::string& values) {
+    return RawRefusal(folder.Path(),
+                      "INSERT INTO ScalesQuery (ScaleName, ScaleTypeID, ScaleIntervals, Sort) VALUES (" + values + ")");
+  };
+  EXPECT_EQ(refusal("NULL, 1, '66', 1"), "The scale needs a name.");
+  EXPECT_EQ(refusal("'  ', 1, '66', 1"), "The scale needs a name.");
+  EXPECT_EQ(refusal("'mAJOR', 1, '66', 1"), "There is a scale of this name already.");
+  EXPECT_EQ(refusal("'A', 1, '6-6', 1"), "The interval pattern may hold digits and blanks only.");
+  EXPECT_EQ(refusal("'A', 1, '6６', 1"), "The interval pattern may hold digits and blanks only.");
+  EXPECT_EQ(refusal("'A', 9, '66', 1"), "There is no scale type of this number.");
+  EXPECT_EQ(refusal("'A', NULL, '66', 1"), "There is no scale type of this number.");
+  EXPECT_EQ(refusal("'A', 'x', '66', 1"), "There is no scale type of this number.");
+  EXPECT_EQ(refusal("'A', 1, '66', 'x'"), "The sort order number has to be a whole number.");
+  EXPECT_EQ(refusal("'A', 1, '66', ''"), "The sort order number has to be a whole number.");
+  EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM Scales"), "4");
+  EXPECT_EQ(refusal("'A', '1', '6 6', '12'"), "not refused");
+}
+
+TEST(ScalesQueryTriggers, RefuseAChangeInReadableWords) {
+  const DatabaseFolder folder;
+  const auto refusal = [&](const std::string& setting) {
+    return RawRefusal(folder.Path(), "UPDATE ScalesQuery SET " + setting + " WHERE ScaleID = 1");
+  };
+  EXPECT_EQ(refusal("ScaleName = ''"), "The scale needs a name.");
+  EXPECT_EQ(refusal("ScaleName = 'minor'"), "There is a scale of this name already.");
+  EXPECT_EQ(refusal("ScaleIntervals = '2a'"), "The interval pattern may hold digits and blanks only.");
+  EXPECT_EQ(refusal("ScaleTypeID = 9"), "There is no scale type of this number.");
+  EXPECT_EQ(refusal("ScaleTypeID = NULL"), "There is no scale type of this number.");
+  EXPECT_EQ(refusal("Sort = '1.5'"), "The sort order number has to be a whole number.");
+  EXPECT_EQ(refusal("ScaleID = 99"), "The number of a scale cannot be changed.");
+  EXPECT_EQ(refusal("ScaleTypeName = 'Mine'"),
+            "The number and name of a scale type cannot be changed through a scale.");
+  EXPECT_EQ(refusal("ScaleTypeNo = 9"), "The number and name of a scale type cannot be changed through a scale.");
+  EXPECT_EQ(
+      AskRaw(folder.Path(), "SELECT ScaleName || ScaleIntervals || ScaleTypeID || Sort FROM Scales WHERE ScaleID = 1"),
+      "Major221222111");
+}
+
+TEST(ScalesQueryTriggers, AllowWhatBreaksNoRule) {
+  const DatabaseFolder folder;
+  const auto refusal = [&](const std::string& setting) {
+    return RawRefusal(folder.Path(), "UPDATE ScalesQuery SET " + setting + " WHERE ScaleID = 1");
+  };
+  EXPECT_EQ(refusal("ScaleName = 'MAJOR'"), "not refused");
+  EXPECT_EQ(refusal("ScaleName = 'O''Neil'"), "not refused");
+  EXPECT_EQ(refusal("ScaleIntervals = '22 1'"), "not refused");
+  EXPECT_EQ(refusal("ScaleIntervals = NULL"), "not refused");
+  EXPECT_EQ(refusal("ScaleTypeID = 2"), "not refused");
+  EXPECT_EQ(refusal("ScaleTypeID = 1, ScaleTypeName = 'Common scales'"), "not refused");
+  EXPECT_EQ(refusal("Sort = '7'"), "not refused");
+  EXPECT_EQ(
+      AskRaw(folder.Path(), "SELECT ScaleName || typeof(ScaleIntervals) || typeof(Sort) FROM Scales WHERE ScaleID = 1"),
+      "O'Neilnullinteger");
+}
+
+TEST(ScalesQueryTriggers, LetARowThatBreaksTheRulesBeRepairedFieldByField) {
+  const DatabaseFolder folder(
+      "INSERT INTO ScaleTypes VALUES (1, 1, 'A'); INSERT INTO Scales (ScaleName, ScaleTypeID, ScaleIntervals, Sort) "
+      "VALUES ('Twin', 1, 'bad', 'x'), ('twin', 1, '66', 1), (NULL, 1, '66', 1)");
+  const auto connection = folder.Open();
+  RecordSet records;
+  records.Open("ScalesQuery", connection, CursorType::kKeyset, LockType::kOptimistic);
+  records.SetFieldValue("ScaleDescription", "Still two of a name.");
+  records.Update();
+  records.SetFieldValue("ScaleIntervals", "66");
+  records.Update();
+  records.SetFieldValue("ScaleName", "Not a twin");
+  records.Update();
+  records.MoveLast();
+  records.SetFieldValue("ScaleDescription", "Nameless.");
+  records.Update();
+  EXPECT_EQ(Lines(records, {"ScaleName", "ScaleIntervals", "ScaleDescription"}),
+            "Not a twin | 66 | Still two of a name.\ntwin | 66 | (null)\n(null) | 66 | Nameless.\n");
+}
+
+TEST(ScalesQueryTriggers, DeleteTheScaleAndNotItsType) {
+  const DatabaseFolder folder;
+  RunRaw(folder.Path(), "DELETE FROM ScalesQuery WHERE ScaleTypeID = 2");
+  EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM Scales"), "2");
+  EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM ScaleTypes"), "2");
+}
+
+}  // namespace
+}  // namespace tonalith::data

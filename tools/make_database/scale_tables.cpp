@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "make_database/scale_tables.h"
+
+#include <charconv>
+#include <fstream>
+#include <initializer_list>
+#include <string_view>
+
+namespace tonalith::make_database {
+namespace {
+
+using Columns = std::vector<std::string>;
+
+struct TableRow {
+  TablePlace place;
+  Columns columns;
+};
+
+Columns SplitAtTabs(const std::string& line) {
+  Columns columns(1);
+  for (const char c : line) {
+    if (c == '\t') {
+      columns.emplace_back();
+    } else {
+      columns.back() += c;
+    }
+  }
+  return columns;
+}
+
+// The length of the UTF-8 character that `text` begins with, 0 when there is none.
+std::size_t CharacterLength(std::string_view text) {
+  const auto lead = static_cast<unsigned char>(text.front());
+  const std::size_t length = lead < 0x80   ? 1
+                             : lead < 0xC2 ? 0
+                             : lead < 0xE0 ? 2
+                             : lead < 0xF0 ? 3
+                             : lead < 0xF5 ? 4
+                                           : 0;
+  if (length > text.size()) return 0;
+  for (std::size_t i = 1; i < length; ++i) {
+    if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return 0;
+  }
+  const auto second = length > 2 ? static_cast<unsigned char>(text[1]) : 0;
+  const bool isTooLong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
+  const bool isOutside = (lead == 0xED && second > 0x9F) || (lead == 0xF4 && second > 0x8F);
+  return isTooLong || isOutside ? 0 : length;
+}
+
+void RequireText(const TablePlace& place, std::string_view line) {
+  while (!line.empty()) {
+    const std::size_t length = CharacterLength(line);
+    if (length == 0) throw TableFailure(place, "the line is not UTF-8");
+    const auto code = static_cast<unsigned char>(line.front());
+    if (code < 0x20 && code != '\t') throw TableFailure(place, "the line holds a control character");
+    line.remove_prefix(length);
+  }
+}
+
+std::vector<TableRow> ReadTable(const std::filesystem::path& file, std::initializer_list<std::string_view> header) {
+  std::ifstream stream(file, std::ios::binary);
+  TablePlace place{file.string(), 0};
+  if (!stream) throw TableFailure(place, "the table cannot be read");
+  std::vector<TableRow> rows;
+  bool hasHeader = false;
+  for (std::string line; std::getline(stream, line);) {
+    ++place.line;
+    RequireText(place, line);
+    if (line.starts_with('#')) continue;
+    Columns columns = SplitAtTabs(line);
+    if (!hasHeader) {
+      if (columns != Columns(header.begin(), header.end()))
+        throw TableFailure(place, "these are not the table's columns");
+      hasHeader = true;
+      continue;
+    }
+    if (columns.size() != header.size()) {
+      throw TableFailure(place, "the line has " + std::to_string(columns.size()) + " columns instead of " +
+                                    std::to_string(header.size()));
+    }
+    rows.push_back({place, std::move(columns)});
+  }
+  if (stream.bad()) throw TableFailure(place, "the table cannot be read on from here");
+  if (!hasHeader) throw TableFailure(place, "the table has no line of column names");
+  return rows;
+}
+
+std::int64_t Number(const TableRow& row, std::size_t column) {
+  const std::string& text = row.columns[column];
+  std::int64_t number = 0;
+  const char* end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, number);
+  if (text.empty() || result.ec != std::errc{} || result.ptr != end) {
+    throw TableFailure(row.place, "'" + text + "' is not a whole number");
+  }
+  return number;
+}
+
+bool YesOrNo(const TableRow& row, std::size_t column) {
+  const std::string& text = row.columns[column];
+  if (text != "yes" && text != "no") throw TableFailure(row.place, "'" + text + "' is neither yes nor no");
+  return text == "yes";
+}
+
+}  // namespace
+
+core::Failure TableFailure(const TablePlace& place, const std::string& words) {
+  return {core::failure_number::kInvalidProcedureCall, place.file + ":" + std::to_string(place.line) + ": " + words};
+}
+
+std::vector<ScaleTypeRow> ReadScaleTypes(const std::filesystem::path& file) {
+  std::vector<ScaleTypeRow> types;
+  for (const TableRow& row : ReadTable(file, {"ScaleTypeID", "ScaleTypeNo", "ScaleTypeName"})) {
+    types.push_back({row.place, Number(row, 0), Number(row, 1), row.columns[2]});
+  }
+  return types;
+}
+
+std::vector<ScaleRow> ReadScales(const std::filesystem::path& file) {
+  std::vector<ScaleRow> scales;
+  for (const TableRow& row : ReadTable(file, {"ScaleID", "ScaleName", "ScaleTypeID", "StartNote", "ScaleIntervals",
+                                              "Chord", "Sort", "Source", "ScaleDescription"})) {
+    scales.push_back({row.place, Number(row, 0), row.columns[1], Number(row, 2), row.columns[3], row.columns[4],
+                      YesOrNo(row, 5), Number(row, 6), row.columns[7], row.columns[8]});
+  }
+  return scales;
+}
+
+ScaleTables ReadScaleTables(const std::filesystem::path& contentFolder) {
+  const std::filesystem::path folder = contentFolder / "scales";
+  ScaleTables tables{ReadScaleTypes(folder / "types.tsv"), ReadScales(folder / "scales.tsv")};
+  for (ScaleRow& chord : ReadScales(folder / "chords.tsv")) tables.scales.push_back(std::move(chord));
+  return tables;
+}
+
+}  // namespace tonalith::make_database

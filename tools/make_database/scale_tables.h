@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The text tables that the scale content is kept in: UTF-8, one row a line, columns separated by one tab, lines that
+// begin with # left out, the first other line naming the columns. What is read is plain values that know their line.
+// A table that is not well formed throws a Failure whose description begins with "<file>:<line>: ".
+
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "core/failure.h"
+
+namespace tonalith::make_database {
+
+/// Where a row stands, for messages about it.
+struct TablePlace {
+  std::string file;
+  int line = 0;
+};
+
+struct ScaleTypeRow {
+  TablePlace place;
+  std::int64_t scaleTypeId = 0;
+  std::int64_t scaleTypeNo = 0;
+  std::string scaleTypeName;
+};
+
+struct ScaleRow {
+  TablePlace place;
+  std::int64_t scaleId = 0;
+  std::string scaleName;
+  std::int64_t scaleTypeId = 0;
+  std::string startNote;
+  std::string scaleIntervals;
+  bool isChord = false;
+  std::int64_t sort = 0;
+  /// Where the form comes from; kept in the table, not in the database.
+  std::string source;
+  std::string scaleDescription;
+};
+
+struct ScaleTables {
+  std::vector<ScaleTypeRow> types;
+  /// The scales, then the chords.
+  std::vector<ScaleRow> scales;
+};
+
+std::vector<ScaleTypeRow> ReadScaleTypes(const std::filesystem::path& file);
+std::vector<ScaleRow> ReadScales(const std::filesystem::path& file);
+/// types.tsv, scales.tsv and chords.tsv of the folder "scales" below `contentFolder`.
+ScaleTables ReadScaleTables(const std::filesystem::path& contentFolder);
+
+/// A failure about a row, with its place in front.
+core::Failure TableFailure(const TablePlace& place, const std::string& words);
+
+}  // namespace tonalith::make_database
