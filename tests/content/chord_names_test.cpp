@@ -1,0 +1,219 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Chords are held against what their names and their symbols say, through a grammar that knows nothing of the tables
+// and is itself held against chords written as notes.
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <map>
+#include <regex>
+#include <set>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "content/chord_grammar.h"
+#include "content/scale_library.h"
+
+namespace tonalith::content_tests {
+namespace {
+
+constexpr std::string_view kNamedType = "Quartal, slash and named chords";
+
+PitchClassSet Notes(std::string_view name) { return ScaleLibrary::Shipped().Notes(name); }
+
+/// The chords whose name is a recipe.
+std::vector<ScaleRow> SpelledChords() {
+  const std::int64_t named = ScaleLibrary::Shipped().OfType(kNamedType).front().scaleTypeId;
+  std::vector<ScaleRow> chords = ScaleLibrary::Shipped().Chords();
+  std::erase_if(chords, [named](const ScaleRow& row) { return row.scaleTypeId == named; });
+  return chords;
+}
+
+/// The symbols of a description that begins "Written C7#5 or Caug7. ".
+std::vector<std::string> Symbols(const std::string& description) {
+  std::smatch sentence;
+  if (!std::regex_search(description, sentence, std::regex("^Written (C[^ ,]*(?:(?:, | or )C[^ ,]*)*)\\. "))) {
+    return {};
+  }
+  const std::string list = sentence[1];
+  const std::regex separator(", | or ");
+  return {std::sregex_token_iterator(list.begin(), list.end(), separator, -1), std::sregex_token_iterator()};
+}
+
+TEST(ChordGrammar, ReadsSymbolsAsTheirNotes) {
+  const std::map<std::string_view, std::string_view> known = {
+      {"C", "C E G"},
+      {"C-", "C Eb G"},
+      {"C5", "C G"},
+      {"Cdim7", "C Eb Gb Bbb"},
+      {"Cm7b5", "C Eb Gb Bb"},
+      {"C+", "C E G#"},
+      {"Csus", "C F G"},
+      {"C6/9", "C E G A D"},
+      {"Cmaj7#11", "C E G B F#"},
+      {"CmM7", "C Eb G B"},
+      {"C7b9#11", "C E G Bb Db F#"},
+      {"C7#5#9", "C E G# Bb D#"},
+      {"C9sus4", "C F G Bb D"},
+      {"C13", "C E G Bb D A"},
+      {"C13b9", "C E G Bb Db A"},
+      {"Cm13", "C Eb G Bb D F A"},
+      {"C11", "C E G Bb D F"},
+      {"C7no5", "C E Bb"},
+      {"Cdim7addM7", "C Eb Gb A B"},
+  };
+  for (const auto& [symbol, notes] : known) {
+    EXPECT_EQ(ToText(ChordFromSymbol(symbol)), ToText(FromNotes(notes))) << symbol;
+  }
+}
+
+TEST(ChordGrammar, ReadsWordsAsTheirNotes) {
+  const std::map<std::string_view, std::string_view> known = {
+      {"Minor triad", "C Eb G"},
+      {"Power chord", "C G"},
+      {"Major 6 added 9", "C E G A D"},
+      {"Minor major 9", "C Eb G B D"},
+      {"Diminished 7 added major 7", "C Eb Gb A B"},
+      {"Dominant 13 suspended 4 flat 9", "C F G Bb Db A"},
+      {"Major 13 sharp 11", "C E G B D F# A"},
+      {"Dominant 7 sharp 9 no 5", "C E Bb D#"},
+      {"Suspended 2 suspended 4", "C D F G"},
+  };
+  for (const auto& [words, notes] : known) {
+    EXPECT_EQ(ToText(ChordFromWords(words)), ToText(FromNotes(notes))) << words;
+  }
+}
+
+TEST(ChordGrammar, RefusesWhatIsNoChord) {
+  EXPECT_THROW(ChordFromSymbol("D7"), std::invalid_argument);
+  EXPECT_THROW(ChordFromSymbol("C8"), std::invalid_argument);
+  EXPECT_THROW(ChordFromSymbol("C7no9"), std::invalid_argument);
+  EXPECT_THROW(ChordFromWords("Dominant seventh"), std::invalid_argument);
+}
+
+TEST(Chords, HaveTheNotesThatTheirNamesSay) {
+  for (const ScaleRow& row : SpelledChords()) {
+    EXPECT_EQ(ToText(FromPattern(row.scaleIntervals)), ToText(ChordFromWords(row.scaleName))) << row.scaleName;
+  }
+}
+
+TEST(Chords, HaveTheNotesThatTheirSymbolsSay) {
+  for (const ScaleRow& row : SpelledChords()) {
+    const std::vector<std::string> symbols = Symbols(row.scaleDescription);
+    EXPECT_FALSE(symbols.empty()) << row.scaleName << ": " << row.scaleDescription;
+    for (const std::string& symbol : symbols) {
+      EXPECT_EQ(ToText(FromPattern(row.scaleIntervals)), ToText(ChordFromSymbol(symbol)))
+          << row.scaleName << ", " << symbol;
+    }
+  }
+}
+
+TEST(Chords, ShareNoSymbol) {
+  std::map<std::string, std::string> owner;
+  for (const ScaleRow& row : SpelledChords()) {
+    for (const std::string& symbol : Symbols(row.scaleDescription)) {
+      const auto [known, isNew] = owner.try_emplace(symbol, row.scaleName);
+      EXPECT_TRUE(isNew) << symbol << ": " << row.scaleName << " and " << known->second;
+    }
+  }
+}
+
+TEST(Chords, ThatAreInversionsOfEachOtherShareTheirNotes) {
+  struct Inversion {
+    std::string_view name;
+    int semitones;
+    std::string_view other;
+  };
+  constexpr Inversion kInversions[] = {
+      {"Suspended 2", 7, "Suspended 4"},
+      {"Major 6", 9, "Minor 7"},
+      {"Minor 6", 9, "Minor 7 flat 5 (half-diminished)"},
+      {"Minor sharp 5", 8, "Major triad"},
+      {"Minor 7 sharp 5", 8, "Major added 9"},
+      {"Major 6 suspended 4", 5, "Major added 9"},
+      {"Major 6 flat 5", 9, "Minor 6"},
+      {"Dominant 9 suspended 4", 7, "Minor 7 added 11"},
+      {"Minor 7 flat 5 flat 13", 8, "Dominant 9"},
+      {"Dominant 7 flat 5", 6, "Dominant 7 flat 5"},
+      {"Slash chord flat II over I", 1, "Major 7"},
+      {"Slash chord flat VII over I", 10, "Major added 9"},
+  };
+  for (const Inversion& inversion : kInversions) {
+    const PitchClassSet other = Transposed(Notes(inversion.other), inversion.semitones);
+    EXPECT_TRUE((Notes(inversion.name) & ~other).none() || (other & ~Notes(inversion.name)).none())
+        << inversion.name << ": " << ToText(Notes(inversion.name)) << " and " << ToText(other);
+  }
+}
+
+TEST(Chords, ThatSubstituteAtTheTritoneShareThirdAndSeventh) {
+  for (const std::string_view name : {"Dominant 7", "Dominant 9", "Dominant 13", "Dominant 7 flat 9"}) {
+    const PitchClassSet chord = Notes(name);
+    EXPECT_TRUE((chord & Transposed(chord, 6))[4]) << name;
+    EXPECT_TRUE((chord & Transposed(chord, 6))[10]) << name;
+  }
+  EXPECT_EQ(Notes("Dominant 7 flat 5 flat 9"), Transposed(Notes("Dominant 7"), 6).set(0));
+}
+
+TEST(Chords, StackTriadsAsMusiciansSay) {
+  const PitchClassSet major = Notes("Major triad");
+  const PitchClassSet minor = Notes("Minor triad");
+  EXPECT_EQ(Notes("Dominant 7 flat 9"), Transposed(Notes("Diminished 7"), 1).set(0));
+  EXPECT_EQ(Notes("Diminished major 7"), Transposed(major, 11).set(0));
+  EXPECT_EQ(Notes("Dominant 7 suspended 2"), Transposed(minor, 7).set(0));
+  EXPECT_EQ(Notes("Major 7 suspended 2"), Transposed(major, 7).set(0));
+  EXPECT_EQ(Notes("Major 9 suspended 4"), Transposed(Notes("Dominant 7"), 7).set(0));
+  EXPECT_EQ(Notes("Major 7 sharp 9 sharp 11"), major | Transposed(major, 11));
+  EXPECT_EQ(Notes("Dominant 13 flat 9"), Notes("Dominant 7") | Transposed(major, 9));
+  EXPECT_EQ(Notes("Dominant 13 sharp 11"), Notes("Dominant 7") | Transposed(major, 2));
+  EXPECT_EQ(Notes("Dominant 7 flat 9 sharp 11"), major | Transposed(major, 6));
+  EXPECT_EQ(Notes("Elektra chord"), major | Transposed(major, 9));
+  EXPECT_EQ(Notes("Minor 6 added 9 added 11"), minor | Transposed(minor, 2));
+}
+
+TEST(Chords, OfSevenNotesAreTheScalesThatTheyAreStackedFrom) {
+  EXPECT_EQ(Notes("Minor 13"), Notes("Dorian"));
+  EXPECT_EQ(Notes("Minor major 13"), Notes("Jazz minor"));
+  EXPECT_EQ(Notes("Major 13 sharp 11"), Notes("Lydian"));
+  EXPECT_EQ(Notes("Dominant 13 sharp 11"), Notes("Lydian dominant"));
+  EXPECT_EQ(Notes("Dominant 13 sharp 9 sharp 11"), Notes("Hungarian major"));
+  EXPECT_EQ(Notes("Dominant 13 flat 5"), Notes("Prometheus"));
+  EXPECT_EQ(Notes("Dominant 9 sharp 5 sharp 11"), Notes("Whole tone"));
+}
+
+/// The interval classes 1 to 6 of every pair of notes in the chord.
+std::multiset<int> IntervalClasses(const PitchClassSet& chord) {
+  std::multiset<int> classes;
+  for (int low = 0; low < 12; ++low) {
+    for (int high = low + 1; high < 12; ++high) {
+      if (chord[static_cast<std::size_t>(low)] && chord[static_cast<std::size_t>(high)]) {
+        classes.insert(high - low > 6 ? 12 - (high - low) : high - low);
+      }
+    }
+  }
+  return classes;
+}
+
+TEST(Chords, CalledAllIntervalHoldEveryIntervalOnce) {
+  const std::multiset<int> each = {1, 2, 3, 4, 5, 6};
+  EXPECT_EQ(IntervalClasses(Notes("All-interval tetrachord")), each);
+  EXPECT_EQ(IntervalClasses(Notes("Minor added flat 9")), each);
+}
+
+TEST(Chords, CalledAllTrichordHoldEveryKindOfThreeNotes) {
+  const PitchClassSet hexachord = Notes("All-trichord hexachord");
+  std::set<std::string> kinds;
+  for (unsigned long bits = 0; bits < 4096; ++bits) {
+    const PitchClassSet part(bits);
+    if (part.count() == 3 && (part & ~hexachord).none()) {
+      kinds.insert(PrimeForm(part));
+    }
+  }
+  EXPECT_EQ(kinds.size(), 12U);
+}
+
+}  // namespace
+}  // namespace tonalith::content_tests

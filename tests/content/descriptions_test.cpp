@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Descriptions make claims that can be reckoned: "same notes as Phrygian dominant", "has the notes of the minor 7 chord
+// a minor third lower". Every such claim is read and held against the patterns.
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <regex>
+#include <string>
+#include <string_view>
+
+#include "content/scale_library.h"
+
+namespace tonalith::content_tests {
+namespace {
+
+/// Another row of the tables, and by how many semitones its root lies above the root of the row that names it.
+struct Claim {
+  const ScaleRow* row = nullptr;
+  int shift = 0;
+};
+
+int Semitones(const std::string& interval) {
+  const std::map<std::string, int> intervals = {{"a semitone", 1},    {"a whole step", 2},    {"a minor third", 3},
+                                                {"a major third", 4}, {"three semitones", 3}, {"a fourth", 5},
+                                                {"a fifth", 7}};
+  return intervals.at(interval);
+}
+
+std::string Without(const std::string& text, const std::string& pattern) {
+  return std::regex_replace(text, std::regex(pattern), "");
+}
+
+/// Reads "the minor 7 chord a minor third lower".
+Claim ReadClaim(std::string text) {
+  Claim claim;
+  std::smatch shift;
+  if (std::regex_match(text, shift, std::regex("(.*) ((?:a|three) [a-z ]+) (higher|lower)"))) {
+    claim.shift = Semitones(shift[2]) * (shift[3] == "higher" ? 1 : -1);
+    text = std::string(shift[1]);
+  }
+  text = Without(text, "^(?:the |an |a )?(?:Japanese )?");
+  const std::map<std::string, std::string> shortNames = {{"melodic minor", "Melodic minor (ascending)"},
+                                                         {"half-diminished", "Minor 7 flat 5 (half-diminished)"},
+                                                         {"half-whole diminished", "Diminished half-whole"}};
+  for (const std::string& name : {text, Without(text, " (?:chord|scale|mode)$")}) {
+    const auto alias = shortNames.find(name);
+    claim.row = ScaleLibrary::Shipped().Find(alias == shortNames.end() ? name : alias->second);
+    if (claim.row != nullptr) {
+      break;
+    }
+  }
+  return claim;
+}
+
+TEST(Descriptions, ClaimTheSameNotesOnlyOfScalesThatHaveThem) {
+  const std::regex claims(
+      "(?:[Ss]ame notes as|notes are those of|has the notes of|with the notes of|shares its notes with) ([^.;,:]+)");
+  int checked = 0;
+  for (const ScaleRow& row : ScaleLibrary::Shipped().Rows()) {
+    for (std::sregex_iterator it(row.scaleDescription.begin(), row.scaleDescription.end(), claims), end; it != end;
+         ++it) {
+      const Claim claim = ReadClaim((*it)[1]);
+      ASSERT_NE(claim.row, nullptr) << row.scaleName << " speaks of an unknown scale: " << it->str();
+      EXPECT_EQ(ToText(Transposed(FromPattern(claim.row->scaleIntervals), claim.shift)),
+                ToText(FromPattern(row.scaleIntervals)))
+          << row.scaleName << ": " << it->str();
+      EXPECT_NE(claim.row->scaleId, row.scaleId) << row.scaleName << " is compared with itself";
+      ++checked;
+    }
+  }
+  EXPECT_GE(checked, 70);
+}
+
+TEST(Descriptions, NameAlteredDegreesThatTheScaleHas) {
+  const std::regex opening("^(?:[A-Z][A-Za-z]* )*(?:with|: ) ((?:bb|b|#)[2-7])\\b");
+  const std::regex withDegrees(
+      "\\b(?:[Mm]inor|[Mm]ajor|Dorian|Lydian|Mixolydian|Phrygian|Locrian|pentatonic|third) "
+      "with (?:an? )?((?:bb|b|#)[0-9]+)");
+  int checked = 0;
+  for (const ScaleRow& row : ScaleLibrary::Shipped().Rows()) {
+    for (const std::regex& form : {opening, withDegrees}) {
+      std::smatch degree;
+      if (std::regex_search(row.scaleDescription, degree, form)) {
+        const auto note = static_cast<std::size_t>(DegreeToPitchClass(degree[1].str()));
+        EXPECT_TRUE(FromPattern(row.scaleIntervals)[note]) << row.scaleName << ": " << degree.str();
+        ++checked;
+      }
+    }
+  }
+  EXPECT_GE(checked, 10);
+}
+
+TEST(Descriptions, GiveTheNumberOfTheModeThatTheScaleIs) {
+  const std::map<std::string, std::string> parents = {{"the major scale", "Major"},
+                                                      {"the major pentatonic", "Major pentatonic"},
+                                                      {"melodic minor", "Jazz minor"},
+                                                      {"harmonic minor", "Harmonic minor"},
+                                                      {"harmonic major", "Harmonic major"},
+                                                      {"double harmonic major", "Double harmonic major"},
+                                                      {"Neapolitan minor", "Neapolitan minor"},
+                                                      {"Neapolitan major", "Neapolitan major"}};
+  const std::map<std::string, std::size_t> ordinals = {{"first", 0}, {"second", 1}, {"third", 2},  {"fourth", 3},
+                                                       {"fifth", 4}, {"sixth", 5},  {"seventh", 6}};
+  const std::regex claim("^The ([a-z]+) mode of ([A-Za-z ]+?)(?=[,:.;]| and |$)");
+  int checked = 0;
+  for (const ScaleRow& row : ScaleLibrary::Shipped().Scales()) {
+    std::smatch mode;
+    if (!std::regex_search(row.scaleDescription, mode, claim) || mode[2] == "limited transposition") {
+      continue;
+    }
+    const std::string& parent = ScaleLibrary::Shipped().Pattern(parents.at(mode[2]));
+    const std::size_t degree = ordinals.at(mode[1]);
+    EXPECT_EQ(row.scaleIntervals, parent.substr(degree) + parent.substr(0, degree))
+        << row.scaleName << ": " << mode.str();
+    ++checked;
+  }
+  EXPECT_GE(checked, 40);
+}
+
+}  // namespace
+}  // namespace tonalith::content_tests
