@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Plays the recording of a single note under a click: over the same wave output as the slots, one voice at a time, no
+// notices. Files stay in memory once they were heard, up to a fixed amount, the longest unheard leaving first; a file
+// that cannot be played is silence. User-interface thread; borrows its ports, which outlive it.
+
+#pragma once
+
+#include <cstddef>
+#include <list>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/file_input.h"
+#include "platform/note_player.h"
+#include "platform/wave_output.h"
+
+namespace tonalith::audio {
+
+class OctaveNotePlayer : public platform::NotePlayer {
+ public:
+  /// Enough for all 48 notes of the neck; in bytes of sample data.
+  static constexpr std::size_t kCacheLimit = std::size_t{32} << 20U;
+
+  OctaveNotePlayer(platform::FileInput& files, platform::WaveOutput& output, std::size_t cacheLimit = kCacheLimit);
+  OctaveNotePlayer(const OctaveNotePlayer&) = delete;
+  OctaveNotePlayer& operator=(const OctaveNotePlayer&) = delete;
+  ~OctaveNotePlayer() override;
+
+  void Play(const std::string& path) override;
+
+  /// Falls silent.
+  void Stop();
+
+  [[nodiscard]] std::size_t CachedBytes() const { return cachedBytes_; }
+
+ private:
+  struct Recording {
+    std::string path;
+    platform::WaveFormat format;
+    std::vector<std::byte> samples;
+  };
+
+  std::shared_ptr<const Recording> Fetch(const std::string& path);
+  std::shared_ptr<const Recording> Read(const std::string& path);
+  void Keep(const std::shared_ptr<const Recording>& recording);
+
+  platform::FileInput& files_;
+  platform::WaveOutput& output_;
+  std::size_t cacheLimit_;
+  /// The last heard first.
+  std::list<std::shared_ptr<const Recording>> cache_;
+  std::size_t cachedBytes_ = 0;
+  std::shared_ptr<const Recording> sounding_;
+  platform::WaveHandle device_ = platform::kNoWaveHandle;
+  platform::WAVEHDR header_;
+};
+
+}  // namespace tonalith::audio

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// What the playback of a scale needs of the window that it plays on: the current record, the chosen key, the neck with
+// its play marker, and the status line. The main window implements it. User-interface thread; every function may throw
+// core::Failure, which the playback reports at its end.
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace tonalith::audio {
+
+struct StatusColour {
+  std::uint8_t red = 0;
+  std::uint8_t green = 0;
+  std::uint8_t blue = 0;
+  bool operator==(const StatusColour&) const = default;
+};
+
+class PlaybackStage {
+ public:
+  virtual ~PlaybackStage() = default;
+
+  /// A field of the current scale record by its position; nothing for a null field.
+  virtual std::optional<std::string> CurrentField(int position) = 0;
+  /// The text of cmbTranspose.
+  virtual std::string KeyText() = 0;
+  /// The note name in the Tag of the fretboard image img0 to img95.
+  virtual std::string ImageTag(int index) = 0;
+  /// The folder of the scale sounds, with the separator at its end.
+  virtual std::string AudioFolder() = 0;
+  /// Moves the play marker above the image with that control name and shows it at once.
+  virtual void FlashNotes(const std::string& controlName) = 0;
+  virtual void HidePicture1() = 0;
+  /// Caption and text colour of lblStatus.
+  virtual void ShowStatus(const std::string& caption, StatusColour colour) = 0;
+};
+
+}  // namespace tonalith::audio

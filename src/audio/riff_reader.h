@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Walks the chunks of a RIFF file, the container of multimedia files: a four-character code, a 32-bit little-endian
+// size, the payload, and a pad byte after an odd size. No size in the file is trusted: a chunk counts as found when its
+// header lies inside its parent and the file, positions are computed in 64 bits, and what the file does not hold is
+// never waited or allocated for. Borrows the file; one user at a time; throws only what the file throws.
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "platform/file_input.h"
+
+namespace tonalith::audio {
+
+/// A four-character code as the little-endian number that stands in the file.
+using FOURCC = std::uint32_t;
+
+/// The code of a text of up to four characters, padded with blanks.
+constexpr FOURCC StringToFOURCC(std::string_view text) {
+  FOURCC code = 0;
+  for (std::size_t i = 0; i < 4; ++i) {
+    const auto character = static_cast<unsigned char>(i < text.size() ? text[i] : ' ');
+    code |= static_cast<FOURCC>(character) << (8 * i);
+  }
+  return code;
+}
+
+/// Where a chunk is. dwDataOffset is the position of its payload; the payload of a RIFF or LIST chunk begins with its
+/// form type.
+struct MMCKINFO {
+  FOURCC ckid = 0;
+  std::uint32_t cksize = 0;
+  FOURCC fccType = 0;
+  std::uint32_t dwDataOffset = 0;
+  std::uint32_t dwFlags = 0;
+};
+
+enum class Descent { kEntered, kNotThere };
+
+class RiffReader {
+ public:
+  explicit RiffReader(platform::InputFile& file) : file_(file) {}
+
+  /// Enters the chunk at the current position, whatever it is, and moves behind its header (and form type).
+  Descent Descend(MMCKINFO& chunk);
+
+  /// Enters the next chunk with the code that is preset in chunk.ckid, from the current position to the parent's end.
+  Descent FindChunk(MMCKINFO& chunk, const MMCKINFO& parent);
+
+  /// Bytes from the current position: the count read, or -1.
+  std::int64_t Read(std::span<std::byte> into);
+
+  /// Moves to a position from the file's start: that position, or -1.
+  std::int64_t Seek(std::uint64_t position);
+
+  /// How many bytes the file holds from the current position on.
+  [[nodiscard]] std::uint64_t Remaining() const;
+
+ private:
+  std::optional<std::uint32_t> ReadNumber();
+  bool ReadHeader(MMCKINFO& chunk);
+  bool EnterPayload(MMCKINFO& chunk);
+
+  platform::InputFile& file_;
+  std::uint64_t position_ = 0;
+};
+
+}  // namespace tonalith::audio

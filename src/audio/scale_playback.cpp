@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "audio/scale_playback.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+
+#include "core/scale_construction.h"
+#include "core/text.h"
+
+namespace tonalith::audio {
+namespace {
+
+constexpr int kScaleIntervalsField = 5;
+constexpr int kScaleTypeNameField = 9;
+constexpr int kImagesOnAString = 16;
+constexpr int kSoundingStrings = 2;
+constexpr StatusColour kBlue{0, 0, 255};
+constexpr StatusColour kGrey{127, 127, 127};
+
+/// Holds a mark for as long as a procedure runs.
+class Running {
+ public:
+  explicit Running(bool& mark) : mark_(mark) { mark_ = true; }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+  ~Running() { mark_ = false; }
+
+ private:
+  bool& mark_;
+};
+
+}  // namespace
+
+ScalePlayback::ScalePlayback(SoundManager& sounds, PlaybackStage& stage, platform::EventPump& events,
+                             core::MsgBox& msgBox)
+    : sounds_(sounds), stage_(stage), events_(events), msgBox_(msgBox) {}
+
+void ScalePlayback::PlayToneNotes() {
+  if (running_) return;
+  const Running running(running_);
+  cancelled_ = false;
+  core::DeferredFailure failure;
+  Score score = ReadScore(failure);
+  for (int position = 0; position < kPositions && !cancelled_; ++position) PlayPosition(score, position, failure);
+  sounds_.UnloadSoundBuffer(SoundManager::kAllBuffers);
+  if (!cancelled_) failure.ReportDescription(msgBox_);
+}
+
+ScalePlayback::Score ScalePlayback::ReadScore(core::DeferredFailure& failure) {
+  Score score;
+  std::optional<std::string> scaleType = std::string();
+  std::optional<std::string> pattern = std::string();
+  failure.Try([&] { scaleType = stage_.CurrentField(kScaleTypeNameField); });
+  failure.Try([&] { pattern = stage_.CurrentField(kScaleIntervalsField); });
+  failure.Try([&] { score.keyName = stage_.KeyText(); });
+  if (score.keyName.empty()) {
+    score.keyName = "C";
+  } else {
+    score.startNumber = core::CNoteToNumber(score.keyName);
+  }
+  if (pattern) score.length = static_cast<int>(core::CharacterCount(*pattern));
+  score.notes.resize(kPositions);
+  failure.Try([&] {
+    score.notes =
+        core::ScaleArrayNotes(score.startNumber, scaleType.value_or(std::string()), pattern, kPositions, msgBox_);
+  });
+  for (int image = 0; image < kImages; ++image) {
+    failure.Try([&] { score.tags[static_cast<std::size_t>(image)] = stage_.ImageTag(image); });
+  }
+  return score;
+}
+
+void ScalePlayback::PlayPosition(Score& score, int position, core::DeferredFailure& failure) {
+  const std::string& note = score.notes[static_cast<std::size_t>(position)];
+  for (int image = 0; image < kImages && !cancelled_; ++image) {
+    if (!note.empty() && score.tags[static_cast<std::size_t>(image)] == note) {
+      PlayImage(score, position, image, failure);
+    }
+  }
+  if (!cancelled_ && position == score.length && score.keyPlayed) PlayClosingKey(score, failure);
+  if (cancelled_) return;
+  score.lastPlayed = note;
+  failure.Try([&] { stage_.HidePicture1(); });
+}
+
+void ScalePlayback::PlayImage(Score& score, int position, int image, core::DeferredFailure& failure) {
+  const std::string& note = score.notes[static_cast<std::size_t>(position)];
+  const std::int32_t slot = image / kImagesOnAString + 1;
+  const bool isKey = note == score.keyName;
+  CurrentPlayNote = note;
+  if (position > score.length || slot > kSoundingStrings) return;
+  if (!isKey) WaitForSoundEnd(failure);
+  if (cancelled_ || note == score.lastPlayed) return;
+  Sound(slot, position, image, failure);
+  if (isKey) {
+    WaitForSoundEnd(failure);
+    score.keyPlayed = true;
+  }
+  score.lastPlayed = note;
+}
+
+void ScalePlayback::PlayClosingKey(Score& score, core::DeferredFailure& failure) {
+  const std::string keyNote = core::CNumberToNote(score.startNumber, msgBox_);
+  CurrentPlayNote = keyNote;
+  WaitForSoundEnd(failure);
+  if (cancelled_ || keyNote == score.lastPlayed) return;
+  // The marker goes to the first place of the key on the neck. There is one: the mark says that the key has sounded.
+  const auto image = std::find(score.tags.begin(), score.tags.end(), keyNote) - score.tags.begin();
+  Sound(1, score.startNumber, static_cast<int>(image), failure);
+  WaitForSoundEnd(failure);
+  score.keyPlayed = false;
+}
+
+void ScalePlayback::Sound(std::int32_t slot, int fileNumber, int image, core::DeferredFailure& failure) {
+  std::string file;
+  failure.Try([&] { file = stage_.AudioFolder() + std::to_string(fileNumber) + ".wav"; });
+  sounds_.LoadSoundBuffer(slot, file, BufferFlags::kNone);
+  if (cancelled_) return;
+  PlayMultiSounds(slot, file);
+  failure.Try([&] { stage_.FlashNotes("img" + std::to_string(image)); });
+}
+
+void ScalePlayback::WaitForSoundEnd(core::DeferredFailure& failure) {
+  // A slot that was released in the middle of its sound ends without a notice; nothing is left to wait for then.
+  while (!SoundEnded && !cancelled_ && IsAnySlotPlaying()) {
+    if (!failure.Try([&] { events_.WaitForEvents(); })) return;
+  }
+}
+
+bool ScalePlayback::IsAnySlotPlaying() const {
+  for (std::int32_t slot = 1; slot <= SoundManager::kBufferCount; ++slot) {
+    if (sounds_.Buffer(slot).state == BufferState::kPlaying) return true;
+  }
+  return false;
+}
+
+void ScalePlayback::PlayMultiSounds(std::int32_t pIndex, const std::string& /*txtSoundFile*/) {
+  core::DeferredFailure failure;
+  failure.Try([&] { sounds_.PlaySoundBuffer(pIndex); });
+  failure.ReportDescription(msgBox_);
+}
+
+void ScalePlayback::SoundLoaded(std::int32_t /*BufferIndex*/) { ShowStatus("Loaded", kBlue); }
+
+void ScalePlayback::SoundPlayStart(std::int32_t /*BufferIndex*/) {
+  SoundEnded = false;
+  ShowStatus("Playing: " + CurrentPlayNote, kBlue);
+}
+
+void ScalePlayback::SoundPlayEnd(std::int32_t /*BufferIndex*/) {
+  SoundEnded = true;
+  ShowStatus("Stopped", kBlue);
+}
+
+void ScalePlayback::SoundUnloaded(std::int32_t /*BufferIndex*/) { ShowStatus("Standby", kGrey); }
+
+void ScalePlayback::ShowStatus(const std::string& caption, StatusColour colour) {
+  if (running_ && cancelled_) return;
+  core::DeferredFailure failure;
+  failure.Try([&] { stage_.ShowStatus(caption, colour); });
+  failure.ReportNumberAndDescription(msgBox_);
+}
+
+void Pause(std::int32_t seconds, const platform::TimeOfDay& clock, platform::EventPump& events) {
+  const double start = clock.SecondsSinceMidnight();
+  while (true) {
+    const double left = seconds - std::abs(clock.SecondsSinceMidnight() - start);
+    if (left <= 0) return;
+    events.WaitForEvents(std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(left)));
+  }
+}
+
+}  // namespace tonalith::audio

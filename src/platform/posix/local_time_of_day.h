@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The local clock's time of day.
+
+#pragma once
+
+#include "platform/clock.h"
+
+namespace tonalith::platform {
+
+class LocalTimeOfDay : public TimeOfDay {
+ public:
+  [[nodiscard]] double SecondsSinceMidnight() const override;
+};
+
+}  // namespace tonalith::platform

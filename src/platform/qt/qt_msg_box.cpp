@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "platform/qt/qt_msg_box.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+namespace tonalith::platform {
+namespace {
+
+using core::MsgBoxAnswer;
+using core::MsgBoxStyle;
+
+bool Has(MsgBoxStyle style, int mask, MsgBoxStyle wanted) {
+  return (static_cast<int>(style) & mask) == static_cast<int>(wanted);
+}
+
+constexpr int kButtonMask = 0x0F;
+
+QMessageBox::Icon IconOf(MsgBoxStyle style) {
+  constexpr int kIconMask = 0xF0;
+  // A box that is answered with Yes or No asks; it never reports.
+  if (Has(style, kButtonMask, MsgBoxStyle::kYesNo)) return QMessageBox::Question;
+  if (Has(style, kIconMask, MsgBoxStyle::kCritical)) return QMessageBox::Critical;
+  if (Has(style, kIconMask, MsgBoxStyle::kQuestion)) return QMessageBox::Question;
+  if (Has(style, kIconMask, MsgBoxStyle::kExclamation)) return QMessageBox::Warning;
+  if (Has(style, kIconMask, MsgBoxStyle::kInformation)) return QMessageBox::Information;
+  return QMessageBox::NoIcon;
+}
+
+void SetButtons(QMessageBox& box, MsgBoxStyle style) {
+  const bool second = Has(style, static_cast<int>(MsgBoxStyle::kDefaultButton2), MsgBoxStyle::kDefaultButton2);
+  if (Has(style, kButtonMask, MsgBoxStyle::kOkCancel)) {
+    box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
+    box.setDefaultButton(second ? QMessageBox::Cancel : QMessageBox::Ok);
+  } else if (Has(style, kButtonMask, MsgBoxStyle::kYesNo)) {
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(second ? QMessageBox::No : QMessageBox::Yes);
+    // A question that has no Cancel is answered "No" by Escape and by the close box.
+    box.setEscapeButton(QMessageBox::No);
+  } else {
+    box.setStandardButtons(QMessageBox::Ok);
+  }
+}
+
+MsgBoxAnswer AnswerOf(int button) {
+  switch (button) {
+    case QMessageBox::Cancel:
+      return MsgBoxAnswer::kCancel;
+    case QMessageBox::Yes:
+      return MsgBoxAnswer::kYes;
+    case QMessageBox::No:
+      return MsgBoxAnswer::kNo;
+    default:
+      return MsgBoxAnswer::kOk;
+  }
+}
+
+}  // namespace
+
+MsgBoxAnswer QtMsgBox::Show(const std::string& text, MsgBoxStyle style, const std::string& title) {
+  QMessageBox box(QApplication::activeWindow());
+  box.setObjectName(QStringLiteral("MsgBox"));
+  box.setWindowTitle(QString::fromStdString(title.empty() ? applicationTitle_ : title));
+  // A scale's name may look like markup; it is shown as it is written.
+  box.setTextFormat(Qt::PlainText);
+  box.setText(QString::fromStdString(text));
+  box.setIcon(IconOf(style));
+  SetButtons(box, style);
+  return AnswerOf(box.exec());
+}
+
+}  // namespace tonalith::platform

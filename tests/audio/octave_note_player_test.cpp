@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "audio/octave_note_player.h"
+
+#include <gtest/gtest.h>
+
+#include "audio/wave_bytes.h"
+#include "platform/scripted/scripted_audio.h"
+
+namespace tonalith::audio {
+namespace {
+
+using testing::Number;
+using testing::Wave;
+
+struct Rig {
+  explicit Rig(std::size_t cacheLimit = OctaveNotePlayer::kCacheLimit) : player(files, output, cacheLimit) {
+    for (const char* name : {"1.wav", "2.wav", "3.wav"}) files.Put(name, Wave({}, Number(0, 100)));
+  }
+  std::string Take() {
+    std::string record = script.Record();
+    script.Forget();
+    return record;
+  }
+  platform::AudioScript script;
+  platform::ScriptedFileInput files{script};
+  platform::ScriptedNoticeWindows windows{script};
+  platform::ScriptedWaveOutput output{script, windows};
+  OctaveNotePlayer player;
+};
+
+TEST(OctaveNotePlayer, PlaysAFileWithoutWantingANotice) {
+  Rig rig;
+  rig.player.Play("1.wav");
+  EXPECT_EQ(rig.Take(),
+            "open file 1.wav\nclose file\n"
+            "open 101 tag 1 channels 1 rate 44100 bits 16 for window 0\n"
+            "prepare 101 with 100 bytes\nwrite 101\n");
+}
+
+TEST(OctaveNotePlayer, PutsANewNoteInThePlaceOfTheSoundingOne) {
+  Rig rig;
+  rig.player.Play("1.wav");
+  rig.Take();
+  rig.player.Play("2.wav");
+  EXPECT_TRUE(rig.Take().starts_with("reset 101\nunprepare 101\nclose 101\nopen file 2.wav\n"));
+  EXPECT_EQ(rig.output.OpenDevices(), std::vector<platform::WaveHandle>{102});
+  EXPECT_TRUE(rig.output.IsPlaying(102));
+}
+
+TEST(OctaveNotePlayer, ReadsAFileOnce) {
+  Rig rig;
+  for (int i = 0; i < 3; ++i) rig.player.Play("1.wav");
+  EXPECT_EQ(rig.script.Count("open file"), 1);
+  EXPECT_EQ(rig.script.Count("write"), 3);
+}
+
+TEST(OctaveNotePlayer, FallsSilentForAFileThatIsMissing) {
+  Rig rig;
+  rig.player.Play("1.wav");
+  rig.player.Play("missing.wav");
+  EXPECT_TRUE(rig.output.OpenDevices().empty());
+}
+
+TEST(OctaveNotePlayer, FallsSilentForAFileThatIsNoSound) {
+  Rig rig;
+  rig.files.Put("text.wav", testing::Text("no sound at all"));
+  rig.player.Play("text.wav");
+  EXPECT_EQ(rig.script.Count("open"), 0);
+}
+
+TEST(OctaveNotePlayer, TriesAMissingFileAgainTheNextTime) {
+  Rig rig;
+  rig.player.Play("late.wav");
+  rig.files.Put("late.wav", Wave({}, Number(0, 4)));
+  rig.player.Play("late.wav");
+  EXPECT_EQ(rig.script.Count("write"), 1);
+}
+
+TEST(OctaveNotePlayer, StaysSilentOnADeviceThatRefusesTheFormat) {
+  Rig rig;
+  rig.script.Refuse("open");
+  rig.player.Play("1.wav");
+  rig.player.Play("2.wav");
+  EXPECT_EQ(rig.output.OpenDevices().size(), 1U);
+}
+
+TEST(OctaveNotePlayer, ForgetsTheLongestUnheardFileWhenTheMemoryIsFull) {
+  Rig rig(250);
+  rig.player.Play("1.wav");
+  rig.player.Play("2.wav");
+  rig.player.Play("1.wav");
+  rig.player.Play("3.wav");
+  EXPECT_EQ(rig.player.CachedBytes(), 200U);
+  EXPECT_EQ(rig.script.Count("open file"), 3);
+  rig.player.Play("1.wav");
+  EXPECT_EQ(rig.script.Count("open file"), 3);
+  rig.player.Play("2.wav");
+  EXPECT_EQ(rig.script.Count("open file"), 4);
+}
+
+TEST(OctaveNotePlayer, PlaysAFileThatIsLargerThanItsMemoryWithoutKeepingIt) {
+  Rig rig(50);
+  rig.player.Play("1.wav");
+  EXPECT_EQ(rig.player.CachedBytes(), 0U);
+  EXPECT_TRUE(rig.output.IsPlaying(101));
+}
+
+TEST(OctaveNotePlayer, ReleasesItsDeviceWhenItGoes) {
+  platform::AudioScript script;
+  platform::ScriptedFileInput files(script);
+  platform::ScriptedNoticeWindows windows(script);
+  platform::ScriptedWaveOutput output(script, windows);
+  files.Put("1.wav", Wave({}, Number(0, 4)));
+  { OctaveNotePlayer(files, output).Play("1.wav"); }
+  EXPECT_TRUE(output.OpenDevices().empty());
+}
+
+}  // namespace
+}  // namespace tonalith::audio

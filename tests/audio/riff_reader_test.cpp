@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "audio/riff_reader.h"
+
+#include <gtest/gtest.h>
+
+#include "audio/wave_bytes.h"
+#include "platform/scripted/scripted_audio.h"
+
+namespace tonalith::audio {
+namespace {
+
+using testing::Bytes;
+using testing::Chunk;
+using testing::Number;
+using testing::Riff;
+using testing::Text;
+
+/// The chunks that a search for "data" meets, as a line: "found <size> at <offset>" or "not there".
+class OpenRiff {
+ public:
+  explicit OpenRiff(const Bytes& bytes) {
+    files_.Put("file", bytes);
+    file_ = files_.Open("file");
+  }
+  RiffReader Reader() { return RiffReader(*file_); }
+
+  std::string FindData() {
+    RiffReader reader(*file_);
+    MMCKINFO outer;
+    if (reader.Descend(outer) != Descent::kEntered) return "no outer chunk";
+    MMCKINFO data{.ckid = StringToFOURCC("data")};
+    if (reader.FindChunk(data, outer) != Descent::kEntered) return "not there";
+    return "found " + std::to_string(data.cksize) + " at " + std::to_string(data.dwDataOffset);
+  }
+
+  platform::AudioScript& Script() { return script_; }
+
+ private:
+  platform::AudioScript script_;
+  platform::ScriptedFileInput files_{script_};
+  std::unique_ptr<platform::InputFile> file_;
+};
+
+std::string FindDataIn(const Bytes& bytes) { return OpenRiff(bytes).FindData(); }
+
+TEST(RiffReader, PadsAShorterCodeWithBlanks) {
+  EXPECT_EQ(StringToFOURCC("fmt"), StringToFOURCC("fmt "));
+  EXPECT_EQ(StringToFOURCC("RIFF"), 0x46464952U);
+}
+
+TEST(RiffReader, EntersTheOuterChunkAndReadsItsForm) {
+  OpenRiff file(Riff(Chunk("data", Number(1, 4))));
+  RiffReader reader = file.Reader();
+  MMCKINFO outer;
+  ASSERT_EQ(reader.Descend(outer), Descent::kEntered);
+  EXPECT_EQ(outer.ckid, StringToFOURCC("RIFF"));
+  EXPECT_EQ(outer.fccType, StringToFOURCC("WAVE"));
+  EXPECT_EQ(outer.cksize, 16U);
+  EXPECT_EQ(outer.dwDataOffset, 8U);
+}
+
+TEST(RiffReader, DoesNotEnterAFileShorterThanAHeader) {
+  EXPECT_EQ(FindDataIn({}), "no outer chunk");
+  EXPECT_EQ(FindDataIn(Text("RIFF")), "no outer chunk");
+  EXPECT_EQ(FindDataIn(Text("RIFF") + Number(4, 4) + Text("WA")), "no outer chunk");
+}
+
+TEST(RiffReader, FindsAChunkBehindOthersAndTheirPadBytes) {
+  EXPECT_EQ(FindDataIn(Riff(Chunk("LIST", Number(1, 3)) + Chunk("fact", Number(1, 4)) + Chunk("bext", Number(1, 5)) +
+                            Chunk("data", Number(1, 2)))),
+            "found 2 at 58");
+}
+
+TEST(RiffReader, FindsAnOddSizedChunkThatTheFileEndsWithWithoutItsPadByte) {
+  EXPECT_EQ(FindDataIn(Text("RIFF") + Number(15, 4) + Text("WAVE") + Text("data") + Number(3, 4) + Number(0, 3)),
+            "found 3 at 20");
+}
+
+TEST(RiffReader, DoesNotSearchBehindItsParent) {
+  EXPECT_EQ(FindDataIn(Riff(Chunk("fact", Number(1, 4)), 16) + Chunk("data", Number(1, 2))), "not there");
+  EXPECT_EQ(FindDataIn(Riff(Chunk("data", Number(1, 2)), 0)), "not there");
+  EXPECT_EQ(FindDataIn(Riff(Chunk("data", Number(1, 2)), 11)), "not there") << "the header reaches over the end";
+}
+
+TEST(RiffReader, TakesAParentThatClaimsTooMuchForAsLongAsTheFile) {
+  EXPECT_EQ(FindDataIn(Riff(Chunk("data", Number(1, 2)), 0xFFFFFFFF)), "found 2 at 20");
+  EXPECT_EQ(FindDataIn(Riff(Chunk("fact", Number(1, 2)), 0xFFFFFFFF)), "not there");
+}
+
+TEST(RiffReader, GivesUpAtAChunkThatReachesOverTheEnd) {
+  EXPECT_EQ(FindDataIn(Riff(Chunk("fact", Number(1, 4), 0xFFFFFFFF) + Chunk("data", Number(1, 2)))), "not there");
+  EXPECT_EQ(FindDataIn(Riff(Chunk("fact", Number(1, 4), 0x7FFFFFFF) + Chunk("data", Number(1, 2)))), "not there");
+}
+
+TEST(RiffReader, StepsOverChunksWithoutContent) {
+  EXPECT_EQ(FindDataIn(Riff(Chunk("fact", {}) + Chunk("fact", {}) + Chunk("data", Number(1, 2)))), "found 2 at 36");
+}
+
+TEST(RiffReader, StopsAtAReadOrASeekThatFails) {
+  const Bytes bytes = Riff(Chunk("fact", Number(1, 4)) + Chunk("data", Number(1, 2)));
+  for (int nth = 1; nth <= 4; ++nth) {
+    OpenRiff file(bytes);
+    file.Script().Refuse("read", nth);
+    EXPECT_EQ(file.FindData(), nth <= 2 ? "no outer chunk" : "not there") << "read " << nth;
+  }
+  OpenRiff file(bytes);
+  file.Script().Refuse("seek");
+  EXPECT_EQ(file.FindData(), "not there");
+}
+
+TEST(RiffReader, CountsWhatTheFileHoldsFromTheCurrentPositionOn) {
+  OpenRiff file(Number(0, 10));
+  RiffReader reader = file.Reader();
+  EXPECT_EQ(reader.Remaining(), 10U);
+  EXPECT_EQ(reader.Seek(4), 4);
+  EXPECT_EQ(reader.Remaining(), 6U);
+  EXPECT_EQ(reader.Seek(400), 400);
+  EXPECT_EQ(reader.Remaining(), 0U);
+}
+
+}  // namespace
+}  // namespace tonalith::audio

@@ -1,0 +1,393 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "audio/scale_playback.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <sstream>
+
+#include "audio/sound_rig.h"
+
+namespace tonalith::audio {
+namespace {
+
+/// A window with a neck in standard tuning; what is done to it goes into the record.
+class ScriptedStage : public PlaybackStage {
+ public:
+  explicit ScriptedStage(platform::AudioScript& script) : script_(script) {
+    const int open[] = {4, 11, 7, 2, 9, 4};
+    for (std::size_t image = 0; image < 96; ++image) {
+      const auto note = static_cast<std::size_t>(open[image / 16]) + image % 16;
+      tags[image] = std::string(core::kSharpNotes[note % 12]);
+    }
+  }
+
+  std::optional<std::string> CurrentField(int position) override {
+    script_.Refused("field", {});
+    if (position == 9) return "Major";
+    return position == 5 ? pattern : "wrong field";
+  }
+  std::string KeyText() override { return script_.Refused("key", {}) ? "" : key; }
+  std::string ImageTag(int index) override {
+    script_.Refused("tag", {});
+    return tags[static_cast<std::size_t>(index)];
+  }
+  std::string AudioFolder() override {
+    script_.Refused("folder", {});
+    return "Audio/";
+  }
+  void FlashNotes(const std::string& controlName) override { script_.Refused("flash", "flash " + controlName); }
+  void HidePicture1() override { script_.Refused("hide", "hide marker"); }
+  void ShowStatus(const std::string& caption, StatusColour colour) override {
+    const std::string name = colour == StatusColour{0, 0, 255}       ? "blue"
+                             : colour == StatusColour{127, 127, 127} ? "grey"
+                                                                     : "other";
+    script_.Refused("status", "status " + caption + " (" + name + ")");
+  }
+
+  std::optional<std::string> pattern = "2212221";
+  std::string key = "C";
+  std::array<std::string, 96> tags;
+
+ private:
+  platform::AudioScript& script_;
+};
+
+/// Every wait lets the sounding note end, after whatever the test does at that wait.
+class ScriptedEvents : public platform::EventPump {
+ public:
+  explicit ScriptedEvents(testing::SoundRig& rig) : rig_(rig) {}
+  void WaitForEvents() override {
+    ++waits;
+    rig_.script.Refused("wait", {});
+    if (during) during(waits);
+    rig_.output.FinishAll();
+    rig_.windows.Dispatch();
+  }
+  void WaitForEvents(std::chrono::milliseconds /*limit*/) override { WaitForEvents(); }
+
+  int waits = 0;
+  std::function<void(int wait)> during;
+
+ private:
+  testing::SoundRig& rig_;
+};
+
+struct Rig : testing::SoundRig {
+  Rig() {
+    for (int number = 0; number < 16; ++number) {
+      files.Put("Audio/" + std::to_string(number) + ".wav", testing::Wave({}, testing::Number(0, 8)));
+    }
+    sounds.Notifier = &playback;
+  }
+
+  /// The notes of a playback in their order, each as file number and image: "0@img8 1@img10".
+  std::string Tune() {
+    script.Forget();
+    playback.PlayToneNotes();
+    std::string tune;
+    std::string file;
+    std::istringstream lines(script.Record());
+    for (std::string line; std::getline(lines, line);) {
+      if (line.starts_with("open file Audio/")) file = line.substr(16, line.size() - 20);
+      if (line.starts_with("flash ")) tune += (tune.empty() ? "" : " ") + file + "@" + line.substr(6);
+    }
+    return tune;
+  }
+
+  ScriptedStage stage{script};
+  ScriptedEvents events{*this};
+  ScalePlayback playback{sounds, stage, events, box};
+};
+
+constexpr const char* kCMajor = "0@img8 1@img10 2@img0 3@img1 4@img3 5@img5 6@img7 7@img8";
+
+TEST(PlayToneNotes, WalksTheScaleUpToTheOctave) {
+  Rig rig;
+  EXPECT_EQ(rig.Tune(), kCMajor);
+  EXPECT_EQ(rig.box.Texts(), "");
+}
+
+TEST(PlayToneNotes, NumbersTheFilesByPositionWhateverTheKey) {
+  Rig rig;
+  rig.stage.key = "D";
+  EXPECT_EQ(rig.Tune(), "0@img10 1@img0 2@img2 3@img3 4@img5 5@img7 6@img9 7@img10");
+}
+
+TEST(PlayToneNotes, TakesCForAnEmptyKeyText) {
+  Rig rig;
+  rig.stage.key = "";
+  EXPECT_EQ(rig.Tune(), kCMajor);
+}
+
+TEST(PlayToneNotes, ClosesAScaleThatMissesTheOctaveWithTheKeysOwnFile) {
+  Rig rig;
+  rig.stage.key = "D";
+  rig.stage.pattern = "22";
+  EXPECT_EQ(rig.Tune(), "0@img10 1@img0 2@img2 2@img10");
+}
+
+TEST(PlayToneNotes, PlaysNothingBeyondThePatternsEnd) {
+  Rig rig;
+  rig.stage.pattern = "4";
+  EXPECT_EQ(rig.Tune(), "0@img8 1@img0 0@img8");
+  EXPECT_EQ(rig.script.Count("open file"), 3);
+}
+
+TEST(PlayToneNotes, PlaysAtMostSixteenPositions) {
+  Rig rig;
+  rig.stage.pattern = "1111111111111111111";
+  const std::string tune = rig.Tune();
+  EXPECT_TRUE(tune.ends_with("15@img11")) << tune;
+  EXPECT_EQ(rig.script.Count("open file"), 16);
+}
+
+TEST(PlayToneNotes, SkipsANoteThatRepeatsTheOneBefore) {
+  Rig rig;
+  rig.stage.pattern = "202";
+  EXPECT_EQ(rig.Tune(), "0@img8 1@img10 3@img0 0@img8");
+}
+
+TEST(PlayToneNotes, SoundsOnlyTheFirstTwoStrings) {
+  Rig rig;
+  for (std::size_t image = 0; image < 32; ++image) rig.stage.tags[image] = "";
+  EXPECT_EQ(rig.Tune(), "");
+  EXPECT_EQ(rig.script.Count("open file"), 0);
+  EXPECT_EQ(rig.playback.CurrentPlayNote, "C") << "the silent strings still name the note";
+}
+
+TEST(PlayToneNotes, UsesTheSlotOfTheNotesString) {
+  Rig rig;
+  for (std::size_t image = 0; image < 16; ++image) rig.stage.tags[image] = "";
+  std::string slots;
+  rig.events.during = [&](int /*wait*/) {
+    for (std::int32_t slot = 1; slot <= 32; ++slot) {
+      if (rig.sounds.Buffer(slot).state == BufferState::kPlaying) slots += std::to_string(slot) + " ";
+    }
+  };
+  EXPECT_EQ(rig.Tune(), "0@img17 1@img19 2@img21 3@img22 4@img24 5@img26 6@img16 7@img17");
+  EXPECT_EQ(slots, "2 2 2 2 2 2 2 2 ");
+}
+
+TEST(PlayToneNotes, NeverLetsTwoNotesSoundAtOnce) {
+  Rig rig;
+  rig.events.during = [&](int /*wait*/) {
+    int playing = 0;
+    for (const platform::WaveHandle device : rig.output.OpenDevices()) playing += rig.output.IsPlaying(device) ? 1 : 0;
+    EXPECT_EQ(playing, 1);
+  };
+  rig.Tune();
+  EXPECT_EQ(rig.events.waits, 8) << "one wait for each note: nothing spins";
+}
+
+TEST(PlayToneNotes, ShowsTheLifeOfEachNoteAndEndsAtStandby) {
+  Rig rig;
+  rig.stage.pattern = "75";
+  rig.Tune();
+  std::string shown;
+  std::istringstream lines(rig.script.Record());
+  for (std::string line; std::getline(lines, line);) {
+    if (line.starts_with("status ") || line.starts_with("flash ") || line.starts_with("hide ")) shown += line + "\n";
+  }
+  const std::string hiddenTwice = "hide marker\nhide marker\n";
+  EXPECT_EQ(shown,
+            "status Loaded (blue)\nstatus Playing: C (blue)\nflash img8\nstatus Stopped (blue)\nhide marker\n"
+            "status Standby (grey)\n"
+            "status Loaded (blue)\nstatus Playing: G (blue)\nflash img3\nstatus Stopped (blue)\nhide marker\n"
+            "status Standby (grey)\n"
+            "status Loaded (blue)\nstatus Playing: C (blue)\nflash img8\nstatus Stopped (blue)\nhide marker\n" +
+                hiddenTwice + hiddenTwice + hiddenTwice + hiddenTwice + hiddenTwice + hiddenTwice +
+                "hide marker\nstatus Standby (grey)\n");
+}
+
+TEST(PlayToneNotes, ReleasesAllSlotsAtItsEnd) {
+  Rig rig;
+  rig.sounds.LoadSoundBuffer(20, "a.wav", BufferFlags::kNone);
+  rig.Tune();
+  EXPECT_TRUE(rig.output.OpenDevices().empty());
+}
+
+TEST(PlayToneNotes, ShowsTheMessageForAMissingFileAndGoesOn) {
+  Rig rig;
+  rig.files.Remove("Audio/0.wav");
+  rig.files.Remove("Audio/2.wav");
+  EXPECT_EQ(rig.Tune(), kCMajor);
+  EXPECT_EQ(rig.box.Texts(), "Cannot open file\nCannot open file\n");
+  EXPECT_EQ(rig.script.Count("write"), 6);
+}
+
+TEST(PlayToneNotes, WaitsForASoundThatIsAlreadyPlaying) {
+  Rig rig;
+  rig.stage.key = "C";
+  for (std::size_t image = 0; image < 32; ++image) {
+    if (rig.stage.tags[image] == "C") rig.stage.tags[image] = "";
+  }
+  rig.sounds.LoadSoundBuffer(30, "a.wav", BufferFlags::kPlayOnLoad);
+  EXPECT_FALSE(rig.playback.SoundEnded);
+  bool early = false;
+  rig.events.during = [&](int wait) { early = early || (wait == 1 && rig.script.Count("open file") > 1); };
+  rig.Tune();
+  EXPECT_FALSE(early) << "the first note came before the other sound's end";
+  EXPECT_EQ(rig.script.Count("write"), 7);
+}
+
+TEST(PlayToneNotes, DoesNothingWhileAnotherCallRuns) {
+  Rig rig;
+  rig.events.during = [&](int wait) {
+    if (wait == 2) rig.playback.PlayToneNotes();
+  };
+  EXPECT_EQ(rig.Tune(), kCMajor);
+  EXPECT_FALSE(rig.playback.IsRunning());
+}
+
+TEST(PlayToneNotes, KeepsToThePatternTheKeyAndTheTagsOfItsStart) {
+  Rig rig;
+  rig.events.during = [&](int wait) {
+    if (wait != 2) return;
+    rig.stage.key = "F#";
+    rig.stage.pattern = "111";
+    rig.stage.tags.fill("B");
+  };
+  EXPECT_EQ(rig.Tune(), kCMajor);
+}
+
+TEST(PlayToneNotes, EndsAtOnceWhenItIsCancelledInAWait) {
+  Rig rig;
+  rig.events.during = [&](int wait) {
+    if (wait != 3) return;
+    rig.playback.Cancel();
+    rig.sounds.UnloadSoundBuffer(SoundManager::kAllBuffers);
+    rig.sounds.TerminateSoundManager();
+    rig.script.Forget();
+  };
+  rig.playback.PlayToneNotes();
+  EXPECT_EQ(rig.events.waits, 3);
+  EXPECT_EQ(rig.script.Record(), "") << "the window is going: nothing may touch it";
+  EXPECT_TRUE(rig.output.OpenDevices().empty());
+}
+
+TEST(PlayToneNotes, EndsWithoutAMessageWhenItIsCancelledInAMessageBox) {
+  Rig rig;
+  struct ClosingMsgBox : core::RecordingMsgBox {
+    using core::MsgBox::Show;
+    core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override {
+      if (then) then();
+      return core::RecordingMsgBox::Show(text, style, title);
+    }
+    std::function<void()> then;
+  } box;
+  SoundManager sounds(rig.files, rig.output, rig.windows, box);
+  ScalePlayback playback(sounds, rig.stage, rig.events, box);
+  sounds.Notifier = &playback;
+  rig.files.Remove("Audio/0.wav");
+  rig.script.Break("field");
+  box.then = [&] { playback.Cancel(); };
+  rig.stage.pattern = "2212221";
+  playback.PlayToneNotes();
+  EXPECT_EQ(box.Texts(), "Cannot open file\n");
+  EXPECT_EQ(rig.script.Record().find("flash"), std::string::npos);
+}
+
+TEST(PlayToneNotes, PlaysAgainAfterItWasCancelled) {
+  Rig rig;
+  rig.events.during = [&](int wait) {
+    if (wait == 3) rig.playback.Cancel();
+  };
+  rig.playback.PlayToneNotes();
+  rig.events.during = nullptr;
+  EXPECT_EQ(rig.Tune(), kCMajor);
+}
+
+TEST(PlayToneNotes, DoesNotWaitForASlotThatWasReleasedInTheMiddle) {
+  Rig rig;
+  rig.events.during = [&](int wait) {
+    if (wait == 2) rig.sounds.UnloadSoundBuffer(SoundManager::kAllBuffers);
+  };
+  EXPECT_EQ(rig.Tune(), kCMajor);
+}
+
+TEST(PlayToneNotes, GoesOnPastFailuresAndShowsTheLastOneAtItsEnd) {
+  Rig rig;
+  rig.script.Break("flash", 2);
+  rig.script.Break("hide", 16);
+  EXPECT_EQ(rig.Tune(), kCMajor);
+  EXPECT_EQ(rig.box.Texts(), "hide broke\n");
+}
+
+TEST(PlayToneNotes, ShowsTheFailureOfARecordThatCannotBeRead) {
+  Rig rig;
+  rig.script.Break("field", 2);
+  rig.Tune();
+  EXPECT_EQ(rig.box.Texts(), "field broke\n");
+  EXPECT_FALSE(rig.playback.IsRunning());
+}
+
+TEST(PlayToneNotes, ReportsANullPatternOnceAndPlaysNothing) {
+  Rig rig;
+  rig.stage.pattern.reset();
+  EXPECT_EQ(rig.Tune(), "");
+  EXPECT_EQ(rig.box.Texts(), "9 Subscript out of range\n");
+}
+
+TEST(PlayToneNotes, ReportsAPatternThatIsNoneOnce) {
+  Rig rig;
+  rig.stage.pattern = "2x2";
+  EXPECT_EQ(rig.Tune(), "");
+  EXPECT_EQ(rig.box.Texts(), "13 Type mismatch\n");
+}
+
+TEST(SoundNoticeHandlers, ReportNumberAndDescription) {
+  Rig rig;
+  rig.script.Break("status");
+  rig.playback.SoundPlayEnd(1);
+  EXPECT_EQ(rig.box.Texts(), "51: status broke\n");
+  EXPECT_TRUE(rig.playback.SoundEnded);
+}
+
+TEST(PlayMultiSounds, PlaysTheSlotWithoutLookingAtTheFile) {
+  Rig rig;
+  rig.sounds.LoadSoundBuffer(2, "a.wav", BufferFlags::kNone);
+  rig.playback.PlayMultiSounds(2, "other.wav");
+  EXPECT_EQ(rig.sounds.Buffer(2).state, BufferState::kPlaying);
+  rig.playback.PlayMultiSounds(99, "other.wav");
+  EXPECT_EQ(rig.box.Texts(), "");
+}
+
+/// A clock that goes on by what is waited.
+struct ManualTime : platform::TimeOfDay, platform::EventPump {
+  [[nodiscard]] double SecondsSinceMidnight() const override { return now; }
+  void WaitForEvents() override { ADD_FAILURE() << "waits without a limit"; }
+  void WaitForEvents(std::chrono::milliseconds limit) override {
+    ++waits;
+    now += std::min(1.5, std::chrono::duration<double>(limit).count());
+    if (now >= 86400) now -= 86400;
+  }
+  double now = 1000;
+  int waits = 0;
+};
+
+TEST(Pause, HandlesEventsUntilTheSecondsAreOver) {
+  ManualTime time;
+  Pause(4, time, time);
+  EXPECT_NEAR(time.now, 1004, 0.01);
+  EXPECT_EQ(time.waits, 3);
+}
+
+TEST(Pause, EndsAtMidnight) {
+  ManualTime time;
+  time.now = 86398;
+  Pause(10, time, time);
+  EXPECT_LT(time.now, 2);
+}
+
+TEST(Pause, IsOverAtOnceForNoSeconds) {
+  ManualTime time;
+  Pause(0, time, time);
+  Pause(-3, time, time);
+  EXPECT_EQ(time.waits, 0);
+}
+
+}  // namespace
+}  // namespace tonalith::audio

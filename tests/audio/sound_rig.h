@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// A sound manager on scripted ports, with everything that happens written into one record in its order.
+
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "audio/sound_manager.h"
+#include "audio/wave_bytes.h"
+#include "core/recording_msg_box.h"
+#include "platform/scripted/scripted_audio.h"
+
+namespace tonalith::testing {
+
+class RecordingNotifier : public audio::SoundManagerNotifier {
+ public:
+  explicit RecordingNotifier(platform::AudioScript& script) : script_(script) {}
+  void SoundLoaded(std::int32_t BufferIndex) override { Note("SoundLoaded", BufferIndex); }
+  void SoundPlayStart(std::int32_t BufferIndex) override { Note("SoundPlayStart", BufferIndex); }
+  void SoundPlayEnd(std::int32_t BufferIndex) override { Note("SoundPlayEnd", BufferIndex); }
+  void SoundUnloaded(std::int32_t BufferIndex) override { Note("SoundUnloaded", BufferIndex); }
+  /// Called after each entry with its text: what a client does on a notice.
+  std::function<void(const std::string&)> then;
+
+ private:
+  void Note(const std::string& name, std::int32_t slot) {
+    const std::string line = name + " " + std::to_string(slot);
+    script_.Note(line);
+    if (then) then(line);
+  }
+  platform::AudioScript& script_;
+};
+
+/// A message box whose messages stand in the record too.
+class NotingMsgBox : public core::RecordingMsgBox {
+ public:
+  explicit NotingMsgBox(platform::AudioScript& script) : script_(script) {}
+  using core::MsgBox::Show;
+  core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override {
+    script_.Note("message '" + text + "'");
+    return core::RecordingMsgBox::Show(text, style, title);
+  }
+
+ private:
+  platform::AudioScript& script_;
+};
+
+struct SoundRig {
+  SoundRig() {
+    files.Put("a.wav", Wave({}, Number(0, 8)));
+    files.Put("b.wav", Wave({1, 2, 22050, 8}, Number(0, 6)));
+    sounds.Notifier = &notifier;
+  }
+
+  /// The record so far; it starts anew.
+  std::string Take() {
+    std::string record = script.Record();
+    script.Forget();
+    return record;
+  }
+
+  platform::AudioScript script;
+  platform::ScriptedFileInput files{script};
+  platform::ScriptedNoticeWindows windows{script};
+  platform::ScriptedWaveOutput output{script, windows};
+  NotingMsgBox box{script};
+  RecordingNotifier notifier{script};
+  audio::SoundManager sounds{files, output, windows, box};
+};
+
+}  // namespace tonalith::testing

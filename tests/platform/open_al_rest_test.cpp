@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// OpenAL Soft's null device plays into nothing at real time and can be paused, as a sound card can.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <thread>
+
+#include "platform/openal/open_al_mixer.h"
+#include "platform/processor_time.h"
+#include "platform/wave_output_conformance.h"
+
+namespace tonalith::testing {
+namespace {
+
+using std::chrono::milliseconds;
+
+struct NullDeviceHost : RealTimeHost {
+  platform::WaveOutput& Output() { return *output; }
+  int chosen = ::setenv("ALSOFT_DRIVERS", "null", 1);
+  std::unique_ptr<platform::WaveOutput> output = platform::MakeOpenAlWaveOutput(queue, nullptr);
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(OpenAlNullDevice, WaveOutputConformance, NullDeviceHost);
+
+class OpenAlRest : public ::testing::Test {
+ protected:
+  OpenAlRest() : samples_(Sine({}, 441, 0.1, 0.5)) {
+    window_ = host_.queue.CreateWindow({});
+    host_.queue.SetWindowProcedure(window_, [this](auto, auto, auto, auto) {
+      over_ = true;
+      return std::intptr_t{0};
+    });
+    device_ = host_.output->Open(PlainFormat(), window_);
+    header_.lpData = samples_.data();
+    header_.dwBufferLength = static_cast<std::uint32_t>(samples_.size());
+    host_.output->PrepareHeader(device_, header_);
+  }
+
+  /// Plays 0.1 seconds to the notice; the seconds it took.
+  double Play() {
+    over_ = false;
+    const auto start = std::chrono::steady_clock::now();
+    host_.output->Write(device_, header_);
+    while (!over_) host_.queue.WaitForEvents(milliseconds(100));
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  }
+
+  NullDeviceHost host_;
+  Bytes samples_;
+  platform::WindowHandle window_ = platform::kNoWindow;
+  platform::WaveHandle device_ = platform::kNoWaveHandle;
+  platform::WAVEHDR header_;
+  bool over_ = false;
+};
+
+TEST_F(OpenAlRest, NothingWakesUpWhenNothingHasPlayedForAWhile) {
+  Play();
+  std::this_thread::sleep_for(milliseconds(3000));
+  const long before = Sleeps();
+  const double used = ProcessorSeconds();
+  std::this_thread::sleep_for(milliseconds(1000));
+  EXPECT_LT(Sleeps() - before, 5) << "this thread's own sleep is one";
+  EXPECT_LT(ProcessorSeconds() - used, 0.005);
+}
+
+TEST_F(OpenAlRest, PlaysAgainAfterARest) {
+  Play();
+  std::this_thread::sleep_for(milliseconds(2500));
+  const double took = Play();
+  EXPECT_GT(took, 0.05);
+  EXPECT_LT(took, 0.5);
+}
+
+TEST_F(OpenAlRest, PostsTheNoticeWithinFifteenMillisecondsOfTheLastSample) {
+  Play();
+  std::vector<double> times;
+  times.reserve(15);
+  for (int i = 0; i < 15; ++i) times.push_back(Play());
+  std::nth_element(times.begin(), times.begin() + 7, times.end());
+  EXPECT_GT(times[7], 0.085);
+  EXPECT_LT(times[7], 0.115);
+}
+
+}  // namespace
+}  // namespace tonalith::testing
