@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "controls/data_control.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+
+#include "controls/arrow_button.h"
+#include "controls/panel_button.h"
+#include "controls/theme.h"
+#include "core/deferred_failure.h"
+#include "data/data_failure.h"
+
+namespace tonalith::controls {
+
+DataControl::DataControl(const QString& name, const QString& caption, core::MsgBox& msgBox, QWidget* parent)
+    : QFrame(parent), msgBox_(msgBox), caption_(new QLabel(caption, this)) {
+  setObjectName(name);
+  setAccessibleName(caption);
+  auto* const row = new QHBoxLayout(this);
+  row->setContentsMargins(1, 1, 1, 1);
+  row->setSpacing(0);
+  AddArrow(tr("First record"), static_cast<int>(ArrowButton::Kind::kFirst), &DataControl::MoveFirst);
+  AddArrow(tr("Previous record"), static_cast<int>(ArrowButton::Kind::kPrevious), &DataControl::MovePrevious);
+  caption_->setObjectName(name + QStringLiteral("Caption"));
+  caption_->setAlignment(Qt::AlignCenter);
+  row->addWidget(caption_, 1);
+  AddArrow(tr("Next record"), static_cast<int>(ArrowButton::Kind::kNext), &DataControl::MoveNext);
+  AddArrow(tr("Last record"), static_cast<int>(ArrowButton::Kind::kLast), &DataControl::MoveLast);
+}
+
+DataControl::~DataControl() = default;
+
+void DataControl::AddArrow(const QString& accessibleName, int kind, Move step) {
+  auto* const button = new ArrowButton(accessibleName, static_cast<ArrowButton::Kind>(kind), this);
+  layout()->addWidget(button);
+  connect(button, &QAbstractButton::clicked, this, [this, step] { RunMove(step); });
+}
+
+void DataControl::RunMove(Move step) {
+  core::DeferredFailure failure;
+  failure.Try([&] { (this->*step)(); });
+  failure.ReportDescription(msgBox_);
+}
+
+void DataControl::Bind(const std::string& field, std::function<void(const data::Value&)> take) {
+  bindings_.push_back({field, std::move(take)});
+}
+
+bool DataControl::HasRecord() const {
+  return recordset_ != nullptr && recordset_->IsOpen() && !recordset_->IsBof() && !recordset_->IsEof();
+}
+
+data::Value DataControl::FieldValue(int index) const {
+  return HasRecord() ? recordset_->FieldValue(index) : data::Value::Null();
+}
+
+void DataControl::TakeRow() {
+  const bool row = HasRecord();
+  for (const Binding& binding : bindings_) {
+    binding.take(row ? recordset_->FieldValue(binding.field) : data::Value::Null());
+  }
+  if (quiet_ == 0) Q_EMIT Moved();
+}
+
+void DataControl::Release() {
+  isEditRefused_ = false;
+  recordset_.reset();
+  connection_.reset();
+}
+
+void DataControl::Refresh() {
+  Release();
+  try {
+    auto connection = std::make_shared<data::Connection>();
+    connection->Open(connectionString_);
+    auto recordset = std::make_unique<data::RecordSet>();
+    recordset->Open(recordSource_, connection, data::CursorType::kKeyset, lockType_);
+    connection_ = std::move(connection);
+    recordset_ = std::move(recordset);
+  } catch (const std::exception&) {
+    TakeRow();
+    throw;
+  }
+  TakeRow();
+}
+
+data::RecordSet& DataControl::OpenRecordset() const {
+  if (recordset_ == nullptr) throw data::ObjectClosed();
+  return *recordset_;
+}
+
+std::optional<data::Bookmark> DataControl::CurrentBookmark() const {
+  if (!HasRecord()) return std::nullopt;
+  try {
+    return recordset_->GetBookmark();
+  } catch (const core::Failure& failure) {
+    // A new row has none.
+    if (failure.Number() != data::failure_number::kNoCurrentRecord) throw;
+    return std::nullopt;
+  }
+}
+
+template <class Step>
+void DataControl::MoveAndTake(Step&& step) {
+  const std::optional<data::Bookmark> before = CurrentBookmark();
+  const bool wasPending = IsEditPending();
+  try {
+    step(OpenRecordset());
+  } catch (const std::exception&) {
+    isEditRefused_ = IsEditPending();
+    throw;
+  }
+  isEditRefused_ = false;
+  if (wasPending || CurrentBookmark() != before) TakeRow();
+  if (wasPending && !IsEditPending()) Q_EMIT Written();
+}
+
+void DataControl::Walk(void (*step)(data::RecordSet&)) {
+  if (HasRecord()) MoveAndTake(step);
+}
+
+void DataControl::AddNew(const FieldValues& defaults) {
+  UpdateBatch();
+  data::RecordSet& rows = OpenRecordset();
+  rows.AddNew();
+  for (const auto& [field, value] : defaults) rows.SetFieldValue(field, value);
+  isEditRefused_ = false;
+  TakeRow();
+}
+
+void DataControl::SetFieldValue(const std::string& field, const data::Value& value) {
+  OpenRecordset().SetFieldValue(field, value);
+  isEditRefused_ = false;
+}
+
+void DataControl::Delete() {
+  data::RecordSet& rows = OpenRecordset();
+  if (IsEditPending() && !CurrentBookmark().has_value()) {
+    CancelUpdate();
+    return;
+  }
+  rows.Delete();
+  rows.MoveNext();
+  if (rows.IsEof() && !rows.IsBof()) rows.MoveLast();
+  isEditRefused_ = false;
+  TakeRow();
+  Q_EMIT Written();
+}
+
+void DataControl::UpdateBatch() {
+  if (IsEditPending()) MoveAndTake([](data::RecordSet& rows) { rows.UpdateBatch(); });
+}
+
+void DataControl::CancelUpdate() {
+  if (!IsEditPending()) return;
+  recordset_->CancelUpdate();
+  isEditRefused_ = false;
+  TakeRow();
+}
+
+void DataControl::MoveFirst() {
+  Walk([](data::RecordSet& rows) { rows.MoveFirst(); });
+}
+
+void DataControl::MovePrevious() {
+  Walk([](data::RecordSet& rows) {
+    rows.MovePrevious();
+    if (rows.IsBof()) rows.MoveFirst();
+  });
+}
+
+void DataControl::MoveNext() {
+  Walk([](data::RecordSet& rows) {
+    rows.MoveNext();
+    if (rows.IsEof()) rows.MoveLast();
+  });
+}
+
+void DataControl::MoveLast() {
+  Walk([](data::RecordSet& rows) { rows.MoveLast(); });
+}
+
+void DataControl::SetBookmark(data::Bookmark bookmark) {
+  if (recordset_ != nullptr) MoveAndTake([bookmark](data::RecordSet& rows) { rows.SetBookmark(bookmark); });
+}
+
+void DataControl::SetBookmarkIfThere(data::Bookmark bookmark) {
+  try {
+    SetBookmark(bookmark);
+  } catch (const core::Failure& failure) {
+    if (failure.Number() != data::failure_number::kInvalidBookmark) throw;
+  }
+}
+
+void DataControl::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  PaintPanel(painter, rect(), palette().color(QPalette::Button), OutlineInk(palette()), false);
+}
+
+}  // namespace tonalith::controls

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "controls/field_binding.h"
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <utility>
+
+#include "controls/data_control.h"
+#include "core/deferred_failure.h"
+
+namespace tonalith::controls {
+namespace {
+
+data::Value ValueOf(const QString& text, FieldBinding::Kind kind) {
+  if (kind == FieldBinding::Kind::kNumber) {
+    if (text.trimmed().isEmpty()) return data::Value::Null();
+    bool isNumber = false;
+    const qlonglong number = text.toLongLong(&isNumber);
+    if (isNumber) return std::int64_t{number};
+  }
+  return text.toStdString();
+}
+
+}  // namespace
+
+FieldBinding::FieldBinding(DataControl& data, std::string field, Kind kind, core::MsgBox& msgBox, QLineEdit* box)
+    : QObject(box),
+      data_(data),
+      field_(std::move(field)),
+      kind_(kind),
+      msgBox_(msgBox),
+      readBox_([box] { return box->text(); }),
+      writeBox_([box](const QString& text) { box->setText(text); }) {
+  connect(box, &QLineEdit::textChanged, this, &FieldBinding::TakeTyped);
+  Start();
+}
+
+FieldBinding::FieldBinding(DataControl& data, std::string field, Kind kind, core::MsgBox& msgBox, QPlainTextEdit* box)
+    : QObject(box),
+      data_(data),
+      field_(std::move(field)),
+      kind_(kind),
+      msgBox_(msgBox),
+      readBox_([box] { return box->toPlainText(); }),
+      writeBox_([box](const QString& text) { box->setPlainText(text); }) {
+  connect(box, &QPlainTextEdit::textChanged, this, &FieldBinding::TakeTyped);
+  Start();
+}
+
+void FieldBinding::Start() {
+  data_.Bind(field_, [this](const data::Value& value) { TakeValue(value); });
+}
+
+void FieldBinding::TakeValue(const data::Value& value) {
+  const QString text = QString::fromStdString(value.TextOr({}));
+  const QString before = shown_;
+  // A box that shows the value already keeps its cursor and what can be undone in it.
+  const bool showsIt = Text() == text || (value == taken_ && Text() == takenText_);
+  taken_ = value;
+  if (!showsIt) {
+    isWritingBox_ = true;
+    writeBox_(text);
+    isWritingBox_ = false;
+  }
+  takenText_ = Text();
+  shown_ = takenText_;
+  if (shown_ != before) Q_EMIT Changed(before);
+}
+
+void FieldBinding::Write(const QString& text) {
+  // The row's own content stands for its text: a null is not an empty text, and a box may show a line break otherwise.
+  data_.SetFieldValue(field_, text == takenText_ ? taken_ : ValueOf(text, kind_));
+}
+
+void FieldBinding::TakeTyped() {
+  if (isWritingBox_ || Text() == shown_) return;
+  const QString before = std::exchange(shown_, Text());
+  core::DeferredFailure failure;
+  failure.Try([this] { Write(shown_); });
+  Q_EMIT Edited(before);
+  Q_EMIT Changed(before);
+  failure.ReportDescription(msgBox_);
+}
+
+void FieldBinding::SetText(const QString& text) {
+  if (text == Text()) return;
+  Write(text);
+  isWritingBox_ = true;
+  writeBox_(text);
+  isWritingBox_ = false;
+  const QString before = std::exchange(shown_, Text());
+  if (shown_ != before) Q_EMIT Changed(before);
+}
+
+}  // namespace tonalith::controls

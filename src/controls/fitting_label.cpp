@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "controls/fitting_label.h"
+
+#include <QPainter>
+#include <QTextLayout>
+#include <algorithm>
+
+#include "controls/colours.h"
+
+namespace tonalith::controls {
+namespace {
+
+constexpr int kChipMargin = 6;
+
+QString DisplayText(QString text) {
+  text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+  return text.replace(QLatin1Char('\n'), QChar(QChar::LineSeparator));
+}
+
+}  // namespace
+
+FittingLabel::FittingLabel(const QString& name, Sizes sizes, QFont::Weight weight, QWidget* parent)
+    : QLabel(parent), sizes_(sizes), weight_(weight) {
+  setObjectName(name);
+  setTextFormat(Qt::PlainText);
+}
+
+void FittingLabel::SetInk(const QColor& ink) {
+  ink_ = ink;
+  update();
+}
+
+int FittingLabel::FittedPixelSize() const { return FitNow().pixels; }
+
+bool FittingLabel::IsElided() const { return !FitNow().fits; }
+
+QFont FittingLabel::FontOf(int pixels) const {
+  QFont sized = font();
+  sized.setPixelSize(pixels);
+  sized.setWeight(weight_);
+  return sized;
+}
+
+bool FittingLabel::LayOut(QTextLayout& layout, int pixels) const {
+  layout.setFont(FontOf(pixels));
+  layout.setText(DisplayText(text()));
+  QTextOption option;
+  option.setWrapMode(QTextOption::WordWrap);
+  layout.setTextOption(option);
+  qreal bottom = 0;
+  bool withinWidth = true;
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLineWidth(width());
+    line.setPosition(QPointF(0, bottom));
+    bottom += line.height();
+    withinWidth = withinWidth && line.naturalTextWidth() <= width();
+    if (bottom > height()) break;
+  }
+  layout.endLayout();
+  return withinWidth && bottom <= height();
+}
+
+const FittingLabel::Fit& FittingLabel::FitNow() const {
+  if (fit_.text == text() && fit_.width == width() && fit_.height == height()) return fit_;
+  fit_ = {text(), width(), height(), sizes_.smallestPixels, false};
+  for (int pixels = sizes_.largestPixels; pixels >= sizes_.smallestPixels; --pixels) {
+    QTextLayout layout;
+    if (LayOut(layout, pixels)) {
+      fit_.pixels = pixels;
+      fit_.fits = true;
+      break;
+    }
+  }
+  return fit_;
+}
+
+bool FittingLabel::NeedsChip() const {
+  constexpr double kLeastContrast = 3.0;
+  return ink_.isValid() && !text().isEmpty() && ContrastRatio(ink_, palette().color(QPalette::Window)) < kLeastContrast;
+}
+
+void FittingLabel::PaintChip(QPainter& painter) const {
+  const QFontMetrics metrics(FontOf(FitNow().pixels));
+  const int chipWidth = std::min(width(), metrics.horizontalAdvance(text()) + 2 * kChipMargin);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor(0xf6, 0xf4, 0xf0));
+  painter.drawRoundedRect(QRect(0, 0, chipWidth, height()), 5, 5);
+  painter.translate(kChipMargin, 0);
+}
+
+void FittingLabel::PaintElided(QPainter& painter) const {
+  QTextLayout layout;
+  LayOut(layout, sizes_.smallestPixels);
+  const QFontMetricsF metrics(layout.font());
+  int shown = 0;
+  while (shown < layout.lineCount() && layout.lineAt(shown).rect().bottom() <= height()) ++shown;
+  const int last = std::max(0, shown - 1);
+  for (int i = 0; i < last; ++i) layout.lineAt(i).draw(&painter, QPointF(0, 0));
+  if (layout.lineCount() == 0) return;
+  const QTextLine line = layout.lineAt(last);
+  const QString rest = layout.text().mid(line.textStart()).replace(QChar(QChar::LineSeparator), QLatin1Char(' '));
+  painter.setFont(layout.font());
+  painter.drawText(QPointF(0, line.position().y() + line.ascent()), metrics.elidedText(rest, Qt::ElideRight, width()));
+}
+
+void FittingLabel::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::FontChange) fit_ = {};
+  QLabel::changeEvent(event);
+}
+
+void FittingLabel::paintEvent(QPaintEvent* /*event*/) {
+  const Fit& fit = FitNow();
+  QPainter painter(this);
+  if (NeedsChip()) PaintChip(painter);
+  painter.setPen(ink_.isValid() ? ink_ : palette().color(QPalette::WindowText));
+  if (!fit.fits) {
+    PaintElided(painter);
+    return;
+  }
+  QTextLayout layout;
+  LayOut(layout, fit.pixels);
+  layout.draw(&painter, QPointF(0, 0));
+}
+
+}  // namespace tonalith::controls

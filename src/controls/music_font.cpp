@@ -1,0 +1,248 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "controls/music_font.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFontDatabase>
+#include <QPainterPathStroker>
+#include <QRawFont>
+#include <QStandardPaths>
+#include <QTransform>
+#include <algorithm>
+
+#include "controls/music_shapes.h"
+
+namespace tonalith::controls {
+namespace {
+
+constexpr double kDesignEm = 32;  // 24 points at 96 dots to the inch.
+
+// The substitute's cell and places, in pixels at the design em. The header derives them.
+constexpr double kCellHeight = 200;
+constexpr double kBaseline = 50;
+constexpr double kStepLine = kBaseline + 0.5;
+constexpr double kHeadMiddle = 6.5;
+constexpr double kColumnStep = 18;
+
+// Sizes for a staff whose lines are 10 pixels apart. The sharp has only the room between two heads: it is condensed to
+// fit, and its strokes are made stronger so that they last.
+constexpr double kHeadHeight = 8.67;
+constexpr double kHeadWidth = 13.2;
+constexpr double kSharpHeight = 16.5;
+constexpr double kSharpWidth = 3.8;
+constexpr double kSharpWeight = 0.3;
+constexpr double kClefHeight = 67;
+constexpr double kClefWidth = 22.5;
+constexpr double kClefLeft = 1;
+
+// The share of a clef's height that lies below its G line. Euterpe draws its signs on the bottom line of a staff whose
+// lines are a quarter of the em apart, so the line is 512 units up in a clef that reaches from -749 to 2169. For a font
+// that is not known, the proportions of a usual treble clef.
+constexpr double kEuterpeBelowLine = (749.0 + 512.0) / (749.0 + 2169.0);
+constexpr double kUsualBelowLine = 0.39;
+
+constexpr char32_t kClefCharacter = 0x1D11E;
+constexpr char32_t kHeadCharacter = 0x1D15D;
+constexpr char32_t kSharpCharacter = 0x266F;
+
+/// Outlines are taken at a size at which the font engine's rounding no longer shows.
+constexpr double kOutlineEm = 1024;
+
+QPainterPath GlyphOf(const QRawFont& font, char32_t character) {
+  if (!font.supportsCharacter(character)) return {};
+  const QList<quint32> glyphs = font.glyphIndexesForString(QString::fromUcs4(&character, 1));
+  return glyphs.isEmpty() ? QPainterPath() : font.pathForGlyph(glyphs.first());
+}
+
+QRawFont RawOf(const QString& family) {
+  QFont font;
+  font.setFamilies({family});
+  font.setStyleStrategy(QFont::NoFontMerging);
+  font.setHintingPreference(QFont::PreferNoHinting);
+  font.setPixelSize(static_cast<int>(kOutlineEm));
+  return QRawFont::fromFont(font);
+}
+
+/// `path` with its box scaled by `factorX` and `factorY` and its middle moved to (x, y).
+QPainterPath CentredOn(const QPainterPath& path, double factorX, double factorY, double x, double y) {
+  const QPointF middle = path.boundingRect().center();
+  QTransform place;
+  place.translate(x, y);
+  place.scale(factorX, factorY);
+  place.translate(-middle.x(), -middle.y());
+  return place.map(path);
+}
+
+/// The clef with its G line on the step line.
+QPainterPath PlacedClef(const QPainterPath& clef, double belowLine) {
+  const QRectF box = clef.boundingRect();
+  const double factor = std::min(kClefHeight / box.height(), kClefWidth / box.width());
+  QTransform place;
+  place.translate(kClefLeft, kStepLine);
+  place.scale(factor, factor);
+  place.translate(-box.left(), -(box.bottom() - belowLine * box.height()));
+  return place.map(clef);
+}
+
+/// The sharp, condensed to its room around the middle (x, y).
+QPainterPath PlacedSharp(const QPainterPath& sharp, double x) {
+  const QRectF box = sharp.boundingRect();
+  const QPainterPath condensed = CentredOn(sharp, (kSharpWidth - kSharpWeight) / box.width(),
+                                           (kSharpHeight - kSharpWeight) / box.height(), x, kStepLine);
+  QPainterPathStroker pen;
+  pen.setWidth(kSharpWeight);
+  pen.setJoinStyle(Qt::MiterJoin);
+  return condensed.united(pen.createStroke(condensed));
+}
+
+double BelowLineOf(const QRawFont& font) {
+  const bool euterpe = font.familyName().compare(QLatin1String("Euterpe"), Qt::CaseInsensitive) == 0;
+  return euterpe ? kEuterpeBelowLine : kUsualBelowLine;
+}
+
+QString EuterpeFile() {
+  QStringList places{QCoreApplication::applicationDirPath() + QStringLiteral("/fonts/Euterpe.ttf")};
+  for (const QString& folder : QStandardPaths::standardLocations(QStandardPaths::FontsLocation)) {
+    places << folder + QStringLiteral("/truetype/euterpe/Euterpe.ttf") << folder + QStringLiteral("/Euterpe.ttf");
+  }
+  const auto found =
+      std::find_if(places.cbegin(), places.cend(), [](const QString& file) { return QFile::exists(file); });
+  return found == places.cend() ? QString() : *found;
+}
+
+MusicFont FindMusicFont() {
+  const QString maestro = QString::fromLatin1(kMusicFontName.data(), static_cast<qsizetype>(kMusicFontName.size()));
+  if (FontIsInstalled(std::string(kMusicFontName))) {
+    if (auto font = MusicFont::FromOwnCodes(maestro)) return *std::move(font);
+  }
+  if (auto font = MusicFont::FromFile(EuterpeFile())) return *std::move(font);
+  if (FontIsInstalled("Euterpe")) {
+    if (auto font = MusicFont::FromFamily(QStringLiteral("Euterpe"))) return *std::move(font);
+  }
+  if (auto font = MusicFont::FromAnyFamily()) return *std::move(font);
+  return MusicFont::Painted();
+}
+
+}  // namespace
+
+const MusicFont& MusicFont::Shared() {
+  static const MusicFont font = FindMusicFont();
+  return font;
+}
+
+MusicFont MusicFont::Placed(QString origin, const QPainterPath& clef, double belowLine, const QPainterPath& head,
+                            const QPainterPath& sharp) {
+  MusicFont font;
+  font.origin_ = std::move(origin);
+  font.cell_ = {kCellHeight, kBaseline};
+  const QRectF headBox = head.boundingRect();
+  const double headFactor = std::min(kHeadHeight / headBox.height(), kHeadWidth / headBox.width());
+  const QPainterPath placedHead = CentredOn(head, headFactor, headFactor, kHeadMiddle, kStepLine);
+  const double headEnd = kHeadMiddle + headFactor * headBox.width() / 2;
+  const double gap = kColumnStep - headFactor * headBox.width();
+  const QPainterPath placedClef = PlacedClef(clef, belowLine);
+  // The pen stands at the head's end when the sharp is printed.
+  font.glyphs_ = {Glyph{placedClef, placedClef.boundingRect().right() + kClefLeft}, Glyph{placedHead, headEnd},
+                  Glyph{PlacedSharp(sharp, gap / 2), gap}};
+  return font;
+}
+
+std::optional<MusicFont> MusicFont::FromRaw(QString origin, const QRawFont& raw) {
+  if (!raw.isValid()) return std::nullopt;
+  const QPainterPath clef = GlyphOf(raw, kClefCharacter);
+  const QPainterPath head = GlyphOf(raw, kHeadCharacter);
+  const QPainterPath sharp = GlyphOf(raw, kSharpCharacter);
+  if (clef.isEmpty() || head.isEmpty() || sharp.isEmpty()) return std::nullopt;
+  return Placed(std::move(origin), clef, BelowLineOf(raw), head, sharp);
+}
+
+std::optional<MusicFont> MusicFont::FromFile(const QString& fileName) {
+  if (!QFile::exists(fileName)) return std::nullopt;
+  return FromRaw(fileName, QRawFont(fileName, kOutlineEm, QFont::PreferNoHinting));
+}
+
+std::optional<MusicFont> MusicFont::FromFamily(const QString& family) {
+  const QRawFont raw = RawOf(family);
+  if (raw.familyName().compare(family, Qt::CaseInsensitive) != 0) return std::nullopt;
+  return FromRaw(family, raw);
+}
+
+std::optional<MusicFont> MusicFont::FromAnyFamily() {
+  for (const QString& family : QFontDatabase::families()) {
+    if (auto font = FromFamily(family)) return font;
+  }
+  return std::nullopt;
+}
+
+std::optional<MusicFont> MusicFont::FromOwnCodes(const QString& family) {
+  const QRawFont raw = RawOf(family);
+  if (!raw.isValid()) return std::nullopt;
+  constexpr char32_t kSymbolPage = 0xF000;  // Where fonts with codes of their own keep them.
+  const double factor = kDesignEm / kOutlineEm;
+  const double ascent = raw.ascent() * factor;
+  MusicFont result;
+  result.origin_ = family;
+  result.cell_ = {(raw.ascent() + raw.descent()) * factor, ascent};
+  const QTransform place = QTransform::fromTranslate(0, ascent).scale(factor, factor);
+  std::size_t slot = 0;
+  for (const char code : {kTrebleClef, kWholeNote, kSharp}) {
+    auto character = static_cast<char32_t>(static_cast<unsigned char>(code));
+    if (raw.supportsCharacter(kSymbolPage + character)) character += kSymbolPage;
+    const QPainterPath outline = GlyphOf(raw, character);
+    if (outline.isEmpty()) return std::nullopt;
+    const QList<quint32> glyphs = raw.glyphIndexesForString(QString::fromUcs4(&character, 1));
+    result.glyphs_.at(slot++) = {place.map(outline), raw.advancesForGlyphIndexes(glyphs).first().x() * factor};
+  }
+  return result;
+}
+
+MusicFont MusicFont::Painted() {
+  const QPainterPath clef = shapes::TrebleClef();
+  const QRectF box = clef.boundingRect();
+  return Placed(QStringLiteral("painted"), clef, box.bottom() / box.height(), shapes::WholeNote(), shapes::Sharp());
+}
+
+const MusicFont::Glyph* MusicFont::Find(char code) const {
+  switch (code) {
+    case kTrebleClef:
+      return &glyphs_[0];
+    case kWholeNote:
+      return &glyphs_[1];
+    case kSharp:
+      return &glyphs_[2];
+    default:
+      return nullptr;
+  }
+}
+
+TextCell MusicFont::Cell(double emPixels) const {
+  const double factor = emPixels / kDesignEm;
+  return {cell_.height * factor, cell_.baseline * factor};
+}
+
+double MusicFont::Width(std::string_view codes, double emPixels) const {
+  double width = 0;
+  for (const char code : codes) {
+    if (const Glyph* glyph = Find(code)) width += glyph->advance;
+  }
+  return width * emPixels / kDesignEm;
+}
+
+QPainterPath MusicFont::Outline(std::string_view codes, double emPixels) const {
+  QPainterPath ink;
+  double pen = 0;
+  for (const char code : codes) {
+    const Glyph* glyph = Find(code);
+    if (glyph == nullptr) continue;
+    ink.addPath(glyph->outline.translated(pen, 0));
+    pen += glyph->advance;
+  }
+  const double factor = emPixels / kDesignEm;
+  QPainterPath scaled = QTransform::fromScale(factor, factor).map(ink);
+  scaled.setFillRule(Qt::WindingFill);
+  return scaled;
+}
+
+}  // namespace tonalith::controls

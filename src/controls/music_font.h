@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The music font of the staff. "Maestro" where the system has it; otherwise the treble clef, whole note and sharp of
+// another font stand under its codes 38, 119 and 73: Euterpe beside the program, Euterpe where the system keeps it, any
+// font that has the three characters, and at last shapes drawn here, so that a staff never shows empty boxes.
+//
+// Where a substitute's glyphs go. The staff's arithmetic (all of it at 24 points, an em of 32 pixels) fixes the text
+// cell it presumes: a clef printed at y = 1550 twips has to curl round the line at 2300, so its step line lies 750
+// twips (50 pixels) below the cell's top; a note of step 0 is printed at 2450 - 650 - TextHeight / 2 and has to sit on
+// 2450, which is 50 pixels below that only if TextHeight is 200. The substitute therefore reports a cell 200 pixels
+// high with its step line 50 pixels below the top, and a text printed at (CurrentX, CurrentY) is placed so:
+//   - the step line runs through the middle of the pixel row CurrentY + 50;
+//   - the whole note's box is centred on the step line, and on x = CurrentX + 6.5, the middle of a ledger line, which
+//     runs from CurrentX - 3 to CurrentX + 16;
+//   - the sharp that follows it is centred on the step line and stands in the middle of the room that is left before
+//     the head of the next column, 18 pixels on;
+//   - the clef's G line lies on the step line, and the clef begins one pixel behind CurrentX.
+// Other sizes scale all of this. Immutable after it is made; user-interface thread; a source that has not got the
+// glyphs gives way to the next one.
+
+#pragma once
+
+#include <QPainterPath>
+#include <QString>
+#include <array>
+#include <optional>
+#include <string_view>
+
+#include "controls/drawing_surface_font.h"
+
+class QRawFont;
+
+namespace tonalith::controls {
+
+inline constexpr char kTrebleClef = 38;
+inline constexpr char kWholeNote = 119;
+inline constexpr char kSharp = 73;
+inline constexpr std::string_view kMusicFontName = "Maestro";
+
+class MusicFont {
+ public:
+  /// The font of this process, found at its first use.
+  static const MusicFont& Shared();
+
+  /// From a font file, an installed family's music characters, the fonts of the system one after the other. Nothing if
+  /// the three characters are not there.
+  static std::optional<MusicFont> FromFile(const QString& fileName);
+  static std::optional<MusicFont> FromFamily(const QString& family);
+  static std::optional<MusicFont> FromAnyFamily();
+  /// The font whose own codes are 38, 119 and 73, with its own cell and widths.
+  static std::optional<MusicFont> FromOwnCodes(const QString& family);
+  /// Shapes drawn by the program.
+  static MusicFont Painted();
+
+  /// Where it was found, for a person.
+  [[nodiscard]] const QString& Origin() const { return origin_; }
+  [[nodiscard]] TextCell Cell(double emPixels) const;
+  [[nodiscard]] double Width(std::string_view codes, double emPixels) const;
+  /// The ink of a text printed at (0, 0), in pixels at scale 1. Codes without a glyph leave no ink.
+  [[nodiscard]] QPainterPath Outline(std::string_view codes, double emPixels) const;
+
+ private:
+  struct Glyph {
+    QPainterPath outline;  // At the design em, relative to the pen on the cell's top edge.
+    double advance = 0;
+  };
+
+  [[nodiscard]] const Glyph* Find(char code) const;
+  static std::optional<MusicFont> FromRaw(QString origin, const QRawFont& raw);
+  /// `belowLine` is the share of the clef's height below its G line.
+  static MusicFont Placed(QString origin, const QPainterPath& clef, double belowLine, const QPainterPath& head,
+                          const QPainterPath& sharp);
+
+  QString origin_;
+  TextCell cell_;
+  std::array<Glyph, 3> glyphs_;  // Clef, whole note, sharp.
+};
+
+}  // namespace tonalith::controls

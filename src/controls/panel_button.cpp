@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "controls/panel_button.h"
+
+#include <QPainter>
+#include <QStyleOptionButton>
+
+#include "controls/colours.h"
+#include "controls/theme.h"
+
+namespace tonalith::controls {
+namespace {
+
+constexpr qreal kCornerRadius = 6;
+
+QColor Shade(const QColor& colour, bool down, bool hover) {
+  if (down) return colour.darker(112);
+  return hover ? colour.darker(104) : colour;
+}
+
+}  // namespace
+
+void PaintPanel(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& outline, bool focusRing) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(fill);
+  painter.setPen(QPen(focusRing ? QColor(kAccent) : outline, focusRing ? 2.0 : 1.0));
+  const qreal inset = focusRing ? 1.0 : 0.5;
+  painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), kCornerRadius, kCornerRadius);
+}
+
+PanelButton::PanelButton(const QString& name, const QString& caption, Kind kind, QWidget* parent)
+    : QPushButton(caption, parent), kind_(kind) {
+  setObjectName(name);
+  setAttribute(Qt::WA_Hover);
+}
+
+QSize PanelButton::sizeHint() const {
+  return {qMax(100, fontMetrics().horizontalAdvance(text()) + 32), qMax(36, fontMetrics().height() + 14)};
+}
+
+void PanelButton::paintEvent(QPaintEvent* /*event*/) {
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  const bool hover = (option.state & QStyle::State_MouseOver) != 0;
+  const bool main = kind_ == Kind::kMainAction && isEnabled();
+  const QColor fill = Shade(main ? QColor(kAccent) : palette().color(QPalette::Button), isDown(), hover && isEnabled());
+  const QColor outline = main ? QColor(kAccent) : OutlineInk(palette());
+
+  QPainter painter(this);
+  PaintPanel(painter, rect(), fill, outline, hasFocus() && !main);
+  if (main && hasFocus()) {
+    painter.setPen(QPen(Qt::white, 1.5));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(3.5, 3.5, -3.5, -3.5), 4, 4);
+  }
+  QFont captionFont = font();
+  if (main) {
+    captionFont.setPixelSize(qMax(14, fontInfo().pixelSize()));
+    captionFont.setBold(true);
+  }
+  painter.setFont(captionFont);
+  painter.setPen(main ? QColor(Qt::white) : palette().color(QPalette::ButtonText));
+  const bool underline = style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) != 0;
+  const int flags = Qt::AlignCenter | (underline ? Qt::TextShowMnemonic : Qt::TextHideMnemonic);
+  painter.drawText(rect(), flags, text());
+}
+
+}  // namespace tonalith::controls

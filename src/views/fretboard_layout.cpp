@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "views/fretboard_layout.h"
+
+#include <cstdlib>
+#include <limits>
+
+#include "core/failure.h"
+
+namespace tonalith::views {
+namespace {
+
+using controls::Twips;
+
+constexpr Twips kFirstStringY{4200};
+constexpr Twips kStringSpacing{480};
+constexpr Twips kStringRight{15510};
+constexpr Twips kNutX{1220};
+constexpr Twips kNutTop{3840};
+constexpr Twips kNutBottom{6885};
+constexpr Twips kNeckTop{3870};
+constexpr Twips kNeckBottom{6855};
+constexpr Twips kTopAboveLine{250};
+constexpr Twips kFretAfterLeft{650};
+constexpr Twips kMarkerAfterLeft{255};
+constexpr Twips kMarkerBelowFret{250};
+
+std::string AccessibleName(const std::string& tag, int row, int position) {
+  const std::string string = tag + ", string " + std::to_string(row);
+  return position == 0 ? string + ", open" : string + ", fret " + std::to_string(position);
+}
+
+}  // namespace
+
+Neck Neck::Standard() {
+  constexpr core::NoteNumber kD = 2;
+  constexpr core::NoteNumber kE = 4;
+  constexpr core::NoteNumber kG = 7;
+  constexpr core::NoteNumber kA = 9;
+  constexpr core::NoteNumber kB = 11;
+  return {{Pitch::Of(kE, 4), Pitch::Of(kB, 3), Pitch::Of(kG, 3), Pitch::Of(kD, 3), Pitch::Of(kA, 2), Pitch::Of(kE, 2)},
+          16};
+}
+
+FretboardLayout::FretboardLayout(const Neck& neck)
+    : rows_(static_cast<int>(neck.openStrings.size())), positions_(neck.positions) {
+  for (int row = 1; row <= rows_; ++row) {
+    for (int position = 0; position < positions_; ++position) {
+      const int pitch = neck.openStrings.at(static_cast<std::size_t>(row - 1)).semitones + position;
+      NotePlace note{row,
+                     position,
+                     std::string(core::kSharpNotes.at(static_cast<std::size_t>(pitch % 12))),
+                     static_cast<std::int16_t>(pitch / 12),
+                     {}};
+      note.accessibleName = AccessibleName(note.tag, row, position);
+      notes_.push_back(std::move(note));
+    }
+  }
+}
+
+Twips FretboardLayout::Left(Twips baseLeft, int position) {
+  const Twips left = baseLeft + kPositionStep * position;
+  if (left.value > std::numeric_limits<std::int16_t>::max()) throw core::Failure::Overflow();
+  return left;
+}
+
+Twips FretboardLayout::Top(Twips lineY1) { return lineY1 - kTopAboveLine; }
+Twips FretboardLayout::FretX(Twips imageLeft) { return imageLeft + kFretAfterLeft; }
+Twips FretboardLayout::MarkerLeft(Twips imageLeft) { return imageLeft + kMarkerAfterLeft; }
+Twips FretboardLayout::MarkerTop(Twips fret1Y2) { return fret1Y2 + kMarkerBelowFret; }
+
+LineGeometry FretboardLayout::StringLine(int row) {
+  const Twips y = kFirstStringY + kStringSpacing * (row - 1);
+  return {kBaseLeft, y, kStringRight, y};
+}
+
+LineGeometry FretboardLayout::NutLine() { return {kNutX, kNutTop, kNutX, kNutBottom}; }
+
+LineGeometry FretboardLayout::FirstFret() {
+  const Twips x = FretX(Left(kBaseLeft, 1));
+  return {x, kNeckTop, x, kNeckBottom};
+}
+
+bool FretboardLayout::HasDoubleInlay(int fret) { return fret > 0 && fret % 12 == 0; }
+
+bool FretboardLayout::HasInlay(int fret) {
+  const int inOctave = fret % 12;
+  return HasDoubleInlay(fret) || inOctave == 3 || inOctave == 5 || inOctave == 7 || inOctave == 9;
+}
+
+const std::vector<int>& FretboardLayout::NumberedFrets() {
+  static const std::vector<int> frets{3, 5, 7, 9, 12};
+  return frets;
+}
+
+std::optional<int> FretboardLayout::NearestInRow(int row, int position, const std::vector<bool>& visible) const {
+  std::optional<int> nearest;
+  for (int candidate = 0; candidate < positions_; ++candidate) {
+    if (!visible.at(static_cast<std::size_t>(IndexAt(row, candidate)))) continue;
+    if (!nearest || std::abs(candidate - position) < std::abs(*nearest - position)) nearest = candidate;
+  }
+  if (!nearest) return std::nullopt;
+  return IndexAt(row, *nearest);
+}
+
+std::optional<int> FretboardLayout::Nearest(int index, const std::vector<bool>& visible) const {
+  const NotePlace& from = Note(index);
+  for (int distance = 0; distance < rows_; ++distance) {
+    for (const int row : {from.row - distance, from.row + distance}) {
+      if (row < 1 || row > rows_) continue;
+      if (const std::optional<int> found = NearestInRow(row, from.position, visible)) return found;
+    }
+  }
+  return std::nullopt;
+}
+
+std::optional<int> FretboardLayout::Neighbour(int index, Move move, const std::vector<bool>& visible) const {
+  const NotePlace& from = Note(index);
+  if (move == Move::kUp || move == Move::kDown) {
+    const int step = move == Move::kUp ? -1 : 1;
+    for (int row = from.row + step; row >= 1 && row <= rows_; row += step) {
+      if (const std::optional<int> found = NearestInRow(row, from.position, visible)) return found;
+    }
+    return std::nullopt;
+  }
+  const bool leftward = move == Move::kLeft || move == Move::kEnd;
+  const bool fromEnd = move == Move::kHome || move == Move::kEnd;
+  const int step = leftward ? -1 : 1;
+  int position = from.position + step;
+  if (fromEnd) position = move == Move::kHome ? 0 : positions_ - 1;
+  for (; position >= 0 && position < positions_; position += step) {
+    const int candidate = IndexAt(from.row, position);
+    if (visible.at(static_cast<std::size_t>(candidate))) {
+      return candidate == index ? std::nullopt : std::optional<int>(candidate);
+    }
+  }
+  return std::nullopt;
+}
+
+std::int16_t OctaveSoundNumber(core::NoteNumber note, std::int16_t octave) {
+  const bool recorded = octave >= 2 && octave <= 5;
+  return static_cast<std::int16_t>(recorded ? note + 12 * (octave - 2) : note);
+}
+
+}  // namespace tonalith::views

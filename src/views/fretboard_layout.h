@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The neck as data: open strings as pitches and a number of positions, from which every note's name, octave, sound
+// file, accessible name and place are derived. Also the design coordinates of the fretboard's lines. Numbers in,
+// numbers out: no widget, no state after construction. Positions are twips of the form's client area, sizes of things
+// that are only painted are pixels.
+
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "controls/twips.h"
+#include "core/note_model.h"
+
+namespace tonalith::views {
+
+/// A pitch in semitones, 12 times its octave in scientific numbering plus its note number (E4 is 52).
+struct Pitch {
+  std::int16_t semitones = 0;
+  static constexpr Pitch Of(core::NoteNumber note, int octave) {
+    return {static_cast<std::int16_t>(12 * octave + note)};
+  }
+};
+
+/// The neck's tuning, the highest string first, and its number of positions (the open string counts).
+struct Neck {
+  std::vector<Pitch> openStrings;
+  int positions = 0;
+  /// Six strings in standard tuning, E4 B3 G3 D3 A2 E2, open and with frets 1 to 15.
+  static Neck Standard();
+};
+
+/// One note of the neck: the string row 1.. from the highest string, and the position 0 (open).. on it.
+struct NotePlace {
+  int row = 0;
+  int position = 0;
+  std::string tag;
+  std::int16_t octave = 0;
+  std::string accessibleName;
+};
+
+struct LineGeometry {
+  controls::Twips x1;
+  controls::Twips y1;
+  controls::Twips x2;
+  controls::Twips y2;
+};
+
+enum class Move { kLeft, kRight, kUp, kDown, kHome, kEnd };
+
+class FretboardLayout {
+ public:
+  static constexpr controls::Twips kImageSize{435};
+  static constexpr controls::Twips kPositionStep{940};
+  static constexpr controls::Twips kBaseLeft{600};
+
+  explicit FretboardLayout(const Neck& neck = Neck::Standard());
+
+  [[nodiscard]] int Rows() const { return rows_; }
+  [[nodiscard]] int Positions() const { return positions_; }
+  [[nodiscard]] int NoteCount() const { return rows_ * positions_; }
+  [[nodiscard]] const NotePlace& Note(int index) const { return notes_.at(static_cast<std::size_t>(index)); }
+  /// The index of the note at a string row (1..) and position (0..).
+  [[nodiscard]] int IndexAt(int row, int position) const { return (row - 1) * positions_ + position; }
+
+  /// The place of a note image, from the left edge of its row's base image and its string line's y1. Left is a 16-bit
+  /// number: beyond 32767 it throws failure 6.
+  [[nodiscard]] static controls::Twips Left(controls::Twips baseLeft, int position);
+  [[nodiscard]] static controls::Twips Top(controls::Twips lineY1);
+  /// The x of the fret line behind a note image, and the place of the marker below it.
+  [[nodiscard]] static controls::Twips FretX(controls::Twips imageLeft);
+  [[nodiscard]] static controls::Twips MarkerLeft(controls::Twips imageLeft);
+  [[nodiscard]] static controls::Twips MarkerTop(controls::Twips fret1Y2);
+
+  /// Where the lines stand at design time: one for each string row, then the nut; and the first fret.
+  [[nodiscard]] static LineGeometry StringLine(int row);
+  [[nodiscard]] static LineGeometry NutLine();
+  [[nodiscard]] static LineGeometry FirstFret();
+
+  /// The frets that carry an inlay, and the fret numbers that stand below the neck.
+  [[nodiscard]] static bool HasInlay(int fret);
+  [[nodiscard]] static bool HasDoubleInlay(int fret);
+  [[nodiscard]] static const std::vector<int>& NumberedFrets();
+
+  /// Where a key leads among the visible notes, from `index`: along the string, to the nearest note of the next string
+  /// that has one, to the ends of the string. Nothing if there is no such note.
+  [[nodiscard]] std::optional<int> Neighbour(int index, Move move, const std::vector<bool>& visible) const;
+  /// The visible note that is nearest to `index`: on its own string if there is one, otherwise on the closest string.
+  [[nodiscard]] std::optional<int> Nearest(int index, const std::vector<bool>& visible) const;
+
+ private:
+  [[nodiscard]] std::optional<int> NearestInRow(int row, int position, const std::vector<bool>& visible) const;
+
+  int rows_;
+  int positions_;
+  std::vector<NotePlace> notes_;
+};
+
+/// The number of the sound file of a note: note number + 12 x (octave - 2) for octaves 2 to 5, the note number for any
+/// other octave.
+std::int16_t OctaveSoundNumber(core::NoteNumber note, std::int16_t octave);
+
+}  // namespace tonalith::views

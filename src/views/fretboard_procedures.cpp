@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The procedures of the fretboard: layout, hiding and showing a scale, names, the play marker and single notes.
+
+#include <QApplication>
+#include <QLabel>
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+
+#include "core/deferred_failure.h"
+#include "core/scale_construction.h"
+#include "core/step_words.h"
+#include "core/text.h"
+#include "views/fretboard_view.h"
+
+namespace tonalith::views {
+namespace {
+
+using controls::Twips;
+
+constexpr std::int16_t kPositionsAsked = 16;
+constexpr Twips kMarkerAboveNote{480};
+
+/// A text that is a whole number of 16 bits, blanks around it allowed.
+std::optional<std::int16_t> WholeNumber(std::string_view text) {
+  text = core::Trim(text);
+  if (!text.empty() && text.front() == '+') text.remove_prefix(1);
+  std::int16_t number = 0;
+  const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (failure != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
+
+}  // namespace
+
+void FretboardView::PositionNotes() {
+  core::DeferredFailure failure;
+  failure.Try([&] { playMarker_->hide(); });
+  for (int index = 0; index < layout_.NoteCount(); ++index) {
+    failure.Try([&] { PositionNote(index); });
+    failure.Clear();
+  }
+  neck_ = {};
+  RestoreFocus();
+  update();
+  failure.ReportDescription(msgBox_);
+}
+
+void FretboardView::PositionNote(int index) {
+  NoteImage& image = Image(index);
+  image.SetPicture(NotePicture::kScaleNote);
+  const NotePlace& note = layout_.Note(index);
+  const NoteImage& base = Image(layout_.IndexAt(note.row, 0));
+  const Twips left = FretboardLayout::Left(base.Left, note.position);
+  const Twips top = FretboardLayout::Top(strings_[static_cast<std::size_t>(note.row - 1)]->y1);
+  image.Left = left;
+  image.Top = top;
+  image.ScaleTop = top;
+  image.Width = FretboardLayout::kImageSize;
+  image.Height = FretboardLayout::kImageSize;
+  image.AutoSize = true;
+  image.setToolTip(image.TagText());
+  PlaceOnView(image, left, top);
+  image.show();
+  if (note.position <= 1) return;
+  const controls::LineControl& fret1 = *frets_.front();
+  controls::LineControl& fret = *frets_[static_cast<std::size_t>(note.position - 1)];
+  fret.x1 = fret.x2 = FretboardLayout::FretX(left);
+  fret.y1 = fret1.y1;
+  fret.y2 = fret1.y2;
+  fret.BorderWidth = 3;
+  // Most positions have no marker, which is no failure.
+  const auto marker = markers_.find(note.position);
+  if (marker == markers_.end()) return;
+  PlaceOnView(*marker->second, FretboardLayout::MarkerLeft(left), FretboardLayout::MarkerTop(fret1.y2));
+}
+
+void FretboardView::HideNotes() {
+  // A hidden control hands its focus on to any other; the neck keeps it until the next notes are shown.
+  if (FocusedNote() >= 0) {
+    focusWaits_ = true;
+    setFocus(Qt::OtherFocusReason);
+  }
+  for (NoteImage* image : images_) image->hide();
+  for (NoteImage* image : extraImages_) image->hide();
+}
+
+std::string FretboardView::StartNoteOf(const std::string& keyText) const {
+  const std::optional<std::int16_t> number = WholeNumber(keyText);
+  if (number && core::CNumberToNote(*number, msgBox_).empty()) return "C";
+  return keyText;
+}
+
+void FretboardView::ShowNotes(const std::string& startNote, ScaleInView& scale) {
+  core::DeferredFailure failure;
+  std::optional<std::string> pattern;
+  bool hasRecord = false;
+  failure.Try([&] {
+    hasRecord = scale.HasCurrentRecord();
+    if (hasRecord) pattern = scale.ScaleIntervals();
+  });
+  for (NoteImage* label : labelImages_) label->SetPicture(NotePicture::kKeyNote);
+  for (std::size_t element = 0; element < 2; ++element) labelImages_[element]->hide();
+  if (hasRecord && !failure.Pending()) {
+    failure.Try([&] {
+      ShowScaleNotes(StartNoteOf(startNote), pattern ? core::IntervalPattern(*pattern) : core::IntervalPattern());
+    });
+    failure.Try([&] {
+      if (pattern) scale.AppendStepWord(core::StepLine(*pattern));
+    });
+  }
+  RestoreFocus();
+  failure.ReportDescription(msgBox_);
+}
+
+void FretboardView::ShowScaleNotes(const std::string& startNote, const core::IntervalPattern& pattern) {
+  const std::vector<std::string> notes =
+      core::ScaleArrayNotes(core::CNoteToNumber(startNote), {}, pattern, kPositionsAsked, msgBox_);
+  for (NoteImage* image : images_) {
+    if (image->Tag().empty() || std::find(notes.begin(), notes.end(), image->Tag()) == notes.end()) continue;
+    image->SetPicture(image->Tag() == startNote ? NotePicture::kKeyNote : NotePicture::kScaleNote);
+    image->show();
+  }
+}
+
+void FretboardView::ShowNotesNames() {
+  for (NoteImage* image : images_) DrawNoteName(*image);
+}
+
+void FretboardView::DrawNoteName(NoteImage& image) { image.DrawName(); }
+
+void FretboardView::DrawNoteNames() {
+  // From 1: the first image keeps whatever it shows.
+  for (int index = 1; index < layout_.NoteCount(); ++index) DrawNoteName(Image(index));
+}
+
+void FretboardView::ClearNoteNames() {
+  for (int index = 1; index < layout_.NoteCount(); ++index) Image(index).ClearName();
+}
+
+void FretboardView::FlashNotes(const std::string& controlName) {
+  core::DeferredFailure failure;
+  failure.Try([&] { playMarker_->show(); });
+  failure.Try([&] {
+    const QWidget& control = ControlNamed(controlName);
+    playMarker_->move(control.x(), control.y() - controls::TwipsToPixels(kMarkerAboveNote));
+    playMarker_->raise();
+  });
+  failure.Try([&] {
+    update();
+    eventPump_();
+  });
+  failure.ReportDescription(msgBox_);
+}
+
+void FretboardView::PlayOctaveNote(const std::string& noteName, std::int16_t octave) {
+  core::DeferredFailure failure;
+  failure.Try([&] {
+    const char separator = static_cast<char>(std::filesystem::path::preferred_separator);
+    const std::int16_t number = OctaveSoundNumber(core::CNoteToNumber(noteName), octave);
+    const std::string path = appFolder_ + separator + "Octaves" + separator + std::to_string(number) + ".wav";
+    if (player_ != nullptr) player_->Play(path);
+  });
+  failure.ReportDescription(msgBox_);
+}
+
+std::int16_t FretboardView::MapNoteNameToPositionIndex(std::string_view noteName) {
+  static const std::map<std::string, std::int16_t> numbers{
+      {"C", 0},  {"C#", 1}, {"D", 2},  {"GB", 2}, {"D#", 3}, {"E", 4},   {"AB", 4}, {"F", 5},  {"F#", 6},
+      {"BB", 6}, {"G", 7},  {"G#", 8}, {"A", 9},  {"DB", 9}, {"A#", 10}, {"B", 11}, {"EB", 11}};
+  std::string upper(noteName);
+  std::transform(upper.begin(), upper.end(), upper.begin(),
+                 [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+  const auto found = numbers.find(upper);
+  return found == numbers.end() ? std::int16_t{-1} : found->second;
+}
+
+}  // namespace tonalith::views

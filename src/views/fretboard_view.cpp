@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "views/fretboard_view.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QFocusEvent>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPainter>
+#include <QPainterPath>
+#include <QToolTip>
+#include <algorithm>
+
+#include "controls/colours.h"
+#include "controls/painter_surface.h"
+#include "controls/theme.h"
+#include "core/failure.h"
+#include "views/accessible_views.h"
+
+namespace tonalith::views {
+namespace {
+
+using controls::LineControl;
+using controls::Twips;
+
+constexpr double kHalfImage = 14.5;
+constexpr double kNutWidth = 8;
+constexpr int kFretNumberHeight = 18;
+constexpr int kFretNumberPixels = 12;
+constexpr double kDoubleInlayDistance = 64;
+constexpr std::int32_t kControlNotFound = 730;
+
+/// The play marker: a triangle that points down at the note below it.
+class PlayMarker : public QWidget {
+ public:
+  using QWidget::QWidget;
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath triangle(QPointF(5.5, 15));
+    triangle.lineTo(23.5, 15);
+    triangle.lineTo(14.5, 29);
+    triangle.closeSubpath();
+    painter.setPen(QPen(QColor(controls::kAmberRim), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(QColor(controls::kAmber));
+    painter.drawPath(triangle);
+  }
+};
+
+/// A fret number. Its text is painted by the neck, centred below the inlays, where the strings end up as well.
+class FretNumber : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {}
+};
+
+QString Numbered(const char* name, int number) { return QString::fromLatin1(name) + QString::number(number); }
+
+QString Ordinal(int number) {
+  return QString::number(number) + (number == 3 ? QStringLiteral("rd") : QStringLiteral("th"));
+}
+
+LineControl* MakeLine(const QString& name, const LineGeometry& line, QObject* parent) {
+  return new LineControl(name, line.x1, line.y1, line.x2, line.y2, parent);
+}
+
+}  // namespace
+
+FretboardView::FretboardView(core::MsgBox& msgBox, QWidget* parent)
+    : QWidget(parent), msgBox_(msgBox), eventPump_([] { QCoreApplication::processEvents(); }) {
+  InstallAccessibleViews();
+  setObjectName(QStringLiteral("fretboardView"));
+  setAccessibleName(QStringLiteral("Fretboard"));
+  setGeometry(DesignRect());
+  BuildLines();
+  BuildImages();
+  BuildMarkers();
+}
+
+FretboardView::~FretboardView() = default;
+
+QRect FretboardView::DesignRect() { return {0, 226, 1080, 276}; }
+
+void FretboardView::SetNotePlayer(platform::NotePlayer* player, std::string appFolder) {
+  player_ = player;
+  appFolder_ = std::move(appFolder);
+}
+
+void FretboardView::BuildLines() {
+  for (int row = 1; row <= layout_.Rows(); ++row) {
+    strings_.push_back(MakeLine(Numbered("Line", row), FretboardLayout::StringLine(row), this));
+  }
+  nut_ = MakeLine(Numbered("Line", layout_.Rows() + 1), FretboardLayout::NutLine(), this);
+  for (int fret = 1; fret < layout_.Positions(); ++fret) {
+    frets_.push_back(MakeLine(Numbered("fret", fret), FretboardLayout::FirstFret(), this));
+    frets_.back()->BorderWidth = 3;
+  }
+}
+
+NoteImage* FretboardView::MakeImage(const QString& name, const std::string& tag) {
+  auto* image = new NoteImage(name, tag, this);
+  image->Left = FretboardLayout::kBaseLeft;
+  image->Width = image->Height = FretboardLayout::kImageSize;
+  return image;
+}
+
+void FretboardView::BuildImages() {
+  for (int index = 0; index < layout_.NoteCount(); ++index) {
+    const NotePlace& note = layout_.Note(index);
+    NoteImage* image = MakeImage(Numbered("img", index), note.tag);
+    image->setAccessibleName(QString::fromStdString(note.accessibleName));
+    image->installEventFilter(this);
+    connect(image, &QAbstractButton::pressed, this,
+            [this, index] { PlayOctaveNote(layout_.Note(index).tag, layout_.Note(index).octave); });
+    images_.push_back(image);
+  }
+  const std::vector<std::pair<int, const char*>> extras{{6, "C"},   {7, "D"},   {8, "E"},  {9, "F"},
+                                                        {13, "C#"}, {14, "D#"}, {15, "F#"}};
+  for (const auto& [number, tag] : extras) extraImages_.push_back(MakeImage(Numbered("imgE", number), tag));
+  for (int element = 0; element < 12; ++element) {
+    labelImages_.push_back(MakeImage(QStringLiteral("imgLabel"), {}));
+    labelImages_.back()->setProperty("Index", element);
+  }
+}
+
+void FretboardView::BuildMarkers() {
+  for (const int fret : FretboardLayout::NumberedFrets()) {
+    auto* marker = new FretNumber(QString::number(fret), this);
+    marker->setObjectName(Numbered("fretPosition", fret));
+    marker->setToolTip(QStringLiteral("The ") + Ordinal(fret) + QStringLiteral(" Fret"));
+    marker->resize(controls::NearestPixel(FretboardLayout::kImageSize), kFretNumberHeight);
+    markers_[fret] = marker;
+  }
+  playMarker_ = new PlayMarker(this);
+  playMarker_->setObjectName(QStringLiteral("Picture1"));
+  playMarker_->setAttribute(Qt::WA_TransparentForMouseEvents);
+  playMarker_->resize(29, 30);
+  playMarker_->hide();
+}
+
+NoteImage& FretboardView::Image(int index) const {
+  if (index < 0 || index >= layout_.NoteCount()) throw core::Failure::SubscriptOutOfRange();
+  return *images_[static_cast<std::size_t>(index)];
+}
+
+QWidget& FretboardView::ControlNamed(const std::string& name) const {
+  auto* control = findChild<QWidget*>(QString::fromStdString(name), Qt::FindDirectChildrenOnly);
+  if (name.empty() || control == nullptr) throw core::Failure(kControlNotFound, "Control '" + name + "' not found");
+  return *control;
+}
+
+void FretboardView::PlaceOnView(QWidget& widget, Twips left, Twips top) const {
+  widget.move(QPoint(controls::NearestPixel(left), controls::NearestPixel(top)) - DesignRect().topLeft());
+}
+
+std::vector<bool> FretboardView::VisibleNotes() const {
+  std::vector<bool> visible;
+  for (const NoteImage* image : images_) visible.push_back(!image->isHidden());
+  return visible;
+}
+
+NeckGeometry FretboardView::Geometry() const {
+  NeckGeometry neck;
+  const double nutX = controls::ExactPixels(nut_->x1);
+  neck.nut = QRectF(QPointF(nutX - kNutWidth / 2, controls::ExactPixels(nut_->y1)),
+                    QPointF(nutX + kNutWidth / 2, controls::ExactPixels(nut_->y2)));
+  neck.wood = QRectF(QPointF(nutX + 2, controls::ExactPixels(frets_.front()->y1)),
+                     QPointF(controls::ExactPixels(strings_.front()->x2), controls::ExactPixels(frets_.front()->y2)));
+  // A string runs through the middle of its discs; its line's y1 only says where the discs are.
+  for (const LineControl* string : strings_) {
+    neck.strings.push_back(controls::NearestPixel(FretboardLayout::Top(string->y1)) + kHalfImage);
+  }
+  neck.stringsLeft = controls::ExactPixels(strings_.front()->x1);
+  neck.stringsRight = controls::ExactPixels(strings_.front()->x2);
+  const double middle = (neck.strings.front() + neck.strings.back()) / 2;
+  for (int fret = 1; fret < layout_.Positions(); ++fret) {
+    neck.frets.push_back(controls::ExactPixels(frets_[static_cast<std::size_t>(fret - 1)]->x1));
+    const double x = controls::NearestPixel(FretboardLayout::Left(FretboardLayout::kBaseLeft, fret)) + kHalfImage;
+    if (FretboardLayout::HasDoubleInlay(fret)) {
+      neck.inlays.emplace_back(x, middle - kDoubleInlayDistance / 2);
+      neck.inlays.emplace_back(x, middle + kDoubleInlayDistance / 2);
+    } else if (FretboardLayout::HasInlay(fret)) {
+      neck.inlays.emplace_back(x, middle);
+    }
+  }
+  return neck;
+}
+
+QRectF FretboardView::FretNumberBox(int fret) const {
+  const QLabel* marker = markers_.at(fret);
+  const double x = controls::NearestPixel(FretboardLayout::Left(FretboardLayout::kBaseLeft, fret)) + kHalfImage;
+  const double width = marker->width();
+  return {x - width / 2, static_cast<double>(marker->y() + DesignRect().top()), width, kFretNumberHeight};
+}
+
+void FretboardView::PaintFretNumbers(QPainter& painter, const QColor& colour) const {
+  QFont numbers = font();
+  numbers.setPixelSize(kFretNumberPixels);
+  painter.setFont(numbers);
+  painter.setPen(colour);
+  for (const auto& [fret, marker] : markers_) {
+    if (!marker->isHidden()) painter.drawText(FretNumberBox(fret), Qt::AlignCenter, marker->text());
+  }
+}
+
+void FretboardView::PaintFocusRing(QPainter& painter) const {
+  const int focused = FocusedNote();
+  if (focused < 0 || !ringShown_) return;
+  const QRectF disc(Image(focused).geometry());
+  const bool square = Image(focused).Picture() == NotePicture::kKeyNote;
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(Qt::NoBrush);
+  const auto ring = [&](double distance, double width, const QColor& colour) {
+    const QRectF box = disc.adjusted(-distance, -distance, distance, distance);
+    const double radius = square ? 7.5 + distance : box.width() / 2;
+    painter.setPen(QPen(colour, width));
+    painter.drawRoundedRect(box, radius, radius);
+  };
+  ring(1.6, 4.6, QColor(0x14, 0x0a, 0x06));
+  ring(1.6, 2.4, QColor(controls::kAmber));
+}
+
+void FretboardView::PaintView(QPainter& painter, const QColor& numberColour) const {
+  PaintNeck(painter, Geometry());
+  painter.save();
+  PaintFretNumbers(painter, numberColour);
+  painter.restore();
+  for (const NoteImage* image : images_) {
+    if (image->isHidden()) continue;
+    painter.save();
+    painter.translate(image->pos() + DesignRect().topLeft());
+    controls::PainterSurface surface(painter);
+    image->DrawOn(surface);
+    painter.restore();
+  }
+}
+
+void FretboardView::paintEvent(QPaintEvent* /*event*/) {
+  const double scale = devicePixelRatioF();
+  if (neck_.isNull() || neck_.devicePixelRatio() != scale) {
+    neck_ = QPixmap(size() * scale);
+    neck_.setDevicePixelRatio(scale);
+    neck_.fill(Qt::transparent);
+    QPainter painter(&neck_);
+    painter.translate(-DesignRect().topLeft());
+    PaintNeck(painter, Geometry());
+  }
+  QPainter painter(this);
+  painter.drawPixmap(QPointF(0, 0), neck_);
+  PaintFocusRing(painter);
+  painter.translate(-DesignRect().topLeft());
+  PaintFretNumbers(painter, controls::SecondaryInk(palette()));
+}
+
+}  // namespace tonalith::views

@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "views/neck_painter.h"
+
+#include <QPainter>
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+#include "controls/painter_surface.h"
+
+namespace tonalith::views {
+namespace {
+
+constexpr double kWoodRadius = 3;
+constexpr double kInlayRadius = 7.5;
+constexpr double kFretWidth = 3;
+constexpr int kFibres = 420;
+
+/// Gauges of a set of strings, wider than life so that they can be told apart.
+constexpr std::array<double, 6> kGauges = {1.2, 1.6, 2.0, 2.6, 3.2, 3.9};
+constexpr std::size_t kPlainStrings = 3;
+
+/// A colour and where between 0 and 1 it stands.
+struct Stop {
+  double at;
+  QColor colour;
+};
+using Blend = std::vector<Stop>;
+
+QColor ColourAt(const Blend& blend, double at) {
+  const auto above = std::find_if(blend.begin(), blend.end(), [at](const Stop& stop) { return stop.at >= at; });
+  if (above == blend.end()) return blend.back().colour;
+  if (above == blend.begin()) return above->colour;
+  const Stop& below = *(above - 1);
+  const double share = (at - below.at) / (above->at - below.at);
+  const auto mix = [share](int a, int b) { return a + qRound((b - a) * share); };
+  return {mix(below.colour.red(), above->colour.red()), mix(below.colour.green(), above->colour.green()),
+          mix(below.colour.blue(), above->colour.blue())};
+}
+
+/// The device dots to one pixel of the painter.
+double DotsPerPixel(const QPainter& painter) { return std::max(1.0, painter.deviceTransform().m22()); }
+
+// The blends below are laid on in stripes of one device dot and one colour each. A gradient brush over areas of this
+// size makes Qt start threads for it, which takes longer than all of the painting.
+
+/// A blend from top to bottom. `inset` says how far a stripe keeps from both ends, by its distance from the nearer
+/// edge.
+template <class Inset>
+void FillDownward(QPainter& painter, const QRectF& area, const Blend& blend, Inset inset) {
+  const double stripe = 1 / DotsPerPixel(painter);
+  for (double y = area.top(); y < area.bottom() - stripe / 2; y += stripe) {
+    const double middle = y + stripe / 2;
+    const double in = inset(std::min(middle - area.top(), area.bottom() - middle));
+    controls::FillSnapped(painter, QRectF(area.left() + in, y, area.width() - 2 * in, stripe),
+                          ColourAt(blend, (middle - area.top()) / area.height()));
+  }
+}
+
+/// A blend from left to right.
+void FillAcross(QPainter& painter, const QRectF& area, const Blend& blend) {
+  const double stripe = 1 / DotsPerPixel(painter);
+  for (double x = area.left(); x < area.right() - stripe / 2; x += stripe) {
+    controls::FillSnapped(painter, QRectF(x, area.top(), stripe, area.height()),
+                          ColourAt(blend, (x + stripe / 2 - area.left()) / area.width()));
+  }
+}
+
+/// Numbers that look random and are the same at every start.
+class Grain {
+ public:
+  double Next() {
+    state_ = state_ * 1664525U + 1013904223U;
+    return static_cast<double>(state_ >> 8U) / 16777216.0;
+  }
+
+ private:
+  quint32 state_ = 20260U;
+};
+
+void PaintWood(QPainter& painter, const QRectF& wood) {
+  const Blend rosewood = {{0, QColor(0x53, 0x35, 0x27)},
+                          {0.12, QColor(0x4a, 0x2f, 0x22)},
+                          {0.55, QColor(0x3b, 0x24, 0x1a)},
+                          {1, QColor(0x2c, 0x1a, 0x12)}};
+  FillDownward(painter, wood, rosewood, [](double fromEdge) {
+    const double up = std::max(0.0, kWoodRadius - fromEdge);
+    return kWoodRadius - std::sqrt(kWoodRadius * kWoodRadius - up * up);
+  });
+  Grain grain;
+  const QRectF inside = wood.adjusted(0, kWoodRadius, -kWoodRadius, -kWoodRadius);
+  for (int fibre = 0; fibre < kFibres; ++fibre) {
+    const double length = 30 + 320 * grain.Next() * grain.Next();
+    const double left = inside.left() + (inside.width() + length) * grain.Next() - length;
+    const double top = inside.top() + (inside.height() - 1) * grain.Next();
+    const QRectF streak = QRectF(left, top, length, 0.5 + grain.Next()).intersected(inside);
+    const bool light = grain.Next() > 0.5;
+    const int strength = 8 + static_cast<int>(26 * grain.Next());
+    controls::FillSnapped(painter, streak,
+                          light ? QColor(0x9a, 0x68, 0x4a, strength) : QColor(0x10, 0x08, 0x04, 2 * strength));
+  }
+}
+
+void PaintInlay(QPainter& painter, QPointF middle) {
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor(0, 0, 0, 90));
+  painter.drawEllipse(middle + QPointF(0, 0.8), kInlayRadius + 0.5, kInlayRadius + 0.5);
+  QRadialGradient pearl(middle + QPointF(-2, -2.5), kInlayRadius * 1.6);
+  pearl.setColorAt(0, QColor(0xfb, 0xf8, 0xf1));
+  pearl.setColorAt(0.55, QColor(0xe2, 0xdb, 0xcd));
+  pearl.setColorAt(1, QColor(0xb9, 0xb0, 0xa0));
+  painter.setBrush(pearl);
+  painter.drawEllipse(middle, kInlayRadius, kInlayRadius);
+}
+
+void PaintFret(QPainter& painter, double x, const QRectF& wood) {
+  const QRectF wire(x - kFretWidth / 2, wood.top(), kFretWidth, wood.height());
+  controls::FillSnapped(painter, wire.translated(kFretWidth, 0).adjusted(0, 0, -1.5, 0), QColor(0, 0, 0, 70));
+  FillAcross(painter, wire,
+             {{0, QColor(0x9a, 0x9d, 0xa3)}, {0.4, QColor(0xf4, 0xf5, 0xf7)}, {1, QColor(0x83, 0x86, 0x8c)}});
+}
+
+void PaintNut(QPainter& painter, const QRectF& nut) {
+  painter.setPen(QPen(QColor(0xb0, 0xa1, 0x80), 1));
+  painter.setBrush(QColor(0xf8, 0xf2, 0xe3));
+  painter.drawRoundedRect(nut, 2, 2);
+  FillAcross(painter, nut.adjusted(1, 2, -1, -2), {{0, QColor(0xf8, 0xf2, 0xe3)}, {1, QColor(0xdf, 0xd3, 0xb8)}});
+}
+
+void PaintString(QPainter& painter, std::size_t index, double y, const NeckGeometry& neck) {
+  const double gauge = kGauges.at(std::min(index, kGauges.size() - 1));
+  const bool plain = index < kPlainStrings;
+  const QRectF string(neck.stringsLeft, y - gauge / 2, neck.stringsRight - neck.stringsLeft, gauge);
+  // The shadow falls on the board alone.
+  painter.fillRect(QRectF(neck.nut.right(), y + 1, neck.stringsRight - neck.nut.right(), gauge), QColor(0, 0, 0, 70));
+  QLinearGradient metal(0, string.top(), 0, string.bottom());
+  metal.setColorAt(0, plain ? QColor(0xf6, 0xf6, 0xf4) : QColor(0xee, 0xd9, 0xab));
+  metal.setColorAt(1, plain ? QColor(0x97, 0x97, 0x95) : QColor(0x86, 0x67, 0x33));
+  painter.fillRect(string, metal);
+  if (plain) return;
+  QPen winding(QColor(0x3c, 0x28, 0x0c, 70), gauge);
+  winding.setCapStyle(Qt::FlatCap);
+  winding.setDashPattern({0.8 / gauge, 1.2 / gauge});
+  painter.setPen(winding);
+  painter.drawLine(QPointF(neck.stringsLeft, y), QPointF(neck.stringsRight, y));
+}
+
+}  // namespace
+
+void PaintNeck(QPainter& painter, const NeckGeometry& neck) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  PaintWood(painter, neck.wood);
+  for (const QPointF& inlay : neck.inlays) PaintInlay(painter, inlay);
+  for (const double fret : neck.frets) PaintFret(painter, fret, neck.wood);
+  PaintNut(painter, neck.nut);
+  for (std::size_t index = 0; index < neck.strings.size(); ++index) {
+    PaintString(painter, index, neck.strings[index], neck);
+  }
+  painter.restore();
+}
+
+}  // namespace tonalith::views

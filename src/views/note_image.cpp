@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "views/note_image.h"
+
+#include <QImage>
+#include <QKeyEvent>
+#include <QPainter>
+#include <cmath>
+#include <map>
+#include <memory>
+#include <tuple>
+
+#include "controls/painter_surface.h"
+
+namespace tonalith::views {
+namespace {
+
+using controls::DrawingSurface;
+
+constexpr int kSide = 29;  // 435 twips.
+constexpr double kMiddle = kSide / 2.0;
+constexpr double kNamePixels = 14;
+constexpr double kNameTop = 5;
+
+/// The key note: a rounded square in the accent.
+class KeyNotePicture : public controls::SurfacePicture {
+ public:
+  [[nodiscard]] std::string Name() const override { return "key-note"; }
+  void PaintOn(QPainter& painter) const override {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(controls::kAccentRim), 1.5));
+    painter.setBrush(QColor(controls::kAccent));
+    painter.drawRoundedRect(QRectF(0.75, 0.75, kSide - 1.5, kSide - 1.5), 7.5, 7.5);
+  }
+};
+
+/// Any other note of the scale: a circle.
+class ScaleNotePicture : public controls::SurfacePicture {
+ public:
+  [[nodiscard]] std::string Name() const override { return "scale-note"; }
+  void PaintOn(QPainter& painter) const override {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(controls::kNoteRim), 1.2));
+    painter.setBrush(QColor(controls::kNote));
+    painter.drawEllipse(QPointF(kMiddle, kMiddle), kMiddle - 0.75, kMiddle - 0.75);
+  }
+};
+
+/// One finished image for each picture, name and scale factor; there are only two dozen of them for 96 notes.
+const QImage& SharedImage(const NoteImage& note, double scale) {
+  using Key = std::tuple<NotePicture, std::string, double>;
+  static std::map<Key, QImage> images;
+  const Key key(note.Picture(), note.NameDrawn() ? note.Tag() : std::string(), scale);
+  const auto known = images.find(key);
+  if (known != images.end()) return known->second;
+  const int side = static_cast<int>(std::ceil(kSide * scale));
+  QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+  image.setDevicePixelRatio(scale);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  controls::PainterSurface surface(painter);
+  note.DrawOn(surface);
+  painter.end();
+  return images.emplace(key, std::move(image)).first->second;
+}
+
+}  // namespace
+
+std::shared_ptr<const controls::SurfacePicture> PictureOf(NotePicture picture) {
+  static const auto keyNote = std::make_shared<const KeyNotePicture>();
+  static const auto scaleNote = std::make_shared<const ScaleNotePicture>();
+  switch (picture) {
+    case NotePicture::kKeyNote:
+      return keyNote;
+    case NotePicture::kScaleNote:
+      return scaleNote;
+    case NotePicture::kNone:
+      break;
+  }
+  return nullptr;
+}
+
+void DrawNoteName(DrawingSurface& surface, const std::string& tag, double scaleWidth) {
+  surface.SetScaleMode(controls::ScaleMode::kPixels);
+  surface.SetFontSize(controls::Pixels(kNamePixels));
+  if (controls::FontIsInstalled("Tahoma")) {
+    surface.SetFontName("Tahoma");
+  } else {
+    controls::SetFontNameOrDefault(surface, "Tahoma");
+  }
+  surface.SetFontBold(true);
+  surface.SetForeColor(controls::kWhite);
+  surface.SetCurrentX((scaleWidth - surface.TextWidth(tag)) / 2);
+  surface.SetCurrentY(kNameTop);
+  surface.Print(tag);
+}
+
+NoteImage::NoteImage(const QString& name, const std::string& tag, QWidget* parent)
+    : QAbstractButton(parent), tag_(tag) {
+  setObjectName(name);
+  setFocusPolicy(Qt::ClickFocus);
+  resize(kSide, kSide);
+  hide();
+}
+
+void NoteImage::SetPicture(NotePicture picture) {
+  if (picture == picture_ && !nameDrawn_) return;
+  picture_ = picture;
+  nameDrawn_ = false;
+  update();
+}
+
+void NoteImage::DrawName() {
+  AutoRedraw = true;
+  if (nameDrawn_) return;
+  nameDrawn_ = true;
+  update();
+}
+
+void NoteImage::ClearName() {
+  if (!nameDrawn_) return;
+  nameDrawn_ = false;
+  update();
+}
+
+void NoteImage::DrawOn(DrawingSurface& surface) const {
+  surface.SetScaleMode(controls::ScaleMode::kPixels);
+  surface.Cls();
+  surface.PaintPicture(PictureOf(picture_), 0, 0);
+  if (nameDrawn_) DrawNoteName(surface, tag_, kSide);
+}
+
+QSize NoteImage::sizeHint() const { return {kSide, kSide}; }
+
+void NoteImage::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.drawImage(QPointF(0, 0), SharedImage(*this, devicePixelRatioF()));
+}
+
+void NoteImage::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      click();
+      return;
+    case Qt::Key_Space:
+      QAbstractButton::keyPressEvent(event);
+      return;
+    default:
+      event->ignore();  // The neck knows where the arrow keys lead.
+  }
+}
+
+}  // namespace tonalith::views

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "views/score_handler.h"
+
+#include "controls/music_font.h"
+#include "views/staff_layout.h"
+
+namespace tonalith::views {
+namespace {
+
+using controls::DrawingSurface;
+using controls::TwipsToPixels;
+
+void DrawStaffLines(DrawingSurface& target) {
+  for (int line = 0; line < staff::kLines; ++line) {
+    const std::int32_t y = LineY(line);
+    target.Line(TwipsToPixels(staff::kLeft), y, TwipsToPixels(staff::kRight), y);
+  }
+}
+
+void DrawClef(DrawingSurface& target) {
+  target.SetFontName(std::string(controls::kMusicFontName));
+  target.SetFontSize(controls::Points(staff::kFontPoints));
+  target.SetFontBold(false);
+  target.SetCurrentX(TwipsToPixels(staff::kClefX));
+  target.SetCurrentY(TwipsToPixels(staff::kClefY));
+  target.Print(std::string(1, controls::kTrebleClef));
+}
+
+void DrawLedgerLines(DrawingSurface& target, int step, std::int32_t x) {
+  for (const int ledger : LedgerSteps(step)) {
+    const std::int32_t y = StepY(ledger);
+    target.Line(x - TwipsToPixels(staff::kLedgerBefore), y, x + TwipsToPixels(staff::kLedgerAfter), y);
+  }
+}
+
+void DrawNote(DrawingSurface& target, const std::string& name, std::int32_t x, std::int32_t y) {
+  std::string glyphs(1, controls::kWholeNote);
+  target.SetCurrentX(x);
+  target.SetCurrentY(y - TwipsToPixels(staff::kNudge));
+  if (name.back() == '#') {
+    target.SetCurrentX(x);
+    target.SetCurrentY(y + TwipsToPixels(staff::kNudge));
+    glyphs += controls::kSharp;
+  }
+  target.Print(glyphs);
+}
+
+}  // namespace
+
+void ScoreHandler(DrawingSurface* scoreTarget, std::int16_t keyIndex, const std::vector<std::int16_t>& intervals,
+                  std::string& scaleNotes) {
+  if (scoreTarget == nullptr) return;
+  DrawingSurface& target = *scoreTarget;
+  target.SetScaleMode(controls::ScaleMode::kPixels);
+  target.Cls();
+  const std::vector<std::int16_t> keys = KeyList(keyIndex, intervals);
+  DrawStaffLines(target);
+  DrawClef(target);
+  const auto textHeight = static_cast<std::int32_t>(target.TextHeight(std::string(1, controls::kWholeNote)));
+  scaleNotes.clear();
+  StaffWalk walk;
+  int column = 0;
+  for (const std::int16_t key : keys) {
+    const std::string name = walk.NameOf(key);
+    scaleNotes += " " + name;
+    const int step = walk.Step();
+    const std::int32_t x = ColumnX(column);
+    DrawLedgerLines(target, step, x);
+    DrawNote(target, name, x, GlyphY(step, textHeight));
+    ++column;
+  }
+}
+
+}  // namespace tonalith::views

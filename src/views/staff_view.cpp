@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "views/staff_view.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+
+#include "controls/painter_surface.h"
+#include "views/accessible_views.h"
+#include "views/score_handler.h"
+#include "views/staff_layout.h"
+
+namespace tonalith::views {
+namespace {
+
+constexpr double kCardRadius = 8;
+/// What stays free between the card's edge and a drawing that had to be made smaller.
+constexpr double kCardMargin = 8;
+/// How far the staff lines run on behind the last note of a scale that is longer than they are.
+constexpr double kLinesBehindLastNote = 10;
+
+}  // namespace
+
+StaffView::StaffView(QWidget* parent) : QWidget(parent) {
+  InstallAccessibleViews();
+  setGeometry(DesignRect());
+  setObjectName(QStringLiteral("staffView"));
+  Announce({});
+}
+
+QRect StaffView::DesignRect() { return {722, 62, 334, 150}; }
+
+void StaffView::Draw(std::int16_t keyIndex, const std::vector<std::int16_t>& intervals, std::string& scaleNotes) {
+  drawing_.SetForeColor(controls::kInk);
+  Announce({});
+  update();
+  ScoreHandler(&drawing_, keyIndex, intervals, scaleNotes);
+  Announce(scaleNotes);
+}
+
+void StaffView::Clear() {
+  drawing_.Cls();
+  Announce({});
+  update();
+}
+
+void StaffView::Announce(const std::string& notes) {
+  const QString list = notes.empty() ? QStringLiteral(" no notes") : QString::fromStdString(notes);
+  setAccessibleName(QStringLiteral("Treble clef:") + list);
+}
+
+void StaffView::PaintView(QPainter& painter) const {
+  const QRectF card = DesignRect();
+  const double linesEnd = controls::TwipsToPixels(staff::kRight);
+  QRectF ink = drawing_.InkBounds();
+  const bool longerThanLines = ink.right() > linesEnd;
+  if (longerThanLines) ink.setRight(ink.right() + kLinesBehindLastNote);
+  const QRectF room = card.adjusted(kCardMargin, kCardMargin, -kCardMargin, -kCardMargin);
+  painter.save();
+  if (!ink.isEmpty() && !room.contains(ink)) {
+    const double factor = std::min({1.0, room.width() / ink.width(), room.height() / ink.height()});
+    painter.translate(room.center());
+    painter.scale(factor, factor);
+    painter.translate(-ink.center());
+  }
+  if (longerThanLines) {
+    for (int line = 0; line < staff::kLines; ++line) {
+      controls::FillSnapped(painter, {linesEnd, static_cast<double>(LineY(line)), ink.right() - linesEnd, 1},
+                            QColor(controls::ToRgb(controls::kInk)));
+    }
+  }
+  controls::PainterSurface surface(painter);
+  drawing_.ReplayOn(surface);
+  painter.restore();
+}
+
+void StaffView::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(QColor(controls::kStaffPaperRim), 1));
+  painter.setBrush(QColor(controls::kStaffPaper));
+  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCardRadius, kCardRadius);
+  painter.translate(-DesignRect().topLeft());
+  PaintView(painter);
+}
+
+}  // namespace tonalith::views

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "controls/data_control.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "core/failure.h"
+#include "core/recording_msg_box.h"
+#include "data/schema.h"
+#include "support/temp_folder.h"
+
+namespace tonalith::controls {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class DataControlTest : public testing::Test {
+ protected:
+  DataControlTest() : control_(QStringLiteral("Data1"), QStringLiteral("Select Scales"), box_, nullptr) {
+    data::CreateScaleDatabase(path_);
+    Execute(
+        "INSERT INTO ScaleTypes VALUES (1, 1, 'Type');"
+        "INSERT INTO Scales(ScaleID, ScaleName, ScaleTypeID) VALUES (3, 'A', 1), (5, 'A', 1), (9, NULL, 1)");
+    control_.SetConnectionString("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path_.string());
+    control_.SetRecordSource("SELECT * FROM ScalesQuery");
+    control_.Bind("ScaleID", [this](const data::Value& id) { shown_.push_back(id.TextOr("-")); });
+  }
+  void Execute(const std::string& statements) {
+    SQLite::Database db(path_.string(), SQLite::OPEN_READWRITE);
+    db.exec(statements);
+  }
+  void Press(const char* name) {
+    QTest::mouseClick(control_.findChild<QAbstractButton*>(QLatin1String(name)), Qt::LeftButton);
+  }
+
+  tests::TempFolder temp_;
+  std::filesystem::path path_ = temp_.Path() / "scales.mdb";
+  core::RecordingMsgBox box_;
+  DataControl control_;
+  std::vector<std::string> shown_;
+};
+
+TEST_F(DataControlTest, IsUnboundUntilItIsRefreshed) {
+  EXPECT_EQ(control_.Recordset(), nullptr);
+  EXPECT_FALSE(control_.HasRecord());
+  EXPECT_TRUE(control_.FieldValue(0).IsNull());
+  Press("Next record");
+  EXPECT_THAT(shown_, IsEmpty());
+  EXPECT_THAT(box_.Messages(), IsEmpty());
+}
+
+TEST_F(DataControlTest, RefreshStandsOnTheFirstRow) {
+  control_.Refresh();
+  Press("Last record");
+  control_.Refresh();
+  EXPECT_THAT(shown_, ElementsAre("3", "9", "3"));
+}
+
+TEST_F(DataControlTest, EachMoveTellsOnceAlsoWhenNeighboursShareEveryBoundValue) {
+  control_.Refresh();
+  const QSignalSpy moved(&control_, &DataControl::Moved);
+  Press("Next record");
+  EXPECT_EQ(moved.count(), 1);
+  Press("Last record");
+  EXPECT_EQ(moved.count(), 2);
+  Press("Last record");
+  Press("Next record");
+  EXPECT_EQ(moved.count(), 2) << "nothing moved";
+  EXPECT_THAT(shown_, ElementsAre("3", "5", "9"));
+}
+
+TEST_F(DataControlTest, QuietMovesChangeTheBoundControlsAndTellNobody) {
+  control_.Refresh();
+  const QSignalSpy moved(&control_, &DataControl::Moved);
+  {
+    const DataControl::Quiet quiet(control_);
+    control_.MoveLast();
+  }
+  EXPECT_EQ(moved.count(), 0);
+  EXPECT_EQ(shown_.back(), "9");
+}
+
+TEST_F(DataControlTest, BookmarkOfARowThatIsGoneIsAFailureOrPassedOverAsTheCallerWishes) {
+  control_.Refresh();
+  const data::Bookmark first = control_.Recordset()->GetBookmark();
+  Execute("DELETE FROM Scales WHERE ScaleID = 3");
+  control_.Refresh();
+  EXPECT_THROW(control_.SetBookmark(first), core::Failure);
+  control_.SetBookmarkIfThere(first);
+  EXPECT_EQ(shown_.back(), "5");
+}
+
+TEST_F(DataControlTest, FailedRefreshLeavesTheControlUnboundAndItsControlsEmpty) {
+  control_.Refresh();
+  control_.SetConnectionString("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path_.string() + ".gone");
+  EXPECT_THROW(control_.Refresh(), core::Failure);
+  EXPECT_EQ(control_.Recordset(), nullptr);
+  EXPECT_EQ(shown_.back(), "-");
+}
+
+TEST_F(DataControlTest, ReleaseLetsTheFileGoAndKeepsWhatIsShown) {
+  control_.Refresh();
+  control_.Release();
+  EXPECT_EQ(control_.Recordset(), nullptr);
+  EXPECT_THAT(shown_, ElementsAre("3"));
+  Execute("BEGIN EXCLUSIVE; ROLLBACK");
+}
+
+TEST_F(DataControlTest, ArrowsAreNamedForAssistiveTechnologyAndReachedByTab) {
+  std::vector<std::string> names;
+  for (const QAbstractButton* const button : control_.findChildren<QAbstractButton*>()) {
+    names.push_back(button->accessibleName().toStdString());
+    EXPECT_EQ(button->focusPolicy(), Qt::StrongFocus);
+  }
+  EXPECT_THAT(names, ElementsAre("First record", "Previous record", "Next record", "Last record"));
+}
+
+TEST_F(DataControlTest, FailureOfAnArrowIsShownAsItsDescription) {
+  control_.Refresh();
+  control_.Recordset()->Close();
+  control_.RunMove(&DataControl::MoveNext);
+  EXPECT_THAT(box_.Messages(), IsEmpty()) << "a closed record set has no current record to leave";
+}
+
+}  // namespace
+}  // namespace tonalith::controls

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Text boxes bound to fields, and the data control's own edits.
+
+#include "controls/field_binding.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "controls/data_control.h"
+#include "core/failure.h"
+#include "core/recording_msg_box.h"
+#include "data/schema.h"
+#include "support/temp_folder.h"
+
+namespace tonalith::controls {
+namespace {
+
+class FieldBindingTest : public testing::Test {
+ protected:
+  FieldBindingTest() {
+    data::CreateScaleDatabase(path_);
+    SQLite::Database db(path_, SQLite::OPEN_READWRITE);
+    db.exec(
+        "INSERT INTO ScaleTypes VALUES (1, 1, 'Type');"
+        "INSERT INTO Scales(ScaleName, ScaleTypeID, ScaleDescription, Sort) VALUES ('A', 1, 'a' || char(13, 10) || "
+        "'b', 1),"
+        "  ('B', 1, NULL, 2)");
+    control_.SetConnectionString("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path_);
+    control_.SetRecordSource("SELECT * FROM ScalesQuery");
+    control_.SetLockType(data::LockType::kBatchOptimistic);
+  }
+  std::string Saved() {
+    SQLite::Database db(path_);
+    SQLite::Statement rows(
+        db, "SELECT ScaleName || ' ' || ifnull(Sort, '-') || ' ' || typeof(ScaleDescription) FROM Scales");
+    std::string text;
+    while (rows.executeStep()) text += rows.getColumn(0).getString() + "\n";
+    return text;
+  }
+
+  tests::TempFolder temp_;
+  std::string path_ = temp_ / "scales.mdb";
+  core::RecordingMsgBox box_;
+  DataControl control_{QStringLiteral("Data1"), QStringLiteral("Scales"), box_, nullptr};
+  QLineEdit name_;
+  QLineEdit sort_;
+  QPlainTextEdit words_;
+  FieldBinding* nameField_ = new FieldBinding(control_, "ScaleName", FieldBinding::Kind::kText, box_, &name_);
+  FieldBinding* sortField_ = new FieldBinding(control_, "Sort", FieldBinding::Kind::kNumber, box_, &sort_);
+  FieldBinding* wordsField_ = new FieldBinding(control_, "ScaleDescription", FieldBinding::Kind::kText, box_, &words_);
+};
+
+TEST_F(FieldBindingTest, ShowsTheRowAndTellsWhatChanged) {
+  const QSignalSpy changed(sortField_, &FieldBinding::Changed);
+  const QSignalSpy edited(sortField_, &FieldBinding::Edited);
+  control_.Refresh();
+  control_.MoveNext();
+  control_.Refresh();
+  EXPECT_EQ(nameField_->Text(), QStringLiteral("A"));
+  EXPECT_EQ(changed.count(), 3);
+  EXPECT_EQ(edited.count(), 0);
+  EXPECT_FALSE(control_.IsEditPending());
+}
+
+TEST_F(FieldBindingTest, PutsWhatIsTypedIntoThePendingEdit) {
+  control_.Refresh();
+  const QSignalSpy edited(nameField_, &FieldBinding::Edited);
+  QTest::keyClicks(&name_, QStringLiteral("bc"));
+  EXPECT_EQ(edited.count(), 2);
+  EXPECT_EQ(edited.at(1).at(0).toString(), QStringLiteral("Ab"));
+  EXPECT_EQ(control_.FieldValue(1), data::Value("Abc"));
+  EXPECT_EQ(Saved(), "A 1 text\nB 2 null\n");
+  control_.MoveNext();
+  EXPECT_EQ(Saved(), "Abc 1 text\nB 2 null\n");
+}
+
+TEST_F(FieldBindingTest, FindsNoChangeInWhatIsTypedAndTakenAway) {
+  control_.Refresh();
+  control_.MoveNext();
+  QTest::keyClicks(&words_, QStringLiteral("x"));
+  QTest::keyClicks(&sort_, QStringLiteral("3"));
+  EXPECT_TRUE(control_.IsEditPending());
+  QTest::keyClick(&words_, Qt::Key_Backspace);
+  QTest::keyClick(&sort_, Qt::Key_Backspace);
+  EXPECT_FALSE(control_.IsEditPending()) << "a null is still a null, a number a number";
+}
+
+TEST_F(FieldBindingTest, LeavesLineBreaksAsTheDatabaseHasThem) {
+  control_.Refresh();
+  QTest::keyClicks(&words_, QStringLiteral("x"));
+  QTest::keyClick(&words_, Qt::Key_Backspace);
+  EXPECT_FALSE(control_.IsEditPending());
+}
+
+TEST_F(FieldBindingTest, MakesNumbersOfNumbersAndNullOfNothing) {
+  control_.Refresh();
+  sortField_->SetText(QStringLiteral(" 12 "));
+  EXPECT_EQ(control_.FieldValue(7), data::Value(12));
+  sortField_->SetText({});
+  EXPECT_TRUE(control_.FieldValue(7).IsNull());
+  sortField_->SetText(QStringLiteral("last"));
+  EXPECT_EQ(control_.FieldValue(7), data::Value("last"));
+}
+
+TEST_F(FieldBindingTest, SaysWhyTypingIsInVain) {
+  QTest::keyClicks(&name_, QStringLiteral("x"));
+  EXPECT_EQ(box_.Texts(), "Operation is not allowed when the object is closed.\n");
+  EXPECT_THROW(nameField_->SetText(QStringLiteral("y")), core::Failure);
+  EXPECT_EQ(name_.text(), QStringLiteral("x"));
+}
+
+TEST_F(FieldBindingTest, KeepsARefusedEditAndRemembersThatItWasRefused) {
+  control_.Refresh();
+  nameField_->SetText(QStringLiteral("B"));
+  EXPECT_FALSE(control_.IsEditRefused());
+  EXPECT_THROW(control_.UpdateBatch(), core::Failure);
+  EXPECT_TRUE(control_.IsEditRefused());
+  control_.RunMove(&DataControl::MoveNext);
+  EXPECT_EQ(box_.Texts(), "There is a scale of this name already.\n");
+  EXPECT_EQ(control_.FieldValue(0), data::Value(1)) << "still there";
+  nameField_->SetText(QStringLiteral("C"));
+  EXPECT_FALSE(control_.IsEditRefused());
+  control_.CancelUpdate();
+  EXPECT_EQ(name_.text(), QStringLiteral("A"));
+}
+
+TEST_F(FieldBindingTest, ANewRowIsPendingUntilItIsWritten) {
+  control_.Refresh();
+  const QSignalSpy written(&control_, &DataControl::Written);
+  control_.AddNew({{"ScaleTypeID", 1}, {"Sort", 7}});
+  EXPECT_EQ(sort_.text(), QStringLiteral("7"));
+  EXPECT_EQ(name_.text(), QString());
+  EXPECT_FALSE(control_.CurrentBookmark().has_value());
+  nameField_->SetText(QStringLiteral("C"));
+  EXPECT_EQ(written.count(), 0);
+  control_.UpdateBatch();
+  EXPECT_EQ(written.count(), 1);
+  EXPECT_EQ(control_.CurrentBookmark(), data::Bookmark{3});
+  EXPECT_EQ(Saved(), "A 1 text\nB 2 null\nC 7 null\n");
+}
+
+TEST_F(FieldBindingTest, DeletingDropsANewRowAndGoesOnFromAnOldOne) {
+  control_.Refresh();
+  control_.AddNew({});
+  control_.Delete();
+  EXPECT_EQ(name_.text(), QStringLiteral("A"));
+  control_.MoveLast();
+  control_.Delete();
+  EXPECT_EQ(name_.text(), QStringLiteral("A"));
+  control_.Delete();
+  EXPECT_FALSE(control_.HasRecord());
+  EXPECT_EQ(name_.text(), QString());
+  EXPECT_EQ(Saved(), "");
+}
+
+}  // namespace
+}  // namespace tonalith::controls

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "controls/fitting_label.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+namespace tonalith::controls {
+namespace {
+
+/// The columns of a rendered label that hold ink.
+int RightmostInk(FittingLabel& label) {
+  QImage image(label.size(), QImage::Format_RGB32);
+  image.fill(Qt::white);
+  label.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+  for (int x = image.width() - 1; x >= 0; --x) {
+    for (int y = 0; y < image.height(); ++y) {
+      if (qGray(image.pixel(x, y)) < 128) return x;
+    }
+  }
+  return -1;
+}
+
+class FittingLabelTest : public testing::Test {
+ protected:
+  FittingLabelTest() : label_(QStringLiteral("Label1"), {30, 15}, QFont::Bold, nullptr) {
+    label_.resize(300, 40);
+    label_.SetInk(Qt::black);
+    QPalette palette = label_.palette();
+    palette.setColor(QPalette::Window, Qt::white);
+    label_.setPalette(palette);
+  }
+  FittingLabel label_;
+};
+
+TEST_F(FittingLabelTest, ShortTextIsSetInTheLargestSize) {
+  label_.setText(QStringLiteral("Dorian"));
+  EXPECT_EQ(label_.FittedPixelSize(), 30);
+  EXPECT_FALSE(label_.IsElided());
+}
+
+TEST_F(FittingLabelTest, LongerTextIsSetSmallerAndStaysWhole) {
+  label_.setText(QStringLiteral("Phrygian dominant flat four"));
+  EXPECT_LT(label_.FittedPixelSize(), 30);
+  EXPECT_FALSE(label_.IsElided());
+  const int right = RightmostInk(label_);
+  EXPECT_GT(right, 100);
+  EXPECT_LT(right, 300);
+}
+
+TEST_F(FittingLabelTest, TextThatNoSizeHoldsEndsInAnEllipsisInsideTheBox) {
+  label_.setText(QString(200, QLatin1Char('W')));
+  EXPECT_EQ(label_.FittedPixelSize(), 15);
+  EXPECT_TRUE(label_.IsElided());
+  EXPECT_LT(RightmostInk(label_), 300);
+  EXPECT_EQ(label_.text().size(), 200);
+}
+
+TEST_F(FittingLabelTest, LineBreaksBreakLines) {
+  label_.setText(QStringLiteral("a\r\nb"));
+  const int two = label_.FittedPixelSize();
+  label_.setText(QStringLiteral("a b"));
+  EXPECT_LT(two, label_.FittedPixelSize());
+}
+
+TEST_F(FittingLabelTest, EmptyTextPaintsNothing) {
+  label_.setText(QString());
+  EXPECT_EQ(RightmostInk(label_), -1);
+}
+
+}  // namespace
+}  // namespace tonalith::controls

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "controls/theme.h"
+
+#include <gtest/gtest.h>
+
+#include "controls/colours.h"
+
+namespace tonalith::controls {
+namespace {
+
+QPalette Light() {
+  QPalette palette(QColor(0xef, 0xef, 0xef));
+  palette.setColor(QPalette::WindowText, QColor(0x20, 0x20, 0x20));
+  return palette;
+}
+
+QPalette Dark() {
+  QPalette palette(QColor(0x30, 0x30, 0x34));
+  palette.setColor(QPalette::WindowText, QColor(0xe0, 0xe0, 0xe0));
+  return palette;
+}
+
+TEST(Theme, LightSystemGetsTheWarmPaperGroundAndDarkOneADarkGround) {
+  EXPECT_EQ(WarmPalette(Light()).color(QPalette::Window), QColor(0xf6, 0xf4, 0xf0));
+  EXPECT_FALSE(IsDark(WarmPalette(Light())));
+  EXPECT_TRUE(IsDark(WarmPalette(Dark())));
+}
+
+TEST(Theme, EveryInkCanBeReadOnItsGround) {
+  for (const QPalette& system : {Light(), Dark()}) {
+    const QPalette warm = WarmPalette(system);
+    const QColor ground = warm.color(QPalette::Window);
+    EXPECT_GE(ContrastRatio(SecondaryInk(warm), ground), 4.5);
+    EXPECT_GE(ContrastRatio(SiennaInk(warm), ground), 4.5);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::WindowText), ground), 7.0);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::ButtonText), warm.color(QPalette::Button)), 7.0);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::Text), warm.color(QPalette::Base)), 7.0);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::Disabled, QPalette::ButtonText), warm.color(QPalette::Button)), 3.0);
+  }
+}
+
+TEST(Theme, PaletteOfStrongContrastIsLeftAlone) {
+  QPalette strong(Qt::black);
+  strong.setColor(QPalette::WindowText, Qt::white);
+  EXPECT_EQ(WarmPalette(strong), strong);
+}
+
+TEST(Theme, WhiteOnTheAccentCanBeRead) { EXPECT_GE(ContrastRatio(Qt::white, QColor(kAccent)), 4.5); }
+
+}  // namespace
+}  // namespace tonalith::controls

@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "views/fretboard_layout.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "core/failure.h"
+
+namespace tonalith::views {
+namespace {
+
+using controls::Twips;
+
+/// The names of a row, open string first, separated by single blanks.
+std::string TagsOfRow(const FretboardLayout& layout, int row) {
+  std::string tags;
+  for (int position = 0; position < layout.Positions(); ++position) {
+    if (position > 0) tags += ' ';
+    tags += layout.Note(layout.IndexAt(row, position)).tag;
+  }
+  return tags;
+}
+
+/// The octave numbers of a row, one digit for each position.
+std::string OctavesOfRow(const FretboardLayout& layout, int row) {
+  std::string octaves;
+  for (int position = 0; position < layout.Positions(); ++position) {
+    octaves += std::to_string(layout.Note(layout.IndexAt(row, position)).octave);
+  }
+  return octaves;
+}
+
+TEST(FretboardLayout, HasSixStringsWithSixteenPositionsEach) {
+  const FretboardLayout layout;
+  EXPECT_EQ(layout.Rows(), 6);
+  EXPECT_EQ(layout.Positions(), 16);
+  EXPECT_EQ(layout.NoteCount(), 96);
+  EXPECT_EQ(layout.IndexAt(6, 15), 95);
+}
+
+TEST(FretboardLayout, TagsEveryNoteOfStandardTuning) {
+  const FretboardLayout layout;
+  EXPECT_EQ(TagsOfRow(layout, 1), "E F F# G G# A A# B C C# D D# E F F# G");
+  EXPECT_EQ(TagsOfRow(layout, 2), "B C C# D D# E F F# G G# A A# B C C# D");
+  EXPECT_EQ(TagsOfRow(layout, 3), "G G# A A# B C C# D D# E F F# G G# A A#");
+  EXPECT_EQ(TagsOfRow(layout, 4), "D D# E F F# G G# A A# B C C# D D# E F");
+  EXPECT_EQ(TagsOfRow(layout, 5), "A A# B C C# D D# E F F# G G# A A# B C");
+  EXPECT_EQ(TagsOfRow(layout, 6), "E F F# G G# A A# B C C# D D# E F F# G");
+}
+
+TEST(FretboardLayout, NumbersOctavesThatChangeAtC) {
+  const FretboardLayout layout;
+  EXPECT_EQ(OctavesOfRow(layout, 1), "4444444455555555");
+  EXPECT_EQ(OctavesOfRow(layout, 2), "3444444444444555");
+  EXPECT_EQ(OctavesOfRow(layout, 3), "3333344444444444");
+  EXPECT_EQ(OctavesOfRow(layout, 4), "3333333333444444");
+  EXPECT_EQ(OctavesOfRow(layout, 5), "2223333333333334");
+  EXPECT_EQ(OctavesOfRow(layout, 6), "2222222233333333");
+}
+
+TEST(FretboardLayout, NumbersTheSoundFilesBySemitoneFromC2) {
+  const FretboardLayout layout;
+  const auto file = [&](int index) {
+    const NotePlace& note = layout.Note(index);
+    return OctaveSoundNumber(core::CNoteToNumber(note.tag), note.octave);
+  };
+  EXPECT_EQ(file(0), 28);
+  EXPECT_EQ(file(16), 23);
+  EXPECT_EQ(file(80), 4);
+  EXPECT_EQ(file(95), 19);
+  EXPECT_EQ(file(15), 43);
+}
+
+TEST(FretboardLayout, TakesTheBareNoteNumberOutsideOctavesTwoToFive) {
+  EXPECT_EQ(OctaveSoundNumber(4, 1), 4);
+  EXPECT_EQ(OctaveSoundNumber(4, 6), 4);
+  EXPECT_EQ(OctaveSoundNumber(11, 5), 47);
+  EXPECT_EQ(OctaveSoundNumber(0, 2), 0);
+}
+
+TEST(FretboardLayout, NamesEveryNoteByStringAndFret) {
+  const FretboardLayout layout;
+  EXPECT_EQ(layout.Note(0).accessibleName, "E, string 1, open");
+  EXPECT_EQ(layout.Note(18).accessibleName, "C#, string 2, fret 2");
+  EXPECT_EQ(layout.Note(95).accessibleName, "G, string 6, fret 15");
+}
+
+TEST(FretboardLayout, LeavesPositionZeroAtTheBaseImage) {
+  EXPECT_EQ(FretboardLayout::Left(Twips{600}, 0).value, 600);
+  EXPECT_EQ(FretboardLayout::Left(Twips{1234}, 0).value, 1234);
+}
+
+TEST(FretboardLayout, PutsPositionFifteenFourteenThousandOneHundredTwipsRightOfTheBase) {
+  EXPECT_EQ(FretboardLayout::Left(Twips{600}, 15).value - 600, 14100);
+}
+
+TEST(FretboardLayout, KeepsTheLeftEdgeIn16Bits) {
+  EXPECT_EQ(FretboardLayout::Left(Twips{18667}, 15).value, 32767);
+  try {
+    static_cast<void>(FretboardLayout::Left(Twips{18668}, 15));
+    FAIL() << "no failure";
+  } catch (const core::Failure& failure) {
+    EXPECT_EQ(failure.Number(), core::failure_number::kOverflow);
+  }
+}
+
+TEST(FretboardLayout, PutsANoteTwoHundredAndFiftyTwipsAboveItsLine) {
+  EXPECT_EQ(FretboardLayout::Top(Twips{4200}).value, 3950);
+}
+
+TEST(FretboardLayout, PutsTheFretLineAndTheMarkerBesideTheNote) {
+  EXPECT_EQ(FretboardLayout::FretX(Twips{2480}).value, 3130);
+  EXPECT_EQ(FretboardLayout::MarkerLeft(Twips{3420}).value, 3675);
+  EXPECT_EQ(FretboardLayout::MarkerTop(FretboardLayout::FirstFret().y2).value,
+            FretboardLayout::FirstFret().y2.value + 250);
+}
+
+TEST(FretboardLayout, DrawsTheFirstFretWhereThePlacementRuleWouldPutIt) {
+  EXPECT_EQ(FretboardLayout::FirstFret().x1,
+            FretboardLayout::FretX(FretboardLayout::Left(FretboardLayout::kBaseLeft, 1)));
+}
+
+TEST(FretboardLayout, GivesOtherNecksTheirOwnNotes) {
+  const FretboardLayout bass(Neck{{Pitch::Of(7, 2), Pitch::Of(2, 2), Pitch::Of(9, 1), Pitch::Of(4, 1)}, 13});
+  EXPECT_EQ(bass.NoteCount(), 52);
+  EXPECT_EQ(TagsOfRow(bass, 4), "E F F# G G# A A# B C C# D D# E");
+  EXPECT_EQ(OctavesOfRow(bass, 4), "1111111122222");
+}
+
+/// Two rows of a small neck as characters: `o` a visible note, `.` a hidden one, `@` where the walk stands.
+std::string Walk(const std::string& rows, Move move) {
+  std::istringstream lines(rows);
+  std::string cells;
+  std::string line;
+  int rowCount = 0;
+  std::size_t width = 0;
+  while (lines >> line) {
+    cells += line;
+    width = line.size();
+    ++rowCount;
+  }
+  const FretboardLayout layout(
+      Neck{std::vector<Pitch>(static_cast<std::size_t>(rowCount), Pitch::Of(4, 2)), static_cast<int>(width)});
+  std::vector<bool> visible;
+  for (const char cell : cells) visible.push_back(cell != '.');
+  const auto from = static_cast<int>(cells.find('@'));
+  const std::optional<int> to = layout.Neighbour(from, move, visible);
+  return to ? "row " + std::to_string(layout.Note(*to).row) + " position " + std::to_string(layout.Note(*to).position)
+            : "nowhere";
+}
+
+TEST(FretboardWalk, GoesAlongTheStringToTheNextVisibleNote) {
+  EXPECT_EQ(Walk("o.@..o", Move::kRight), "row 1 position 5");
+  EXPECT_EQ(Walk("o.@..o", Move::kLeft), "row 1 position 0");
+  EXPECT_EQ(Walk("..@...", Move::kRight), "nowhere");
+}
+
+TEST(FretboardWalk, GoesToTheNearestNoteOfTheNeighbouringString) {
+  EXPECT_EQ(Walk("o..o.o ...@..", Move::kUp), "row 1 position 3");
+  EXPECT_EQ(Walk("..@... o...o.", Move::kDown), "row 2 position 0");
+  EXPECT_EQ(Walk("..@... o..o..", Move::kDown), "row 2 position 3");
+  EXPECT_EQ(Walk("..@... ...... o.....", Move::kDown), "row 3 position 0") << "a string without notes is passed over";
+  EXPECT_EQ(Walk("..@...", Move::kUp), "nowhere");
+}
+
+TEST(FretboardWalk, GoesToTheEndsOfTheString) {
+  EXPECT_EQ(Walk(".o.@.oo.", Move::kHome), "row 1 position 1");
+  EXPECT_EQ(Walk(".o.@.oo.", Move::kEnd), "row 1 position 6");
+  EXPECT_EQ(Walk("...@....", Move::kHome), "nowhere");
+}
+
+TEST(FretboardLayout, InlaysTheUsualFrets) {
+  std::string frets;
+  for (int fret = 0; fret <= 15; ++fret) {
+    if (FretboardLayout::HasInlay(fret))
+      frets += std::to_string(fret) + (FretboardLayout::HasDoubleInlay(fret) ? "double " : " ");
+  }
+  EXPECT_EQ(frets, "3 5 7 9 12double 15 ");
+}
+
+}  // namespace
+}  // namespace tonalith::views

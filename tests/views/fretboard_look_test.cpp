@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QPainter>
+#include <QPalette>
+#include <array>
+#include <cstdio>
+
+#include "controls/colours.h"
+#include "controls/ink.h"
+#include "controls/painter_surface.h"
+#include "controls/recording_surface.h"
+#include "views/fretboard_in_text.h"
+
+namespace tonalith::views {
+namespace {
+
+using controls::ContrastRatio;
+using tests::OneScale;
+
+constexpr double kMiddle = 14.5;
+
+QImage NotePicture29(NotePicture picture, const std::string& tag, bool named, double scale) {
+  NoteImage note(QStringLiteral("img"), tag, nullptr);
+  note.SetPicture(picture);
+  if (named) note.DrawName();
+  QImage image(qRound(29 * scale), qRound(29 * scale), QImage::Format_ARGB32_Premultiplied);
+  image.setDevicePixelRatio(scale);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  controls::PainterSurface surface(painter);
+  note.DrawOn(surface);
+  return image;
+}
+
+/// The box of everything that `is` says yes to.
+template <class Is>
+QRect BoxWhere(const QImage& image, Is is) {
+  QRect box;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (is(image.pixelColor(x, y))) box |= QRect(x, y, 1, 1);
+    }
+  }
+  return box;
+}
+
+TEST(NotePictures, DrawANameInTheOrderOfTheProcedure) {
+  NoteImage note(QStringLiteral("img"), "F#", nullptr);
+  note.SetPicture(NotePicture::kKeyNote);
+  note.DrawName();
+  controls::RecordingSurface surface;
+  note.DrawOn(surface);
+  const double width = surface.TextWidth("F#");
+  const std::string font = controls::FontIsInstalled("Tahoma") ? "Tahoma" : "MS Sans Serif";
+  std::array<char, 16> x{};
+  std::snprintf(x.data(), x.size(), "%.2f", (29 - width) / 2);
+  EXPECT_EQ(surface.AsText(), "picture key-note at 0,0\ncolour &HFFFFFF\nfont \"" + font +
+                                  "\" 14px bold\nprint \"F#\" at " + x.data() + ",5\n");
+}
+
+TEST(NotePictures, KeepTheirNamesReadable) {
+  EXPECT_GE(ContrastRatio(Qt::white, QColor(controls::kAccent)), 4.5);
+  EXPECT_GE(ContrastRatio(Qt::white, QColor(controls::kNote)), 4.5);
+  EXPECT_EQ(QColor(controls::kNote), QColor(0x2f, 0x5d, 0x62));
+}
+
+TEST(NotePictures, PaintTheirDiscInTheColourThatTheContrastWasComputedFor) {
+  EXPECT_EQ(NotePicture29(NotePicture::kKeyNote, "", false, 1).pixelColor(5, 14), QColor(controls::kAccent));
+  EXPECT_EQ(NotePicture29(NotePicture::kScaleNote, "", false, 1).pixelColor(5, 14), QColor(controls::kNote));
+}
+
+TEST(NotePictures, TellTheKeyNoteApartByItsShape) {
+  const QImage key = NotePicture29(NotePicture::kKeyNote, "", false, 2);
+  const QImage other = NotePicture29(NotePicture::kScaleNote, "", false, 2);
+  const auto covered = [](const QImage& image) {
+    int dots = 0;
+    for (int y = 0; y < image.height(); ++y) {
+      for (int x = 0; x < image.width(); ++x) dots += image.pixelColor(x, y).alpha() >= 128 ? 1 : 0;
+    }
+    return static_cast<double>(dots) / (image.width() * image.height());
+  };
+  EXPECT_NEAR(covered(other), 0.785, 0.04) << "a circle";
+  EXPECT_GT(covered(key), 0.92) << "a rounded square";
+  EXPECT_EQ(key.pixelColor(0, 0).alpha(), 0) << "with round corners";
+  EXPECT_GT(key.pixelColor(6, 6).alpha(), 250);
+  EXPECT_EQ(other.pixelColor(6, 6).alpha(), 0);
+}
+
+TEST(NotePictures, AreCentredOnTheirImage) {
+  for (const double scale : {1.0, 2.0}) {
+    for (const NotePicture picture : {NotePicture::kKeyNote, NotePicture::kScaleNote}) {
+      const QImage image = NotePicture29(picture, "", false, scale);
+      const QRect box = BoxWhere(image, [](const QColor& dot) { return dot.alpha() >= 128; });
+      EXPECT_NEAR(box.left() + box.width() / 2.0, kMiddle * scale, 0.5);
+      EXPECT_NEAR(box.top() + box.height() / 2.0, kMiddle * scale, 0.5);
+    }
+  }
+}
+
+TEST(NotePictures, WriteTheCapitalInTheMiddleOfTheDisc) {
+  for (const double scale : {1.0, 1.5, 2.0}) {
+    for (const char* tag : {"E", "B", "D", "F#", "G#"}) {
+      const QImage image = NotePicture29(NotePicture::kScaleNote, tag, true, scale);
+      // The ring is light as well, so only what lies well inside counts.
+      const QRect inside = QRect(QPoint(0, 0), image.size())
+                               .adjusted(qRound(3 * scale), qRound(6 * scale), qRound(-3 * scale), qRound(-6 * scale));
+      const QRect box = BoxWhere(image.copy(inside), [](const QColor& dot) { return dot.lightness() > 170; });
+      ASSERT_FALSE(box.isEmpty()) << tag;
+      EXPECT_NEAR(inside.left() + box.left() + box.width() / 2.0, kMiddle * scale, 1 + 0.5 * scale) << tag;
+      EXPECT_NEAR(inside.top() + box.top() + box.height() / 2.0, kMiddle * scale, 0.5 + 0.7 * scale) << tag;
+    }
+  }
+}
+
+class FretboardLook : public testing::Test {
+ protected:
+  FretboardLook() {
+    view_.PositionNotes();
+    OneScale scale("2212221");
+    Refresh(view_, "F#", scale);
+  }
+  core::RecordingMsgBox msgBox_;
+  FretboardView view_{msgBox_};
+};
+
+TEST_F(FretboardLook, RunsEachStringThroughTheMiddleOfItsDiscs) {
+  view_.HideNotes();
+  const QImage image = view_.grab().toImage();
+  for (int row = 1; row <= 6; ++row) {
+    const QRect disc = view_.Image(view_.Layout().IndexAt(row, 4)).geometry();
+    // Between fret 4's inlays nothing but wood and the string: its lightest dot is the string.
+    int lightest = 0;
+    int at = 0;
+    for (int y = disc.top(); y <= disc.bottom(); ++y) {
+      const int light = qGray(image.pixel(disc.center().x(), y));
+      if (light > lightest) {
+        lightest = light;
+        at = y;
+      }
+    }
+    EXPECT_NEAR(at, disc.top() + 14, 1) << "row " << row;
+  }
+}
+
+TEST_F(FretboardLook, PaintsFretWireWhereTheFretLinesAre) {
+  view_.HideNotes();
+  const QImage image = view_.grab().toImage();
+  const int y = view_.Image(0).geometry().bottom() + 2;
+  for (int fret = 1; fret <= 15; ++fret) {
+    const auto* line = view_.findChild<controls::LineControl*>(QStringLiteral("fret") + QString::number(fret));
+    EXPECT_GT(qGray(image.pixel(qRound(controls::ExactPixels(line->x1)) - 0, y)), 110) << fret;
+    EXPECT_LT(qGray(image.pixel(qRound(controls::ExactPixels(line->x1)) - 8, y)), 90) << fret;
+  }
+}
+
+TEST_F(FretboardLook, LooksTheSameInLightAndDark) {
+  const QRect neck(90, 40, 930, 180);
+  QPalette light(QColor(0xee, 0xee, 0xee));
+  QPalette dark(QColor(0x22, 0x22, 0x22));
+  view_.setPalette(light);
+  const QImage inLight = view_.grab(neck).toImage();
+  view_.setPalette(dark);
+  EXPECT_EQ(view_.grab(neck).toImage(), inLight);
+  const QRect numbers(200, 245, 650, 25);
+  const QImage numbersInDark = view_.grab(numbers).toImage();
+  view_.setPalette(light);
+  EXPECT_NE(view_.grab(numbers).toImage(), numbersInDark);
+}
+
+TEST_F(FretboardLook, PaintsTheSameOnPaperAsOnTheScreen) {
+  QImage paper(1080, 594, QImage::Format_RGB32);
+  paper.fill(Qt::white);
+  QPainter painter(&paper);
+  view_.PaintView(painter, Qt::black);
+  painter.end();
+  const QRect design = FretboardView::DesignRect();
+  int different = 0;
+  const QImage screen = view_.grab(QRect(90, 40, 930, 180)).toImage().convertToFormat(QImage::Format_RGB32);
+  for (int y = 0; y < screen.height(); ++y) {
+    for (int x = 0; x < screen.width(); ++x) {
+      const int delta = qGray(screen.pixel(x, y)) - qGray(paper.pixel(x + 90, y + 40 + design.top()));
+      different += qAbs(delta) > 12 ? 1 : 0;
+    }
+  }
+  EXPECT_LT(different, screen.width() * screen.height() / 500);
+}
+
+TEST_F(FretboardLook, PaintsOnceForARefresh) {
+  struct Counter : QObject {
+    int paints = 0;
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+      paints += event->type() == QEvent::Paint ? 1 : 0;
+      return false;
+    }
+  } counter;
+  view_.show();
+  QApplication::processEvents();
+  view_.installEventFilter(&counter);
+  OneScale scale("32232");
+  Refresh(view_, "A", scale);
+  EXPECT_EQ(counter.paints, 0) << "the procedures themselves paint nothing";
+  QApplication::processEvents();
+  EXPECT_EQ(counter.paints, 1);
+}
+
+}  // namespace
+}  // namespace tonalith::views

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "views/staff_layout.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "core/failure.h"
+#include "core/scale_construction.h"
+
+namespace tonalith::views {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The walk of a scale as text: every note with its step.
+std::string Steps(std::int16_t key, std::string_view pattern) {
+  StaffWalk walk;
+  std::string text;
+  for (const std::int16_t element : KeyList(key, core::IntervalsOf(pattern))) {
+    text += walk.NameOf(element);
+    text += std::to_string(walk.Step()) + " ";
+  }
+  return text;
+}
+
+TEST(StaffLayout, ListsOneKeyForEachIntervalAndLeavesTheClosingOctaveOut) {
+  EXPECT_THAT(KeyList(0, core::IntervalsOf("2212221")), ElementsAre(0, 2, 4, 5, 7, 9, 11));
+  EXPECT_THAT(KeyList(11, core::IntervalsOf("2212221")), ElementsAre(11, 1, 3, 4, 6, 8, 10));
+  EXPECT_THAT(KeyList(5, {7}), ElementsAre(5));
+}
+
+TEST(StaffLayout, FailsOnAnEmptyIntervalList) {
+  try {
+    KeyList(0, {});
+    FAIL() << "no failure";
+  } catch (const core::Failure& failure) {
+    EXPECT_EQ(failure.Number(), core::failure_number::kSubscriptOutOfRange);
+  }
+}
+
+TEST(StaffLayout, StartsAScaleOnCTwoStepsBelowTheBottomLine) {
+  EXPECT_EQ(Steps(0, "2212221"), "C-2 D-1 E0 F1 G2 A3 B4 ");
+}
+
+TEST(StaffLayout, ClimbsAnOctaveWhereTheScalePassesFromBToC) {
+  EXPECT_EQ(Steps(9, "2212221"), "A3 B4 C#5 D6 E7 F#8 G#9 ");
+  EXPECT_EQ(Steps(2, "2122212"), "D-1 E0 F1 G2 A3 B4 C5 ");
+}
+
+TEST(StaffLayout, WritesASharpOnTheStepOfItsNatural) {
+  EXPECT_EQ(Steps(0, "111111111111"), "C-2 C#-2 D-1 D#-1 E0 F1 F#1 G2 G#2 A3 A#3 B4 ");
+}
+
+TEST(StaffLayout, ClimbsOnWithEveryOctaveOfALongPattern) { EXPECT_EQ(Steps(11, "777"), "B4 F#8 C#12 "); }
+
+TEST(StaffLayout, ReadsAKeyThatIsNotInTheKeyBoxAsTheNoteBelowC) { EXPECT_EQ(Steps(-1, "21"), "B4 C#5 "); }
+
+TEST(StaffLayout, FailsOnANoteNumberFarOutside) {
+  StaffWalk walk;
+  EXPECT_THROW(walk.NameOf(-13), core::Failure);
+}
+
+TEST(StaffLayout, DrawsLedgerLinesAtEvenStepsOnly) {
+  EXPECT_THAT(LedgerSteps(-1), IsEmpty());
+  EXPECT_THAT(LedgerSteps(-2), ElementsAre(-2));
+  EXPECT_THAT(LedgerSteps(-5), ElementsAre(-2, -4));
+  EXPECT_THAT(LedgerSteps(0), IsEmpty());
+  EXPECT_THAT(LedgerSteps(9), IsEmpty());
+  EXPECT_THAT(LedgerSteps(10), ElementsAre(10));
+  EXPECT_THAT(LedgerSteps(13), ElementsAre(10, 12));
+}
+
+TEST(StaffLayout, PutsLinesColumnsAndStepsOnTheirPixels) {
+  EXPECT_EQ(LineY(0), 123);
+  EXPECT_EQ(LineY(4), 163);
+  EXPECT_EQ(ColumnX(0), 796);
+  EXPECT_EQ(ColumnX(1), 815);
+  EXPECT_EQ(ColumnX(2), 833);
+  EXPECT_EQ(StepY(0), 163);
+  EXPECT_EQ(StepY(-2), 173);
+  EXPECT_EQ(StepY(10), 113);
+}
+
+TEST(StaffLayout, TakesHalfTheGlyphsHeightAsTwips) {
+  EXPECT_EQ(GlyphY(0, 200), 113) << "(2450 - 650 - 100) / 15";
+  EXPECT_EQ(GlyphY(-2, 200), 123);
+  EXPECT_EQ(GlyphY(0, 45), 118) << "half of 45 is 22";
+}
+
+}  // namespace
+}  // namespace tonalith::views
