@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The scale editor. It shows one scale record at a time, opens read-only, and lets its fields be changed and its
+// pattern be chosen with twelve note buttons between Modify and Apply. What is typed goes into the record's pending
+// edit at once; Update, Apply and moving to another record write it. A refused write is told once and leaves everything
+// in the form. Closing with something pending asks whether to keep it. Deletes itself when closed; the services have to
+// outlive it; user-interface thread.
+
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <string>
+
+#include "core/deferred_failure.h"
+#include "editor/edit_history.h"
+#include "editor/scale_editing.h"
+#include "editor/scale_editor.h"
+#include "editor/scales_controls.h"
+
+namespace tonalith::editor {
+
+class frmScales : public QWidget {
+  Q_OBJECT
+
+ public:
+  frmScales(const EditorServices& services, QWidget* parent);
+
+  /// The step words of the record's pattern, and the pale green ground of the notes in it. A failure ends it quietly.
+  void ShowTonesForIntervals();
+  void ScaleImageSelect();
+  void ScaleImageModify();
+  /// Toggles the note button of that name; an unknown name toggles none.
+  void ScaleLabelClick(const std::string& LabelName);
+  void ScaleIntervalBuild();
+  void UpdateNotes();
+  [[nodiscard]] bool NoteExistsInScale(const std::string& strNoteVal);
+  bool SetAllControls(bool& pIsModified);
+
+  void cmdAdd_Click();
+  void cmdApply_Click();
+  void cmdDelete_Click();
+  void cmdModify_Click();
+  void cmdRefresh_Click();
+  void cmdUpdate_Click();
+  void cmdClose_Click() { close(); }
+  void txtFields_Change(int index);
+  void Combo1_Click(int item);
+  void txtIntervals_Typed(const QString& text);
+
+  /// Takes back, or makes again, the last change of a field or of the selected notes.
+  void UndoChange();
+  void RedoChange();
+
+  [[nodiscard]] const ScalesControls& Controls() const { return c_; }
+  [[nodiscard]] bool IsInModifyMode() const { return ModifyMode; }
+  [[nodiscard]] NoteSelection SelectedNotes() const;
+  [[nodiscard]] bool IsUnloaded() const { return isUnloaded_; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void Form_Load();
+  void Form_Unload();
+
+  void OpenRecords();
+  void WireHandlers();
+  void WireFields();
+  void AddShortcuts();
+  void ApplyTheme();
+  void TakeMove();
+  void TakeTyped(int index, const QString& before);
+  void LoadTypes();
+
+  [[nodiscard]] const TextField& Field(int index) const { return c_.txtFields.at(static_cast<std::size_t>(index)); }
+  [[nodiscard]] std::string Pattern() const { return Field(field::kIntervals).Text().toStdString(); }
+  [[nodiscard]] NoteSelection RecordNotes();
+  void SetSelection(const NoteSelection& notes);
+  void ShowPattern();
+  void EnableFields();
+  /// Whether notes were chosen that only Apply would write.
+  [[nodiscard]] bool HasUnsavedNotes() const;
+  [[nodiscard]] bool HasUnsavedChanges() const;
+  [[nodiscard]] controls::DataControl::FieldValues NewRecord() const;
+  /// Also moves a new record to the end of that type.
+  void SetScaleType(const QString& typeNumber);
+  void ApplyStep(int subject, const QString& content);
+  /// Writes the built pattern; false after saying that one note is too few.
+  bool KeepNotes();
+  /// The answer to the question of closing: whether the form may go.
+  bool SettleChanges();
+  void ShowNotice();
+  [[nodiscard]] QString NoticeText();
+
+  /// Runs a command unless one is running, and shows the failure that it leaves. False when it did not run to its end.
+  bool RunAlone(const std::function<void()>& command);
+
+  EditorServices services_;
+  ScalesControls c_;
+  PatternNotes patternNotes_;
+  EditHistory history_;
+  bool ModifyMode = false;
+  /// Notes were toggled since the buttons were last set from the record.
+  bool areNotesChosen_ = false;
+  bool areNotesTakenBack_ = false;
+  bool showsOnlySelected_ = false;
+  /// What is pending was not to be saved; only an explicit step or another edit lets it be saved.
+  bool isHeldBack_ = false;
+  bool isUndoing_ = false;
+  bool isRunning_ = false;
+  bool isUnloaded_ = false;
+  std::optional<data::Bookmark> shown_;
+  QString newSort_;
+  /// The name of the scale that Apply has just saved.
+  QString saved_;
+};
+
+}  // namespace tonalith::editor

@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// What the editor's buttons and keys do.
+
+#include <QCoreApplication>
+#include <utility>
+
+#include "core/text.h"
+#include "editor/frm_scales.h"
+
+namespace tonalith::editor {
+namespace {
+
+constexpr const char* kKeepQuestion = "Are you sure you want to keep these changes?";
+constexpr const char* kDeleteQuestion =
+    "Are you sure you want to delete this record? You will not be able to undo the deletion!";
+/// Yes and No with a question icon, No being the default.
+constexpr auto kConfirmDeletion = static_cast<core::MsgBoxStyle>(276);
+
+/// A new scale is the major scale, to be bent into what it is going to be.
+constexpr const char* kNewStartNote = "C";
+constexpr const char* kNewIntervals = "2212221";
+
+/// Has the box that has the focus take back its last typing; false where it cannot.
+bool UndoInBox(QWidget* box) {
+  auto* const line = qobject_cast<QLineEdit*>(box);
+  auto* const text = qobject_cast<QPlainTextEdit*>(box);
+  if (line != nullptr && line->isUndoAvailable()) {
+    line->undo();
+    return true;
+  }
+  if (text == nullptr || !text->document()->isUndoAvailable()) return false;
+  text->undo();
+  return true;
+}
+
+bool RedoInBox(QWidget* box) {
+  auto* const line = qobject_cast<QLineEdit*>(box);
+  auto* const text = qobject_cast<QPlainTextEdit*>(box);
+  if (line != nullptr && line->isRedoAvailable()) {
+    line->redo();
+    return true;
+  }
+  if (text == nullptr || !text->document()->isRedoAvailable()) return false;
+  text->redo();
+  return true;
+}
+
+}  // namespace
+
+bool frmScales::RunAlone(const std::function<void()>& command) {
+  if (std::exchange(isRunning_, true)) return false;
+  // A question lets events through, and with them the end of the program.
+  const QPointer<frmScales> self = this;
+  core::MsgBox& msgBox = services_.msgBox;
+  core::DeferredFailure failure;
+  const bool isDone = failure.Try(command);
+  failure.ReportDescription(msgBox);
+  if (self.isNull()) return false;
+  isRunning_ = false;
+  ShowNotice();
+  return isDone;
+}
+
+void frmScales::cmdModify_Click() {
+  if (isRunning_) return;
+  c_.picButtons->setEnabled(true);
+  UpdateNotes();
+  areNotesTakenBack_ = false;
+  saved_.clear();
+  ShowPattern();
+  ScaleImageModify();
+  // Modify never leaves the mode: pressed again, it enters it again.
+  if (ModifyMode) ModifyMode = false;
+  if (!ModifyMode) ModifyMode = true;
+  const QPointer<frmScales> self = this;
+  SetAllControls(ModifyMode);
+  if (self.isNull()) return;
+  if (Field(field::kName).box->isEnabled()) {
+    Field(field::kName).box->setFocus();
+  } else {
+    c_.cmdAdd->setFocus();
+  }
+}
+
+bool frmScales::KeepNotes() {
+  const bool hasNotes = SelectedNotes().any();
+  if (core::CharacterCount(Pattern()) <= 1 || !hasNotes) {
+    isHeldBack_ = true;
+    services_.msgBox.Show("A scale or chord requires more than one note.", core::MsgBoxStyle::kInformation);
+    return false;
+  }
+  areNotesChosen_ = false;
+  Field(field::kIntervals).box->setEnabled(true);
+  Field(field::kIntervals).SetText(c_.txtIntervals->text());
+  Field(field::kIntervals).box->setEnabled(false);
+  isHeldBack_ = false;
+  c_.datPrimaryRS->UpdateBatch();
+  return true;
+}
+
+void frmScales::cmdApply_Click() {
+  if (isRunning_) return;
+  const QPointer<frmScales> self = this;
+  RunAlone([&] {
+    ScaleImageSelect();
+    ScaleIntervalBuild();
+    const auto answer = services_.msgBox.Show(kKeepQuestion, core::MsgBoxStyle::kOkCancel);
+    if (self.isNull()) return;
+    if (answer == core::MsgBoxAnswer::kOk) {
+      const QString name = Field(field::kName).Text();
+      if (!KeepNotes()) return;
+      c_.datPrimaryRS->MoveFirst();
+      saved_ = name;
+    } else {
+      areNotesChosen_ = false;
+      c_.datPrimaryRS->CancelUpdate();
+    }
+  });
+  if (self.isNull()) return;
+  RunAlone([] { QCoreApplication::processEvents(); });
+  if (self.isNull()) return;
+  ModifyMode = false;
+  SetAllControls(ModifyMode);
+  if (!self.isNull()) c_.cmdModify->setFocus();
+}
+
+controls::DataControl::FieldValues frmScales::NewRecord() const {
+  data::Value type =
+      c_.datPrimaryRS->HasRecord() ? c_.datPrimaryRS->Recordset()->FieldValue("ScaleTypeID") : data::Value::Null();
+  if (type.IsNull() && c_.Combo1->count() > 0) type = std::int64_t{c_.Combo1->NumberAt(0).toLongLong()};
+  data::Value sort;
+  if (!type.IsNull()) sort = NextSortNumber(c_.datPrimaryRS->ConnectionString(), type.AsInt());
+  return {{"ScaleTypeID", type},
+          {"StartNote", kNewStartNote},
+          {"ScaleIntervals", kNewIntervals},
+          {"Chord", data::Value::YesNo(false)},
+          {"Sort", sort}};
+}
+
+void frmScales::cmdAdd_Click() {
+  const bool isAdded = RunAlone([this] {
+    // Saved first, because the new record's sort number comes after those that are there.
+    c_.datPrimaryRS->UpdateBatch();
+    c_.datPrimaryRS->AddNew(NewRecord());
+    newSort_ = Field(field::kSort).Text();
+  });
+  if (isAdded) Field(field::kName).box->setFocus();
+}
+
+void frmScales::cmdUpdate_Click() {
+  RunAlone([this] {
+    const NoteSelection chosen = SelectedNotes();
+    const bool areChosen = areNotesChosen_;
+    isHeldBack_ = false;
+    c_.datPrimaryRS->UpdateBatch();
+    // Saving fills in the new record's number, which sets the buttons; notes that wait for Apply go on waiting.
+    if (!areChosen) return;
+    SetSelection(chosen);
+    areNotesChosen_ = true;
+    areNotesTakenBack_ = false;
+  });
+}
+
+void frmScales::cmdRefresh_Click() {
+  RunAlone([this] {
+    c_.datPrimaryRS->UpdateBatch();
+    const std::optional<data::Bookmark> current = c_.datPrimaryRS->CurrentBookmark();
+    c_.datPrimaryRS->Refresh();
+    if (current) c_.datPrimaryRS->SetBookmarkIfThere(*current);
+    LoadTypes();
+  });
+}
+
+void frmScales::cmdDelete_Click() {
+  const QPointer<frmScales> self = this;
+  RunAlone([&] {
+    const auto answer = services_.msgBox.Show(kDeleteQuestion, kConfirmDeletion, "Confirm Deletion");
+    if (answer == core::MsgBoxAnswer::kYes && !self.isNull()) c_.datPrimaryRS->Delete();
+  });
+}
+
+void frmScales::Combo1_Click(int item) {
+  RunAlone([&] {
+    const TextField& type = Field(field::kScaleTypeId);
+    const QString before = type.Text();
+    SetScaleType(c_.Combo1->NumberAt(item));
+    isHeldBack_ = false;
+    if (type.Text() != before) history_.AddField(field::kScaleTypeId, before, type.Text());
+  });
+}
+
+void frmScales::SetScaleType(const QString& typeNumber) {
+  Field(field::kScaleTypeId).SetText(typeNumber);
+  // The sort number of a new record goes with its type until somebody chooses one.
+  const TextField& sort = Field(field::kSort);
+  if (c_.datPrimaryRS->CurrentBookmark() || sort.Text() != newSort_) return;
+  sort.SetText(QString::number(NextSortNumber(c_.datPrimaryRS->ConnectionString(), typeNumber.toLongLong())));
+  newSort_ = sort.Text();
+}
+
+void frmScales::txtIntervals_Typed(const QString& text) {
+  const NoteSelection before = SelectedNotes();
+  const NoteSelection typed = NotesOfTyped(text.toStdString());
+  SetSelection(typed);
+  c_.txtScaleIntervalTones->setText(QString::fromStdString(StepWordsText(text.toStdString())));
+  areNotesChosen_ = true;
+  areNotesTakenBack_ = false;
+  if (typed != before) {
+    history_.AddNotes(QString::fromStdString(before.to_string()), QString::fromStdString(typed.to_string()));
+  }
+  ShowNotice();
+}
+
+void frmScales::ApplyStep(int subject, const QString& content) {
+  const bool wasUndoing = std::exchange(isUndoing_, true);
+  RunAlone([&] {
+    isHeldBack_ = false;
+    if (subject == field::kScaleTypeId) return SetScaleType(content);
+    if (subject != EditHistory::kNotes) return Field(subject).SetText(content);
+    SetSelection(NoteSelection(content.toStdString()));
+    areNotesTakenBack_ = false;
+    areNotesChosen_ = SelectedNotes() != RecordNotes();
+  });
+  isUndoing_ = wasUndoing;
+}
+
+void frmScales::UndoChange() {
+  if (!ModifyMode || isRunning_ || UndoInBox(focusWidget())) return;
+  if (const auto step = history_.Undo()) ApplyStep(step->subject, step->before);
+}
+
+void frmScales::RedoChange() {
+  if (!ModifyMode || isRunning_ || RedoInBox(focusWidget())) return;
+  if (const auto step = history_.Redo()) ApplyStep(step->subject, step->after);
+}
+
+bool frmScales::HasUnsavedNotes() const {
+  return ModifyMode && areNotesChosen_ && editor::ScaleIntervalBuild(SelectedNotes()) != Pattern();
+}
+
+bool frmScales::HasUnsavedChanges() const { return c_.datPrimaryRS->IsEditPending() || HasUnsavedNotes(); }
+
+bool frmScales::SettleChanges() {
+  if (isUnloaded_ || !HasUnsavedChanges()) return true;
+  const QPointer<frmScales> self = this;
+  bool isSettled = false;
+  RunAlone([&] {
+    const auto answer = services_.msgBox.Show(kKeepQuestion, core::MsgBoxStyle::kOkCancel);
+    if (self.isNull()) return;
+    if (answer != core::MsgBoxAnswer::kOk) {
+      areNotesChosen_ = false;
+      c_.datPrimaryRS->CancelUpdate();
+    } else if (!HasUnsavedNotes()) {
+      c_.datPrimaryRS->UpdateBatch();
+    } else {
+      ScaleIntervalBuild();
+      if (!KeepNotes()) return;
+    }
+    isSettled = true;
+  });
+  return isSettled && !self.isNull();
+}
+
+}  // namespace tonalith::editor

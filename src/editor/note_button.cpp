@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "editor/note_button.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "controls/theme.h"
+#include "core/text.h"
+
+namespace tonalith::editor {
+namespace {
+
+constexpr QSize kKeySize(74, 58);
+constexpr int kGap = 8;
+constexpr int kStride = kKeySize.width() + kGap;
+/// A green that keeps a contrast of more than 4.5 to 1 on the pale green and on white.
+constexpr QRgb kSelectedFrame = 0xFF1F6B2E;
+constexpr QRgb kUnselectedFrame = 0xFF9A948C;
+
+bool IsSharp(int number) { return core::kSharpNotes[static_cast<std::size_t>(number)].size() > 1; }
+
+void PaintTick(QPainter& painter, const QRectF& box) {
+  painter.setPen(QPen(QColor(kSelectedFrame), 2.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setBrush(Qt::NoBrush);
+  const QPointF foot(box.right() - 15, box.top() + 15.5);
+  painter.drawPolyline(QPolygonF({foot + QPointF(-4.5, -4.5), foot, foot + QPointF(7, -8)}));
+}
+
+}  // namespace
+
+NoteButton::NoteButton(core::NoteNumber number, QWidget* parent) : QCheckBox(parent) {
+  tag_ = core::kSharpNotes[static_cast<std::size_t>(number)];
+  setObjectName(QStringLiteral("note%1").arg(number));
+  setText(QString::fromStdString(tag_));
+  setAccessibleName(text());
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_Hover);
+  setFixedSize(kKeySize);
+}
+
+QSize NoteButton::sizeHint() const { return kKeySize; }
+
+void NoteButton::SetColours(const NoteColours& colours) {
+  if (colours == colours_) return;
+  colours_ = colours;
+  setChecked(IsSelected(colours));
+  update();
+}
+
+std::string NoteButton::Tag() const { return core::Trim(tag_).empty() ? "C" : tag_; }
+
+void NoteButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    click();
+    return;
+  }
+  QCheckBox::keyPressEvent(event);
+}
+
+void NoteButton::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const bool selected = IsSelected(colours_);
+  const bool hover = isEnabled() && (underMouse() || isDown());
+  const qreal corner = selected ? 14 : 5;
+  const QRectF box = QRectF(rect()).adjusted(4, 4, -4, -4);
+  painter.setPen(QPen(QColor(selected || hover ? kSelectedFrame : kUnselectedFrame), selected ? 2.6 : 1.2));
+  painter.setBrush(QColor(controls::ToRgb(colours_.back)));
+  painter.drawRoundedRect(box, corner, corner);
+  if (hasFocus()) {
+    painter.setPen(QPen(QColor(controls::kAccent), 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), corner + 3, corner + 3);
+  }
+  if (selected) PaintTick(painter, box);
+  QFont captionFont = font();
+  captionFont.setPixelSize(19);
+  captionFont.setWeight(QFont::Bold);
+  painter.setFont(captionFont);
+  painter.setPen(QColor(controls::ToRgb(colours_.fore)));
+  painter.drawText(box, Qt::AlignCenter, text());
+}
+
+NoteKeyboard::NoteKeyboard(QWidget* parent) : QWidget(parent) {
+  setObjectName(QStringLiteral("noteKeyboard"));
+  setAccessibleName(tr("Notes"));
+  int natural = 0;
+  for (int i = 0; i < kNoteCount; ++i) {
+    auto* const note = new NoteButton(static_cast<core::NoteNumber>(i), this);
+    // A sharp lies above the gap between the natural that it follows and the next one.
+    const int left = IsSharp(i) ? natural * kStride - kStride / 2 : natural * kStride;
+    note->move(left, IsSharp(i) ? 0 : kKeySize.height() + kGap);
+    if (!IsSharp(i)) ++natural;
+    notes_[static_cast<std::size_t>(i)] = note;
+  }
+  setFixedSize(sizeHint());
+}
+
+QSize NoteKeyboard::sizeHint() const { return {7 * kStride - kGap, 2 * kKeySize.height() + kGap}; }
+
+}  // namespace tonalith::editor

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "editor/scale_editing.h"
+
+#include <algorithm>
+#include <limits>
+#include <vector>
+
+#include "core/scale_construction.h"
+#include "core/step_words.h"
+#include "core/text.h"
+
+namespace tonalith::editor {
+namespace {
+
+constexpr core::NoteNumber kFromC = 0;
+constexpr int kOctave = 12;
+
+/// One note more than the pattern has characters.
+std::int16_t NoteCountOf(std::string_view pattern) {
+  constexpr std::size_t kMost = std::numeric_limits<std::int16_t>::max();
+  return static_cast<std::int16_t>(std::min(core::CharacterCount(pattern) + 1, kMost));
+}
+
+class UnheardMsgBox : public core::MsgBox {
+ public:
+  core::MsgBoxAnswer Show(const std::string& /*text*/, core::MsgBoxStyle /*style*/,
+                          const std::string& /*title*/) override {
+    return core::MsgBoxAnswer::kOk;
+  }
+};
+
+NoteSelection SelectionOf(const std::vector<std::string>& notes) {
+  NoteSelection selection;
+  for (std::size_t i = 0; i < selection.size(); ++i) {
+    selection[i] = std::find(notes.begin(), notes.end(), core::kSharpNotes[i]) != notes.end();
+  }
+  return selection;
+}
+
+}  // namespace
+
+std::string ScaleIntervalBuild(const NoteSelection& selected) {
+  std::string pattern;
+  std::optional<int> previous;
+  for (int i = 0; i <= kOctave; ++i) {
+    if (i < kOctave && !selected[static_cast<std::size_t>(i)]) continue;
+    if (previous) pattern += std::to_string(i - *previous);
+    previous = i;
+  }
+  return pattern;
+}
+
+std::string CEditNotesToTones(std::string_view characters) {
+  std::string words;
+  for (const std::string_view character : core::Characters(characters)) words += core::CNotesToTones(character, 1);
+  return words;
+}
+
+std::string StepWordsText(std::string_view pattern) {
+  std::string text;
+  for (const std::string_view character : core::Characters(pattern)) {
+    const std::string word = CEditNotesToTones(character);
+    if (!word.empty()) text += " " + word;
+  }
+  return text;
+}
+
+bool NoteExistsInScale(std::string_view strNoteVal, std::string_view pattern, core::MsgBox& msgBox) {
+  const std::vector<std::string> notes =
+      core::ScaleArrayNotes(core::CNoteToNumber(strNoteVal), "1", pattern, kNoteCount, msgBox);
+  return std::any_of(notes.begin(), notes.end(), [&](const auto& note) { return core::Trim(note) == strNoteVal; });
+}
+
+NoteSelection PatternNotes::Of(std::string_view scaleType, const std::string& pattern) {
+  if (pattern_ != pattern) {
+    pattern_ = pattern;
+    notes_.reset();
+    notes_ = SelectionOf(core::ScaleArrayNotes(kFromC, scaleType, pattern, NoteCountOf(pattern), msgBox_));
+  }
+  return notes_;
+}
+
+NoteSelection NotesOfTyped(std::string_view pattern) {
+  UnheardMsgBox unheard;
+  return SelectionOf(core::ScaleArrayNotes(kFromC, "1", pattern, NoteCountOf(pattern), unheard));
+}
+
+}  // namespace tonalith::editor

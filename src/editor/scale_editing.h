@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The editor's arithmetic, free of widgets: from selected notes to an interval pattern, from a pattern to step words
+// and to the notes that it lights. Scales are built from C, so that note i of the twelve is always note number i. Pure
+// functions and one small cache; a pattern that cannot be built is reported through the message box, once.
+
+#pragma once
+
+#include <bitset>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "controls/colours.h"
+#include "core/msg_box.h"
+#include "core/note_model.h"
+
+namespace tonalith::editor {
+
+inline constexpr int kNoteCount = 12;
+
+/// Bit i stands for note number i.
+using NoteSelection = std::bitset<kNoteCount>;
+
+/// The colours of a note button. They are its state: text in black is a selected note.
+struct NoteColours {
+  controls::Bgr fore;
+  controls::Bgr back;
+  friend constexpr bool operator==(const NoteColours&, const NoteColours&) = default;
+};
+inline constexpr NoteColours kSelectedColours{{0x000000}, {0xCCFFCC}};
+inline constexpr NoteColours kUnselectedColours{{0xC4C4C4}, {0xFFFFFF}};
+
+constexpr bool IsSelected(const NoteColours& colours) { return colours.fore == kSelectedColours.fore; }
+constexpr bool IsHiddenInView(const NoteColours& colours) { return colours.back == kUnselectedColours.back; }
+constexpr NoteColours Toggled(const NoteColours& colours) {
+  return IsSelected(colours) ? kUnselectedColours : kSelectedColours;
+}
+
+/// The distances from each selected note to the next, the last one to the octave, as decimal numbers without a
+/// separator: C D E F G A B gives 2212221, a lone C gives 12. Nothing selected gives an empty text.
+std::string ScaleIntervalBuild(const NoteSelection& selected);
+
+/// The step words of all characters of a pattern, one behind the other. Blanks and what is no digit give nothing.
+std::string CEditNotesToTones(std::string_view characters);
+
+/// The step words of a pattern, each behind a blank.
+std::string StepWordsText(std::string_view pattern);
+
+/// Whether a note is among the first twelve notes of the pattern, built on that very note.
+bool NoteExistsInScale(std::string_view strNoteVal, std::string_view pattern, core::MsgBox& msgBox);
+
+/// The notes of a pattern built from C. Keeps the latest answer: refreshing a form while somebody types asks for the
+/// same pattern again and again, and a pattern that cannot be built is to be reported when it comes up, not each time.
+class PatternNotes {
+ public:
+  explicit PatternNotes(core::MsgBox& msgBox) : msgBox_(msgBox) {}
+
+  NoteSelection Of(std::string_view scaleType, const std::string& pattern);
+  /// The next question for the same pattern is a new one.
+  void Forget() { pattern_.reset(); }
+
+ private:
+  core::MsgBox& msgBox_;
+  std::optional<std::string> pattern_;
+  NoteSelection notes_;
+};
+
+/// The notes of a pattern without any report; none for one that cannot be built.
+NoteSelection NotesOfTyped(std::string_view pattern);
+
+}  // namespace tonalith::editor

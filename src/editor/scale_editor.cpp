@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "editor/scale_editor.h"
+
+#include "core/deferred_failure.h"
+#include "editor/frm_scales.h"
+
+namespace tonalith::editor {
+namespace {
+
+void BringToFront(QWidget& form) {
+  if (form.isMinimized()) form.showNormal();
+  form.show();
+  form.raise();
+  form.activateWindow();
+}
+
+}  // namespace
+
+void ShowScaleEditor(QPointer<frmScales>& place, const EditorServices& services, QWidget* parent) {
+  core::DeferredFailure failure;
+  failure.Try([&] {
+    // Between the closing of an editor and its end it is there, but no longer the one to show.
+    if (place.isNull() || place->IsUnloaded()) place = new frmScales(services, parent);
+    BringToFront(*place);
+  });
+  failure.ReportDescription(services.msgBox);
+}
+
+bool UnloadScaleEditor(const QPointer<frmScales>& place) {
+  return place.isNull() || place->IsUnloaded() || place->close();
+}
+
+}  // namespace tonalith::editor

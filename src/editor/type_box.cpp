@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "editor/type_box.h"
+
+#include <QPainter>
+
+#include "controls/panel_button.h"
+#include "controls/theme.h"
+
+namespace tonalith::editor {
+
+TypeBox::TypeBox(const QString& name, QWidget* parent) : QComboBox(parent) {
+  setObjectName(name);
+  setMaxVisibleItems(16);
+  setFocusPolicy(Qt::StrongFocus);
+  setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  setMinimumContentsLength(12);
+}
+
+void TypeBox::SetTypes(const std::vector<ScaleType>& types) {
+  const QString shown = currentIndex() < 0 ? QString() : NumberAt(currentIndex());
+  clear();
+  for (const ScaleType& type : types) addItem(QString::fromStdString(type.name), QString::number(type.id));
+  Show(shown);
+}
+
+void TypeBox::Show(const QString& typeNumber) { setCurrentIndex(findData(typeNumber.trimmed())); }
+
+void TypeBox::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  controls::PaintPanel(painter, rect(), palette().color(QPalette::Base), controls::OutlineInk(palette()), hasFocus());
+  const QRect place = rect().adjusted(11, 0, -30, 0);
+  painter.setPen(palette().color(QPalette::Text));
+  painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
+                   fontMetrics().elidedText(currentText(), Qt::ElideRight, place.width()));
+  const QPointF tip(width() - 15.0, height() / 2.0 + 3.0);
+  painter.setPen(QPen(controls::SecondaryInk(palette()), 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawPolyline(QPolygonF({tip + QPointF(-5, -6), tip, tip + QPointF(5, -6)}));
+}
+
+}  // namespace tonalith::editor

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The scales of a data control as a search sees them: clones of its record set, and its current record. The control has
+// to outlive it; the cursors stand on their own. User-interface thread. Fails as the control and its record set do.
+
+#pragma once
+
+#include "controls/data_control.h"
+#include "search/scale_search.h"
+
+namespace tonalith::search {
+
+class DataControlScales : public ScaleSource {
+ public:
+  explicit DataControlScales(controls::DataControl& control) : control_(control) {}
+
+  [[nodiscard]] std::unique_ptr<ScaleCursor> Clone() override;
+  [[nodiscard]] std::optional<data::Bookmark> Current() override;
+  bool MakeCurrent(data::Bookmark bookmark) override;
+
+ private:
+  controls::DataControl& control_;
+};
+
+}  // namespace tonalith::search

@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "search/frm_search.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QElapsedTimer>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "controls/theme.h"
+#include "core/deferred_failure.h"
+#include "search/text_panel.h"
+
+namespace tonalith::search {
+namespace {
+
+using controls::PanelButton;
+
+constexpr const char* kTag = "Tag";
+/// Above and below a caption together.
+constexpr int kButtonMargins = 14;
+
+QLabel* MakeLabel(const char* name, const QString& text, QWidget* parent) {
+  auto* const label = new QLabel(text, parent);
+  label->setObjectName(QLatin1String(name));
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+void SetInk(QLabel* label, const QColor& ink) {
+  QPalette palette = label->parentWidget()->palette();
+  palette.setColor(QPalette::WindowText, ink);
+  label->setPalette(palette);
+}
+
+}  // namespace
+
+/// Keeps the dialog alive during a long search: after a moment the pointer shows that the program is busy, and events
+/// are taken every few records. The dialog may be gone when it has asked for events.
+class frmSearch::Watcher : public SearchWatcher {
+ public:
+  explicit Watcher(frmSearch& form) : form_(&form) { clock_.start(); }
+  ~Watcher() override {
+    if (isBusy_) QGuiApplication::restoreOverrideCursor();
+  }
+  Watcher(const Watcher&) = delete;
+  Watcher& operator=(const Watcher&) = delete;
+
+  void SetMessage(const std::string& text) override {
+    form_->lblMessage_->setText(QString::fromStdString(text));
+    QAccessibleEvent alert(form_->lblMessage_, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+  }
+
+  [[nodiscard]] bool GoesOn() override {
+    if (clock_.elapsed() >= nextEvents_) TakeEvents();
+    return IsThere() && !form_->stopRequested_;
+  }
+
+  [[nodiscard]] bool IsThere() const { return !form_.isNull(); }
+
+ private:
+  static constexpr qint64 kFirstEvents = 150;
+  static constexpr qint64 kBetweenEvents = 30;
+
+  void TakeEvents() {
+    if (!std::exchange(isBusy_, true)) QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+    QCoreApplication::processEvents();
+    nextEvents_ = clock_.elapsed() + kBetweenEvents;
+  }
+
+  QPointer<frmSearch> form_;
+  QElapsedTimer clock_;
+  qint64 nextEvents_ = kFirstEvents;
+  bool isBusy_ = false;
+};
+
+frmSearch::frmSearch(std::unique_ptr<ScaleSource> scales, core::MsgBox& msgBox, QWidget* parent)
+    : QDialog(parent), scales_(std::move(scales)), msgBox_(msgBox) {
+  setObjectName(QStringLiteral("frmSearch"));
+  setWindowTitle(tr("Search"));
+  MakeControls();
+  LayOut();
+  ApplyTheme();
+  connect(cmdSearch_, &QAbstractButton::clicked, this, &frmSearch::cmdSearch_Click);
+  connect(cmdCancel_, &QAbstractButton::clicked, this, &frmSearch::cmdCancel_Click);
+}
+
+frmSearch::~frmSearch() = default;
+
+void frmSearch::MakeControls() {
+  lblSearch_ = MakeLabel("lblSearch", tr("Search"), this);
+  txtSearch_ = new QLineEdit(this);
+  txtSearch_->setObjectName(QStringLiteral("txtSearch"));
+  txtSearch_->setAccessibleName(tr("Search"));
+  lblSearch_->setBuddy(txtSearch_);
+  lblHelp_ = MakeLabel("lblHelp", tr("Use terms that use wildcards like *Melodic in the text search"), this);
+  lblMessage_ = MakeLabel("lblMessage", {}, this);
+  QFont messageFont = lblMessage_->font();
+  messageFont.setWeight(QFont::DemiBold);
+  lblMessage_->setFont(messageFont);
+  cmdSearch_ = new PanelButton(QStringLiteral("cmdSearch"), tr("Search"), PanelButton::Kind::kMainAction, this);
+  cmdCancel_ = new PanelButton(QStringLiteral("cmdCancel"), tr("Cancel"), PanelButton::Kind::kOrdinary, this);
+  cmdSearch_->setDefault(true);
+  // A click leaves the focus in the text box, so that the next text can be typed at once.
+  for (PanelButton* const button : {cmdSearch_, cmdCancel_}) button->setFocusPolicy(Qt::TabFocus);
+}
+
+void frmSearch::LayOut() {
+  auto* const rows = new QVBoxLayout(this);
+  rows->setContentsMargins(24, 20, 24, 20);
+  rows->setSpacing(6);
+  auto* const textRow = new QHBoxLayout;
+  textRow->setSpacing(12);
+  textRow->addWidget(lblSearch_);
+  textRow->addWidget(new TextPanel(txtSearch_, this), 1);
+  rows->addLayout(textRow);
+  rows->addWidget(lblHelp_);
+  rows->addSpacing(4);
+  rows->addWidget(lblMessage_);
+  rows->addSpacing(8);
+  rows->addStretch(1);
+  auto* const buttonRow = new QHBoxLayout;
+  buttonRow->setSpacing(10);
+  buttonRow->addStretch(1);
+  buttonRow->addWidget(cmdSearch_);
+  buttonRow->addWidget(cmdCancel_);
+  rows->addLayout(buttonRow);
+  rows->setSizeConstraint(QLayout::SetMinimumSize);
+}
+
+void frmSearch::ApplyTheme() {
+  setPalette(controls::WarmPalette(QApplication::palette()));
+  SetInk(lblHelp_, controls::SecondaryInk(palette()));
+  SetInk(lblMessage_, controls::SiennaInk(palette()));
+  // The line is kept free while it is empty: nothing jumps when the search wraps.
+  lblMessage_->setMinimumHeight(lblMessage_->fontMetrics().height());
+  for (PanelButton* const button : {cmdSearch_, cmdCancel_}) {
+    button->setMinimumHeight(button->fontMetrics().height() + kButtonMargins);
+  }
+}
+
+void frmSearch::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  const bool isWidgetReady = cmdCancel_ != nullptr;
+  const auto type = event->type();
+  if (isWidgetReady && (type == QEvent::ApplicationPaletteChange || type == QEvent::FontChange)) ApplyTheme();
+}
+
+void frmSearch::MoveClearOfTheName() {
+  if (parentWidget() == nullptr) return;
+  constexpr int kOverlap = 96;
+  adjustSize();
+  const QRect window = parentWidget()->window()->frameGeometry();
+  const QRect screen = parentWidget()->screen()->availableGeometry();
+  const int titleBar = window.height() - parentWidget()->window()->height();
+  const int lowest = screen.bottom() + 1 - height() - titleBar;
+  move(window.center().x() - width() / 2, qMax(screen.top(), qMin(window.bottom() - kOverlap, lowest)));
+}
+
+void frmSearch::ShowModal() {
+  MoveClearOfTheName();
+  txtSearch_->setFocus();
+  exec();
+}
+
+void frmSearch::BringToFront() {
+  raise();
+  activateWindow();
+}
+
+std::string frmSearch::SearchText() const { return txtSearch_->text().toStdString(); }
+
+template <class Search>
+void frmSearch::RunAlone(Search&& search) {
+  if (std::exchange(isSearching_, true)) return;
+  stopRequested_ = false;
+  txtSearch_->setAccessibleDescription(lblHelp_->text());
+  core::MsgBox& msgBox = msgBox_;
+  core::DeferredFailure failure;
+  Watcher watcher(*this);
+  SearchResult result;
+  failure.Try([&] {
+    ScaleSearch scaleSearch(*scales_, watcher, msgBox);
+    result = search(scaleSearch);
+  });
+  failure.ReportDescription(msgBox);
+  if (!watcher.IsThere()) return;
+  isSearching_ = false;
+  if (result.outcome == SearchOutcome::kFound) TellFound(result.name);
+  txtSearch_->selectAll();
+}
+
+void frmSearch::TellFound(const std::string& name) {
+  txtSearch_->setAccessibleDescription(tr("Found: %1").arg(QString::fromStdString(name)));
+}
+
+void frmSearch::cmdSearch_Click() {
+  RunAlone([this](ScaleSearch& search) {
+    lblMessage_->setText({});
+    return search.Search(SearchText());
+  });
+}
+
+void frmSearch::FindNextScaleMatch(const std::string& SearchText) {
+  RunAlone([this, &SearchText](ScaleSearch& search) {
+    QWidget* const active = QApplication::activeWindow() != nullptr ? QApplication::activeWindow() : this;
+    const QPointer<QWidget> form = active;
+    std::string tag = form->property(kTag).toString().toStdString();
+    const std::string before = tag;
+    SearchResult result = search.FindNext(SearchText, tag);
+    if (!form.isNull() && tag != before) form->setProperty(kTag, QString::fromStdString(tag));
+    return result;
+  });
+}
+
+void frmSearch::cmdCancel_Click() {
+  searchCancelled_ = true;
+  stopRequested_ = true;
+  hide();
+}
+
+void frmSearch::Form_QueryUnload(QCloseEvent& event) {
+  cmdCancel_Click();
+  event.ignore();
+}
+
+}  // namespace tonalith::search

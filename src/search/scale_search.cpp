@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "search/scale_search.h"
+
+#include "core/failure.h"
+#include "core/text.h"
+#include "data/data_failure.h"
+#include "search/upper_case.h"
+
+namespace tonalith::search {
+
+/// A piece of a name, to be found anywhere in it and in any case.
+class ScaleSearch::NamePattern {
+ public:
+  explicit NamePattern(std::string_view text) : pattern_(U"*" + UpperCase(text) + U"*") {}
+
+  bool Matches(std::optional<std::string_view> name) {
+    if (!name) return false;
+    UpperCaseInto(upperName_, *name);
+    return pattern_.Matches(upperName_);
+  }
+
+ private:
+  LikePattern pattern_;
+  std::u32string upperName_;
+};
+
+std::unique_ptr<ScaleCursor> ScaleSearch::OpenRows() {
+  auto rows = source_.Clone();
+  if (rows == nullptr) {
+    throw core::Failure(data::failure_number::kClosed,
+                        "There are no scales to search: the scale database is not open.");
+  }
+  return rows;
+}
+
+void ScaleSearch::StandAfterCurrent(ScaleCursor& rows) {
+  const std::optional<data::Bookmark> current = source_.Current();
+  if (!current || !rows.StandOn(*current)) {
+    rows.MoveFirst();
+    return;
+  }
+  rows.MoveNext();
+  if (rows.IsEof()) rows.MoveFirst();
+}
+
+SearchResult ScaleSearch::Walk(ScaleCursor& rows, NamePattern& pattern, OnWrap onWrap) {
+  // A bookmark says which record it is without counting those before it, and still does when some of them go.
+  const data::Bookmark start = rows.GetBookmark();
+  bool hasWrapped = false;
+  while (watcher_.GoesOn()) {
+    const std::optional<std::string_view> name = rows.ScaleName();
+    if (pattern.Matches(name)) {
+      const std::string found(*name);
+      if (source_.MakeCurrent(rows.GetBookmark())) return {SearchOutcome::kFound, found};
+    }
+    rows.MoveNext();
+    if (rows.IsEof()) {
+      // A second end without the start in between: its record went meanwhile, and all others have been tested.
+      if (hasWrapped) return {SearchOutcome::kNoMatch, {}};
+      hasWrapped = true;
+      if (onWrap == OnWrap::kTell) watcher_.SetMessage("You have searched all the records once");
+      rows.MoveFirst();
+      if (rows.IsEof()) return {SearchOutcome::kNoMatch, {}};
+    }
+    if (rows.GetBookmark() == start) return {SearchOutcome::kNoMatch, {}};
+  }
+  return {SearchOutcome::kStopped, {}};
+}
+
+SearchResult ScaleSearch::Search(std::string_view text) {
+  const std::string_view wanted = core::Trim(text);
+  if (wanted.empty()) return {};
+  NamePattern pattern(wanted);
+  const auto rows = OpenRows();
+  SearchResult result{SearchOutcome::kNoMatch, {}};
+  if (!rows->IsEof()) {
+    StandAfterCurrent(*rows);
+    result = Walk(*rows, pattern, OnWrap::kTell);
+  }
+  if (result.outcome == SearchOutcome::kNoMatch) {
+    msgBox_.Show("No matches found.", core::MsgBoxStyle::kInformation);
+  }
+  return result;
+}
+
+SearchResult ScaleSearch::FindNext(std::string_view SearchText, std::string& tag) {
+  NamePattern pattern(SearchText);
+  const auto rows = OpenRows();
+  if (rows->IsEof()) return {};
+  if (tag != SearchText) {
+    rows->MoveFirst();
+    tag = SearchText;
+  } else {
+    StandAfterCurrent(*rows);
+  }
+  SearchResult result = Walk(*rows, pattern, OnWrap::kBeSilent);
+  if (result.outcome == SearchOutcome::kNoMatch) {
+    if (!rows->IsEof()) source_.MakeCurrent(rows->GetBookmark());
+    msgBox_.Show("No matches found for '" + std::string(SearchText) + "'", core::MsgBoxStyle::kInformation);
+  }
+  return result;
+}
+
+}  // namespace tonalith::search

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "search/upper_case.h"
+
+#include <QChar>
+#include <algorithm>
+
+#include "core/text.h"
+
+namespace tonalith::search {
+namespace {
+
+constexpr char32_t kHighestAscii = 0x7F;
+/// Stray bytes are placed among the surrogates, where no text in UTF-8 has a character.
+constexpr char32_t kStrayBytes = 0xDC00;
+
+char32_t UpperAscii(char32_t character) {
+  return character >= U'a' && character <= U'z' ? character - U'a' + U'A' : character;
+}
+
+/// Folded first: that joins letters whose capital has a second small form, or whose capital is never made of the small.
+char32_t Upper(char32_t character) {
+  if (character <= kHighestAscii) return UpperAscii(character);
+  if (character > QChar::LastValidCodePoint) return character;
+  return QChar::toUpper(QChar::toCaseFolded(character));
+}
+
+char32_t Decode(std::string_view character) {
+  const auto byte = [character](std::size_t i) {
+    return static_cast<char32_t>(static_cast<unsigned char>(character[i]));
+  };
+  if (character.size() == 1) return byte(0) <= kHighestAscii ? byte(0) : kStrayBytes + byte(0);
+  char32_t decoded = byte(0) & (0x7FU >> character.size());
+  for (std::size_t i = 1; i < character.size(); ++i) decoded = (decoded << 6U) | (byte(i) & 0x3FU);
+  return decoded;
+}
+
+bool IsAscii(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) <= kHighestAscii; });
+}
+
+}  // namespace
+
+void UpperCaseInto(std::u32string& upper, std::string_view text) {
+  upper.clear();
+  if (IsAscii(text)) {
+    for (const char c : text) upper.push_back(UpperAscii(static_cast<unsigned char>(c)));
+    return;
+  }
+  for (const std::string_view character : core::Characters(text)) upper.push_back(Upper(Decode(character)));
+}
+
+std::u32string UpperCase(std::string_view text) {
+  std::u32string upper;
+  UpperCaseInto(upper, text);
+  return upper;
+}
+
+}  // namespace tonalith::search

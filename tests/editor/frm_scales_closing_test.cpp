@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Opening twice, closing, and what happens to what is pending then.
+
+#include <QTest>
+
+#include "editor/editor_fixture.h"
+
+namespace tonalith::editor {
+namespace {
+
+constexpr auto kOk = core::MsgBoxAnswer::kOk;
+constexpr auto kCancel = core::MsgBoxAnswer::kCancel;
+
+using Closing = ScaleEditorTest;
+
+TEST_F(Closing, CallsTheMainWindowAndEmptiesItsPlace) {
+  Open();
+  Press(C().cmdModify);
+  Press(C().cmdClose);
+  EXPECT_EQ(host_.Calls(), "EditUpdates BringToFront ");
+  Settle();
+  EXPECT_TRUE(place_.isNull());
+  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(host_.Calls(), "") << "once";
+}
+
+TEST_F(Closing, ASecondOpeningShowsTheFormThatIsThere) {
+  const frmScales* const first = &Open();
+  Press(C().cmdModify);
+  Type(1, "X");
+  EXPECT_EQ(&Open(3), first);
+  EXPECT_EQ(Field(1), "MajorX");
+  C().datPrimaryRS->CancelUpdate();
+}
+
+TEST_F(Closing, AFormThatIsClosingIsNotTheOneToShow) {
+  Open();
+  Form().close();
+  Open(3);
+  EXPECT_EQ(Field(1), "Minor Triad");
+  Settle();
+  EXPECT_FALSE(place_.isNull());
+}
+
+TEST_F(Closing, EscapeCloses) {
+  Open();
+  QTest::keyClick(place_.data(), Qt::Key_Escape);
+  Settle();
+  EXPECT_TRUE(place_.isNull());
+}
+
+TEST_F(Closing, PendingChangesAreKeptWithOk) {
+  Open();
+  Press(C().cmdModify);
+  Type(1, "X");
+  box_.AnswerNext(kOk);
+  EXPECT_TRUE(Form().close());
+  ASSERT_EQ(box_.Messages().size(), 1U);
+  EXPECT_EQ(box_.Messages()[0].text + "\n", kKeep);
+  EXPECT_EQ(static_cast<int>(box_.Messages()[0].style), 1);
+  EXPECT_EQ(box_.Messages()[0].title, "");
+  EXPECT_EQ(Rows("SELECT ScaleName FROM Scales WHERE ScaleID = 1"), "MajorX");
+}
+
+TEST_F(Closing, PendingChangesAreDroppedWithCancel) {
+  Open();
+  Press(C().cmdModify);
+  Press(C().cmdAdd);
+  Type(1, "Mine");
+  box_.AnswerNext(kCancel);
+  EXPECT_TRUE(Form().close());
+  EXPECT_EQ(Told(), kKeep);
+  EXPECT_EQ(Rows("SELECT count(*) FROM Scales"), "3");
+}
+
+TEST_F(Closing, ChangesThatAreRefusedKeepTheFormOpen) {
+  Open();
+  Press(C().cmdModify);
+  Retype(1, "Natural Minor");
+  box_.AnswerNext(kOk);
+  EXPECT_FALSE(Form().close());
+  EXPECT_EQ(Told(), std::string(kKeep) + "There is a scale of this name already.\n");
+  EXPECT_EQ(Field(1), "Natural Minor");
+  EXPECT_EQ(host_.Calls(), "");
+  box_.AnswerNext(kOk);
+  EXPECT_FALSE(UnloadScaleEditor(place_));
+}
+
+TEST_F(Closing, ChosenNotesArePendingToo) {
+  Open();
+  Press(C().cmdModify);
+  ClickNotes("B A#");
+  box_.AnswerNext(kOk);
+  EXPECT_TRUE(Form().close());
+  EXPECT_EQ(Told(), kKeep);
+  EXPECT_EQ(Rows("SELECT ScaleIntervals FROM Scales WHERE ScaleID = 1"), "2212212");
+}
+
+TEST_F(Closing, ChosenNotesGoWithCancel) {
+  Open();
+  Press(C().cmdModify);
+  ClickNotes("B A#");
+  box_.AnswerNext(kCancel);
+  EXPECT_TRUE(UnloadScaleEditor(place_));
+  EXPECT_EQ(Rows("SELECT ScaleIntervals FROM Scales WHERE ScaleID = 1"), "2212221");
+}
+
+TEST_F(Closing, UnloadingAnEmptyPlaceIsDoneAtOnce) {
+  EXPECT_TRUE(UnloadScaleEditor(place_));
+  Open();
+  EXPECT_TRUE(UnloadScaleEditor(place_));
+  EXPECT_TRUE(UnloadScaleEditor(place_)) << "closed, not gone yet";
+}
+
+}  // namespace
+}  // namespace tonalith::editor

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "search/search_dialog.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "core/recording_msg_box.h"
+
+namespace tonalith::search {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Message = core::RecordingMsgBox::Message;
+
+/// What happens while the dialog is shown, and what became of it.
+struct Script {
+  std::function<void(SearchDialog&)> whileShown = [](SearchDialog&) {};
+  std::string log;
+};
+
+class ScriptedDialog : public SearchDialog {
+ public:
+  explicit ScriptedDialog(Script& script) : script_(script) { script_.log += "made "; }
+  ~ScriptedDialog() override { script_.log += "unloaded "; }
+  [[nodiscard]] bool SearchCancelled() const override { return cancelled_; }
+  void SetSearchCancelled(bool cancelled) override { cancelled_ = cancelled; }
+  [[nodiscard]] std::string SearchText() const override { return "melodic"; }
+  void ShowModal() override {
+    script_.log += cancelled_ ? "shown-cancelled " : "shown ";
+    isShown_ = true;
+    script_.whileShown(*this);
+  }
+  [[nodiscard]] bool IsShown() const override { return isShown_; }
+  void BringToFront() override { script_.log += "raised "; }
+
+ private:
+  Script& script_;
+  bool cancelled_ = true;
+  bool isShown_ = false;
+};
+
+class RunSearchTest : public testing::Test {
+ protected:
+  void Run() {
+    RunSearch(
+        place_, [this] { return std::make_unique<ScriptedDialog>(script_); }, box_);
+  }
+  Script script_;
+  core::RecordingMsgBox box_;
+  std::unique_ptr<SearchDialog> place_;
+};
+
+TEST_F(RunSearchTest, MakesShowsAndUnloadsTheDialogWithTheFlagCleared) {
+  Run();
+  EXPECT_EQ(script_.log, "made shown unloaded ");
+  EXPECT_EQ(place_, nullptr);
+}
+
+TEST_F(RunSearchTest, SaysWhatWasSearchedForWhenTheDialogEndsByOtherMeans) {
+  Run();
+  EXPECT_THAT(box_.Messages(), ElementsAre(Message{"Searching for: melodic", core::MsgBoxStyle::kOkOnly, ""}));
+}
+
+TEST_F(RunSearchTest, SaysNothingWhenItWasCancelled) {
+  script_.whileShown = [](SearchDialog& dialog) { dialog.SetSearchCancelled(true); };
+  Run();
+  EXPECT_EQ(script_.log, "made shown unloaded ");
+  EXPECT_THAT(box_.Messages(), IsEmpty());
+}
+
+TEST_F(RunSearchTest, UsesTheDialogThatIsThere) {
+  place_ = std::make_unique<ScriptedDialog>(script_);
+  Run();
+  EXPECT_EQ(script_.log, "made shown unloaded ");
+}
+
+TEST_F(RunSearchTest, SecondCommandWhileItIsShownBringsItToTheFront) {
+  script_.whileShown = [this](SearchDialog& dialog) {
+    Run();
+    dialog.SetSearchCancelled(true);
+  };
+  Run();
+  EXPECT_EQ(script_.log, "made shown raised unloaded ");
+  EXPECT_THAT(box_.Messages(), IsEmpty());
+}
+
+TEST_F(RunSearchTest, UnloadsTheDialogWhenShowingItFails) {
+  script_.whileShown = [](SearchDialog&) { throw std::runtime_error("no screen"); };
+  EXPECT_THROW(Run(), std::runtime_error);
+  EXPECT_EQ(script_.log, "made shown unloaded ");
+  EXPECT_EQ(place_, nullptr);
+}
+
+TEST_F(RunSearchTest, OwnerMayUnloadItWhileItIsShown) {
+  script_.whileShown = [this](SearchDialog&) { place_.reset(); };
+  Run();
+  EXPECT_EQ(script_.log, "made shown unloaded ");
+  EXPECT_THAT(box_.Messages(), IsEmpty());
+}
+
+}  // namespace
+}  // namespace tonalith::search
