@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "app/app_folder.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <string>
+#include <system_error>
+
+#include "core/failure.h"
+
+namespace tonalith::app {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::int32_t kPathAccessError = 75;
+constexpr std::array<const char*, 5> kContent = {"TonalithDB97.mdb", "Audio", "Octaves", "DataPacks", "TLHELP.chm"};
+
+[[noreturn]] void ThrowAccessError(const fs::path& path, const std::error_code& error) {
+  throw core::Failure(kPathAccessError, "Path/File access error: " + path.string() + " (" + error.message() + ")");
+}
+
+/// Installed content may be read-only; the user's copy of it is the user's, so permissions are not taken over.
+void CopyTree(const fs::path& from, const fs::path& to, std::error_code& error) {
+  if (!fs::is_directory(from, error)) {
+    if (!error && fs::copy_file(from, to, error))
+      fs::permissions(to, fs::perms::owner_write, fs::perm_options::add, error);
+    return;
+  }
+  fs::create_directory(to, error);
+  for (auto entry = fs::directory_iterator(from, error); !error && entry != fs::directory_iterator();
+       entry.increment(error)) {
+    CopyTree(entry->path(), to / entry->path().filename(), error);
+    if (error) return;
+  }
+}
+
+/// Copies one file or folder under a passing name and then renames it, so that a start cut short leaves nothing half.
+void CopyEntry(const fs::path& from, const fs::path& to) {
+  std::error_code error;
+  const fs::path passing = to.string() + ".part";
+  fs::remove_all(passing, error);
+  if (!error) CopyTree(from, passing, error);
+  if (!error) fs::rename(passing, to, error);
+  if (error) ThrowAccessError(to, error);
+}
+
+}  // namespace
+
+bool IsWritableFolder(const fs::path& folder) {
+  std::error_code error;
+  return fs::is_directory(folder, error) && ::access(folder.c_str(), W_OK | X_OK) == 0;
+}
+
+fs::path ResolveAppFolder(const ProgramPlaces& places) {
+  if (IsWritableFolder(places.programFolder)) return places.programFolder;
+  const fs::path folder = places.userDataHome / "tonalith";
+  std::error_code error;
+  fs::create_directories(folder, error);
+  if (error) ThrowAccessError(folder, error);
+  for (const char* const name : kContent) {
+    const fs::path from = places.contentFolder / name;
+    if (fs::exists(from, error) && !fs::exists(folder / name, error)) CopyEntry(from, folder / name);
+  }
+  return folder;
+}
+
+}  // namespace tonalith::app

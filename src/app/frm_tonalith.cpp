@@ -1,0 +1,349 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "app/frm_tonalith.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLayout>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QShortcut>
+#include <QStyle>
+#include <filesystem>
+
+#include "controls/theme.h"
+#include "core/deferred_failure.h"
+#include "editor/frm_scales.h"
+
+namespace tonalith::app {
+namespace {
+
+constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
+constexpr int kScaleIntervalsField = 5;
+
+QString ToText(const data::Value& value) { return QString::fromStdString(value.TextOr({})); }
+
+}  // namespace
+
+frmTonalith::frmTonalith(const FormServices& services)
+    : services_(services), desk_(c_, AudioFolder), playback_(services.sounds, desk_, services.events, services.msgBox) {
+  setObjectName(QStringLiteral("frmTonalith"));
+  setWindowTitle(QStringLiteral("Tonalith"));
+  ApplyTheme();
+  m_ = MakeMainMenu(menuBar());
+  auto* const client = new QWidget(this);
+  c_ = MakeMainControls(client, services_.msgBox);
+  setCentralWidget(client);
+  layout()->setSizeConstraint(QLayout::SetFixedSize);
+  ApplyInk(c_, palette());
+  c_.fretboard->SetNotePlayer(&services_.notePlayer, services_.database.AppFolder());
+  c_.cmdPrint->setEnabled(false);
+  BindControls();
+  WireHandlers();
+  AddRecordShortcuts();
+  Form_Load();
+}
+
+frmTonalith::~frmTonalith() {
+  if (services_.sounds.Notifier == &playback_) services_.sounds.Notifier = nullptr;
+}
+
+void frmTonalith::BindControls() {
+  const auto bind = [this](const char* field, auto* control) {
+    c_.Data1->Bind(field, [control](const data::Value& value) { control->setText(ToText(value)); });
+  };
+  bind("ScaleName", c_.Label1);
+  bind("ScaleDescription", c_.lblScaleDescription);
+  bind("ScaleTypeName", c_.lblScaleType);
+  bind("ScaleID", c_.txtScaleID);
+  bind("ScaleIntervals", c_.txtInterval);
+  c_.Data1->SetConnectionString(
+      "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=TonalithDB97.mdb;"
+      "Mode=ReadWrite|Share Deny None;Persist Security Info=False");
+  c_.Data1->SetRecordSource(std::string(data::kAllScalesStatement));
+}
+
+void frmTonalith::WireHandlers() {
+  connect(c_.Data1, &controls::DataControl::Moved, this, &frmTonalith::Label1_Change);
+  connect(c_.cmbTranspose, &KeyBox::Clicked, this, &frmTonalith::cmbTranspose_Click);
+  connect(c_.cmbTranspose, &KeyBox::KeyReleased, this, &frmTonalith::cmbTranspose_KeyUp);
+  connect(c_.cmdEdit, &QAbstractButton::clicked, this, &frmTonalith::cmdEdit_Click);
+  connect(c_.cmdUpdate, &QAbstractButton::clicked, this, &frmTonalith::cmdUpdate_Click);
+  connect(c_.cmdListen, &QAbstractButton::clicked, this, &frmTonalith::cmdListen_Click);
+  connect(c_.cmdInstall, &QAbstractButton::clicked, this, &frmTonalith::cmdInstall_Click);
+  connect(m_.mEditor, &QAction::triggered, this, &frmTonalith::mEditor_Click);
+  connect(m_.mUpdate, &QAction::triggered, this, &frmTonalith::mUpdate_Click);
+  connect(m_.mSearch, &QAction::triggered, this, &frmTonalith::mSearch_Click);
+  connect(m_.mListen, &QAction::triggered, this, &frmTonalith::mListen_Click);
+  connect(m_.mInstall, &QAction::triggered, this, &frmTonalith::mInstall_Click);
+  connect(m_.mViewNotes, &QAction::triggered, this, &frmTonalith::mViewNotes_Click);
+  for (QAction* const entry : {m_.mEditor, m_.mUpdate, m_.mSearch, m_.mListen, m_.mInstall, m_.mViewNotes}) {
+    entry->setEnabled(true);
+  }
+}
+
+void frmTonalith::AddRecordShortcuts() {
+  using controls::DataControl;
+  const auto add = [this](const QKeySequence& keys, void (DataControl::*step)()) {
+    auto* const shortcut = new QShortcut(keys, this);
+    connect(shortcut, &QShortcut::activated, this, [this, step] { c_.Data1->RunMove(step); });
+  };
+  add(Qt::Key_PageUp, &DataControl::MovePrevious);
+  add(Qt::Key_PageDown, &DataControl::MoveNext);
+  add(Qt::CTRL | Qt::Key_Home, &DataControl::MoveFirst);
+  add(Qt::CTRL | Qt::Key_End, &DataControl::MoveLast);
+}
+
+void frmTonalith::Form_Load() {
+  core::DeferredFailure failure;
+  failure.Try([this] {
+    c_.Label3->setText(tr("Tonalith %1: scales and chords for guitar").arg(QCoreApplication::applicationVersion()));
+  });
+  failure.Try([this] { SetAudioFolder(); });
+  services_.sounds.Notifier = &playback_;
+  playback_.SoundEnded = true;
+  failure.Try([this] {
+    for (const std::string_view note : core::kSharpNotes) {
+      c_.cmbTranspose->addItem(QString::fromUtf8(note.data(), static_cast<qsizetype>(note.size())));
+    }
+  });
+  failure.Try([this] { c_.cmbTranspose->Choose(0); });
+  failure.ReportNumberAndDescription(services_.msgBox);
+}
+
+void frmTonalith::BindData() {
+  c_.Data1->SetConnectionString(data::FullConnectionString(services_.database.DatabasePath()));
+  c_.Data1->SetConnectionString(services_.database.ScaleConnection()->ConnectionString());
+  const controls::DataControl::Quiet quiet(*c_.Data1);
+  c_.Data1->Refresh();
+}
+
+void frmTonalith::UpdateForm() {
+  core::DeferredFailure failure;
+  failure.Try([this] { c_.lblTranspose->setText(tr("Scale Steps: ")); });
+  failure.Try([this] { Form_Paint(); });
+  failure.Try([this] { c_.fretboard->HideNotes(); });
+  failure.Try([this] { c_.fretboard->ShowNotes(c_.cmbTranspose->currentText().toStdString(), *this); });
+  if (ShowNoteNames) failure.Try([this] { c_.fretboard->ShowNotesNames(); });
+  failure.Clear();
+}
+
+void frmTonalith::Form_Paint() {
+  c_.staff->Clear();
+  std::string notes;
+  if (c_.Data1->Recordset() != nullptr) {
+    core::DeferredFailure failure;
+    failure.Try([&] {
+      const std::string name = c_.Label1->text().isEmpty() ? "Major" : c_.Label1->text().toStdString();
+      c_.staff->Draw(static_cast<std::int16_t>(c_.cmbTranspose->ListIndex()),
+                     services_.database.GetScaleIntervalsFromDB(name), notes);
+    });
+    // A scale that cannot be written leaves the card as far as it was drawn; the neck reports what is wrong with it.
+    failure.Clear();
+  }
+  c_.lblScaleNotes->setText(QString::fromStdString(notes));
+}
+
+void frmTonalith::Label1_Change() {
+  core::DeferredFailure failure;
+  failure.Try([this] { UpdateForm(); });
+  failure.ReportNumberAndDescription(services_.msgBox);
+}
+
+void frmTonalith::cmbTranspose_Click() {
+  core::DeferredFailure failure;
+  failure.Try([this] { UpdateForm(); });
+  failure.ReportDescription(services_.msgBox);
+}
+
+void frmTonalith::cmbTranspose_KeyUp() { cmbTranspose_Click(); }
+
+void frmTonalith::cmdUpdate_Click() {
+  core::DeferredFailure failure;
+  failure.Try([this] {
+    // Standing on the first row on the way is nobody's move: the refresh at the end is the only one.
+    const controls::DataControl::Quiet quiet(*c_.Data1);
+    std::optional<data::Bookmark> current;
+    if (c_.Data1->HasRecord()) current = c_.Data1->Recordset()->GetBookmark();
+    c_.Data1->Refresh();
+    if (current) c_.Data1->SetBookmarkIfThere(*current);
+  });
+  failure.Try([this] { UpdateForm(); });
+  failure.ReportDescription(services_.msgBox);
+}
+
+void frmTonalith::cmdEdit_Click() {
+  editor::ShowScaleEditor(frmScales_, {services_.database, services_.msgBox, *this, c_.Data1->CurrentBookmark()}, this);
+}
+
+void frmTonalith::mEditor_Click() { cmdEdit_Click(); }
+
+void frmTonalith::BringToFront() {
+  raise();
+  activateWindow();
+}
+
+void frmTonalith::cmdInstall_Click() {
+  // Messages and progress let events through: the command is off until it has ended.
+  c_.cmdInstall->setEnabled(false);
+  m_.mInstall->setEnabled(false);
+  core::DeferredFailure failure;
+  failure.Try([this] {
+    c_.Data1->Release();
+    c_.Data1->SetConnectionString({});
+  });
+  failure.Try([this] {
+    data::DataPackImport(services_.database.AppFolder(), services_.msgBox, *this).GetAvailableDataPacks();
+  });
+  failure.Try([this] {
+    c_.Data1->SetConnectionString("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=TonalithDB97.mdb");
+    c_.Data1->Refresh();
+  });
+  c_.cmdInstall->setEnabled(true);
+  m_.mInstall->setEnabled(true);
+  failure.ReportDescription(services_.msgBox);
+}
+
+void frmTonalith::mInstall_Click() { cmdInstall_Click(); }
+
+void frmTonalith::DataPackDone() { packsImported_ = true; }
+
+void frmTonalith::ImportProgress(const std::string& /*path*/, std::int64_t /*rows*/) {
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void frmTonalith::mUpdate_Click() { cmdUpdate_Click(); }
+
+void frmTonalith::EditUpdates() { cmdUpdate_Click(); }
+
+void frmTonalith::mViewNotes_Click() {
+  core::DeferredFailure failure;
+  failure.Try([this] {
+    if (ShowNoteNames) {
+      ShowNoteNames = false;
+      c_.fretboard->ClearNoteNames();
+    } else {
+      ShowNoteNames = true;
+      c_.fretboard->DrawNoteNames();
+    }
+  });
+  failure.Try([this] { UpdateForm(); });
+  failure.ReportNumberAndDescription(services_.msgBox);
+}
+
+bool frmTonalith::NoteExistsInScoreScale(core::NoteNumber intTP, const std::string& strNoteVal) {
+  return core::NoteExistsInScoreScale(intTP, strNoteVal, *this, services_.msgBox);
+}
+
+void frmTonalith::SetAudioFolder() { AudioFolder = services_.database.AppFolder() + kSeparator + "Audio" + kSeparator; }
+
+void frmTonalith::cmdListen_Click() {
+  // Without a record there is nothing to play, and nothing wrong about that.
+  if (!c_.Data1->HasRecord()) return;
+  core::DeferredFailure failure;
+  failure.Try([this] { playback_.PlayToneNotes(); });
+  failure.Clear();
+}
+
+void frmTonalith::mListen_Click() { cmdListen_Click(); }
+
+void frmTonalith::mSearch_Click() {
+  core::DeferredFailure failure;
+  failure.Try([this] { search::RunSearch(frmSearch_, *c_.Data1, services_.msgBox, this); });
+  failure.ReportDescription(services_.msgBox);
+}
+
+void frmTonalith::ShowSoundDevice(bool isThere) {
+  c_.lblStatus->setToolTip(isThere ? QString() : tr("There is no sound device: scales play silently."));
+  c_.lblStatus->setAccessibleDescription(c_.lblStatus->toolTip());
+}
+
+void frmTonalith::ReleaseSound(core::DeferredFailure& failure) {
+  playback_.Cancel();
+  failure.Try([this] { services_.sounds.UnloadSoundBuffer(audio::SoundManager::kAllBuffers); });
+  failure.Try([this] { services_.sounds.TerminateSoundManager(); });
+}
+
+void frmTonalith::Form_GotFocus() {
+  core::DeferredFailure failure;
+  services_.sounds.Notifier = &playback_;
+  failure.Try([this] { SetAudioFolder(); });
+  failure.Try([this] { EditUpdates(); });
+  failure.ReportNumberAndDescription(services_.msgBox);
+}
+
+void frmTonalith::Form_LostFocus() {
+  core::DeferredFailure failure;
+  failure.Try([this] { static_cast<void>(editor::UnloadScaleEditor(frmScales_)); });
+  ReleaseSound(failure);
+  failure.ReportNumberAndDescription(services_.msgBox);
+}
+
+void frmTonalith::Form_Unload() {
+  core::DeferredFailure failure;
+  failure.Try([this] { frmSearch_.reset(); });
+  ReleaseSound(failure);
+  failure.ReportNumberAndDescription(services_.msgBox);
+}
+
+void frmTonalith::focusInEvent(QFocusEvent* event) {
+  QMainWindow::focusInEvent(event);
+  Form_GotFocus();
+}
+
+void frmTonalith::focusOutEvent(QFocusEvent* event) {
+  QMainWindow::focusOutEvent(event);
+  // Another window coming to the front is not the focus leaving this one for another control.
+  if (event->reason() != Qt::ActiveWindowFocusReason) Form_LostFocus();
+}
+
+void frmTonalith::closeEvent(QCloseEvent* event) {
+  if (!editor::UnloadScaleEditor(frmScales_)) {
+    event->ignore();
+    return;
+  }
+  Form_Unload();
+  QMainWindow::closeEvent(event);
+}
+
+void frmTonalith::keyPressEvent(QKeyEvent* event) {
+  // F1 opens nothing: help is reached through the menu.
+  if (event->key() != Qt::Key_F1) QMainWindow::keyPressEvent(event);
+}
+
+void frmTonalith::ApplyTheme() { setPalette(controls::WarmPalette(QApplication::palette())); }
+
+void frmTonalith::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ApplicationPaletteChange) {
+    ApplyTheme();
+    ApplyInk(c_, palette());
+  }
+}
+
+bool frmTonalith::HasCurrentRecord() const { return c_.Data1->HasRecord(); }
+
+std::optional<std::string> frmTonalith::ScaleIntervals() {
+  const data::Value pattern = c_.Data1->FieldValue(kScaleIntervalsField);
+  if (pattern.IsNull()) return std::nullopt;
+  return pattern.AsText();
+}
+
+void frmTonalith::AppendStepWord(const std::string& words) {
+  c_.lblTranspose->setText(c_.lblTranspose->text() + QString::fromStdString(words));
+}
+
+std::int32_t frmTonalith::CurrentScaleId() const {
+  bool isNumber = false;
+  const int scaleId = c_.txtScaleID->text().toInt(&isNumber);
+  if (!isNumber) throw core::Failure::TypeMismatch();
+  return scaleId;
+}
+
+std::string frmTonalith::GetScaleIntervalsByID(std::int32_t scaleId) {
+  return services_.database.GetScaleIntervalsByID(scaleId);
+}
+
+}  // namespace tonalith::app

@@ -1,0 +1,135 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The main window. It shows one row of the stored query at a time through its data control and keeps everything in step
+// with that row and the key box by one refresh procedure, UpdateForm. Event handlers are named control, underscore,
+// event; each goes on past failures and reports what is pending at its end. Made and owned by the start-up code; the
+// services have to outlive it; user-interface thread.
+
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <memory>
+#include <string>
+
+#include "app/main_controls.h"
+#include "app/main_menu.h"
+#include "app/playback_desk.h"
+#include "audio/scale_playback.h"
+#include "audio/sound_manager.h"
+#include "core/deferred_failure.h"
+#include "core/msg_box.h"
+#include "core/note_model.h"
+#include "data/data_pack_import.h"
+#include "data/scale_database.h"
+#include "editor/scale_editor.h"
+#include "platform/event_pump.h"
+#include "platform/note_player.h"
+#include "search/search_dialog.h"
+
+namespace tonalith::app {
+
+/// What the window needs from outside.
+struct FormServices {
+  data::ScaleDatabase& database;
+  core::MsgBox& msgBox;
+  platform::NotePlayer& notePlayer;
+  audio::SoundManager& sounds;
+  platform::EventPump& events;
+};
+
+class frmTonalith : public QMainWindow,
+                    private views::ScaleInView,
+                    private core::CurrentScaleSource,
+                    private editor::ScaleEditorHost,
+                    private data::DataPackObserver {
+  Q_OBJECT
+
+ public:
+  explicit frmTonalith(const FormServices& services);
+  ~frmTonalith() override;
+
+  /// Sets the data control's connection string to the full form, then to the one that the shared connection reports,
+  /// and refreshes it. Throws when the database cannot be bound; the window then stays usable and empty.
+  void BindData();
+
+  /// The one refresh procedure. Failures in it are cleared silently.
+  void UpdateForm();
+  void EditUpdates() override;
+  /// The layout is fixed: kept for its callers, without effect.
+  void ResizeFormControls() {}
+  /// Opens the editor on the record that is shown, or brings it to the front.
+  void cmdEdit_Click();
+  void mEditor_Click();
+  void cmdUpdate_Click();
+  void mUpdate_Click();
+  /// Imports every data pack; the database is not held open meanwhile.
+  void cmdInstall_Click();
+  void mInstall_Click();
+  /// Plays the scale; returns when the playback is through. A failure that it leaves is cleared.
+  void cmdListen_Click();
+  void mListen_Click();
+  /// One use of the search dialog; returns when it is closed.
+  void mSearch_Click();
+  void mViewNotes_Click();
+
+  /// Whether a note is among those of the current scale, built on the start note `intTP`.
+  bool NoteExistsInScoreScale(core::NoteNumber intTP, const std::string& strNoteVal);
+
+  [[nodiscard]] const MainControls& Controls() const { return c_; }
+  [[nodiscard]] const MainMenu& Menu() const { return m_; }
+  [[nodiscard]] const std::string& AudioFolderPath() const { return AudioFolder; }
+  [[nodiscard]] const audio::ScalePlayback& Playback() const { return playback_; }
+  /// Puts into the status line's tooltip whether there is a sound device.
+  void ShowSoundDevice(bool isThere);
+  /// Whether an install command of this window has gone through a pack.
+  [[nodiscard]] bool PacksWereImported() const { return packsImported_; }
+  [[nodiscard]] bool NamesAreShown() const { return ShowNoteNames; }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void Form_Load();
+  void Form_Paint();
+  void Form_GotFocus();
+  void Form_LostFocus();
+  void Form_Unload();
+  void Label1_Change();
+  void cmbTranspose_Click();
+  void cmbTranspose_KeyUp();
+
+  void SetAudioFolder();
+  void ReleaseSound(core::DeferredFailure& failure);
+  void BindControls();
+  void WireHandlers();
+  void AddRecordShortcuts();
+  void ApplyTheme();
+
+  void BringToFront() override;
+  void DataPackDone() override;
+  void ImportProgress(const std::string& path, std::int64_t rows) override;
+  [[nodiscard]] bool HasCurrentRecord() const override;
+  std::optional<std::string> ScaleIntervals() override;
+  void AppendStepWord(const std::string& words) override;
+  [[nodiscard]] std::int32_t CurrentScaleId() const override;
+  std::string GetScaleIntervalsByID(std::int32_t scaleId) override;
+
+  FormServices services_;
+  MainControls c_;
+  MainMenu m_;
+  std::string AudioFolder;
+  bool ShowNoteNames = true;
+  bool packsImported_ = false;
+  PlaybackDesk desk_;
+  audio::ScalePlayback playback_;
+  QPointer<editor::frmScales> frmScales_;
+  std::unique_ptr<search::SearchDialog> frmSearch_;
+};
+
+}  // namespace tonalith::app

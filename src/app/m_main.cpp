@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "app/m_main.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "core/deferred_failure.h"
+#include "data/jet_conversion.h"
+
+namespace tonalith::app {
+namespace {
+
+constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
+
+char ToLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool EqualIgnoringCase(const std::string& a, const std::string& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return ToLower(x) == ToLower(y); });
+}
+
+bool IsSeparator(char c) { return c == '/' || c == '\\'; }
+
+bool IsShare(const std::string& path) { return path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1]); }
+
+/// The text in front of the terminator that the reported length counts.
+std::string AnswerText(const platform::NetworkConnection& connection) {
+  const std::size_t length = connection.reportedLength == 0 ? 0 : connection.reportedLength - 1;
+  return connection.remoteName.substr(0, length);
+}
+
+}  // namespace
+
+std::string FindDriveForShare(const std::string& share, const platform::NetworkDrives& drives) {
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    const std::string drive = {letter, ':'};
+    const auto connection = drives.ConnectionOf(drive);
+    if (connection && EqualIgnoringCase(AnswerText(*connection), share)) return drive;
+  }
+  return {};
+}
+
+void SetWorkingDirectory(const std::string& appFolder, const platform::NetworkDrives& drives,
+                         platform::WorkingDirectory& directory, core::MsgBox& msgBox) {
+  core::DeferredFailure failure;
+  if (IsShare(appFolder)) {
+    const std::string drive = FindDriveForShare(appFolder, drives);
+    failure.Try([&] { directory.MakeDriveCurrent(drive); });
+    failure.Try([&] { directory.ChangeTo(drive + kSeparator); });
+  } else if (appFolder.size() >= 2 && appFolder[1] == ':') {
+    failure.Try([&] { directory.MakeDriveCurrent(appFolder.substr(0, 2)); });
+    failure.Try([&] { directory.ChangeTo(appFolder); });
+  } else if (!appFolder.empty() && appFolder[0] == kSeparator) {
+    failure.Try([&] { directory.ChangeTo(appFolder); });
+  }
+  if (failure.Pending()) msgBox.Show("Error: " + failure.Pending()->Description());
+}
+
+std::unique_ptr<frmTonalith> OpenScaleDatabase(const FormServices& services) {
+  core::DeferredFailure failure;
+  const bool opened = failure.Try([&] {
+    data::ConvertMainDatabaseIfJet(services.database.DatabasePath());
+    services.database.OpenShared();
+  });
+  auto form = std::make_unique<frmTonalith>(services);
+  if (opened) failure.Try([&] { form->BindData(); });
+  failure.Try([&] { form->Controls().fretboard->PositionNotes(); });
+  form->UpdateForm();
+  form->show();
+  // The window is there before its message, so that nobody has to answer a box that belongs to nothing.
+  failure.ReportNumberAndDescription(services.msgBox, core::MsgBoxStyle::kCritical);
+  return form;
+}
+
+std::unique_ptr<frmTonalith> Main(const FormServices& services, const platform::NetworkDrives& drives,
+                                  platform::WorkingDirectory& directory) {
+  SetWorkingDirectory(services.database.AppFolder(), drives, directory, services.msgBox);
+  return OpenScaleDatabase(services);
+}
+
+}  // namespace tonalith::app

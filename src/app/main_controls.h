@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The controls of the main window, made and placed in one go. The window owns them as its children; the structure only
+// knows them by their names. Places are pixels of the client area at scale 1, and fixed. User-interface thread.
+
+#pragma once
+
+#include "app/key_box.h"
+#include "controls/data_control.h"
+#include "controls/fitting_label.h"
+#include "controls/panel_button.h"
+#include "core/msg_box.h"
+#include "views/fretboard_view.h"
+#include "views/staff_view.h"
+
+class QLineEdit;
+
+namespace tonalith::app {
+
+struct MainControls {
+  static constexpr int kClientWidth = 1080;
+  static constexpr int kClientHeight = 594;
+
+  controls::DataControl* Data1 = nullptr;
+  controls::FittingLabel* Label1 = nullptr;
+  controls::FittingLabel* lblScaleType = nullptr;
+  controls::FittingLabel* lblScaleDescription = nullptr;
+  QLineEdit* txtScaleID = nullptr;
+  QLineEdit* txtInterval = nullptr;
+  KeyBox* cmbTranspose = nullptr;
+  controls::FittingLabel* lblTranspose = nullptr;
+  controls::FittingLabel* lblScaleNotes = nullptr;
+  controls::FittingLabel* lblStatus = nullptr;
+  controls::FittingLabel* Label3 = nullptr;
+  controls::PanelButton* cmdEdit = nullptr;
+  controls::PanelButton* cmdUpdate = nullptr;
+  controls::PanelButton* cmdListen = nullptr;
+  controls::PanelButton* cmdPrint = nullptr;
+  controls::PanelButton* cmdInstall = nullptr;
+  QWidget* printPic = nullptr;
+  views::FretboardView* fretboard = nullptr;
+  views::StaffView* staff = nullptr;
+};
+
+/// Makes every control as a child of `client`, in tab order. The message box has to outlive them.
+MainControls MakeMainControls(QWidget* client, core::MsgBox& msgBox);
+
+/// Gives the inked labels their colours from the palette.
+void ApplyInk(const MainControls& controls, const QPalette& palette);
+
+}  // namespace tonalith::app

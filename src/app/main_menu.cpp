@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "app/main_menu.h"
+
+#include <QMenu>
+#include <QMenuBar>
+
+namespace tonalith::app {
+namespace {
+
+QMenu* AddMenu(QMenuBar* bar, const char* name, const QString& caption) {
+  QMenu* const menu = bar->addMenu(caption);
+  menu->setObjectName(QLatin1String(name));
+  menu->menuAction()->setObjectName(QLatin1String(name));
+  return menu;
+}
+
+QAction* AddEntry(QMenu* menu, const char* name, const QString& caption, const QKeySequence& shortcut = {}) {
+  QAction* const entry = menu->addAction(caption);
+  entry->setObjectName(QLatin1String(name));
+  entry->setShortcut(shortcut);
+  entry->setEnabled(false);
+  return entry;
+}
+
+void AddSeparator(QMenu* menu, const char* name) { menu->addSeparator()->setObjectName(QLatin1String(name)); }
+
+}  // namespace
+
+MainMenu MakeMainMenu(QMenuBar* bar) {
+  MainMenu m;
+  QMenu* const tools = AddMenu(bar, "mFile", QObject::tr("&Tools"));
+  m.mEditor = AddEntry(tools, "mEditor", QObject::tr("&Editor"), Qt::CTRL | Qt::Key_E);
+  m.mUpdate = AddEntry(tools, "mUpdate", QObject::tr("&Update"), Qt::Key_F5);
+  m.mSearch = AddEntry(tools, "mSearch", QObject::tr("&Search"), QKeySequence::Find);
+  AddSeparator(tools, "seperator1");
+  m.mListen = AddEntry(tools, "mListen", QObject::tr("&Listen"), Qt::CTRL | Qt::Key_L);
+  m.mPrint = AddEntry(tools, "mPrint", QObject::tr("&Print"), QKeySequence::Print);
+  AddSeparator(tools, "seperator2");
+  m.mInstall = AddEntry(tools, "mInstall", QObject::tr("&Install"), Qt::CTRL | Qt::Key_I);
+  AddSeparator(tools, "separator3");
+  m.mViewNotes = AddEntry(tools, "mViewNotes", QObject::tr("Hide/View &Names"), Qt::CTRL | Qt::Key_N);
+  QMenu* const help = AddMenu(bar, "mHelp", QObject::tr("&Help"));
+  m.mHelpFile = AddEntry(help, "mHelpFile", QObject::tr("&Help"));
+  return m;
+}
+
+}  // namespace tonalith::app

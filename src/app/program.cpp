@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "app/program.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+
+#include "app/app_folder.h"
+#include "app/m_main.h"
+#include "audio/octave_note_player.h"
+#include "core/deferred_failure.h"
+#include "platform/notices/notice_queue.h"
+#include "platform/openal/open_al_mixer.h"
+#include "platform/posix/posix_file_input.h"
+#include "platform/qt/qt_event_pump.h"
+#include "platform/qt/qt_msg_box.h"
+#include "platform/std/std_system.h"
+
+namespace tonalith::app {
+namespace {
+
+/// The folder of the program's files; its own folder, with a message, where the user's cannot be made.
+std::string FindAppFolder(core::MsgBox& msgBox) {
+  const std::filesystem::path programFolder(QCoreApplication::applicationDirPath().toStdString());
+  std::filesystem::path folder = programFolder;
+  core::DeferredFailure failure;
+  failure.Try([&] {
+    const QString userData = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    folder = ResolveAppFolder({programFolder, programFolder, userData.toStdString()});
+  });
+  failure.ReportNumberAndDescription(msgBox, core::MsgBoxStyle::kCritical);
+  return folder.string();
+}
+
+/// Carries the sound thread's news to the window's thread.
+class SoundDeviceNews : public QObject, public platform::SoundDeviceObserver {
+ public:
+  void SoundDeviceMissing() override { Tell(false); }
+  void SoundDeviceFound() override { Tell(true); }
+  void SetWindow(frmTonalith* window) { window_ = window; }
+
+ private:
+  void Tell(bool isThere) {
+    QMetaObject::invokeMethod(
+        this,
+        [this, isThere] {
+          if (window_ != nullptr) window_->ShowSoundDevice(isThere);
+        },
+        Qt::QueuedConnection);
+  }
+
+  frmTonalith* window_ = nullptr;
+};
+
+}  // namespace
+
+int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown) {
+  // The sound output sets the environment that it reads, so it is made while there is one thread.
+  platform::NoticeQueue notices;
+  SoundDeviceNews news;
+  const auto output = platform::MakeOpenAlWaveOutput(notices, &news);
+
+  QCoreApplication::setApplicationName(QStringLiteral("tonalith"));
+  QCoreApplication::setApplicationVersion(QStringLiteral(TONALITH_VERSION));
+  const QApplication application(argc, argv);
+  platform::QtMsgBox msgBox("Tonalith");
+  const platform::NoNetworkDrives drives;
+  platform::StdWorkingDirectory directory;
+  platform::PosixFileInput files;
+  platform::QtEventPump events;
+  const platform::QtNoticeJoint joint(notices);
+  audio::SoundManager sounds(files, *output, notices, msgBox);
+  audio::OctaveNotePlayer notePlayer(files, *output);
+
+  data::ScaleDatabase database(FindAppFolder(msgBox), msgBox);
+  const auto window = Main({database, msgBox, notePlayer, sounds, events}, drives, directory);
+  news.SetWindow(window.get());
+  if (shown) shown(*window);
+  const int exitCode = QApplication::exec();
+  news.SetWindow(nullptr);
+  return exitCode;
+}
+
+}  // namespace tonalith::app

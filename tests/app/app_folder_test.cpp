@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "app/app_folder.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <fstream>
+#include <sstream>
+
+#include "support/temp_folder.h"
+
+namespace tonalith::app {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr unsigned kNobody = 65534;
+constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+
+void Write(const fs::path& path, const std::string& text) {
+  fs::create_directories(path.parent_path());
+  std::ofstream(path) << text;
+}
+
+std::string Read(const fs::path& path) {
+  std::ostringstream text;
+  text << std::ifstream(path).rdbuf();
+  return text.str();
+}
+
+/// Runs `step` in a process of an ordinary user, for whom permissions count, and gives its exit code.
+template <class Step>
+int AsOrdinaryUser(Step step) {
+  const pid_t child = fork();
+  if (child == 0) {
+    if (getuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0)) _exit(99);
+    try {
+      _exit(step());
+    } catch (const std::exception& failure) {
+      std::fprintf(stderr, "%s\n", failure.what());
+      _exit(97);
+    }
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 98;
+}
+
+class AppFolder : public testing::Test {
+ protected:
+  AppFolder() {
+    Write(program_ / "TonalithDB97.mdb", "shipped");
+    Write(program_ / "Octaves" / "4.wav", "low E");
+    fs::create_directories(home_);
+    for (const fs::path& path : {temp_.Path(), home_}) fs::permissions(path, fs::perms::all);
+  }
+  void MakeProgramReadOnly() {
+    for (const fs::path& path : {program_, program_ / "Octaves", program_ / "TonalithDB97.mdb"}) {
+      fs::permissions(path, kAnyWrite, fs::perm_options::remove);
+    }
+  }
+  [[nodiscard]] ProgramPlaces Places() const { return {program_, program_, home_}; }
+
+  tests::TempFolder temp_;
+  fs::path program_ = temp_.Path() / "program";
+  fs::path home_ = temp_.Path() / "home";
+};
+
+TEST_F(AppFolder, IsTheProgramsOwnFolderWhereThatCanBeWritten) {
+  EXPECT_EQ(ResolveAppFolder(Places()), program_);
+  EXPECT_FALSE(fs::exists(home_ / "tonalith"));
+}
+
+TEST_F(AppFolder, ReadOnlyProgramFolderGivesAFolderOfTheUsersFilledOnce) {
+  MakeProgramReadOnly();
+  EXPECT_EQ(AsOrdinaryUser([&] { return ResolveAppFolder(Places()) == home_ / "tonalith" ? 0 : 1; }), 0);
+  EXPECT_EQ(Read(home_ / "tonalith" / "TonalithDB97.mdb"), "shipped");
+  EXPECT_EQ(Read(home_ / "tonalith" / "Octaves" / "4.wav"), "low E");
+}
+
+TEST_F(AppFolder, SecondStartKeepsTheUsersDatabaseAndFillsWhatIsMissing) {
+  MakeProgramReadOnly();
+  Write(home_ / "tonalith" / "TonalithDB97.mdb", "the user's own scales");
+  fs::permissions(home_ / "tonalith", fs::perms::all);
+  EXPECT_EQ(AsOrdinaryUser([&] { return ResolveAppFolder(Places()).empty() ? 1 : 0; }), 0);
+  EXPECT_EQ(Read(home_ / "tonalith" / "TonalithDB97.mdb"), "the user's own scales");
+  EXPECT_TRUE(fs::exists(home_ / "tonalith" / "Octaves" / "4.wav"));
+}
+
+TEST_F(AppFolder, CopiedDatabaseCanBeWrittenThoughTheInstalledOneCannot) {
+  MakeProgramReadOnly();
+  AsOrdinaryUser([&] { return ResolveAppFolder(Places()).empty() ? 1 : 0; });
+  const int result =
+      AsOrdinaryUser([&] { return ::access((home_ / "tonalith" / "TonalithDB97.mdb").c_str(), W_OK) == 0 ? 0 : 1; });
+  EXPECT_EQ(result, 0);
+}
+
+TEST_F(AppFolder, NoPlaceForTheUsersFolderIsAFailureThatNamesIt) {
+  MakeProgramReadOnly();
+  fs::permissions(home_, kAnyWrite, fs::perm_options::remove);
+  const int result = AsOrdinaryUser([&] {
+    try {
+      ResolveAppFolder(Places());
+      return 1;
+    } catch (const std::exception& failure) {
+      return std::string(failure.what()).find((home_ / "tonalith").string()) != std::string::npos ? 0 : 2;
+    }
+  });
+  EXPECT_EQ(result, 0);
+}
+
+}  // namespace
+}  // namespace tonalith::app

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "app/m_main.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "core/failure.h"
+#include "core/recording_msg_box.h"
+
+namespace tonalith::app {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ScriptedDrives : public platform::NetworkDrives {
+ public:
+  [[nodiscard]] std::optional<platform::NetworkConnection> ConnectionOf(const std::string& drive) const override {
+    asked_.push_back(drive);
+    const auto found = shares_.find(drive);
+    if (found == shares_.end()) return std::nullopt;
+    // The system's answer carries its terminator, and whatever the buffer held behind it.
+    return platform::NetworkConnection{found->second + '\0' + "rest", found->second.size() + 1};
+  }
+  std::map<std::string, std::string> shares_;
+  mutable std::vector<std::string> asked_;
+};
+
+class ScriptedDirectory : public platform::WorkingDirectory {
+ public:
+  void MakeDriveCurrent(const std::string& drive) override {
+    if (failing_ == drive) throw core::Failure(68, "Device unavailable");
+    log_.push_back("drive " + drive);
+  }
+  void ChangeTo(const std::string& directory) override {
+    if (failing_ == directory) throw core::Failure(76, "Path not found");
+    log_.push_back("directory " + directory);
+  }
+  std::string failing_ = "none";
+  std::vector<std::string> log_;
+};
+
+class StartUp : public testing::Test {
+ protected:
+  void Move(const std::string& appFolder) { SetWorkingDirectory(appFolder, drives_, directory_, box_); }
+  ScriptedDrives drives_;
+  ScriptedDirectory directory_;
+  core::RecordingMsgBox box_;
+};
+
+TEST_F(StartUp, DriveOfAShareIsTheFirstLetterThatIsMappedToItInAnyCase) {
+  drives_.shares_ = {{"C:", "\\\\host\\other"}, {"M:", "\\\\Host\\Music"}, {"Z:", "\\\\host\\music"}};
+  EXPECT_EQ(FindDriveForShare("\\\\HOST\\music", drives_), "M:");
+  EXPECT_EQ(drives_.asked_.front(), "A:");
+  EXPECT_EQ(drives_.asked_.back(), "M:");
+}
+
+TEST_F(StartUp, FolderInsideAShareFindsNoDrive) {
+  drives_.shares_ = {{"M:", "\\\\host\\music"}};
+  EXPECT_EQ(FindDriveForShare("\\\\host\\music\\tonalith", drives_), "");
+  EXPECT_EQ(drives_.asked_.size(), 26U);
+}
+
+TEST_F(StartUp, ShareMovesToTheRootOfItsDrive) {
+  drives_.shares_ = {{"M:", "\\\\host\\music"}};
+  Move("\\\\host\\music");
+  EXPECT_THAT(directory_.log_, ElementsAre("drive M:", "directory M:/"));
+}
+
+TEST_F(StartUp, TwoSeparatorsOfEitherKindBeginAShare) {
+  drives_.shares_ = {{"M:", "//host/music"}};
+  Move("//host/music");
+  EXPECT_THAT(directory_.log_, ElementsAre("drive M:", "directory M:/"));
+}
+
+TEST_F(StartUp, FolderOnADriveMakesItsDriveCurrentFirst) {
+  Move("C:\\Tonalith");
+  EXPECT_THAT(directory_.log_, ElementsAre("drive C:", "directory C:\\Tonalith"));
+}
+
+TEST_F(StartUp, AbsolutePathOfThisSystemBecomesTheWorkingDirectory) {
+  Move("/opt/tonalith");
+  EXPECT_THAT(directory_.log_, ElementsAre("directory /opt/tonalith"));
+  EXPECT_THAT(drives_.asked_, IsEmpty());
+}
+
+TEST_F(StartUp, RelativeAndEmptyFoldersAreLeftAlone) {
+  Move("tonalith");
+  Move("");
+  EXPECT_THAT(directory_.log_, IsEmpty());
+  EXPECT_THAT(box_.Messages(), IsEmpty());
+}
+
+TEST_F(StartUp, FailureIsAPlainMessageAndTheNextStepStillRuns) {
+  directory_.failing_ = "C:";
+  Move("C:\\Tonalith");
+  EXPECT_THAT(directory_.log_, ElementsAre("directory C:\\Tonalith"));
+  using Message = core::RecordingMsgBox::Message;
+  EXPECT_THAT(box_.Messages(), ElementsAre(Message{"Error: Device unavailable", core::MsgBoxStyle::kOkOnly, ""}));
+}
+
+}  // namespace
+}  // namespace tonalith::app

@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Bad databases and bad input: the window comes up, says what is wrong, stays usable and loses nothing.
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QTest>
+#include <filesystem>
+#include <fstream>
+
+#include "app/main_window_fixture.h"
+
+namespace tonalith::app {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing::StartsWith;
+
+class BadInput : public MainWindowTest {
+ protected:
+  void WriteDatabaseFile(const std::string& content) {
+    std::ofstream(Path("TonalithDB97.mdb"), std::ios::binary) << content;
+  }
+  void ExpectOneCriticalMessageThatNamesTheFile() {
+    ASSERT_THAT(box_.Messages(), SizeIs(1));
+    EXPECT_EQ(box_.Messages()[0].style, core::MsgBoxStyle::kCritical);
+    EXPECT_THAT(box_.Messages()[0].text, HasSubstr(": "));
+    EXPECT_THAT(box_.Messages()[0].text, HasSubstr("TonalithDB97.mdb"));
+  }
+  void ExpectUsableAndEmpty() {
+    EXPECT_TRUE(Window().isVisible());
+    EXPECT_EQ(Text(C().Label1), "");
+    EXPECT_EQ(Text(C().lblScaleDescription), "");
+    box_.Forget();
+    Press("Next record");
+    Press("Last record");
+    C().cmbTranspose->Choose(3);
+    Window().Menu().mViewNotes->trigger();
+    EXPECT_EQ(StringNotes(1), "");
+    EXPECT_EQ(Text(C().lblTranspose), "Scale Steps: ");
+    EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
+  }
+  std::string ShowFirst(const std::vector<TestScale>& scales) {
+    MakeDatabase(scales);
+    Start();
+    return box_.Texts();
+  }
+};
+
+TEST_F(BadInput, MissingDatabaseIsOneCriticalMessageAndAnEmptyWindow) {
+  Start();
+  ExpectOneCriticalMessageThatNamesTheFile();
+  ExpectUsableAndEmpty();
+  EXPECT_FALSE(fs::exists(Path("TonalithDB97.mdb"))) << "looking for a database must not make one";
+}
+
+TEST_F(BadInput, FileThatIsNoDatabaseIsOneCriticalMessageAndStaysAsItIs) {
+  const std::string noise(5000, 'x');
+  WriteDatabaseFile(noise);
+  Start();
+  ExpectOneCriticalMessageThatNamesTheFile();
+  ExpectUsableAndEmpty();
+  EXPECT_EQ(fs::file_size(Path("TonalithDB97.mdb")), noise.size());
+}
+
+TEST_F(BadInput, EmptyFileIsNoDatabase) {
+  WriteDatabaseFile("");
+  Start();
+  ExpectOneCriticalMessageThatNamesTheFile();
+  ExpectUsableAndEmpty();
+  EXPECT_EQ(fs::file_size(Path("TonalithDB97.mdb")), 0U);
+}
+
+TEST_F(BadInput, FolderInPlaceOfTheDatabaseIsOneCriticalMessage) {
+  fs::create_directory(Path("TonalithDB97.mdb"));
+  Start();
+  ExpectOneCriticalMessageThatNamesTheFile();
+  ExpectUsableAndEmpty();
+}
+
+TEST_F(BadInput, TruncatedDatabaseIsReportedAndKept) {
+  CopyShippedDatabase();
+  fs::resize_file(Path("TonalithDB97.mdb"), 4096 + 100);
+  Start();
+  EXPECT_TRUE(Window().isVisible());
+  ASSERT_THAT(box_.Messages(), SizeIs(1)) << box_.Texts();
+  EXPECT_EQ(box_.Messages()[0].style, core::MsgBoxStyle::kCritical);
+  EXPECT_EQ(fs::file_size(Path("TonalithDB97.mdb")), 4196U);
+}
+
+TEST_F(BadInput, UpdateBindsADatabaseThatWasPutInPlaceAfterTheStart) {
+  Start();
+  box_.Forget();
+  MakeDatabase({{"Late", "2212221"}});
+  const fs::path before = fs::current_path();
+  fs::current_path(temp_.Path());
+  QTest::mouseClick(C().cmdUpdate, Qt::LeftButton);
+  fs::current_path(before);
+  EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
+  EXPECT_EQ(Text(C().Label1), "Late");
+}
+
+TEST_F(BadInput, EmptyTablesAreNoFailure) {
+  MakeDatabase({});
+  Start();
+  EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
+  ExpectUsableAndEmpty();
+}
+
+TEST_F(BadInput, NullPatternIsToldWithNumberAndDescriptionAndTheNextRecordIsFine) {
+  EXPECT_EQ(ShowFirst({{"Null", std::nullopt}, {"Major", "2212221"}}), "9 Subscript out of range\n");
+  EXPECT_EQ(StringNotes(1), "");
+  box_.Forget();
+  Press("Next record");
+  EXPECT_EQ(StringNotes(1), "E F G A B C D E F G");
+  EXPECT_THAT(box_.Messages(), IsEmpty());
+}
+
+TEST_F(BadInput, EmptyPatternIsAScaleOfOneNote) {
+  EXPECT_EQ(ShowFirst({{"One", ""}}), "");
+  EXPECT_EQ(StringNotes(1), "C");
+  EXPECT_EQ(Text(C().lblTranspose), "Scale Steps: ");
+}
+
+TEST_F(BadInput, CharacterThatIsNoDigitIsToldOnceARefresh) {
+  EXPECT_EQ(ShowFirst({{"Bad", "22x2221"}}), "13 Type mismatch\n");
+  EXPECT_EQ(StringNotes(1), "");
+  EXPECT_EQ(Text(C().lblTranspose), "Scale Steps:   T  T  T  T  T  S");
+}
+
+TEST_F(BadInput, SumPastTheTableIsToldOnceARefresh) {
+  EXPECT_EQ(ShowFirst({{"Huge", "9999"}}), "9 Subscript out of range\n");
+  box_.Forget();
+  C().cmbTranspose->Choose(1);
+  EXPECT_EQ(box_.Texts(), "9 Subscript out of range\n");
+}
+
+TEST_F(BadInput, OverlongPatternStaysInsideTheWindow) {
+  EXPECT_EQ(ShowFirst({{"Long", std::string(400, '0')}}), "");
+  EXPECT_FALSE(C().lblTranspose->text().isEmpty());
+  EXPECT_LE(C().staff->geometry().right(), 1080);
+  EXPECT_NE(Window().grab().toImage().format(), QImage::Format_Invalid);
+}
+
+TEST_F(BadInput, NamesWithQuotesPercentsAndForeignLettersAreShownAsTheyStand) {
+  const std::vector<TestScale> scales = {{"O'Neil's \"blue\" 100% scale; --", "2212221"},
+                                         {"G\xC3\xB6khan \xE2\x99\xAF <b>bold</b> &amp;", "345"}};
+  EXPECT_EQ(ShowFirst(scales), "");
+  EXPECT_EQ(Text(C().Label1), scales[0].name);
+  EXPECT_EQ(Text(C().lblScaleNotes), " C D E F G A B");
+  Press("Next record");
+  EXPECT_EQ(Text(C().Label1), scales[1].name);
+  EXPECT_EQ(Text(C().lblScaleNotes), " C D# G");
+  EXPECT_EQ(C().Label1->textFormat(), Qt::PlainText);
+}
+
+TEST_F(BadInput, LongNameAndDescriptionAreSetSmallerAndNeverRunOutOfTheirBox) {
+  EXPECT_EQ(ShowFirst({{std::string(250, 'W'), "2212221", std::string(5000, 'm')}}), "");
+  EXPECT_EQ(C().Label1->FittedPixelSize(), 15);
+  EXPECT_TRUE(C().Label1->IsElided());
+  EXPECT_TRUE(C().lblScaleDescription->IsElided());
+  EXPECT_EQ(Text(C().lblScaleDescription).size(), 5000U);
+}
+
+TEST_F(BadInput, TypedKeyThatIsNoNoteReadsAsCAndLightsNoKeyNote) {
+  EXPECT_EQ(ShowFirst({{"Major", "2212221"}}), "");
+  C().cmbTranspose->lineEdit()->selectAll();
+  QTest::keyClicks(C().cmbTranspose, QStringLiteral("Hx"));
+  EXPECT_EQ(StringNotes(1), "E F G A B C D E F G");
+  for (int i = 0; i < 96; ++i) {
+    const views::NoteImage& image = C().fretboard->Image(i);
+    EXPECT_FALSE(image.isVisible() && image.Picture() == views::NotePicture::kKeyNote) << i;
+  }
+  EXPECT_EQ(Text(C().lblScaleNotes), " C D E F G A B");
+  EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
+}
+
+TEST_F(BadInput, DatabaseLockedByAnotherProgramIsToldAndUpdateWorksOnceItIsFree) {
+  MakeDatabase({{"Major", "2212221"}});
+  {
+    SQLite::Database other(Path("TonalithDB97.mdb"), SQLite::OPEN_READWRITE);
+    other.exec("BEGIN EXCLUSIVE");
+    Start();
+    EXPECT_TRUE(Window().isVisible());
+    ASSERT_THAT(box_.Messages(), SizeIs(1)) << box_.Texts();
+    EXPECT_EQ(box_.Messages()[0].style, core::MsgBoxStyle::kCritical);
+  }
+  box_.Forget();
+  const fs::path before = fs::current_path();
+  fs::current_path(temp_.Path());
+  QTest::mouseClick(C().cmdUpdate, Qt::LeftButton);
+  fs::current_path(before);
+  EXPECT_EQ(Text(C().Label1), "Major") << box_.Texts();
+}
+
+TEST_F(BadInput, DatabaseThatVanishesWhileTheWindowIsOpenIsToldAndTheWindowGoesOn) {
+  EXPECT_EQ(ShowFirst({{"Major", "2212221"}, {"Minor", "2122122"}}), "");
+  fs::remove(Path("TonalithDB97.mdb"));
+  C().cmbTranspose->Choose(2);
+  ASSERT_THAT(box_.Messages(), SizeIs(1)) << box_.Texts();
+  EXPECT_THAT(box_.Messages()[0].text, AllOf(StartsWith("Database connection failed: "), HasSubstr("Could not find")));
+  EXPECT_EQ(StringNotes(1), "E F# G A B C# D E F# G");
+}
+
+}  // namespace
+}  // namespace tonalith::app
