@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "house/arrows.h"
+
+#include <algorithm>
+#include <array>
+#include <regex>
+#include <set>
+
+namespace tonalith::house {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool IsStandardHeader(const std::string& header) {
+  static const std::regex pattern("[a-z_0-9]+");
+  return std::regex_match(header, pattern);
+}
+
+bool MayInclude(const Room& room, const std::string& header) {
+  return IsStandardHeader(header) ||
+         std::any_of(room.headers.begin(), room.headers.end(), [&](const std::string& head) {
+           const bool whole = head.size() > 2 && head.compare(head.size() - 2, 2, ".h") == 0;
+           return whole ? header == head : header.rfind(head, 0) == 0;
+         });
+}
+
+/// The file of src/ that an include line reaches, relative to the root; empty for everything foreign.
+Path OwnHeader(const Path& root, const Path& includer, const std::string& header) {
+  const std::array<Path, 2> candidates{Path("src") / header, includer.parent_path() / header};
+  for (const Path& candidate : candidates) {
+    if (fs::exists(root / candidate)) {
+      return candidate.lexically_normal();
+    }
+  }
+  return {};
+}
+
+/// What is wrong with this include line of a file of this room; empty when nothing is.
+std::string WrongInclude(const RoomTable& table, const Path& root, const Path& file, const std::string& header) {
+  const Room* const room = table.OfFile(file);
+  if (room == nullptr) {
+    return "this file stands in no room";
+  }
+  if (Path(header).extension() == ".moc") {
+    return {};
+  }
+  const Path own = OwnHeader(root, file, header);
+  if (own.empty()) {
+    return MayInclude(*room, header) ? std::string() : room->name + " may not include " + header;
+  }
+  const Room* const used = table.OfFile(own);
+  if (used == nullptr) {
+    return header + " stands in no room";
+  }
+  return MayUse(*room, *used) ? std::string() : room->name + " may not use " + used->name + ": " + header;
+}
+
+std::string LinkFault(const RoomTable& table, const Room& room, const std::string& link) {
+  static const std::set<std::string> keywords{"PUBLIC", "PRIVATE", "INTERFACE", "tonalith_options"};
+  if (keywords.count(link) != 0) {
+    return {};
+  }
+  if (link.rfind("tonalith_", 0) == 0) {
+    const Room* const used = table.OfTarget(link);
+    if (used == nullptr) {
+      return room.name + " links " + link + ", which is no room";
+    }
+    return MayUse(room, *used) ? std::string() : room.name + " may not link " + link;
+  }
+  const bool listed = std::find(room.libraries.begin(), room.libraries.end(), link) != room.libraries.end();
+  return listed ? std::string() : room.name + " may not link " + link;
+}
+
+struct Call {
+  std::string command;
+  std::vector<std::string> arguments;
+};
+
+/// The commands of a CMake file with their arguments; comments and quotes taken off.
+std::vector<Call> CallsOf(const Path& file) {
+  std::string text;
+  for (const std::string& line : LinesOf(file)) {
+    text += line.substr(0, line.find('#')) + "\n";
+  }
+  static const std::regex pattern(R"((\w+)\s*\(([^()]*)\))");
+  std::vector<Call> calls;
+  for (std::sregex_iterator call(text.begin(), text.end(), pattern); call != std::sregex_iterator(); ++call) {
+    calls.push_back({(*call)[1], Split((*call)[2].str(), " \t\r\n\"")});
+  }
+  return calls;
+}
+
+/// The target of a call that links, and the links themselves; an empty target for any other call.
+std::pair<std::string, std::vector<std::string>> LinksOf(const Call& call) {
+  if (call.arguments.empty()) {
+    return {};
+  }
+  if (call.command == "target_link_libraries") {
+    return {call.arguments[0], {call.arguments.begin() + 1, call.arguments.end()}};
+  }
+  if (call.command != "tonalith_room") {
+    return {};
+  }
+  std::vector<std::string> links;
+  bool inLinks = false;
+  for (const std::string& argument : call.arguments) {
+    if (argument == "LINKS" || argument == "SOURCES" || argument == "QT") {
+      inLinks = argument == "LINKS";
+    } else if (inLinks) {
+      links.push_back(argument);
+    }
+  }
+  return {"tonalith_" + call.arguments[0], links};
+}
+
+bool StandsIn(const Room& room, const Path& folder) {
+  return room.folder == folder || room.folder.rfind(folder.generic_string() + "/", 0) == 0;
+}
+
+}  // namespace
+
+std::vector<std::string> WrongIncludes(const RoomTable& table, const Path& root) {
+  static const std::regex pattern(R"(\s*#\s*include\s*[<"]([^>"]+)[>"].*)");
+  std::vector<std::string> faults;
+  for (const Path& file : ProjectFiles(root / "src")) {
+    const Path inProject = "src" / file;
+    int number = 0;
+    for (const std::string& line : LinesOf(root / inProject)) {
+      ++number;
+      std::smatch match;
+      if (!std::regex_match(line, match, pattern)) {
+        continue;
+      }
+      const std::string fault = WrongInclude(table, root, inProject, match[1]);
+      if (!fault.empty()) {
+        faults.push_back(inProject.generic_string() + ":" + std::to_string(number) + ": " + fault);
+      }
+    }
+  }
+  return faults;
+}
+
+std::vector<std::string> WrongLinks(const RoomTable& table, const Path& root) {
+  std::vector<std::string> faults;
+  for (const Path& file : ProjectFiles(root / "src")) {
+    if (file.filename() != "CMakeLists.txt") {
+      continue;
+    }
+    const Path inProject = "src" / file;
+    for (const Call& call : CallsOf(root / inProject)) {
+      const auto [target, links] = LinksOf(call);
+      if (target.empty()) {
+        continue;
+      }
+      const Room* const room = table.OfTarget(target);
+      if (room == nullptr || !StandsIn(*room, inProject.parent_path())) {
+        faults.push_back(inProject.generic_string() + ": " + target + " is no room of this folder");
+        continue;
+      }
+      for (const std::string& link : links) {
+        const std::string fault = LinkFault(table, *room, link);
+        if (!fault.empty()) {
+          faults.push_back(inProject.generic_string() + ": " + fault);
+        }
+      }
+    }
+  }
+  return faults;
+}
+
+}  // namespace tonalith::house

@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include <gmock/gmock.h>
+#include <stdio.h>
+#include <sys/wait.h>
+
+#include <map>
+#include <regex>
+
+#include "house/house_files.h"
+
+namespace tonalith::house {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+struct Outcome {
+  int status;
+  std::string text;
+};
+
+Outcome Bash(const std::string& script) {
+  const TemporaryTree tree("== script\n");
+  WriteFile(tree.Root() / "script", script);
+  const std::string command = "bash '" + (tree.Root() / "script").string() + "' 2>&1 </dev/null";
+  FILE* const pipe = popen(command.c_str(), "r");
+  Outcome outcome{-1, {}};
+  for (int letter = fgetc(pipe); letter != EOF; letter = fgetc(pipe)) {
+    outcome.text += static_cast<char>(letter);
+  }
+  outcome.status = WEXITSTATUS(pclose(pipe));
+  return outcome;
+}
+
+/// tools/packages.sh over a small table and over stand-ins for the system's commands, which `system` may redefine.
+Outcome Require(const std::string& system, const std::string& call = "TonalithRequire build") {
+  const TemporaryTree tree(
+      "== tools/packages.tsv\n"
+      "# a comment\n"
+      "build\tcompiler\treason\n"
+      "build\told-name|new-name\treason\n"
+      "other\tpicture\treason\n");
+  return Bash(
+      "set -euo pipefail\nroot='" + tree.Root().string() + "'\nsource '" +
+      (ProjectRoot() / "tools/packages.sh").string() +
+      "'\n"
+      "export -n TONALITH_SKIP_PACKAGES; unset TONALITH_SKIP_PACKAGES\n"
+      "dpkg-query() { echo 'compiler installed'; return 1; }\n"
+      "apt-cache() { if [[ $2 == new-name ]]; then echo '  Candidate: 1.0'; else echo '  Candidate: (none)'; fi; }\n"
+      "apt-get() { :; }\n"
+      "env() { shift; shift; echo \"ran: $*\" >&3; }\n"
+      "exec 3>&1\n"
+      "id() { echo 0; }\n"
+      "sleep() { :; }\n" +
+      system + "\n" + call + "\necho reached the end\n");
+}
+
+TEST(Packages, NothingIsSaidAndNothingDoneWhenAllAreThere) {
+  const Outcome outcome = Require("dpkg-query() { printf 'compiler installed\\nnew-name installed\\n'; return 1; }");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.text, "reached the end\n");
+}
+
+TEST(Packages, APackageThatWasRemovedButLeftItsSettingsIsMissing) {
+  const Outcome outcome = Require("dpkg-query() { printf 'compiler config-files\\nnew-name installed\\n'; }");
+  EXPECT_THAT(outcome.text, HasSubstr("Installing: compiler\n"));
+}
+
+TEST(Packages, TheNameThatThisReleaseKnowsIsInstalled) {
+  const Outcome outcome = Require("");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(outcome.text, HasSubstr("Installing: old-name|new-name\n"));
+  EXPECT_THAT(outcome.text, HasSubstr("install --no-install-recommends new-name\n"));
+  EXPECT_THAT(outcome.text, HasSubstr("reached the end\n"));
+}
+
+TEST(Packages, OnlyTheGroupsThatWereAskedForAreLookedAt) {
+  EXPECT_THAT(Require("").text, Not(HasSubstr("picture")));
+  EXPECT_THAT(Require("", "TonalithRequire build other").text, HasSubstr("new-name picture\n"));
+}
+
+TEST(Packages, AFailedInstallationIsTriedOnceMore) {
+  const Outcome outcome = Require("env() { if [[ ! -e $root/once ]]; then touch \"$root/once\"; return 100; fi; }");
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(outcome.text, HasSubstr("Once more, after a short rest.\nreached the end\n"));
+}
+
+TEST(Packages, AnInstallationThatFailsTwiceEndsWithItsLog) {
+  const Outcome outcome = Require("env() { echo 'no such mirror'; return 100; }");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.text,
+              HasSubstr("no such mirror\nno such mirror\nThese packages could not be installed: new-name"));
+  EXPECT_THAT(outcome.text, Not(HasSubstr("reached the end")));
+}
+
+TEST(Packages, AnybodyButRootGoesThroughSudo) {
+  const Outcome outcome = Require("id() { echo 1000; }\nsudo() { echo \"sudo: $1 ${*: -1}\" >&3; }");
+  EXPECT_THAT(outcome.text, HasSubstr("sudo: apt-get update\n"));
+  EXPECT_THAT(outcome.text, HasSubstr("sudo: env new-name\n"));
+}
+
+TEST(Packages, AnotherSystemIsToldWhatIsNeeded) {
+  const Outcome outcome = Require("command() { [[ $2 != apt-get ]]; }");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.text, HasSubstr("compiler old-name|new-name"));
+  EXPECT_THAT(outcome.text, Not(HasSubstr("reached the end")));
+}
+
+TEST(Packages, TheCheckCanBeLeftOut) {
+  const Outcome outcome = Require("export TONALITH_SKIP_PACKAGES=1");
+  EXPECT_EQ(outcome.text, "reached the end\n");
+}
+
+TEST(Packages, EveryLibraryThatTheBuildLooksForComesFromAPackageOfTheTable) {
+  const std::map<std::string, std::string> packages{{"SQLiteCpp", "libsqlitecpp-dev"},
+                                                    {"SQLite3", "libsqlite3-dev"},
+                                                    {"Qt6", "qt6-base-dev"},
+                                                    {"GTest", "libgmock-dev"},
+                                                    {"benchmark", "libbenchmark-dev"},
+                                                    {"PkgConfig", "pkg-config|pkgconf"},
+                                                    {"OPENAL", "libopenal-dev"},
+                                                    {"LIBMDB", "mdbtools-dev"},
+                                                    {"Threads", "g++"},
+                                                    {"Svg", "qt6-svg-dev"},
+                                                    {"Python3", "python3-gi"}};
+  const std::string table = ReadFile(ProjectRoot() / "tools/packages.tsv");
+  const std::regex pattern(R"((?:find_package|pkg_check_modules)\s*\(\s*(\w+)([^)]*)\))");
+  int found = 0;
+  for (const Path& file : ProjectFiles(ProjectRoot())) {
+    if (file.filename() != "CMakeLists.txt" && file.extension() != ".cmake") {
+      continue;
+    }
+    const std::string text = ReadFile(ProjectRoot() / file);
+    for (std::sregex_iterator call(text.begin(), text.end(), pattern); call != std::sregex_iterator(); ++call) {
+      std::vector<std::string> libraries{(*call)[1]};
+      if ((*call)[2].str().find("Svg") != std::string::npos) {
+        libraries.emplace_back("Svg");
+      }
+      for (const std::string& library : libraries) {
+        ++found;
+        ASSERT_EQ(packages.count(library), 1U) << library << " of " << file << " has no package here";
+        EXPECT_THAT(table, HasSubstr("\t" + packages.at(library) + "\t"));
+      }
+    }
+  }
+  EXPECT_GE(found, 4);
+}
+
+TEST(Commands, EveryScriptIsGoodBashAndTheCommandsCanBeRun) {
+  for (const char* const name : {"run", "test", ".ci/run"}) {
+    const Path file = ProjectRoot() / name;
+    EXPECT_NE(fs::status(file).permissions() & fs::perms::owner_exec, fs::perms::none) << name;
+    EXPECT_THAT(Bash("bash -n '" + file.string() + "'").text, IsEmpty());
+  }
+  for (const Path& file : ProjectFiles(ProjectRoot())) {
+    if (file.extension() == ".sh") {
+      EXPECT_THAT(Bash("bash -n '" + (ProjectRoot() / file).string() + "'").text, IsEmpty()) << file;
+    }
+  }
+}
+
+TEST(Presets, ATestPresetThatFindsNoTestFails) {
+  const std::string presets = ReadFile(ProjectRoot() / "CMakePresets.json");
+  EXPECT_THAT(presets, HasSubstr(R"("noTestsAction": "error")"));
+  const std::string testPresets = presets.substr(presets.find("\"testPresets\""));
+  const std::regex named(R"re("name":)re");
+  const std::regex inherits(R"re("inherits": "base")re");
+  const auto count = [&](const std::regex& pattern) {
+    return std::distance(std::sregex_iterator(testPresets.begin(), testPresets.end(), pattern), std::sregex_iterator());
+  };
+  // All but the base itself.
+  EXPECT_EQ(count(named), count(inherits) + 1);
+}
+
+}  // namespace
+}  // namespace tonalith::house

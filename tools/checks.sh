@@ -1,0 +1,62 @@
+# SPDX-License-Identifier: MIT
+# SPDX-FileCopyrightText: 2026 The Tonalith authors
+# shellcheck shell=bash
+#
+# The stricter checks, one function each. Sourced by .ci/run after tools/build.sh, with `root` set and as the folder.
+
+# TonalithSources: the C++ files of the project, one a line.
+TonalithSources() {
+  if git rev-parse --is-inside-work-tree >/dev/null 2>&1; then
+    git ls-files --cached --others --exclude-standard -- '*.cpp' '*.h'
+  else
+    find src tests tools bench fuzz -name '*.cpp' -o -name '*.h'
+  fi | sort
+}
+
+TonalithCheckHouse() {
+  build/dev/tests/house/tonalith_house_tests
+}
+
+TonalithCheckFormat() {
+  TonalithSources | xargs clang-format --dry-run -Werror
+  printf '%d files\n' "$(TonalithSources | wc -l)"
+}
+
+# Over the compile commands of the dev preset, whose build has just made what moc makes: no third build is needed. Only
+# what the compiler is really given is checked; headers are checked through the sources that include them.
+TonalithCheckTidy() {
+  local sources
+  sources=$(sed -n "s|^ *\"file\": \"$root/\(.*\)\",\{0,1\}$|\1|p" build/dev/compile_commands.json | grep -v '^build/' | sort -u)
+  printf '%d files\n' "$(wc -l <<<"$sources")"
+  # The commands are the first compiler's; the second does not know every warning of it.
+  xargs -P "$(nproc)" -n 1 clang-tidy -p build/dev --quiet --extra-arg=-Wno-unknown-warning-option <<<"$sources" \
+    2> >(grep -v 'generated\.$' >&2)
+}
+
+TonalithCheckSanitizers() {
+  TonalithBuild sanitize
+  ctest --preset sanitize
+}
+
+# Each program under build/fuzz/fuzz runs for TONALITH_FUZZ_SECONDS (20) over its seeds, fuzz/<subject>_seeds; what it
+# finds stays in build/fuzz.
+TonalithCheckFuzz() {
+  local program subject seeds count=0
+  TonalithBuild fuzz fuzz/all
+  for program in build/fuzz/fuzz/tonalith_*_fuzz; do
+    [[ -x $program && -f $program ]] || continue
+    subject=${program##*/tonalith_}
+    subject=${subject%_fuzz}
+    seeds=()
+    [[ ! -d fuzz/${subject}_seeds ]] || seeds=("fuzz/${subject}_seeds")
+    mkdir -p -- "build/fuzz/found/$subject"
+    printf '%s\n' "$subject"
+    "$program" -max_total_time="${TONALITH_FUZZ_SECONDS:-20}" -timeout=10 -rss_limit_mb=2048 -verbosity=0 \
+      -print_final_stats=1 -artifact_prefix="build/fuzz/$subject-" "build/fuzz/found/$subject" "${seeds[@]}"
+    count=$((count + 1))
+  done
+  [[ $count -gt 0 ]] || {
+    printf 'There is a folder fuzz/, but no target was built.\n' >&2
+    return 1
+  }
+}
