@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// One refresh of the main window, paint included, on the database that ships, and what it asks the database.
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <filesystem>
+
+#include "app/m_main.h"
+#include "core/recording_msg_box.h"
+#include "platform/notices/notice_queue.h"
+#include "platform/posix/posix_file_input.h"
+#include "platform/qt/qt_event_pump.h"
+#include "platform/silent/silent_mixer.h"
+
+namespace {
+
+using namespace tonalith;
+
+class NobodysPlayer : public platform::NotePlayer {
+ public:
+  void Play(const std::string& /*path*/) override {}
+};
+
+/// The window with everything that it needs, on the database beside this program.
+struct Desk {
+  core::RecordingMsgBox box;
+  NobodysPlayer player;
+  platform::PosixFileInput files;
+  platform::NoticeQueue notices;
+  platform::QtEventPump events;
+  std::unique_ptr<platform::WaveOutput> output = platform::MakeSilentWaveOutput(notices);
+  audio::SoundManager sounds{files, *output, notices, box};
+  data::ScaleDatabase database{QCoreApplication::applicationDirPath().toStdString(), box};
+  std::unique_ptr<app::frmTonalith> window = app::OpenScaleDatabase({database, box, player, sounds, events});
+};
+
+void Paint(app::frmTonalith& window) {
+  QCoreApplication::sendPostedEvents();
+  QCoreApplication::processEvents();
+  benchmark::DoNotOptimize(window.isVisible());
+}
+
+void BM_Refresh(benchmark::State& state) {
+  Desk desk;
+  Paint(*desk.window);
+  for (auto _ : state) {
+    desk.window->UpdateForm();
+    Paint(*desk.window);
+  }
+  const auto before = data::Connection::StatementsIssued();
+  desk.window->UpdateForm();
+  state.counters["statements"] = static_cast<double>(data::Connection::StatementsIssued() - before);
+  state.counters["messages"] = static_cast<double>(desk.box.Messages().size());
+}
+BENCHMARK(BM_Refresh)->Unit(benchmark::kMillisecond);
+
+void BM_NextRecord(benchmark::State& state) {
+  Desk desk;
+  Paint(*desk.window);
+  for (auto _ : state) {
+    desk.window->Controls().Data1->MoveNext();
+    Paint(*desk.window);
+  }
+}
+BENCHMARK(BM_NextRecord)->Unit(benchmark::kMillisecond);
+
+void BM_ChangeOfKey(benchmark::State& state) {
+  Desk desk;
+  Paint(*desk.window);
+  int key = 0;
+  for (auto _ : state) {
+    desk.window->Controls().cmbTranspose->Choose(++key % 12);
+    Paint(*desk.window);
+  }
+}
+BENCHMARK(BM_ChangeOfKey)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  benchmark::Initialize(&argc, argv);
+  benchmark::RunSpecifiedBenchmarks();
+  return 0;
+}
