@@ -3,6 +3,7 @@
 
 #include "app/frm_tonalith.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -44,6 +45,8 @@ frmTonalith::frmTonalith(const FormServices& services)
   WireHandlers();
   AddRecordShortcuts();
   Form_Load();
+  // The first key press walks on; and the key box, whose cursor blinks, would keep an idle program awake.
+  c_.Data1->findChild<QAbstractButton*>(QStringLiteral("Next record"))->setFocus();
 }
 
 frmTonalith::~frmTonalith() {

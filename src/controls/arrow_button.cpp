@@ -36,7 +36,8 @@ void ArrowButton::paintEvent(QPaintEvent* /*event*/) {
     painter.setBrush(wash);
     painter.drawRoundedRect(box, 4, 4);
   }
-  if (hasFocus()) {
+  // Only for somebody who walks by keyboard: after a click the ring says nothing new.
+  if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
     painter.setPen(QPen(QColor(kAccent), 2));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(box.adjusted(1, 1, -1, -1), 4, 4);

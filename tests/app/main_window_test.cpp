@@ -238,6 +238,15 @@ TEST_F(MainWindowTest, EveryBoundLabelSaysToAssistiveTechnologyWhatItsTooltipSay
   }
 }
 
+TEST_F(MainWindowTest, StartsWithTheFocusOnTheNextRecordSoThatNoCursorBlinks) {
+  MakeDatabase(kThree);
+  Start();
+  ASSERT_NE(Window().focusWidget(), nullptr);
+  EXPECT_EQ(Window().focusWidget()->accessibleName().toStdString(), "Next record");
+  QTest::keyClick(Window().focusWidget(), Qt::Key_Space);
+  EXPECT_EQ(Text(C().Label1), "Dorian");
+}
+
 TEST_F(MainWindowTest, ClientAreaIsFixed) {
   MakeDatabase(kThree);
   Start();
