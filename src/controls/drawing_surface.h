@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The drawing port of the views: clear, current position, print, line, picture and text size, in twips or pixels, on
+// What the views draw on, as a port: clear, current position, print, line, picture and text size, in twips or pixels, on
 // whatever stands behind it: a recording, the screen at any scale factor, a printer's page. The base class keeps the
 // state (scale mode, position, font, colour) and hands finished drawing steps in pixels to its implementation; one
 // pixel is 15 twips or 1/96 inch, never a device dot. A pixel coordinate names the pixel, so its ink is centred half a
