@@ -57,7 +57,7 @@ bool IsWritableFolder(const fs::path& folder) {
 
 fs::path ResolveAppFolder(const ProgramPlaces& places) {
   if (IsWritableFolder(places.programFolder)) return places.programFolder;
-  const fs::path folder = places.userDataHome / "tonalith";
+  fs::path folder = places.userDataHome / "tonalith";
   std::error_code error;
   fs::create_directories(folder, error);
   if (error) ThrowAccessError(folder, error);

@@ -34,7 +34,7 @@ std::string AnswerText(const platform::NetworkConnection& connection) {
 
 std::string FindDriveForShare(const std::string& share, const platform::NetworkDrives& drives) {
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
-    const std::string drive = {letter, ':'};
+    std::string drive = {letter, ':'};
     const auto connection = drives.ConnectionOf(drive);
     if (connection && EqualIgnoringCase(AnswerText(*connection), share)) return drive;
   }
