@@ -130,12 +130,16 @@ void frmTonalith::UpdateForm() {
   failure.Try([this] { c_.fretboard->HideNotes(); });
   failure.Try([this] { c_.fretboard->ShowNotes(c_.cmbTranspose->currentText().toStdString(), *this); });
   if (ShowNoteNames) failure.Try([this] { c_.fretboard->ShowNotesNames(); });
+  // Without a record there is nothing to play.
+  c_.cmdListen->setEnabled(c_.Data1->HasRecord());
+  m_.mListen->setEnabled(c_.Data1->HasRecord());
   failure.Clear();
 }
 
 void frmTonalith::Form_Paint() {
   c_.staff->Clear();
-  std::string notes;
+  // What the label says when no scale can be written.
+  std::string notes = tr("Scale Notes").toStdString();
   if (c_.Data1->Recordset() != nullptr) {
     core::DeferredFailure failure;
     failure.Try([&] {
@@ -168,10 +172,10 @@ void frmTonalith::cmdUpdate_Click() {
   failure.Try([this] {
     // Standing on the first row on the way is nobody's move: the refresh at the end is the only one.
     const controls::DataControl::Quiet quiet(*c_.Data1);
-    std::optional<data::Bookmark> current;
-    if (c_.Data1->HasRecord()) current = c_.Data1->Recordset()->GetBookmark();
+    // Kept from one call to the next: a refresh that fails leaves no record to ask.
+    if (c_.Data1->HasRecord()) current_ = c_.Data1->Recordset()->GetBookmark();
     c_.Data1->Refresh();
-    if (current) c_.Data1->SetBookmarkIfThere(*current);
+    if (current_) c_.Data1->SetBookmarkIfThere(*current_);
   });
   failure.Try([this] { UpdateForm(); });
   failure.ReportDescription(services_.msgBox);
@@ -243,8 +247,6 @@ bool frmTonalith::NoteExistsInScoreScale(core::NoteNumber intTP, const std::stri
 void frmTonalith::SetAudioFolder() { AudioFolder = services_.database.AppFolder() + kSeparator + "Audio" + kSeparator; }
 
 void frmTonalith::cmdListen_Click() {
-  // Without a record there is nothing to play, and nothing wrong about that.
-  if (!c_.Data1->HasRecord()) return;
   core::DeferredFailure failure;
   failure.Try([this] { playback_.PlayToneNotes(); });
   failure.Clear();

@@ -11,6 +11,7 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "app/main_controls.h"
@@ -126,6 +127,7 @@ class frmTonalith : public QMainWindow,
   std::string AudioFolder;
   bool ShowNoteNames = true;
   bool packsImported_ = false;
+  std::optional<data::Bookmark> current_;
   PlaybackDesk desk_;
   audio::ScalePlayback playback_;
   QPointer<editor::frmScales> frmScales_;

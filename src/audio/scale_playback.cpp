@@ -125,7 +125,7 @@ void ScalePlayback::Sound(std::int32_t slot, int fileNumber, int image, core::De
 
 void ScalePlayback::WaitForSoundEnd(core::DeferredFailure& failure) {
   // A slot that was released in the middle of its sound ends without a notice; nothing is left to wait for then.
-  while (!SoundEnded && !cancelled_ && IsAnySlotPlaying()) {
+  while (!SoundEnded && !cancelled_ && !sounds_.IsTerminated() && IsAnySlotPlaying()) {
     if (!failure.Try([&] { events_.WaitForEvents(); })) return;
   }
 }

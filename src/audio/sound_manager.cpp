@@ -154,6 +154,7 @@ void SoundManager::TerminateSoundManager() {
 
 void SoundManager::RemoveWindow(core::DeferredFailure& failure) {
   if (window_ == platform::kNoWindow) return;
+  isTerminated_ = true;
   failure.Try([&] { windows_.SetWindowProcedure(window_, previousProcedure_); });
   failure.Try([&] { windows_.DestroyWindow(window_); });
 }

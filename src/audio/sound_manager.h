@@ -79,6 +79,9 @@ class SoundManager {
   /// later loads succeed, but their notices have nowhere to go.
   void TerminateSoundManager();
 
+  /// Whether the hidden window has been destroyed: no notice arrives any more.
+  [[nodiscard]] bool IsTerminated() const { return isTerminated_; }
+
   /// True when the hidden window was made by this call.
   bool CreateSoundWindow();
 
@@ -112,6 +115,7 @@ class SoundManager {
   std::array<SoundBuffer, kBufferCount> buffers_;
   platform::WindowHandle window_ = platform::kNoWindow;
   platform::WindowProcedure previousProcedure_;
+  bool isTerminated_ = false;
 };
 
 }  // namespace tonalith::audio

@@ -51,9 +51,10 @@ void FillSnapped(QPainter& painter, const QRectF& pixels, const QBrush& brush) {
   const Span down = Snapped(device.top(), device.bottom());
   const QTransform fromDevice = toDevice.inverted();
   // Higher than this, Qt starts threads to blend the rows, which costs more than the blending.
-  constexpr double kDotsAtOnce = 64;
-  for (double done = 0; done < down.length; done += kDotsAtOnce) {
-    const QRectF slab(across.from, down.from + done, across.length, std::min(kDotsAtOnce, down.length - done));
+  constexpr int kDotsAtOnce = 64;
+  const int dots = qRound(down.length);
+  for (int done = 0; done < dots; done += kDotsAtOnce) {
+    const QRectF slab(across.from, down.from + done, across.length, std::min(kDotsAtOnce, dots - done));
     painter.fillRect(fromDevice.mapRect(slab), brush);
   }
 }

@@ -53,7 +53,9 @@ double DotsPerPixel(const QPainter& painter) { return std::max(1.0, painter.devi
 template <class Inset>
 void FillDownward(QPainter& painter, const QRectF& area, const Blend& blend, Inset inset) {
   const double stripe = 1 / DotsPerPixel(painter);
-  for (double y = area.top(); y < area.bottom() - stripe / 2; y += stripe) {
+  const int stripes = qRound(area.height() / stripe);
+  for (int i = 0; i < stripes; ++i) {
+    const double y = area.top() + i * stripe;
     const double middle = y + stripe / 2;
     const double in = inset(std::min(middle - area.top(), area.bottom() - middle));
     controls::FillSnapped(painter, QRectF(area.left() + in, y, area.width() - 2 * in, stripe),
@@ -64,7 +66,9 @@ void FillDownward(QPainter& painter, const QRectF& area, const Blend& blend, Ins
 /// A blend from left to right.
 void FillAcross(QPainter& painter, const QRectF& area, const Blend& blend) {
   const double stripe = 1 / DotsPerPixel(painter);
-  for (double x = area.left(); x < area.right() - stripe / 2; x += stripe) {
+  const int stripes = qRound(area.width() / stripe);
+  for (int i = 0; i < stripes; ++i) {
+    const double x = area.left() + i * stripe;
     controls::FillSnapped(painter, QRectF(x, area.top(), stripe, area.height()),
                           ColourAt(blend, (x + stripe / 2 - area.left()) / area.width()));
   }

@@ -201,6 +201,20 @@ TEST_F(BadInput, DatabaseLockedByAnotherProgramIsToldAndUpdateWorksOnceItIsFree)
   EXPECT_EQ(Text(C().Label1), "Major") << box_.Texts();
 }
 
+TEST_F(BadInput, UpdateThatFailsOnALockedFileKeepsThePlaceForTheNextOne) {
+  MakeDatabase({{"Major", "2212221"}, {"Dorian", "2122212"}});
+  Start();
+  Press("Next record");
+  {
+    SQLite::Database other(Path("TonalithDB97.mdb"), SQLite::OPEN_READWRITE);
+    other.exec("BEGIN EXCLUSIVE");
+    QTest::mouseClick(C().cmdUpdate, Qt::LeftButton);
+    EXPECT_THAT(box_.Messages(), SizeIs(1)) << box_.Texts();
+  }
+  QTest::mouseClick(C().cmdUpdate, Qt::LeftButton);
+  EXPECT_EQ(Text(C().Label1), "Dorian");
+}
+
 TEST_F(BadInput, DatabaseThatVanishesWhileTheWindowIsOpenIsToldAndTheWindowGoesOn) {
   EXPECT_EQ(ShowFirst({{"Major", "2212221"}, {"Minor", "2122122"}}), "");
   fs::remove(Path("TonalithDB97.mdb"));

@@ -107,10 +107,11 @@ TEST_F(Wings, ListenWithoutRecordingsTellsEachAndEndsInStandby) {
   EXPECT_FALSE(C().fretboard->Picture1().isVisible());
 }
 
-TEST_F(Wings, ListenWithoutARecordDoesNothing) {
+TEST_F(Wings, ListenIsOffWithoutARecord) {
   MakeDatabase({});
   StartInFolder();
-  QTest::mouseClick(C().cmdListen, Qt::LeftButton);
+  EXPECT_FALSE(C().cmdListen->isEnabled());
+  EXPECT_FALSE(Window().Menu().mListen->isEnabled());
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 
 namespace tonalith::platform {
 namespace {
@@ -57,18 +58,27 @@ MsgBoxAnswer AnswerOf(int button) {
   }
 }
 
+MsgBoxAnswer AnswerWithoutBox(MsgBoxStyle style) {
+  if (Has(style, kButtonMask, MsgBoxStyle::kYesNo)) return MsgBoxAnswer::kNo;
+  return Has(style, kButtonMask, MsgBoxStyle::kOkCancel) ? MsgBoxAnswer::kCancel : MsgBoxAnswer::kOk;
+}
+
 }  // namespace
 
 MsgBoxAnswer QtMsgBox::Show(const std::string& text, MsgBoxStyle style, const std::string& title) {
-  QMessageBox box(QApplication::activeWindow());
-  box.setObjectName(QStringLiteral("MsgBox"));
-  box.setWindowTitle(QString::fromStdString(title.empty() ? applicationTitle_ : title));
+  const QPointer<QMessageBox> box(new QMessageBox(QApplication::activeWindow()));
+  box->setObjectName(QStringLiteral("MsgBox"));
+  box->setWindowTitle(QString::fromStdString(title.empty() ? applicationTitle_ : title));
   // A scale's name may look like markup; it is shown as it is written.
-  box.setTextFormat(Qt::PlainText);
-  box.setText(QString::fromStdString(text));
-  box.setIcon(IconOf(style));
-  SetButtons(box, style);
-  return AnswerOf(box.exec());
+  box->setTextFormat(Qt::PlainText);
+  box->setText(QString::fromStdString(text));
+  box->setIcon(IconOf(style));
+  SetButtons(*box, style);
+  const int button = box->exec();
+  // The window that the box belongs to may go while it is shown, and the box with it: nobody has agreed to anything.
+  if (box.isNull()) return AnswerWithoutBox(style);
+  delete box.data();
+  return AnswerOf(button);
 }
 
 }  // namespace tonalith::platform

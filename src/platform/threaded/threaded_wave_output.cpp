@@ -176,6 +176,8 @@ void ThreadedWaveOutput::PrepareHeader(WaveHandle device, WAVEHDR& header) {
   const auto found = streams_.find(device);
   if (found == streams_.end()) return;
   const std::span<const std::byte> bytes(header.lpData, header.dwBufferLength);
+  // What does not fit into memory is played as nothing, so that its notice comes all the same.
+  found->second.sound = std::make_shared<StereoSound>(DecodeSound(found->second.layout, {}));
   found->second.sound = std::make_shared<StereoSound>(DecodeSound(found->second.layout, bytes));
 }
 
