@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What the views draw on, as a port: clear, current position, print, line, picture and text size, in twips or pixels, on
-// whatever stands behind it: a recording, the screen at any scale factor, a printer's page. The base class keeps the
+// What the views draw on, as a port: clear, current position, print, line, picture and text size, in twips or pixels,
+// on whatever stands behind it: a recording, the screen at any scale factor, a printer's page. The base class keeps the
 // state (scale mode, position, font, colour) and hands finished drawing steps in pixels to its implementation; one
 // pixel is 15 twips or 1/96 inch, never a device dot. A pixel coordinate names the pixel, so its ink is centred half a
 // pixel further. One user at a time, user-interface thread; drawing does not fail.
