@@ -47,6 +47,19 @@ function(tonalith_room name)
   tonalith_finish(${target})
 endfunction()
 
+# What nearly every test reads, compiled once for the tests without Qt and once for those with it. Tests are compiled
+# without optimisation: they are many, and each runs once.
+function(tonalith_test_headers name)
+  cmake_parse_arguments(HEADERS "" "" "READS;LINKS" ${ARGN})
+  file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/${name}.cpp" CONTENT "")
+  add_library(${name} OBJECT "${PROJECT_BINARY_DIR}/${name}.cpp")
+  target_link_libraries(${name} PRIVATE ${HEADERS_LINKS} GTest::gmock tonalith_options)
+  target_compile_options(${name} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O0>)
+  target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <algorithm> <chrono> <filesystem> <fstream> <functional>
+                                            <map> <memory> <optional> <sstream> <string> <thread> <vector>
+                                            ${HEADERS_READS})
+endfunction()
+
 # tonalith_test(core SOURCES ... LINKS ...): one GoogleTest program for a folder of tests/.
 function(tonalith_test name)
   cmake_parse_arguments(TEST "QT" "" "SOURCES;LINKS" ${ARGN})
@@ -54,13 +67,16 @@ function(tonalith_test name)
   add_executable(${target} ${TEST_SOURCES})
   target_link_libraries(${target} PRIVATE ${TEST_LINKS} GTest::gmock tonalith_options)
   target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  target_compile_options(${target} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O0>)
   target_compile_definitions(${target} PRIVATE TONALITH_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
                                                TONALITH_BINARY_DIR="${PROJECT_BINARY_DIR}")
   if(TEST_QT)
     set_target_properties(${target} PROPERTIES AUTOMOC ON)
     target_link_libraries(${target} PRIVATE Qt6::Test)
+    target_precompile_headers(${target} REUSE_FROM tonalith_qt_test_headers)
   else()
     target_link_libraries(${target} PRIVATE GTest::gmock_main)
+    target_precompile_headers(${target} REUSE_FROM tonalith_test_headers)
   endif()
   tonalith_finish(${target})
   include(GoogleTest)

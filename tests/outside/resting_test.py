@@ -12,6 +12,7 @@ import time
 import unittest
 
 from playing import PlayingSession
+from timed import timely
 
 # The shares of one core that are allowed: beyond mixing, while a scale plays; and of a program at rest.
 BEYOND_MIXING = 0.05
@@ -64,7 +65,7 @@ class Resting(unittest.TestCase):
         beyond = sum(seconds.values()) / time_passed
         print(f"\nwhile a scale plays: mixing {mixing:.2%} of a core, everything else {beyond:.2%}")
         self.assertGreater(wake_ups[mixer], 100 * SECONDS_OF_MAJOR, "a thread mixes")
-        self.assertLess(beyond, BEYOND_MIXING)
+        self.assertLess(beyond, timely(BEYOND_MIXING))
         self.session.wait_for_standby(status)
         self.assert_rest(pid, SECONDS_TO_REST)
 
@@ -79,8 +80,8 @@ class Resting(unittest.TestCase):
         seconds, wake_ups, time_passed = Threads(pid).since(before)
         used, woken = sum(seconds.values()) / time_passed, sum(wake_ups.values()) / time_passed
         print(f"\nat rest: {used:.3%} of a core, {woken:.1f} wake-ups in a second")
-        self.assertLess(used, AT_REST)
-        self.assertLessEqual(woken, WAKE_UPS)
+        self.assertLess(used, timely(AT_REST))
+        self.assertLessEqual(woken, timely(WAKE_UPS))
 
 
 if __name__ == "__main__":
