@@ -25,8 +25,8 @@ class KnownScales : public ::testing::TestWithParam<KnownScale> {};
 
 TEST_P(KnownScales, HaveTheNotesOnCThatMusiciansWriteForThem) {
   const KnownScale& known = GetParam();
-  ASSERT_NE(ScaleLibrary::Shipped().Find(known.name), nullptr) << known.name;
-  EXPECT_EQ(ToText(ScaleLibrary::Shipped().Notes(known.name)), ToText(FromNotes(known.notes))) << known.name;
+  ASSERT_NE(ScaleLibrary::WithPacks().Find(known.name), nullptr) << known.name;
+  EXPECT_EQ(ToText(ScaleLibrary::WithPacks().Notes(known.name)), ToText(FromNotes(known.notes))) << known.name;
 }
 
 constexpr KnownScale kCommon[] = {
@@ -167,10 +167,55 @@ constexpr KnownScale kNamedChords[] = {
     {"Slash chord flat V over I", "C Gb Bb Db"},
 };
 
+constexpr KnownScale kPacks[] = {
+    {"Kanakangi", "C Db Ebb F G Ab Bbb"},
+    {"Mayamalavagowla", "C Db E F G Ab B"},
+    {"Kharaharapriya", "C D Eb F G A Bb"},
+    {"Mechakalyani", "C D E F# G A B"},
+    {"Shanmukhapriya", "C D Eb F# G Ab Bb"},
+    {"Rasikapriya", "C D# E F# G A# B"},
+    {"Raga Hamsanandi", "C Db E F# A B"},
+    {"Raga Sriranjani", "C D Eb F A Bb"},
+    {"Raga Gambhiranata", "C E F G B"},
+    {"Raga Nagasvaravali", "C E F G A"},
+    {"Raga Malayamarutam", "C Db E G A Bb"},
+    {"Raga Vijayanagari", "C D Eb F# G A"},
+    {"Raga Niroshta", "C D E A B"},
+    {"Raga Lavangi", "C Db F Ab"},
+    {"Raga Ahir Bhairav", "C Db E F G A Bb"},
+    {"Raga Madhuvanti", "C D Eb F# G A B"},
+    {"Raga Multani", "C Db Eb F# G Ab B"},
+    {"Raga Lalit", "C Db E F F# Ab B"},
+    {"Raga Desh", "C D E F G A Bb B"},
+    {"Raga Jog", "C Eb E F G Bb"},
+    {"Raga Rageshri", "C D E F A Bb"},
+    {"Raga Saraswati", "C D F# G A Bb"},
+    {"Makam Segah (approximation)", "C Db Eb F G Ab B"},
+    {"Maqam Huzam (approximation)", "C Db Eb Fb G Ab Bb"},
+    {"Makam Hicaz", "C Db E F G A Bb"},
+    {"Dromos Houzam", "C D# E F G A B"},
+    {"Dromos Niavent", "C D Eb F# G Ab B"},
+    {"Podhale (Goral)", "C D E F# G A Bb"},
+    {"Kokin-joshi", "C Db F G Bb"},
+    {"Yayue", "C D E F# G A B"},
+    {"Pelog barang", "C D F# G A"},
+    {"Bebop Dorian (major seventh)", "C D Eb F G A Bb B"},
+    {"Bebop Lydian", "C D E F# G G# A B"},
+    {"Bebop Lydian dominant", "C D E F# G A Bb B"},
+    {"Combined minor", "C D Eb F G Ab A Bb B"},
+    {"Altered natural 6", "C Db Eb Fb Gb A Bb"},
+    {"Harmonic minor flat 5", "C D Eb F Gb Ab B"},
+    {"Lydian augmented flat 3", "C D Eb F# G# A B"},
+    {"Kenny Barron voicing", "C G D Eb Bb F"},
+    {"Quartal chord of six notes", "C F Bb Eb Ab Db"},
+    {"Quintal chord of five notes", "C G D A E"},
+};
+
 INSTANTIATE_TEST_SUITE_P(Common, KnownScales, ::testing::ValuesIn(kCommon));
 INSTANTIATE_TEST_SUITE_P(Rare, KnownScales, ::testing::ValuesIn(kRare));
 INSTANTIATE_TEST_SUITE_P(Ragas, KnownScales, ::testing::ValuesIn(kRagas));
 INSTANTIATE_TEST_SUITE_P(NamedChords, KnownScales, ::testing::ValuesIn(kNamedChords));
+INSTANTIATE_TEST_SUITE_P(Packs, KnownScales, ::testing::ValuesIn(kPacks));
 
 /// A chord as it stands in the work that it is known from, and its lowest note there.
 struct QuotedChord {
@@ -181,11 +226,14 @@ struct QuotedChord {
 
 TEST(QuotedChords, AreThoseOfTheWorksThatTheyCameFrom) {
   constexpr QuotedChord kQuoted[] = {
-      {"Tristan chord", 5, "F B D# G#"}, {"Elektra chord", 4, "E B Db F Ab"}, {"So What chord", 4, "E A D G B"},
-      {"German sixth", 8, "Ab C Eb F#"}, {"French sixth", 8, "Ab C D F#"},    {"Italian sixth", 8, "Ab C F#"},
+      {"Tristan chord", 5, "F B D# G#"},        {"Elektra chord", 4, "E B Db F Ab"},
+      {"So What chord", 4, "E A D G B"},        {"German sixth", 8, "Ab C Eb F#"},
+      {"French sixth", 8, "Ab C D F#"},         {"Italian sixth", 8, "Ab C F#"},
+      {"Augurs chord", 4, "E G# B Eb G Bb Db"}, {"Neapolitan sixth", 5, "F Ab Db"},
+      {"Bridge chord", 0, "C Eb G D F# A"},     {"Schoenberg signature hexachord", 10, "Eb C B Bb E G"},
   };
   for (const QuotedChord& quoted : kQuoted) {
-    EXPECT_EQ(Transposed(ScaleLibrary::Shipped().Notes(quoted.name), quoted.lowest), FromNotes(quoted.notes))
+    EXPECT_EQ(Transposed(ScaleLibrary::WithPacks().Notes(quoted.name), quoted.lowest), FromNotes(quoted.notes))
         << quoted.name;
   }
 }

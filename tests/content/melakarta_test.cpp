@@ -69,7 +69,12 @@ std::set<int> NextSyllable(std::string_view& rest) {
   return digits;
 }
 
-std::vector<ScaleRow> Melakartas() { return ScaleLibrary::Shipped().OfType("Melakarta ragas"); }
+const ScaleLibrary& Pack() {
+  static const ScaleLibrary pack("packs/melakarta");
+  return pack;
+}
+
+std::vector<ScaleRow> Melakartas() { return Pack().OfType("Melakarta ragas"); }
 
 PitchClassSet ByRule(int number) {
   const auto index = static_cast<std::size_t>(number - 1);
@@ -127,7 +132,7 @@ TEST(Melakartas, NameThePartnerThatDiffersInTheFourthAlone) {
     const std::string_view name = text.substr(at + 23, text.size() - at - 24);
     PitchClassSet notes = FromPattern(row.scaleIntervals);
     notes.flip(5).flip(6);
-    EXPECT_EQ(notes, ScaleLibrary::Shipped().Notes(name)) << row.scaleName << " and " << name;
+    EXPECT_EQ(notes, Pack().Notes(name)) << row.scaleName << " and " << name;
     EXPECT_EQ(text[at + 18], notes[5] ? '1' : '2') << row.scaleName;
     ++partners;
   }

@@ -10,12 +10,33 @@
 
 namespace tonalith::content_tests {
 
-ScaleLibrary::ScaleLibrary()
-    : tables_(make_database::ReadScaleTables(std::filesystem::path(TONALITH_SOURCE_DIR) / "content")) {}
+namespace {
+
+std::filesystem::path Content() { return std::filesystem::path(TONALITH_SOURCE_DIR) / "content"; }
+
+}  // namespace
+
+ScaleLibrary::ScaleLibrary(const std::filesystem::path& folder)
+    : tables_(make_database::ReadScaleTables(Content() / folder)) {}
 
 const ScaleLibrary& ScaleLibrary::Shipped() {
-  static const ScaleLibrary library;
+  static const ScaleLibrary library("scales");
   return library;
+}
+
+const ScaleLibrary& ScaleLibrary::WithPacks() {
+  static const ScaleLibrary library = [] {
+    ScaleLibrary all;
+    all.Append(Shipped());
+    for (const std::string& folder : PackFolders()) all.Append(ScaleLibrary(folder));
+    return all;
+  }();
+  return library;
+}
+
+void ScaleLibrary::Append(const ScaleLibrary& other) {
+  tables_.types.insert(tables_.types.end(), other.tables_.types.begin(), other.tables_.types.end());
+  tables_.scales.insert(tables_.scales.end(), other.tables_.scales.begin(), other.tables_.scales.end());
 }
 
 std::vector<ScaleRow> ScaleLibrary::Scales() const {
@@ -55,6 +76,15 @@ const std::string& ScaleLibrary::Pattern(std::string_view name) const {
     throw std::out_of_range("no scale or chord " + std::string(name));
   }
   return row->scaleIntervals;
+}
+
+std::vector<std::string> PackFolders() {
+  std::vector<std::string> folders;
+  for (const auto& entry : std::filesystem::directory_iterator(Content() / "packs")) {
+    if (entry.is_directory()) folders.push_back("packs/" + entry.path().filename().string());
+  }
+  std::ranges::sort(folders);
+  return folders;
 }
 
 std::string Lowered(std::string_view text) {

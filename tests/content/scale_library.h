@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The shipped scale tables as the tests see them: rows in the order of navigation, found by name. Read once,
-// by the reader that the database is made with, and owned by the process; a table that is not well formed throws its
-// Failure, which fails every test that asks.
+// The shipped scale tables as the tests see them: rows in the order of navigation, found by name. There is a library
+// for the main database, one for each data pack, and one that holds them all. Each is read once, by the reader that the
+// databases are made with, and owned by the process; a table that is not well formed throws its Failure, which fails
+// every test that asks.
 
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,10 +23,15 @@ using make_database::ScaleTypeRow;
 
 class ScaleLibrary {
  public:
+  /// The main database.
   static const ScaleLibrary& Shipped();
+  /// The main database with every data pack behind it, in the order of PackFolders.
+  static const ScaleLibrary& WithPacks();
+  /// The tables of one folder below content/, such as "scales" or "packs/jazz".
+  explicit ScaleLibrary(const std::filesystem::path& folder);
 
   [[nodiscard]] const std::vector<ScaleTypeRow>& Types() const { return tables_.types; }
-  /// Scales first, then chords.
+  /// Scales first, then chords; with packs, the rows of one after those of the other.
   [[nodiscard]] const std::vector<ScaleRow>& Rows() const { return tables_.scales; }
   [[nodiscard]] std::vector<ScaleRow> Scales() const;
   [[nodiscard]] std::vector<ScaleRow> Chords() const;
@@ -39,10 +46,14 @@ class ScaleLibrary {
   [[nodiscard]] const std::string& Pattern(std::string_view name) const;
 
  private:
-  ScaleLibrary();
+  ScaleLibrary() = default;
+  void Append(const ScaleLibrary& other);
 
   make_database::ScaleTables tables_;
 };
+
+/// The folders of the data packs below content/, such as "packs/jazz", in alphabetical order.
+std::vector<std::string> PackFolders();
 
 /// ASCII letters in lower case, as the database compares names.
 std::string Lowered(std::string_view text);

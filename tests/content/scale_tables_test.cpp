@@ -12,6 +12,8 @@
 #include <numeric>
 #include <regex>
 #include <set>
+#include <string>
+#include <vector>
 
 #include "content/scale_library.h"
 #include "core/note_model.h"
@@ -26,9 +28,33 @@ using ::testing::Not;
 
 const ScaleLibrary& Library() { return ScaleLibrary::Shipped(); }
 
-TEST(ScaleTables, SayInTheirFirstTwoLinesThatTheyAreInThePublicDomain) {
+/// The folders of tables below content/: the main database's, then those of the data packs.
+std::vector<std::string> TableFolders() {
+  std::vector<std::string> folders = PackFolders();
+  folders.insert(folders.begin(), "scales");
+  return folders;
+}
+
+/// What holds for the tables of the main database and for those of each data pack.
+class ScaleTables : public ::testing::TestWithParam<std::string> {
+ protected:
+  [[nodiscard]] const std::vector<ScaleTypeRow>& Types() const { return library_.Types(); }
+  [[nodiscard]] const std::vector<ScaleRow>& Rows() const { return library_.Rows(); }
+  [[nodiscard]] static bool IsMain() { return GetParam() == "scales"; }
+
+ private:
+  ScaleLibrary library_{GetParam()};
+};
+
+INSTANTIATE_TEST_SUITE_P(Shipped, ScaleTables, ::testing::ValuesIn(TableFolders()), [](const auto& folder) {
+  std::string name = folder.param.substr(folder.param.find('/') + 1);
+  std::erase(name, '_');
+  return name;
+});
+
+TEST_P(ScaleTables, SayInTheirFirstTwoLinesThatTheyAreInThePublicDomain) {
   for (const std::string file : {"types.tsv", "scales.tsv", "chords.tsv"}) {
-    std::ifstream stream(std::filesystem::path(TONALITH_SOURCE_DIR) / "content" / "scales" / file);
+    std::ifstream stream(std::filesystem::path(TONALITH_SOURCE_DIR) / "content" / GetParam() / file);
     std::string licence;
     std::string authors;
     std::getline(stream, licence);
@@ -38,34 +64,23 @@ TEST(ScaleTables, SayInTheirFirstTwoLinesThatTheyAreInThePublicDomain) {
   }
 }
 
-TEST(ScaleTables, OpenWithMajor) {
-  ASSERT_FALSE(Library().Rows().empty());
-  const ScaleRow& first = Library().Rows().front();
-  EXPECT_EQ(first.scaleId, 1);
-  EXPECT_EQ(first.scaleName, "Major");
-  EXPECT_EQ(first.scaleIntervals, "2212221");
-}
-
-TEST(ScaleTables, NumberTheirRowsWithoutGapsScalesFirst) {
+TEST_P(ScaleTables, NumberTheirRowsWithoutGapsScalesFirst) {
   int expected = 1;
   bool chordsBegun = false;
-  for (const ScaleRow& row : Library().Rows()) {
+  for (const ScaleRow& row : Rows()) {
     EXPECT_EQ(row.scaleId, expected++) << row.scaleName;
     EXPECT_TRUE(row.isChord || !chordsBegun) << row.scaleName << " is a scale among the chords";
     chordsBegun = chordsBegun || row.isChord;
   }
 }
 
-TEST(ScaleTables, HoldScalesChordsAndTypesInThePromisedNumbers) {
-  EXPECT_GE(Library().Scales().size(), 160U);
-  EXPECT_GE(Library().Chords().size(), 110U);
-  EXPECT_GE(Library().Types().size(), 12U);
-}
-
-TEST(ScaleTables, NumberTheirTypesFromOne) {
-  int expected = 1;
+TEST_P(ScaleTables, NumberTheirTypesFromOne) {
+  ASSERT_THAT(Types(), Not(IsEmpty()));
+  std::int64_t expected = Types().front().scaleTypeId;
+  EXPECT_EQ(expected % 100, 1);
+  EXPECT_EQ(expected == 1, IsMain());
   std::set<std::string> names;
-  for (const ScaleTypeRow& type : Library().Types()) {
+  for (const ScaleTypeRow& type : Types()) {
     EXPECT_EQ(type.scaleTypeId, expected);
     EXPECT_EQ(type.scaleTypeNo, expected++);
     EXPECT_THAT(type.scaleTypeName, Not(IsEmpty()));
@@ -73,49 +88,42 @@ TEST(ScaleTables, NumberTheirTypesFromOne) {
   }
 }
 
-TEST(ScaleTables, GroupTheRowsOfATypeAndUseEveryType) {
+TEST_P(ScaleTables, GroupTheRowsOfATypeAndUseEveryType) {
   std::vector<std::int64_t> order;
-  for (const ScaleRow& row : Library().Rows()) {
+  for (const ScaleRow& row : Rows()) {
     if (order.empty() || order.back() != row.scaleTypeId) {
       order.push_back(row.scaleTypeId);
     }
   }
-  std::vector<std::int64_t> expected(Library().Types().size());
-  std::iota(expected.begin(), expected.end(), 1);
+  std::vector<std::int64_t> expected(Types().size());
+  std::iota(expected.begin(), expected.end(), Types().front().scaleTypeId);
   EXPECT_EQ(order, expected);
 }
 
-TEST(ScaleTables, SortTheRowsOfEachTypeFromOne) {
+TEST_P(ScaleTables, SortTheRowsOfEachTypeFromOne) {
   std::map<std::int64_t, std::int64_t> lastSort;
-  for (const ScaleRow& row : Library().Rows()) {
+  for (const ScaleRow& row : Rows()) {
     EXPECT_EQ(row.sort, ++lastSort[row.scaleTypeId]) << row.scaleName;
   }
 }
 
-TEST(ScaleTables, KeepScalesAndChordsInTypesOfTheirOwn) {
+TEST_P(ScaleTables, KeepScalesAndChordsInTypesOfTheirOwn) {
   std::map<std::int64_t, bool> chordType;
-  for (const ScaleRow& row : Library().Rows()) {
+  for (const ScaleRow& row : Rows()) {
     EXPECT_EQ(chordType.try_emplace(row.scaleTypeId, row.isChord).first->second, row.isChord) << row.scaleName;
   }
 }
 
-TEST(ScaleTables, GiveEveryRowANameOfItsOwn) {
-  std::set<std::string> names;
-  for (const ScaleRow& row : Library().Rows()) {
-    EXPECT_TRUE(names.insert(Lowered(row.scaleName)).second) << row.scaleName << " stands twice";
-  }
-}
-
-TEST(ScaleTables, NameRowsInTextThatTheSearchFindsAsItStands) {
+TEST_P(ScaleTables, NameRowsInTextThatTheSearchFindsAsItStands) {
   const std::regex plain("[A-Z][A-Za-z0-9 ,.()'-]*[A-Za-z0-9)]");
-  for (const ScaleRow& row : Library().Rows()) {
+  for (const ScaleRow& row : Rows()) {
     EXPECT_TRUE(std::regex_match(row.scaleName, plain)) << row.scaleName;
     EXPECT_LE(row.scaleName.size(), 60U) << row.scaleName;
   }
 }
 
-TEST(ScaleTables, WriteEveryPatternInDigitsThatCloseTheOctave) {
-  for (const ScaleRow& row : Library().Rows()) {
+TEST_P(ScaleTables, WriteEveryPatternInDigitsThatCloseTheOctave) {
+  for (const ScaleRow& row : Rows()) {
     EXPECT_TRUE(std::regex_match(row.scaleIntervals, std::regex("[1-9]{2,12}")))
         << row.scaleName << ": " << row.scaleIntervals;
     const int sum = std::accumulate(row.scaleIntervals.begin(), row.scaleIntervals.end(), 0,
@@ -124,21 +132,21 @@ TEST(ScaleTables, WriteEveryPatternInDigitsThatCloseTheOctave) {
   }
 }
 
-TEST(ScaleTables, CountEveryPatternFromC) {
-  for (const ScaleRow& row : Library().Rows()) {
+TEST_P(ScaleTables, CountEveryPatternFromC) {
+  for (const ScaleRow& row : Rows()) {
     EXPECT_THAT(core::kSharpNotes, Contains(row.startNote)) << row.scaleName;
     EXPECT_EQ(row.startNote, "C") << row.scaleName;
   }
 }
 
-TEST(ScaleTables, NameASourceForEveryRow) {
-  for (const ScaleRow& row : Library().Rows()) {
+TEST_P(ScaleTables, NameASourceForEveryRow) {
+  for (const ScaleRow& row : Rows()) {
     EXPECT_THAT(row.source, Not(IsEmpty())) << row.scaleName;
   }
 }
 
-TEST(ScaleTables, DescribeEveryRowInSentencesThatFitTheWindow) {
-  for (const ScaleRow& row : Library().Rows()) {
+TEST_P(ScaleTables, DescribeEveryRowInSentencesThatFitTheWindow) {
+  for (const ScaleRow& row : Rows()) {
     EXPECT_GE(row.scaleDescription.size(), 40U) << row.scaleName;
     EXPECT_LE(row.scaleDescription.size(), 220U) << row.scaleName;
     EXPECT_THAT(row.scaleDescription, EndsWith(".")) << row.scaleName;
@@ -149,9 +157,46 @@ TEST(ScaleTables, DescribeEveryRowInSentencesThatFitTheWindow) {
   }
 }
 
-TEST(ScaleTables, DescribeNoTwoRowsAlike) {
+TEST(MainTables, OpenWithMajor) {
+  ASSERT_FALSE(Library().Rows().empty());
+  const ScaleRow& first = Library().Rows().front();
+  EXPECT_EQ(first.scaleId, 1);
+  EXPECT_EQ(first.scaleName, "Major");
+  EXPECT_EQ(first.scaleIntervals, "2212221");
+}
+
+TEST(MainTables, HoldScalesChordsAndTypesInThePromisedNumbers) {
+  EXPECT_GE(Library().Scales().size(), 160U);
+  EXPECT_GE(Library().Chords().size(), 110U);
+  EXPECT_GE(Library().Types().size(), 12U);
+}
+
+TEST(PackTables, AreAtLeastFourAndHoldTwoHundredAndFiftyRowsThatTheMainDatabaseLacks) {
+  EXPECT_GE(PackFolders().size(), 4U);
+  const std::vector<ScaleRow>& all = ScaleLibrary::WithPacks().Rows();
+  EXPECT_GE(std::ranges::count_if(all, [](const ScaleRow& row) { return Library().Find(row.scaleName) == nullptr; }),
+            250);
+}
+
+TEST(AllTables, GiveNoNumberAndNoNameToTwoTypes) {
+  std::set<std::int64_t> numbers;
+  std::set<std::string> names;
+  for (const ScaleTypeRow& type : ScaleLibrary::WithPacks().Types()) {
+    EXPECT_TRUE(numbers.insert(type.scaleTypeId).second) << type.scaleTypeName << " has the number of another type";
+    EXPECT_TRUE(names.insert(Lowered(type.scaleTypeName)).second) << type.scaleTypeName << " stands twice";
+  }
+}
+
+TEST(AllTables, GiveEveryRowANameOfItsOwn) {
+  std::set<std::string> names;
+  for (const ScaleRow& row : ScaleLibrary::WithPacks().Rows()) {
+    EXPECT_TRUE(names.insert(Lowered(row.scaleName)).second) << row.scaleName << " stands twice";
+  }
+}
+
+TEST(AllTables, DescribeNoTwoRowsAlike) {
   std::map<std::string, std::string> seen;
-  for (const ScaleRow& row : Library().Rows()) {
+  for (const ScaleRow& row : ScaleLibrary::WithPacks().Rows()) {
     const auto [known, isNew] = seen.try_emplace(row.scaleDescription, row.scaleName);
     EXPECT_TRUE(isNew) << row.scaleName << " and " << known->second;
   }

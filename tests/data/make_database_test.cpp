@@ -41,7 +41,7 @@ class MakeDatabaseTest : public testing::Test {
   void Types(const std::string& text) { (void)folder_.Write("scales/types.tsv", text); }
   void Scales(const std::string& text) { (void)folder_.Write("scales/scales.tsv", text); }
   [[nodiscard]] std::string Output() const { return folder_ / "made.mdb"; }
-  void Make() { MakeDatabase(ReadScaleTables(folder_.Path()), Output()); }
+  void Make() { MakeDatabase(ReadScaleTables(folder_.Path() / "scales"), Output()); }
   // What making says, without the folder in front.
   std::string Refusal() {
     const std::string words = FailureOf([&] { Make(); }).Description();
@@ -54,7 +54,7 @@ class MakeDatabaseTest : public testing::Test {
 };
 
 TEST_F(MakeDatabaseTest, ReadsRowsWithTheirLineAndSource) {
-  const ScaleTables tables = ReadScaleTables(folder_.Path());
+  const ScaleTables tables = ReadScaleTables(folder_.Path() / "scales");
   ASSERT_EQ(tables.types.size(), 2U);
   EXPECT_EQ(tables.types[1].place.line, 4);
   ASSERT_EQ(tables.scales.size(), 2U);

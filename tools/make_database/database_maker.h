@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Turns the text tables into a scale database. The rows go in through the stored query, so what its triggers refuse in
-// the program is refused here, with the line of the table in front. The file appears whole or not at all.
+// Turns the text tables into a scale database or a data pack; the two differ in nothing but their rows. The rows go in
+// through the stored query, so what its triggers refuse in the program is refused here, with the line of the table in
+// front. The file appears whole or not at all.
 
 #pragma once
 

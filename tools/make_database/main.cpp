@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// tonalith_make_database <content-folder> <output.mdb>: makes the scale database out of the text tables.
+// tonalith_make_database <table-folder> <output.mdb>: makes a scale database, or a data pack, out of the text tables of
+// a folder.
 // Exit status 0: made. 1: a table is not well formed or the file cannot be written, said in one line. 2: wrong call.
 
 #include <exception>
@@ -12,7 +13,7 @@
 
 int main(int argc, char** argv) {
   if (argc != 3) {
-    std::cerr << "usage: tonalith_make_database <content-folder> <output.mdb>\n";
+    std::cerr << "usage: tonalith_make_database <table-folder> <output.mdb>\n";
     return 2;
   }
   try {

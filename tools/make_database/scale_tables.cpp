@@ -128,8 +128,7 @@ std::vector<ScaleRow> ReadScales(const std::filesystem::path& file) {
   return scales;
 }
 
-ScaleTables ReadScaleTables(const std::filesystem::path& contentFolder) {
-  const std::filesystem::path folder = contentFolder / "scales";
+ScaleTables ReadScaleTables(const std::filesystem::path& folder) {
   ScaleTables tables{ReadScaleTypes(folder / "types.tsv"), ReadScales(folder / "scales.tsv")};
   for (ScaleRow& chord : ReadScales(folder / "chords.tsv")) tables.scales.push_back(std::move(chord));
   return tables;

@@ -51,8 +51,8 @@ struct ScaleTables {
 
 std::vector<ScaleTypeRow> ReadScaleTypes(const std::filesystem::path& file);
 std::vector<ScaleRow> ReadScales(const std::filesystem::path& file);
-/// types.tsv, scales.tsv and chords.tsv of the folder "scales" below `contentFolder`.
-ScaleTables ReadScaleTables(const std::filesystem::path& contentFolder);
+/// types.tsv, scales.tsv and chords.tsv of a folder: the library's own tables or those of a data pack.
+ScaleTables ReadScaleTables(const std::filesystem::path& folder);
 
 /// A failure about a row, with its place in front.
 core::Failure TableFailure(const TablePlace& place, const std::string& words);

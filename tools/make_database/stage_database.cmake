@@ -3,7 +3,8 @@
 #
 # cmake -D FROM=<database> -D TO=<database> -P stage_database.cmake
 #
-# Puts a database onto the stage unless there is one: the one that is there may hold somebody's scales.
+# Puts a database or a data pack onto the stage unless there is one of that name: the one that is there may hold
+# somebody's scales.
 if(NOT EXISTS "${TO}" AND NOT IS_SYMLINK "${TO}")
   get_filename_component(folder "${TO}" DIRECTORY)
   file(MAKE_DIRECTORY "${folder}")
