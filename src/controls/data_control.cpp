@@ -107,15 +107,20 @@ template <class Step>
 void DataControl::MoveAndTake(Step&& step) {
   const std::optional<data::Bookmark> before = CurrentBookmark();
   const bool wasPending = IsEditPending();
+  const auto tell = [&] {
+    if (wasPending || CurrentBookmark() != before) TakeRow();
+    if (wasPending && !IsEditPending()) Q_EMIT Written();
+  };
   try {
     step(OpenRecordset());
   } catch (const std::exception&) {
     isEditRefused_ = IsEditPending();
+    // The write may have gone well, and only the move after it not.
+    if (!isEditRefused_) tell();
     throw;
   }
   isEditRefused_ = false;
-  if (wasPending || CurrentBookmark() != before) TakeRow();
-  if (wasPending && !IsEditPending()) Q_EMIT Written();
+  tell();
 }
 
 void DataControl::Walk(void (*step)(data::RecordSet&)) {

@@ -23,8 +23,18 @@ namespace tonalith::data {
 namespace {
 
 constexpr std::size_t kKeptStatements = 16;
+constexpr int kLongestField = 16 * 1024 * 1024;
 
 std::atomic<std::uint64_t> statementsIssued = 0;
+
+// A statement is bound anew before each use, so it may point to what outlives only this one.
+void BindInPlace(SQLite::Statement& statement, int index, const Value& value) {
+  if (const auto* const text = std::get_if<std::string>(&value.Raw())) {
+    statement.bindNoCopy(index, *text);
+  } else {
+    BindValue(statement, index, value);
+  }
+}
 
 // Gives a kept statement back in the state in which it can be used again, however its use ended.
 class Reset {
@@ -55,7 +65,8 @@ void Engine::OpenDatabase(bool readOnly) {
   } else if (readOnly) {
     database_ = OpenForReading(path_);
   } else {
-    database_ = std::make_unique<SQLite::Database>(path_, SQLite::OPEN_READWRITE, kBusyMilliseconds);
+    database_ =
+        std::make_unique<SQLite::Database>(path_, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, kBusyMilliseconds);
   }
 }
 
@@ -65,6 +76,8 @@ void Engine::OpenFile(bool readOnly) {
   // A file may come from a stranger: no side effects out of its schema.
   sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  // Nor a field that takes all memory: a calculated one needs no room in the file.
+  sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, kLongestField);
   const std::int32_t applicationId = database_->execAndGet("PRAGMA application_id").getInt();
   isScaleDatabase_ = applicationId == kApplicationId;
   UpgradeSchema(*database_, path_);
@@ -92,7 +105,7 @@ void Engine::Query(const std::string& sql, std::span<const Value> bindings,
     SQLite::Statement& statement = Prepared(sql);
     const Reset reset(statement);
     ++statementsIssued;
-    for (std::size_t i = 0; i < bindings.size(); ++i) BindValue(statement, static_cast<int>(i) + 1, bindings[i]);
+    for (std::size_t i = 0; i < bindings.size(); ++i) BindInPlace(statement, static_cast<int>(i) + 1, bindings[i]);
     while (statement.executeStep()) onRow(statement);
   } catch (const SQLite::Exception& exception) {
     throw FromEngine(exception, path_);
@@ -150,22 +163,34 @@ void BindValue(SQLite::Statement& statement, int index, const Value& value) {
       value.Raw());
 }
 
-Value ReadColumn(SQLite::Statement& statement, int index) {
+void ReadColumn(SQLite::Statement& statement, int index, Value& value) {
   const SQLite::Column column = statement.getColumn(index);
   switch (column.getType()) {
     case SQLITE_INTEGER:
-      return column.getInt64();
+      value = column.getInt64();
+      break;
     case SQLITE_FLOAT:
-      return column.getDouble();
-    case SQLITE_TEXT:
-      return column.getString();
+      value = column.getDouble();
+      break;
+    case SQLITE_TEXT: {
+      const char* const text = column.getText();
+      value.SetText({text, static_cast<std::size_t>(column.getBytes())});
+      break;
+    }
     case SQLITE_BLOB: {
       const auto* begin = static_cast<const std::uint8_t*>(column.getBlob());
-      return begin == nullptr ? Bytes{} : Bytes(begin, begin + column.getBytes());
+      value = begin == nullptr ? Bytes{} : Bytes(begin, begin + column.getBytes());
+      break;
     }
     default:
-      return Value::Null();
+      value = Value::Null();
   }
+}
+
+Value ReadColumn(SQLite::Statement& statement, int index) {
+  Value value;
+  ReadColumn(statement, index, value);
+  return value;
 }
 
 WriteGuard::WriteGuard(Engine& engine) : engine_(engine), isOpen_(!engine.IsInTransaction()) {

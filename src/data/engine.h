@@ -72,6 +72,8 @@ void BindValue(SQLite::Statement& statement, int index, const Value& value);
 
 /// The content of one column of the row on which a statement stands.
 Value ReadColumn(SQLite::Statement& statement, int index);
+/// The same into `value`, where a text takes the place of another without new memory.
+void ReadColumn(SQLite::Statement& statement, int index, Value& value);
 
 /// A write that is whole or not at all. Takes the file for writing at once, unless a transaction is under way already,
 /// of which it then is a part. Undone by its destructor if Commit was not reached.

@@ -90,6 +90,9 @@ class Filling : public JetVisitor {
     try {
       writer_->Write(values);
     } catch (const SQLite::Exception& exception) {
+      // A disk that is full or fails is no fault of the row.
+      const int code = exception.getErrorCode() & 0xFF;
+      if (code == SQLITE_FULL || code == SQLITE_IOERR) throw;
       throw RowFailure(FromEngine(exception, path_).Description());
     }
     RequireStored(values);

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <cerrno>
 #include <span>
 #include <string_view>
 #include <system_error>
@@ -79,15 +78,6 @@ std::uint64_t BudgetFor(std::int64_t fileSize) {
   return static_cast<std::uint64_t>(fileSize) * 16 + (std::uint64_t{1} << 20);
 }
 
-void WriteAll(int pipe, std::span<const std::uint8_t> bytes) {
-  while (!bytes.empty()) {
-    const ssize_t size = ::write(pipe, bytes.data(), bytes.size());
-    if (size < 0 && errno == EINTR) continue;
-    if (size < 0) throw Unspecified("the reader is gone");
-    bytes = bytes.subspan(static_cast<std::size_t>(size));
-  }
-}
-
 void WriteContent(const std::string& path, int pipe) {
   JetStreamWriter writer([pipe](std::span<const std::uint8_t> bytes) { WriteAll(pipe, bytes); });
   try {
@@ -129,13 +119,12 @@ class Guarded : public JetVisitor {
 
 bool IsJetFile(const std::string& path) { return ReadHeader(path).isJet; }
 
-void ReadJetFile(const std::string& path, JetVisitor& visitor) {
+void ReadJetFile(const std::string& path, JetVisitor& visitor, ReadingLimits limits) {
   Guarded guarded(visitor);
   try {
     const Header header = ReadHeader(path);
     if (!header.isJet) throw Unspecified("it is no Jet file");
     RequireWholePages(header);
-    ReadingLimits limits;
     limits.memory += static_cast<std::uint64_t>(header.fileSize) * 2;
     ReadingProcess process([&](int pipe) { WriteContent(path, pipe); }, limits);
     ReadJetStream([&](std::span<std::uint8_t> buffer) { return process.Read(buffer); }, BudgetFor(header.fileSize),

@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "data/reading_process.h"
 #include "data/value.h"
 
 namespace tonalith::data {
@@ -52,7 +53,7 @@ class JetVisitor {
 /// Whether a file begins as Jet files do. A file that is not there or cannot be read does not.
 bool IsJetFile(const std::string& path);
 
-/// Reads the whole file.
-void ReadJetFile(const std::string& path, JetVisitor& visitor);
+/// Reads the whole file. A large file gets memory above that of the limits.
+void ReadJetFile(const std::string& path, JetVisitor& visitor, ReadingLimits limits = {});
 
 }  // namespace tonalith::data

@@ -3,12 +3,15 @@
 
 #include "data/pack_merge.h"
 
+#include <optional>
 #include <utility>
 
 #include "core/deferred_failure.h"
 #include "data/data_failure.h"
 #include "data/data_pack_import.h"
 #include "data/engine.h"
+#include "data/new_rows.h"
+#include "data/pack_check.h"
 #include "data/sql_dialect.h"
 #include "data/sql_tokens.h"
 #include "data/whole_number.h"
@@ -34,15 +37,24 @@ std::string DataSourceValue(const std::string& path) {
   return quoted + '"';
 }
 
-std::string InsertStatement(const std::string& table, const std::vector<std::string>& fields) {
-  if (fields.empty()) return "INSERT INTO " + QuoteName(table) + " DEFAULT VALUES";
-  std::string names;
-  std::string marks;
-  for (const std::string& field : fields) {
-    names += (names.empty() ? "" : ", ") + QuoteName(field);
-    marks += marks.empty() ? "?" : ", ?";
+// Into the memory of the value that was there.
+void CopyValue(const Value& from, Value& to) {
+  to = from;
+  if (std::holds_alternative<double>(to.Raw())) to = WithoutEmptyFraction(to);
+}
+
+std::vector<std::string> NamesOf(const std::vector<PackMerge::CopiedField>& fields) {
+  std::vector<std::string> names;
+  names.reserve(fields.size() + 1);
+  for (const auto& field : fields) names.push_back(field.to);
+  return names;
+}
+
+std::optional<std::size_t> IndexOf(const std::vector<std::string>& names, std::string_view name) {
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    if (SameName(names[i], name)) return i;
   }
-  return "INSERT INTO " + QuoteName(table) + " (" + names + ") VALUES (" + marks + ")";
+  return {};
 }
 
 }  // namespace
@@ -54,12 +66,15 @@ void PackMerge::Run() {
   main_->Open(kMainDatabase, "", "");
   pack_->SetMode(ConnectMode::kRead);
   pack_->Open(kPackSource + DataSourceValue(path_), "", "");
+  RequireWholePages(path_);
   main_->OpenEngine().Execute(kImportCache);
   main_->BeginTrans();
   MergeTable("ScaleTypes", "ScaleTypeID", "ScaleTypeID",
-             [](const RecordSet& records) -> Value { return records.FieldValue("ScaleTypeID").AsInt32(); });
-  MergeTable("Scales", "ScaleName", "ScaleID",
-             [](const RecordSet& records) -> Value { return records.FieldValue("scaleName").TextOr(""); });
+             [](const Value& number, Value& key) { key = number.AsInt32(); });
+  MergeTable("Scales", "ScaleName", "ScaleID", [](const Value& name, Value& key) {
+    if (const auto* const text = std::get_if<std::string>(&name.Raw())) return key.SetText(*text);
+    key = name.TextOr("");
+  });
   main_->CommitTrans();
 }
 
@@ -80,44 +95,39 @@ void PackMerge::Close() {
 // is its key, a scale gets a number of the main database. The main table is asked and written by statements that stay
 // prepared, because packs may be large.
 void PackMerge::MergeTable(const std::string& table, const std::string& mainKey, const std::string& ownNumber,
-                           const KeyOfRow& keyOfRow) {
+                           const KeyOfField& keyOfField) {
   OpenRecords(table);
   const std::vector<CopiedField> fields = CopiedFields(ownNumber);
+  std::vector<std::string> names = NamesOf(fields);
   const bool isKeySet = mainKey == ownNumber;
-  std::vector<std::string> names;
   if (isKeySet) names.push_back(mainKey);
-  for (const CopiedField& field : fields) names.push_back(field.to);
-  const std::string insert = InsertStatement(table, names);
+  const std::optional<int> packKey = packRecords_->FindField(mainKey);
   const std::string lookUp = "SELECT 1 FROM " + QuoteName(table) + " WHERE " + QuoteName(mainKey) + " = ? LIMIT 1";
-  std::vector<Value> values;
+  NewRows newRows(main_->OpenEngine(), table, names, IndexOf(names, mainKey));
+  Value key;
+  RisingRows rising(path_);
   for (; !packRecords_->IsEof(); packRecords_->MoveNext()) {
-    const Value key = keyOfRow(*packRecords_);
+    rising.Require(packRecords_->GetBookmark());
+    if (!packKey) throw UnknownItem();
+    keyOfField(packRecords_->FieldValue(*packKey), key);
+    if (newRows.MayHold(key)) newRows.Write();
     if (!MainHas(lookUp, key)) {
-      values.clear();
-      if (isKeySet) values.push_back(key);
-      for (const CopiedField& field : fields)
-        values.push_back(WithoutEmptyFraction(packRecords_->FieldValue(field.from)));
-      main_->OpenEngine().Execute(insert, values);
+      Value* value = newRows.NextRow();
+      for (const CopiedField& field : fields) CopyValue(packRecords_->FieldValue(field.from), *value++);
+      if (isKeySet) *value = key;
+      newRows.Add();
     }
     onRow_(++rows_);
   }
+  newRows.Write();
   packRecords_->Close();
   mainRecords_->Close();
 }
 
 void PackMerge::OpenRecords(const std::string& table) {
-  RequireTable(table);
+  RequirePlainTable(pack_->OpenEngine(), table);
   packRecords_->Open("SELECT * FROM " + table, pack_, CursorType::kStatic, LockType::kReadOnly);
   mainRecords_->Open("SELECT * FROM " + table, main_, CursorType::kKeyset, LockType::kOptimistic);
-}
-
-// A stored query under the name of a table could be anything, and could go on for ever.
-void PackMerge::RequireTable(const std::string& table) {
-  RecordSet kind;
-  kind.Open("SELECT name FROM sqlite_master WHERE type = 'view' AND lower(name) = lower('" + table + "')", pack_,
-            CursorType::kStatic, LockType::kReadOnly);
-  if (!kind.IsEof()) throw Unspecified("'" + table + "' is a stored query in this pack, not a table.");
-  kind.Close();
 }
 
 std::vector<PackMerge::CopiedField> PackMerge::CopiedFields(std::string_view ownNumber) const {

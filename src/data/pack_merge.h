@@ -24,23 +24,24 @@ class PackMerge {
   /// `onRow` hears of each row of the pack that is done, counted from 1.
   PackMerge(std::string path, std::function<void(std::int64_t)> onRow);
 
+  /// The fields that are copied, by their number in the pack and their name in the main table.
+  struct CopiedField {
+    int from;
+    std::string to;
+  };
+
   void Run();
   void Rollback();
   /// The record sets first, then the pack, then the main database, whatever state they are in. Throws nothing.
   void Close();
 
  private:
-  /// The fields that are copied, by their number in the pack and their name in the main table.
-  struct CopiedField {
-    int from;
-    std::string to;
-  };
-  using KeyOfRow = std::function<Value(const RecordSet&)>;
+  /// Makes `key` what the main table is asked for, out of the pack's field.
+  using KeyOfField = std::function<void(const Value& field, Value& key)>;
 
   void MergeTable(const std::string& table, const std::string& mainKey, const std::string& ownNumber,
-                  const KeyOfRow& keyOfRow);
+                  const KeyOfField& keyOfField);
   void OpenRecords(const std::string& table);
-  void RequireTable(const std::string& table);
   [[nodiscard]] std::vector<CopiedField> CopiedFields(std::string_view ownNumber) const;
   bool MainHas(const std::string& statement, const Value& key);
 

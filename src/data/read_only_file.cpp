@@ -12,6 +12,9 @@
 namespace tonalith::data {
 namespace {
 
+// One thread at a time, so the engine need not lock.
+const int kForReading = SQLite::OPEN_READONLY | SQLite::OPEN_NOMUTEX;
+
 // SQLite database file format, section 1.3: 2 in both version bytes is a file with a write-ahead log.
 bool HasWriteAheadLog(const std::string& path) {
   constexpr std::size_t kReadVersionOffset = 19;
@@ -47,9 +50,9 @@ std::string UriOf(const std::string& path) {
 std::unique_ptr<SQLite::Database> OpenForReading(const std::string& path) {
   // Reading such a file makes two more beside it, unless the engine is told that it does not change.
   if (IsLogAtRest(path)) {
-    return std::make_unique<SQLite::Database>(UriOf(path), SQLite::OPEN_READONLY | SQLite::OPEN_URI, kBusyMilliseconds);
+    return std::make_unique<SQLite::Database>(UriOf(path), kForReading | SQLite::OPEN_URI, kBusyMilliseconds);
   }
-  return std::make_unique<SQLite::Database>(path, SQLite::OPEN_READONLY, kBusyMilliseconds);
+  return std::make_unique<SQLite::Database>(path, kForReading, kBusyMilliseconds);
 }
 
 }  // namespace tonalith::data

@@ -133,4 +133,13 @@ std::size_t ReadingProcess::Read(std::span<std::uint8_t> buffer) {
   }
 }
 
+void WriteAll(int pipe, std::span<const std::uint8_t> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t size = ::write(pipe, bytes.data(), bytes.size());
+    if (size < 0 && errno == EINTR) continue;
+    if (size < 0) throw Unspecified("the reader is gone");
+    bytes = bytes.subspan(static_cast<std::size_t>(size));
+  }
+}
+
 }  // namespace tonalith::data

@@ -47,4 +47,7 @@ class ReadingProcess {
   int pipe_ = -1;
 };
 
+/// For the work: writes all the bytes into the pipe. Throws when nobody reads them any more.
+void WriteAll(int pipe, std::span<const std::uint8_t> bytes);
+
 }  // namespace tonalith::data

@@ -64,13 +64,27 @@ Engine& RecordSet::OpenEngine() const {
 }
 
 std::unique_ptr<RecordSet> RecordSet::Clone() const {
+  RequireOpen();
+  return CloneOf(selection_);
+}
+
+std::unique_ptr<RecordSet> RecordSet::Clone(const std::vector<std::string>& fields) const {
+  RequireOpen();
+  auto narrow = std::make_shared<Selection>(*selection_);
+  narrow->isNarrow = true;
+  narrow->fields.clear();
+  for (const std::string& field : fields) narrow->fields.push_back(FieldName(RequireField(field)));
+  return CloneOf(std::move(narrow));
+}
+
+std::unique_ptr<RecordSet> RecordSet::CloneOf(std::shared_ptr<const Selection> selection) const {
   Engine& engine = OpenEngine();
   RequireScrollable();
   auto clone = std::make_unique<RecordSet>();
-  clone->rows_ = MakeRowSource(engine, *selection_, {});
+  clone->rows_ = MakeRowSource(engine, *selection, {});
   clone->connection_ = connection_;
   clone->engine_ = engine_;
-  clone->selection_ = selection_;
+  clone->selection_ = std::move(selection);
   clone->cursorType_ = cursorType_;
   clone->lockType_ = lockType_;
   clone->NoteOwnChange();

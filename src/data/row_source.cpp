@@ -5,10 +5,12 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <limits>
 #include <span>
 #include <utility>
 
+#include "data/data_failure.h"
 #include "data/engine.h"
 #include "data/schema.h"
 #include "data/sql_dialect.h"
@@ -16,23 +18,48 @@
 namespace tonalith::data {
 namespace {
 
+// Rows; the largest block is one of so many fields, whatever rows they make.
 constexpr std::int64_t kFirstBlock = 32;
-constexpr std::int64_t kLargestBlock = 128;
+constexpr std::int64_t kLargestBlockFields = 1280;
 constexpr std::int64_t kLowestKey = std::numeric_limits<std::int64_t>::min();
 constexpr std::int64_t kHighestKey = std::numeric_limits<std::int64_t>::max();
+constexpr const char* kKeyOfRow = "[key of the row]";
 
-RowPointer ReadRow(SQLite::Statement& statement) {
-  auto row = std::make_shared<Row>();
-  row->key = statement.getColumn(0).getInt64();
-  const int columns = statement.getColumnCount();
-  row->values.reserve(static_cast<std::size_t>(columns) - 1);
-  for (int i = 1; i < columns; ++i) row->values.push_back(ReadColumn(statement, i));
-  return row;
+using Rows = std::vector<std::shared_ptr<Row>>;
+
+std::int64_t LargestBlock(const Selection& selection) {
+  return std::max(kFirstBlock, kLargestBlockFields / std::max<std::int64_t>(std::ssize(selection.fields), 1));
 }
 
-std::vector<RowPointer> ReadRows(Engine& engine, const std::string& sql, std::span<const Value> bindings) {
-  std::vector<RowPointer> rows;
-  engine.Query(sql, bindings, [&](SQLite::Statement& statement) { rows.push_back(ReadRow(statement)); });
+// Rows that nobody else holds are filled again, so that walking through everything makes no rows but the first.
+class SpareRows {
+ public:
+  explicit SpareRows(Rows rows) : rows_(std::move(rows)) {}
+
+  std::shared_ptr<Row> Take() {
+    while (!rows_.empty()) {
+      std::shared_ptr<Row> row = std::move(rows_.back());
+      rows_.pop_back();
+      if (row.use_count() == 1) return row;
+    }
+    return std::make_shared<Row>();
+  }
+
+ private:
+  Rows rows_;
+};
+
+Rows ReadRows(Engine& engine, const std::string& sql, std::span<const Value> bindings, Rows spare) {
+  SpareRows spares(std::move(spare));
+  Rows rows;
+  engine.Query(sql, bindings, [&](SQLite::Statement& statement) {
+    std::shared_ptr<Row> row = spares.Take();
+    row->key = statement.getColumn(0).getInt64();
+    const int columns = statement.getColumnCount();
+    row->values.resize(static_cast<std::size_t>(columns) - 1);
+    for (int i = 1; i < columns; ++i) ReadColumn(statement, i, row->values[static_cast<std::size_t>(i) - 1]);
+    rows.push_back(std::move(row));
+  });
   return rows;
 }
 
@@ -47,15 +74,32 @@ std::string FromWhere(const Selection::Walk& walk, const std::string& filter) {
   return text + walk.key;
 }
 
+// What a narrow selection takes of the rows that `statement` gives, whose key is called kKeyOfRow.
+std::string Narrowed(const Selection& selection, const std::string& statement) {
+  std::string columns = kKeyOfRow;
+  for (const std::string& field : selection.fields) columns += ", " + QuoteName(field);
+  return "SELECT " + columns + " FROM (" + statement + ")";
+}
+
+std::string BlockStatement(const Selection& selection, const std::string& filter, const std::string& comparison,
+                           const std::string& order) {
+  const Selection::Walk& walk = *selection.walk;
+  const std::string rows = ", " + walk.columns + FromWhere(walk, filter) + comparison;
+  const std::string limit = order + " LIMIT ?";
+  if (!selection.isNarrow) return "SELECT " + walk.key + rows + " ORDER BY " + walk.key + limit;
+  return Narrowed(selection, "SELECT " + walk.key + " AS " + kKeyOfRow + rows) + " ORDER BY " + kKeyOfRow + limit;
+}
+
 // Holds one contiguous run of the rows. A run that is walked on at its end grows from block to block, so that walking
 // through everything asks seldom and looking at one row reads little.
 class KeyedRows : public RowSource {
  public:
-  KeyedRows(Engine& engine, const Selection::Walk& walk, const std::string& filter)
+  KeyedRows(Engine& engine, const Selection& selection, const std::string& filter)
       : engine_(engine),
-        upwards_(UpwardsStatement(walk, filter)),
-        downwards_(DownwardsStatement(walk, filter)),
-        countUpTo_("SELECT count(*)" + FromWhere(walk, filter) + " <= ?") {}
+        upwards_(UpwardsStatement(selection, filter)),
+        downwards_(DownwardsStatement(selection, filter)),
+        countUpTo_("SELECT count(*)" + FromWhere(*selection.walk, filter) + " <= ?"),
+        largestBlock_(LargestBlock(selection)) {}
 
   RowPointer First() override {
     if (!reachesFirst_) FetchUpwards(kLowestKey, kFirstBlock);
@@ -71,11 +115,11 @@ class KeyedRows : public RowSource {
     if (key == kHighestKey) return nullptr;
     const bool isHeld = reachesFirst_ || (!rows_.empty() && rows_.front()->key <= key);
     if (isHeld) {
-      const auto next = std::upper_bound(rows_.begin(), rows_.end(), key, IsGreater);
-      if (next != rows_.end()) return *next;
+      here_ = IndexAfter(key);
+      if (here_ < rows_.size()) return rows_[here_];
       if (reachesLast_) return nullptr;
     }
-    FetchUpwards(key + 1, isHeld ? std::min(block_ * 2, kLargestBlock) : kFirstBlock);
+    FetchUpwards(key + 1, isHeld ? std::min(block_ * 2, largestBlock_) : kFirstBlock);
     return rows_.empty() ? nullptr : rows_.front();
   }
 
@@ -87,7 +131,7 @@ class KeyedRows : public RowSource {
       if (next != rows_.begin()) return *(next - 1);
       if (reachesFirst_) return nullptr;
     }
-    FetchDownwards(key - 1, isHeld ? std::min(block_ * 2, kLargestBlock) : kFirstBlock);
+    FetchDownwards(key - 1, isHeld ? std::min(block_ * 2, largestBlock_) : kFirstBlock);
     return rows_.empty() ? nullptr : rows_.back();
   }
 
@@ -112,19 +156,43 @@ class KeyedRows : public RowSource {
   }
 
  private:
-  void FetchUpwards(std::int64_t from, std::int64_t block) {
+  // Most often the row after the one that was given last.
+  [[nodiscard]] std::size_t IndexAfter(std::int64_t key) const {
+    if (here_ < rows_.size() && rows_[here_]->key == key) return here_ + 1;
+    return static_cast<std::size_t>(std::upper_bound(rows_.begin(), rows_.end(), key, IsGreater) - rows_.begin());
+  }
+
+  void Fetch(const std::string& sql, std::int64_t from, std::int64_t block) {
     const std::array<Value, 2> bindings = {from, block};
-    rows_ = ReadRows(engine_, upwards_, bindings);
+    Rows before = std::move(rows_);
+    Forget();
+    rows_ = ReadRows(engine_, sql, bindings, std::move(before));
     block_ = block;
+    here_ = 0;
+  }
+
+  // In a damaged file the rows after a key may be rows from before it: a walk would go round in it for ever.
+  template <class IsBeyond>
+  void RequireOrder(std::int64_t from, IsBeyond isBeyond) const {
+    const auto isOutOfOrder = [&](const RowPointer& row, const RowPointer& next) {
+      return !isBeyond(next->key, row->key);
+    };
+    const bool isRight = (rows_.empty() || rows_.front()->key == from || isBeyond(rows_.front()->key, from)) &&
+                         std::adjacent_find(rows_.begin(), rows_.end(), isOutOfOrder) == rows_.end();
+    if (!isRight) throw UnrecognizedFormat(engine_.Path());
+  }
+
+  void FetchUpwards(std::int64_t from, std::int64_t block) {
+    Fetch(upwards_, from, block);
+    RequireOrder(from, std::greater<>());
     reachesFirst_ = from == kLowestKey;
     reachesLast_ = std::ssize(rows_) < block;
   }
 
   void FetchDownwards(std::int64_t from, std::int64_t block) {
-    const std::array<Value, 2> bindings = {from, block};
-    rows_ = ReadRows(engine_, downwards_, bindings);
+    Fetch(downwards_, from, block);
+    RequireOrder(from, std::less<>());
     std::reverse(rows_.begin(), rows_.end());
-    block_ = block;
     reachesFirst_ = std::ssize(rows_) < block;
     reachesLast_ = from == kHighestKey;
   }
@@ -133,8 +201,10 @@ class KeyedRows : public RowSource {
   std::string upwards_;
   std::string downwards_;
   std::string countUpTo_;
-  std::vector<RowPointer> rows_;
+  std::int64_t largestBlock_;
+  Rows rows_;
   std::int64_t block_ = kFirstBlock;
+  std::size_t here_ = 0;
   bool reachesFirst_ = false;
   bool reachesLast_ = false;
 };
@@ -143,8 +213,9 @@ class SnapshotRows : public RowSource {
  public:
   SnapshotRows(Engine& engine, const Selection& selection, const std::string& filter) : engine_(engine) {
     // Numbered below the filter, so that a row keeps its key whatever the filter is.
-    sql_ = "SELECT row_number() OVER () AS [place in the statement], * FROM (" + selection.sql + ")";
+    sql_ = std::string("SELECT row_number() OVER () AS ") + kKeyOfRow + ", * FROM (" + selection.sql + ")";
     if (!filter.empty()) sql_ = "SELECT * FROM (" + sql_ + ") WHERE " + filter;
+    if (selection.isNarrow) sql_ = Narrowed(selection, sql_);
   }
 
   RowPointer First() override { return Load().empty() ? nullptr : rows_.front(); }
@@ -177,15 +248,15 @@ class SnapshotRows : public RowSource {
   }
 
  private:
-  std::vector<RowPointer>& Load() {
-    if (!isLoaded_) rows_ = ReadRows(engine_, sql_, {});
+  Rows& Load() {
+    if (!isLoaded_) rows_ = ReadRows(engine_, sql_, {}, {});
     isLoaded_ = true;
     return rows_;
   }
 
   Engine& engine_;
   std::string sql_;
-  std::vector<RowPointer> rows_;
+  Rows rows_;
   bool isLoaded_ = false;
 };
 
@@ -206,14 +277,12 @@ std::optional<Selection::Walk> WalkOf(Engine& engine, const SelectStatement::Par
 
 }  // namespace
 
-std::string UpwardsStatement(const Selection::Walk& walk, const std::string& filter) {
-  return "SELECT " + walk.key + ", " + walk.columns + FromWhere(walk, filter) + " >= ? ORDER BY " + walk.key +
-         " LIMIT ?";
+std::string UpwardsStatement(const Selection& selection, const std::string& filter) {
+  return BlockStatement(selection, filter, " >= ?", "");
 }
 
-std::string DownwardsStatement(const Selection::Walk& walk, const std::string& filter) {
-  return "SELECT " + walk.key + ", " + walk.columns + FromWhere(walk, filter) + " <= ? ORDER BY " + walk.key +
-         " DESC LIMIT ?";
+std::string DownwardsStatement(const Selection& selection, const std::string& filter) {
+  return BlockStatement(selection, filter, " <= ?", " DESC");
 }
 
 std::shared_ptr<const Selection> MakeSelection(Engine& engine, const std::string& source) {
@@ -221,7 +290,7 @@ std::shared_ptr<const Selection> MakeSelection(Engine& engine, const std::string
   auto selection = std::make_shared<Selection>();
   if (statement.parts) selection->walk = WalkOf(engine, *statement.parts);
   if (selection->walk) {
-    selection->fields = engine.ColumnNames(UpwardsStatement(*selection->walk, {}));
+    selection->fields = engine.ColumnNames(UpwardsStatement(*selection, {}));
     selection->fields.erase(selection->fields.begin());
   } else {
     selection->fields = engine.ColumnNames(statement.sql);
@@ -231,7 +300,7 @@ std::shared_ptr<const Selection> MakeSelection(Engine& engine, const std::string
 }
 
 std::unique_ptr<RowSource> MakeRowSource(Engine& engine, const Selection& selection, const std::string& filter) {
-  if (selection.walk) return std::make_unique<KeyedRows>(engine, *selection.walk, filter);
+  if (selection.walk) return std::make_unique<KeyedRows>(engine, selection, filter);
   return std::make_unique<SnapshotRows>(engine, selection, filter);
 }
 

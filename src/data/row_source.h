@@ -39,14 +39,16 @@ struct Selection {
   std::string sql;
   std::optional<Walk> walk;
   std::vector<std::string> fields;
+  /// Whether `fields` are only some of what the source gives.
+  bool isNarrow = false;
 };
 
 std::shared_ptr<const Selection> MakeSelection(Engine& engine, const std::string& source);
 
 /// The statements that fetch a block of rows from a key on, upwards or downwards; both take the key and the number of
-/// rows, and give the key in front of the columns.
-std::string UpwardsStatement(const Selection::Walk& walk, const std::string& filter);
-std::string DownwardsStatement(const Selection::Walk& walk, const std::string& filter);
+/// rows, and give the key in front of the fields. `selection` is one that is walked by key.
+std::string UpwardsStatement(const Selection& selection, const std::string& filter);
+std::string DownwardsStatement(const Selection& selection, const std::string& filter);
 
 class RowSource {
  public:

@@ -36,6 +36,14 @@ constexpr double kWholeLimit = 9223372036854775808.0;
 
 }  // namespace
 
+void Value::SetText(std::string_view text) {
+  if (auto* const held = std::get_if<std::string>(&content_)) {
+    held->assign(text);
+  } else {
+    content_.emplace<std::string>(text);
+  }
+}
+
 std::string Value::AsText() const {
   if (IsNull()) throw Failure::InvalidUseOfNull();
   if (const auto* text = std::get_if<std::string>(&content_)) return *text;

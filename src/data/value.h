@@ -33,6 +33,9 @@ class Value {
   static Value Null() { return {}; }
   static Value YesNo(bool yes) { return {std::int64_t{yes ? 1 : 0}}; }
 
+  /// As an assignment, in the memory of the text that was there.
+  void SetText(std::string_view text);
+
   [[nodiscard]] bool IsNull() const { return std::holds_alternative<std::monostate>(content_); }
 
   /// Text as it stands, numbers in decimal (a fraction with a point). Throws 94 for null, 13 for bytes.

@@ -63,7 +63,7 @@ class RecordSetCursor : public ScaleCursor {
 std::unique_ptr<ScaleCursor> DataControlScales::Clone() {
   const data::RecordSet* const rows = control_.Recordset();
   if (rows == nullptr || !rows->IsOpen()) return nullptr;
-  return std::make_unique<RecordSetCursor>(rows->Clone());
+  return std::make_unique<RecordSetCursor>(rows->Clone({kScaleName}));
 }
 
 std::optional<data::Bookmark> DataControlScales::Current() {

@@ -130,5 +130,39 @@ TEST_F(DataControlTest, FailureOfAnArrowIsShownAsItsDescription) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << "a closed record set has no current record to leave";
 }
 
+TEST_F(DataControlTest, WrittenEditIsToldAlsoWhenTheMoveAfterItFails) {
+  control_.Refresh();
+  control_.SetFieldValue("ScaleName", "Renamed");
+  const QSignalSpy moved(&control_, &DataControl::Moved);
+  const QSignalSpy written(&control_, &DataControl::Written);
+  EXPECT_THROW(control_.SetBookmark({4711}), core::Failure);
+  EXPECT_FALSE(control_.IsEditPending());
+  EXPECT_FALSE(control_.IsEditRefused());
+  EXPECT_EQ(moved.count(), 1);
+  EXPECT_EQ(written.count(), 1);
+  EXPECT_THAT(shown_, ElementsAre("3", "3"));
+}
+
+TEST_F(DataControlTest, RefusedEditIsNotToldAndStaysInTheControls) {
+  control_.Refresh();
+  control_.SetFieldValue("ScaleName", "");
+  const QSignalSpy moved(&control_, &DataControl::Moved);
+  const QSignalSpy written(&control_, &DataControl::Written);
+  EXPECT_THROW(control_.MoveNext(), core::Failure);
+  EXPECT_TRUE(control_.IsEditRefused());
+  EXPECT_EQ(moved.count(), 0);
+  EXPECT_EQ(written.count(), 0);
+  EXPECT_THAT(shown_, ElementsAre("3"));
+}
+
+TEST_F(DataControlTest, FailedMoveWithoutAnEditTellsNothing) {
+  control_.Refresh();
+  const QSignalSpy moved(&control_, &DataControl::Moved);
+  const QSignalSpy written(&control_, &DataControl::Written);
+  EXPECT_THROW(control_.SetBookmark({4711}), core::Failure);
+  EXPECT_EQ(moved.count(), 0);
+  EXPECT_EQ(written.count(), 0);
+}
+
 }  // namespace
 }  // namespace tonalith::controls

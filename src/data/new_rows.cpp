@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "data/new_rows.h"
+
+#include <algorithm>
+#include <span>
+#include <string_view>
+#include <utility>
+
+#include "data/engine.h"
+#include "data/sql_dialect.h"
+
+namespace tonalith::data {
+namespace {
+
+std::string InsertStatement(const std::string& table, const std::vector<std::string>& fields, std::size_t rows) {
+  if (fields.empty()) return "INSERT INTO " + QuoteName(table) + " DEFAULT VALUES";
+  std::string names;
+  std::string marks;
+  for (const std::string& field : fields) {
+    names += (names.empty() ? "" : ", ") + QuoteName(field);
+    marks += marks.empty() ? "?" : ", ?";
+  }
+  std::string statement = "INSERT INTO " + QuoteName(table) + " (" + names + ") VALUES (" + marks + ")";
+  for (std::size_t row = 1; row < rows; ++row) statement += ", (" + marks + ")";
+  return statement;
+}
+
+// The same for all texts that the engine takes for equal without regard to case: it looks no further than a zero.
+std::uint64_t MarkOf(std::string_view text) {
+  constexpr std::uint64_t kOffset = 14695981039346656037U;  // FNV-1a
+  constexpr std::uint64_t kPrime = 1099511628211U;
+  std::uint64_t mark = kOffset;
+  for (const char character : text.substr(0, text.find('\0'))) {
+    const bool isCapital = character >= 'A' && character <= 'Z';
+    const auto byte = static_cast<unsigned char>(isCapital ? character - 'A' + 'a' : character);
+    mark = (mark ^ byte) * kPrime;
+  }
+  return mark;
+}
+
+// Nothing for what a column may turn into a text of its own.
+std::optional<std::uint64_t> MarkOf(const Value& value) {
+  if (const auto* const text = std::get_if<std::string>(&value.Raw())) return MarkOf(std::string_view(*text));
+  if (std::holds_alternative<std::int64_t>(value.Raw())) return MarkOf(std::string_view(value.AsText()));
+  return {};
+}
+
+}  // namespace
+
+NewRows::NewRows(Engine& engine, const std::string& table, const std::vector<std::string>& fields,
+                 std::optional<std::size_t> keyField)
+    : engine_(engine),
+      insertAll_(InsertStatement(table, fields, kRowsAtOnce)),
+      insertOne_(InsertStatement(table, fields, 1)),
+      fieldCount_(fields.size()),
+      keyField_(keyField),
+      values_(fields.size() * kRowsAtOnce) {}
+
+void NewRows::Add() {
+  const std::optional<std::uint64_t> mark = keyField_ ? MarkOf(NextRow()[*keyField_]) : std::nullopt;
+  marks_[waiting_] = mark.value_or(0);
+  ++waiting_;
+  if (!mark || waiting_ == kRowsAtOnce) Write();
+}
+
+bool NewRows::MayHold(const Value& key) const {
+  if (waiting_ == 0) return false;
+  const std::optional<std::uint64_t> mark = MarkOf(key);
+  const auto end = marks_.begin() + static_cast<std::ptrdiff_t>(waiting_);
+  return !mark || std::find(marks_.begin(), end, *mark) != end;
+}
+
+void NewRows::Write() {
+  const std::span<const Value> values(values_);
+  const std::size_t rows = std::exchange(waiting_, 0);
+  if (rows == kRowsAtOnce && fieldCount_ > 0) return engine_.Execute(insertAll_, values);
+  for (std::size_t row = 0; row < rows; ++row) {
+    engine_.Execute(insertOne_, values.subspan(row * fieldCount_, fieldCount_));
+  }
+}
+
+}  // namespace tonalith::data

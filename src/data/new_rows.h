@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Rows on their way into a table, written several by one statement, because a statement of its own for each row takes
+// longer than the row. What waits to be written is not found by asking the table, so whoever looks for a row asks
+// MayHold first. Private to the data room; uses an engine that must outlive it; one thread. Fails as the engine does;
+// rows that wait when it goes are dropped.
+
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "data/value.h"
+
+namespace tonalith::data {
+
+class Engine;
+
+class NewRows {
+ public:
+  /// `fields` without quotes; `keyField` is the place in them of the field by which rows are looked for, nothing where
+  /// it is not among them.
+  NewRows(Engine& engine, const std::string& table, const std::vector<std::string>& fields,
+          std::optional<std::size_t> keyField);
+
+  /// Where the values of the next row go, one for each field, whatever they hold before. Add takes them.
+  [[nodiscard]] Value* NextRow() { return values_.data() + waiting_ * fieldCount_; }
+  void Add();
+  /// Whether a row that waits may be found by that key. True where it is hard to tell; never false by mistake.
+  [[nodiscard]] bool MayHold(const Value& key) const;
+  /// Writes what waits.
+  void Write();
+
+ private:
+  static constexpr std::size_t kRowsAtOnce = 16;
+
+  Engine& engine_;
+  std::string insertAll_;
+  std::string insertOne_;
+  std::size_t fieldCount_;
+  std::optional<std::size_t> keyField_;
+  std::vector<Value> values_;
+  std::array<std::uint64_t, kRowsAtOnce> marks_{};
+  std::size_t waiting_ = 0;
+};
+
+}  // namespace tonalith::data

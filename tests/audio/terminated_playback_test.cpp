@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// A playback whose sound manager was terminated, before or meanwhile: no notice can come any more, and it is not waited
+// for.
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+#include "audio/scale_playback.h"
+#include "audio/sound_rig.h"
+
+namespace tonalith::audio {
+namespace {
+
+/// C major on a neck with one note of each name.
+class PlainStage : public PlaybackStage {
+ public:
+  std::optional<std::string> CurrentField(int position) override { return position == 5 ? "2212221" : "Major"; }
+  std::string KeyText() override { return "C"; }
+  std::string ImageTag(int index) override {
+    return index < 12 ? std::string(core::kSharpNotes[static_cast<std::size_t>(index)]) : std::string();
+  }
+  std::string AudioFolder() override { return "Audio/"; }
+  void FlashNotes(const std::string& /*controlName*/) override { ++flashes; }
+  void HidePicture1() override {}
+  void ShowStatus(const std::string& /*caption*/, StatusColour /*colour*/) override {}
+  int flashes = 0;
+};
+
+/// Lets the sounding note end at each wait. A playback that waits again and again is ended, so that a test of it ends.
+class PatientEvents : public platform::EventPump {
+ public:
+  explicit PatientEvents(testing::SoundRig& rig) : rig_(rig) {}
+  void WaitForEvents() override {
+    ++waits;
+    if (during) during(waits);
+    rig_.output.FinishAll();
+    rig_.windows.Dispatch();
+    if (waits >= kMostWaits) playback->Cancel();
+  }
+  void WaitForEvents(std::chrono::milliseconds /*limit*/) override { WaitForEvents(); }
+
+  static constexpr int kMostWaits = 100;
+  int waits = 0;
+  std::function<void(int wait)> during;
+  ScalePlayback* playback = nullptr;
+
+ private:
+  testing::SoundRig& rig_;
+};
+
+struct TerminatedRig : testing::SoundRig {
+  TerminatedRig() {
+    for (int number = 0; number < 16; ++number) {
+      files.Put("Audio/" + std::to_string(number) + ".wav", testing::Wave({}, testing::Number(0, 8)));
+    }
+    sounds.Notifier = &playback;
+    events.playback = &playback;
+  }
+  PlainStage stage;
+  PatientEvents events{*this};
+  ScalePlayback playback{sounds, stage, events, box};
+};
+
+TEST(TerminatedPlayback, WaitsForEachNoteWhileThereIsASoundManager) {
+  TerminatedRig rig;
+  rig.playback.PlayToneNotes();
+  EXPECT_EQ(rig.stage.flashes, 8);
+  EXPECT_EQ(rig.events.waits, 7);
+}
+
+TEST(TerminatedPlayback, WaitsForNothingAfterTheEndOfTheSoundManager) {
+  TerminatedRig rig;
+  rig.playback.PlayToneNotes();
+  rig.sounds.TerminateSoundManager();
+  ASSERT_TRUE(rig.sounds.IsTerminated());
+  rig.events.waits = 0;
+  rig.playback.PlayToneNotes();
+  EXPECT_EQ(rig.events.waits, 0);
+  EXPECT_FALSE(rig.playback.IsRunning());
+}
+
+TEST(TerminatedPlayback, StopsWaitingWhenTheSoundManagerEndsMeanwhile) {
+  TerminatedRig rig;
+  rig.events.during = [&](int wait) {
+    if (wait == 3) rig.sounds.TerminateSoundManager();
+  };
+  rig.playback.PlayToneNotes();
+  EXPECT_EQ(rig.events.waits, 3);
+  EXPECT_FALSE(rig.playback.IsRunning());
+}
+
+}  // namespace
+}  // namespace tonalith::audio

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// A database whose pages are damaged, and one that claims more than it holds.
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "data_fixture.h"
+
+namespace tonalith::data {
+namespace {
+
+constexpr std::size_t kPageSize = 4096;
+constexpr int kScales = 400;
+
+std::string ContentOf(const std::string& path) {
+  std::ostringstream content;
+  content << std::ifstream(path, std::ios::binary).rdbuf();
+  return content.str();
+}
+
+/// How many rows a walk meets, or -1 where it fails. Longer than the table is a walk without an end.
+int Walk(const DatabaseFolder& folder, void (RecordSet::*begin)(), void (RecordSet::*step)()) {
+  try {
+    RecordSet records;
+    records.Open("SELECT * FROM Scales", folder.Open());
+    (records.*begin)();
+    int rows = 0;
+    while (!records.IsEof() && !records.IsBof() && rows <= kScales) {
+      ++rows;
+      (records.*step)();
+    }
+    return rows;
+  } catch (const core::Failure& failure) {
+    EXPECT_EQ(failure.Description(), "Unrecognized database format '" + folder.Path() + "'.");
+    return -1;
+  }
+}
+
+TEST(DamagedDatabase, IsWalkedToAnEndOrRefusedWhereItsPagesHoldNothing) {
+  const DatabaseFolder folder(ManyScales(kScales));
+  const std::string whole = ContentOf(folder.Path());
+  int refused = 0;
+  for (std::size_t page = 4; page * kPageSize < whole.size(); ++page) {
+    std::string damaged = whole;
+    damaged.replace(page * kPageSize + kPageSize / 2, kPageSize / 2, kPageSize / 2, '\0');
+    std::ofstream(folder.Path(), std::ios::binary) << damaged;
+    for (const int rows : {Walk(folder, &RecordSet::MoveFirst, &RecordSet::MoveNext),
+                           Walk(folder, &RecordSet::MoveLast, &RecordSet::MovePrevious)}) {
+      EXPECT_LE(rows, kScales) << "page " << page;
+      refused += rows < 0 ? 1 : 0;
+    }
+  }
+  EXPECT_GT(refused, 4);
+}
+
+TEST(DamagedDatabase, FieldThatWouldTakeAllMemoryIsAFailure) {
+  const DatabaseFolder folder;
+  RunRaw(folder.Path(), "CREATE VIEW Huge AS SELECT 1 AS ScaleID, hex(zeroblob(400000000)) AS ScaleName");
+  RecordSet records;
+  EXPECT_EQ(FailureOf([&] { records.Open("SELECT ScaleID, ScaleName FROM Huge", folder.Open()); }).Description(),
+            "The database '" + folder.Path() + "' reports: string or blob too big.");
+}
+
+}  // namespace
+}  // namespace tonalith::data

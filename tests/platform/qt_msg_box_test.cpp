@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "platform/qt/qt_msg_box.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+#include <memory>
+
+namespace tonalith::platform {
+namespace {
+
+using core::MsgBoxAnswer;
+using core::MsgBoxStyle;
+
+class QtMsgBoxTest : public ::testing::Test {
+ protected:
+  QtMsgBoxTest() {
+    window_->show();
+    window_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window_));
+  }
+  ~QtMsgBoxTest() override { delete window_.data(); }
+
+  static QMessageBox* Shown() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
+  /// Shows a box and does something as soon as it is there.
+  MsgBoxAnswer ShowAnd(MsgBoxStyle style, const std::function<void()>& act) {
+    QTimer::singleShot(0, qApp, act);
+    return msgBox_.Show("<b>Sure?</b>", style, {});
+  }
+
+  QPointer<QWidget> window_ = new QWidget;
+  QtMsgBox msgBox_{"Tonalith"};
+};
+
+TEST_F(QtMsgBoxTest, BelongsToTheActiveWindowAndShowsItsTextAsItIs) {
+  QString shown;
+  const MsgBoxAnswer answer = ShowAnd(MsgBoxStyle::kYesNo, [&] {
+    ASSERT_NE(Shown(), nullptr);
+    EXPECT_EQ(Shown()->parentWidget(), window_.data());
+    EXPECT_EQ(Shown()->textFormat(), Qt::PlainText);
+    shown = Shown()->windowTitle() + QStringLiteral(": ") + Shown()->text();
+    Shown()->button(QMessageBox::Yes)->click();
+  });
+  EXPECT_EQ(shown.toStdString(), "Tonalith: <b>Sure?</b>");
+  EXPECT_EQ(answer, MsgBoxAnswer::kYes);
+  EXPECT_EQ(Shown(), nullptr);
+}
+
+// The window may be unloaded by what happens while its box is up. The box goes with it, once.
+TEST_F(QtMsgBoxTest, AgreesToNothingWhenItsWindowGoes) {
+  for (const auto& [style, answer] :
+       {std::pair(MsgBoxStyle::kYesNo, MsgBoxAnswer::kNo), std::pair(MsgBoxStyle::kOkCancel, MsgBoxAnswer::kCancel),
+        std::pair(MsgBoxStyle::kOkOnly, MsgBoxAnswer::kOk)}) {
+    if (window_.isNull()) {
+      window_ = new QWidget;
+      window_->show();
+      window_->activateWindow();
+      ASSERT_TRUE(QTest::qWaitForWindowActive(window_));
+    }
+    QPointer<QMessageBox> box;
+    EXPECT_EQ(ShowAnd(style,
+                      [&] {
+                        box = Shown();
+                        EXPECT_FALSE(box.isNull());
+                        delete window_.data();
+                      }),
+              answer);
+    EXPECT_TRUE(box.isNull());
+  }
+}
+
+}  // namespace
+}  // namespace tonalith::platform
