@@ -8,33 +8,15 @@
 #include <QApplication>
 #include <filesystem>
 
-#include "app/m_main.h"
-#include "core/recording_msg_box.h"
-#include "platform/notices/notice_queue.h"
-#include "platform/posix/posix_file_input.h"
-#include "platform/qt/qt_event_pump.h"
-#include "platform/silent/silent_mixer.h"
+#include "unplugged/unplugged_window.h"
 
 namespace {
 
 using namespace tonalith;
 
-class NobodysPlayer : public platform::NotePlayer {
- public:
-  void Play(const std::string& /*path*/) override {}
-};
-
-/// The window with everything that it needs, on the database beside this program.
-struct Desk {
-  core::RecordingMsgBox box;
-  NobodysPlayer player;
-  platform::PosixFileInput files;
-  platform::NoticeQueue notices;
-  platform::QtEventPump events;
-  std::unique_ptr<platform::WaveOutput> output = platform::MakeSilentWaveOutput(notices);
-  audio::SoundManager sounds{files, *output, notices, box};
-  data::ScaleDatabase database{QCoreApplication::applicationDirPath().toStdString(), box};
-  std::unique_ptr<app::frmTonalith> window = app::OpenScaleDatabase({database, box, player, sounds, events});
+/// The window on the database beside this program.
+struct Desk : unplugged::UnpluggedWindow {
+  Desk() : UnpluggedWindow(QCoreApplication::applicationDirPath().toStdString()) {}
 };
 
 void Paint(app::frmTonalith& window) {

@@ -17,17 +17,27 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::int32_t kPathAccessError = 75;
-constexpr std::array<const char*, 5> kContent = {"TonalithDB97.mdb", "Audio", "Octaves", "DataPacks", "TLHELP.chm"};
+constexpr const char* kDatabase = "TonalithDB97.mdb";
+constexpr const char* kPacks = "DataPacks";
+constexpr const char* kHelp = "TLHELP.chm";
+constexpr std::array<const char*, 5> kContent = {kDatabase, "Audio", "Octaves", kPacks, kHelp};
 
 [[noreturn]] void ThrowAccessError(const fs::path& path, const std::error_code& error) {
   throw core::Failure(kPathAccessError, "Path/File access error: " + path.string() + " (" + error.message() + ")");
 }
 
-/// Installed content may be read-only; the user's copy of it is the user's, so permissions are not taken over.
+/// Installed content may be read-only; the user's copy of it is the user's, so permissions are not taken over. Times
+/// are: by them a newer installation is known.
+void CopyFile(const fs::path& from, const fs::path& to, std::error_code& error) {
+  fs::copy_file(from, to, error);
+  if (!error) fs::permissions(to, fs::perms::owner_write, fs::perm_options::add, error);
+  const fs::file_time_type time = error ? fs::file_time_type() : fs::last_write_time(from, error);
+  if (!error) fs::last_write_time(to, time, error);
+}
+
 void CopyTree(const fs::path& from, const fs::path& to, std::error_code& error) {
   if (!fs::is_directory(from, error)) {
-    if (!error && fs::copy_file(from, to, error))
-      fs::permissions(to, fs::perms::owner_write, fs::perm_options::add, error);
+    if (!error) CopyFile(from, to, error);
     return;
   }
   fs::create_directory(to, error);
@@ -48,7 +58,31 @@ void CopyEntry(const fs::path& from, const fs::path& to) {
   if (error) ThrowAccessError(to, error);
 }
 
+/// Takes an installed file that is newer than the user's copy, or of which there is no copy.
+void TakeNewer(const fs::path& from, const fs::path& to) {
+  std::error_code error;
+  const fs::file_time_type installed = fs::last_write_time(from, error);
+  if (error) return;
+  const fs::file_time_type copied = fs::last_write_time(to, error);
+  if (error || installed > copied) CopyEntry(from, to);
+}
+
+void TakeNewerPacks(const fs::path& from, const fs::path& to) {
+  std::error_code error;
+  for (auto entry = fs::directory_iterator(from, error); !error && entry != fs::directory_iterator();
+       entry.increment(error)) {
+    if (entry->is_regular_file(error)) TakeNewer(entry->path(), to / entry->path().filename());
+  }
+}
+
 }  // namespace
+
+fs::path FindContentFolder(const fs::path& programFolder) {
+  const fs::path shared = programFolder.parent_path() / "share" / "tonalith";
+  std::error_code error;
+  const bool isInstalled = !fs::exists(programFolder / kDatabase, error) && fs::exists(shared / kDatabase, error);
+  return isInstalled ? shared : programFolder;
+}
 
 bool IsWritableFolder(const fs::path& folder) {
   std::error_code error;
@@ -56,7 +90,8 @@ bool IsWritableFolder(const fs::path& folder) {
 }
 
 fs::path ResolveAppFolder(const ProgramPlaces& places) {
-  if (IsWritableFolder(places.programFolder)) return places.programFolder;
+  const bool isInstalled = places.contentFolder != places.programFolder;
+  if (!isInstalled && IsWritableFolder(places.programFolder)) return places.programFolder;
   fs::path folder = places.userDataHome / "tonalith";
   std::error_code error;
   fs::create_directories(folder, error);
@@ -65,6 +100,8 @@ fs::path ResolveAppFolder(const ProgramPlaces& places) {
     const fs::path from = places.contentFolder / name;
     if (fs::exists(from, error) && !fs::exists(folder / name, error)) CopyEntry(from, folder / name);
   }
+  TakeNewer(places.contentFolder / kHelp, folder / kHelp);
+  TakeNewerPacks(places.contentFolder / kPacks, folder / kPacks);
   return folder;
 }
 

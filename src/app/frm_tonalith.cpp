@@ -17,6 +17,7 @@
 #include "controls/theme.h"
 #include "core/deferred_failure.h"
 #include "editor/frm_scales.h"
+#include "help/mod_html_help.h"
 
 namespace tonalith::app {
 namespace {
@@ -29,7 +30,10 @@ QString ToText(const data::Value& value) { return QString::fromStdString(value.T
 }  // namespace
 
 frmTonalith::frmTonalith(const FormServices& services)
-    : services_(services), desk_(c_, AudioFolder), playback_(services.sounds, desk_, services.events, services.msgBox) {
+    : services_(services),
+      desk_(c_, AudioFolder),
+      playback_(services.sounds, desk_, services.events, services.msgBox),
+      printing_(c_, *this, {services.printing, services.msgBox, [this] { Form_Paint(); }}) {
   setObjectName(QStringLiteral("frmTonalith"));
   setWindowTitle(QStringLiteral("Tonalith"));
   ApplyTheme();
@@ -40,7 +44,6 @@ frmTonalith::frmTonalith(const FormServices& services)
   layout()->setSizeConstraint(QLayout::SetFixedSize);
   ApplyInk(c_, palette());
   c_.fretboard->SetNotePlayer(&services_.notePlayer, services_.database.AppFolder());
-  c_.cmdPrint->setEnabled(false);
   BindControls();
   WireHandlers();
   AddRecordShortcuts();
@@ -75,16 +78,16 @@ void frmTonalith::WireHandlers() {
   connect(c_.cmdEdit, &QAbstractButton::clicked, this, &frmTonalith::cmdEdit_Click);
   connect(c_.cmdUpdate, &QAbstractButton::clicked, this, &frmTonalith::cmdUpdate_Click);
   connect(c_.cmdListen, &QAbstractButton::clicked, this, &frmTonalith::cmdListen_Click);
+  connect(c_.cmdPrint, &QAbstractButton::clicked, this, &frmTonalith::cmdPrint_Click);
   connect(c_.cmdInstall, &QAbstractButton::clicked, this, &frmTonalith::cmdInstall_Click);
   connect(m_.mEditor, &QAction::triggered, this, &frmTonalith::mEditor_Click);
   connect(m_.mUpdate, &QAction::triggered, this, &frmTonalith::mUpdate_Click);
   connect(m_.mSearch, &QAction::triggered, this, &frmTonalith::mSearch_Click);
   connect(m_.mListen, &QAction::triggered, this, &frmTonalith::mListen_Click);
+  connect(m_.mPrint, &QAction::triggered, this, &frmTonalith::mPrint_Click);
   connect(m_.mInstall, &QAction::triggered, this, &frmTonalith::mInstall_Click);
   connect(m_.mViewNotes, &QAction::triggered, this, &frmTonalith::mViewNotes_Click);
-  for (QAction* const entry : {m_.mEditor, m_.mUpdate, m_.mSearch, m_.mListen, m_.mInstall, m_.mViewNotes}) {
-    entry->setEnabled(true);
-  }
+  connect(m_.mHelpFile, &QAction::triggered, this, &frmTonalith::mHelpFile_Click);
 }
 
 void frmTonalith::AddRecordShortcuts() {
@@ -130,9 +133,10 @@ void frmTonalith::UpdateForm() {
   failure.Try([this] { c_.fretboard->HideNotes(); });
   failure.Try([this] { c_.fretboard->ShowNotes(c_.cmbTranspose->currentText().toStdString(), *this); });
   if (ShowNoteNames) failure.Try([this] { c_.fretboard->ShowNotesNames(); });
-  // Without a record there is nothing to play.
-  c_.cmdListen->setEnabled(c_.Data1->HasRecord());
-  m_.mListen->setEnabled(c_.Data1->HasRecord());
+  // Without a record there is nothing to play and nothing to print.
+  const bool hasRecord = c_.Data1->HasRecord();
+  for (QWidget* const button : {c_.cmdListen, c_.cmdPrint}) button->setEnabled(hasRecord);
+  for (QAction* const entry : {m_.mListen, m_.mPrint}) entry->setEnabled(hasRecord);
   failure.Clear();
 }
 
@@ -254,6 +258,14 @@ void frmTonalith::cmdListen_Click() {
 
 void frmTonalith::mListen_Click() { cmdListen_Click(); }
 
+void frmTonalith::cmdPrint_Click() { printing_.cmdPrint_Click(); }
+
+void frmTonalith::mPrint_Click() { cmdPrint_Click(); }
+
+void frmTonalith::mHelpFile_Click() {
+  help::OpenHelpFile(services_.database.AppFolder(), services_.msgBox, services_.help, winId());
+}
+
 void frmTonalith::mSearch_Click() {
   core::DeferredFailure failure;
   failure.Try([this] { search::RunSearch(frmSearch_, *c_.Data1, services_.msgBox, this); });
@@ -289,6 +301,7 @@ void frmTonalith::Form_LostFocus() {
 void frmTonalith::Form_Unload() {
   core::DeferredFailure failure;
   failure.Try([this] { frmSearch_.reset(); });
+  failure.Try([this] { printing_.Unload(); });
   ReleaseSound(failure);
   failure.ReportNumberAndDescription(services_.msgBox);
 }
@@ -320,12 +333,13 @@ void frmTonalith::keyPressEvent(QKeyEvent* event) {
 
 void frmTonalith::ApplyTheme() { setPalette(controls::WarmPalette(QApplication::palette())); }
 
-void frmTonalith::changeEvent(QEvent* event) {
-  QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::ApplicationPaletteChange) {
+bool frmTonalith::event(QEvent* event) {
+  // The application's palette does not reach changeEvent.
+  if (event->type() == QEvent::ApplicationPaletteChange && c_.printPic != nullptr) {
     ApplyTheme();
     ApplyInk(c_, palette());
   }
+  return QMainWindow::event(event);
 }
 
 bool frmTonalith::HasCurrentRecord() const { return c_.Data1->HasRecord(); }

@@ -17,6 +17,7 @@
 #include "app/main_controls.h"
 #include "app/main_menu.h"
 #include "app/playback_desk.h"
+#include "app/print_desk.h"
 #include "audio/scale_playback.h"
 #include "audio/sound_manager.h"
 #include "core/deferred_failure.h"
@@ -26,7 +27,9 @@
 #include "data/scale_database.h"
 #include "editor/scale_editor.h"
 #include "platform/event_pump.h"
+#include "platform/help_engine.h"
 #include "platform/note_player.h"
+#include "platform/print_service.h"
 #include "search/search_dialog.h"
 
 namespace tonalith::app {
@@ -38,6 +41,8 @@ struct FormServices {
   platform::NotePlayer& notePlayer;
   audio::SoundManager& sounds;
   platform::EventPump& events;
+  platform::PrintService& printing;
+  platform::HelpEngine& help;
 };
 
 class frmTonalith : public QMainWindow,
@@ -71,9 +76,14 @@ class frmTonalith : public QMainWindow,
   /// Plays the scale; returns when the playback is through. A failure that it leaves is cleared.
   void cmdListen_Click();
   void mListen_Click();
+  /// Shows the page as it will be printed, and prints it; returns when the preview is closed.
+  void cmdPrint_Click();
+  void mPrint_Click();
   /// One use of the search dialog; returns when it is closed.
   void mSearch_Click();
   void mViewNotes_Click();
+  /// Opens the help file, or says what is in the way.
+  void mHelpFile_Click();
 
   /// Whether a note is among those of the current scale, built on the start note `intTP`.
   bool NoteExistsInScoreScale(core::NoteNumber intTP, const std::string& strNoteVal);
@@ -93,7 +103,7 @@ class frmTonalith : public QMainWindow,
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
-  void changeEvent(QEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
   void Form_Load();
@@ -130,6 +140,7 @@ class frmTonalith : public QMainWindow,
   std::optional<data::Bookmark> current_;
   PlaybackDesk desk_;
   audio::ScalePlayback playback_;
+  PrintDesk printing_;
   QPointer<editor::frmScales> frmScales_;
   std::unique_ptr<search::SearchDialog> frmSearch_;
 };

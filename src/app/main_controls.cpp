@@ -85,8 +85,7 @@ void MakeAuxiliaries(MainControls& c, QWidget* client) {
   }
   c.txtScaleID = MakeHiddenText("txtScaleID", client);
   c.txtInterval = MakeHiddenText("txtInterval", client);
-  c.printPic = new QWidget(client);
-  c.printPic->setObjectName(QStringLiteral("printPic"));
+  c.printPic = new print::PictureBox(QStringLiteral("printPic"), client);
   c.printPic->hide();
 }
 

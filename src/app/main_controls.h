@@ -11,6 +11,7 @@
 #include "controls/fitting_label.h"
 #include "controls/panel_button.h"
 #include "core/msg_box.h"
+#include "print/picture_box.h"
 #include "views/fretboard_view.h"
 #include "views/staff_view.h"
 
@@ -38,7 +39,7 @@ struct MainControls {
   controls::PanelButton* cmdListen = nullptr;
   controls::PanelButton* cmdPrint = nullptr;
   controls::PanelButton* cmdInstall = nullptr;
-  QWidget* printPic = nullptr;
+  print::PictureBox* printPic = nullptr;
   views::FretboardView* fretboard = nullptr;
   views::StaffView* staff = nullptr;
 };

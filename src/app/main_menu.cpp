@@ -20,7 +20,6 @@ QAction* AddEntry(QMenu* menu, const char* name, const QString& caption, const Q
   QAction* const entry = menu->addAction(caption);
   entry->setObjectName(QLatin1String(name));
   entry->setShortcut(shortcut);
-  entry->setEnabled(false);
   return entry;
 }
 

@@ -10,11 +10,13 @@
 #include "app/m_main.h"
 #include "audio/octave_note_player.h"
 #include "core/deferred_failure.h"
+#include "help/window_help_engine.h"
 #include "platform/notices/notice_queue.h"
 #include "platform/openal/open_al_mixer.h"
 #include "platform/posix/posix_file_input.h"
 #include "platform/qt/qt_event_pump.h"
 #include "platform/qt/qt_msg_box.h"
+#include "platform/qt_print/qt_print_service.h"
 #include "platform/std/std_system.h"
 
 namespace tonalith::app {
@@ -27,7 +29,7 @@ std::string FindAppFolder(core::MsgBox& msgBox) {
   core::DeferredFailure failure;
   failure.Try([&] {
     const QString userData = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    folder = ResolveAppFolder({programFolder, programFolder, userData.toStdString()});
+    folder = ResolveAppFolder({programFolder, FindContentFolder(programFolder), userData.toStdString()});
   });
   failure.ReportNumberAndDescription(msgBox, core::MsgBoxStyle::kCritical);
   return folder.string();
@@ -73,8 +75,11 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   audio::SoundManager sounds(files, *output, notices, msgBox);
   audio::OctaveNotePlayer notePlayer(files, *output);
 
+  platform::QtPrintService printing;
+  help::WindowHelpEngine help(msgBox);
+
   data::ScaleDatabase database(FindAppFolder(msgBox), msgBox);
-  const auto window = Main({database, msgBox, notePlayer, sounds, events}, drives, directory);
+  const auto window = Main({database, msgBox, notePlayer, sounds, events, printing, help}, drives, directory);
   news.SetWindow(window.get());
   if (shown) shown(*window);
   const int exitCode = QApplication::exec();

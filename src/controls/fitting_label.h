@@ -33,6 +33,8 @@ class FittingLabel : public QLabel {
 
   /// The pixel size in which the present text is set.
   [[nodiscard]] int FittedPixelSize() const;
+  /// The same as a font.
+  [[nodiscard]] QFont FittedFont() const { return FontOf(FittedPixelSize()); }
   /// Whether the text is too long even at the smallest size.
   [[nodiscard]] bool IsElided() const;
 

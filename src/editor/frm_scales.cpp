@@ -146,9 +146,10 @@ void frmScales::ApplyTheme() {
   ApplyInk(c_, palette());
 }
 
-void frmScales::changeEvent(QEvent* event) {
-  QWidget::changeEvent(event);
+bool frmScales::event(QEvent* event) {
+  // The application's palette does not reach changeEvent.
   if (event->type() == QEvent::ApplicationPaletteChange && c_.keyboard != nullptr) ApplyTheme();
+  return QWidget::event(event);
 }
 
 bool frmScales::eventFilter(QObject* watched, QEvent* event) {

@@ -148,11 +148,13 @@ void frmSearch::ApplyTheme() {
   }
 }
 
-void frmSearch::changeEvent(QEvent* event) {
-  QDialog::changeEvent(event);
+bool frmSearch::event(QEvent* event) {
+  const bool isTaken = QDialog::event(event);
   const bool isWidgetReady = cmdCancel_ != nullptr;
   const auto type = event->type();
+  // The application's palette does not reach changeEvent.
   if (isWidgetReady && (type == QEvent::ApplicationPaletteChange || type == QEvent::FontChange)) ApplyTheme();
+  return isTaken;
 }
 
 void frmSearch::MoveClearOfTheName() {

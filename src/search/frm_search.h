@@ -49,7 +49,7 @@ class frmSearch : public QDialog, public SearchDialog {
 
  protected:
   void closeEvent(QCloseEvent* event) override { Form_QueryUnload(*event); }
-  void changeEvent(QEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
   class Watcher;

@@ -76,6 +76,10 @@ class FretboardView : public QWidget {
   /// The note that the Tab key leads to, -1 while no note is visible.
   [[nodiscard]] int TabStop() const { return tabStop_; }
 
+  /// The neck and the box that a fret's number is centred in, in pixels of the form's client area.
+  [[nodiscard]] NeckGeometry Geometry() const;
+  [[nodiscard]] QRectF FretNumberBox(int fret) const;
+
   /// Paints the neck, the visible notes and the fret numbers in pixels of the form's client area, for paper.
   void PaintView(QPainter& painter, const QColor& numberColour) const;
 
@@ -99,9 +103,7 @@ class FretboardView : public QWidget {
   [[nodiscard]] int FocusedNote() const;
   [[nodiscard]] std::vector<bool> VisibleNotes() const;
   [[nodiscard]] QWidget& ControlNamed(const std::string& name) const;
-  [[nodiscard]] NeckGeometry Geometry() const;
   void PaintFretNumbers(QPainter& painter, const QColor& colour) const;
-  [[nodiscard]] QRectF FretNumberBox(int fret) const;
   void PaintFocusRing(QPainter& painter) const;
 
   core::MsgBox& msgBox_;

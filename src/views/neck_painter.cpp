@@ -153,11 +153,63 @@ void PaintString(QPainter& painter, std::size_t index, double y, const NeckGeome
   painter.drawLine(QPointF(neck.stringsLeft, y), QPointF(neck.stringsRight, y));
 }
 
+// Inks of the outlined neck. The strings stay darker than the frets: the eye follows them to the discs.
+const QColor kBoardLine(0x6e, 0x64, 0x58);
+const QColor kFretLine(0x9c, 0x95, 0x8b);
+const QColor kInlayFill(0xe9, 0xe5, 0xdc);
+const QColor kInlayLine(0xcb, 0xc4, 0xb7);
+const QColor kNutFill(0x5c, 0x52, 0x47);
+const QColor kStringLine(0x5f, 0x5a, 0x54);
+
+void PaintOutlinedNeck(QPainter& painter, const NeckGeometry& neck) {
+  constexpr double kFretLineWidth = 1.5;
+  constexpr double kGaugeShare = 0.6;
+  constexpr double kBehindDiscs = 6;  // No end of a string looks out behind a disc of the open position.
+  painter.setPen(QPen(kInlayLine, 0.75));
+  painter.setBrush(kInlayFill);
+  for (const QPointF& inlay : neck.inlays) painter.drawEllipse(inlay, kInlayRadius, kInlayRadius);
+  for (const double fret : neck.frets) {
+    const QRectF wire(fret - kFretLineWidth / 2, neck.wood.top(), kFretLineWidth, neck.wood.height());
+    controls::FillSnapped(painter, wire, kFretLine);
+  }
+  painter.setPen(QPen(kBoardLine, 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRoundedRect(neck.wood, kWoodRadius, kWoodRadius);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(kNutFill);
+  painter.drawRoundedRect(neck.nut.adjusted(1, 0, -1, 0), 1.5, 1.5);
+  for (std::size_t index = 0; index < neck.strings.size(); ++index) {
+    const double gauge = kGaugeShare * kGauges.at(std::min(index, kGauges.size() - 1));
+    const double left = neck.stringsLeft + kBehindDiscs;
+    controls::FillSnapped(painter, {left, neck.strings[index] - gauge / 2, neck.stringsRight - left, gauge},
+                          kStringLine);
+  }
+}
+
+class NeckPicture : public controls::SurfacePicture {
+ public:
+  explicit NeckPicture(NeckGeometry neck) : neck_(std::move(neck)) {}
+  [[nodiscard]] std::string Name() const override { return "neck"; }
+  void PaintOn(QPainter& painter) const override { PaintNeck(painter, neck_, NeckLook::kPaper); }
+
+ private:
+  NeckGeometry neck_;
+};
+
 }  // namespace
 
-void PaintNeck(QPainter& painter, const NeckGeometry& neck) {
+std::shared_ptr<const controls::SurfacePicture> NeckOnPaper(NeckGeometry neck) {
+  return std::make_shared<const NeckPicture>(std::move(neck));
+}
+
+void PaintNeck(QPainter& painter, const NeckGeometry& neck, NeckLook look) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
+  if (look == NeckLook::kPaper) {
+    PaintOutlinedNeck(painter, neck);
+    painter.restore();
+    return;
+  }
   PaintWood(painter, neck.wood);
   for (const QPointF& inlay : neck.inlays) PaintInlay(painter, inlay);
   for (const double fret : neck.frets) PaintFret(painter, fret, neck.wood);

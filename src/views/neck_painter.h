@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Paints the guitar neck: rosewood, inlays, fret wire, nut, and strings of growing gauge, from numbers alone. Vector
-// drawing at any resolution, the same in every theme. A pure function of its geometry; never fails.
+// Paints the guitar neck: rosewood, inlays, fret wire, nut, and strings of growing gauge, from numbers alone; for paper
+// the same neck in outline, which spares ink. Vector drawing at any resolution, the same in every theme. A pure
+// function of its geometry; never fails.
 
 #pragma once
 
 #include <QPointF>
 #include <QRectF>
+#include <memory>
 #include <vector>
 
-class QPainter;
+#include "controls/drawing_surface.h"
 
 namespace tonalith::views {
 
@@ -25,6 +27,11 @@ struct NeckGeometry {
   double stringsRight = 0;
 };
 
-void PaintNeck(QPainter& painter, const NeckGeometry& neck);
+enum class NeckLook { kWood, kPaper };
+
+void PaintNeck(QPainter& painter, const NeckGeometry& neck, NeckLook look = NeckLook::kWood);
+
+/// The neck for paper as a picture that stands by itself, placed as the geometry says.
+std::shared_ptr<const controls::SurfacePicture> NeckOnPaper(NeckGeometry neck);
 
 }  // namespace tonalith::views

@@ -21,6 +21,43 @@ constexpr double kCardMargin = 8;
 /// How far the staff lines run on behind the last note of a scale that is longer than they are.
 constexpr double kLinesBehindLastNote = 10;
 
+void PaintStaff(QPainter& painter, const controls::RecordingSurface& drawing) {
+  const QRectF card = StaffView::DesignRect();
+  const double linesEnd = controls::TwipsToPixels(staff::kRight);
+  QRectF ink = drawing.InkBounds();
+  const bool longerThanLines = ink.right() > linesEnd;
+  if (longerThanLines) ink.setRight(ink.right() + kLinesBehindLastNote);
+  const QRectF room = card.adjusted(kCardMargin, kCardMargin, -kCardMargin, -kCardMargin);
+  painter.save();
+  if (!ink.isEmpty() && !room.contains(ink)) {
+    const double factor = std::min({1.0, room.width() / ink.width(), room.height() / ink.height()});
+    painter.translate(room.center());
+    painter.scale(factor, factor);
+    painter.translate(-ink.center());
+  }
+  if (longerThanLines) {
+    for (int line = 0; line < staff::kLines; ++line) {
+      controls::FillSnapped(painter, {linesEnd, static_cast<double>(LineY(line)), ink.right() - linesEnd, 1},
+                            QColor(controls::ToRgb(controls::kInk)));
+    }
+  }
+  controls::PainterSurface surface(painter);
+  drawing.ReplayOn(surface);
+  painter.restore();
+}
+
+class StaffPicture : public controls::SurfacePicture {
+ public:
+  StaffPicture(std::string name, controls::RecordingSurface drawing)
+      : name_(std::move(name)), drawing_(std::move(drawing)) {}
+  [[nodiscard]] std::string Name() const override { return name_; }
+  void PaintOn(QPainter& painter) const override { PaintStaff(painter, drawing_); }
+
+ private:
+  std::string name_;
+  controls::RecordingSurface drawing_;
+};
+
 }  // namespace
 
 StaffView::StaffView(QWidget* parent) : QWidget(parent) {
@@ -51,29 +88,10 @@ void StaffView::Announce(const std::string& notes) {
   setAccessibleName(QStringLiteral("Treble clef:") + list);
 }
 
-void StaffView::PaintView(QPainter& painter) const {
-  const QRectF card = DesignRect();
-  const double linesEnd = controls::TwipsToPixels(staff::kRight);
-  QRectF ink = drawing_.InkBounds();
-  const bool longerThanLines = ink.right() > linesEnd;
-  if (longerThanLines) ink.setRight(ink.right() + kLinesBehindLastNote);
-  const QRectF room = card.adjusted(kCardMargin, kCardMargin, -kCardMargin, -kCardMargin);
-  painter.save();
-  if (!ink.isEmpty() && !room.contains(ink)) {
-    const double factor = std::min({1.0, room.width() / ink.width(), room.height() / ink.height()});
-    painter.translate(room.center());
-    painter.scale(factor, factor);
-    painter.translate(-ink.center());
-  }
-  if (longerThanLines) {
-    for (int line = 0; line < staff::kLines; ++line) {
-      controls::FillSnapped(painter, {linesEnd, static_cast<double>(LineY(line)), ink.right() - linesEnd, 1},
-                            QColor(controls::ToRgb(controls::kInk)));
-    }
-  }
-  controls::PainterSurface surface(painter);
-  drawing_.ReplayOn(surface);
-  painter.restore();
+void StaffView::PaintView(QPainter& painter) const { PaintStaff(painter, drawing_); }
+
+std::shared_ptr<const controls::SurfacePicture> StaffView::Picture() const {
+  return std::make_shared<const StaffPicture>(accessibleName().toStdString(), drawing_);
 }
 
 void StaffView::paintEvent(QPaintEvent* /*event*/) {

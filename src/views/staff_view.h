@@ -10,6 +10,7 @@
 
 #include <QWidget>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,8 @@ class StaffView : public QWidget {
   /// Paints the drawing in pixels of the form's client area without the card, for paper. Drawings that are larger than
   /// the card are scaled as on the screen.
   void PaintView(QPainter& painter) const;
+  /// The same as a picture that stands by itself and does not change with the view.
+  [[nodiscard]] std::shared_ptr<const controls::SurfacePicture> Picture() const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -7,6 +7,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <sstream>
@@ -97,6 +98,66 @@ TEST_F(AppFolder, CopiedDatabaseCanBeWrittenThoughTheInstalledOneCannot) {
   const int result =
       AsOrdinaryUser([&] { return ::access((home_ / "tonalith" / "TonalithDB97.mdb").c_str(), W_OK) == 0 ? 0 : 1; });
   EXPECT_EQ(result, 0);
+}
+
+/// An installation: the program in one folder, its content in another. Root may write to both and must not.
+class Installation : public AppFolder {
+ protected:
+  Installation() {
+    Write(bin_ / "tonalith", "the program");
+    Write(shared_ / "TonalithDB97.mdb", "shipped");
+    Write(shared_ / "TLHELP.chm", "help of today");
+    Write(shared_ / "DataPacks" / "jazz.mdb", "pack of today");
+    Write(shared_ / "Audio" / "0.wav", "C");
+  }
+  fs::path Resolve() { return ResolveAppFolder({bin_, FindContentFolder(bin_), home_}); }
+  /// Installs a later state of a file.
+  static void Upgrade(const fs::path& path, const std::string& text) {
+    const fs::file_time_type before = fs::last_write_time(path);
+    Write(path, text);
+    fs::last_write_time(path, before + std::chrono::hours(1));
+  }
+
+  fs::path bin_ = temp_.Path() / "usr" / "bin";
+  fs::path shared_ = temp_.Path() / "usr" / "share" / "tonalith";
+  fs::path own_ = home_ / "tonalith";
+};
+
+TEST_F(Installation, ContentIsBesideTheProgramOrInTheSharedFolder) {
+  EXPECT_EQ(FindContentFolder(bin_), shared_);
+  EXPECT_EQ(FindContentFolder(program_), program_);
+  EXPECT_EQ(FindContentFolder(temp_.Path() / "nowhere" / "bin"), temp_.Path() / "nowhere" / "bin");
+}
+
+TEST_F(Installation, GivesEveryUserAFolderEvenWhereTheProgramsOwnCouldBeWritten) {
+  EXPECT_EQ(Resolve(), own_);
+  EXPECT_EQ(Read(own_ / "TonalithDB97.mdb"), "shipped");
+  EXPECT_FALSE(fs::exists(bin_ / "TonalithDB97.mdb"));
+}
+
+TEST_F(Installation, NewerOneBringsItsHelpAndPacksAndLeavesTheUsersOwn) {
+  Resolve();
+  Write(own_ / "TonalithDB97.mdb", "the user's own scales");
+  Write(own_ / "DataPacks" / "mine.mdb", "the user's own pack");
+  Write(own_ / "Audio" / "0.wav", "the user's own C");
+  for (const char* const name : {"TonalithDB97.mdb", "TLHELP.chm", "DataPacks/jazz.mdb", "Audio/0.wav"}) {
+    Upgrade(shared_ / name, "of tomorrow");
+  }
+  Write(shared_ / "DataPacks" / "world.mdb", "new pack");
+  Resolve();
+  EXPECT_EQ(Read(own_ / "TonalithDB97.mdb"), "the user's own scales");
+  EXPECT_EQ(Read(own_ / "Audio" / "0.wav"), "the user's own C");
+  EXPECT_EQ(Read(own_ / "TLHELP.chm"), "of tomorrow");
+  EXPECT_EQ(Read(own_ / "DataPacks" / "jazz.mdb"), "of tomorrow");
+  EXPECT_EQ(Read(own_ / "DataPacks" / "world.mdb"), "new pack");
+  EXPECT_EQ(Read(own_ / "DataPacks" / "mine.mdb"), "the user's own pack");
+}
+
+TEST_F(Installation, TheSameOneCopiesNothingAgain) {
+  Resolve();
+  Write(own_ / "TLHELP.chm", "changed by the user");
+  Resolve();
+  EXPECT_EQ(Read(own_ / "TLHELP.chm"), "changed by the user");
 }
 
 TEST_F(AppFolder, NoPlaceForTheUsersFolderIsAFailureThatNamesIt) {

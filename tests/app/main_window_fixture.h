@@ -17,6 +17,8 @@
 #include "platform/notices/notice_queue.h"
 #include "platform/posix/posix_file_input.h"
 #include "platform/qt/qt_event_pump.h"
+#include "platform/scripted/scripted_help_engine.h"
+#include "platform/scripted/scripted_printer.h"
 #include "platform/silent/silent_mixer.h"
 #include "support/temp_folder.h"
 
@@ -63,6 +65,9 @@ class MainWindowTest : public testing::Test {
   platform::PosixFileInput files_;
   platform::NoticeQueue notices_;
   platform::QtEventPump events_;
+  platform::PrintScript printed_;
+  platform::ScriptedPrintService printing_{printed_};
+  platform::ScriptedHelpEngine help_;
   std::unique_ptr<platform::QtNoticeJoint> joint_;
   std::unique_ptr<platform::WaveOutput> output_;
   std::unique_ptr<audio::SoundManager> sounds_;

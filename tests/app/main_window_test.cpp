@@ -174,14 +174,17 @@ TEST_F(MainWindowTest, NoteTestAsksForTheCurrentScaleById) {
   EXPECT_FALSE(Window().NoteExistsInScoreScale(0, "F"));
 }
 
-TEST_F(MainWindowTest, CommandsWithoutAWingAreShownDisabled) {
+TEST_F(MainWindowTest, EveryCommandCanBeChosen) {
   MakeDatabase(kThree);
   Start();
-  EXPECT_TRUE(C().cmdPrint->isVisible());
-  EXPECT_FALSE(C().cmdPrint->isEnabled());
-  const MainMenu& m = Window().Menu();
-  for (const QAction* const entry : {m.mPrint, m.mHelpFile}) {
-    EXPECT_FALSE(entry->isEnabled()) << entry->objectName().toStdString();
+  const MainControls& c = C();
+  for (const QWidget* const button : {c.cmdEdit, c.cmdUpdate, c.cmdListen, c.cmdPrint, c.cmdInstall}) {
+    EXPECT_TRUE(button->isVisible() && button->isEnabled()) << button->objectName().toStdString();
+  }
+  for (const QAction* const top : Window().menuBar()->actions()) {
+    for (const QAction* const entry : top->menu()->actions()) {
+      EXPECT_TRUE(entry->isEnabled()) << entry->objectName().toStdString();
+    }
   }
 }
 

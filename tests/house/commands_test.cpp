@@ -124,6 +124,7 @@ TEST(Packages, EveryLibraryThatTheBuildLooksForComesFromAPackageOfTheTable) {
                                                     {"PkgConfig", "pkg-config|pkgconf"},
                                                     {"OPENAL", "libopenal-dev"},
                                                     {"LIBMDB", "mdbtools-dev"},
+                                                    {"Chm", "libchm-dev"},
                                                     {"Threads", "g++"},
                                                     {"Svg", "qt6-svg-dev"},
                                                     {"Python3", "python3-gi"}};

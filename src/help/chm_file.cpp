@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "help/chm_file.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <system_error>
+
+#include "data/data_failure.h"
+#include "help/chm_reader.h"
+#include "help/chm_stream.h"
+
+namespace tonalith::help {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What the headers of the smallest file take.
+constexpr std::uint64_t kSmallestChmFile = 96;
+
+core::Failure Damaged() { return data::Unspecified("it is truncated or damaged"); }
+
+class StreamReader {
+ public:
+  explicit StreamReader(const std::function<std::size_t(std::span<std::uint8_t>)>& source) : source_(source) {}
+
+  ChmObjects ReadAll() {
+    ChmObjects objects;
+    while (const std::uint8_t mark = Byte()) {
+      if (mark == kChmEndMark) return objects;
+      if (mark != kChmObjectMark || objects.size() >= kMostChmObjects) break;
+      const std::uint64_t pathLength = Length(kLongestChmPath);
+      const std::uint64_t length = Length(std::min(kLargestChmObject, kLargestChmContent - content_));
+      content_ += length;
+      std::string path = Bytes(pathLength);
+      objects.insert_or_assign(std::move(path), Bytes(length));
+    }
+    throw Damaged();
+  }
+
+ private:
+  std::uint64_t Length(std::uint64_t highest) {
+    std::uint64_t length = 0;
+    for (std::size_t i = 0; i < kChmLengthSize; ++i) length |= std::uint64_t{Byte()} << (8 * i);
+    if (length > highest) throw Damaged();
+    return length;
+  }
+
+  /// Grows with what comes, not with what was promised.
+  std::string Bytes(std::uint64_t length) {
+    std::string bytes;
+    while (bytes.size() < length) {
+      Fill();
+      const std::size_t size = std::min<std::size_t>(end_ - at_, static_cast<std::size_t>(length) - bytes.size());
+      bytes.append(buffer_.begin() + static_cast<std::ptrdiff_t>(at_),
+                   buffer_.begin() + static_cast<std::ptrdiff_t>(at_ + size));
+      at_ += size;
+    }
+    return bytes;
+  }
+
+  std::uint8_t Byte() {
+    Fill();
+    return buffer_[at_++];
+  }
+
+  void Fill() {
+    if (at_ < end_) return;
+    at_ = 0;
+    end_ = source_(buffer_);
+    if (end_ == 0 || end_ > buffer_.size()) throw Damaged();
+  }
+
+  const std::function<std::size_t(std::span<std::uint8_t>)>& source_;
+  std::array<std::uint8_t, std::size_t{64} << 10> buffer_{};
+  std::size_t at_ = 0;
+  std::size_t end_ = 0;
+  std::uint64_t content_ = 0;
+};
+
+void RequireLikelySize(const std::string& path) {
+  std::error_code error;
+  if (!fs::is_regular_file(path, error)) throw data::Unspecified("it is no file");
+  const std::uint64_t size = fs::file_size(path, error);
+  if (error) throw data::Unspecified(error.message());
+  if (size < kSmallestChmFile) throw Damaged();
+  if (size > kLargestChmFile) throw data::Unspecified("it is larger than a help file can be");
+}
+
+}  // namespace
+
+ChmObjects ReadChmStream(const std::function<std::size_t(std::span<std::uint8_t>)>& source) {
+  return StreamReader(source).ReadAll();
+}
+
+ChmObjects ReadChmFile(const std::string& path, const data::ReadingLimits& limits) {
+  try {
+    RequireLikelySize(path);
+    data::ReadingProcess process([&path](int pipe) { WriteChmObjects(path, pipe); }, limits);
+    return ReadChmStream([&process](std::span<std::uint8_t> buffer) { return process.Read(buffer); });
+  } catch (const core::Failure& failure) {
+    throw core::Failure(failure.Number(), "The file '" + path + "' cannot be read: " + failure.Description() + ".");
+  }
+}
+
+}  // namespace tonalith::help

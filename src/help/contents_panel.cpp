@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "help/contents_panel.h"
+
+#include <QSignalBlocker>
+#include <QTreeWidgetItemIterator>
+
+#include "help/roomy_rows.h"
+
+namespace tonalith::help {
+namespace {
+
+constexpr int kPageRole = Qt::UserRole;
+constexpr int kAnchorRole = Qt::UserRole + 1;
+
+}  // namespace
+
+ContentsPanel::ContentsPanel(QWidget* parent) : QTreeWidget(parent) {
+  setObjectName(QStringLiteral("HelpContents"));
+  setAccessibleName(tr("Contents"));
+  setHeaderHidden(true);
+  setFrameShape(QFrame::NoFrame);
+  setUniformRowHeights(true);
+  setItemDelegate(new RoomyRows(this));
+  connect(this, &QTreeWidget::itemClicked, this, &ContentsPanel::Choose);
+  connect(this, &QTreeWidget::itemActivated, this, &ContentsPanel::Choose);
+}
+
+void ContentsPanel::SetBook(const HelpBook& book) {
+  const QSignalBlocker quiet(this);
+  clear();
+  std::vector<QTreeWidgetItem*> parents;
+  for (const ContentsEntry& entry : book.Contents()) {
+    const std::size_t depth = std::min(static_cast<std::size_t>(entry.depth), parents.size());
+    parents.resize(depth);
+    auto* const item = parents.empty() ? new QTreeWidgetItem(this) : new QTreeWidgetItem(parents.back());
+    item->setText(0, QString::fromStdString(entry.title));
+    item->setToolTip(0, item->text(0));
+    if (entry.place) {
+      item->setData(0, kPageRole, QString::fromStdString(entry.place->page));
+      item->setData(0, kAnchorRole, QString::fromStdString(entry.place->anchor));
+    }
+    parents.push_back(item);
+  }
+  // A short list of contents is seen whole.
+  constexpr std::size_t kShort = 60;
+  if (book.Contents().size() <= kShort) {
+    expandAll();
+  } else {
+    expandToDepth(0);
+  }
+}
+
+HelpPlace ContentsPanel::PlaceOf(const QTreeWidgetItem* item) const {
+  return {item->data(0, kPageRole).toString().toStdString(), item->data(0, kAnchorRole).toString().toStdString()};
+}
+
+void ContentsPanel::ShowPlace(const HelpPlace& place) {
+  const QSignalBlocker quiet(this);
+  QTreeWidgetItem* ofPage = nullptr;
+  for (QTreeWidgetItemIterator at(this); *at != nullptr; ++at) {
+    const HelpPlace candidate = PlaceOf(*at);
+    if (candidate == place) {
+      ofPage = *at;
+      break;
+    }
+    if (ofPage == nullptr && candidate.page == place.page) ofPage = *at;
+  }
+  setCurrentItem(ofPage);
+  if (ofPage != nullptr) scrollToItem(ofPage);
+}
+
+void ContentsPanel::Choose(QTreeWidgetItem* item) {
+  const HelpPlace place = PlaceOf(item);
+  if (!place.page.empty()) {
+    Q_EMIT PlaceChosen(place);
+  } else {
+    item->setExpanded(true);
+  }
+}
+
+}  // namespace tonalith::help

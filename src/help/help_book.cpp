@@ -1,0 +1,155 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "help/help_book.h"
+
+#include <algorithm>
+
+#include "data/data_failure.h"
+#include "help/help_address.h"
+#include "help/markup.h"
+#include "help/site_map.h"
+
+namespace tonalith::help {
+namespace {
+
+/// For a title the page has to be read.
+constexpr std::size_t kMostTitlesAtOnce = 200;
+
+bool IsPagePath(std::string_view path) { return path.ends_with(".htm") || path.ends_with(".html"); }
+
+bool IsOutside(const std::string& scheme) { return scheme == "http" || scheme == "https" || scheme == "mailto"; }
+
+/// A link that a list of the file gives, seen from the top of the file.
+HelpPlace PlaceOf(std::string_view local) {
+  local = WithoutStore(local);
+  const std::size_t mark = std::min(local.find('#'), local.size());
+  HelpPlace place{ResolvedPath("/", PercentDecoded(local.substr(0, mark))), {}};
+  if (mark < local.size()) place.anchor = PercentDecoded(local.substr(mark + 1));
+  return place;
+}
+
+}  // namespace
+
+HelpBook::HelpBook(ChmObjects objects) {
+  while (!objects.empty()) {
+    auto object = objects.extract(objects.begin());
+    objects_.insert_or_assign(ResolvedPath("/", object.key()), std::move(object.mapped()));
+  }
+  ChmSettings settings;
+  if (const std::string* const system = Object("/#system")) settings = ReadChmSettings(*system);
+  ReadContents(ListPath(settings.contents, ".hhc"));
+  ReadIndex(ListPath(settings.index, ".hhk"));
+  ListPages();
+  defaultPlace_ = FindDefault(settings.defaultTopic);
+  title_ = Collapsed(settings.title);
+  if (title_.empty()) title_ = TitleOf(defaultPlace_.page);
+}
+
+const std::string* HelpBook::Object(const std::string& path) const {
+  const auto found = objects_.find(path);
+  return found == objects_.end() ? nullptr : &found->second;
+}
+
+std::string HelpBook::ListPath(const std::string& named, std::string_view ending) const {
+  std::string path = ResolvedPath("/", named);
+  if (!named.empty() && Object(path) != nullptr) return path;
+  const auto found = std::find_if(objects_.begin(), objects_.end(),
+                                  [&](const auto& object) { return object.first.ends_with(ending); });
+  return found == objects_.end() ? std::string() : found->first;
+}
+
+void HelpBook::ReadContents(const std::string& path) {
+  const std::string* const list = Object(path);
+  if (list == nullptr) return;
+  for (const SiteMapEntry& entry : ReadSiteMap(*list)) {
+    std::optional<HelpPlace> place;
+    if (!entry.targets.empty()) place = PlaceOf(entry.targets.front().local);
+    contents_.push_back({entry.depth, entry.name, place});
+  }
+}
+
+void HelpBook::ReadIndex(const std::string& path) {
+  const std::string* const list = Object(path);
+  if (list == nullptr) return;
+  for (const SiteMapEntry& entry : ReadSiteMap(*list)) {
+    IndexEntry& added = index_.emplace_back(IndexEntry{entry.depth, entry.name, {}});
+    for (const SiteMapTarget& target : entry.targets) added.targets.push_back({target.title, PlaceOf(target.local)});
+  }
+}
+
+void HelpBook::ListPages() {
+  const auto add = [this](const std::string& path) {
+    if (Object(path) != nullptr && isPage_.insert(path).second) pages_.push_back(path);
+  };
+  for (const ContentsEntry& entry : contents_) {
+    if (entry.place) add(entry.place->page);
+  }
+  for (const auto& [path, bytes] : objects_) {
+    if (IsPagePath(path)) add(path);
+  }
+  // A file without contents shows all that it has.
+  if (!contents_.empty()) return;
+  const bool isShort = pages_.size() <= kMostTitlesAtOnce;
+  for (const std::string& path : pages_) {
+    contents_.push_back({0, isShort ? TitleOf(path) : path, HelpPlace{path, {}}});
+  }
+}
+
+bool HelpBook::HasPage(const HelpPlace& place) const { return isPage_.contains(place.page); }
+
+HelpPlace HelpBook::FindDefault(const std::string& named) const {
+  std::vector<HelpPlace> candidates;
+  if (!named.empty()) candidates.push_back(PlaceOf(named));
+  for (const ContentsEntry& entry : contents_) {
+    if (entry.place) candidates.push_back(*entry.place);
+  }
+  candidates.push_back({"/index.htm", {}});
+  candidates.push_back({"/index.html", {}});
+  const auto found =
+      std::find_if(candidates.begin(), candidates.end(), [this](const HelpPlace& place) { return HasPage(place); });
+  if (found == candidates.end()) throw data::Unspecified("The help file has no page to open at.");
+  return *found;
+}
+
+const HelpPage* HelpBook::Page(const std::string& path) const {
+  const auto kept = read_.find(path);
+  if (kept != read_.end()) return &kept->second;
+  const std::string* const bytes = Object(path);
+  if (bytes == nullptr || !HasPage({path, {}})) return nullptr;
+  return &read_.emplace(path, ReadHelpPage(*bytes)).first->second;
+}
+
+std::string HelpBook::TitleOf(const std::string& path) const {
+  const HelpPage* const page = Page(path);
+  if (page != nullptr && !page->title.empty()) return page->title;
+  const auto entry = std::find_if(contents_.begin(), contents_.end(), [&](const ContentsEntry& candidate) {
+    return candidate.place && candidate.place->page == path;
+  });
+  return entry == contents_.end() ? path : entry->title;
+}
+
+HelpLink HelpBook::Follow(const std::string& page, const std::string& link) const {
+  HelpLink followed;
+  const std::string_view address = WithoutStore(link);
+  const std::string scheme = SchemeOf(address);
+  if (!scheme.empty() || address.substr(0, 2) == "//") {
+    if (IsOutside(scheme)) followed.kind = HelpLink::Kind::kOutside;
+    followed.address = link;
+    return followed;
+  }
+  const std::size_t mark = std::min(address.find('#'), address.size());
+  const std::string path = PercentDecoded(address.substr(0, std::min(address.find('?'), mark)));
+  followed.place.page = path.empty() ? page : ResolvedPath(page, path);
+  if (mark < address.size()) followed.place.anchor = PercentDecoded(address.substr(mark + 1));
+  followed.kind = HasPage(followed.place) ? HelpLink::Kind::kInside : HelpLink::Kind::kMissing;
+  return followed;
+}
+
+const std::string* HelpBook::Attached(const std::string& page, const std::string& source) const {
+  const std::string_view address = WithoutStore(source);
+  if (!SchemeOf(address).empty() || address.substr(0, 2) == "//") return nullptr;
+  return Object(ResolvedPath(page, PercentDecoded(address)));
+}
+
+}  // namespace tonalith::help

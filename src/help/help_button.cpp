@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "help/help_button.h"
+
+#include <QKeySequence>
+#include <QPainter>
+#include <QPainterPath>
+
+#include "controls/colours.h"
+
+namespace tonalith::help {
+namespace {
+
+using Sign = HelpButton::Sign;
+
+/// A line through points of a field of 16 by 16 around the middle.
+void Line(QPainter& painter, std::initializer_list<QPointF> points) {
+  painter.drawPolyline(QPolygonF(QList<QPointF>(points)));
+}
+
+void PaintArrow(QPainter& painter, double turn) {
+  painter.rotate(turn);
+  Line(painter, {{6, 0}, {-5.5, 0}});
+  Line(painter, {{-0.5, -5}, {-5.5, 0}, {-0.5, 5}});
+}
+
+void PaintChevron(QPainter& painter, double turn) {
+  painter.rotate(turn);
+  Line(painter, {{-5, 2.5}, {0, -2.5}, {5, 2.5}});
+}
+
+void PaintHome(QPainter& painter) {
+  Line(painter, {{-7, 0.5}, {0, -6}, {7, 0.5}});
+  Line(painter, {{-4.5, -1}, {-4.5, 6}, {4.5, 6}, {4.5, -1}});
+}
+
+void PaintFind(QPainter& painter) {
+  painter.drawEllipse(QPointF(-1.5, -1.5), 4.5, 4.5);
+  Line(painter, {{2, 2}, {6, 6}});
+}
+
+/// A letter A of the size that the button makes, and a sign for the direction.
+void PaintLetter(QPainter& painter, bool isLarger) {
+  const double height = isLarger ? 6.5 : 4.5;
+  const double foot = 5.5;
+  const double top = foot - 2 * height * 0.85;
+  const double half = height * 0.72;
+  Line(painter, {{-3 - half, foot}, {-3, top}, {-3 + half, foot}});
+  Line(painter, {{-3 - half * 0.6, foot - height * 0.62}, {-3 + half * 0.6, foot - height * 0.62}});
+  Line(painter, {{3.5, -3}, {8, -3}});
+  if (isLarger) Line(painter, {{5.75, -5.25}, {5.75, -0.75}});
+}
+
+void PaintSign(QPainter& painter, Sign sign) {
+  switch (sign) {
+    case Sign::kBack:
+      return PaintArrow(painter, 0);
+    case Sign::kForward:
+      return PaintArrow(painter, 180);
+    case Sign::kHome:
+      return PaintHome(painter);
+    case Sign::kFind:
+      return PaintFind(painter);
+    case Sign::kSmaller:
+      return PaintLetter(painter, false);
+    case Sign::kLarger:
+      return PaintLetter(painter, true);
+    case Sign::kUp:
+      return PaintChevron(painter, 0);
+    case Sign::kDown:
+      return PaintChevron(painter, 180);
+    case Sign::kClose:
+      Line(painter, {{-4.5, -4.5}, {4.5, 4.5}});
+      Line(painter, {{-4.5, 4.5}, {4.5, -4.5}});
+      return;
+  }
+}
+
+}  // namespace
+
+HelpButton::HelpButton(Sign sign, const QString& name, const QKeySequence& keys, QWidget* parent)
+    : QAbstractButton(parent), sign_(sign) {
+  setAccessibleName(name);
+  const QString shortcut = keys.toString(QKeySequence::NativeText);
+  setToolTip(shortcut.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(name, shortcut));
+  // A click leaves the focus where it is read.
+  setFocusPolicy(Qt::TabFocus);
+  setAttribute(Qt::WA_Hover);
+}
+
+QSize HelpButton::sizeHint() const { return {36, 34}; }
+
+void HelpButton::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QColor ink = palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText);
+  const QRectF box = QRectF(rect()).adjusted(2, 2, -2, -2);
+  if (isEnabled() && (underMouse() || isDown())) {
+    QColor wash = ink;
+    wash.setAlphaF(isDown() ? 0.16F : 0.07F);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(wash);
+    painter.drawRoundedRect(box, 5, 5);
+  }
+  painter.setBrush(Qt::NoBrush);
+  if (hasFocus()) {
+    painter.setPen(QPen(QColor(controls::kAccent), 2));
+    painter.drawRoundedRect(box.adjusted(1, 1, -1, -1), 5, 5);
+  }
+  painter.translate(QRectF(rect()).center());
+  QColor line = ink;
+  if (!isEnabled()) line.setAlphaF(0.45F);
+  painter.setPen(QPen(line, 1.7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  PaintSign(painter, sign_);
+}
+
+}  // namespace tonalith::help

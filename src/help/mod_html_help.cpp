@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "help/mod_html_help.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "core/deferred_failure.h"
+
+namespace tonalith::help {
+namespace {
+
+using core::MsgBoxStyle;
+
+constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
+
+bool IsSeparator(char c) { return c == '/' || c == '\\'; }
+
+bool IsFile(const std::string& path) {
+  std::error_code error;
+  const auto status = std::filesystem::status(path, error);
+  return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+/// Whether the engine shows the file. What it throws counts as a refusal.
+bool Opens(platform::HelpEngine& engine, platform::HelpWindowHandle caller, const std::string& path) {
+  platform::HelpWindowHandle window = platform::kNoHelpWindow;
+  std::uint32_t lastError = 0;
+  core::DeferredFailure failure;
+  failure.Try([&] { window = engine.HtmlHelpA(caller, path, platform::kDisplayTopic, 0); });
+  failure.Try([&] { lastError = engine.LastError(); });
+  return window != platform::kNoHelpWindow && lastError == 0;
+}
+
+}  // namespace
+
+std::string HelpFilePath(const std::string& appFolder) {
+  std::string path = appFolder;
+  if (path.empty() || path.back() != kSeparator) path += kSeparator;
+  return path + "TLHELP.chm";
+}
+
+bool IsNetworkPath(std::string_view path) { return path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1]); }
+
+void OpenHelpFile(const std::string& appFolder, core::MsgBox& msgBox, platform::HelpEngine& engine,
+                  platform::HelpWindowHandle caller) {
+  const std::string path = HelpFilePath(appFolder);
+  if (!IsFile(path)) {
+    msgBox.Show("Cannot find help file:\n" + path, MsgBoxStyle::kCritical, "File Missing");
+    return;
+  }
+  if (IsNetworkPath(path)) {
+    msgBox.Show(
+        "Help files cannot be opened from a network share. "
+        "Please move the app to a local drive.",
+        MsgBoxStyle::kExclamation, {});
+    return;
+  }
+  if (!Opens(engine, caller, path)) {
+    msgBox.Show(
+        "The Help engine (hhctrl.ocx) failed to start. "
+        "Ensure the file is unblocked and local.",
+        MsgBoxStyle::kCritical, "API Error");
+  }
+}
+
+}  // namespace tonalith::help

@@ -1,0 +1,256 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "help/page_writer.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace tonalith::help {
+namespace {
+
+constexpr std::size_t kNone = std::string::npos;
+constexpr std::size_t kDeepest = 40;
+constexpr int kMostTables = 3;
+constexpr int kMostCells = 4000;
+constexpr int kMostCellsInRow = 24;
+constexpr int kWidestSpan = 24;
+constexpr int kLargestPicture = 4000;
+constexpr std::size_t kMostLinks = 5000;
+constexpr std::size_t kMostPictures = 500;
+constexpr std::size_t kLongestClass = 40;
+
+template <std::size_t kCount>
+using Names = std::array<std::string_view, kCount>;
+
+constexpr Names<14> kInline = {"b",   "strong", "i",    "em", "u",   "s",   "sub",
+                               "sup", "code",   "samp", "tt", "kbd", "var", "span"};
+constexpr Names<13> kBlocks = {"p", "h1", "h2", "h3", "h4", "h5", "h6", "pre", "ul", "ol", "li", "dt", "dd"};
+constexpr Names<14> kDivisions = {"div",   "section", "article",    "main",    "header", "footer",     "nav",
+                                  "aside", "figure",  "figcaption", "address", "center", "blockquote", "dl"};
+constexpr Names<5> kBoxes = {"note", "tip", "warning", "message", "example"};
+
+template <std::size_t kCount>
+bool Has(const Names<kCount>& names, std::string_view name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
+bool IsHeading(std::string_view tag) { return tag.size() == 2 && tag[0] == 'h' && tag[1] >= '1' && tag[1] <= '6'; }
+
+bool EndsLine(std::string_view tag) {
+  return Has(kBlocks, tag) || Has(kDivisions, tag) || tag == "br" || tag == "tr" || tag == "table" || tag == "hr";
+}
+
+/// A number in front of whatever follows it; 0 for none, for one of percents and for one out of range.
+int Number(const std::string& text, int highest) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const bool isShare = end != text.data() + text.size() && *end == '%';
+  return error != std::errc() || isShare || number < 0 || number > highest ? 0 : number;
+}
+
+/// The class names that can stand in a style sheet.
+std::string ClassOf(const MarkupPiece& piece) {
+  const std::string names = ToSmallLetters(piece.Attribute("class").substr(0, kLongestClass));
+  const bool isPlain = std::all_of(names.begin(), names.end(), [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-' || c == '_' || c == ' ';
+  });
+  return isPlain ? names : std::string();
+}
+
+std::string ClassAttribute(const std::string& names) { return names.empty() ? "" : " class=\"" + names + "\""; }
+
+/// The first box that the class names name.
+std::string_view BoxOf(const std::string& names) {
+  const std::string padded = " " + names + " ";
+  for (const std::string_view box : kBoxes) {
+    if (padded.find(" " + std::string(box) + " ") != kNone) return box;
+  }
+  return {};
+}
+
+std::string Tagged(std::string_view tag, const std::string& attributes) {
+  return "<" + std::string(tag) + attributes + ">";
+}
+
+}  // namespace
+
+void PageWriter::Take(const MarkupPiece& piece) {
+  switch (piece.kind) {
+    case MarkupPiece::Kind::kText:
+      return TakeText(piece.text);
+    case MarkupPiece::Kind::kOpen:
+      return Open(piece);
+    case MarkupPiece::Kind::kClose:
+      return Close(piece.text);
+  }
+}
+
+void PageWriter::Finish() {
+  PopTo(0);
+  page_.title = Collapsed(page_.title);
+  if (page_.title.empty()) page_.title = Collapsed(heading_);
+}
+
+void PageWriter::TakeText(const std::string& text) {
+  if (isInTitle_) {
+    page_.title += text;
+    return;
+  }
+  // Between the rows of a table there is nothing to be read; text there would come out before it.
+  if (!open_.empty() && (open_.back().tag == "table" || open_.back().tag == "tr")) return;
+  page_.html += EscapedForHtml(text);
+  page_.text += text;
+  if (isInHeading_) heading_ += text;
+}
+
+void PageWriter::Open(const MarkupPiece& piece) {
+  const std::string& tag = piece.text;
+  isInTitle_ = tag == "title";
+  if (EndsLine(tag)) EndLine();
+  if (tag == "link") {
+    if (ToSmallLetters(piece.Attribute("rel")) == "stylesheet" && page_.styleSheets.size() < 8) {
+      page_.styleSheets.push_back(piece.Attribute("href"));
+    }
+  } else if (tag == "br" || tag == "hr") {
+    page_.html += tag == "br" ? "<br>" : "<hr>";
+  } else if (tag == "img") {
+    WritePicture(piece);
+  } else if (tag == "a") {
+    OpenLink(piece);
+  } else if (tag == "table" || tag == "tr" || tag == "td" || tag == "th") {
+    OpenTableTag(piece);
+  } else if (Has(kInline, tag)) {
+    Push(tag, Tagged(tag, ClassAttribute(ClassOf(piece))), "</" + tag + ">");
+    WriteAnchor(piece);
+  } else if (Has(kBlocks, tag) || Has(kDivisions, tag) || tag == "caption") {
+    OpenBlock(piece);
+  }
+}
+
+void PageWriter::OpenBlock(const MarkupPiece& piece) {
+  const std::string& tag = piece.text;
+  // A paragraph ends where the next block begins, an item where the next one does.
+  if (const std::size_t at = FindOpen("p"); at != kNone) PopTo(at);
+  if (tag == "li") {
+    const std::size_t item = FindOpen("li");
+    const std::size_t unordered = FindOpen("ul");
+    const std::size_t ordered = FindOpen("ol");
+    const bool isInList = (unordered != kNone && unordered > item) || (ordered != kNone && ordered > item);
+    if (item != kNone && !isInList) PopTo(item);
+  }
+  if (tag == "dt" || tag == "dd") {
+    for (const char* const other : {"dt", "dd"}) {
+      if (const std::size_t at = FindOpen(other); at != kNone) PopTo(at);
+    }
+  }
+  const std::string names = ClassOf(piece);
+  const std::string_view box = tag == "pre" ? std::string_view("code") : BoxOf(names);
+  if (IsHeading(tag)) isInHeading_ = heading_.empty();
+  if (!box.empty() && tables_ < kMostTables) {
+    const std::string name(box);
+    const bool isCode = tag == "pre";
+    Push(tag, "<table class=\"box\" width=\"100%\"><tr><td class=\"" + name + "\">" + (isCode ? "<pre>" : ""),
+         std::string(isCode ? "</pre>" : "") + "</td></tr></table>");
+  } else {
+    const bool isKept = Has(kBlocks, tag);
+    const std::string written = isKept ? tag : "div";
+    const std::string own = tag == "caption" ? "tablecaption" : tag;
+    Push(tag, Tagged(written, ClassAttribute(isKept || !names.empty() ? names : own)), "</" + written + ">");
+  }
+  WriteAnchor(piece);
+}
+
+void PageWriter::OpenTableTag(const MarkupPiece& piece) {
+  const std::string& tag = piece.text;
+  if (tag == "table") {
+    if (const std::size_t at = FindOpen("p"); at != kNone) PopTo(at);
+    if (tables_ >= kMostTables || open_.size() + 3 > kDeepest) return;
+    const std::string names = ClassOf(piece);
+    Push(tag, Tagged(tag, ClassAttribute(names.empty() ? "grid" : names)), "</table>");
+    return;
+  }
+  const std::size_t table = FindOpen("table", true);
+  if (table == kNone) return;
+  std::size_t row = FindOpen("tr", true);
+  if (row != kNone && row < table) row = kNone;
+  if (tag == "tr") {
+    PopTo(table + 1);
+    cellsInRow_ = 0;
+    Push(tag, "<tr>", "</tr>");
+  } else if (row != kNone && cells_ < kMostCells && cellsInRow_ < kMostCellsInRow) {
+    PopTo(row + 1);
+    ++cells_;
+    ++cellsInRow_;
+    std::string attributes = ClassAttribute(ClassOf(piece));
+    for (const char* const span : {"colspan", "rowspan"}) {
+      const int count = Number(piece.Attribute(span), kWidestSpan);
+      if (count > 1) attributes += " " + std::string(span) + "=\"" + std::to_string(count) + "\"";
+    }
+    if (!page_.text.empty() && page_.text.back() != '\n') page_.text += ' ';
+    Push(tag, Tagged(tag, attributes), "</" + tag + ">");
+  }
+}
+
+void PageWriter::OpenLink(const MarkupPiece& piece) {
+  WriteAnchor(piece);
+  if (const std::size_t at = FindOpen("a"); at != kNone) PopTo(at);
+  const std::string& target = piece.Attribute("href");
+  if (target.empty() || page_.links.size() >= kMostLinks) return;
+  Push("a", "<a href=\"link:" + std::to_string(page_.links.size()) + "\">", "</a>");
+  page_.links.push_back(target);
+}
+
+void PageWriter::WriteAnchor(const MarkupPiece& piece) {
+  const std::string& id = piece.Attribute("id");
+  const std::string& name = piece.text == "a" && id.empty() ? piece.Attribute("name") : id;
+  if (!name.empty()) page_.html += "<a name=\"" + EscapedForHtml(name) + "\"></a>";
+}
+
+void PageWriter::WritePicture(const MarkupPiece& piece) {
+  const std::string& source = piece.Attribute("src");
+  if (source.empty() || page_.pictures.size() >= kMostPictures) return;
+  page_.html += "<img src=\"picture:" + std::to_string(page_.pictures.size()) + "\">";
+  page_.pictures.push_back({source, Number(piece.Attribute("width"), kLargestPicture),
+                            Number(piece.Attribute("height"), kLargestPicture), Collapsed(piece.Attribute("alt"))});
+}
+
+void PageWriter::Push(std::string_view tag, const std::string& opening, const std::string& closing) {
+  if (open_.size() >= kDeepest) return;
+  if (closing.ends_with("</table>")) ++tables_;
+  open_.push_back({std::string(tag), closing});
+  page_.html += opening;
+}
+
+void PageWriter::Close(std::string_view tag) {
+  if (tag == "title") isInTitle_ = false;
+  if (EndsLine(tag)) EndLine();
+  const std::size_t at = FindOpen(tag, tag == "table" || tag == "tr");
+  if (at != kNone) PopTo(at);
+}
+
+void PageWriter::PopTo(std::size_t depth) {
+  while (open_.size() > depth) {
+    const OpenTag& last = open_.back();
+    page_.html += last.closing;
+    if (last.closing.ends_with("</table>")) --tables_;
+    if (IsHeading(last.tag)) isInHeading_ = false;
+    open_.pop_back();
+  }
+}
+
+void PageWriter::EndLine() {
+  if (!page_.text.empty() && page_.text.back() != '\n') page_.text += '\n';
+}
+
+std::size_t PageWriter::FindOpen(std::string_view tag, bool beyondTables) const {
+  for (std::size_t at = open_.size(); at-- > 0;) {
+    if (open_[at].tag == tag) return at;
+    const bool isCell = open_[at].tag == "td" || open_[at].tag == "th";
+    if (isCell && !beyondTables) return kNone;
+  }
+  return kNone;
+}
+
+}  // namespace tonalith::help

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Takes the pieces of a topic and writes them into a HelpPage, keeping the result well-formed: what is open is closed,
+// what does not belong is left out while its text stays, and nesting, tables and attributes have limits, so that no
+// page can overwork whoever lays it out. One page each; one thread; never fails.
+
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "help/help_page.h"
+#include "help/markup.h"
+
+namespace tonalith::help {
+
+class PageWriter {
+ public:
+  explicit PageWriter(HelpPage& page) : page_(page) {}
+
+  void Take(const MarkupPiece& piece);
+  /// Closes what is open. Call it once, at the end.
+  void Finish();
+
+ private:
+  struct OpenTag {
+    std::string tag;
+    std::string closing;
+  };
+
+  void TakeText(const std::string& text);
+  void Open(const MarkupPiece& piece);
+  void Close(std::string_view tag);
+  void OpenTableTag(const MarkupPiece& piece);
+  void OpenBlock(const MarkupPiece& piece);
+  void OpenLink(const MarkupPiece& piece);
+  void WriteAnchor(const MarkupPiece& piece);
+  void WritePicture(const MarkupPiece& piece);
+  void Push(std::string_view tag, const std::string& opening, const std::string& closing);
+  void PopTo(std::size_t depth);
+  void EndLine();
+  /// The innermost open tag of that name, above the innermost open table; npos when there is none.
+  [[nodiscard]] std::size_t FindOpen(std::string_view tag, bool beyondTables = false) const;
+
+  HelpPage& page_;
+  std::vector<OpenTag> open_;
+  int tables_ = 0;
+  int cells_ = 0;
+  int cellsInRow_ = 0;
+  bool isInTitle_ = false;
+  bool isInHeading_ = false;
+  std::string heading_;
+};
+
+}  // namespace tonalith::help

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "help/window_help_engine.h"
+
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <memory>
+
+#include "core/deferred_failure.h"
+
+namespace tonalith::help {
+namespace {
+
+/// Reading takes a moment, and a damaged file may take seconds.
+class BusyPointer {
+ public:
+  BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
+  BusyPointer(const BusyPointer&) = delete;
+  BusyPointer& operator=(const BusyPointer&) = delete;
+};
+
+void BringToFront(QWidget& window) {
+  if (window.isMinimized()) window.showNormal();
+  window.show();
+  window.raise();
+  window.activateWindow();
+}
+
+}  // namespace
+
+WindowHelpEngine::WindowHelpEngine(core::MsgBox& msgBox, AddressOpener opener, const data::ReadingLimits& limits)
+    : msgBox_(msgBox), opener_(std::move(opener)), limits_(limits) {
+  if (!opener_) opener_ = [](const QUrl& url) { return QDesktopServices::openUrl(url); };
+}
+
+platform::HelpWindowHandle WindowHelpEngine::HtmlHelpA(platform::HelpWindowHandle caller, const std::string& file,
+                                                       std::uint32_t command, std::uintptr_t /*data*/) {
+  if (command != platform::kDisplayTopic) {
+    lastError_ = help_error::kInvalidParameter;
+    return platform::kNoHelpWindow;
+  }
+  lastError_ = help_error::kInvalidData;
+  std::shared_ptr<const HelpBook> book;
+  core::DeferredFailure failure;
+  failure.Try([&] {
+    const BusyPointer busy;
+    book = std::make_shared<const HelpBook>(ReadChmFile(file, limits_));
+  });
+  if (book == nullptr) return platform::kNoHelpWindow;
+  // A window that was closed is there until events are handled, but no longer the one to show.
+  if (window_.isNull() || !window_->isVisible()) window_ = new frmHelp(msgBox_, opener_, QWidget::find(caller));
+  window_->ShowBook(std::move(book));
+  BringToFront(*window_);
+  lastError_ = help_error::kNone;
+  return window_->winId();
+}
+
+}  // namespace tonalith::help

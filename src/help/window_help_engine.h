@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The help engine of this program: reads a compiled help file and shows it in the help window, of which there is one at
+// a time, owned by the window that called. A file that cannot be read is refused with a last error; a window that is
+// open already comes to the front at the file's default page. Lives as long as whoever calls it; user-interface thread.
+
+#pragma once
+
+#include <QPointer>
+#include <cstdint>
+#include <string>
+
+#include "core/msg_box.h"
+#include "help/chm_file.h"
+#include "help/frm_help.h"
+#include "platform/help_engine.h"
+
+namespace tonalith::help {
+
+/// What LastError tells.
+namespace help_error {
+inline constexpr std::uint32_t kNone = 0;
+inline constexpr std::uint32_t kInvalidData = 13;
+inline constexpr std::uint32_t kInvalidParameter = 87;
+}  // namespace help_error
+
+class WindowHelpEngine : public platform::HelpEngine {
+ public:
+  /// Addresses outside the file go to the system's own programs, or to `opener` where one is given.
+  explicit WindowHelpEngine(core::MsgBox& msgBox, AddressOpener opener = {},
+                            const data::ReadingLimits& limits = kChmReadingLimits);
+
+  platform::HelpWindowHandle HtmlHelpA(platform::HelpWindowHandle caller, const std::string& file,
+                                       std::uint32_t command, std::uintptr_t data) override;
+  [[nodiscard]] std::uint32_t LastError() const override { return lastError_; }
+
+  /// The help window, as long as it is open.
+  [[nodiscard]] frmHelp* Window() const { return window_.data(); }
+
+ private:
+  core::MsgBox& msgBox_;
+  AddressOpener opener_;
+  data::ReadingLimits limits_;
+  QPointer<frmHelp> window_;
+  std::uint32_t lastError_ = help_error::kNone;
+};
+
+}  // namespace tonalith::help

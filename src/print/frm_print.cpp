@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "print/frm_print.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPointer>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "controls/theme.h"
+#include "core/deferred_failure.h"
+#include "print/print_picture_to_size.h"
+
+namespace tonalith::print {
+namespace {
+
+using controls::PanelButton;
+using platform::Paper;
+using platform::PaperOrientation;
+using platform::PaperSize;
+
+/// Above and below a caption together.
+constexpr int kButtonMargins = 14;
+
+QLabel* MakeLabel(const char* name, const QString& text, QWidget* parent) {
+  auto* const label = new QLabel(text, parent);
+  label->setObjectName(QLatin1String(name));
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+QComboBox* MakeChoice(const char* name, const QString& accessibleName, const QStringList& entries, QWidget* parent) {
+  auto* const box = new QComboBox(parent);
+  box->setObjectName(QLatin1String(name));
+  box->setAccessibleName(accessibleName);
+  box->addItems(entries);
+  return box;
+}
+
+}  // namespace
+
+frmPrint::frmPrint(PrintOrder order, const PictureBox& page, QWidget* parent)
+    : QDialog(parent), order_(std::move(order)) {
+  setObjectName(QStringLiteral("frmPrint"));
+  setWindowTitle(tr("Print"));
+  MakeControls();
+  picPage_ = new PictureBox(QStringLiteral("picPage"), this);
+  picPage_->hide();
+  picPage_->resize(page.size());
+  BitBlt(picPage_->Surface(), 0, 0, page.Surface());
+  LayOut();
+  ApplyTheme();
+  core::DeferredFailure failure;
+  failure.Try([this] { cmbPaper_->setCurrentIndex(order_.printing.UsualPaperSize() == PaperSize::kLetter ? 1 : 0); });
+  failure.Clear();  // A4 stands there then.
+  UpdatePreview();
+  connect(cmbPaper_, &QComboBox::currentIndexChanged, this, &frmPrint::UpdatePreview);
+  connect(cmbOrientation_, &QComboBox::currentIndexChanged, this, &frmPrint::UpdatePreview);
+  connect(cmdPrint_, &QAbstractButton::clicked, this, &frmPrint::cmdPrint_Click);
+  connect(cmdPdf_, &QAbstractButton::clicked, this, &frmPrint::cmdPdf_Click);
+  connect(cmdCancel_, &QAbstractButton::clicked, this, &frmPrint::cmdCancel_Click);
+}
+
+frmPrint::~frmPrint() = default;
+
+void frmPrint::MakeControls() {
+  picture1_ = new PageView(QStringLiteral("Picture1"), QStringLiteral("Shape2"), this);
+  cmbPaper_ = MakeChoice("cmbPaper", tr("Paper"), {tr("A4"), tr("Letter")}, this);
+  lblPaper_ = MakeLabel("lblPaper", tr("Pa&per"), this);
+  lblPaper_->setBuddy(cmbPaper_);
+  cmbOrientation_ = MakeChoice("cmbOrientation", tr("Orientation"), {tr("Landscape"), tr("Portrait")}, this);
+  lblOrientation_ = MakeLabel("lblOrientation", tr("&Orientation"), this);
+  lblOrientation_->setBuddy(cmbOrientation_);
+  lblStatus_ = MakeLabel("lblStatus", {}, this);
+  lblStatus_->setWordWrap(true);
+  cmdPrint_ = new PanelButton(QStringLiteral("cmdPrint"), tr("P&rint..."), PanelButton::Kind::kMainAction, this);
+  cmdPdf_ = new PanelButton(QStringLiteral("cmdPdf"), tr("&Save as PDF..."), PanelButton::Kind::kOrdinary, this);
+  cmdCancel_ = new PanelButton(QStringLiteral("cmdCancel"), tr("Cancel"), PanelButton::Kind::kOrdinary, this);
+  cmdPrint_->setDefault(true);
+}
+
+void frmPrint::LayOut() {
+  auto* const rows = new QVBoxLayout(this);
+  rows->setContentsMargins(20, 14, 20, 18);
+  rows->setSpacing(12);
+  rows->addWidget(picture1_, 1);
+  rows->addWidget(lblStatus_);
+  auto* const bottom = new QHBoxLayout;
+  bottom->setSpacing(8);
+  bottom->addWidget(lblPaper_);
+  bottom->addWidget(cmbPaper_);
+  bottom->addSpacing(10);
+  bottom->addWidget(lblOrientation_);
+  bottom->addWidget(cmbOrientation_);
+  bottom->addSpacing(24);
+  bottom->addStretch(1);
+  bottom->addWidget(cmdPrint_);
+  bottom->addWidget(cmdPdf_);
+  bottom->addWidget(cmdCancel_);
+  rows->addLayout(bottom);
+  QWidget::setTabOrder(cmbPaper_, cmbOrientation_);
+  QWidget::setTabOrder(cmbOrientation_, cmdPrint_);
+  QWidget::setTabOrder(cmdPrint_, cmdPdf_);
+  QWidget::setTabOrder(cmdPdf_, cmdCancel_);
+  cmdPrint_->setFocus();
+  resize(760, 620);
+}
+
+void frmPrint::ApplyTheme() {
+  setPalette(controls::WarmPalette(QApplication::palette()));
+  QPalette ink = palette();
+  ink.setColor(QPalette::WindowText, controls::SecondaryInk(palette()));
+  lblStatus_->setPalette(ink);
+  for (PanelButton* const button : {cmdPrint_, cmdPdf_, cmdCancel_}) {
+    button->setMinimumHeight(button->fontMetrics().height() + kButtonMargins);
+  }
+}
+
+bool frmPrint::event(QEvent* event) {
+  const bool isTaken = QDialog::event(event);
+  const auto type = event->type();
+  const bool isLook =
+      type == QEvent::ApplicationPaletteChange || type == QEvent::ThemeChange || type == QEvent::FontChange;
+  const bool isReady = cmdCancel_ != nullptr;
+  if (isReady && isLook) ApplyTheme();
+  return isTaken;
+}
+
+Paper frmPrint::ChosenPaper() const {
+  return {cmbPaper_->currentIndex() == 1 ? PaperSize::kLetter : PaperSize::kA4,
+          cmbOrientation_->currentIndex() == 1 ? PaperOrientation::kPortrait : PaperOrientation::kLandscape};
+}
+
+QString frmPrint::PaperText() const {
+  return tr("%1, %2").arg(cmbPaper_->currentText(), cmbOrientation_->currentText().toLower());
+}
+
+void frmPrint::UpdatePreview() {
+  core::DeferredFailure failure;
+  failure.Try([this] {
+    const platform::Sheet sheet = order_.printing.SheetOf(ChosenPaper());
+    PreviewPrinter preview(sheet);
+    PrintPictureToSize({preview, order_.msgBox}, *this, *picPage_, order_.shares.size, order_.shares.vertical,
+                       order_.shares.horizontal);
+    picture1_->Show(sheet, preview.Painted());
+  });
+  const QString title = QString::fromStdString(order_.title);
+  picture1_->setAccessibleName(tr("Preview of the page: %1, %2").arg(title, PaperText()));
+  ShowPaper();
+  failure.ReportDescription(order_.msgBox);
+}
+
+void frmPrint::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  // Asking the system for its printers may take a while: the page is on the screen before.
+  if (!std::exchange(isPrinterKnown_, true)) QTimer::singleShot(0, this, &frmPrint::LookForPrinter);
+}
+
+void frmPrint::LookForPrinter() {
+  core::DeferredFailure failure;
+  hasPrinter_ = false;
+  failure.Try([this] { hasPrinter_ = order_.printing.HasPrinter(); });
+  failure.Clear();  // The dialog that prints will say what is wrong.
+  ShowPaper();
+}
+
+void frmPrint::ShowPaper() {
+  const QString page = tr("One page, %1.").arg(PaperText());
+  ShowStatus(hasPrinter_ ? page : page + tr(" No printer is set up here; the page can be saved as a PDF file."));
+}
+
+void frmPrint::ShowStatus(const QString& text) {
+  if (lblStatus_->text() == text) return;
+  lblStatus_->setText(text);
+  QAccessibleEvent alert(lblStatus_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
+void frmPrint::AskAndPrint(Question ask, AfterPrinting afterwards) {
+  if (std::exchange(isAsking_, true)) return;
+  const QPointer<frmPrint> self(this);
+  core::MsgBox& msgBox = order_.msgBox;
+  core::DeferredFailure failure;
+  failure.Try([&] {
+    const auto printer = (order_.printing.*ask)({order_.title, ChosenPaper()});
+    if (self.isNull() || printer == nullptr) return;
+    order_.print(*printer);
+    if (self.isNull()) return;
+    if (!printer->IsEnded()) {
+      ShowStatus(tr("Nothing was printed."));
+    } else if (afterwards == AfterPrinting::kClose) {
+      accept();
+    } else {
+      ShowStatus(tr("Saved as %1").arg(QString::fromStdString(printer->Destination())));
+      cmdCancel_->setText(tr("Close"));
+    }
+  });
+  if (!self.isNull()) isAsking_ = false;
+  failure.ReportDescription(msgBox);
+}
+
+void frmPrint::cmdPrint_Click() { AskAndPrint(&platform::PrintService::AskForPrinter, AfterPrinting::kClose); }
+
+void frmPrint::cmdPdf_Click() { AskAndPrint(&platform::PrintService::AskForPdfFile, AfterPrinting::kStay); }
+
+void frmPrint::cmdCancel_Click() { reject(); }
+
+void frmPrint::ShowModal() { exec(); }
+
+void frmPrint::BringToFront() {
+  raise();
+  activateWindow();
+}
+
+}  // namespace tonalith::print

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The commands of the main window that open another window, and the system's theme in all of them.
+
+#include <gmock/gmock.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+#include <fstream>
+
+#include "app/main_window_fixture.h"
+#include "controls/theme.h"
+#include "editor/frm_scales.h"
+#include "print/frm_print.h"
+#include "search/frm_search.h"
+
+namespace tonalith::app {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Message = core::RecordingMsgBox::Message;
+
+class Commands : public MainWindowTest {
+ protected:
+  ~Commands() override { QApplication::setPalette(QPalette()); }
+
+  /// Calls `open`, which returns when the window of that kind is closed, and does something once that is shown.
+  template <class Form, class Open, class Act>
+  void OpenAnd(Open open, Act act) {
+    QTimer wait;
+    QObject::connect(&wait, &QTimer::timeout, [&] {
+      auto* const form = Window().findChild<Form*>();
+      if (form == nullptr || !form->isVisible()) return;
+      wait.stop();
+      act(*form);
+      form->close();
+    });
+    wait.start(1);
+    open();
+    EXPECT_FALSE(wait.isActive()) << "the window was never shown";
+  }
+};
+
+TEST_F(Commands, PrintShowsThePreviewAndPrintsOnThePrinterThatIsChosen) {
+  MakeDatabase({{"Major", "2212221"}});
+  Start();
+  OpenAnd<print::frmPrint>([&] { QTest::mouseClick(C().cmdPrint, Qt::LeftButton); },
+                           [](print::frmPrint& form) { form.cmdPrint_Click(); });
+  EXPECT_EQ(printed_.pages, 1);
+  EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
+}
+
+TEST_F(Commands, PrintInTheMenuIsTheButton) {
+  MakeDatabase({{"Major", "2212221"}});
+  Start();
+  bool isShown = false;
+  OpenAnd<print::frmPrint>([&] { Window().Menu().mPrint->trigger(); }, [&](print::frmPrint&) { isShown = true; });
+  EXPECT_TRUE(isShown);
+  EXPECT_EQ(printed_.pages, 0) << "closed is cancelled";
+}
+
+TEST_F(Commands, PrintIsOffWithoutARecord) {
+  MakeDatabase({});
+  Start();
+  EXPECT_FALSE(C().cmdPrint->isEnabled());
+  EXPECT_FALSE(Window().Menu().mPrint->isEnabled());
+}
+
+TEST_F(Commands, HelpHandsTheFileOfTheProgramsFolderToTheEngine) {
+  MakeDatabase({{"Major", "2212221"}});
+  std::ofstream(Path("TLHELP.chm")) << "help";
+  Start();
+  Window().Menu().mHelpFile->trigger();
+  EXPECT_EQ(help_.Record(),
+            "HtmlHelpA " + std::to_string(Window().winId()) + " " + Path("TLHELP.chm") + " 0 0\nLastError\n");
+  EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
+}
+
+TEST_F(Commands, HelpThatIsMissingIsToldAndF1OpensNothing) {
+  MakeDatabase({{"Major", "2212221"}});
+  Start();
+  QTest::keyClick(&Window(), Qt::Key_F1);
+  EXPECT_THAT(box_.Messages(), IsEmpty());
+  Window().Menu().mHelpFile->trigger();
+  EXPECT_THAT(box_.Messages(), ElementsAre(Message{"Cannot find help file:\n" + Path("TLHELP.chm"),
+                                                   core::MsgBoxStyle::kCritical, "File Missing"}));
+  EXPECT_EQ(help_.Record(), "");
+}
+
+TEST_F(Commands, ThemeOfTheSystemReachesEveryOpenWindow) {
+  MakeDatabase({{"Major", "2212221"}});
+  Start();
+  // Qt tells windows of a new palette only while the application's own loop runs.
+  const auto expectTheme = [](QWidget& form, const QPalette& system, bool isDark) {
+    QApplication::setPalette(system);
+    QEvent change(QEvent::ApplicationPaletteChange);
+    QCoreApplication::sendEvent(&form, &change);
+    EXPECT_EQ(controls::IsDark(form.palette()), isDark) << form.objectName().toStdString();
+    EXPECT_EQ(form.palette().color(QPalette::Window), controls::WarmPalette(system).color(QPalette::Window));
+  };
+  const auto expectBoth = [&](QWidget& form) {
+    expectTheme(form, QPalette(QColor(0x30, 0x30, 0x30)), true);
+    expectTheme(form, QPalette(QColor(0xe8, 0xe8, 0xe8)), false);
+  };
+  expectBoth(Window());
+  Window().cmdEdit_Click();
+  expectBoth(*Window().findChild<editor::frmScales*>());
+  OpenAnd<search::frmSearch>([&] { Window().mSearch_Click(); }, [&](search::frmSearch& form) { expectBoth(form); });
+}
+
+}  // namespace
+}  // namespace tonalith::app

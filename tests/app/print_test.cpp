@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Printing from the main window: what becomes of the window meanwhile, and what is said when a step fails.
+
+#include "app/print_fixture.h"
+#include "controls/ink.h"
+
+namespace tonalith::app {
+namespace {
+
+using print::frmPrint;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+using Message = core::RecordingMsgBox::Message;
+
+TEST_F(Printing, HidesWhatDoesNotBelongOnPaperWhileItPrintsAndShowsItAgain) {
+  StartOn({"Major", "2212221"});
+  int looked = 0;
+  script_.During("paint", [&] {
+    ++looked;
+    for (const QWidget* const control : NotOnPaper()) EXPECT_TRUE(control->isHidden());
+    EXPECT_FALSE(C().printPic->isHidden());
+    EXPECT_EQ(C().printPic->Surface().GetScaleMode(), controls::ScaleMode::kPixels);
+    EXPECT_FALSE(Window().updatesEnabled()) << "nothing of this is to be seen";
+    EXPECT_THAT(Window().findChildren<QWidget*>(QStringLiteral("picTemp"), Qt::FindDirectChildrenOnly), SizeIs(1));
+    EXPECT_EQ(staffs_, 1);
+  });
+  Print();
+  EXPECT_EQ(looked, 1);
+  EXPECT_EQ(script_.pages, 1);
+  EXPECT_EQ(staffs_, 2) << "once for the page, once for the window";
+  ExpectWindowAsBefore("after printing");
+  EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
+}
+
+TEST_F(Printing, FailureOfAnyStepIsReportedWhenTheWindowIsBack) {
+  StartOn({"Major", "2212221"});
+  C().cmdPrint->setFocus();
+  for (const char* const step : {"width", "height", "paint", "end"}) {
+    script_.Mend();
+    script_.Break(step);
+    box_.Forget();
+    Print();
+    EXPECT_THAT(box_.Messages(), ElementsAre(Message{std::string(step) + " broke", core::MsgBoxStyle::kOkOnly, ""}));
+    ExpectWindowAsBefore(step);
+    EXPECT_EQ(Window().focusWidget(), C().cmdPrint) << step;
+    EXPECT_EQ(script_.pages, 0) << step;
+  }
+}
+
+TEST_F(Printing, MessageComesWhenTheControlsAreBack) {
+  struct LookingMsgBox : core::MsgBox {
+    using core::MsgBox::Show;
+    core::MsgBoxAnswer Show(const std::string& /*text*/, core::MsgBoxStyle /*style*/,
+                            const std::string& /*title*/) override {
+      look();
+      return core::MsgBoxAnswer::kOk;
+    }
+    std::function<void()> look;
+  } looking;
+  StartOn({"Major", "2212221"});
+  int looked = 0;
+  looking.look = [&] {
+    ++looked;
+    ExpectWindowAsBefore("at the message");
+  };
+  PrintDesk desk(C(), Window(), {service_, looking, [] {}});
+  script_.Break("end");
+  platform::ScriptedPrinter printer(script_, 16000, 11000);
+  desk.PrintView(printer);
+  EXPECT_EQ(looked, 1);
+}
+
+TEST_F(Printing, StaffThatCannotBeDrawnIsReportedAndTheRestPrinted) {
+  StartOn({"Major", "2212221"});
+  staffBreaks_ = true;
+  Print();
+  EXPECT_EQ(script_.pages, 1);
+  EXPECT_THAT(box_.Messages(), ElementsAre(Message{"Overflow", core::MsgBoxStyle::kOkOnly, ""}));
+  ExpectWindowAsBefore("after the failure");
+}
+
+TEST_F(Printing, PrintButtonShowsThePageAndPrintsItOnTheChosenPrinter) {
+  StartOn({"Dorian", "2122212"}, 2);
+  ClickPrintAnd([&](frmPrint& helper) {
+    ExpectWindowAsBefore("while the helper is open");
+    EXPECT_EQ(script_.pages, 0);
+    helper.cmdPrint_Click();
+  });
+  EXPECT_THAT(script_.Record(), HasSubstr("ask printer \"Dorian in D\" A4 landscape\n"));
+  EXPECT_EQ(script_.pages, 1);
+  EXPECT_THAT(Helpers(), IsEmpty());
+  ExpectWindowAsBefore("after printing");
+  EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
+}
+
+TEST_F(Printing, PreviewAndPageAreTheSame) {
+  StartOn({"Dorian", "2122212"}, 2);
+  QImage preview;
+  const auto paint = [](const platform::PrintablePicture& picture) {
+    return tests::Painted(1016, 578, 1, [&](QPainter& painter) { picture.PaintOn(painter); });
+  };
+  platform::PrintPlace place;
+  ClickPrintAnd([&](frmPrint& helper) {
+    const auto& painted = helper.findChild<print::PageView*>()->Painted();
+    ASSERT_THAT(painted, SizeIs(1));
+    preview = paint(*painted[0].picture);
+    place = painted[0].place;
+    helper.cmdPrint_Click();
+  });
+  ASSERT_THAT(script_.painted, SizeIs(1));
+  EXPECT_EQ(paint(*script_.painted[0].picture), preview);
+  EXPECT_NEAR(script_.painted[0].place.left, place.left * 20, 1e-6);
+  EXPECT_NEAR(script_.painted[0].place.width, place.width * 20, 1e-6);
+}
+
+TEST_F(Printing, CancellingPrintsNothingAndLeavesTheWindowAsItWas) {
+  StartOn({"Dorian", "2122212"}, 2);
+  C().cmdPrint->setFocus();
+  const QImage before = Window().grab().toImage();
+  ClickPrintAnd([](frmPrint& helper) { helper.cmdCancel_Click(); });
+  EXPECT_EQ(script_.pages, 0);
+  EXPECT_THAT(Helpers(), IsEmpty());
+  ExpectWindowAsBefore("after cancelling");
+  EXPECT_EQ(Window().focusWidget(), C().cmdPrint);
+  EXPECT_EQ(Window().grab().toImage(), before);
+}
+
+TEST_F(Printing, SecondClickBringsTheHelperToTheFront) {
+  StartOn({"Dorian", "2122212"});
+  ClickPrintAnd([&](frmPrint& helper) {
+    desk_->cmdPrint_Click();
+    EXPECT_THAT(Helpers(), ElementsAre(&helper));
+    helper.cmdCancel_Click();
+  });
+  EXPECT_THAT(Helpers(), IsEmpty());
+}
+
+TEST_F(Printing, ClosingTheWindowUnloadsTheHelper) {
+  StartOn({"Dorian", "2122212"});
+  ClickPrintAnd([&](frmPrint& /*helper*/) { desk_->Unload(); });
+  EXPECT_THAT(Helpers(), IsEmpty());
+  EXPECT_EQ(script_.pages, 0);
+  desk_->Unload();
+}
+
+TEST_F(Printing, WindowMayGoWhileTheHelperAsksForAPrinter) {
+  StartOn({"Dorian", "2122212"});
+  script_.During("ask printer", [&] {
+    desk_.reset();
+    window_.reset();
+  });
+  ClickPrintAnd([](frmPrint& helper) { helper.cmdPrint_Click(); });
+  EXPECT_THAT(Helpers(), IsEmpty());
+  EXPECT_EQ(script_.pages, 0);
+  EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
+}
+
+TEST_F(Printing, WithoutAPrinterThePageBecomesAPdfFile) {
+  StartOn({"Dorian", "2122212"});
+  service_.hasPrinter = false;
+  ClickPrintAnd([](frmPrint& helper) {
+    helper.cmdPdf_Click();
+    helper.cmdCancel_Click();
+  });
+  EXPECT_EQ(script_.pages, 1);
+  EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
+}
+
+TEST_F(Printing, PrintsAgainAfterAFailure) {
+  StartOn({"Dorian", "2122212"});
+  script_.Break("end");
+  Print();
+  script_.Mend();
+  Print();
+  EXPECT_EQ(script_.pages, 1);
+}
+
+}  // namespace
+}  // namespace tonalith::app

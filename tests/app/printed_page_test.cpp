@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// What stands on the printed page: by its draw commands, and on a PDF file that somebody else's program reads.
+
+#include <QFontInfo>
+
+#include "app/print_fixture.h"
+#include "controls/ink.h"
+#include "support/pdf_file.h"
+
+namespace tonalith::app {
+namespace {
+
+using platform::PaperOrientation;
+using platform::PaperSize;
+using testing::HasSubstr;
+
+TEST_F(Printing, DrawsStaffThenNeckThenLabelsThenNoteImages) {
+  StartOn({"Minor triad", "345"}, 2);
+  Print();
+  const std::string page = Page();
+  std::size_t at = 0;
+  for (const char* const step :
+       {"picture Treble clef: D F A at -32,-12\n", "picture neck at -32,-12\n", "print \"Minor triad\" at 8,8\n",
+        "print \"Test scales\" at 8,52\n", "print \"A scale for tests.\" at 8,78\n", "print \"Key\" at 8,134\n",
+        "print \"D\" at 8,149\n", "print \"Scale Steps:   T1.5  T2  T2.5\" at 114,133\n",
+        "print \"D F A\" at 110,155\n", "print \"12\" at ", "picture scale-note at "}) {
+    const std::size_t found = page.find(step, at);
+    ASSERT_NE(found, std::string::npos) << step << "is missing or too early in\n" << page;
+    at = found;
+  }
+}
+
+TEST_F(Printing, PutsEveryVisibleNoteImageOnItsPlaceWithItsName) {
+  StartOn({"Minor triad", "345"}, 2);
+  Print();
+  std::string wanted;
+  int visible = 0;
+  for (int index = 0; index < 96; ++index) {
+    const views::NoteImage& image = C().fretboard->Image(index);
+    if (image.isHidden()) continue;
+    ++visible;
+    const QPoint place = image.mapTo(Window().centralWidget(), QPoint(0, 0)) - QPoint(32, 12);
+    const char* const picture = image.Picture() == views::NotePicture::kKeyNote ? "key-note" : "scale-note";
+    wanted = std::string("picture ") + picture + " at " + std::to_string(place.x()) + "," + std::to_string(place.y());
+    EXPECT_THAT(Page(), HasSubstr(wanted + "\n"));
+  }
+  EXPECT_GT(visible, 15);
+  std::size_t pictures = 0;
+  const std::string page = Page();
+  for (std::size_t at = page.find("-note at"); at != std::string::npos; at = page.find("-note at", at + 1)) ++pictures;
+  EXPECT_EQ(pictures, static_cast<std::size_t>(visible));
+}
+
+TEST_F(Printing, LeavesNamesOutWhenTheWindowHidesThem) {
+  StartOn({"Minor triad", "345"}, 2);
+  Window().mViewNotes_Click();
+  Print();
+  EXPECT_THAT(Page(), HasSubstr("picture key-note"));
+  EXPECT_THAT(Page(), testing::Not(HasSubstr("print \"F\"")));
+}
+
+TEST_F(Printing, WritesLabelsInTheirOwnFontAndSizeInDarkInk) {
+  QPalette dark;
+  dark.setColor(QPalette::Window, QColor(0x30, 0x30, 0x30));
+  dark.setColor(QPalette::WindowText, Qt::white);
+  QApplication::setPalette(dark);
+  StartOn({"Minor triad", "345"});
+  QCoreApplication::processEvents();
+  Print();
+  const std::string family = QFontInfo(C().Label1->font()).family().toStdString();
+  EXPECT_THAT(Page(), HasSubstr("colour &H171B1F\nfont \"" + family + "\" 30px bold\nprint \"Minor triad\""));
+  EXPECT_THAT(Page(), HasSubstr("colour &H2D52A0\nfont \"" + family + "\" 14px bold\nprint \"Test scales\""));
+}
+
+TEST_F(Printing, LongTextsAreWrappedInFullAndPushTheRestDown) {
+  std::string name;
+  std::string description;
+  for (int word = 1; word <= 30; ++word) name += "Endless" + std::to_string(word) + " ";
+  for (int word = 1; word <= 300; ++word) description += "explained" + std::to_string(word) + " ";
+  StartOn({name, "2212221", description});
+  const tests::PdfFile pdf(PrintPdf());
+  const std::string text = pdf.Text();
+  EXPECT_THAT(text, HasSubstr("Endless1 "));
+  EXPECT_THAT(text, HasSubstr("Endless30 "));
+  EXPECT_THAT(text, HasSubstr("explained300 "));
+  EXPECT_THAT(text, testing::Not(HasSubstr("\xE2\x80\xA6"))) << "nothing is cut";
+  EXPECT_GT(C().printPic->height(), 600);
+  const std::string page = Page();
+  const auto topOf = [&](const std::string& printed) {
+    const std::size_t at = page.find(",", page.find("at ", page.find("print \"" + printed)));
+    return std::stod(page.substr(at + 1));
+  };
+  EXPECT_GT(topOf("Scale Steps"), topOf("Key") - 2);
+  EXPECT_GT(topOf("Key"), topOf("explained1 ") + 100);
+  EXPECT_GT(topOf("Tonalith"), topOf("Scale Steps") + 300);
+}
+
+TEST_F(Printing, WordWiderThanItsLineIsBroken) {
+  StartOn({std::string(400, 'W'), "2212221", std::string(3000, 'm')});
+  const QImage page = tests::PdfFile(PrintPdf()).Page(100);
+  const QRect ink = tests::InkBox(page, page.rect());
+  const QRect printable = page.rect().adjusted(25, 25, -25, -25);
+  EXPECT_TRUE(printable.contains(ink));
+  const std::string text = Page();
+  EXPECT_GT(std::count(text.begin(), text.end(), 'W'), 399);
+  EXPECT_GT(std::count(text.begin(), text.end(), 'm'), 2999);
+}
+
+TEST_F(Printing, ShortScaleKeepsThePlacesOfTheScreen) {
+  StartOn({"Minor triad", "345"});
+  Print();
+  EXPECT_EQ(C().printPic->size(), QSize(1016, 578));
+}
+
+struct Extreme {
+  const char* name;
+  const char* pattern;
+  int key;
+};
+void PrintTo(const Extreme& extreme, std::ostream* out) { *out << extreme.name; }
+
+class ExtremeScales : public Printing, public testing::WithParamInterface<Extreme> {};
+
+TEST_P(ExtremeScales, NothingIsClippedOnAnyPaper) {
+  StartOn({GetParam().name, GetParam().pattern}, GetParam().key);
+  box_.Forget();
+  for (const PaperSize size : {PaperSize::kA4, PaperSize::kLetter}) {
+    for (const PaperOrientation orientation : {PaperOrientation::kLandscape, PaperOrientation::kPortrait}) {
+      const tests::PdfFile pdf(PrintPdf({size, orientation}));
+      EXPECT_EQ(pdf.Info("Pages"), "1");
+      const QImage page = pdf.Page(72);
+      const QRect ink = tests::InkBox(page, page.rect());
+      EXPECT_TRUE(page.rect().adjusted(18, 18, -18, -18).contains(ink));
+      const double width = page.width() - 36;
+      EXPECT_LE(ink.width(), 0.9 * width + 1);
+      EXPECT_GE(ink.width(), 0.9 * width * 0.96) << "the neck reaches from edge to edge of the view";
+    }
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Scales, ExtremeScales,
+                         testing::Values(Extreme{"Twelve", "111111111111", 11}, Extreme{"Ledgers", "777777", 11},
+                                         Extreme{"Wide", "2222222222222222222222222", 6}, Extreme{"One", "9", 0}),
+                         [](const auto& scale) { return std::string(scale.param.name); });
+
+TEST_F(Printing, PdfCarriesEverythingOfTheViewAsSelectableTextWithEmbeddedFonts) {
+  StartOn({"Minor triad", "345", "A chord \xE2\x80\x94 small & sad."}, 6);
+  const tests::PdfFile pdf(PrintPdf());
+  EXPECT_EQ(pdf.Info("Title"), "Minor triad in F#");
+  for (const char* const text : {"Minor triad", "Test scales", "A chord \xE2\x80\x94 small & sad.", "Key",
+                                 "Scale Steps: T1.5 T2 T2.5", "F# A C#", "12", "scales and chords for guitar"}) {
+    EXPECT_THAT(pdf.Text(), HasSubstr(text));
+  }
+  const auto fonts = pdf.Fonts();
+  EXPECT_FALSE(fonts.empty());
+  for (const tests::PdfFont& font : fonts) EXPECT_TRUE(font.isEmbedded && font.isUnicode) << font.name;
+}
+
+TEST_F(Printing, NeckAndStaffStandWhereTheViewHasThem) {
+  StartOn({"Minor triad", "345"}, 2);
+  const QImage page = tests::PdfFile(PrintPdf()).Page(300);
+  const double dots = 300.0 / 72;
+  const double pixel = (842 - 36) * 0.9 / 1016 * dots;
+  const double left = (18 + (842 - 36) * 0.1 * 0.15) * dots;
+  const double top = (18 + (595 - 36 - 578 * 0.9 * (842 - 36) / 1016) * 0.15) * dots;
+  const auto onPage = [&](double x, double y) {
+    return QPoint(qRound(left + (x - 32) * pixel), qRound(top + (y - 12) * pixel));
+  };
+  // The nut is the one thick dark bar; the five staff lines are an even dark comb.
+  const QRectF nut = C().fretboard->Geometry().nut;
+  const QPoint middle = onPage(nut.center().x(), nut.top() + 12);
+  EXPECT_GT(tests::Darkness(page, middle.x(), middle.y()), 128);
+  EXPECT_EQ(tests::InkRuns(page, onPage(0, 123).y(), onPage(900, 0).x(), onPage(1030, 0).x()), 1);
+  int lines = 0;
+  bool isDark = false;
+  for (int y = onPage(0, 115).y(); y < onPage(0, 170).y(); ++y) {
+    const bool now = tests::Darkness(page, onPage(1000, 0).x(), y) > 128;
+    lines += now && !isDark ? 1 : 0;
+    isDark = now;
+  }
+  EXPECT_EQ(lines, 5);
+}
+
+TEST_F(Printing, PageIsWhiteAndSparesInkInADarkTheme) {
+  QPalette dark;
+  dark.setColor(QPalette::Window, QColor(0x20, 0x20, 0x20));
+  dark.setColor(QPalette::WindowText, Qt::white);
+  QApplication::setPalette(dark);
+  StartOn({"Major", "2212221"});
+  const QImage page = tests::PdfFile(PrintPdf()).Page(100);
+  std::int64_t darkness = 0;
+  for (int y = 0; y < page.height(); ++y) {
+    for (int x = 0; x < page.width(); ++x) darkness += tests::Darkness(page, x, y);
+  }
+  const double share = static_cast<double>(darkness) / 255 / page.width() / page.height();
+  EXPECT_LT(share, 0.06);
+  EXPECT_GT(share, 0.01);
+  EXPECT_EQ(page.pixelColor(5, 5), QColor(Qt::white));
+}
+
+TEST_F(Printing, EmptyDatabasePrintsAnEmptyNeck) {
+  MakeDatabase({});
+  Start();
+  MakeDesk();
+  Print();
+  EXPECT_EQ(script_.pages, 1);
+  EXPECT_THAT(Page(), testing::Not(HasSubstr("-note at")));
+  EXPECT_EQ(PageTitle(C()), "Tonalith");
+}
+
+}  // namespace
+}  // namespace tonalith::app

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Help files that somebody has damaged or made up: each is read within the limits or refused, and whatever the reading
+// does, this program lives on.
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <chrono>
+#include <filesystem>
+#include <random>
+
+#include "core/failure.h"
+#include "help/book_fixture.h"
+#include "help/chm_file.h"
+#include "help/help_search.h"
+#include "support/temp_folder.h"
+
+namespace tonalith::help {
+namespace {
+
+using namespace std::chrono_literals;
+using std::chrono::steady_clock;
+
+constexpr data::ReadingLimits kShortLimits{2s, 3s, std::uint64_t{64} << 20};
+
+class DamagedChm : public testing::Test {
+ protected:
+  /// Reads the bytes as a help file and, where that succeeds, every page, list and picture in it.
+  bool Opens(const std::string& bytes) { return OpensFile(folder_.Write("damaged.chm", bytes)); }
+
+  bool OpensFile(const std::string& path) {
+    const auto begin = steady_clock::now();
+    bool opens = false;
+    try {
+      const HelpBook book(ReadChmFile(path, kShortLimits));
+      opens = true;
+      static_cast<void>(SearchPages(book, {QStringLiteral("string")}));
+      for (const std::string& page : book.Pages()) {
+        for (const std::string& link : book.Page(page)->links) static_cast<void>(book.Follow(page, link));
+      }
+    } catch (const core::Failure& failure) {
+      EXPECT_FALSE(failure.Description().empty());
+    }
+    EXPECT_LT(steady_clock::now() - begin, kShortLimits.total + 2s);
+    return opens;
+  }
+
+  tests::TempFolder folder_;
+  const std::string whole_ = BytesOf(BookPath());
+};
+
+TEST_F(DamagedChm, WholeFileOpens) { EXPECT_TRUE(Opens(whole_)); }
+
+TEST_F(DamagedChm, TruncatedAnywhereItIsRefused) {
+  // The very end may belong to no object that a window reads; then all of them are there.
+  constexpr std::size_t kStep = 50;
+  std::size_t longestRefused = 0;
+  for (std::size_t size = 0; size < whole_.size(); size += kStep) {
+    if (!Opens(whole_.substr(0, size))) {
+      longestRefused = size;
+    } else {
+      EXPECT_EQ(ReadChmFile(folder_ / "damaged.chm", kShortLimits), ReadChmFile(BookPath())) << size;
+    }
+  }
+  EXPECT_GT(longestRefused, whole_.size() / 2);
+}
+
+TEST_F(DamagedChm, EmptyOrShortIsRefused) {
+  EXPECT_FALSE(Opens(""));
+  EXPECT_FALSE(Opens("I"));
+  EXPECT_FALSE(Opens("ITSF"));
+  EXPECT_FALSE(Opens(std::string(96, '\0')));
+}
+
+TEST_F(DamagedChm, NoiseIsRefused) {
+  std::mt19937 random(5);
+  for (int i = 0; i < 20; ++i) {
+    std::string noise(4096, '\0');
+    for (char& c : noise) c = static_cast<char>(random());
+    EXPECT_FALSE(Opens(noise));
+    // With the beginning of a help file it has to be looked at.
+    EXPECT_FALSE(Opens(whole_.substr(0, 96) + noise));
+  }
+}
+
+TEST_F(DamagedChm, FolderAndPipeAreRefusedAtOnce) {
+  EXPECT_FALSE(OpensFile(folder_.Path().string()));
+  const std::string pipe = folder_ / "pipe";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_FALSE(OpensFile(pipe));
+}
+
+TEST_F(DamagedChm, HugeSparseFileIsRefused) {
+  const std::string path = folder_.Write("damaged.chm", whole_.substr(0, 200));
+  std::filesystem::resize_file(path, std::uintmax_t{200} << 20);
+  EXPECT_FALSE(OpensFile(path));
+  std::filesystem::resize_file(path, std::uintmax_t{40} << 30);
+  EXPECT_FALSE(OpensFile(path));
+}
+
+/// Whatever a number in the file says, it is not believed: each group of four bytes of the headers and of the list of
+/// objects becomes all ones, then all zeroes.
+TEST_F(DamagedChm, NoNumberOfTheHeadersIsBelieved) {
+  const std::size_t list = whole_.find("PMGL");
+  ASSERT_NE(list, std::string::npos);
+  for (std::size_t at = 0; at < list + 60; at += 4) {
+    for (const char byte : {'\xFF', '\0'}) {
+      std::string damaged = whole_;
+      damaged.replace(at, 4, 4, byte);
+      Opens(damaged);
+    }
+  }
+}
+
+/// The list of objects says of its only block that another one follows: itself.
+TEST_F(DamagedChm, ListThatNeverEndsIsRefused) {
+  std::string damaged = whole_;
+  const std::size_t list = damaged.find("PMGL");
+  ASSERT_NE(list, std::string::npos);
+  constexpr std::size_t kNextBlock = 16;
+  damaged.replace(list + kNextBlock, 4, 4, '\0');
+  EXPECT_FALSE(Opens(damaged));
+}
+
+class MutatedChm : public DamagedChm, public testing::WithParamInterface<unsigned> {};
+
+/// Two thousand files altogether, the same ones each time.
+TEST_P(MutatedChm, IsReadOrRefused) {
+  constexpr int kFiles = 250;
+  std::mt19937 random(GetParam());
+  int refused = 0;
+  for (int i = 0; i < kFiles; ++i) {
+    std::string damaged = whole_;
+    for (std::uint_fast32_t changes = 1 + random() % 12; changes > 0; --changes) {
+      damaged[random() % damaged.size()] = static_cast<char>(random());
+    }
+    if (!Opens(damaged)) ++refused;
+  }
+  EXPECT_GT(refused, 0);
+  EXPECT_LT(refused, kFiles);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, MutatedChm, testing::Range(1U, 9U));
+
+}  // namespace
+}  // namespace tonalith::help

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextDocument>
+
+#include "controls/colours.h"
+#include "controls/theme.h"
+#include "core/recording_msg_box.h"
+#include "help/book_fixture.h"
+#include "help/frm_help.h"
+#include "help/help_browser.h"
+#include "help/help_pictures.h"
+#include "help/help_style.h"
+
+namespace tonalith::help {
+namespace {
+
+QPalette DarkPalette() { return QPalette(QColor(0x30, 0x30, 0x30)); }
+
+class FrmHelpLookTest : public testing::Test {
+ protected:
+  FrmHelpLookTest() {
+    form_.setAttribute(Qt::WA_DeleteOnClose, false);
+    form_.ShowBook(ReadBook());
+    form_.show();
+    QCoreApplication::processEvents();
+  }
+  ~FrmHelpLookTest() override { QApplication::setPalette(QPalette()); }
+
+  /// Qt tells its windows of a new palette only while the application's own loop runs.
+  void SetSystem(const QPalette& palette) {
+    QApplication::setPalette(palette);
+    QEvent change(QEvent::ApplicationPaletteChange);
+    QCoreApplication::sendEvent(&form_, &change);
+    QCoreApplication::processEvents();
+  }
+
+  core::RecordingMsgBox box_;
+  frmHelp form_{box_, [](const QUrl&) { return true; }, nullptr};
+};
+
+/// Every colour of ink that the page's text has.
+std::vector<QColor> Inks(const QTextDocument& document) {
+  std::vector<QColor> inks;
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    for (auto part = block.begin(); !part.atEnd(); ++part) {
+      const QTextCharFormat format = part.fragment().charFormat();
+      if (!format.isImageFormat()) inks.push_back(format.foreground().color());
+    }
+  }
+  return inks;
+}
+
+TEST_F(FrmHelpLookTest, TextCanBeReadOnLightAndDarkSystems) {
+  for (const QPalette& system : {QPalette(QColor(0xef, 0xef, 0xef)), DarkPalette()}) {
+    SetSystem(system);
+    const QColor ground = form_.Page()->palette().color(QPalette::Base);
+    EXPECT_EQ(controls::IsDark(form_.Page()->palette()), controls::IsDark(system));
+    const auto inks = Inks(*form_.Page()->document());
+    ASSERT_FALSE(inks.empty());
+    for (const QColor& ink : inks) EXPECT_GE(controls::ContrastRatio(ink, ground), 4.5) << ink.name().toStdString();
+  }
+}
+
+/// The file's own style sheet asks for black on white.
+TEST_F(FrmHelpLookTest, ColoursOfTheFileDoNotBreakADarkSystem) {
+  SetSystem(DarkPalette());
+  const QImage shot = form_.Page()->grab().toImage();
+  EXPECT_LT(QColor(shot.pixel(shot.width() - 40, shot.height() - 10)).lightness(), 80);
+}
+
+TEST_F(FrmHelpLookTest, MarkedTextCanBeRead) {
+  for (const QPalette& system : {QPalette(QColor(0xef, 0xef, 0xef)), DarkPalette()}) {
+    const QPalette palette = controls::WarmPalette(system);
+    EXPECT_GE(controls::ContrastRatio(palette.color(QPalette::Text), HitGround(palette)), 4.5);
+  }
+}
+
+TEST_F(FrmHelpLookTest, ColumnReadsWellHoweverWideTheWindowIs) {
+  form_.resize(1900, 900);
+  QCoreApplication::processEvents();
+  const QFontMetrics letters(form_.Page()->document()->defaultFont());
+  const double characters = double(form_.Page()->lineWrapColumnOrWidth()) / letters.averageCharWidth();
+  EXPECT_GT(characters, 60);
+  EXPECT_LT(characters, 110);
+}
+
+TEST_F(FrmHelpLookTest, NothingIsClippedInAnyFontSize) {
+  for (const int points : {7, 9, 14, 22}) {
+    QFont letters = QApplication::font();
+    letters.setPointSize(points);
+    form_.setFont(letters);
+    QTest::keyClick(&form_, Qt::Key_F, Qt::ControlModifier);
+    form_.resize(form_.minimumSizeHint().expandedTo({900, 700}));
+    QCoreApplication::processEvents();
+    for (const auto* const control : form_.findChildren<QWidget*>()) {
+      const bool isText =
+          qobject_cast<const QLabel*>(control) != nullptr || qobject_cast<const QLineEdit*>(control) != nullptr;
+      if (!isText || !control->isVisible()) continue;
+      EXPECT_GE(control->height(), control->fontMetrics().height())
+          << control->objectName().toStdString() << " " << points;
+      EXPECT_GE(control->width(),
+                qobject_cast<const QLabel*>(control) != nullptr ? control->minimumSizeHint().width() : 60)
+          << control->objectName().toStdString() << " " << points;
+    }
+    EXPECT_EQ(form_.Page()->horizontalScrollBar()->maximum(), 0);
+  }
+}
+
+TEST_F(FrmHelpLookTest, EverythingThatTakesTheFocusHasAName) {
+  int named = 0;
+  for (const auto* const control : form_.findChildren<QWidget*>()) {
+    if ((control->focusPolicy() & Qt::TabFocus) == 0 || control->objectName().startsWith(QLatin1String("qt_")))
+      continue;
+    if (qobject_cast<const QAbstractButton*>(control) == nullptr && control->objectName().isEmpty()) continue;
+    if (control->inherits("QTabWidget") || control->inherits("QTabBar")) continue;
+    EXPECT_FALSE(control->accessibleName().isEmpty())
+        << control->metaObject()->className() << " " << control->objectName().toStdString();
+    ++named;
+  }
+  EXPECT_GT(named, 10);
+}
+
+TEST_F(FrmHelpLookTest, IdleWindowRests) {
+  // No caret blinks in a page that is read only.
+  EXPECT_FALSE(form_.Page()->textInteractionFlags().testFlag(Qt::TextSelectableByKeyboard));
+}
+
+TEST(HelpPictures, PageAsksForTheSizeAndThePictureForTheProportions) {
+  EXPECT_EQ(ShownSize({"p", 40, 0, ""}, {80, 60}, 1, 700), QSize(40, 30));
+  EXPECT_EQ(ShownSize({"p", 0, 30, ""}, {80, 60}, 1, 700), QSize(40, 30));
+  EXPECT_EQ(ShownSize({"p", 0, 0, ""}, {80, 60}, 1, 700), QSize(80, 60));
+  EXPECT_EQ(ShownSize({"p", 40, 40, ""}, {80, 60}, 1, 700), QSize(40, 40));
+  EXPECT_EQ(ShownSize({"p", 40, 0, ""}, {80, 60}, 2, 700), QSize(80, 60));
+}
+
+TEST(HelpPictures, NoPictureIsWiderThanItsColumn) {
+  EXPECT_EQ(ShownSize({"p", 640, 0, ""}, {1280, 640}, 1, 320), QSize(320, 160));
+  EXPECT_EQ(ShownSize({"p", 640, 0, ""}, {1280, 640}, 3, 320), QSize(320, 160));
+}
+
+TEST(HelpPictures, PictureStoredAtTwiceItsWidthIsShownDotByDotAtScaleTwo) {
+  const QImage picture = ReadPicture(SourceOf("picture.png"));
+  ASSERT_EQ(picture.size(), QSize(80, 80));
+  const QSize shown = ShownSize({"p", 40, 0, ""}, picture.size(), 1, 700);
+  const QImage sharp = SharpAt(picture, shown, 2);
+  EXPECT_EQ(sharp.size(), picture.size());
+  EXPECT_EQ(sharp.convertToFormat(QImage::Format_RGB32), [&] {
+    QImage same = picture.convertToFormat(QImage::Format_RGB32);
+    same.setDevicePixelRatio(2);
+    return same;
+  }());
+  EXPECT_EQ(SharpAt(picture, shown, 1).size(), QSize(40, 40));
+}
+
+TEST(HelpPictures, WhatIsNoPictureIsNone) {
+  EXPECT_TRUE(ReadPicture("").isNull());
+  EXPECT_TRUE(ReadPicture("no picture").isNull());
+  const std::string whole = SourceOf("picture.png");
+  EXPECT_TRUE(ReadPicture(whole.substr(0, 30)).isNull());
+  // A header that promises a hundred thousand pixels each way.
+  std::string huge = whole;
+  for (const std::size_t at : {16U, 20U}) huge.replace(at, 4, std::string("\x00\x01\x86\xA0", 4));
+  EXPECT_TRUE(ReadPicture(huge).isNull());
+}
+
+TEST_F(FrmHelpLookTest, PictureOfThePageIsShownAtItsWidth) {
+  bool found = false;
+  const QTextDocument& document = *form_.Page()->document();
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    for (auto part = block.begin(); !part.atEnd(); ++part) {
+      const QTextImageFormat format = part.fragment().charFormat().toImageFormat();
+      if (!format.isValid()) continue;
+      found = true;
+      EXPECT_EQ(QSizeF(format.width(), format.height()), QSizeF(40, 40));
+      EXPECT_FALSE(document.resource(QTextDocument::ImageResource, QUrl(format.name())).isNull());
+    }
+  }
+  EXPECT_TRUE(found);
+}
+
+TEST(HelpBrowserPicture, MissingPictureGivesItsDescription) {
+  HelpBrowser page(nullptr);
+  page.ShowPage(
+      std::make_shared<const HelpBook>(ChmObjects{{"/a.html", "<p>See <img src=gone.png alt='The neck'></p>"}}),
+      {"/a.html", {}});
+  EXPECT_EQ(page.toPlainText(), QStringLiteral("See [The neck]"));
+}
+
+}  // namespace
+}  // namespace tonalith::help

@@ -1,0 +1,386 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "help/frm_help.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPointer>
+#include <QScrollBar>
+#include <QTabWidget>
+#include <QTest>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+#include <QWheelEvent>
+#include <vector>
+
+#include "core/recording_msg_box.h"
+#include "help/book_fixture.h"
+#include "help/help_browser.h"
+
+namespace tonalith::help {
+namespace {
+
+using core::MsgBoxAnswer;
+using core::MsgBoxStyle;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Message = core::RecordingMsgBox::Message;
+
+QString Wide(const char* text) { return QString::fromUtf8(text); }
+
+class FrmHelpTest : public testing::Test {
+ protected:
+  FrmHelpTest() {
+    form_ = new frmHelp(
+        box_,
+        [this](const QUrl& url) {
+          opened_.push_back(url.toString().toStdString());
+          return opens_;
+        },
+        nullptr);
+    form_->ShowBook(ReadBook());
+    form_->show();
+    form_->activateWindow();
+    QCoreApplication::processEvents();
+  }
+  ~FrmHelpTest() override { delete form_.data(); }
+
+  template <class Control>
+  [[nodiscard]] Control* Find(const char* name) const {
+    auto* const control = form_->findChild<Control*>(QLatin1String(name));
+    EXPECT_NE(control, nullptr) << name;
+    return control;
+  }
+  [[nodiscard]] HelpBrowser* Page() const { return form_->Page(); }
+  [[nodiscard]] QString Text() const { return Page()->toPlainText(); }
+  [[nodiscard]] std::string Place() const {
+    const HelpPlace& place = form_->CurrentPlace();
+    return place.page + (place.anchor.empty() ? "" : "#" + place.anchor);
+  }
+  void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
+    QTest::keyClick(form_.data(), static_cast<Qt::Key>(key), modifiers);
+  }
+  void Click(const char* name) const { QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton); }
+  void Follow(const std::string& link) const { Q_EMIT Page()->LinkChosen(link); }
+  [[nodiscard]] QTreeWidgetItem* Entry(const char* tree, const char* text) const {
+    for (QTreeWidgetItemIterator at(Find<QTreeWidget>(tree)); *at != nullptr; ++at) {
+      if ((*at)->text(0) == Wide(text)) return *at;
+    }
+    ADD_FAILURE() << text;
+    return nullptr;
+  }
+  void ClickEntry(const char* treeName, const char* text) const {
+    auto* const tree = Find<QTreeWidget>(treeName);
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(Entry(treeName, text)).center());
+  }
+  void ShowTab(int tab) const { Find<QTabWidget>("HelpTabs")->setCurrentIndex(tab); }
+  /// What is marked on the page, one after another.
+  [[nodiscard]] std::vector<std::string> Marked() const {
+    std::vector<std::string> marked;
+    for (const auto& mark : Page()->extraSelections()) marked.push_back(mark.cursor.selectedText().toStdString());
+    return marked;
+  }
+  [[nodiscard]] std::string FoundWords() const { return Find<QLabel>("lblPlaces")->text().toStdString(); }
+
+  core::RecordingMsgBox box_;
+  std::vector<std::string> opened_;
+  bool opens_ = true;
+  QPointer<frmHelp> form_;
+};
+
+TEST_F(FrmHelpTest, OpensAtTheDefaultPageWithNowhereToGoBackTo) {
+  EXPECT_EQ(Place(), "/welcome.html");
+  EXPECT_TRUE(Text().startsWith(Wide("Welcome")));
+  EXPECT_FALSE(Find<QWidget>("cmdBack")->isEnabled());
+  EXPECT_FALSE(Find<QWidget>("cmdForward")->isEnabled());
+  EXPECT_EQ(form_->windowTitle(), Wide("A small book"));
+}
+
+TEST_F(FrmHelpTest, ContentsLeadToTheirPages) {
+  ClickEntry("HelpContents", "Strings");
+  EXPECT_EQ(Place(), "/strings.html");
+  ClickEntry("HelpContents", "Minor chords");
+  EXPECT_EQ(Place(), "/chords/open.html#minor");
+  EXPECT_GT(Page()->Scroll(), 0);
+}
+
+TEST_F(FrmHelpTest, ContentsEntryWithoutAPageLeadsNowhere) {
+  ClickEntry("HelpContents", "Chords");
+  EXPECT_EQ(Place(), "/welcome.html");
+}
+
+TEST_F(FrmHelpTest, ContentsAreWalkedByKeyboard) {
+  auto* const tree = Find<QTreeWidget>("HelpContents");
+  tree->setFocus();
+  QTest::keyClick(tree, Qt::Key_Down);
+  QTest::keyClick(tree, Qt::Key_Return);
+  EXPECT_EQ(Place(), "/strings.html");
+}
+
+TEST_F(FrmHelpTest, ContentsFollowThePageThatIsShown) {
+  Follow("strings.html");
+  EXPECT_EQ(Find<QTreeWidget>("HelpContents")->currentItem()->text(0), Wide("Strings"));
+  Follow("chords/open.html#minor");
+  EXPECT_EQ(Find<QTreeWidget>("HelpContents")->currentItem()->text(0), Wide("Minor chords"));
+  Follow("open.html");
+  EXPECT_EQ(Find<QTreeWidget>("HelpContents")->currentItem()->text(0), Wide("Open chords"));
+}
+
+TEST_F(FrmHelpTest, LinksAreFollowedByClickAndByKeyboard) {
+  // Tab walks over the links of the page.
+  Page()->setFocus();
+  QTest::keyClick(Page(), Qt::Key_Tab);
+  EXPECT_EQ(Page()->textCursor().selectedText(), Wide("strings"));
+  const QPoint link = Page()->cursorRect(Page()->textCursor()).center() - QPoint(8, 0);
+  QTest::mouseClick(Page()->viewport(), Qt::LeftButton, {}, link);
+  EXPECT_EQ(Place(), "/strings.html");
+  Press(Qt::Key_Left, Qt::AltModifier);
+  Page()->setFocus();
+  QTest::keyClick(Page(), Qt::Key_Tab);
+  QTest::keyClick(Page(), Qt::Key_Return);
+  EXPECT_EQ(Place(), "/strings.html");
+}
+
+TEST_F(FrmHelpTest, BackAndForwardWalkTheWayTaken) {
+  Follow("strings.html");
+  Follow("chords/open.html");
+  Click("cmdBack");
+  EXPECT_EQ(Place(), "/strings.html");
+  Press(Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(Place(), "/welcome.html");
+  EXPECT_FALSE(Find<QWidget>("cmdBack")->isEnabled());
+  Press(Qt::Key_Right, Qt::AltModifier);
+  EXPECT_EQ(Place(), "/strings.html");
+  Click("cmdForward");
+  EXPECT_EQ(Place(), "/chords/open.html");
+  EXPECT_FALSE(Find<QWidget>("cmdForward")->isEnabled());
+}
+
+TEST_F(FrmHelpTest, BackReturnsToWhereThePageWasLeft) {
+  Follow("chords/open.html");
+  Page()->SetScroll(333);
+  Follow("../strings.html");
+  EXPECT_EQ(Page()->Scroll(), 0);
+  Press(Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(Page()->Scroll(), 333);
+}
+
+TEST_F(FrmHelpTest, MouseButtonsForBackAndForwardWork) {
+  Follow("strings.html");
+  QTest::mouseClick(Page()->viewport(), Qt::BackButton);
+  EXPECT_EQ(Place(), "/welcome.html");
+  QTest::mouseClick(Page()->viewport(), Qt::ForwardButton);
+  EXPECT_EQ(Place(), "/strings.html");
+}
+
+TEST_F(FrmHelpTest, HomeLeadsToTheDefaultPage) {
+  Follow("strings.html");
+  Click("cmdHome");
+  EXPECT_EQ(Place(), "/welcome.html");
+  Follow("strings.html");
+  Press(Qt::Key_Home, Qt::AltModifier);
+  EXPECT_EQ(Place(), "/welcome.html");
+}
+
+TEST_F(FrmHelpTest, MissingPageIsToldOnAPageAndBackLeadsOn) {
+  Follow("gone.html");
+  EXPECT_TRUE(Text().contains(Wide("/gone.html"))) << Text().toStdString();
+  EXPECT_TRUE(Text().startsWith(Wide("Page not found")));
+  EXPECT_THAT(box_.Messages(), IsEmpty());
+  Click("cmdBack");
+  EXPECT_EQ(Place(), "/welcome.html");
+  EXPECT_TRUE(Text().startsWith(Wide("Welcome")));
+}
+
+TEST_F(FrmHelpTest, OutsideLinkIsOpenedOnlyAfterAYes) {
+  box_.AnswerNext(MsgBoxAnswer::kNo);
+  box_.AnswerNext(MsgBoxAnswer::kYes);
+  Follow("https://tonalith.example/more");
+  EXPECT_THAT(opened_, IsEmpty());
+  Follow("https://tonalith.example/more");
+  EXPECT_THAT(opened_, ElementsAre("https://tonalith.example/more"));
+  const Message question{"This link leads out of the help. Do you want to open it?\nhttps://tonalith.example/more",
+                         MsgBoxStyle::kYesNo | MsgBoxStyle::kQuestion | MsgBoxStyle::kDefaultButton2, ""};
+  EXPECT_THAT(box_.Messages(), ElementsAre(question, question));
+  EXPECT_EQ(Place(), "/welcome.html");
+}
+
+TEST_F(FrmHelpTest, AddressThatCannotBeOpenedIsTold) {
+  box_.AnswerNext(MsgBoxAnswer::kYes);
+  opens_ = false;
+  Follow("mailto:somebody@tonalith.example");
+  const Message sorry{"The address could not be opened:\nmailto:somebody@tonalith.example", MsgBoxStyle::kExclamation,
+                      ""};
+  ASSERT_EQ(box_.Messages().size(), 2U);
+  EXPECT_EQ(box_.Messages()[1], sorry);
+}
+
+TEST_F(FrmHelpTest, LinkToALocalFileIsRefused) {
+  Follow("file:///etc/passwd");
+  const Message refusal{"This link leads to something that the help does not open:\nfile:///etc/passwd",
+                        MsgBoxStyle::kExclamation, ""};
+  EXPECT_THAT(box_.Messages(), ElementsAre(refusal));
+  EXPECT_THAT(opened_, IsEmpty());
+}
+
+TEST_F(FrmHelpTest, WindowMayBeClosedWhileItAsks) {
+  class ClosingMsgBox : public core::MsgBox {
+   public:
+    using core::MsgBox::Show;
+    MsgBoxAnswer Show(const std::string& /*text*/, MsgBoxStyle /*style*/, const std::string& /*title*/) override {
+      delete window_;
+      return MsgBoxAnswer::kYes;
+    }
+    frmHelp* window_ = nullptr;
+  };
+  ClosingMsgBox box;
+  int opened = 0;
+  box.window_ = new frmHelp(
+      box, [&opened](const QUrl&) { return ++opened > 0; }, nullptr);
+  box.window_->ShowBook(ReadBook());
+  Q_EMIT box.window_->Page()->LinkChosen("https://tonalith.example");
+  EXPECT_EQ(opened, 1);
+}
+
+TEST_F(FrmHelpTest, IndexIsFilteredWhileItIsTyped) {
+  ShowTab(1);
+  QTest::keyClicks(Find<QLineEdit>("txtIndex"), Wide("RE"));
+  EXPECT_TRUE(Entry("HelpIndex", "string")->isHidden());
+  EXPECT_FALSE(Entry("HelpIndex", "fret")->isHidden());
+  QTest::keyClick(Find<QLineEdit>("txtIndex"), Qt::Key_Return);
+  EXPECT_EQ(Place(), "/strings.html");
+  EXPECT_FALSE(Find<QLabel>("lblIndex")->isVisible());
+  QTest::keyClicks(Find<QLineEdit>("txtIndex"), Wide("xyz"));
+  EXPECT_EQ(Find<QLabel>("lblIndex")->text(), Wide("No keyword contains \"RExyz\"."));
+  EXPECT_TRUE(Find<QLabel>("lblIndex")->isVisible());
+}
+
+TEST_F(FrmHelpTest, KeywordOfSeveralPagesListsThem) {
+  ShowTab(1);
+  QTest::keyClicks(Find<QLineEdit>("txtIndex"), Wide("string"));
+  ClickEntry("HelpIndex", "string");
+  EXPECT_EQ(Place(), "/welcome.html");
+  ClickEntry("HelpIndex", "Open chords");
+  EXPECT_EQ(Place(), "/chords/open.html");
+}
+
+TEST_F(FrmHelpTest, ArrowDownLeadsFromTheBoxIntoTheIndex) {
+  ShowTab(1);
+  QTest::keyClick(Find<QLineEdit>("txtIndex"), Qt::Key_Down);
+  EXPECT_EQ(form_->focusWidget(), Find<QWidget>("HelpIndex"));
+}
+
+TEST_F(FrmHelpTest, SearchListsPagesAndMarksTheWords) {
+  ShowTab(2);
+  auto* const text = Find<QLineEdit>("txtHelpSearch");
+  QTest::keyClicks(text, Wide("minor sad"));
+  QTRY_COMPARE_WITH_TIMEOUT(Find<QListWidget>("HelpResults")->count(), 1, 3000);
+  EXPECT_EQ(Find<QLabel>("lblFound")->text(), Wide("1 page"));
+  EXPECT_EQ(Place(), "/welcome.html");
+  QTest::keyClick(text, Qt::Key_Return);
+  EXPECT_EQ(Place(), "/chords/open.html");
+  EXPECT_THAT(Marked(), ElementsAre("Minor", "minor", "sad"));
+  // The first place is in sight.
+  EXPECT_TRUE(Page()->viewport()->rect().contains(Page()->cursorRect(Page()->extraSelections().first().cursor)));
+  Follow("../strings.html");
+  EXPECT_THAT(Marked(), IsEmpty());
+}
+
+TEST_F(FrmHelpTest, SearchThatFindsNothingSaysSo) {
+  ShowTab(2);
+  QTest::keyClicks(Find<QLineEdit>("txtHelpSearch"), Wide("zither"));
+  QTest::keyClick(Find<QLineEdit>("txtHelpSearch"), Qt::Key_Return);
+  EXPECT_EQ(Find<QLabel>("lblFound")->text(), Wide("No page has all of these words."));
+  EXPECT_EQ(Place(), "/welcome.html");
+}
+
+TEST_F(FrmHelpTest, FindMarksAndWalksAroundThePage) {
+  Follow("strings.html");
+  Press(Qt::Key_F, Qt::ControlModifier);
+  ASSERT_TRUE(Find<QWidget>("FindBar")->isVisible());
+  QTest::keyClicks(Find<QLineEdit>("txtFind"), Wide("string"));
+  EXPECT_EQ(FoundWords(), "4 places");
+  EXPECT_THAT(Marked(), ElementsAre("String", "string", "string", "string"));
+  const int first = Page()->textCursor().position();
+  Press(Qt::Key_F3);
+  EXPECT_GT(Page()->textCursor().position(), first);
+  Press(Qt::Key_F3, Qt::ShiftModifier);
+  EXPECT_EQ(Page()->textCursor().position(), first);
+  Press(Qt::Key_F3, Qt::ShiftModifier);
+  EXPECT_GT(Page()->textCursor().position(), first);
+  Press(Qt::Key_F3);
+  EXPECT_EQ(Page()->textCursor().position(), first);
+}
+
+TEST_F(FrmHelpTest, FindSaysWhenThereIsNothing) {
+  Press(Qt::Key_F3);
+  QTest::keyClicks(Find<QLineEdit>("txtFind"), Wide("zither"));
+  EXPECT_EQ(FoundWords(), "Not on this page");
+  EXPECT_THAT(Marked(), IsEmpty());
+  QTest::keyClick(Find<QLineEdit>("txtFind"), Qt::Key_Return);
+  EXPECT_EQ(Place(), "/welcome.html");
+}
+
+TEST_F(FrmHelpTest, FindBarLooksAtThePageThatIsShownNext) {
+  Press(Qt::Key_F, Qt::ControlModifier);
+  QTest::keyClicks(Find<QLineEdit>("txtFind"), Wide("low string"));
+  EXPECT_EQ(FoundWords(), "Not on this page");
+  Follow("strings.html");
+  EXPECT_EQ(FoundWords(), "1 place");
+}
+
+TEST_F(FrmHelpTest, EscapeClosesTheFindBarThenTheWindow) {
+  Press(Qt::Key_F, Qt::ControlModifier);
+  QTest::keyClicks(Find<QLineEdit>("txtFind"), Wide("strings"));
+  Press(Qt::Key_Escape);
+  EXPECT_FALSE(Find<QWidget>("FindBar")->isVisible());
+  EXPECT_THAT(Marked(), IsEmpty());
+  EXPECT_TRUE(form_->isVisible());
+  Press(Qt::Key_Escape);
+  EXPECT_FALSE(form_->isVisible());
+}
+
+TEST_F(FrmHelpTest, ControlWCloses) {
+  Press(Qt::Key_W, Qt::ControlModifier);
+  EXPECT_FALSE(form_->isVisible());
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(form_.isNull());
+}
+
+TEST_F(FrmHelpTest, ZoomByKeysButtonsAndWheel) {
+  const auto heightNow = [this] { return Page()->document()->defaultFont().pixelSize(); };
+  const int height = heightNow();
+  Press(Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_GT(heightNow(), height);
+  EXPECT_EQ(Find<QLabel>("lblZoom")->text(), Wide("110 %"));
+  Press(Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_EQ(heightNow(), height);
+  Click("cmdLarger");
+  Click("cmdLarger");
+  EXPECT_EQ(Find<QLabel>("lblZoom")->text(), Wide("121 %"));
+  Press(Qt::Key_0, Qt::ControlModifier);
+  EXPECT_EQ(heightNow(), height);
+  const QPointF middle(100, 100);
+  QWheelEvent wheel(middle, Page()->mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::ControlModifier,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(Page()->viewport(), &wheel);
+  EXPECT_LT(heightNow(), height);
+}
+
+TEST_F(FrmHelpTest, ZoomHasItsEndsAndKeepsThePlace) {
+  Follow("chords/open.html#minor");
+  for (int i = 0; i < 60; ++i) Press(Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_LE(Page()->Zoom(), 4.0);
+  EXPECT_GT(Page()->Scroll(), Page()->verticalScrollBar()->maximum() / 4);
+  for (int i = 0; i < 90; ++i) Press(Qt::Key_Minus, Qt::ControlModifier);
+  EXPECT_GE(Page()->Zoom(), 0.6);
+}
+
+}  // namespace
+}  // namespace tonalith::help

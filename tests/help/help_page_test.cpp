@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "help/help_page.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "help/markup.h"
+
+namespace tonalith::help {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+std::string Html(std::string_view topic) { return ReadHelpPage(topic).html; }
+
+/// What stands open when the html ends, and how deep it went; closings that close nothing are faults.
+struct Nesting {
+  std::size_t deepest = 0;
+  std::size_t tables = 0;
+  bool isSound = true;
+};
+
+Nesting NestingOf(const std::string& html) {
+  Nesting nesting;
+  std::vector<std::string> open;
+  std::size_t tables = 0;
+  MarkupReader reader(html);
+  while (const auto piece = reader.Next()) {
+    if (piece->kind == MarkupPiece::Kind::kText) continue;
+    const std::string& tag = piece->text;
+    if (tag == "br" || tag == "hr" || tag == "img") continue;
+    if (piece->kind == MarkupPiece::Kind::kOpen) {
+      open.push_back(tag);
+      if (tag == "table") nesting.tables = std::max(nesting.tables, ++tables);
+      nesting.deepest = std::max(nesting.deepest, open.size());
+    } else if (open.empty() || open.back() != tag) {
+      nesting.isSound = false;
+    } else {
+      open.pop_back();
+      if (tag == "table") --tables;
+    }
+  }
+  nesting.isSound = nesting.isSound && open.empty();
+  return nesting;
+}
+
+TEST(HelpPage, KeepsTheTextAndItsStructure) {
+  EXPECT_EQ(Html("<html><body><h1>Neck</h1><p>Six <b>strings</b>.</p><ul><li>E<li>A</ul></body></html>"),
+            "<h1>Neck</h1><p>Six <b>strings</b>.</p><ul><li>E</li><li>A</li></ul>");
+}
+
+TEST(HelpPage, TitleIsTheTopicsOwnOrItsFirstHeading) {
+  EXPECT_EQ(ReadHelpPage("<title> The\n neck </title><h1>Other</h1>").title, "The neck");
+  EXPECT_EQ(ReadHelpPage("<p>x</p><h2>First &amp; foremost</h2><h2>Second</h2>").title, "First & foremost");
+  EXPECT_EQ(ReadHelpPage("text").title, "");
+}
+
+TEST(HelpPage, TextHasALineForEachParagraphAndNothingOfTheHead) {
+  EXPECT_EQ(ReadHelpPage("<title>T</title><style>p{}</style><p>One <i>two</i></p><p>three<br>four</p>").text,
+            "One two\nthree\nfour\n");
+}
+
+TEST(HelpPage, WordsOfNeighbouringCellsStayApart) {
+  EXPECT_EQ(ReadHelpPage("<table><tr><td>fret</td><td>note</td></tr></table>").text, "fret note\n");
+}
+
+TEST(HelpPage, LinksAndPicturesBecomeNumbers) {
+  const HelpPage page =
+      ReadHelpPage("<a href='a.html#b'>A</a> <a href='http://x'>B</a><img src=p.png width=640 alt='The neck'>");
+  EXPECT_EQ(page.html, "<a href=\"link:0\">A</a> <a href=\"link:1\">B</a><img src=\"picture:0\">");
+  EXPECT_THAT(page.links, ElementsAre("a.html#b", "http://x"));
+  ASSERT_EQ(page.pictures.size(), 1U);
+  EXPECT_EQ(page.pictures[0].source, "p.png");
+  EXPECT_EQ(page.pictures[0].width, 640);
+  EXPECT_EQ(page.pictures[0].height, 0);
+  EXPECT_EQ(page.pictures[0].description, "The neck");
+}
+
+TEST(HelpPage, TextCannotPassForALinkOrAPicture) {
+  EXPECT_THAT(Html("&lt;img src=\"picture:0\"&gt;"), Not(HasSubstr("\"")));
+}
+
+TEST(HelpPage, AnchorsOfBothKindsAreKept) {
+  EXPECT_EQ(Html("<h2 id=one>A</h2><a name='two'></a>B"), "<h2><a name=\"one\"></a>A</h2><a name=\"two\"></a>B");
+}
+
+TEST(HelpPage, ScriptsFramesFormsAndEventsAreGone) {
+  const std::string html = Html(
+      "<script>x</script><iframe src=y></iframe><p onclick='z' style='color:red'>a</p><form><input value=q></form>"
+      "<font color=red>b</font><object data=c></object>");
+  EXPECT_EQ(html, "<p>a</p>b");
+}
+
+TEST(HelpPage, BoxesBecomeTables) {
+  EXPECT_EQ(Html("<p class=\"note\">Mind this.</p>"),
+            "<table class=\"box\" width=\"100%\"><tr><td class=\"note\">Mind this.</td></tr></table>");
+  EXPECT_EQ(Html("<pre>a\n b</pre>"),
+            "<table class=\"box\" width=\"100%\"><tr><td class=\"code\"><pre>a\n b</pre></td></tr></table>");
+}
+
+TEST(HelpPage, ClassNamesThatAreNotPlainAreDropped) {
+  EXPECT_EQ(Html("<p class='a\"><b'>x</p><span class='wildcard'>y</span>"),
+            "<p>x</p><span class=\"wildcard\">y</span>");
+}
+
+TEST(HelpPage, WhateverIsLeftOpenIsClosedInOrder) {
+  for (const char* const topic :
+       {"<p><b><i>x", "<b><p>x</b>y</p>", "<ul><li><ul><li>x</ul><li>y", "<table><tr><td><table><tr><td>x</table>y",
+        "<table><td>x</table>", "</p></b></table>", "<dl><dt>a<dd>b<dt>c</dl>", "<a href=x><a href=y>z",
+        "<tr><td>x</td></tr>", "<table><tr><td><p>x</td><td>y</tr></table>", "<h1>x<h2>y", "<p class=note>x<p>y</p>",
+        "<pre>x<table><tr><td>y</pre>z"}) {
+    EXPECT_TRUE(NestingOf(Html(topic)).isSound) << topic << " became " << Html(topic);
+  }
+}
+
+TEST(HelpPage, NestingAndTablesHaveTheirLimits) {
+  std::string deep;
+  for (int i = 0; i < 5000; ++i) deep += "<div><ul><li><blockquote><b>";
+  std::string tables;
+  for (int i = 0; i < 5000; ++i) tables += "<table><tr><td><p class=note>";
+  for (const std::string& topic : {deep, tables, deep + tables, tables + deep}) {
+    const Nesting nesting = NestingOf(Html(topic));
+    EXPECT_TRUE(nesting.isSound);
+    EXPECT_LE(nesting.deepest, 100U);
+    EXPECT_LE(nesting.tables, 3U);
+  }
+}
+
+TEST(HelpPage, TablesAfterOneAnotherAreNoNest) {
+  std::string topic;
+  for (int i = 0; i < 20; ++i) topic += "<table><tr><td>x</td></tr></table>";
+  EXPECT_EQ(Html(topic).size(), Html("<table><tr><td>x</td></tr></table>").size() * 20);
+}
+
+TEST(HelpPage, SpansAndSizesOutOfRangeAreLeftOut) {
+  EXPECT_EQ(Html("<table><tr><td colspan=3 rowspan=1000000000>x</td></tr></table>"),
+            "<table class=\"grid\"><tr><td colspan=\"3\">x</td></tr></table>");
+  EXPECT_EQ(ReadHelpPage("<img src=p width=999999999999>").pictures[0].width, 0);
+  EXPECT_EQ(ReadHelpPage("<img src=p width=-5 height='50%'>").pictures[0].height, 0);
+}
+
+TEST(HelpPage, LongTopicsAreCut) {
+  EXPECT_EQ(ReadHelpPage(std::string(kLongestTopic + 100, 'x')).text.size(), kLongestTopic);
+}
+
+TEST(ShapesOf, KeepsTheShapeOfTextAndDropsColoursFontsAndSizes) {
+  EXPECT_EQ(
+      ShapesOf("/* a { } */ .caption { color: #000; font-weight: bold } body { background: white; font: 12px x }\n"
+               "th , td.x { TEXT-ALIGN : left; width: 3px; }"),
+      ".caption{font-weight:bold;}\nth , td.x{text-align:left;}\n");
+}
+
+TEST(ShapesOf, TakesNothingThatItDoesNotUnderstand) {
+  EXPECT_EQ(ShapesOf("@import url(http://x); p[a=b] { font-weight: bold }"), "");
+  EXPECT_EQ(ShapesOf("p { font-weight: url(http://x) }"), "");
+  EXPECT_EQ(ShapesOf("p { font-weight: bold"), "p{font-weight:bold;}\n");
+  EXPECT_EQ(ShapesOf("/*"), "");
+  EXPECT_EQ(ShapesOf("{{{}}}"), "");
+}
+
+}  // namespace
+}  // namespace tonalith::help

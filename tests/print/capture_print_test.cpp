@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QPainter>
+
+#include "controls/ink.h"
+#include "core/recording_msg_box.h"
+#include "platform/scripted/scripted_printer.h"
+#include "print/print_picture_to_size.h"
+
+namespace tonalith::print {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+using Message = core::RecordingMsgBox::Message;
+
+constexpr const char* kNothing = "Bitmap creation failed \xE2\x80\x94 nothing to print.";
+
+/// A white window of 96 x 48 pixels, an inch by half an inch, with a black patch at (12, 6) of 24 x 12.
+class CapturePrintTest : public testing::Test {
+ protected:
+  CapturePrintTest() {
+    QPalette white;
+    white.setColor(QPalette::Window, Qt::white);
+    view_.setPalette(white);
+    view_.resize(96, 48);
+    auto* const patch = new QWidget(&view_);
+    patch->setGeometry(12, 6, 24, 12);
+    QPalette black;
+    black.setColor(QPalette::Window, Qt::black);
+    patch->setPalette(black);
+    patch->setAutoFillBackground(true);
+    printPic_->hide();
+  }
+  void Print() { CapturePrint({printer_, box_}, view_, *printPic_); }
+
+  QWidget view_;
+  QWidget form_;
+  PictureBox* printPic_ = new PictureBox(QStringLiteral("printPic"), &form_);
+  core::RecordingMsgBox box_;
+  platform::PrintScript script_;
+  platform::ScriptedPrinter printer_{script_, 10000, 8000};
+};
+
+TEST_F(CapturePrintTest, PrintsTheViewInItsOwnSizeAtTheTopLeft) {
+  Print();
+  EXPECT_EQ(script_.Record(),
+            "scale mode 3\n"
+            "paint at 0,0 600x300\n"
+            "end\n");
+  EXPECT_EQ(script_.pages, 1);
+  EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
+}
+
+TEST_F(CapturePrintTest, PrintsWhatTheViewShows) {
+  Print();
+  ASSERT_THAT(script_.painted, SizeIs(1));
+  const QImage dots =
+      tests::Painted(96, 48, 4, [&](QPainter& painter) { script_.painted.front().picture->PaintOn(painter); });
+  EXPECT_EQ(tests::InkBox(dots, dots.rect()), QRect(48, 24, 96, 48));
+}
+
+TEST_F(CapturePrintTest, ViewThatCannotBeCapturedPrintsNothingAndSaysSo) {
+  view_.resize(0, 0);
+  Print();
+  EXPECT_THAT(box_.Messages(), ElementsAre(Message{kNothing, core::MsgBoxStyle::kOkOnly, ""}));
+  EXPECT_EQ(script_.Record(), "scale mode 3\n");
+  EXPECT_EQ(script_.pages, 0);
+}
+
+TEST_F(CapturePrintTest, EarlierPictureIsNotPrintedInItsPlace) {
+  Print();
+  view_.resize(0, 0);
+  Print();
+  EXPECT_EQ(script_.pages, 1);
+  EXPECT_THAT(box_.Messages(), SizeIs(1));
+}
+
+TEST_F(CapturePrintTest, FailureOfAnyStepIsReported) {
+  for (const char* const step : {"scale mode", "resolution", "paint", "end"}) {
+    script_.Mend();
+    script_.Break(step);
+    box_.Forget();
+    Print();
+    EXPECT_THAT(box_.Messages(), ElementsAre(Message{std::string(step) + " broke", core::MsgBoxStyle::kOkOnly, ""}));
+  }
+  EXPECT_EQ(script_.pages, 1) << "the page of the first round, in twips";
+}
+
+}  // namespace
+}  // namespace tonalith::print

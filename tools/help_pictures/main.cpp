@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// tonalith_help_pictures <database.mdb> <pictures.tsv> <folder>: has the program's own windows draw themselves for the
+// help, in the light theme, and writes one PNG for each line of the table: its name, and its width on the page in
+// pixels; the file has twice that width. Needs no screen. Exit status 0: written. 1: something failed, said in one
+// line. 2: wrong call.
+
+#include <QApplication>
+#include <exception>
+#include <filesystem>
+#include <iostream>
+#include <string>
+
+#include "help_pictures/picture_book.h"
+
+int main(int argc, char** argv) {
+  if (argc != 4) {
+    std::cerr << "usage: tonalith_help_pictures <database.mdb> <pictures.tsv> <folder>\n";
+    return 2;
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  // Larger than any picture becomes, so that each is made by scaling down.
+  qputenv("QT_SCALE_FACTOR", "4");
+  qputenv("QT_STYLE_OVERRIDE", "Fusion");
+  qputenv("QT_ACCESSIBILITY", "0");
+  QCoreApplication::setApplicationVersion(QStringLiteral(TONALITH_VERSION));
+  const QApplication application(argc, argv);
+  try {
+    tonalith::help_pictures::PictureBook book(argv[1]);
+    book.Write(argv[2], argv[3]);
+  } catch (const std::exception& failure) {
+    std::cerr << failure.what() << "\n";
+    return 1;
+  }
+  return 0;
+}
