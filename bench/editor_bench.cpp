@@ -53,10 +53,6 @@ struct Desk : unplugged::UnpluggedWindow {
     }
   }
 };
-data::ScaleDatabase database;
-std::unique_ptr<app::frmTonalith> window =
-    app::OpenScaleDatabase({database, box, player, sounds, events, printing, help});
-};
 
 void PressKey(QWidget* target, Qt::Key key, const QString& text, Qt::KeyboardModifiers modifiers) {
   QKeyEvent override(QEvent::ShortcutOverride, key, modifiers, text);

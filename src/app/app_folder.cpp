@@ -9,6 +9,7 @@
 #include <string>
 #include <system_error>
 
+#include "core/deferred_failure.h"
 #include "core/failure.h"
 
 namespace tonalith::app {
@@ -18,9 +19,8 @@ namespace fs = std::filesystem;
 
 constexpr std::int32_t kPathAccessError = 75;
 constexpr const char* kDatabase = "TonalithDB97.mdb";
-constexpr const char* kPacks = "DataPacks";
 constexpr const char* kHelp = "TLHELP.chm";
-constexpr std::array<const char*, 5> kContent = {kDatabase, "Audio", "Octaves", kPacks, kHelp};
+constexpr std::array<const char*, 5> kContent = {kDatabase, "Audio", "Octaves", "DataPacks", kHelp};
 
 [[noreturn]] void ThrowAccessError(const fs::path& path, const std::error_code& error) {
   throw core::Failure(kPathAccessError, "Path/File access error: " + path.string() + " (" + error.message() + ")");
@@ -58,21 +58,15 @@ void CopyEntry(const fs::path& from, const fs::path& to) {
   if (error) ThrowAccessError(to, error);
 }
 
-/// Takes an installed file that is newer than the user's copy, or of which there is no copy.
+/// Takes an installed file that is newer than the user's copy. Where that cannot be done, the copy goes on to serve.
 void TakeNewer(const fs::path& from, const fs::path& to) {
   std::error_code error;
   const fs::file_time_type installed = fs::last_write_time(from, error);
-  if (error) return;
-  const fs::file_time_type copied = fs::last_write_time(to, error);
-  if (error || installed > copied) CopyEntry(from, to);
-}
-
-void TakeNewerPacks(const fs::path& from, const fs::path& to) {
-  std::error_code error;
-  for (auto entry = fs::directory_iterator(from, error); !error && entry != fs::directory_iterator();
-       entry.increment(error)) {
-    if (entry->is_regular_file(error)) TakeNewer(entry->path(), to / entry->path().filename());
-  }
+  const fs::file_time_type copied = error ? installed : fs::last_write_time(to, error);
+  if (error || installed <= copied) return;
+  core::DeferredFailure failure;
+  failure.Try([&] { CopyEntry(from, to); });
+  failure.Clear();
 }
 
 }  // namespace
@@ -101,7 +95,6 @@ fs::path ResolveAppFolder(const ProgramPlaces& places) {
     if (fs::exists(from, error) && !fs::exists(folder / name, error)) CopyEntry(from, folder / name);
   }
   TakeNewer(places.contentFolder / kHelp, folder / kHelp);
-  TakeNewerPacks(places.contentFolder / kPacks, folder / kPacks);
   return folder;
 }
 

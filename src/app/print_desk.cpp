@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/page_composer.h"
+#include "core/held_messages.h"
 #include "print/print_picture_to_size.h"
 
 namespace tonalith::app {
@@ -25,27 +26,6 @@ void RemovePicTemp(QWidget& form) {
     delete left;
   }
 }
-
-/// Keeps messages back until they are wanted. Every one of them is a report, answered with OK.
-class HeldMessages : public core::MsgBox {
- public:
-  using core::MsgBox::Show;
-  core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override {
-    messages_.push_back({text, style, title});
-    return core::MsgBoxAnswer::kOk;
-  }
-  void ShowAll(core::MsgBox& msgBox) const {
-    for (const Message& message : messages_) msgBox.Show(message.text, message.style, message.title);
-  }
-
- private:
-  struct Message {
-    std::string text;
-    core::MsgBoxStyle style;
-    std::string title;
-  };
-  std::vector<Message> messages_;
-};
 
 }  // namespace
 
@@ -87,35 +67,48 @@ PrintDesk::PrintDesk(const MainControls& controls, QWidget& form, Tools tools)
 
 PrintDesk::~PrintDesk() { Unload(); }
 
-void PrintDesk::ComposeView(core::DeferredFailure& failure) {
+bool PrintDesk::ComposeView(core::DeferredFailure& failure) {
   std::optional<PageComposer> composer;
-  failure.Try([&] { composer.emplace(c_); });
-  if (!composer) return;
-  failure.Try([&] { composer->BeginPage(); });
+  failure.Try([&] {
+    composer.emplace(c_);
+    composer->BeginPage();
+  });
+  if (failure.Pending()) return false;
   failure.Try([] { LetEventsRun(); });
   failure.Try([&] { tools_.scoreHandler(); });
   failure.Try([&] { composer->WriteStaff(); });
   failure.Try([&] { composer->DrawStringsAndFrets(); });
   failure.Try([&] { composer->WriteLabels(); });
   failure.Try([&] { composer->CopyNoteImages(&LetEventsRun); });
+  return true;
 }
 
 void PrintDesk::PrintView(platform::Printer& printer) {
   if (std::exchange(isComposing_, true)) return;
+  core::MsgBox& msgBox = tools_.msgBox;
   core::DeferredFailure failure;
-  HeldMessages messages;
+  core::HeldMessages messages;
   {
     const ComposedView view(c_, form_);
-    ComposeView(failure);
-    print::PrintPictureToSize({printer, messages}, form_, *c_.printPic, kShares.size, kShares.vertical,
-                              kShares.horizontal);
+    if (ComposeView(failure)) {
+      print::PrintPictureToSize({printer, messages}, form_, *c_.printPic, kShares.size, kShares.vertical,
+                                kShares.horizontal);
+    } else {
+      CaptureView({printer, messages});
+    }
     failure.Try([&] { RemovePicTemp(form_); });
   }
   failure.Try([] { LetEventsRun(); });
   failure.Try([&] { tools_.scoreHandler(); });
   isComposing_ = false;
-  messages.ShowAll(tools_.msgBox);
-  failure.ReportDescription(tools_.msgBox);
+  // The window, and this desk with it, may go while a message is shown.
+  messages.ShowAll(msgBox);
+  failure.ReportDescription(msgBox);
+}
+
+void PrintDesk::CaptureView(const print::PrintTools& tools) {
+  c_.printPic->hide();
+  print::CapturePrint(tools, *c_.printPic->parentWidget(), *c_.printPic);
 }
 
 void PrintDesk::cmdPrint_Click() {
@@ -128,7 +121,7 @@ void PrintDesk::cmdPrint_Click() {
   core::DeferredFailure failure;
   {
     const ComposedView view(c_, form_);
-    ComposeView(failure);
+    static_cast<void>(ComposeView(failure));
   }
   isComposing_ = false;
   QPointer<print::frmPrint> helper;

@@ -17,6 +17,7 @@
 #include "core/msg_box.h"
 #include "platform/print_service.h"
 #include "print/frm_print.h"
+#include "print/print_picture_to_size.h"
 
 namespace tonalith::app {
 
@@ -40,13 +41,16 @@ class PrintDesk {
   void cmdPrint_Click();
   /// Composes the view and prints it on one page.
   void PrintView(platform::Printer& printer);
+  /// Prints the window as it stands on the screen: for a view that cannot be composed.
+  void CaptureView(const print::PrintTools& tools);
   /// Unloads the print helper, if it is there. Nothing is printed.
   void Unload();
 
  private:
   class ComposedView;
 
-  void ComposeView(core::DeferredFailure& failure);
+  /// Whether there is a composed view at all; what failed on the way is pending.
+  [[nodiscard]] bool ComposeView(core::DeferredFailure& failure);
 
   const MainControls& c_;
   QWidget& form_;

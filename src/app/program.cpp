@@ -5,9 +5,11 @@
 
 #include <QApplication>
 #include <QStandardPaths>
+#include <QTimer>
 
 #include "app/app_folder.h"
 #include "app/m_main.h"
+#include "app/program_icon.h"
 #include "audio/octave_note_player.h"
 #include "core/deferred_failure.h"
 #include "help/window_help_engine.h"
@@ -64,6 +66,7 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   const auto output = platform::MakeOpenAlWaveOutput(notices, &news);
 
   QCoreApplication::setApplicationName(QStringLiteral("tonalith"));
+  QGuiApplication::setDesktopFileName(QStringLiteral("org.tonalith.Tonalith"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TONALITH_VERSION));
   const QApplication application(argc, argv);
   platform::QtMsgBox msgBox("Tonalith");
@@ -82,6 +85,8 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   const auto window = Main({database, msgBox, notePlayer, sounds, events, printing, help}, drives, directory);
   news.SetWindow(window.get());
   if (shown) shown(*window);
+  // The window is there first; its icon can wait for it.
+  QTimer::singleShot(0, window.get(), [&window] { window->setWindowIcon(ProgramIcon()); });
   const int exitCode = QApplication::exec();
   news.SetWindow(nullptr);
   return exitCode;

@@ -23,7 +23,6 @@ namespace tonalith::data {
 namespace {
 
 constexpr std::size_t kKeptStatements = 16;
-constexpr int kLongestField = 16 * 1024 * 1024;
 
 std::atomic<std::uint64_t> statementsIssued = 0;
 

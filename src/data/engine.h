@@ -24,6 +24,8 @@ namespace tonalith::data {
 
 /// What a statement calls the number that the engine itself gives to a row of a table.
 inline constexpr const char* kRowNumber = "_rowid_";
+/// Bytes of a field or of a row, at most.
+inline constexpr int kLongestField = 16 * 1024 * 1024;
 
 class Engine {
  public:

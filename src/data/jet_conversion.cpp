@@ -169,6 +169,8 @@ void MakeConverted(const std::string& path, const std::string& unfinished,
   fs::permissions(unfinished, fs::status(path).permissions());
   try {
     SQLite::Database database(unfinished, SQLite::OPEN_READWRITE);
+    // What the program could not read again is refused here, before anything is changed.
+    sqlite3_limit(database.getHandle(), SQLITE_LIMIT_LENGTH, kLongestField);
     SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
     Filling filling(database, path, onStep);
     ReadJetFile(path, filling);

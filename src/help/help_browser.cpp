@@ -28,6 +28,7 @@ constexpr double kReadingSize = 1.12;
 constexpr int kSmallestLetters = 14;
 constexpr int kMargin = 32;
 constexpr std::size_t kMostMarks = 1000;
+constexpr double kMostPicturePixels = 64e6;
 
 HelpPage PageNotFound(const std::string& path) {
   HelpPage page;
@@ -147,13 +148,17 @@ QString HelpBrowser::PageSheet() const {
 
 void HelpBrowser::PreparePictures() {
   pictures_.clear();
+  // A page from a stranger may ask for one picture many times, in any size.
+  double room = kMostPicturePixels;
   for (const HelpPicture& picture : page_.pictures) {
-    const std::string* const bytes = book_->Attached(place_.page, picture.source);
+    const std::string* const bytes = room > 0 ? book_->Attached(place_.page, picture.source) : nullptr;
     Shown shown;
     if (bytes != nullptr) shown.image = ReadPicture(*bytes);
     if (!shown.image.isNull()) {
+      room -= 1.0 * shown.image.width() * shown.image.height();
       shown.size = ShownSize(picture, shown.image.size(), zoom_, renderedColumn_);
-      shown.image = SharpAt(shown.image, shown.size, renderedRatio_);
+      room -= 1.0 * shown.size.width() * shown.size.height() * renderedRatio_ * renderedRatio_;
+      shown.image = room > 0 ? SharpAt(shown.image, shown.size, renderedRatio_) : QImage();
     }
     pictures_.push_back(shown);
   }

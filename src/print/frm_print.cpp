@@ -61,8 +61,12 @@ frmPrint::frmPrint(PrintOrder order, const PictureBox& page, QWidget* parent)
   failure.Try([this] { cmbPaper_->setCurrentIndex(order_.printing.UsualPaperSize() == PaperSize::kLetter ? 1 : 0); });
   failure.Clear();  // A4 stands there then.
   UpdatePreview();
-  connect(cmbPaper_, &QComboBox::currentIndexChanged, this, &frmPrint::UpdatePreview);
-  connect(cmbOrientation_, &QComboBox::currentIndexChanged, this, &frmPrint::UpdatePreview);
+  for (QComboBox* const choice : {cmbPaper_, cmbOrientation_}) {
+    connect(choice, &QComboBox::currentIndexChanged, this, [this] {
+      UpdatePreview();
+      ShowPreviewMessages();
+    });
+  }
   connect(cmdPrint_, &QAbstractButton::clicked, this, &frmPrint::cmdPrint_Click);
   connect(cmdPdf_, &QAbstractButton::clicked, this, &frmPrint::cmdPdf_Click);
   connect(cmdCancel_, &QAbstractButton::clicked, this, &frmPrint::cmdCancel_Click);
@@ -147,14 +151,19 @@ void frmPrint::UpdatePreview() {
   failure.Try([this] {
     const platform::Sheet sheet = order_.printing.SheetOf(ChosenPaper());
     PreviewPrinter preview(sheet);
-    PrintPictureToSize({preview, order_.msgBox}, *this, *picPage_, order_.shares.size, order_.shares.vertical,
+    PrintPictureToSize({preview, previewMessages_}, *this, *picPage_, order_.shares.size, order_.shares.vertical,
                        order_.shares.horizontal);
     picture1_->Show(sheet, preview.Painted());
   });
   const QString title = QString::fromStdString(order_.title);
   picture1_->setAccessibleName(tr("Preview of the page: %1, %2").arg(title, PaperText()));
   ShowPaper();
-  failure.ReportDescription(order_.msgBox);
+  failure.ReportDescription(previewMessages_);
+}
+
+void frmPrint::ShowPreviewMessages() {
+  core::HeldMessages messages = std::exchange(previewMessages_, {});
+  messages.ShowAll(order_.msgBox);
 }
 
 void frmPrint::showEvent(QShowEvent* event) {
@@ -212,7 +221,10 @@ void frmPrint::cmdPdf_Click() { AskAndPrint(&platform::PrintService::AskForPdfFi
 
 void frmPrint::cmdCancel_Click() { reject(); }
 
-void frmPrint::ShowModal() { exec(); }
+void frmPrint::ShowModal() {
+  QTimer::singleShot(0, this, &frmPrint::ShowPreviewMessages);
+  exec();
+}
 
 void frmPrint::BringToFront() {
   raise();

@@ -14,6 +14,7 @@
 #include <string>
 
 #include "controls/panel_button.h"
+#include "core/held_messages.h"
 #include "core/msg_box.h"
 #include "platform/print_service.h"
 #include "print/page_view.h"
@@ -65,6 +66,8 @@ class frmPrint : public QDialog {
   void LayOut();
   void ApplyTheme();
   void UpdatePreview();
+  /// What the preview had to say; the window may be gone afterwards.
+  void ShowPreviewMessages();
   void LookForPrinter();
   void AskAndPrint(Question ask, AfterPrinting afterwards);
   void ShowStatus(const QString& text);
@@ -72,6 +75,7 @@ class frmPrint : public QDialog {
   [[nodiscard]] QString PaperText() const;
 
   PrintOrder order_;
+  core::HeldMessages previewMessages_;
   bool isAsking_ = false;
   bool isPrinterKnown_ = false;
   bool hasPrinter_ = true;

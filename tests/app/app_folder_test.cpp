@@ -135,22 +135,30 @@ TEST_F(Installation, GivesEveryUserAFolderEvenWhereTheProgramsOwnCouldBeWritten)
   EXPECT_FALSE(fs::exists(bin_ / "TonalithDB97.mdb"));
 }
 
-TEST_F(Installation, NewerOneBringsItsHelpAndPacksAndLeavesTheUsersOwn) {
+TEST_F(Installation, NewerOneBringsItsHelpAndLeavesWhatIsTheUsers) {
   Resolve();
   Write(own_ / "TonalithDB97.mdb", "the user's own scales");
-  Write(own_ / "DataPacks" / "mine.mdb", "the user's own pack");
+  fs::remove(own_ / "DataPacks" / "jazz.mdb");
+  Write(own_ / "DataPacks" / "world.mdb", "the user's own pack");
   Write(own_ / "Audio" / "0.wav", "the user's own C");
   for (const char* const name : {"TonalithDB97.mdb", "TLHELP.chm", "DataPacks/jazz.mdb", "Audio/0.wav"}) {
     Upgrade(shared_ / name, "of tomorrow");
   }
-  Write(shared_ / "DataPacks" / "world.mdb", "new pack");
+  Write(shared_ / "DataPacks" / "world.mdb", "of tomorrow");
   Resolve();
   EXPECT_EQ(Read(own_ / "TonalithDB97.mdb"), "the user's own scales");
   EXPECT_EQ(Read(own_ / "Audio" / "0.wav"), "the user's own C");
   EXPECT_EQ(Read(own_ / "TLHELP.chm"), "of tomorrow");
-  EXPECT_EQ(Read(own_ / "DataPacks" / "jazz.mdb"), "of tomorrow");
-  EXPECT_EQ(Read(own_ / "DataPacks" / "world.mdb"), "new pack");
-  EXPECT_EQ(Read(own_ / "DataPacks" / "mine.mdb"), "the user's own pack");
+  EXPECT_FALSE(fs::exists(own_ / "DataPacks" / "jazz.mdb")) << "taken out by the user";
+  EXPECT_EQ(Read(own_ / "DataPacks" / "world.mdb"), "the user's own pack");
+}
+
+TEST_F(Installation, NewerHelpThatCannotBeTakenKeepsNobodyFromTheLibrary) {
+  Resolve();
+  Upgrade(shared_ / "TLHELP.chm", "of tomorrow");
+  fs::permissions(own_, kAnyWrite, fs::perm_options::remove);
+  EXPECT_EQ(AsOrdinaryUser([&] { return Resolve() == own_ ? 0 : 1; }), 0);
+  EXPECT_EQ(Read(own_ / "TLHELP.chm"), "help of today");
 }
 
 TEST_F(Installation, TheSameOneCopiesNothingAgain) {

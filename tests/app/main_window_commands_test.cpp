@@ -63,6 +63,23 @@ TEST_F(Commands, PrintInTheMenuIsTheButton) {
   EXPECT_EQ(printed_.pages, 0) << "closed is cancelled";
 }
 
+TEST_F(Commands, ClosingTheWindowTakesThePreviewWithIt) {
+  MakeDatabase({{"Major", "2212221"}});
+  Start();
+  bool isGone = false;
+  QTimer wait;
+  QObject::connect(&wait, &QTimer::timeout, [&] {
+    if (Window().findChild<print::frmPrint*>() == nullptr) return;
+    wait.stop();
+    Window().close();
+    isGone = Window().findChild<print::frmPrint*>() == nullptr;
+  });
+  wait.start(1);
+  Window().cmdPrint_Click();
+  EXPECT_TRUE(isGone);
+  EXPECT_EQ(printed_.pages, 0);
+}
+
 TEST_F(Commands, PrintIsOffWithoutARecord) {
   MakeDatabase({});
   Start();

@@ -159,6 +159,44 @@ TEST_F(Printing, WindowMayGoWhileTheHelperAsksForAPrinter) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
+TEST_F(Printing, WindowMayGoWhileAFailureIsTold) {
+  struct LeavingMsgBox : core::MsgBox {
+    using core::MsgBox::Show;
+    core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle /*style*/,
+                            const std::string& /*title*/) override {
+      told += text + "\n";
+      leave();
+      return core::MsgBoxAnswer::kOk;
+    }
+    std::function<void()> leave;
+    std::string told;
+  };
+  StartOn({"Dorian", "2122212"});
+  LeavingMsgBox leaving;
+  leaving.leave = [&] {
+    desk_.reset();
+    window_.reset();
+  };
+  const auto staff = [] { throw core::Failure::Overflow(); };
+  desk_ = std::make_unique<PrintDesk>(C(), Window(), PrintDesk::Tools{service_, leaving, staff});
+  script_.Break("end");
+  Print();
+  EXPECT_EQ(leaving.told, "end broke\nOverflow\n");
+}
+
+TEST_F(Printing, ViewThatCannotBeComposedIsPrintedAsItStands) {
+  StartOn({"Dorian", "2122212"});
+  platform::ScriptedPrinter printer(script_, 16000, 11000);
+  desk_->CaptureView({printer, box_});
+  ASSERT_THAT(script_.painted, SizeIs(1));
+  EXPECT_THAT(script_.Record(), testing::StartsWith("scale mode 3\npaint at 0,0 "));
+  const QImage page = tests::Painted(MainControls::kClientWidth, MainControls::kClientHeight, 1,
+                                     [&](QPainter& painter) { script_.painted[0].picture->PaintOn(painter); });
+  EXPECT_GT(tests::InkBox(page, page.rect()).width(), 900) << "the neck is there";
+  EXPECT_TRUE(C().printPic->isHidden());
+  EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
+}
+
 TEST_F(Printing, WithoutAPrinterThePageBecomesAPdfFile) {
   StartOn({"Dorian", "2122212"});
   service_.hasPrinter = false;

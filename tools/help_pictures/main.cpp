@@ -24,6 +24,8 @@ int main(int argc, char** argv) {
   qputenv("QT_SCALE_FACTOR", "4");
   qputenv("QT_STYLE_OVERRIDE", "Fusion");
   qputenv("QT_ACCESSIBILITY", "0");
+  // Nor anything of the desktop that builds.
+  for (const char* const name : {"QT_QPA_PLATFORMTHEME", "QT_FONT_DPI", "QT_SCREEN_SCALE_FACTORS"}) qunsetenv(name);
   QCoreApplication::setApplicationVersion(QStringLiteral(TONALITH_VERSION));
   const QApplication application(argc, argv);
   try {

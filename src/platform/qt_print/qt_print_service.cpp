@@ -81,6 +81,7 @@ QString PdfFileName(const QString& title) {
   }
   while (name.startsWith(QLatin1Char('.'))) name.remove(0, 1);
   // Below the 255 bytes that a file system takes, whatever the letters.
+  name.truncate(200);
   while (name.toUtf8().size() > 200) name.chop(1);
   if (name.isEmpty()) name = QStringLiteral("Tonalith");
   return name + QStringLiteral(".pdf");
