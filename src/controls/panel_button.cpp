@@ -3,6 +3,7 @@
 
 #include "controls/panel_button.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
 
@@ -33,6 +34,14 @@ PanelButton::PanelButton(const QString& name, const QString& caption, Kind kind,
     : QPushButton(caption, parent), kind_(kind) {
   setObjectName(name);
   setAttribute(Qt::WA_Hover);
+}
+
+bool PanelButton::event(QEvent* event) {
+  if (event->type() != QEvent::Shortcut) return QPushButton::event(event);
+  // Qt shows such a button pressed for a moment before it acts, and what is typed in that moment would go into the box
+  // that has the focus: in the editor, with Alt+A, into the name of the record that was there before.
+  click();
+  return true;
 }
 
 QSize PanelButton::sizeHint() const {

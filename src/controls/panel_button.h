@@ -21,6 +21,7 @@ class PanelButton : public QPushButton {
   [[nodiscard]] QSize sizeHint() const override;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:

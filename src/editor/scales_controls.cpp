@@ -137,22 +137,8 @@ void MakeUnboundControls(ScalesControls& c, QWidget* form) {
   c.lblNotice->setFixedHeight(20);
 }
 
-/// Its Alt key acts at once. Qt shows such a button pressed for a moment before it acts, and what is typed in that
-/// moment would go into the box that has the focus: with Alt+A into the name of the record that was there before.
-class CommandButton : public PanelButton {
- public:
-  using PanelButton::PanelButton;
-
- protected:
-  bool event(QEvent* event) override {
-    if (event->type() != QEvent::Shortcut) return PanelButton::event(event);
-    click();
-    return true;
-  }
-};
-
 PanelButton* MakeButton(const char* name, const QString& caption, PanelButton::Kind kind, QWidget* parent) {
-  auto* const button = new CommandButton(QLatin1String(name), caption, kind, parent);
+  auto* const button = new PanelButton(QLatin1String(name), caption, kind, parent);
   // Enter presses the button that has the focus.
   button->setAutoDefault(true);
   return button;

@@ -3,6 +3,8 @@
 
 #include "editor/type_box.h"
 
+#include <QAbstractItemView>
+#include <QEvent>
 #include <QPainter>
 
 #include "controls/panel_button.h"
@@ -16,6 +18,7 @@ TypeBox::TypeBox(const QString& name, QWidget* parent) : QComboBox(parent) {
   setFocusPolicy(Qt::StrongFocus);
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(12);
+  view()->installEventFilter(this);
 }
 
 void TypeBox::SetTypes(const std::vector<ScaleType>& types) {
@@ -26,6 +29,11 @@ void TypeBox::SetTypes(const std::vector<ScaleType>& types) {
 }
 
 void TypeBox::Show(const QString& typeNumber) { setCurrentIndex(findData(typeNumber.trimmed())); }
+
+bool TypeBox::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) event->accept();
+  return QComboBox::eventFilter(watched, event);
+}
 
 void TypeBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);

@@ -26,6 +26,8 @@ class TypeBox : public QComboBox {
   [[nodiscard]] QString NumberAt(int index) const { return itemData(index).toString(); }
 
  protected:
+  /// The open list has its keys for itself: Escape closes the list, not the form.
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 };
 

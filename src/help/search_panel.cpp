@@ -11,6 +11,7 @@
 #include <QStyledItemDelegate>
 #include <QTextLayout>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "controls/theme.h"
 
@@ -131,8 +132,9 @@ void SearchPanel::Choose(QListWidgetItem* item) {
 
 bool SearchPanel::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
+    // The first one that is not open already.
+    results_->setCurrentRow(std::min(results_->currentRow() + 1, results_->count() - 1));
     results_->setFocus(Qt::TabFocusReason);
-    if (results_->currentRow() < 0) results_->setCurrentRow(0);
     return true;
   }
   return QWidget::eventFilter(watched, event);

@@ -3,6 +3,7 @@
 
 // Opening twice, closing, and what happens to what is pending then.
 
+#include <QAbstractItemView>
 #include <QTest>
 
 #include "editor/editor_fixture.h"
@@ -49,6 +50,17 @@ TEST_F(Closing, EscapeCloses) {
   QTest::keyClick(place_.data(), Qt::Key_Escape);
   Settle();
   EXPECT_TRUE(place_.isNull());
+}
+
+TEST_F(Closing, EscapeInTheOpenListOfTypesClosesTheListOnly) {
+  Open();
+  Press(C().cmdModify);
+  C().Combo1->showPopup();
+  ASSERT_TRUE(C().Combo1->view()->isVisible());
+  QTest::keyClick(C().Combo1->view(), Qt::Key_Escape);
+  EXPECT_FALSE(C().Combo1->view()->isVisible());
+  Settle();
+  EXPECT_FALSE(place_.isNull());
 }
 
 TEST_F(Closing, PendingChangesAreKeptWithOk) {

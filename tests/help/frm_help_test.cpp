@@ -292,6 +292,19 @@ TEST_F(FrmHelpTest, SearchListsPagesAndMarksTheWords) {
   EXPECT_THAT(Marked(), IsEmpty());
 }
 
+TEST_F(FrmHelpTest, ArrowDownLeadsFromTheSearchToTheFirstPageThatIsNotOpenYet) {
+  ShowTab(2);
+  auto* const text = Find<QLineEdit>("txtHelpSearch");
+  auto* const results = Find<QListWidget>("HelpResults");
+  QTest::keyClicks(text, Wide("string"));
+  QTRY_VERIFY_WITH_TIMEOUT(results->count() > 1, 3000);
+  QTest::keyClick(text, Qt::Key_Down);
+  EXPECT_EQ(results->currentRow(), 0) << "none is open";
+  QTest::keyClick(text, Qt::Key_Return);
+  QTest::keyClick(text, Qt::Key_Down);
+  EXPECT_EQ(results->currentRow(), 1) << "the first one is open";
+}
+
 TEST_F(FrmHelpTest, SearchThatFindsNothingSaysSo) {
   ShowTab(2);
   QTest::keyClicks(Find<QLineEdit>("txtHelpSearch"), Wide("zither"));

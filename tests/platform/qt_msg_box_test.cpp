@@ -54,6 +54,24 @@ TEST_F(QtMsgBoxTest, BelongsToTheActiveWindowAndShowsItsTextAsItIs) {
   EXPECT_EQ(Shown(), nullptr);
 }
 
+// Just after a box has closed, no window is active yet.
+TEST_F(QtMsgBoxTest, ABoxThatFollowsAnotherBelongsToTheSameWindow) {
+  QWidget* second = nullptr;
+  ShowAnd(MsgBoxStyle::kOkOnly, [] { Shown()->button(QMessageBox::Ok)->click(); });
+  QApplication::setActiveWindow(nullptr);
+  ShowAnd(MsgBoxStyle::kOkOnly, [&] {
+    second = Shown()->parentWidget();
+    Shown()->button(QMessageBox::Ok)->click();
+  });
+  EXPECT_EQ(second, window_.data());
+  window_->hide();
+  ShowAnd(MsgBoxStyle::kOkOnly, [&] {
+    second = Shown()->parentWidget();
+    Shown()->button(QMessageBox::Ok)->click();
+  });
+  EXPECT_EQ(second, nullptr) << "a window that is not there takes its boxes with it";
+}
+
 // The window may be unloaded by what happens while its box is up. The box goes with it, once.
 TEST_F(QtMsgBoxTest, AgreesToNothingWhenItsWindowGoes) {
   for (const auto& [style, answer] :

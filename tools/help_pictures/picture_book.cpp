@@ -98,7 +98,7 @@ QImage PictureBook::Editor(EditorPart part) {
   NoHost host;
   QPointer<editor::frmScales> form;
   editor::ShowScaleEditor(form, {program_->database, program_->box, host, std::nullopt}, nullptr);
-  const QImage picture = part == EditorPart::kAll ? PictureOf(*form) : PartOf(*form, {form->Controls().keyboard});
+  QImage picture = part == EditorPart::kAll ? PictureOf(*form) : PartOf(*form, {form->Controls().keyboard});
   delete form.data();
   return picture;
 }

@@ -66,7 +66,11 @@ MsgBoxAnswer AnswerWithoutBox(MsgBoxStyle style) {
 }  // namespace
 
 MsgBoxAnswer QtMsgBox::Show(const std::string& text, MsgBoxStyle style, const std::string& title) {
-  const QPointer<QMessageBox> box(new QMessageBox(QApplication::activeWindow()));
+  // Just after a box has closed no window is active yet; the next box belongs to the same window then.
+  QWidget* const active = QApplication::activeWindow();
+  const bool isLatestThere = !latestWindow_.isNull() && latestWindow_->isVisible();
+  if (active != nullptr || !isLatestThere) latestWindow_ = active;
+  const QPointer<QMessageBox> box(new QMessageBox(latestWindow_));
   box->setObjectName(QStringLiteral("MsgBox"));
   box->setWindowTitle(QString::fromStdString(title.empty() ? applicationTitle_ : title));
   // A scale's name may look like markup; it is shown as it is written.

@@ -6,6 +6,8 @@
 
 #pragma once
 
+#include <QPointer>
+#include <QWidget>
 #include <string>
 
 #include "core/msg_box.h"
@@ -21,6 +23,7 @@ class QtMsgBox : public core::MsgBox {
 
  private:
   std::string applicationTitle_;
+  QPointer<QWidget> latestWindow_;
 };
 
 }  // namespace tonalith::platform
