@@ -128,13 +128,13 @@ void frmPrint::ApplyTheme() {
 }
 
 bool frmPrint::event(QEvent* event) {
-  const bool isTaken = QDialog::event(event);
   const auto type = event->type();
   const bool isLook =
       type == QEvent::ApplicationPaletteChange || type == QEvent::ThemeChange || type == QEvent::FontChange;
   const bool isReady = cmdCancel_ != nullptr;
   if (isReady && isLook) ApplyTheme();
-  return isTaken;
+  // An event may destroy the window: nothing of it is used afterwards.
+  return QDialog::event(event);
 }
 
 Paper frmPrint::ChosenPaper() const {

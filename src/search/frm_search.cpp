@@ -149,12 +149,12 @@ void frmSearch::ApplyTheme() {
 }
 
 bool frmSearch::event(QEvent* event) {
-  const bool isTaken = QDialog::event(event);
   const bool isWidgetReady = cmdCancel_ != nullptr;
   const auto type = event->type();
   // The application's palette does not reach changeEvent.
   if (isWidgetReady && (type == QEvent::ApplicationPaletteChange || type == QEvent::FontChange)) ApplyTheme();
-  return isTaken;
+  // An event may unload the dialog: nothing of it is used afterwards.
+  return QDialog::event(event);
 }
 
 void frmSearch::MoveClearOfTheName() {
