@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QStandardPaths>
 #include <QTimer>
+#include <chrono>
 
 #include "app/app_folder.h"
 #include "app/m_main.h"
@@ -85,8 +86,9 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   const auto window = Main({database, msgBox, notePlayer, sounds, events, printing, help}, drives, directory);
   news.SetWindow(window.get());
   if (shown) shown(*window);
-  // The window is there first; its icon can wait for it.
-  QTimer::singleShot(0, window.get(), [&window] { window->setWindowIcon(ProgramIcon()); });
+  // The window is painted first; its icon can wait for that.
+  constexpr auto kAfterFirstPaint = std::chrono::milliseconds(300);
+  QTimer::singleShot(kAfterFirstPaint, window.get(), [&window] { window->setWindowIcon(ProgramIcon()); });
   const int exitCode = QApplication::exec();
   news.SetWindow(nullptr);
   return exitCode;
