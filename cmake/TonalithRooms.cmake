@@ -20,6 +20,15 @@ if(TONALITH_SANITIZE)
                                                     -fno-omit-frame-pointer)
   target_link_options(tonalith_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(TONALITH_THREADS)
+  target_compile_options(tonalith_options INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
+  target_link_options(tonalith_options INTERFACE -fsanitize=thread)
+endif()
+if(TONALITH_COVERAGE)
+  # Atomic counters: the sound and the tests of it run in several threads.
+  target_compile_options(tonalith_options INTERFACE --coverage -O0 -g1 -fprofile-update=atomic)
+  target_link_options(tonalith_options INTERFACE --coverage)
+endif()
 if(TONALITH_FUZZ)
   target_compile_options(tonalith_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
@@ -78,8 +87,29 @@ function(tonalith_test name)
     target_link_libraries(${target} PRIVATE GTest::gmock_main)
     target_precompile_headers(${target} REUSE_FROM tonalith_test_headers)
   endif()
+  if(TONALITH_COVERAGE)
+    # What a child process ran until its _exit counts as well.
+    target_link_libraries(${target} PRIVATE tonalith_counted_exit)
+    target_link_options(${target} PRIVATE -Wl,--wrap=_exit)
+  endif()
   tonalith_finish(${target})
-  include(GoogleTest)
-  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60
-                       PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_ACCESSIBILITY=0")
+  set(surroundings "QT_QPA_PLATFORM=offscreen;QT_ACCESSIBILITY=0")
+  if(TONALITH_TESTS_WHOLE)
+    # One process for a folder of tests instead of one for each of them: starting it is most of what a test costs where
+    # the program is built for a sanitizer.
+    add_test(NAME ${name} COMMAND ${target} --gtest_brief=1)
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${surroundings}" TIMEOUT 600)
+  else()
+    include(GoogleTest)
+    gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST TEST_PREFIX "${name}." DISCOVERY_TIMEOUT 60
+                         PROPERTIES ENVIRONMENT "${surroundings}")
+  endif()
+endfunction()
+
+# The start of a program looks ten thousand symbols up, in its libraries in their order, and nearly all of them are Qt's:
+# Qt is named before everything that the rooms bring along.
+function(tonalith_link_qt_first target)
+  target_link_options(
+    ${target} PRIVATE "LINKER:--no-as-needed" "$<TARGET_LINKER_FILE:Qt6::Core>" "$<TARGET_LINKER_FILE:Qt6::Widgets>"
+                      "$<TARGET_LINKER_FILE:Qt6::Gui>" "LINKER:--as-needed")
 endfunction()

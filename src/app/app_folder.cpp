@@ -6,11 +6,13 @@
 #include <unistd.h>
 
 #include <array>
-#include <string>
+#include <string_view>
 #include <system_error>
 
 #include "core/deferred_failure.h"
 #include "core/failure.h"
+#include "data/scale_database.h"
+#include "help/mod_html_help.h"
 
 namespace tonalith::app {
 namespace {
@@ -18,9 +20,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::int32_t kPathAccessError = 75;
-constexpr const char* kDatabase = "TonalithDB97.mdb";
-constexpr const char* kHelp = "TLHELP.chm";
-constexpr std::array<const char*, 5> kContent = {kDatabase, "Audio", "Octaves", "DataPacks", kHelp};
+constexpr std::array<std::string_view, 5> kContent = {data::kDatabaseFileName, "Audio", "Octaves", "DataPacks",
+                                                      help::kHelpFileName};
 
 [[noreturn]] void ThrowAccessError(const fs::path& path, const std::error_code& error) {
   throw core::Failure(kPathAccessError, "Path/File access error: " + path.string() + " (" + error.message() + ")");
@@ -74,7 +75,8 @@ void TakeNewer(const fs::path& from, const fs::path& to) {
 fs::path FindContentFolder(const fs::path& programFolder) {
   const fs::path shared = programFolder.parent_path() / "share" / "tonalith";
   std::error_code error;
-  const bool isInstalled = !fs::exists(programFolder / kDatabase, error) && fs::exists(shared / kDatabase, error);
+  const bool isInstalled = !fs::exists(programFolder / data::kDatabaseFileName, error) &&
+                           fs::exists(shared / data::kDatabaseFileName, error);
   return isInstalled ? shared : programFolder;
 }
 
@@ -90,11 +92,11 @@ fs::path ResolveAppFolder(const ProgramPlaces& places) {
   std::error_code error;
   fs::create_directories(folder, error);
   if (error) ThrowAccessError(folder, error);
-  for (const char* const name : kContent) {
+  for (const std::string_view name : kContent) {
     const fs::path from = places.contentFolder / name;
     if (fs::exists(from, error) && !fs::exists(folder / name, error)) CopyEntry(from, folder / name);
   }
-  TakeNewer(places.contentFolder / kHelp, folder / kHelp);
+  TakeNewer(places.contentFolder / help::kHelpFileName, folder / help::kHelpFileName);
   return folder;
 }
 

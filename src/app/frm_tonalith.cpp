@@ -11,19 +11,17 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QShortcut>
-#include <QStyle>
-#include <filesystem>
 
+#include "app/frm_about.h"
 #include "controls/theme.h"
 #include "core/deferred_failure.h"
+#include "core/paths.h"
+#include "core/scale_record.h"
 #include "editor/frm_scales.h"
 #include "help/mod_html_help.h"
 
 namespace tonalith::app {
 namespace {
-
-constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
-constexpr int kScaleIntervalsField = 5;
 
 QString ToText(const data::Value& value) { return QString::fromStdString(value.TextOr({})); }
 
@@ -88,6 +86,7 @@ void frmTonalith::WireHandlers() {
   connect(m_.mInstall, &QAction::triggered, this, &frmTonalith::mInstall_Click);
   connect(m_.mViewNotes, &QAction::triggered, this, &frmTonalith::mViewNotes_Click);
   connect(m_.mHelpFile, &QAction::triggered, this, &frmTonalith::mHelpFile_Click);
+  connect(m_.mAbout, &QAction::triggered, this, &frmTonalith::mAbout_Click);
 }
 
 void frmTonalith::AddRecordShortcuts() {
@@ -209,7 +208,7 @@ void frmTonalith::cmdInstall_Click() {
     data::DataPackImport(services_.database.AppFolder(), services_.msgBox, *this).GetAvailableDataPacks();
   });
   failure.Try([this] {
-    c_.Data1->SetConnectionString("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=TonalithDB97.mdb");
+    c_.Data1->SetConnectionString(std::string(data::kConnectionByFileName));
     c_.Data1->Refresh();
   });
   c_.cmdInstall->setEnabled(true);
@@ -248,7 +247,9 @@ bool frmTonalith::NoteExistsInScoreScale(core::NoteNumber intTP, const std::stri
   return core::NoteExistsInScoreScale(intTP, strNoteVal, *this, services_.msgBox);
 }
 
-void frmTonalith::SetAudioFolder() { AudioFolder = services_.database.AppFolder() + kSeparator + "Audio" + kSeparator; }
+void frmTonalith::SetAudioFolder() {
+  AudioFolder = services_.database.AppFolder() + core::kPathSeparator + "Audio" + core::kPathSeparator;
+}
 
 void frmTonalith::cmdListen_Click() {
   core::DeferredFailure failure;
@@ -265,6 +266,8 @@ void frmTonalith::mPrint_Click() { cmdPrint_Click(); }
 void frmTonalith::mHelpFile_Click() {
   help::OpenHelpFile(services_.database.AppFolder(), services_.msgBox, services_.help, winId());
 }
+
+void frmTonalith::mAbout_Click() { ShowAbout(services_.database.AppFolder(), *this); }
 
 void frmTonalith::mSearch_Click() {
   core::DeferredFailure failure;
@@ -302,6 +305,7 @@ void frmTonalith::Form_Unload() {
   core::DeferredFailure failure;
   failure.Try([this] { frmSearch_.reset(); });
   failure.Try([this] { printing_.Unload(); });
+  UnloadAbout(*this);
   ReleaseSound(failure);
   failure.ReportNumberAndDescription(services_.msgBox);
 }
@@ -345,7 +349,7 @@ bool frmTonalith::event(QEvent* event) {
 bool frmTonalith::HasCurrentRecord() const { return c_.Data1->HasRecord(); }
 
 std::optional<std::string> frmTonalith::ScaleIntervals() {
-  const data::Value pattern = c_.Data1->FieldValue(kScaleIntervalsField);
+  const data::Value pattern = c_.Data1->FieldValue(core::scale_field::kIntervals);
   if (pattern.IsNull()) return std::nullopt;
   return pattern.AsText();
 }

@@ -20,6 +20,7 @@
 #include "app/print_desk.h"
 #include "audio/scale_playback.h"
 #include "audio/sound_manager.h"
+#include "core/current_scale.h"
 #include "core/deferred_failure.h"
 #include "core/msg_box.h"
 #include "core/note_model.h"
@@ -84,13 +85,13 @@ class frmTonalith : public QMainWindow,
   void mViewNotes_Click();
   /// Opens the help file, or says what is in the way.
   void mHelpFile_Click();
+  void mAbout_Click();
 
   /// Whether a note is among those of the current scale, built on the start note `intTP`.
   bool NoteExistsInScoreScale(core::NoteNumber intTP, const std::string& strNoteVal);
 
   [[nodiscard]] const MainControls& Controls() const { return c_; }
   [[nodiscard]] const MainMenu& Menu() const { return m_; }
-  [[nodiscard]] const std::string& AudioFolderPath() const { return AudioFolder; }
   [[nodiscard]] const audio::ScalePlayback& Playback() const { return playback_; }
   /// Puts into the status line's tooltip whether there is a sound device.
   void ShowSoundDevice(bool isThere);

@@ -7,7 +7,7 @@
 #include <QLineEdit>
 #include <QPainter>
 
-#include "controls/panel_button.h"
+#include "controls/panel_painting.h"
 #include "controls/theme.h"
 
 namespace tonalith::app {
@@ -70,9 +70,7 @@ void KeyBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const bool focus = hasFocus() || lineEdit()->hasFocus();
   controls::PaintPanel(painter, rect(), palette().color(QPalette::Base), controls::OutlineInk(palette()), focus);
-  const QPointF tip(width() - 15.0, height() / 2.0 + 3.0);
-  painter.setPen(QPen(controls::SecondaryInk(palette()), 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.drawPolyline(QPolygonF({tip + QPointF(-5, -6), tip, tip + QPointF(5, -6)}));
+  controls::PaintDropArrow(painter, rect(), palette());
 }
 
 }  // namespace tonalith::app

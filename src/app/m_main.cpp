@@ -3,26 +3,13 @@
 
 #include "app/m_main.h"
 
-#include <algorithm>
-#include <filesystem>
-
 #include "core/deferred_failure.h"
+#include "core/paths.h"
+#include "core/text.h"
 #include "data/jet_conversion.h"
 
 namespace tonalith::app {
 namespace {
-
-constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
-
-char ToLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool EqualIgnoringCase(const std::string& a, const std::string& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return ToLower(x) == ToLower(y); });
-}
-
-bool IsSeparator(char c) { return c == '/' || c == '\\'; }
-
-bool IsShare(const std::string& path) { return path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1]); }
 
 /// The text in front of the terminator that the reported length counts.
 std::string AnswerText(const platform::NetworkConnection& connection) {
@@ -36,7 +23,7 @@ std::string FindDriveForShare(const std::string& share, const platform::NetworkD
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
     std::string drive = {letter, ':'};
     const auto connection = drives.ConnectionOf(drive);
-    if (connection && EqualIgnoringCase(AnswerText(*connection), share)) return drive;
+    if (connection && core::EqualWithoutCase(AnswerText(*connection), share)) return drive;
   }
   return {};
 }
@@ -44,17 +31,17 @@ std::string FindDriveForShare(const std::string& share, const platform::NetworkD
 void SetWorkingDirectory(const std::string& appFolder, const platform::NetworkDrives& drives,
                          platform::WorkingDirectory& directory, core::MsgBox& msgBox) {
   core::DeferredFailure failure;
-  if (IsShare(appFolder)) {
+  if (core::IsNetworkPath(appFolder)) {
     const std::string drive = FindDriveForShare(appFolder, drives);
     failure.Try([&] { directory.MakeDriveCurrent(drive); });
-    failure.Try([&] { directory.ChangeTo(drive + kSeparator); });
+    failure.Try([&] { directory.ChangeTo(drive + core::kPathSeparator); });
   } else if (appFolder.size() >= 2 && appFolder[1] == ':') {
     failure.Try([&] { directory.MakeDriveCurrent(appFolder.substr(0, 2)); });
     failure.Try([&] { directory.ChangeTo(appFolder); });
-  } else if (!appFolder.empty() && appFolder[0] == kSeparator) {
+  } else if (!appFolder.empty() && appFolder[0] == core::kPathSeparator) {
     failure.Try([&] { directory.ChangeTo(appFolder); });
   }
-  if (failure.Pending()) msgBox.Show("Error: " + failure.Pending()->Description());
+  if (failure.Pending()) msgBox.Show(frmTonalith::tr("Error: ").toStdString() + failure.Pending()->Description());
 }
 
 std::unique_ptr<frmTonalith> OpenScaleDatabase(const FormServices& services) {

@@ -5,6 +5,7 @@
 
 #include <QLineEdit>
 
+#include "app/frm_tonalith.h"
 #include "controls/theme.h"
 
 namespace tonalith::app {
@@ -18,6 +19,9 @@ void Describe(QWidget* widget, const QString& tooltip) {
   widget->setToolTip(tooltip);
   widget->setAccessibleDescription(tooltip);
 }
+
+/// So many pixels below the neck.
+int BelowNeck(int pixels) { return views::FretboardView::DesignRect().bottom() + 1 + pixels; }
 
 // Few sizes and two weights: every further one is another font to be looked up and read while the window opens.
 FittingLabel* MakeLabel(const char* name, const QRect& place, FittingLabel::Sizes sizes, QFont::Weight weight,
@@ -37,45 +41,45 @@ QLineEdit* MakeHiddenText(const char* name, QWidget* client) {
 
 PanelButton* MakeButton(const char* name, const QString& caption, int left, PanelButton::Kind kind, QWidget* client) {
   auto* const button = new PanelButton(QLatin1String(name), caption, kind, client);
-  button->setGeometry(left, 514, 100, 36);
+  button->setGeometry(left, BelowNeck(12), 100, 36);
   return button;
 }
 
 void MakeScaleLabels(MainControls& c, QWidget* client) {
   c.Label1 = MakeLabel("Label1", QRect(40, 20, 664, 42), {30, 15}, QFont::Bold, client);
-  Describe(c.Label1, QObject::tr("The name of the scale"));
+  Describe(c.Label1, frmTonalith::tr("The name of the scale"));
   c.lblScaleType = MakeLabel("lblScaleType", QRect(40, 64, 664, 20), {14, 11}, QFont::Bold, client);
-  Describe(c.lblScaleType, QObject::tr("The type of scale"));
+  Describe(c.lblScaleType, frmTonalith::tr("The type of scale"));
   c.lblScaleDescription = MakeLabel("lblScaleDescription", QRect(40, 90, 664, 50), {13, 10}, QFont::Normal, client);
-  Describe(c.lblScaleDescription, QObject::tr("The scale description"));
+  Describe(c.lblScaleDescription, frmTonalith::tr("The scale description"));
 }
 
 void MakeKeyRow(MainControls& c, QWidget* client) {
   c.cmbTranspose = new KeyBox(QStringLiteral("cmbTranspose"), client);
   c.cmbTranspose->setGeometry(40, 146, 86, 30);
-  c.cmbTranspose->setEditText(QObject::tr("Transpose"));
-  c.cmbTranspose->setAccessibleName(QObject::tr("Key"));
-  Describe(c.cmbTranspose, QObject::tr("Select Starting Note To Transpose Scale. It is the Key of the scale."));
+  c.cmbTranspose->setEditText(frmTonalith::tr("Transpose"));
+  c.cmbTranspose->setAccessibleName(frmTonalith::tr("Key"));
+  Describe(c.cmbTranspose, frmTonalith::tr("Select Starting Note To Transpose Scale. It is the Key of the scale."));
   c.lblTranspose = MakeLabel("lblTranspose", QRect(146, 145, 558, 20), {14, 10}, QFont::Bold, client);
-  c.lblTranspose->setText(QObject::tr("Step Patterns"));
-  Describe(c.lblTranspose, QObject::tr("The step pattern for the scale in Tones and Semi tones"));
+  c.lblTranspose->setText(frmTonalith::tr("Step Patterns"));
+  Describe(c.lblTranspose, frmTonalith::tr("The step pattern for the scale in Tones and Semi tones"));
   c.lblScaleNotes = MakeLabel("lblScaleNotes", QRect(142, 167, 562, 20), {14, 10}, QFont::Bold, client);
-  c.lblScaleNotes->setText(QObject::tr("Scale Notes"));
-  Describe(c.lblScaleNotes, QObject::tr("The notes for the scale"));
+  c.lblScaleNotes->setText(frmTonalith::tr("Scale Notes"));
+  Describe(c.lblScaleNotes, frmTonalith::tr("The notes for the scale"));
 }
 
 void MakeBottomRow(MainControls& c, core::MsgBox& msgBox, QWidget* client) {
-  c.Data1 = new controls::DataControl(QStringLiteral("Data1"), QObject::tr("Select Scales"), msgBox, client);
-  c.Data1->setGeometry(40, 514, 330, 36);
+  c.Data1 = new controls::DataControl(QStringLiteral("Data1"), frmTonalith::tr("Select Scales"), msgBox, client);
+  c.Data1->setGeometry(40, BelowNeck(12), 330, 36);
   constexpr auto kOrdinary = PanelButton::Kind::kOrdinary;
-  c.cmdEdit = MakeButton("cmdEdit", QObject::tr("Editor"), 392, kOrdinary, client);
-  c.cmdUpdate = MakeButton("cmdUpdate", QObject::tr("Update"), 502, kOrdinary, client);
-  c.cmdListen = MakeButton("cmdListen", QObject::tr("Listen"), 612, PanelButton::Kind::kMainAction, client);
-  c.cmdPrint = MakeButton("cmdPrint", QObject::tr("Print"), 722, kOrdinary, client);
-  c.cmdInstall = MakeButton("cmdInstall", QObject::tr("Install..."), 832, kOrdinary, client);
-  c.lblStatus = MakeLabel("lblStatus", QRect(954, 523, 110, 18), {14, 10}, QFont::Bold, client);
-  c.lblStatus->setText(QObject::tr("Stopped"));
-  c.Label3 = MakeLabel("Label3", QRect(40, 568, 1000, 16), {12, 10}, QFont::Normal, client);
+  c.cmdEdit = MakeButton("cmdEdit", frmTonalith::tr("Editor"), 392, kOrdinary, client);
+  c.cmdUpdate = MakeButton("cmdUpdate", frmTonalith::tr("Update"), 502, kOrdinary, client);
+  c.cmdListen = MakeButton("cmdListen", frmTonalith::tr("Listen"), 612, PanelButton::Kind::kMainAction, client);
+  c.cmdPrint = MakeButton("cmdPrint", frmTonalith::tr("Print"), 722, kOrdinary, client);
+  c.cmdInstall = MakeButton("cmdInstall", frmTonalith::tr("Install..."), 832, kOrdinary, client);
+  c.lblStatus = MakeLabel("lblStatus", QRect(954, BelowNeck(21), 110, 18), {14, 10}, QFont::Bold, client);
+  c.lblStatus->setText(frmTonalith::tr("Stopped"));
+  c.Label3 = MakeLabel("Label3", QRect(40, BelowNeck(66), 1000, 16), {12, 10}, QFont::Normal, client);
 }
 
 /// Controls that other wings draw on or ask, and those that are only known by name; none of them is seen.
@@ -91,9 +95,11 @@ void MakeAuxiliaries(MainControls& c, QWidget* client) {
 
 }  // namespace
 
+int MainControls::ClientHeight() { return BelowNeck(92); }
+
 MainControls MakeMainControls(QWidget* client, core::MsgBox& msgBox) {
   MainControls c;
-  client->setFixedSize(MainControls::kClientWidth, MainControls::kClientHeight);
+  client->setFixedSize(MainControls::kClientWidth, MainControls::ClientHeight());
   MakeScaleLabels(c, client);
   MakeKeyRow(c, client);
   c.staff = new views::StaffView(client);

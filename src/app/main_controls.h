@@ -21,7 +21,8 @@ namespace tonalith::app {
 
 struct MainControls {
   static constexpr int kClientWidth = 1080;
-  static constexpr int kClientHeight = 594;
+  /// The row of buttons and the line below it hang on the neck's lower edge.
+  [[nodiscard]] static int ClientHeight();
 
   controls::DataControl* Data1 = nullptr;
   controls::FittingLabel* Label1 = nullptr;

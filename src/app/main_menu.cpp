@@ -6,6 +6,8 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "app/frm_tonalith.h"
+
 namespace tonalith::app {
 namespace {
 
@@ -29,19 +31,20 @@ void AddSeparator(QMenu* menu, const char* name) { menu->addSeparator()->setObje
 
 MainMenu MakeMainMenu(QMenuBar* bar) {
   MainMenu m;
-  QMenu* const tools = AddMenu(bar, "mFile", QObject::tr("&Tools"));
-  m.mEditor = AddEntry(tools, "mEditor", QObject::tr("&Editor"), Qt::CTRL | Qt::Key_E);
-  m.mUpdate = AddEntry(tools, "mUpdate", QObject::tr("&Update"), Qt::Key_F5);
-  m.mSearch = AddEntry(tools, "mSearch", QObject::tr("&Search"), QKeySequence::Find);
+  QMenu* const tools = AddMenu(bar, "mFile", frmTonalith::tr("&Tools"));
+  m.mEditor = AddEntry(tools, "mEditor", frmTonalith::tr("&Editor"), Qt::CTRL | Qt::Key_E);
+  m.mUpdate = AddEntry(tools, "mUpdate", frmTonalith::tr("&Update"), Qt::Key_F5);
+  m.mSearch = AddEntry(tools, "mSearch", frmTonalith::tr("&Search"), QKeySequence::Find);
   AddSeparator(tools, "seperator1");
-  m.mListen = AddEntry(tools, "mListen", QObject::tr("&Listen"), Qt::CTRL | Qt::Key_L);
-  m.mPrint = AddEntry(tools, "mPrint", QObject::tr("&Print"), QKeySequence::Print);
+  m.mListen = AddEntry(tools, "mListen", frmTonalith::tr("&Listen"), Qt::CTRL | Qt::Key_L);
+  m.mPrint = AddEntry(tools, "mPrint", frmTonalith::tr("&Print"), QKeySequence::Print);
   AddSeparator(tools, "seperator2");
-  m.mInstall = AddEntry(tools, "mInstall", QObject::tr("&Install"), Qt::CTRL | Qt::Key_I);
+  m.mInstall = AddEntry(tools, "mInstall", frmTonalith::tr("&Install"), Qt::CTRL | Qt::Key_I);
   AddSeparator(tools, "separator3");
-  m.mViewNotes = AddEntry(tools, "mViewNotes", QObject::tr("Hide/View &Names"), Qt::CTRL | Qt::Key_N);
-  QMenu* const help = AddMenu(bar, "mHelp", QObject::tr("&Help"));
-  m.mHelpFile = AddEntry(help, "mHelpFile", QObject::tr("&Help"));
+  m.mViewNotes = AddEntry(tools, "mViewNotes", frmTonalith::tr("Hide/View &Names"), Qt::CTRL | Qt::Key_N);
+  QMenu* const help = AddMenu(bar, "mHelp", frmTonalith::tr("&Help"));
+  m.mHelpFile = AddEntry(help, "mHelpFile", frmTonalith::tr("&Help"));
+  m.mAbout = AddEntry(help, "mAbout", frmTonalith::tr("&About Tonalith"));
   return m;
 }
 

@@ -20,6 +20,7 @@ struct MainMenu {
   QAction* mInstall = nullptr;
   QAction* mViewNotes = nullptr;
   QAction* mHelpFile = nullptr;
+  QAction* mAbout = nullptr;
 };
 
 /// Fills the menu bar; every entry that acts is disabled.

@@ -3,6 +3,7 @@
 
 #include "app/page_composer.h"
 
+#include <QCoreApplication>
 #include <QFontInfo>
 #include <QTextLayout>
 #include <algorithm>
@@ -26,7 +27,7 @@ constexpr double kFretNumberPixels = 12;
 constexpr double kAboveNeck = 24;
 constexpr double kBelowGrownText = 8;
 /// The part of the client area that goes on paper, at a page that has not grown: the window's own borders stay behind.
-constexpr QRect kView(32, 12, 1016, 578);
+QRect View() { return {32, 12, 1016, MainControls::ClientHeight() - 16}; }
 
 controls::RecordingSurface& PageOf(const MainControls& c) { return c.printPic->Surface(); }
 
@@ -50,9 +51,8 @@ SurfaceFont FontLike(const QWidget& widget, double pixels, bool bold) {
 }
 
 /// The lines of a text, broken between words and, where a word is wider than a line, within it.
-std::vector<std::string> Wrapped(QString text, const SurfaceFont& font, double width) {
-  text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-  text.replace(QLatin1Char('\n'), QChar(QChar::LineSeparator));
+std::vector<std::string> Wrapped(const QString& plain, const SurfaceFont& font, double width) {
+  const QString text = controls::WithLineSeparators(plain);
   QTextLayout layout(text, controls::ToQFont(font));
   QTextOption option;
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -113,7 +113,7 @@ void PageComposer::WriteKey() {
   const double left = box.x();
   const double top = box.y() + down_;
   lines_.push_back({left, top, FontLike(box, kKeyCaptionPixels, false), controls::SecondaryInk(paper),
-                    QObject::tr("Key").toStdString()});
+                    QCoreApplication::translate("tonalith::app::frmTonalith", "Key").toStdString()});
   lines_.push_back({left, top + kKeyBelowCaption, FontLike(box, kKeyPixels, true), paper.color(QPalette::WindowText),
                     c_.cmbTranspose->itemText(c_.cmbTranspose->ListIndex()).toStdString()});
 }
@@ -130,16 +130,16 @@ void PageComposer::WriteFretNumbers() {
 }
 
 void PageComposer::BeginPage() const {
-  c_.printPic->setGeometry(kView.adjusted(0, 0, 0, static_cast<int>(neckDown_)));
+  c_.printPic->setGeometry(View().adjusted(0, 0, 0, static_cast<int>(neckDown_)));
   c_.printPic->SetPicture(nullptr);
   PageOf(c_).SetScaleMode(controls::ScaleMode::kPixels);
   PageOf(c_).Cls();
 }
 
-void PageComposer::WriteStaff() const { PageOf(c_).PaintPicture(c_.staff->Picture(), -kView.left(), -kView.top()); }
+void PageComposer::WriteStaff() const { PageOf(c_).PaintPicture(c_.staff->Picture(), -View().left(), -View().top()); }
 
 void PageComposer::DrawStringsAndFrets() const {
-  PageOf(c_).PaintPicture(views::NeckOnPaper(c_.fretboard->Geometry()), -kView.left(), neckDown_ - kView.top());
+  PageOf(c_).PaintPicture(views::NeckOnPaper(c_.fretboard->Geometry()), -View().left(), neckDown_ - View().top());
 }
 
 void PageComposer::WriteLabels() const {
@@ -150,8 +150,8 @@ void PageComposer::WriteLabels() const {
     page.SetFontSize(line.font.size);
     page.SetFontBold(line.font.bold);
     page.SetForeColor(ToBgr(line.ink));
-    page.SetCurrentX(line.left - kView.left());
-    page.SetCurrentY(line.top - kView.top());
+    page.SetCurrentX(line.left - View().left());
+    page.SetCurrentY(line.top - View().top());
     page.Print(line.text);
   }
 }
@@ -162,7 +162,7 @@ void PageComposer::CopyNoteImages(const std::function<void()>& between) const {
     if (image.isHidden()) continue;
     controls::RecordingSurface picture;
     image.DrawOn(picture);
-    const QPoint place = image.pos() + c_.fretboard->pos() - kView.topLeft();
+    const QPoint place = image.pos() + c_.fretboard->pos() - View().topLeft();
     print::BitBlt(PageOf(c_), place.x(), place.y() + neckDown_, picture);
     between();
   }
@@ -172,7 +172,8 @@ std::string PageTitle(const MainControls& c) {
   const QString name = c.Label1->text().simplified();
   if (name.isEmpty()) return "Tonalith";
   const QString key = c.cmbTranspose->itemText(c.cmbTranspose->ListIndex());
-  return (key.isEmpty() ? name : QObject::tr("%1 in %2").arg(name, key)).toStdString();
+  return (key.isEmpty() ? name : QCoreApplication::translate("tonalith::app::frmTonalith", "%1 in %2").arg(name, key))
+      .toStdString();
 }
 
 }  // namespace tonalith::app

@@ -2,7 +2,7 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // The main window's side of a playback: the current record, the key, the neck and the status line, as the playback asks
-// for them. Owned by the main window; user-interface thread.
+// for them. Owned by the main window; user-interface thread; fails as the controls that it asks do.
 
 #pragma once
 

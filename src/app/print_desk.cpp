@@ -7,7 +7,6 @@
 #include <array>
 #include <optional>
 #include <utility>
-#include <vector>
 
 #include "app/page_composer.h"
 #include "core/held_messages.h"

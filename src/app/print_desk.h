@@ -10,7 +10,6 @@
 
 #include <QPointer>
 #include <functional>
-#include <memory>
 
 #include "app/main_controls.h"
 #include "core/deferred_failure.h"

@@ -7,16 +7,19 @@
 #include <QStandardPaths>
 #include <QTimer>
 #include <chrono>
+#include <csignal>
 
 #include "app/app_folder.h"
 #include "app/m_main.h"
 #include "app/program_icon.h"
+#include "app/translation.h"
 #include "audio/octave_note_player.h"
 #include "core/deferred_failure.h"
 #include "help/window_help_engine.h"
 #include "platform/notices/notice_queue.h"
 #include "platform/openal/open_al_mixer.h"
 #include "platform/posix/posix_file_input.h"
+#include "platform/qt/late_icon_style.h"
 #include "platform/qt/qt_event_pump.h"
 #include "platform/qt/qt_msg_box.h"
 #include "platform/qt_print/qt_print_service.h"
@@ -25,9 +28,11 @@
 namespace tonalith::app {
 namespace {
 
+std::filesystem::path ProgramFolder() { return QCoreApplication::applicationDirPath().toStdString(); }
+
 /// The folder of the program's files; its own folder, with a message, where the user's cannot be made.
 std::string FindAppFolder(core::MsgBox& msgBox) {
-  const std::filesystem::path programFolder(QCoreApplication::applicationDirPath().toStdString());
+  const std::filesystem::path programFolder = ProgramFolder();
   std::filesystem::path folder = programFolder;
   core::DeferredFailure failure;
   failure.Try([&] {
@@ -61,6 +66,8 @@ class SoundDeviceNews : public QObject, public platform::SoundDeviceObserver {
 }  // namespace
 
 int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown) {
+  // A file that may not grow any more is a write that fails, and is told in words; the signal would end the program.
+  std::signal(SIGXFSZ, SIG_IGN);
   // The sound output sets the environment that it reads, so it is made while there is one thread.
   platform::NoticeQueue notices;
   SoundDeviceNews news;
@@ -69,7 +76,9 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   QCoreApplication::setApplicationName(QStringLiteral("tonalith"));
   QGuiApplication::setDesktopFileName(QStringLiteral("org.tonalith.Tonalith"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TONALITH_VERSION));
-  const QApplication application(argc, argv);
+  QApplication::setStyle(new platform::LateIconStyle);
+  QApplication application(argc, argv);
+  InstallTranslation(FindContentFolder(ProgramFolder()), QLocale::system(), application);
   platform::QtMsgBox msgBox("Tonalith");
   const platform::NoNetworkDrives drives;
   platform::StdWorkingDirectory directory;

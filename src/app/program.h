@@ -2,7 +2,7 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // The whole program: makes the ports' implementations, says where the files are, starts and runs the window until it is
-// closed. Once per process, on the main thread.
+// closed. Once per process, on the main thread. What fails on the way is shown; the window comes up all the same.
 
 #pragma once
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Little-endian numbers out of bytes. Pure functions.
+// Little-endian numbers out of bytes, two or four as their types say. Pure functions; any thread; never fail.
 
 #pragma once
 

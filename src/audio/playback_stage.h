@@ -28,7 +28,7 @@ class PlaybackStage {
   virtual std::optional<std::string> CurrentField(int position) = 0;
   /// The text of cmbTranspose.
   virtual std::string KeyText() = 0;
-  /// The note name in the Tag of the fretboard image img0 to img95.
+  /// The note name in the Tag of a fretboard image (img0, img1, ...), numbered as core::Neck numbers notes.
   virtual std::string ImageTag(int index) = 0;
   /// The folder of the scale sounds, with the separator at its end.
   virtual std::string AudioFolder() = 0;

@@ -8,14 +8,12 @@
 #include <cmath>
 
 #include "core/scale_construction.h"
+#include "core/scale_record.h"
 #include "core/text.h"
 
 namespace tonalith::audio {
 namespace {
 
-constexpr int kScaleIntervalsField = 5;
-constexpr int kScaleTypeNameField = 9;
-constexpr int kImagesOnAString = 16;
 constexpr int kSoundingStrings = 2;
 constexpr StatusColour kBlue{0, 0, 255};
 constexpr StatusColour kGrey{127, 127, 127};
@@ -44,7 +42,9 @@ void ScalePlayback::PlayToneNotes() {
   cancelled_ = false;
   core::DeferredFailure failure;
   Score score = ReadScore(failure);
-  for (int position = 0; position < kPositions && !cancelled_; ++position) PlayPosition(score, position, failure);
+  for (int position = 0; position < core::kScalePositions && !cancelled_; ++position) {
+    PlayPosition(score, position, failure);
+  }
   sounds_.UnloadSoundBuffer(SoundManager::kAllBuffers);
   if (!cancelled_) failure.ReportDescription(msgBox_);
 }
@@ -53,8 +53,8 @@ ScalePlayback::Score ScalePlayback::ReadScore(core::DeferredFailure& failure) {
   Score score;
   std::optional<std::string> scaleType = std::string();
   std::optional<std::string> pattern = std::string();
-  failure.Try([&] { scaleType = stage_.CurrentField(kScaleTypeNameField); });
-  failure.Try([&] { pattern = stage_.CurrentField(kScaleIntervalsField); });
+  failure.Try([&] { scaleType = stage_.CurrentField(core::scale_field::kTypeName); });
+  failure.Try([&] { pattern = stage_.CurrentField(core::scale_field::kIntervals); });
   failure.Try([&] { score.keyName = stage_.KeyText(); });
   if (score.keyName.empty()) {
     score.keyName = "C";
@@ -62,12 +62,13 @@ ScalePlayback::Score ScalePlayback::ReadScore(core::DeferredFailure& failure) {
     score.startNumber = core::CNoteToNumber(score.keyName);
   }
   if (pattern) score.length = static_cast<int>(core::CharacterCount(*pattern));
-  score.notes.resize(kPositions);
+  score.notes.resize(core::kScalePositions);
   failure.Try([&] {
-    score.notes =
-        core::ScaleArrayNotes(score.startNumber, scaleType.value_or(std::string()), pattern, kPositions, msgBox_);
+    score.notes = core::ScaleArrayNotes(score.startNumber, scaleType.value_or(std::string()), pattern,
+                                        core::kScalePositions, msgBox_);
   });
-  for (int image = 0; image < kImages; ++image) {
+  score.tags.resize(static_cast<std::size_t>(neck_.Notes()));
+  for (int image = 0; image < neck_.Notes(); ++image) {
     failure.Try([&] { score.tags[static_cast<std::size_t>(image)] = stage_.ImageTag(image); });
   }
   return score;
@@ -75,7 +76,7 @@ ScalePlayback::Score ScalePlayback::ReadScore(core::DeferredFailure& failure) {
 
 void ScalePlayback::PlayPosition(Score& score, int position, core::DeferredFailure& failure) {
   const std::string& note = score.notes[static_cast<std::size_t>(position)];
-  for (int image = 0; image < kImages && !cancelled_; ++image) {
+  for (int image = 0; image < neck_.Notes() && !cancelled_; ++image) {
     if (!note.empty() && score.tags[static_cast<std::size_t>(image)] == note) {
       PlayImage(score, position, image, failure);
     }
@@ -88,7 +89,7 @@ void ScalePlayback::PlayPosition(Score& score, int position, core::DeferredFailu
 
 void ScalePlayback::PlayImage(Score& score, int position, int image, core::DeferredFailure& failure) {
   const std::string& note = score.notes[static_cast<std::size_t>(position)];
-  const std::int32_t slot = image / kImagesOnAString + 1;
+  const std::int32_t slot = image / neck_.positions + 1;
   const bool isKey = note == score.keyName;
   CurrentPlayNote = note;
   if (position > score.length || slot > kSoundingStrings) return;

@@ -9,13 +9,13 @@
 
 #pragma once
 
-#include <array>
 #include <string>
 #include <vector>
 
 #include "audio/playback_stage.h"
 #include "audio/sound_manager.h"
 #include "core/deferred_failure.h"
+#include "core/neck.h"
 #include "core/note_model.h"
 #include "platform/clock.h"
 #include "platform/event_pump.h"
@@ -48,9 +48,6 @@ class ScalePlayback : public SoundManagerNotifier {
   void SoundUnloaded(std::int32_t BufferIndex) override;
 
  private:
-  static constexpr int kPositions = 16;
-  static constexpr int kImages = 96;
-
   /// What one playback works on.
   struct Score {
     std::string keyName;
@@ -58,7 +55,8 @@ class ScalePlayback : public SoundManagerNotifier {
     /// The length of the interval pattern; -1 for a null one.
     int length = -1;
     std::vector<std::string> notes;
-    std::array<std::string, kImages> tags;
+    /// Of every note of the neck, in their order.
+    std::vector<std::string> tags;
     std::string lastPlayed;
     bool keyPlayed = false;
   };
@@ -76,6 +74,7 @@ class ScalePlayback : public SoundManagerNotifier {
   PlaybackStage& stage_;
   platform::EventPump& events_;
   core::MsgBox& msgBox_;
+  core::Neck neck_ = core::Neck::Standard();
   bool running_ = false;
   bool cancelled_ = false;
 };

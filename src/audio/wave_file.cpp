@@ -14,6 +14,9 @@ namespace {
 constexpr std::size_t kSmallestFormat = 16;
 constexpr std::size_t kFormatRead = 20;
 constexpr std::size_t kExtensibleFormat = 40;
+// Samples are held whole, and by the mixer once more in its own form. This is more than six minutes of a CD: a note
+// that says it is longer is damaged, or made to take all memory.
+constexpr std::uint32_t kMostSamples = std::uint32_t{64} << 20U;
 
 }  // namespace
 
@@ -61,6 +64,7 @@ WaveFile::Problem WaveFile::FindData() {
 }
 
 WaveFile::Problem WaveFile::ReadData(std::vector<std::byte>& samples) {
+  if (data_.cksize > kMostSamples) return "Could not read full buffer";
   samples.resize(static_cast<std::size_t>(std::min<std::uint64_t>(data_.cksize, reader_.Remaining())));
   const std::int64_t count = reader_.Read(samples);
   if (count != static_cast<std::int64_t>(data_.cksize)) return "Could not read full buffer";

@@ -3,7 +3,8 @@
 
 // The steps in which a WAVE file is read: enter the form, read the format record, find the samples, read them. Each
 // step answers with nothing when it succeeded and otherwise with the message that it owes; after a message there is no
-// next step. Whoever loads a sound shows the message or stays silent. Borrows the open file.
+// next step. Whoever loads a sound shows the message or stays silent. Borrows the open file; one thread; throws what
+// the file throws.
 
 #pragma once
 
@@ -32,10 +33,7 @@ class WaveFile {
   /// Searches from the start of the form, so the samples may also stand before the format.
   Problem FindData();
 
-  /// The number of bytes that the data chunk claims.
-  [[nodiscard]] std::uint32_t DataSize() const { return data_.cksize; }
-
-  /// Reads the claimed number of bytes, allocating no more than the file holds.
+  /// Reads the claimed number of bytes, allocating no more than the file holds. More than 64 MiB are refused.
   Problem ReadData(std::vector<std::byte>& samples);
 
  private:

@@ -9,9 +9,9 @@
 
 namespace tonalith::controls {
 
-ArrowButton::ArrowButton(const QString& accessibleName, Kind kind, QWidget* parent)
+ArrowButton::ArrowButton(const QString& name, const QString& accessibleName, Kind kind, QWidget* parent)
     : QAbstractButton(parent), kind_(kind) {
-  setObjectName(accessibleName);
+  setObjectName(name);
   setAccessibleName(accessibleName);
   setToolTip(accessibleName);
   setFocusPolicy(Qt::StrongFocus);

@@ -2,7 +2,7 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // One of the four buttons of a data control's bar: a painted arrow, with a bar in front of it where it goes to the end.
-// Owned by its data control.
+// Owned by its data control; user-interface thread; never fails.
 
 #pragma once
 
@@ -16,7 +16,7 @@ class ArrowButton : public QAbstractButton {
  public:
   enum class Kind { kFirst, kPrevious, kNext, kLast };
 
-  ArrowButton(const QString& accessibleName, Kind kind, QWidget* parent);
+  ArrowButton(const QString& name, const QString& accessibleName, Kind kind, QWidget* parent);
 
   [[nodiscard]] QSize sizeHint() const override;
 

@@ -20,6 +20,11 @@ double Luminance(const QColor& colour) {
 
 }  // namespace
 
+QColor Mix(const QColor& a, const QColor& b, float share) {
+  return QColor::fromRgbF(a.redF() + (b.redF() - a.redF()) * share, a.greenF() + (b.greenF() - a.greenF()) * share,
+                          a.blueF() + (b.blueF() - a.blueF()) * share);
+}
+
 double ContrastRatio(const QColor& a, const QColor& b) {
   const std::pair<double, double> lights = std::minmax({Luminance(a), Luminance(b)});
   return (lights.second + 0.05) / (lights.first + 0.05);

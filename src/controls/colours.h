@@ -2,7 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // The house's colours that do not follow the system's palette: the neck, the staff card, the accent. Colours travel as
-// &HBBGGRR values where the product names them so, and as QColor where they are painted. Constants only.
+// &HBBGGRR values where the product names them so, and as QColor where they are painted. Constants and pure functions,
+// any thread; never fails.
 
 #pragma once
 
@@ -23,8 +24,6 @@ constexpr QRgb ToRgb(Bgr colour) {
 
 inline constexpr Bgr kWhite{0xFFFFFF};
 inline constexpr Bgr kBlack{0x000000};
-inline constexpr Bgr kPureBlue{0xFF0000};
-inline constexpr Bgr kGrey{0x7F7F7F};
 
 /// The one accent: the key note and the main action. White on it keeps a contrast of 4.5 to 1.
 inline constexpr QRgb kAccent = 0xFFD0440E;
@@ -39,6 +38,9 @@ inline constexpr QRgb kAmberRim = 0xFF6B4700;
 inline constexpr Bgr kInk{0x171B1F};
 inline constexpr QRgb kStaffPaper = 0xFFFFFDF9;
 inline constexpr QRgb kStaffPaperRim = 0xFFE4DDD1;
+
+/// The colour that lies `share` (0 to 1) of the way from `a` to `b`.
+QColor Mix(const QColor& a, const QColor& b, float share);
 
 /// The contrast ratio of two colours after WCAG 2.1 (relative luminance), 1 to 21.
 double ContrastRatio(const QColor& a, const QColor& b);

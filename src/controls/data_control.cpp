@@ -8,7 +8,7 @@
 #include <QPainter>
 
 #include "controls/arrow_button.h"
-#include "controls/panel_button.h"
+#include "controls/panel_painting.h"
 #include "controls/theme.h"
 #include "core/deferred_failure.h"
 #include "data/data_failure.h"
@@ -22,19 +22,19 @@ DataControl::DataControl(const QString& name, const QString& caption, core::MsgB
   auto* const row = new QHBoxLayout(this);
   row->setContentsMargins(1, 1, 1, 1);
   row->setSpacing(0);
-  AddArrow(tr("First record"), static_cast<int>(ArrowButton::Kind::kFirst), &DataControl::MoveFirst);
-  AddArrow(tr("Previous record"), static_cast<int>(ArrowButton::Kind::kPrevious), &DataControl::MovePrevious);
+  AddArrow(QT_TR_NOOP("First record"), static_cast<int>(ArrowButton::Kind::kFirst), &DataControl::MoveFirst);
+  AddArrow(QT_TR_NOOP("Previous record"), static_cast<int>(ArrowButton::Kind::kPrevious), &DataControl::MovePrevious);
   caption_->setObjectName(name + QStringLiteral("Caption"));
   caption_->setAlignment(Qt::AlignCenter);
   row->addWidget(caption_, 1);
-  AddArrow(tr("Next record"), static_cast<int>(ArrowButton::Kind::kNext), &DataControl::MoveNext);
-  AddArrow(tr("Last record"), static_cast<int>(ArrowButton::Kind::kLast), &DataControl::MoveLast);
+  AddArrow(QT_TR_NOOP("Next record"), static_cast<int>(ArrowButton::Kind::kNext), &DataControl::MoveNext);
+  AddArrow(QT_TR_NOOP("Last record"), static_cast<int>(ArrowButton::Kind::kLast), &DataControl::MoveLast);
 }
 
 DataControl::~DataControl() = default;
 
-void DataControl::AddArrow(const QString& accessibleName, int kind, Move step) {
-  auto* const button = new ArrowButton(accessibleName, static_cast<ArrowButton::Kind>(kind), this);
+void DataControl::AddArrow(const char* name, int kind, Move step) {
+  auto* const button = new ArrowButton(QLatin1String(name), tr(name), static_cast<ArrowButton::Kind>(kind), this);
   layout()->addWidget(button);
   connect(button, &QAbstractButton::clicked, this, [this, step] { RunMove(step); });
 }

@@ -112,7 +112,8 @@ class DataControl : public QFrame {
     std::string field;
     std::function<void(const data::Value&)> take;
   };
-  void AddArrow(const QString& accessibleName, int kind, Move step);
+  /// `name` in English, whatever the user's language is.
+  void AddArrow(const char* name, int kind, Move step);
   void TakeRow();
   [[nodiscard]] data::RecordSet& OpenRecordset() const;
   /// Runs a step that may write what is pending and take another row, and tells the bound controls what it came to.

@@ -71,7 +71,6 @@ class DrawingSurface {
   void SetFontBold(bool bold) { font_.bold = bold; }
   [[nodiscard]] const SurfaceFont& Font() const { return font_; }
   void SetForeColor(Bgr colour) { foreColor_ = colour; }
-  [[nodiscard]] Bgr ForeColor() const { return foreColor_; }
 
  protected:
   virtual void DoCls() = 0;

@@ -18,17 +18,17 @@ constexpr double kPixelsPerPoint = 96.0 / 72.0;
 constexpr double kSubstituteAscent = 1.0;
 constexpr double kSubstituteHeight = 1.2;
 
-bool IsMusicFont(const SurfaceFont& font) {
-  return QString::fromStdString(font.name).compare(QLatin1String(kMusicFontName.data(), kMusicFontName.size()),
-                                                   Qt::CaseInsensitive) == 0;
-}
-
 QString ToQString(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
 
 }  // namespace
 
 double EmPixels(FontSize size) {
   return size.unit == FontSize::Unit::kPixels ? size.value : size.value * kPixelsPerPoint;
+}
+
+bool IsMusicFont(const SurfaceFont& font) {
+  return QString::fromStdString(font.name).compare(QLatin1String(kMusicFontName.data(), kMusicFontName.size()),
+                                                   Qt::CaseInsensitive) == 0;
 }
 
 bool FontIsInstalled(const std::string& fontName) {

@@ -44,6 +44,9 @@ struct TextCell {
 /// Whether the system has a family of that name (case does not matter). Asked once per process and name.
 bool FontIsInstalled(const std::string& fontName);
 
+/// Whether it is the music font, whose texts are codes of signs; case does not matter.
+bool IsMusicFont(const SurfaceFont& font);
+
 /// Sets the family if it is installed, "MS Sans Serif" if not.
 void SetFontNameOrDefault(DrawingSurface& surface, const std::string& fontName);
 

@@ -14,12 +14,12 @@ namespace {
 
 constexpr int kChipMargin = 6;
 
-QString DisplayText(QString text) {
+}  // namespace
+
+QString WithLineSeparators(QString text) {
   text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
   return text.replace(QLatin1Char('\n'), QChar(QChar::LineSeparator));
 }
-
-}  // namespace
 
 FittingLabel::FittingLabel(const QString& name, Sizes sizes, QFont::Weight weight, QWidget* parent)
     : QLabel(parent), sizes_(sizes), weight_(weight) {
@@ -45,7 +45,7 @@ QFont FittingLabel::FontOf(int pixels) const {
 
 bool FittingLabel::LayOut(QTextLayout& layout, int pixels) const {
   layout.setFont(FontOf(pixels));
-  layout.setText(DisplayText(text()));
+  layout.setText(WithLineSeparators(text()));
   QTextOption option;
   option.setWrapMode(QTextOption::WordWrap);
   layout.setTextOption(option);

@@ -3,18 +3,20 @@
 
 // A label whose text always fits its box: it is set in the largest size between two bounds at which it fits, wrapped
 // where the box is high enough, and only below the smallest size it ends in an ellipsis. The whole text stays available
-// to assistive technology. Plain text only. Owned by its parent widget.
+// to assistive technology. Plain text only. Owned by its parent widget; user-interface thread; never fails.
 
 #pragma once
 
 #include <QColor>
 #include <QFont>
 #include <QLabel>
-#include <vector>
 
 class QTextLayout;
 
 namespace tonalith::controls {
+
+/// The text as a layout takes it: its line ends, of whatever kind, made separators of lines.
+QString WithLineSeparators(QString text);
 
 class FittingLabel : public QLabel {
   Q_OBJECT

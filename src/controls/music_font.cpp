@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QFontDatabase>
 #include <QPainterPathStroker>
 #include <QRawFont>
@@ -43,9 +44,14 @@ constexpr double kClefLeft = 1;
 constexpr double kEuterpeBelowLine = (749.0 + 512.0) / (749.0 + 2169.0);
 constexpr double kUsualBelowLine = 0.39;
 
-constexpr char32_t kClefCharacter = 0x1D11E;
-constexpr char32_t kHeadCharacter = 0x1D15D;
-constexpr char32_t kSharpCharacter = 0x266F;
+/// One sign of the staff: its code in the music font, its character in any other font, and its shape where none has it.
+struct Sign {
+  char code;
+  char32_t character;
+  QPainterPath (*painted)();
+};
+constexpr std::array kAllSigns = {Sign{kTrebleClef, 0x1D11E, shapes::TrebleClef},
+                                  Sign{kWholeNote, 0x1D15D, shapes::WholeNote}, Sign{kSharp, 0x266F, shapes::Sharp}};
 
 /// Outlines are taken at a size at which the font engine's rounding no longer shows.
 constexpr double kOutlineEm = 1024;
@@ -86,6 +92,19 @@ QPainterPath PlacedClef(const QPainterPath& clef, double belowLine) {
   return place.map(clef);
 }
 
+/// The area within the path's curves, each of which counts against those that run the other way round.
+double SignedArea(const QPainterPath& path) {
+  double twice = 0;
+  for (const QPolygonF& curve : path.toSubpathPolygons()) {
+    for (qsizetype i = 0; i < curve.size(); ++i) {
+      const QPointF& from = curve[i];
+      const QPointF& to = curve[(i + 1) % curve.size()];
+      twice += from.x() * to.y() - to.x() * from.y();
+    }
+  }
+  return twice / 2;
+}
+
 /// The sharp, condensed to its room around the middle (x, y).
 QPainterPath PlacedSharp(const QPainterPath& sharp, double x) {
   const QRectF box = sharp.boundingRect();
@@ -94,7 +113,12 @@ QPainterPath PlacedSharp(const QPainterPath& sharp, double x) {
   QPainterPathStroker pen;
   pen.setWidth(kSharpWeight);
   pen.setJoinStyle(Qt::MiterJoin);
-  return condensed.united(pen.createStroke(condensed));
+  const QPainterPath edge = pen.createStroke(condensed);
+  // Ink on ink is ink only where both run the same way round. Joining the shapes into one would take longer than
+  // reading the font.
+  QPainterPath both = SignedArea(condensed) * SignedArea(edge) < 0 ? condensed.toReversed() : condensed;
+  both.addPath(edge);
+  return both;
 }
 
 double BelowLineOf(const QRawFont& font) {
@@ -132,8 +156,8 @@ const MusicFont& MusicFont::Shared() {
   return font;
 }
 
-MusicFont MusicFont::Placed(QString origin, const QPainterPath& clef, double belowLine, const QPainterPath& head,
-                            const QPainterPath& sharp) {
+MusicFont MusicFont::Placed(QString origin, const Outlines& signs, double belowLine) {
+  const auto& [clef, head, sharp] = signs;
   MusicFont font;
   font.origin_ = std::move(origin);
   font.cell_ = {kCellHeight, kBaseline};
@@ -151,15 +175,19 @@ MusicFont MusicFont::Placed(QString origin, const QPainterPath& clef, double bel
 
 std::optional<MusicFont> MusicFont::FromRaw(QString origin, const QRawFont& raw) {
   if (!raw.isValid()) return std::nullopt;
-  const QPainterPath clef = GlyphOf(raw, kClefCharacter);
-  const QPainterPath head = GlyphOf(raw, kHeadCharacter);
-  const QPainterPath sharp = GlyphOf(raw, kSharpCharacter);
-  if (clef.isEmpty() || head.isEmpty() || sharp.isEmpty()) return std::nullopt;
-  return Placed(std::move(origin), clef, BelowLineOf(raw), head, sharp);
+  Outlines signs;
+  for (std::size_t i = 0; i < signs.size(); ++i) {
+    signs[i] = GlyphOf(raw, kAllSigns[i].character);
+    if (signs[i].isEmpty()) return std::nullopt;
+  }
+  return Placed(std::move(origin), signs, BelowLineOf(raw));
 }
 
 std::optional<MusicFont> MusicFont::FromFile(const QString& fileName) {
-  if (!QFile::exists(fileName)) return std::nullopt;
+  // A font is read into memory whole: no folder, no pipe that nobody writes to, nothing without an end.
+  constexpr qint64 kLargestFont = qint64{64} << 20;
+  const QFileInfo file(fileName);
+  if (!file.isFile() || file.size() > kLargestFont) return std::nullopt;
   return FromRaw(fileName, QRawFont(fileName, kOutlineEm, QFont::PreferNoHinting));
 }
 
@@ -186,35 +214,28 @@ std::optional<MusicFont> MusicFont::FromOwnCodes(const QString& family) {
   result.origin_ = family;
   result.cell_ = {(raw.ascent() + raw.descent()) * factor, ascent};
   const QTransform place = QTransform::fromTranslate(0, ascent).scale(factor, factor);
-  std::size_t slot = 0;
-  for (const char code : {kTrebleClef, kWholeNote, kSharp}) {
-    auto character = static_cast<char32_t>(static_cast<unsigned char>(code));
+  for (std::size_t i = 0; i < kSigns; ++i) {
+    auto character = static_cast<char32_t>(static_cast<unsigned char>(kAllSigns[i].code));
     if (raw.supportsCharacter(kSymbolPage + character)) character += kSymbolPage;
     const QPainterPath outline = GlyphOf(raw, character);
     if (outline.isEmpty()) return std::nullopt;
     const QList<quint32> glyphs = raw.glyphIndexesForString(QString::fromUcs4(&character, 1));
-    result.glyphs_.at(slot++) = {place.map(outline), raw.advancesForGlyphIndexes(glyphs).first().x() * factor};
+    result.glyphs_[i] = {place.map(outline), raw.advancesForGlyphIndexes(glyphs).first().x() * factor};
   }
   return result;
 }
 
 MusicFont MusicFont::Painted() {
-  const QPainterPath clef = shapes::TrebleClef();
-  const QRectF box = clef.boundingRect();
-  return Placed(QStringLiteral("painted"), clef, box.bottom() / box.height(), shapes::WholeNote(), shapes::Sharp());
+  Outlines signs;
+  std::transform(kAllSigns.begin(), kAllSigns.end(), signs.begin(), [](const Sign& sign) { return sign.painted(); });
+  const QRectF clef = signs.front().boundingRect();
+  return Placed(QStringLiteral("painted"), signs, clef.bottom() / clef.height());
 }
 
 const MusicFont::Glyph* MusicFont::Find(char code) const {
-  switch (code) {
-    case kTrebleClef:
-      return &glyphs_[0];
-    case kWholeNote:
-      return &glyphs_[1];
-    case kSharp:
-      return &glyphs_[2];
-    default:
-      return nullptr;
-  }
+  const auto* const sign =
+      std::find_if(kAllSigns.begin(), kAllSigns.end(), [code](const Sign& known) { return known.code == code; });
+  return sign == kAllSigns.end() ? nullptr : &glyphs_[static_cast<std::size_t>(sign - kAllSigns.begin())];
 }
 
 TextCell MusicFont::Cell(double emPixels) const {

@@ -28,15 +28,11 @@
 #include <string_view>
 
 #include "controls/drawing_surface_font.h"
+#include "controls/music_codes.h"
 
 class QRawFont;
 
 namespace tonalith::controls {
-
-inline constexpr char kTrebleClef = 38;
-inline constexpr char kWholeNote = 119;
-inline constexpr char kSharp = 73;
-inline constexpr std::string_view kMusicFontName = "Maestro";
 
 class MusicFont {
  public:
@@ -61,6 +57,9 @@ class MusicFont {
   [[nodiscard]] QPainterPath Outline(std::string_view codes, double emPixels) const;
 
  private:
+  /// Clef, whole note and sharp, in this order.
+  static constexpr std::size_t kSigns = 3;
+  using Outlines = std::array<QPainterPath, kSigns>;
   struct Glyph {
     QPainterPath outline;  // At the design em, relative to the pen on the cell's top edge.
     double advance = 0;
@@ -69,12 +68,11 @@ class MusicFont {
   [[nodiscard]] const Glyph* Find(char code) const;
   static std::optional<MusicFont> FromRaw(QString origin, const QRawFont& raw);
   /// `belowLine` is the share of the clef's height below its G line.
-  static MusicFont Placed(QString origin, const QPainterPath& clef, double belowLine, const QPainterPath& head,
-                          const QPainterPath& sharp);
+  static MusicFont Placed(QString origin, const Outlines& signs, double belowLine);
 
   QString origin_;
   TextCell cell_;
-  std::array<Glyph, 3> glyphs_;  // Clef, whole note, sharp.
+  std::array<Glyph, kSigns> glyphs_;
 };
 
 }  // namespace tonalith::controls

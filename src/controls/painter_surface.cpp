@@ -3,7 +3,6 @@
 
 #include "controls/painter_surface.h"
 
-#include <QPainterPath>
 #include <algorithm>
 #include <cmath>
 
@@ -50,6 +49,9 @@ void FillSnapped(QPainter& painter, const QRectF& pixels, const QBrush& brush) {
   const Span across = Snapped(device.left(), device.right());
   const Span down = Snapped(device.top(), device.bottom());
   const QTransform fromDevice = toDevice.inverted();
+  // Whole dots have no edges to be smoothed, but Qt would take the long way to find that out.
+  const bool isSmooth = painter.testRenderHint(QPainter::Antialiasing);
+  painter.setRenderHint(QPainter::Antialiasing, false);
   // Higher than this, Qt starts threads to blend the rows, which costs more than the blending.
   constexpr int kDotsAtOnce = 64;
   const int dots = qRound(down.length);
@@ -57,6 +59,7 @@ void FillSnapped(QPainter& painter, const QRectF& pixels, const QBrush& brush) {
     const QRectF slab(across.from, down.from + done, across.length, std::min(kDotsAtOnce, dots - done));
     painter.fillRect(fromDevice.mapRect(slab), brush);
   }
+  painter.setRenderHint(QPainter::Antialiasing, isSmooth);
 }
 
 void PainterSurface::DoCls() {
@@ -70,7 +73,7 @@ void PainterSurface::DoPrint(PixelPoint at, std::string_view text, const Surface
   const PainterStateKeeper keeper(painter_);
   painter_.setRenderHint(QPainter::Antialiasing);
   const QColor ink(ToRgb(colour));
-  if (font.name == kMusicFontName) {
+  if (IsMusicFont(font)) {
     painter_.translate(at.x, at.y);
     painter_.fillPath(MusicFont::Shared().Outline(text, EmPixels(font.size)), ink);
     return;

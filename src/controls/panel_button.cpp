@@ -8,12 +8,15 @@
 #include <QStyleOptionButton>
 
 #include "controls/colours.h"
+#include "controls/panel_painting.h"
 #include "controls/theme.h"
 
 namespace tonalith::controls {
 namespace {
 
-constexpr qreal kCornerRadius = 6;
+/// Left and right of a caption together.
+constexpr int kCaptionMargins = 8;
+constexpr int kSmallestPixels = 9;
 
 QColor Shade(const QColor& colour, bool down, bool hover) {
   if (down) return colour.darker(112);
@@ -22,18 +25,15 @@ QColor Shade(const QColor& colour, bool down, bool hover) {
 
 }  // namespace
 
-void PaintPanel(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& outline, bool focusRing) {
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setBrush(fill);
-  painter.setPen(QPen(focusRing ? QColor(kAccent) : outline, focusRing ? 2.0 : 1.0));
-  const qreal inset = focusRing ? 1.0 : 0.5;
-  painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), kCornerRadius, kCornerRadius);
-}
-
 PanelButton::PanelButton(const QString& name, const QString& caption, Kind kind, QWidget* parent)
     : QPushButton(caption, parent), kind_(kind) {
   setObjectName(name);
   setAttribute(Qt::WA_Hover);
+}
+
+void PanelButton::SetKind(Kind kind) {
+  kind_ = kind;
+  update();
 }
 
 bool PanelButton::event(QEvent* event) {
@@ -46,6 +46,21 @@ bool PanelButton::event(QEvent* event) {
 
 QSize PanelButton::sizeHint() const {
   return {qMax(100, fontMetrics().horizontalAdvance(text()) + 32), qMax(36, fontMetrics().height() + 14)};
+}
+
+QFont PanelButton::FittedFont() const {
+  QFont fitted = font();
+  int pixels = fontInfo().pixelSize();
+  if (kind_ == Kind::kMainAction && isEnabled()) {
+    pixels = qMax(14, pixels);
+    fitted.setPixelSize(pixels);
+    fitted.setBold(true);
+  }
+  const int room = width() - kCaptionMargins;
+  while (pixels > kSmallestPixels && QFontMetrics(fitted).size(Qt::TextShowMnemonic, text()).width() > room) {
+    fitted.setPixelSize(--pixels);
+  }
+  return fitted;
 }
 
 void PanelButton::paintEvent(QPaintEvent* /*event*/) {
@@ -63,12 +78,7 @@ void PanelButton::paintEvent(QPaintEvent* /*event*/) {
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(QRectF(rect()).adjusted(3.5, 3.5, -3.5, -3.5), 4, 4);
   }
-  QFont captionFont = font();
-  if (main) {
-    captionFont.setPixelSize(qMax(14, fontInfo().pixelSize()));
-    captionFont.setBold(true);
-  }
-  painter.setFont(captionFont);
+  painter.setFont(FittedFont());
   painter.setPen(main ? QColor(Qt::white) : palette().color(QPalette::ButtonText));
   const bool underline = style()->styleHint(QStyle::SH_UnderlineShortcut, &option, this) != 0;
   const int flags = Qt::AlignCenter | (underline ? Qt::TextShowMnemonic : Qt::TextHideMnemonic);

@@ -2,7 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // The push button of Tonalith's windows: a flat rounded panel in the palette's colours, or filled with the accent for
-// the one main action of a window. Painted, so that it is crisp at any scale factor. Owned by its parent widget.
+// the one main action of a window. Painted, so that it is crisp at any scale factor. Owned by its parent widget;
+// user-interface thread; never fails.
 
 #pragma once
 
@@ -18,7 +19,12 @@ class PanelButton : public QPushButton {
 
   PanelButton(const QString& name, const QString& caption, Kind kind, QWidget* parent);
 
+  [[nodiscard]] Kind ButtonKind() const { return kind_; }
+  void SetKind(Kind kind);
+
   [[nodiscard]] QSize sizeHint() const override;
+  /// The font of the caption: the button's own, or as much smaller as a long caption needs where the place is fixed.
+  [[nodiscard]] QFont FittedFont() const;
 
  protected:
   bool event(QEvent* event) override;
@@ -27,8 +33,5 @@ class PanelButton : public QPushButton {
  private:
   Kind kind_;
 };
-
-/// The rounded panel that buttons and boxes share, with a focus ring where asked for.
-void PaintPanel(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& outline, bool focusRing);
 
 }  // namespace tonalith::controls

@@ -44,7 +44,7 @@ std::string ColourLine(Bgr colour) {
 
 std::string PrintLine(const PrintCommand& print) {
   std::string line = "print";
-  if (print.font.name == kMusicFontName) {
+  if (IsMusicFont(print.font)) {
     for (const char code : print.text) line += " " + std::to_string(static_cast<int>(static_cast<unsigned char>(code)));
   } else {
     line += " \"" + print.text + "\"";
@@ -82,7 +82,7 @@ std::string RecordingSurface::AsText() const {
   return text;
 }
 
-void RecordingSurface::ReplayOn(DrawingSurface& target) const {
+void RecordingSurface::ReplayOn(DrawingSurface& target, PixelPoint origin) const {
   target.SetScaleMode(ScaleMode::kPixels);
   for (const DrawCommand& command : commands_) {
     std::visit(Overloaded{[&](const PrintCommand& print) {
@@ -90,16 +90,17 @@ void RecordingSurface::ReplayOn(DrawingSurface& target) const {
                             target.SetFontSize(print.font.size);
                             target.SetFontBold(print.font.bold);
                             target.SetForeColor(print.colour);
-                            target.SetCurrentX(print.at.x);
-                            target.SetCurrentY(print.at.y);
+                            target.SetCurrentX(print.at.x + origin.x);
+                            target.SetCurrentY(print.at.y + origin.y);
                             target.Print(print.text);
                           },
                           [&](const LineCommand& line) {
                             target.SetForeColor(line.colour);
-                            target.Line(line.from.x, line.from.y, line.to.x, line.to.y);
+                            target.Line(line.from.x + origin.x, line.from.y + origin.y, line.to.x + origin.x,
+                                        line.to.y + origin.y);
                           },
                           [&](const PictureCommand& picture) {
-                            target.PaintPicture(picture.picture, picture.at.x, picture.at.y);
+                            target.PaintPicture(picture.picture, picture.at.x + origin.x, picture.at.y + origin.y);
                           }},
                command);
   }
@@ -113,7 +114,7 @@ QRectF RecordingSurface::InkBounds() const {
       const auto [left, right] = std::minmax(line->from.x, line->to.x);
       const auto [top, bottom] = std::minmax(line->from.y, line->to.y);
       include({left, top, std::max(1.0, right - left), std::max(1.0, bottom - top)});
-    } else if (const auto* print = std::get_if<PrintCommand>(&command); print && print->font.name == kMusicFontName) {
+    } else if (const auto* print = std::get_if<PrintCommand>(&command); print && IsMusicFont(print->font)) {
       const QPainterPath ink = MusicFont::Shared().Outline(print->text, EmPixels(print->font.size));
       include(ink.boundingRect().translated(print->at.x, print->at.y));
     }

@@ -3,7 +3,7 @@
 
 // A drawing surface that remembers: every step as a command in pixels, readable as text (one command a line) and
 // repeatable on any other surface. Clearing forgets what was drawn before, as it does on paper. Owned by whoever draws;
-// copies are independent. Never fails.
+// copies are independent. One thread at a time; never fails.
 
 #pragma once
 
@@ -43,8 +43,8 @@ class RecordingSurface : public DrawingSurface {
   /// first step of each colour other than black.
   [[nodiscard]] std::string AsText() const;
 
-  /// Draws everything again on `target`, whose scale mode becomes pixels.
-  void ReplayOn(DrawingSurface& target) const;
+  /// Draws everything again on `target`, whose scale mode becomes pixels, with the origin at `origin` there.
+  void ReplayOn(DrawingSurface& target, PixelPoint origin = {}) const;
 
   /// The rectangle that holds the ink of all lines and the ink of all prints in the music font, in pixels.
   [[nodiscard]] QRectF InkBounds() const;

@@ -8,11 +8,6 @@
 namespace tonalith::controls {
 namespace {
 
-QColor Mix(const QColor& a, const QColor& b, float share) {
-  return QColor::fromRgbF(a.redF() + (b.redF() - a.redF()) * share, a.greenF() + (b.greenF() - a.greenF()) * share,
-                          a.blueF() + (b.blueF() - a.blueF()) * share);
-}
-
 /// `ink`, moved towards the window's text colour until it can be read on the window's ground.
 QColor Readable(QColor ink, const QPalette& palette) {
   constexpr double kWanted = 4.6;

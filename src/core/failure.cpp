@@ -9,9 +9,6 @@ namespace tonalith::core {
 
 std::string Failure::NumberAndDescription() const { return std::to_string(number_) + ": " + description_; }
 
-Failure Failure::InvalidProcedureCall() {
-  return {failure_number::kInvalidProcedureCall, "Invalid procedure call or argument"};
-}
 Failure Failure::Overflow() { return {failure_number::kOverflow, "Overflow"}; }
 Failure Failure::SubscriptOutOfRange() { return {failure_number::kSubscriptOutOfRange, "Subscript out of range"}; }
 Failure Failure::TypeMismatch() { return {failure_number::kTypeMismatch, "Type mismatch"}; }

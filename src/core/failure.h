@@ -34,7 +34,6 @@ class Failure : public std::exception {
   [[nodiscard]] std::string NumberAndDescription() const;
   [[nodiscard]] const char* what() const noexcept override { return description_.c_str(); }
 
-  static Failure InvalidProcedureCall();
   static Failure Overflow();
   static Failure SubscriptOutOfRange();
   static Failure TypeMismatch();

@@ -6,8 +6,6 @@
 #include <limits>
 
 #include "core/deferred_failure.h"
-#include "core/scale_construction.h"
-#include "core/text.h"
 
 namespace tonalith::core {
 namespace {
@@ -43,7 +41,7 @@ std::string CNumberToNote(std::int16_t intNumberToConvert, MsgBox& msgBox) {
 }
 
 std::string CNumberToScore(std::int16_t noteNumber) {
-  if (noteNumber < 0 || noteNumber > 11) return {};
+  if (noteNumber < 0 || noteNumber >= std::ssize(kSharpNotes)) return {};
   return std::string(kSharpNotes[static_cast<std::size_t>(noteNumber)]);
 }
 
@@ -63,19 +61,8 @@ std::int16_t CNoteToScoreNumber(std::string_view strNoteToConvert) {
 }
 
 std::int16_t NaturalIndex(std::int16_t pc) {
-  if (pc < 0 || pc > 11) throw Failure::SubscriptOutOfRange();
+  if (pc < 0 || pc >= std::ssize(kNaturalIndex)) throw Failure::SubscriptOutOfRange();
   return kNaturalIndex[static_cast<std::size_t>(pc)];
-}
-
-bool NoteExistsInScoreScale(NoteNumber intTP, std::string_view strNoteVal, CurrentScaleSource& source, MsgBox& msgBox) {
-  constexpr std::int16_t kLastTestedPosition = 12;
-  const std::string pattern = source.GetScaleIntervalsByID(source.CurrentScaleId());
-  // The answer does not depend on this first look-up, but a pattern that cannot be built is reported by it as well.
-  ScaleArray(intTP, "1", pattern, CNoteToNumber(strNoteVal), msgBox);
-  for (std::int16_t position = 0; position <= kLastTestedPosition; ++position) {
-    if (Trim(ScaleArray(intTP, "1", pattern, position, msgBox)) == strNoteVal) return true;
-  }
-  return false;
 }
 
 }  // namespace tonalith::core

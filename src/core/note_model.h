@@ -45,16 +45,4 @@ std::int16_t CNoteToScoreNumber(std::string_view strNoteToConvert);
 /// The letter 0..6 (C D E F G A B) of a note number's sharp spelling. Throws failure 9 outside 0..11.
 std::int16_t NaturalIndex(std::int16_t pc);
 
-/// Where NoteExistsInScoreScale finds the current record.
-class CurrentScaleSource {
- public:
-  virtual ~CurrentScaleSource() = default;
-  [[nodiscard]] virtual std::int32_t CurrentScaleId() const = 0;
-  virtual std::string GetScaleIntervalsByID(std::int32_t scaleId) = 0;
-};
-
-/// Whether a note is among the first 13 notes of the current scale, built on the start note `intTP`.
-/// Throws what its source throws.
-bool NoteExistsInScoreScale(NoteNumber intTP, std::string_view strNoteVal, CurrentScaleSource& source, MsgBox& msgBox);
-
 }  // namespace tonalith::core

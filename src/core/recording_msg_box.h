@@ -2,13 +2,12 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // A message box for tests: it records what was shown and answers from a script, or with the default button of the
-// style once the script is used up.
+// style once the script is used up. Owned by the test; one thread; never fails.
 
 #pragma once
 
 #include <deque>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "core/msg_box.h"

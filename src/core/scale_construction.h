@@ -21,6 +21,9 @@ namespace tonalith::core {
 /// The interval pattern of a record; nothing stands for a null field.
 using IntervalPattern = std::optional<std::string_view>;
 
+/// How many scale positions neck and playback ask for: a pattern of up to fifteen digits and its closing note.
+inline constexpr std::int16_t kScalePositions = 16;
+
 /// The note name at the 0-based scale position `Npassed`, empty past the scale's end. The table is three octaves long
 /// and not wrapped. `ScaleStepType` has no effect. A null pattern, a character that is no digit and a sum past the
 /// table are reported as "<number> <description>", with an empty result.

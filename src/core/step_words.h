@@ -2,7 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // Step words: the name of one interval in tones and semitones. "S" is a semitone, "T" a tone, anything else "T" and the
-// half of the digit (T1.5 is three semitones). The decimal separator is always a point.
+// half of the digit (T1.5 is three semitones). The decimal separator is always a point. Pure
+// functions; any thread; never fail.
 
 #pragma once
 

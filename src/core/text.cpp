@@ -3,6 +3,9 @@
 
 #include "core/text.h"
 
+#include <algorithm>
+#include <cstdint>
+
 namespace tonalith::core {
 namespace {
 
@@ -23,6 +26,8 @@ std::size_t CharacterLength(std::string_view text, std::size_t at) {
   return length;
 }
 
+char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
 }  // namespace
 
 std::string_view Trim(std::string_view text) {
@@ -40,6 +45,43 @@ std::vector<std::string_view> Characters(std::string_view text) {
     at += length;
   }
   return characters;
+}
+
+bool EqualWithoutCase(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Lower(x) == Lower(y); });
+}
+
+std::size_t WellFormedLength(std::string_view text) {
+  const auto byte = [&](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
+  const std::uint8_t first = byte(0);
+  if (first < 0x80) return 1;
+  const std::size_t length = SequenceLength(first);
+  if (first < 0xC2 || first > 0xF4 || text.size() < length) return 0;
+  for (std::size_t i = 1; i < length; ++i) {
+    if ((byte(i) & 0xC0U) != 0x80U) return 0;
+  }
+  // Overlong forms, surrogates and what lies beyond the last character.
+  const std::uint8_t second = byte(1);
+  if ((first == 0xE0 && second < 0xA0) || (first == 0xED && second > 0x9F)) return 0;
+  return (first == 0xF0 && second < 0x90) || (first == 0xF4 && second > 0x8F) ? 0 : length;
+}
+
+void AppendUtf8(std::string& text, char32_t character) {
+  const auto put = [&text](char32_t byte) { text += static_cast<char>(static_cast<std::uint8_t>(byte)); };
+  const auto follow = [&](unsigned shift) { put(0x80U | ((character >> shift) & 0x3FU)); };
+  if (character < 0x80) return put(character);
+  if (character < 0x800) {
+    put(0xC0U | (character >> 6U));
+    return follow(0);
+  }
+  if (character < 0x10000) {
+    put(0xE0U | (character >> 12U));
+  } else {
+    put(0xF0U | (character >> 18U));
+    follow(12);
+  }
+  follow(6);
+  follow(0);
 }
 
 std::size_t CharacterCount(std::string_view text) {

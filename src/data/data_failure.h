@@ -2,7 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // The failures of the data layer: their numbers, one maker for each, and the translation of what the database engine
-// reports into words that name the file. Every maker returns a Failure for the caller to throw.
+// reports into words that name the file. Every maker returns a Failure for the caller to throw. Pure
+// functions; any thread.
 
 #pragma once
 

@@ -9,6 +9,7 @@
 
 #include "core/deferred_failure.h"
 #include "core/failure.h"
+#include "core/paths.h"
 #include "data/data_failure.h"
 #include "data/pack_merge.h"
 #include "data/sql_tokens.h"
@@ -47,8 +48,7 @@ DataPackImport::DataPackImport(std::string appFolder, core::MsgBox& msgBox, Data
     : appFolder_(std::move(appFolder)), msgBox_(msgBox), observer_(observer) {}
 
 std::vector<std::string> DataPackImport::ListDataPacks() const {
-  const char separator = fs::path::preferred_separator;
-  const std::string folder = appFolder_ + separator + "DataPacks" + separator;
+  const std::string folder = appFolder_ + core::kPathSeparator + "DataPacks" + core::kPathSeparator;
   std::vector<std::string> packs;
   std::error_code error;
   fs::directory_iterator entry(folder, error);

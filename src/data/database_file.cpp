@@ -3,18 +3,20 @@
 
 #include "data/database_file.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
 
+#include "core/failure.h"
 #include "data/data_failure.h"
 #include "data/jet_file.h"
+#include "data/open_file.h"
 
 namespace tonalith::data {
 namespace {
@@ -23,19 +25,20 @@ using namespace std::string_view_literals;
 // The first bytes of every database file of the engine (SQLite database file format, section 1.2).
 constexpr std::string_view kSignature = "SQLite format 3\0"sv;
 
-class OpenFile {
- public:
-  explicit OpenFile(const char* path) : descriptor_(::open(path, O_RDONLY | O_CLOEXEC)) {}
-  ~OpenFile() {
-    if (descriptor_ >= 0) ::close(descriptor_);
-  }
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-  [[nodiscard]] int Descriptor() const { return descriptor_; }
+core::Failure CannotBeOpened(const std::string& path, const std::string& reason) {
+  return Unspecified("The file '" + path + "' cannot be opened: " + reason + ".");
+}
 
- private:
-  int descriptor_;
-};
+// What the engine keeps beside a database it opens whatever it is, and waits at a pipe until somebody writes to it.
+void RequireOrdinaryCompanions(const std::string& path) {
+  for (const char* ending : {"-journal", "-wal"}) {
+    struct stat status {};
+    const std::string companion = path + ending;
+    if (::stat(companion.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
+      throw CannotBeOpened(companion, "it is no file");
+    }
+  }
+}
 
 }  // namespace
 
@@ -54,10 +57,8 @@ std::string RequireDatabaseFile(const std::string& dataSource) {
   if (S_ISDIR(status.st_mode)) throw Unspecified("'" + path + "' is a folder, not a database file.");
   if (!S_ISREG(status.st_mode)) throw UnrecognizedFormat(path);
 
-  const OpenFile file(path.c_str());
-  if (file.Descriptor() < 0) {
-    throw Unspecified("The file '" + path + "' cannot be opened: " + std::generic_category().message(errno) + ".");
-  }
+  const OpenFile file(path);
+  if (file.Descriptor() < 0) throw CannotBeOpened(path, std::generic_category().message(errno));
   std::array<char, kSignature.size()> begin{};
   const ssize_t size = ::read(file.Descriptor(), begin.data(), begin.size());
   if (size < 0) {
@@ -65,7 +66,14 @@ std::string RequireDatabaseFile(const std::string& dataSource) {
   }
   const bool isOurs = std::string_view(begin.data(), static_cast<std::size_t>(size)) == kSignature;
   if (!isOurs && !IsJetFile(path)) throw UnrecognizedFormat(path);
+  if (isOurs) RequireOrdinaryCompanions(path);
   return path;
+}
+
+void RequireWholePages(const std::string& path, int pageSize) {
+  std::error_code error;
+  const std::uintmax_t length = std::filesystem::file_size(path, error);
+  if (error || length % static_cast<std::uintmax_t>(pageSize) != 0) throw UnrecognizedFormat(path);
 }
 
 }  // namespace tonalith::data

@@ -9,9 +9,9 @@
 #include <atomic>
 #include <type_traits>
 
-#include "core/failure.h"
 #include "data/connection.h"
 #include "data/data_failure.h"
+#include "data/database_file.h"
 #include "data/jet_file.h"
 #include "data/jet_tables.h"
 #include "data/read_only_file.h"
@@ -77,7 +77,11 @@ void Engine::OpenFile(bool readOnly) {
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   // Nor a field that takes all memory: a calculated one needs no room in the file.
   sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, kLongestField);
+  // The first look at the file brings it to order where a program ended while it wrote, and keeps others from writing.
+  database_->exec("BEGIN");
   const std::int32_t applicationId = database_->execAndGet("PRAGMA application_id").getInt();
+  if (!isJetCopy_) RequireWholePages(path_, database_->execAndGet("PRAGMA page_size").getInt());
+  database_->exec("COMMIT");
   isScaleDatabase_ = applicationId == kApplicationId;
   UpgradeSchema(*database_, path_);
   // In KiB: a record set keeps its own block of rows, so more would only hold memory.

@@ -10,12 +10,12 @@
 #include <array>
 #include <span>
 #include <string_view>
-#include <system_error>
 
 #include "core/failure.h"
 #include "data/data_failure.h"
 #include "data/jet_reader.h"
 #include "data/jet_stream.h"
+#include "data/open_file.h"
 #include "data/reading_process.h"
 
 namespace tonalith::data {
@@ -30,20 +30,6 @@ constexpr std::int64_t kPageSizeJet3 = 2048;
 constexpr std::int64_t kPageSize = 4096;
 constexpr std::int64_t kLargestFile = std::int64_t{2} << 30;
 
-class OpenFile {
- public:
-  explicit OpenFile(const std::string& path) : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
-  ~OpenFile() {
-    if (descriptor_ >= 0) ::close(descriptor_);
-  }
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-  [[nodiscard]] int Descriptor() const { return descriptor_; }
-
- private:
-  int descriptor_;
-};
-
 struct Header {
   std::array<char, kHeaderSize> bytes{};
   std::int64_t fileSize = 0;
@@ -52,7 +38,7 @@ struct Header {
 
 Header ReadHeader(const std::string& path) {
   Header header;
-  const OpenFile file(path);
+  const OpenFile file(path, O_NONBLOCK);
   struct stat status {};
   if (file.Descriptor() < 0 || ::fstat(file.Descriptor(), &status) != 0 || !S_ISREG(status.st_mode)) return header;
   header.fileSize = status.st_size;

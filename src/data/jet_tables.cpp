@@ -42,14 +42,10 @@ const char* TypeOf(JetContent content) {
   return "";
 }
 
-std::string InsertStatement(const JetTable& table) {
-  std::string columns;
-  std::string marks;
-  for (const JetColumn& column : table.columns) {
-    columns += (columns.empty() ? "" : ", ") + QuoteName(column.name);
-    marks += marks.empty() ? "?" : ", ?";
-  }
-  return "INSERT INTO " + QuoteName(table.name) + " (" + columns + ") VALUES (" + marks + ")";
+std::string FillStatement(const JetTable& table) {
+  std::vector<std::string> fields;
+  for (const JetColumn& column : table.columns) fields.push_back(QuoteName(column.name));
+  return InsertStatement(QuoteName(table.name), fields);
 }
 
 class Copier : public JetVisitor {
@@ -81,7 +77,7 @@ void CreateTableFor(SQLite::Database& database, const JetTable& table) {
 }
 
 JetRowWriter::JetRowWriter(SQLite::Database& database, const JetTable& table)
-    : insert_(database, InsertStatement(table)) {}
+    : insert_(database, FillStatement(table)) {}
 
 void JetRowWriter::Write(const std::vector<Value>& values) {
   for (std::size_t i = 0; i < values.size(); ++i) BindValue(insert_, static_cast<int>(i) + 1, values[i]);

@@ -7,12 +7,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <charconv>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
 
+#include "core/text.h"
 #include "data/data_failure.h"
 
 namespace tonalith::data {
@@ -23,24 +23,6 @@ constexpr std::uint32_t kFirstLow = 0xDC00;
 constexpr std::uint32_t kEndLow = 0xE000;
 
 core::Failure BrokenText() { return Unspecified("a text in it is not valid Unicode"); }
-
-void AppendUtf8(std::string& text, std::uint32_t character) {
-  if (character < 0x80) {
-    text += static_cast<char>(character);
-  } else if (character < 0x800) {
-    text += static_cast<char>(0xC0 | character >> 6);
-    text += static_cast<char>(0x80 | (character & 0x3F));
-  } else if (character < 0x10000) {
-    text += static_cast<char>(0xE0 | character >> 12);
-    text += static_cast<char>(0x80 | (character >> 6 & 0x3F));
-    text += static_cast<char>(0x80 | (character & 0x3F));
-  } else {
-    text += static_cast<char>(0xF0 | character >> 18);
-    text += static_cast<char>(0x80 | (character >> 12 & 0x3F));
-    text += static_cast<char>(0x80 | (character >> 6 & 0x3F));
-    text += static_cast<char>(0x80 | (character & 0x3F));
-  }
-}
 
 std::u16string Units(std::span<const std::uint8_t> bytes) {
   const bool isCompressed = bytes.size() >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE;
@@ -99,12 +81,12 @@ std::string JetUnicodeText(std::span<const std::uint8_t> bytes) {
   for (std::size_t i = 0; i < units.size(); ++i) {
     const std::uint32_t unit = units[i];
     if (unit < kFirstHigh || unit >= kEndLow) {
-      AppendUtf8(text, unit);
+      core::AppendUtf8(text, unit);
       continue;
     }
     const bool isPair = unit < kFirstLow && i + 1 < units.size() && units[i + 1] >= kFirstLow && units[i + 1] < kEndLow;
     if (!isPair) throw BrokenText();
-    AppendUtf8(text, 0x10000 + ((unit - kFirstHigh) << 10) + (units[++i] - kFirstLow));
+    core::AppendUtf8(text, 0x10000 + ((unit - kFirstHigh) << 10) + (units[++i] - kFirstLow));
   }
   return text;
 }

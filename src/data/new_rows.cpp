@@ -14,17 +14,9 @@
 namespace tonalith::data {
 namespace {
 
-std::string InsertStatement(const std::string& table, const std::vector<std::string>& fields, std::size_t rows) {
-  if (fields.empty()) return "INSERT INTO " + QuoteName(table) + " DEFAULT VALUES";
-  std::string names;
-  std::string marks;
-  for (const std::string& field : fields) {
-    names += (names.empty() ? "" : ", ") + QuoteName(field);
-    marks += marks.empty() ? "?" : ", ?";
-  }
-  std::string statement = "INSERT INTO " + QuoteName(table) + " (" + names + ") VALUES (" + marks + ")";
-  for (std::size_t row = 1; row < rows; ++row) statement += ", (" + marks + ")";
-  return statement;
+std::vector<std::string> Quoted(std::vector<std::string> names) {
+  std::transform(names.begin(), names.end(), names.begin(), [](const std::string& name) { return QuoteName(name); });
+  return names;
 }
 
 // The same for all texts that the engine takes for equal without regard to case: it looks no further than a zero.
@@ -52,8 +44,8 @@ std::optional<std::uint64_t> MarkOf(const Value& value) {
 NewRows::NewRows(Engine& engine, const std::string& table, const std::vector<std::string>& fields,
                  std::optional<std::size_t> keyField)
     : engine_(engine),
-      insertAll_(InsertStatement(table, fields, kRowsAtOnce)),
-      insertOne_(InsertStatement(table, fields, 1)),
+      insertAll_(InsertStatement(QuoteName(table), Quoted(fields), kRowsAtOnce)),
+      insertOne_(InsertStatement(QuoteName(table), Quoted(fields))),
       fieldCount_(fields.size()),
       keyField_(keyField),
       values_(fields.size() * kRowsAtOnce) {}

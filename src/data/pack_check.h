@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What is asked of a pack before and while its rows are read, because its file may come from anywhere: that no page is
-// cut off, that a table is a table, and that the walk through its rows comes to an end. Private to the data room; one
-// thread. All fail by throwing core::Failure.
+// What is asked of a pack before and while its rows are read, because its file may come from anywhere: that a table is
+// a table, and that the walk through its rows comes to an end. Private to the data room; one thread. All fail by
+// throwing core::Failure.
 
 #pragma once
 
@@ -16,9 +16,6 @@
 namespace tonalith::data {
 
 class Engine;
-
-/// The engine takes a page whose rest is missing for one that holds zeros there. Leaves a Jet file to its own reader.
-void RequireWholePages(const std::string& path);
 
 /// Throws for a stored query, which could be anything and could go on for ever, and for what an extension makes. A
 /// table that is not there is left to whoever reads it.

@@ -12,6 +12,7 @@
 #include "data/engine.h"
 #include "data/new_rows.h"
 #include "data/pack_check.h"
+#include "data/scale_database.h"
 #include "data/sql_dialect.h"
 #include "data/sql_tokens.h"
 #include "data/whole_number.h"
@@ -19,7 +20,6 @@
 namespace tonalith::data {
 namespace {
 
-constexpr const char* kMainDatabase = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=TonalithDB97.mdb";
 constexpr const char* kPackSource = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=";
 // In KiB. The names of a large pack come in any order, so their index is written all over.
 constexpr const char* kImportCache = "PRAGMA cache_size = -16384";
@@ -63,10 +63,9 @@ PackMerge::PackMerge(std::string path, std::function<void(std::int64_t)> onRow)
     : path_(std::move(path)), onRow_(std::move(onRow)) {}
 
 void PackMerge::Run() {
-  main_->Open(kMainDatabase, "", "");
+  main_->Open(std::string(kConnectionByFileName), "", "");
   pack_->SetMode(ConnectMode::kRead);
   pack_->Open(kPackSource + DataSourceValue(path_), "", "");
-  RequireWholePages(path_);
   main_->OpenEngine().Execute(kImportCache);
   main_->BeginTrans();
   MergeTable("ScaleTypes", "ScaleTypeID", "ScaleTypeID",

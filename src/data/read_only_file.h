@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Opens a database file that is only to be read, so that neither it nor its folder changes. Private to the data room.
-// Fails by throwing SQLite::Exception.
+// Opens a database file that is only to be read, so that neither it nor its folder changes. Private to the data room;
+// one thread. Fails by throwing SQLite::Exception.
 
 #pragma once
 

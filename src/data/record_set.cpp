@@ -5,7 +5,6 @@
 
 #include <utility>
 
-#include "core/failure.h"
 #include "data/connection.h"
 #include "data/data_failure.h"
 #include "data/engine.h"

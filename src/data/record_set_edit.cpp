@@ -30,17 +30,6 @@ struct SetFields {
   }
 };
 
-std::string InsertStatement(const std::string& source, const std::vector<std::string>& names) {
-  if (names.empty()) return "INSERT INTO " + source + " DEFAULT VALUES";
-  std::string columns;
-  std::string marks;
-  for (const std::string& name : names) {
-    columns += (columns.empty() ? "" : ", ") + name;
-    marks += marks.empty() ? "?" : ", ?";
-  }
-  return "INSERT INTO " + source + " (" + columns + ") VALUES (" + marks + ")";
-}
-
 std::string UpdateStatement(const Selection::Walk& walk, const std::vector<std::string>& names) {
   std::string settings;
   for (const std::string& name : names) settings += (settings.empty() ? "" : ", ") + name + " = ?";

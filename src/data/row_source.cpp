@@ -182,18 +182,19 @@ class KeyedRows : public RowSource {
     if (!isRight) throw UnrecognizedFormat(engine_.Path());
   }
 
+  // A run without rows in it says nothing of the other side of its key.
   void FetchUpwards(std::int64_t from, std::int64_t block) {
     Fetch(upwards_, from, block);
     RequireOrder(from, std::greater<>());
     reachesFirst_ = from == kLowestKey;
-    reachesLast_ = std::ssize(rows_) < block;
+    reachesLast_ = !rows_.empty() && std::ssize(rows_) < block;
   }
 
   void FetchDownwards(std::int64_t from, std::int64_t block) {
     Fetch(downwards_, from, block);
     RequireOrder(from, std::less<>());
     std::reverse(rows_.begin(), rows_.end());
-    reachesFirst_ = std::ssize(rows_) < block;
+    reachesFirst_ = !rows_.empty() && std::ssize(rows_) < block;
     reachesLast_ = from == kHighestKey;
   }
 

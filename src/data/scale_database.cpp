@@ -3,21 +3,19 @@
 
 #include "data/scale_database.h"
 
-#include <filesystem>
 #include <optional>
 #include <utility>
 
 #include "core/deferred_failure.h"
-#include "core/failure.h"
+#include "core/paths.h"
 #include "core/scale_construction.h"
+#include "core/scale_record.h"
 #include "core/text.h"
 
 namespace tonalith::data {
 namespace {
 
 using core::MsgBoxStyle;
-
-constexpr int kScaleIntervalsField = 5;
 
 // The pattern of the first scale of that name without the blanks at its ends; nothing when there is no such scale.
 std::optional<std::string> PatternByName(const std::shared_ptr<Connection>& connection, const std::string& scaleName) {
@@ -55,8 +53,7 @@ std::string FullConnectionString(std::string_view databasePath) {
 
 ScaleDatabase::ScaleDatabase(std::string appFolder, core::MsgBox& msgBox)
     : appFolder_(std::move(appFolder)),
-      databasePath_(appFolder_ + std::string(1, std::filesystem::path::preferred_separator) +
-                    std::string(kDatabaseFileName)),
+      databasePath_(appFolder_ + core::kPathSeparator + std::string(kDatabaseFileName)),
       msgBox_(msgBox) {}
 
 void ScaleDatabase::OpenShared() {
@@ -101,7 +98,7 @@ std::string ScaleDatabase::GetScaleIntervalsByID(std::int32_t scaleId) {
     scaleRecordset_->Open(ScaleByIdStatement(scaleId), scaleConnection_, CursorType::kKeyset, LockType::kReadOnly);
   });
   deferred.Try([&] { StandOnFirstWithCount(*scaleRecordset_); });
-  deferred.Try([&] { pattern = scaleRecordset_->FieldValue(kScaleIntervalsField).AsText(); });
+  deferred.Try([&] { pattern = scaleRecordset_->FieldValue(core::scale_field::kIntervals).AsText(); });
   deferred.ReportNumberAndDescription(msgBox_, MsgBoxStyle::kCritical);
   return pattern;
 }

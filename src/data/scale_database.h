@@ -21,6 +21,9 @@
 namespace tonalith::data {
 
 inline constexpr std::string_view kDatabaseFileName = "TonalithDB97.mdb";
+/// Names the file alone, which is found through the current directory.
+inline constexpr std::string_view kConnectionByFileName =
+    "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=TonalithDB97.mdb";
 inline constexpr std::string_view kAllScalesStatement = "SELECT * FROM ScalesQuery";
 
 /// The by-name statement, every apostrophe of the name doubled.

@@ -10,6 +10,7 @@
 #include <sqlite3.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <system_error>
@@ -106,9 +107,45 @@ BEGIN
 END;
 )sql";
 
-constexpr std::array<SchemaRevision, 1> kRevisions = {{{kRevision1}}};
+// Revision 2. The last scale of a type without a look at the others. As whole numbers, which is how sort numbers are
+// compared wherever a table holds something else.
+constexpr const char* kRevision2 = R"sql(
+CREATE INDEX ScalesByTypeAndSort ON Scales (ScaleTypeID, CAST(Sort AS INTEGER));
+)sql";
+
+constexpr std::array<SchemaRevision, 2> kRevisions = {{{kRevision1}, {kRevision2}}};
 
 int UserVersion(SQLite::Database& database) { return database.execAndGet("PRAGMA user_version").getInt(); }
+
+void Apply(SQLite::Database& database, std::span<const SchemaRevision> revisions) {
+  SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+  for (auto revision = static_cast<std::size_t>(UserVersion(database)); revision < revisions.size(); ++revision) {
+    database.exec(revisions[revision].statements);
+  }
+  database.exec("PRAGMA user_version = " + std::to_string(revisions.size()));
+  transaction.commit();
+}
+
+// Nothing is wrong with the revision: the file is in use, its folder or disk takes no writing, or its pages are
+// damaged.
+bool IsFaultOfThePlace(const SQLite::Exception& exception) {
+  constexpr int kPrimary = 0xFF;
+  constexpr std::array kCodes = {SQLITE_BUSY,     SQLITE_LOCKED, SQLITE_PERM,  SQLITE_READONLY,
+                                 SQLITE_CANTOPEN, SQLITE_FULL,   SQLITE_IOERR, SQLITE_CORRUPT};
+  return std::find(kCodes.begin(), kCodes.end(), exception.getErrorCode() & kPrimary) != kCodes.end();
+}
+
+// A program that is writing at the moment is not waited for: the next connection tries again.
+void ApplyIfPossible(SQLite::Database& database, std::span<const SchemaRevision> revisions) {
+  const int patience = database.execAndGet("PRAGMA busy_timeout").getInt();
+  database.setBusyTimeout(0);
+  try {
+    Apply(database, revisions);
+  } catch (const SQLite::Exception& exception) {
+    if (!IsFaultOfThePlace(exception)) throw;
+  }
+  database.setBusyTimeout(patience);
+}
 
 // The file must come into being here: nobody's database is opened and filled by mistake.
 void MakeNewFile(const std::string& path) {
@@ -148,12 +185,11 @@ void UpgradeSchema(SQLite::Database& database, const std::string& path, std::spa
   }
   // What can only be read is read as it is.
   if (sqlite3_db_readonly(database.getHandle(), "main") == 1) return;
-  SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
-  for (int revision = UserVersion(database); revision < last; ++revision) {
-    database.exec(revisions[static_cast<std::size_t>(revision)].statements);
+  if (found == 0) {
+    Apply(database, revisions);
+  } else {
+    ApplyIfPossible(database, revisions);
   }
-  database.exec("PRAGMA user_version = " + std::to_string(last));
-  transaction.commit();
 }
 
 const char* StoredQueryKey(const std::string& name) { return SameName(name, "ScalesQuery") ? "ScaleID" : nullptr; }

@@ -35,7 +35,8 @@ std::span<const SchemaRevision> SchemaRevisions();
 void CreateScaleDatabase(const std::filesystem::path& path);
 
 /// Brings an open file of ours, of whatever revision, to the last of `revisions`, in one transaction. A file of another
-/// program is left alone; one of a newer revision is refused.
+/// program is left alone; one of a newer revision is refused. One with a schema that cannot be written to at the
+/// moment, or is damaged, stays at its revision and is upgraded when it is opened another time.
 void UpgradeSchema(SQLite::Database& database, const std::string& path,
                    std::span<const SchemaRevision> revisions = SchemaRevisions());
 

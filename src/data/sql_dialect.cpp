@@ -200,6 +200,19 @@ std::string TranslateCondition(std::string_view condition) {
   return Emit(tokens, {{}, true});
 }
 
+std::string InsertStatement(const std::string& table, const std::vector<std::string>& fields, std::size_t rows) {
+  if (fields.empty()) return "INSERT INTO " + table + " DEFAULT VALUES";
+  std::string names;
+  std::string marks;
+  for (const std::string& field : fields) {
+    names += (names.empty() ? "" : ", ") + field;
+    marks += marks.empty() ? "?" : ", ?";
+  }
+  std::string statement = "INSERT INTO " + table + " (" + names + ") VALUES (" + marks + ")";
+  for (std::size_t row = 1; row < rows; ++row) statement += ", (" + marks + ")";
+  return statement;
+}
+
 std::string QuoteName(std::string_view name) {
   // Brackets, because the engine takes an unknown name in double quotes for a text.
   std::string quoted;

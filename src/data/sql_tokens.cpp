@@ -3,8 +3,6 @@
 
 #include "data/sql_tokens.h"
 
-#include <algorithm>
-
 #include "data/data_failure.h"
 
 namespace tonalith::data {
@@ -16,7 +14,6 @@ bool IsWordStart(char c) {
 }
 bool IsWordPart(char c) { return IsWordStart(c) || IsDigit(c); }
 bool IsSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
-char Lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 class Tokenizer {
  public:
@@ -89,7 +86,7 @@ class Tokenizer {
   void TakeNumber() {
     std::size_t length = LengthOf(IsDigit);
     if (length < rest_.size() && rest_[length] == '.') length = LengthOf(IsDigit, length + 1);
-    if (length < rest_.size() && Lower(rest_[length]) == 'e') {
+    if (length < rest_.size() && (rest_[length] == 'e' || rest_[length] == 'E')) {
       std::size_t digits = length + 1;
       if (digits < rest_.size() && (rest_[digits] == '+' || rest_[digits] == '-')) ++digits;
       const std::size_t end = LengthOf(IsDigit, digits);
@@ -120,9 +117,5 @@ class Tokenizer {
 }  // namespace
 
 std::vector<SqlToken> TokenizeSql(std::string_view statement) { return Tokenizer(statement).Run(); }
-
-bool SameName(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return Lower(x) == Lower(y); });
-}
 
 }  // namespace tonalith::data

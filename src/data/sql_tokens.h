@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/text.h"
+
 namespace tonalith::data {
 
 enum class SqlTokenKind { kWord, kBracketedName, kText, kNumber, kSymbol };
@@ -25,6 +27,6 @@ struct SqlToken {
 std::vector<SqlToken> TokenizeSql(std::string_view statement);
 
 /// Whether two names are equal without regard to ASCII case, as names and keywords compare.
-bool SameName(std::string_view a, std::string_view b);
+inline bool SameName(std::string_view a, std::string_view b) { return core::EqualWithoutCase(a, b); }
 
 }  // namespace tonalith::data

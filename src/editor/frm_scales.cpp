@@ -32,7 +32,7 @@ QList<QKeySequence> RedoKeys() {
 frmScales::frmScales(const EditorServices& services, QWidget* parent)
     : QWidget(parent, Qt::Window), services_(services), patternNotes_(services.msgBox) {
   setObjectName(QStringLiteral("frmScales"));
-  setWindowTitle(QStringLiteral("Scales"));
+  setWindowTitle(tr("Scales"));
   setAttribute(Qt::WA_DeleteOnClose);
   setPalette(controls::WarmPalette(QApplication::palette()));
   c_ = MakeScalesControls(this, services_.msgBox);

@@ -12,9 +12,11 @@
 namespace tonalith::editor {
 namespace {
 
-constexpr const char* kKeepQuestion = "Are you sure you want to keep these changes?";
+constexpr const char* kKeepQuestion =
+    QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Are you sure you want to keep these changes?");
 constexpr const char* kDeleteQuestion =
-    "Are you sure you want to delete this record? You will not be able to undo the deletion!";
+    QT_TRANSLATE_NOOP("tonalith::editor::frmScales",
+                      "Are you sure you want to delete this record? You will not be able to undo the deletion!");
 /// Yes and No with a question icon, No being the default.
 constexpr auto kConfirmDeletion = static_cast<core::MsgBoxStyle>(276);
 
@@ -88,7 +90,8 @@ bool frmScales::KeepNotes() {
   const bool hasNotes = SelectedNotes().any();
   if (core::CharacterCount(Pattern()) <= 1 || !hasNotes) {
     isHeldBack_ = true;
-    services_.msgBox.Show("A scale or chord requires more than one note.", core::MsgBoxStyle::kInformation);
+    services_.msgBox.Show(tr("A scale or chord requires more than one note.").toStdString(),
+                          core::MsgBoxStyle::kInformation);
     return false;
   }
   areNotesChosen_ = false;
@@ -106,7 +109,7 @@ void frmScales::cmdApply_Click() {
   RunAlone([&] {
     ScaleImageSelect();
     ScaleIntervalBuild();
-    const auto answer = services_.msgBox.Show(kKeepQuestion, core::MsgBoxStyle::kOkCancel);
+    const auto answer = services_.msgBox.Show(tr(kKeepQuestion).toStdString(), core::MsgBoxStyle::kOkCancel);
     if (self.isNull()) return;
     if (answer == core::MsgBoxAnswer::kOk) {
       const QString name = Field(field::kName).Text();
@@ -176,7 +179,8 @@ void frmScales::cmdRefresh_Click() {
 void frmScales::cmdDelete_Click() {
   const QPointer<frmScales> self = this;
   RunAlone([&] {
-    const auto answer = services_.msgBox.Show(kDeleteQuestion, kConfirmDeletion, "Confirm Deletion");
+    const auto answer = services_.msgBox.Show(tr(kDeleteQuestion).toStdString(), kConfirmDeletion,
+                                              tr("Confirm Deletion").toStdString());
     if (answer == core::MsgBoxAnswer::kYes && !self.isNull()) c_.datPrimaryRS->Delete();
   });
 }
@@ -247,7 +251,7 @@ bool frmScales::SettleChanges() {
   const QPointer<frmScales> self = this;
   bool isSettled = false;
   RunAlone([&] {
-    const auto answer = services_.msgBox.Show(kKeepQuestion, core::MsgBoxStyle::kOkCancel);
+    const auto answer = services_.msgBox.Show(tr(kKeepQuestion).toStdString(), core::MsgBoxStyle::kOkCancel);
     if (self.isNull()) return;
     if (answer != core::MsgBoxAnswer::kOk) {
       areNotesChosen_ = false;

@@ -6,7 +6,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 
-#include "controls/theme.h"
+#include "controls/colours.h"
 #include "core/text.h"
 
 namespace tonalith::editor {

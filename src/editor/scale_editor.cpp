@@ -3,27 +3,17 @@
 
 #include "editor/scale_editor.h"
 
+#include "controls/window_front.h"
 #include "core/deferred_failure.h"
 #include "editor/frm_scales.h"
 
 namespace tonalith::editor {
-namespace {
-
-void BringToFront(QWidget& form) {
-  if (form.isMinimized()) form.showNormal();
-  form.show();
-  form.raise();
-  form.activateWindow();
-}
-
-}  // namespace
-
 void ShowScaleEditor(QPointer<frmScales>& place, const EditorServices& services, QWidget* parent) {
   core::DeferredFailure failure;
   failure.Try([&] {
     // Between the closing of an editor and its end it is there, but no longer the one to show.
     if (place.isNull() || place->IsUnloaded()) place = new frmScales(services, parent);
-    BringToFront(*place);
+    controls::BringToFront(*place);
   });
   failure.ReportDescription(services.msgBox);
 }

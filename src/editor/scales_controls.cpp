@@ -3,20 +3,22 @@
 
 #include "editor/scales_controls.h"
 
-#include <QCoreApplication>
-#include <QEvent>
 #include <QGridLayout>
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
+#include "controls/field_panel.h"
+#include "controls/plain_label.h"
 #include "controls/theme.h"
-#include "editor/field_panel.h"
+#include "editor/frm_scales.h"
 
 namespace tonalith::editor {
 namespace {
 
 using controls::DataControl;
 using controls::FieldBinding;
+using controls::FieldPanel;
+using controls::MakePlainLabel;
 using controls::PanelButton;
 
 struct FieldDesign {
@@ -28,27 +30,18 @@ struct FieldDesign {
 constexpr auto kText = FieldBinding::Kind::kText;
 constexpr auto kNumber = FieldBinding::Kind::kNumber;
 constexpr std::array<FieldDesign, kFieldCount> kFields = {{
-    {"ScaleID", QT_TRANSLATE_NOOP("frmScales", "Scale ID:"), kNumber},
-    {"ScaleName", QT_TRANSLATE_NOOP("frmScales", "Scale Name:"), kText},
-    {"ScaleDescription", QT_TRANSLATE_NOOP("frmScales", "Scale Description:"), kText},
-    {"ScaleTypeID", QT_TRANSLATE_NOOP("frmScales", "Scale Type ID:"), kNumber},
-    {"ScaleIntervals", QT_TRANSLATE_NOOP("frmScales", "Scale Intervals:"), kText},
-    {"StartNote", QT_TRANSLATE_NOOP("frmScales", "Start Note:"), kText},
-    {"Chord", QT_TRANSLATE_NOOP("frmScales", "Chord:"), kNumber},
-    {"Sort", QT_TRANSLATE_NOOP("frmScales", "Sort Order Number:"), kNumber},
+    {"ScaleID", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale ID:"), kNumber},
+    {"ScaleName", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale Name:"), kText},
+    {"ScaleDescription", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale Description:"), kText},
+    {"ScaleTypeID", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale Type ID:"), kNumber},
+    {"ScaleIntervals", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale Intervals:"), kText},
+    {"StartNote", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Start Note:"), kText},
+    {"Chord", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Chord:"), kNumber},
+    {"Sort", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Sort Order Number:"), kNumber},
 }};
-
-QString Caption(const char* text) { return QCoreApplication::translate("frmScales", text); }
 
 /// What a control is called aloud: its label without the colon.
 QString SpokenName(const QString& caption) { return caption.chopped(caption.endsWith(QLatin1Char(':')) ? 1 : 0); }
-
-QLabel* MakeLabel(const QString& name, const QString& caption, QWidget* form) {
-  auto* const label = new QLabel(caption, form);
-  label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);
-  return label;
-}
 
 QLineEdit* MakeLine(const QString& name, const QString& caption, QWidget* form) {
   auto* const line = new QLineEdit(form);
@@ -72,7 +65,7 @@ QPlainTextEdit* MakeMultiLine(const QString& name, const QString& caption, QWidg
 
 void MakeField(ScalesControls& c, int index, QWidget* form, core::MsgBox& msgBox) {
   const FieldDesign& design = kFields.at(static_cast<std::size_t>(index));
-  const QString caption = Caption(design.caption);
+  const QString caption = frmScales::tr(design.caption);
   const QString name = QStringLiteral("txtFields(%1)").arg(index);
   TextField& field = c.txtFields.at(static_cast<std::size_t>(index));
   if (index == field::kDescription) {
@@ -87,7 +80,7 @@ void MakeField(ScalesControls& c, int index, QWidget* form, core::MsgBox& msgBox
 void MakeChordBox(ScalesControls& c, QWidget* form) {
   c.chkFields = new QCheckBox(form);
   c.chkFields->setObjectName(QStringLiteral("chkFields(6)"));
-  c.chkFields->setAccessibleName(SpokenName(Caption(kFields[field::kChord].caption)));
+  c.chkFields->setAccessibleName(SpokenName(frmScales::tr(kFields[field::kChord].caption)));
   c.datPrimaryRS->Bind("Chord", [box = c.chkFields](const data::Value& value) {
     const std::string text = value.TextOr("0");
     box->setChecked(text != "0" && !text.empty());
@@ -100,7 +93,8 @@ void MakeChordBox(ScalesControls& c, QWidget* form) {
 void MakeFields(ScalesControls& c, QWidget* form, core::MsgBox& msgBox) {
   for (int i = 0; i < kFieldCount; ++i) {
     const auto at = static_cast<std::size_t>(i);
-    c.lblLabels.at(at) = MakeLabel(QStringLiteral("lblLabels(%1)").arg(i), Caption(kFields.at(at).caption), form);
+    c.lblLabels.at(at) =
+        MakePlainLabel(QStringLiteral("lblLabels(%1)").arg(i), frmScales::tr(kFields.at(at).caption), form);
     if (i == field::kChord) {
       MakeChordBox(c, form);
     } else {
@@ -110,11 +104,11 @@ void MakeFields(ScalesControls& c, QWidget* form, core::MsgBox& msgBox) {
   }
   c.lblLabels[field::kChord]->setBuddy(c.chkFields);
   c.lblLabels[field::kChord]->hide();
-  static_cast<QLineEdit*>(c.txtFields[field::kScaleId].box)->setPlaceholderText(Caption("new"));
+  static_cast<QLineEdit*>(c.txtFields[field::kScaleId].box)->setPlaceholderText(frmScales::tr("new"));
 }
 
 void MakeUnboundControls(ScalesControls& c, QWidget* form) {
-  const QString type = Caption("Scale Type:");
+  const QString type = frmScales::tr("Scale Type:");
   c.txtScaleType = MakeLine(QStringLiteral("txtScaleType"), type, form);
   c.txtScaleType->setReadOnly(true);
   c.datPrimaryRS->Bind("ScaleTypeName", [box = c.txtScaleType](const data::Value& value) {
@@ -123,13 +117,13 @@ void MakeUnboundControls(ScalesControls& c, QWidget* form) {
   });
   c.Combo1 = new TypeBox(QStringLiteral("Combo1"), form);
   c.Combo1->setAccessibleName(SpokenName(type));
-  c.txtIntervals = MakeLine(QStringLiteral("txtIntervals"), Caption(kFields[field::kIntervals].caption), form);
+  c.txtIntervals = MakeLine(QStringLiteral("txtIntervals"), frmScales::tr(kFields[field::kIntervals].caption), form);
   c.txtIntervals->setValidator(
       new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), c.txtIntervals));
   c.lblLabels[field::kIntervals]->setBuddy(c.txtIntervals);
-  c.txtScaleIntervalTones = MakeLine(QStringLiteral("txtScaleIntervalTones"), Caption("Scale Steps:"), form);
+  c.txtScaleIntervalTones = MakeLine(QStringLiteral("txtScaleIntervalTones"), frmScales::tr("Scale Steps:"), form);
   c.txtScaleIntervalTones->setReadOnly(true);
-  c.txtNotesToUse = MakeLine(QStringLiteral("txtNotesToUse"), Caption("Notes To Use:"), form);
+  c.txtNotesToUse = MakeLine(QStringLiteral("txtNotesToUse"), frmScales::tr("Notes To Use:"), form);
   c.txtNotesToUse->hide();
   // A long notice gets smaller; it never makes the form wider.
   c.lblNotice = new controls::FittingLabel(QStringLiteral("lblNotice"), {13, 9}, QFont::Normal, form);
@@ -146,8 +140,8 @@ PanelButton* MakeButton(const char* name, const QString& caption, PanelButton::K
 
 void MakeButtons(ScalesControls& c, QWidget* form) {
   constexpr auto kOrdinary = PanelButton::Kind::kOrdinary;
-  c.cmdModify = MakeButton("cmdModify", Caption("Modify"), kOrdinary, form);
-  c.cmdApply = MakeButton("cmdApply", Caption("Apply"), PanelButton::Kind::kMainAction, form);
+  c.cmdModify = MakeButton("cmdModify", frmScales::tr("Modify"), kOrdinary, form);
+  c.cmdApply = MakeButton("cmdApply", frmScales::tr("Apply"), PanelButton::Kind::kMainAction, form);
   c.picButtons = new QWidget(form);
   c.picButtons->setObjectName(QStringLiteral("picButtons"));
   auto* const row = new QHBoxLayout(c.picButtons);
@@ -158,11 +152,11 @@ void MakeButtons(ScalesControls& c, QWidget* form) {
     row->addWidget(button, 1);
     return button;
   };
-  c.cmdAdd = add("cmdAdd", Caption("&Add"));
-  c.cmdUpdate = add("cmdUpdate", Caption("&Update"));
-  c.cmdDelete = add("cmdDelete", Caption("&Delete"));
-  c.cmdRefresh = add("cmdRefresh", Caption("&Refresh"));
-  c.cmdClose = add("cmdClose", Caption("&Close"));
+  c.cmdAdd = add("cmdAdd", frmScales::tr("&Add"));
+  c.cmdUpdate = add("cmdUpdate", frmScales::tr("&Update"));
+  c.cmdDelete = add("cmdDelete", frmScales::tr("&Delete"));
+  c.cmdRefresh = add("cmdRefresh", frmScales::tr("&Refresh"));
+  c.cmdClose = add("cmdClose", frmScales::tr("&Close"));
   QSizePolicy keepsItsPlace = c.picButtons->sizePolicy();
   keepsItsPlace.setRetainSizeWhenHidden(true);
   c.picButtons->setSizePolicy(keepsItsPlace);
@@ -190,7 +184,7 @@ QHBoxLayout* MakeTopRow(const ScalesControls& c) {
 QGridLayout* LayOutName(const ScalesControls& c, QWidget* form, int narrow) {
   auto* const grid = MakeGrid();
   const auto panel = [form](QWidget* box) { return new FieldPanel(box, form); };
-  auto* const lblScaleType = MakeLabel(QStringLiteral("lblScaleType"), Caption("Scale Type:"), form);
+  auto* const lblScaleType = MakePlainLabel(QStringLiteral("lblScaleType"), frmScales::tr("Scale Type:"), form);
   lblScaleType->setBuddy(c.Combo1);
   for (const int index : {field::kScaleId, field::kScaleTypeId}) {
     c.txtFields.at(static_cast<std::size_t>(index)).box->setFixedWidth(narrow);
@@ -213,7 +207,7 @@ QGridLayout* LayOutPattern(const ScalesControls& c, QWidget* form) {
   grid->setColumnStretch(1, 0);
   grid->setColumnStretch(3, 1);
   c.txtIntervals->setFixedWidth(form->fontMetrics().horizontalAdvance(QStringLiteral("00000000000000")));
-  auto* const lblSteps = MakeLabel(QStringLiteral("lblSteps"), Caption("Scale Steps:"), form);
+  auto* const lblSteps = MakePlainLabel(QStringLiteral("lblSteps"), frmScales::tr("Scale Steps:"), form);
   lblSteps->setBuddy(c.txtScaleIntervalTones);
   grid->addWidget(c.lblLabels[field::kIntervals], 0, 0);
   grid->addWidget(new FieldPanel(c.txtIntervals, form), 0, 1);
@@ -265,7 +259,7 @@ void SetTabOrder(const ScalesControls& c) {
 
 ScalesControls MakeScalesControls(QWidget* form, core::MsgBox& msgBox) {
   ScalesControls c;
-  c.datPrimaryRS = new DataControl(QStringLiteral("datPrimaryRS"), Caption("Scales"), msgBox, form);
+  c.datPrimaryRS = new DataControl(QStringLiteral("datPrimaryRS"), frmScales::tr("Scales"), msgBox, form);
   c.keyboard = new NoteKeyboard(form);
   MakeFields(c, form, msgBox);
   MakeUnboundControls(c, form);

@@ -7,7 +7,7 @@
 #include <QEvent>
 #include <QPainter>
 
-#include "controls/panel_button.h"
+#include "controls/panel_painting.h"
 #include "controls/theme.h"
 
 namespace tonalith::editor {
@@ -42,9 +42,7 @@ void TypeBox::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(palette().color(QPalette::Text));
   painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
                    fontMetrics().elidedText(currentText(), Qt::ElideRight, place.width()));
-  const QPointF tip(width() - 15.0, height() / 2.0 + 3.0);
-  painter.setPen(QPen(controls::SecondaryInk(palette()), 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  painter.drawPolyline(QPolygonF({tip + QPointF(-5, -6), tip, tip + QPointF(5, -6)}));
+  controls::PaintDropArrow(painter, rect(), palette());
 }
 
 }  // namespace tonalith::editor

@@ -8,7 +8,7 @@
 #include <charconv>
 #include <utility>
 
-#include "help/markup.h"
+#include "core/text.h"
 
 namespace tonalith::help {
 namespace {
@@ -50,22 +50,6 @@ constexpr std::array<std::uint16_t, 32> kWestern = {0x20AC, 0x0020, 0x201A, 0x01
 
 bool IsCharacter(std::uint32_t c) { return c >= 0x20 && c <= 0x10FFFF && (c < 0xD800 || c > 0xDFFF); }
 
-/// How many bytes the well-formed character at the front takes; 0 when there is none.
-std::size_t CharacterLength(std::string_view bytes) {
-  const auto byte = [&](std::size_t i) { return static_cast<std::uint8_t>(bytes[i]); };
-  const std::uint8_t first = byte(0);
-  if (first < 0x80) return 1;
-  const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
-  if (first < 0xC2 || first > 0xF4 || bytes.size() < length) return 0;
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((byte(i) & 0xC0U) != 0x80) return 0;
-  }
-  // Overlong forms, surrogates and what lies beyond the last character.
-  const std::uint8_t second = byte(1);
-  if ((first == 0xE0 && second < 0xA0) || (first == 0xED && second > 0x9F)) return 0;
-  return (first == 0xF0 && second < 0x90) || (first == 0xF4 && second > 0x8F) ? 0 : length;
-}
-
 std::uint32_t NumberedCharacter(std::string_view digits) {
   const bool isHex = !digits.empty() && (digits[0] == 'x' || digits[0] == 'X');
   if (isHex) digits.remove_prefix(1);
@@ -79,26 +63,13 @@ std::uint32_t NumberedCharacter(std::string_view digits) {
 }  // namespace
 
 void AppendUtf8(std::string& text, std::uint32_t character) {
-  const auto put = [&text](std::uint32_t byte) { text += static_cast<char>(static_cast<std::uint8_t>(byte)); };
   if (!IsCharacter(character) && character != '\n' && character != '\t') character = kReplacement;
-  if (character < 0x80) return put(character);
-  if (character < 0x800) {
-    put(0xC0U | (character >> 6U));
-    return put(0x80U | (character & 0x3FU));
-  }
-  if (character < 0x10000) {
-    put(0xE0U | (character >> 12U));
-  } else {
-    put(0xF0U | (character >> 18U));
-    put(0x80U | ((character >> 12U) & 0x3FU));
-  }
-  put(0x80U | ((character >> 6U) & 0x3FU));
-  put(0x80U | (character & 0x3FU));
+  core::AppendUtf8(text, character);
 }
 
 bool IsUtf8(std::string_view bytes) {
   while (!bytes.empty()) {
-    const std::size_t length = CharacterLength(bytes);
+    const std::size_t length = core::WellFormedLength(bytes);
     if (length == 0) return false;
     bytes.remove_prefix(length);
   }

@@ -2,7 +2,7 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // Characters as numbers and as UTF-8, as far as pages of help need them: names and numbers of entities, and the western
-// code page that pages without an encoding of their own are in. Pure functions; any thread.
+// code page that pages without an encoding of their own are in. Pure functions; any thread; never fail.
 
 #pragma once
 
@@ -23,5 +23,12 @@ void AppendUtf8(std::string& text, std::uint32_t character);
 
 /// A byte of Windows' western code page as a character.
 [[nodiscard]] std::uint32_t WesternCharacter(std::uint8_t byte);
+
+/// Bytes of a page or list as UTF-8: as they are if they are UTF-8 (with or without its mark), and as Windows' western
+/// code page otherwise. Control characters other than line ends and tabs become blanks.
+[[nodiscard]] std::string ToUtf8(std::string_view bytes);
+
+/// The text with `&name;` and `&#number;` resolved; what is no entity stays as it is written.
+[[nodiscard]] std::string ResolveEntities(std::string_view text);
 
 }  // namespace tonalith::help

@@ -229,7 +229,7 @@ void frmHelp::FollowLink(const std::string& link) {
     case HelpLink::Kind::kOutside:
       return AskAndOpen(target.address);
     case HelpLink::Kind::kRefused:
-      msgBox_.Show("This link leads to something that the help does not open:\n" + target.address,
+      msgBox_.Show(tr("This link leads to something that the help does not open:\n").toStdString() + target.address,
                    core::MsgBoxStyle::kExclamation, {});
       return;
   }
@@ -241,10 +241,11 @@ void frmHelp::AskAndOpen(const std::string& address) {
   core::MsgBox& msgBox = msgBox_;
   const AddressOpener opener = opener_;
   const MsgBoxStyle style = MsgBoxStyle::kYesNo | MsgBoxStyle::kQuestion | MsgBoxStyle::kDefaultButton2;
-  const auto answer = msgBox.Show("This link leads out of the help. Do you want to open it?\n" + address, style, {});
+  const auto answer =
+      msgBox.Show(tr("This link leads out of the help. Do you want to open it?\n").toStdString() + address, style, {});
   if (answer != core::MsgBoxAnswer::kYes) return;
   if (!opener(QUrl(QString::fromStdString(address)))) {
-    msgBox.Show("The address could not be opened:\n" + address, MsgBoxStyle::kExclamation, {});
+    msgBox.Show(tr("The address could not be opened:\n").toStdString() + address, MsgBoxStyle::kExclamation, {});
   }
 }
 

@@ -8,7 +8,6 @@
 
 #pragma once
 
-#include <QPointer>
 #include <QUrl>
 #include <QWidget>
 #include <functional>

@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QFontInfo>
 #include <QMenu>
 #include <QScopedValueRollback>
@@ -32,8 +33,10 @@ constexpr double kMostPicturePixels = 64e6;
 
 HelpPage PageNotFound(const std::string& path) {
   HelpPage page;
-  page.title = QObject::tr("Page not found").toStdString();
-  page.html = "<h1>" + page.title + "</h1><p>" + QObject::tr("This help file has no page of this name:").toStdString() +
+  page.title = QCoreApplication::translate("tonalith::help::HelpBrowser", "Page not found").toStdString();
+  page.html = "<h1>" + page.title + "</h1><p>" +
+              QCoreApplication::translate("tonalith::help::HelpBrowser", "This help file has no page of this name:")
+                  .toStdString() +
               "</p><p><code>" + EscapedForHtml(path) + "</code></p>";
   return page;
 }

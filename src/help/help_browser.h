@@ -12,7 +12,6 @@
 #include <QSize>
 #include <QStringList>
 #include <QTextBrowser>
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>

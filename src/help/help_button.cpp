@@ -5,7 +5,6 @@
 
 #include <QKeySequence>
 #include <QPainter>
-#include <QPainterPath>
 
 #include "controls/colours.h"
 

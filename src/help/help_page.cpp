@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "help/characters.h"
 #include "help/markup.h"
 #include "help/page_writer.h"
 

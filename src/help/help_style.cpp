@@ -11,14 +11,9 @@
 namespace tonalith::help {
 namespace {
 
-QColor Mix(const QColor& a, const QColor& b, float share) {
-  return QColor::fromRgbF(a.redF() + (b.redF() - a.redF()) * share, a.greenF() + (b.greenF() - a.greenF()) * share,
-                          a.blueF() + (b.blueF() - a.blueF()) * share);
-}
-
 /// The page's ground with a breath of a box's own colour.
 QColor BoxGround(const QPalette& palette, const QColor& colour) {
-  return Mix(palette.color(QPalette::Base), colour, controls::IsDark(palette) ? 0.22F : 0.10F);
+  return controls::Mix(palette.color(QPalette::Base), colour, controls::IsDark(palette) ? 0.22F : 0.10F);
 }
 
 class Sheet {
@@ -117,7 +112,7 @@ void AddBoxes(Sheet& sheet, const QPalette& palette) {
 }  // namespace
 
 QColor Tint(const QPalette& palette, float share) {
-  return Mix(palette.color(QPalette::Base), palette.color(QPalette::Text), share);
+  return controls::Mix(palette.color(QPalette::Base), palette.color(QPalette::Text), share);
 }
 
 QString PageStyle(const QPalette& palette, double pixels) {

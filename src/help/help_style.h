@@ -2,7 +2,7 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // How a page of help looks: the style sheet of the window's text, made of its palette and the size of its letters, so
-// that light and dark systems both get a page that can be read. Pure functions; user-interface thread.
+// that light and dark systems both get a page that can be read. Pure functions; any thread; never fail.
 
 #pragma once
 
@@ -15,7 +15,7 @@ namespace tonalith::help {
 /// For letters of `pixels` in height.
 [[nodiscard]] QString PageStyle(const QPalette& palette, double pixels);
 
-/// Grounds for what was searched for: every place, and the one that stands at the cursor. Text keeps at least 4.5:1.
+/// The ground of a place that was searched for. Text keeps at least 4.5:1 on it.
 [[nodiscard]] QColor HitGround(const QPalette& palette);
 
 /// The widest line that reads well, in pixels, for letters of that height.

@@ -8,7 +8,6 @@
 
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -47,13 +46,6 @@ class MarkupReader {
 
   std::string_view rest_;
 };
-
-/// Bytes of a page or list as UTF-8: as they are if they are UTF-8 (with or without its mark), and as Windows' western
-/// code page otherwise. Control characters other than line ends and tabs become blanks.
-std::string ToUtf8(std::string_view bytes);
-
-/// The text with `&name;` and `&#number;` resolved.
-std::string ResolveEntities(std::string_view text);
 
 /// ASCII letters made small, all else as it is.
 std::string ToSmallLetters(std::string_view text);

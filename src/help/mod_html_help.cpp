@@ -3,19 +3,21 @@
 
 #include "help/mod_html_help.h"
 
+#include <QCoreApplication>
 #include <filesystem>
 #include <system_error>
 
 #include "core/deferred_failure.h"
+#include "core/paths.h"
 
 namespace tonalith::help {
 namespace {
 
 using core::MsgBoxStyle;
 
-constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
-
-bool IsSeparator(char c) { return c == '/' || c == '\\'; }
+std::string InUsersLanguage(const char* text) {
+  return QCoreApplication::translate("tonalith::help::frmHelp", text).toStdString();
+}
 
 bool IsFile(const std::string& path) {
   std::error_code error;
@@ -37,31 +39,30 @@ bool Opens(platform::HelpEngine& engine, platform::HelpWindowHandle caller, cons
 
 std::string HelpFilePath(const std::string& appFolder) {
   std::string path = appFolder;
-  if (path.empty() || path.back() != kSeparator) path += kSeparator;
-  return path + "TLHELP.chm";
+  if (path.empty() || path.back() != core::kPathSeparator) path += core::kPathSeparator;
+  return path.append(kHelpFileName);
 }
-
-bool IsNetworkPath(std::string_view path) { return path.size() >= 2 && IsSeparator(path[0]) && IsSeparator(path[1]); }
 
 void OpenHelpFile(const std::string& appFolder, core::MsgBox& msgBox, platform::HelpEngine& engine,
                   platform::HelpWindowHandle caller) {
   const std::string path = HelpFilePath(appFolder);
   if (!IsFile(path)) {
-    msgBox.Show("Cannot find help file:\n" + path, MsgBoxStyle::kCritical, "File Missing");
+    msgBox.Show(InUsersLanguage(QT_TRANSLATE_NOOP("tonalith::help::frmHelp", "Cannot find help file:\n")) + path,
+                MsgBoxStyle::kCritical, InUsersLanguage(QT_TRANSLATE_NOOP("tonalith::help::frmHelp", "File Missing")));
     return;
   }
-  if (IsNetworkPath(path)) {
-    msgBox.Show(
-        "Help files cannot be opened from a network share. "
-        "Please move the app to a local drive.",
-        MsgBoxStyle::kExclamation, {});
+  if (core::IsNetworkPath(path)) {
+    msgBox.Show(InUsersLanguage(QT_TRANSLATE_NOOP(
+                    "tonalith::help::frmHelp",
+                    "Help files cannot be opened from a network share. Please move the app to a local drive.")),
+                MsgBoxStyle::kExclamation, {});
     return;
   }
   if (!Opens(engine, caller, path)) {
-    msgBox.Show(
-        "The Help engine (hhctrl.ocx) failed to start. "
-        "Ensure the file is unblocked and local.",
-        MsgBoxStyle::kCritical, "API Error");
+    msgBox.Show(InUsersLanguage(QT_TRANSLATE_NOOP(
+                    "tonalith::help::frmHelp",
+                    "The Help engine (hhctrl.ocx) failed to start. Ensure the file is unblocked and local.")),
+                MsgBoxStyle::kCritical, InUsersLanguage(QT_TRANSLATE_NOOP("tonalith::help::frmHelp", "API Error")));
   }
 }
 

@@ -15,11 +15,10 @@
 
 namespace tonalith::help {
 
+inline constexpr std::string_view kHelpFileName = "TLHELP.chm";
+
 /// `appFolder`, a separator where it does not end in one, and the help file's name.
 [[nodiscard]] std::string HelpFilePath(const std::string& appFolder);
-
-/// Whether a path begins with two separators of either kind. A share behind a drive letter or a mount is not detected.
-[[nodiscard]] bool IsNetworkPath(std::string_view path);
 
 /// Opens the help file of that folder at its default page, for the window `caller`.
 void OpenHelpFile(const std::string& appFolder, core::MsgBox& msgBox, platform::HelpEngine& engine,

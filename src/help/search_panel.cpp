@@ -9,7 +9,6 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QStyledItemDelegate>
-#include <QTextLayout>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -111,7 +110,7 @@ void SearchPanel::Search() {
   } else if (count == 0) {
     found_->setText(tr("No page has all of these words."));
   } else {
-    found_->setText(count == 1 ? tr("1 page") : tr("%1 pages").arg(count));
+    found_->setText(count == 1 ? tr("1 page") : tr("%n pages", nullptr, count));
   }
   text_->setAccessibleDescription(found_->text());
 }

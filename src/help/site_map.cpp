@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "help/characters.h"
 #include "help/markup.h"
 
 namespace tonalith::help {

@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <memory>
 
+#include "controls/window_front.h"
 #include "core/deferred_failure.h"
 
 namespace tonalith::help {
@@ -20,13 +21,6 @@ class BusyPointer {
   BusyPointer(const BusyPointer&) = delete;
   BusyPointer& operator=(const BusyPointer&) = delete;
 };
-
-void BringToFront(QWidget& window) {
-  if (window.isMinimized()) window.showNormal();
-  window.show();
-  window.raise();
-  window.activateWindow();
-}
 
 }  // namespace
 
@@ -52,7 +46,7 @@ platform::HelpWindowHandle WindowHelpEngine::HtmlHelpA(platform::HelpWindowHandl
   // A window that was closed is there until events are handled, but no longer the one to show.
   if (window_.isNull() || !window_->isVisible()) window_ = new frmHelp(msgBox_, opener_, QWidget::find(caller));
   window_->ShowBook(std::move(book));
-  BringToFront(*window_);
+  controls::BringToFront(*window_);
   lastError_ = help_error::kNone;
   return window_->winId();
 }

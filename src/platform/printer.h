@@ -8,6 +8,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -25,6 +26,10 @@ class PrintablePicture {
   /// Paints it with its top left corner at the painter's origin, one unit of the painter to a pixel.
   virtual void PaintOn(QPainter& painter) const = 0;
 };
+
+/// The failure of a printer that does not do what it is asked.
+inline constexpr std::int32_t kPrinterError = 482;
+inline constexpr double kTwipsPerInch = 1440;
 
 /// What one unit of a printer is: 1/1440 inch, or a dot of its own resolution.
 enum class PrinterScaleMode { kTwips = 1, kPixels = 3 };

@@ -6,7 +6,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPointer>
@@ -14,6 +13,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "controls/plain_label.h"
 #include "controls/theme.h"
 #include "core/deferred_failure.h"
 #include "print/print_picture_to_size.h"
@@ -28,13 +28,6 @@ using platform::PaperSize;
 
 /// Above and below a caption together.
 constexpr int kButtonMargins = 14;
-
-QLabel* MakeLabel(const char* name, const QString& text, QWidget* parent) {
-  auto* const label = new QLabel(text, parent);
-  label->setObjectName(QLatin1String(name));
-  label->setTextFormat(Qt::PlainText);
-  return label;
-}
 
 QComboBox* MakeChoice(const char* name, const QString& accessibleName, const QStringList& entries, QWidget* parent) {
   auto* const box = new QComboBox(parent);
@@ -77,12 +70,12 @@ frmPrint::~frmPrint() = default;
 void frmPrint::MakeControls() {
   picture1_ = new PageView(QStringLiteral("Picture1"), QStringLiteral("Shape2"), this);
   cmbPaper_ = MakeChoice("cmbPaper", tr("Paper"), {tr("A4"), tr("Letter")}, this);
-  lblPaper_ = MakeLabel("lblPaper", tr("Pa&per"), this);
+  lblPaper_ = controls::MakePlainLabel(QStringLiteral("lblPaper"), tr("Pa&per"), this);
   lblPaper_->setBuddy(cmbPaper_);
   cmbOrientation_ = MakeChoice("cmbOrientation", tr("Orientation"), {tr("Landscape"), tr("Portrait")}, this);
-  lblOrientation_ = MakeLabel("lblOrientation", tr("&Orientation"), this);
+  lblOrientation_ = controls::MakePlainLabel(QStringLiteral("lblOrientation"), tr("&Orientation"), this);
   lblOrientation_->setBuddy(cmbOrientation_);
-  lblStatus_ = MakeLabel("lblStatus", {}, this);
+  lblStatus_ = controls::MakePlainLabel(QStringLiteral("lblStatus"), {}, this);
   lblStatus_->setWordWrap(true);
   cmdPrint_ = new PanelButton(QStringLiteral("cmdPrint"), tr("P&rint..."), PanelButton::Kind::kMainAction, this);
   cmdPdf_ = new PanelButton(QStringLiteral("cmdPdf"), tr("&Save as PDF..."), PanelButton::Kind::kOrdinary, this);
@@ -177,7 +170,17 @@ void frmPrint::LookForPrinter() {
   hasPrinter_ = false;
   failure.Try([this] { hasPrinter_ = order_.printing.HasPrinter(); });
   failure.Clear();  // The dialog that prints will say what is wrong.
+  ShowMainAction();
   ShowPaper();
+}
+
+void frmPrint::ShowMainAction() {
+  PanelButton* const main = hasPrinter_ ? cmdPrint_ : cmdPdf_;
+  PanelButton* const other = hasPrinter_ ? cmdPdf_ : cmdPrint_;
+  main->SetKind(PanelButton::Kind::kMainAction);
+  other->SetKind(PanelButton::Kind::kOrdinary);
+  main->setDefault(true);
+  if (focusWidget() == other) main->setFocus();
 }
 
 void frmPrint::ShowPaper() {

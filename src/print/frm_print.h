@@ -69,6 +69,9 @@ class frmPrint : public QDialog {
   /// What the preview had to say; the window may be gone afterwards.
   void ShowPreviewMessages();
   void LookForPrinter();
+  /// What Enter does: printing, or saving where there is no printer. The focus goes along unless it was taken
+  /// elsewhere.
+  void ShowMainAction();
   void AskAndPrint(Question ask, AfterPrinting afterwards);
   void ShowStatus(const QString& text);
   void ShowPaper();

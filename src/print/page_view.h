@@ -2,7 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // A printed page on the screen: the sheet, white in every theme, as large as the widget allows, with what will be
-// painted on it, and a shape around the part that can be printed on. Owned by its parent widget.
+// painted on it, and a shape around the part that can be printed on. Owned by its parent widget; user-interface
+// thread; never fails.
 
 #pragma once
 

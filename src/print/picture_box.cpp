@@ -10,8 +10,6 @@
 namespace tonalith::print {
 namespace {
 
-using controls::Bgr;
-using controls::PixelPoint;
 using controls::RecordingSurface;
 
 class RecordedImage : public platform::PrintablePicture {
@@ -30,37 +28,6 @@ class RecordedImage : public platform::PrintablePicture {
   RecordingSurface recording_;
   double width_;
   double height_;
-};
-
-/// Hands every step on to another surface, moved.
-class MovedSurface : public controls::DrawingSurface {
- public:
-  MovedSurface(controls::DrawingSurface& target, PixelPoint by) : target_(target), by_(by) {
-    target_.SetScaleMode(controls::ScaleMode::kPixels);
-  }
-
- protected:
-  void DoCls() override {}
-  void DoPrint(PixelPoint at, std::string_view text, const controls::SurfaceFont& font, Bgr colour) override {
-    target_.SetFontName(font.name);
-    target_.SetFontSize(font.size);
-    target_.SetFontBold(font.bold);
-    target_.SetForeColor(colour);
-    target_.SetCurrentX(at.x + by_.x);
-    target_.SetCurrentY(at.y + by_.y);
-    target_.Print(text);
-  }
-  void DoLine(PixelPoint from, PixelPoint to, Bgr colour) override {
-    target_.SetForeColor(colour);
-    target_.Line(from.x + by_.x, from.y + by_.y, to.x + by_.x, to.y + by_.y);
-  }
-  void DoPaintPicture(PixelPoint at, const std::shared_ptr<const controls::SurfacePicture>& picture) override {
-    target_.PaintPicture(picture, at.x + by_.x, at.y + by_.y);
-  }
-
- private:
-  controls::DrawingSurface& target_;
-  PixelPoint by_;
 };
 
 }  // namespace
@@ -84,8 +51,7 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void BitBlt(controls::DrawingSurface& target, double left, double top, const RecordingSurface& source) {
-  MovedSurface moved(target, {left, top});
-  source.ReplayOn(moved);
+  source.ReplayOn(target, {left, top});
 }
 
 }  // namespace tonalith::print

@@ -3,6 +3,7 @@
 
 #include "print/print_picture_to_size.h"
 
+#include <QCoreApplication>
 #include <QImage>
 #include <QPainter>
 #include <QPointer>
@@ -87,7 +88,9 @@ void CapturePrint(const PrintTools& tools, QWidget& view, PictureBox& printPic) 
   failure.Try([&] { tools.printer.SetScaleMode(platform::PrinterScaleMode::kPixels); });
   if (printPic.Picture() == nullptr) {
     failure.Clear();
-    tools.msgBox.Show("Bitmap creation failed \xE2\x80\x94 nothing to print.");
+    tools.msgBox.Show(QCoreApplication::translate("tonalith::print::frmPrint",
+                                                  "Bitmap creation failed \xE2\x80\x94 nothing to print.")
+                          .toStdString());
     return;
   }
   failure.Try([&] {

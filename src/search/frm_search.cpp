@@ -15,9 +15,10 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "controls/field_panel.h"
+#include "controls/plain_label.h"
 #include "controls/theme.h"
 #include "core/deferred_failure.h"
-#include "search/text_panel.h"
 
 namespace tonalith::search {
 namespace {
@@ -27,13 +28,6 @@ using controls::PanelButton;
 constexpr const char* kTag = "Tag";
 /// Above and below a caption together.
 constexpr int kButtonMargins = 14;
-
-QLabel* MakeLabel(const char* name, const QString& text, QWidget* parent) {
-  auto* const label = new QLabel(text, parent);
-  label->setObjectName(QLatin1String(name));
-  label->setTextFormat(Qt::PlainText);
-  return label;
-}
 
 void SetInk(QLabel* label, const QColor& ink) {
   QPalette palette = label->parentWidget()->palette();
@@ -97,13 +91,15 @@ frmSearch::frmSearch(std::unique_ptr<ScaleSource> scales, core::MsgBox& msgBox, 
 frmSearch::~frmSearch() = default;
 
 void frmSearch::MakeControls() {
-  lblSearch_ = MakeLabel("lblSearch", tr("Search"), this);
+  lblSearch_ = controls::MakePlainLabel(QStringLiteral("lblSearch"), tr("Search"), this);
   txtSearch_ = new QLineEdit(this);
   txtSearch_->setObjectName(QStringLiteral("txtSearch"));
+  txtSearch_->setFrame(false);
   txtSearch_->setAccessibleName(tr("Search"));
   lblSearch_->setBuddy(txtSearch_);
-  lblHelp_ = MakeLabel("lblHelp", tr("Use terms that use wildcards like *Melodic in the text search"), this);
-  lblMessage_ = MakeLabel("lblMessage", {}, this);
+  lblHelp_ = controls::MakePlainLabel(QStringLiteral("lblHelp"),
+                                      tr("Use terms that use wildcards like *Melodic in the text search"), this);
+  lblMessage_ = controls::MakePlainLabel(QStringLiteral("lblMessage"), {}, this);
   QFont messageFont = lblMessage_->font();
   messageFont.setWeight(QFont::DemiBold);
   lblMessage_->setFont(messageFont);
@@ -121,7 +117,7 @@ void frmSearch::LayOut() {
   auto* const textRow = new QHBoxLayout;
   textRow->setSpacing(12);
   textRow->addWidget(lblSearch_);
-  textRow->addWidget(new TextPanel(txtSearch_, this), 1);
+  textRow->addWidget(new controls::FieldPanel(txtSearch_, this, 6), 1);
   rows->addLayout(textRow);
   rows->addWidget(lblHelp_);
   rows->addSpacing(4);

@@ -4,9 +4,8 @@
 // The like operator: `*` any run of characters, `?` any one, `#` one digit 0 to 9, `[list]` one character of the list,
 // `[!list]` one that is not in it; everything else stands for itself, `]` outside a list too. In a list a hyphen
 // between two characters makes a range by character code; at either end, or behind a range, it stands for itself, as do
-// `[`,
-// `*`, `?`, `#`, and `!` anywhere but in front. `[]` is an empty text and `[!]` is the character `!`. Case counts: who
-// wants to ignore it brings both sides to one case first. A pattern is compiled once and then only read, so that
+// `[`, `*`, `?`, `#`, and `!` anywhere but in front. `[]` is an empty text and `[!]` is the character `!`. Case counts:
+// who wants to ignore it brings both sides to one case first. A pattern is compiled once and then only read, so that
 // several threads may share it. A list that is not closed and a range that runs downwards are failure 93.
 
 #pragma once

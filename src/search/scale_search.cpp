@@ -3,12 +3,21 @@
 
 #include "search/scale_search.h"
 
+#include <QCoreApplication>
+
 #include "core/failure.h"
 #include "core/text.h"
 #include "data/data_failure.h"
 #include "search/upper_case.h"
 
 namespace tonalith::search {
+namespace {
+
+std::string InUsersLanguage(const char* text) {
+  return QCoreApplication::translate("tonalith::search::frmSearch", text).toStdString();
+}
+
+}  // namespace
 
 /// A piece of a name, to be found anywhere in it and in any case.
 class ScaleSearch::NamePattern {
@@ -60,7 +69,9 @@ SearchResult ScaleSearch::Walk(ScaleCursor& rows, NamePattern& pattern, OnWrap o
       // A second end without the start in between: its record went meanwhile, and all others have been tested.
       if (hasWrapped) return {SearchOutcome::kNoMatch, {}};
       hasWrapped = true;
-      if (onWrap == OnWrap::kTell) watcher_.SetMessage("You have searched all the records once");
+      if (onWrap == OnWrap::kTell)
+        watcher_.SetMessage(InUsersLanguage(
+            QT_TRANSLATE_NOOP("tonalith::search::frmSearch", "You have searched all the records once")));
       rows.MoveFirst();
       if (rows.IsEof()) return {SearchOutcome::kNoMatch, {}};
     }
@@ -80,7 +91,8 @@ SearchResult ScaleSearch::Search(std::string_view text) {
     result = Walk(*rows, pattern, OnWrap::kTell);
   }
   if (result.outcome == SearchOutcome::kNoMatch) {
-    msgBox_.Show("No matches found.", core::MsgBoxStyle::kInformation);
+    msgBox_.Show(InUsersLanguage(QT_TRANSLATE_NOOP("tonalith::search::frmSearch", "No matches found.")),
+                 core::MsgBoxStyle::kInformation);
   }
   return result;
 }
@@ -98,7 +110,11 @@ SearchResult ScaleSearch::FindNext(std::string_view SearchText, std::string& tag
   SearchResult result = Walk(*rows, pattern, OnWrap::kBeSilent);
   if (result.outcome == SearchOutcome::kNoMatch) {
     if (!rows->IsEof()) source_.MakeCurrent(rows->GetBookmark());
-    msgBox_.Show("No matches found for '" + std::string(SearchText) + "'", core::MsgBoxStyle::kInformation);
+    const QString wanted = QString::fromUtf8(SearchText.data(), static_cast<qsizetype>(SearchText.size()));
+    msgBox_.Show(QCoreApplication::translate("tonalith::search::frmSearch", "No matches found for '%1'")
+                     .arg(wanted)
+                     .toStdString(),
+                 core::MsgBoxStyle::kInformation);
   }
   return result;
 }

@@ -33,7 +33,8 @@ void RunSearch(std::unique_ptr<SearchDialog>& place, const std::function<std::un
   const Unloading unloading(place);
   place->SetSearchCancelled(false);
   place->ShowModal();
-  if (place != nullptr && !place->SearchCancelled()) msgBox.Show("Searching for: " + place->SearchText());
+  if (place != nullptr && !place->SearchCancelled())
+    msgBox.Show(frmSearch::tr("Searching for: ").toStdString() + place->SearchText());
 }
 
 void RunSearch(std::unique_ptr<SearchDialog>& place, controls::DataControl& data1, core::MsgBox& msgBox,

@@ -2,7 +2,7 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // How assistive technology sees the views: the neck with its visible notes only, and the staff as a picture with a
-// text. User-interface thread.
+// text. User-interface thread; never fails.
 
 #pragma once
 

@@ -3,6 +3,7 @@
 
 #include "views/fretboard_layout.h"
 
+#include <QCoreApplication>
 #include <cstdlib>
 #include <limits>
 
@@ -14,37 +15,37 @@ namespace {
 using controls::Twips;
 
 constexpr Twips kFirstStringY{4200};
-constexpr Twips kStringSpacing{480};
 constexpr Twips kStringRight{15510};
 constexpr Twips kNutX{1220};
-constexpr Twips kNutTop{3840};
-constexpr Twips kNutBottom{6885};
-constexpr Twips kNeckTop{3870};
-constexpr Twips kNeckBottom{6855};
+// Above the first string's line and below the last one's.
+constexpr Twips kNutAbove{360};
+constexpr Twips kNutBelow{285};
+constexpr Twips kNeckAbove{330};
+constexpr Twips kNeckBelow{255};
+constexpr Twips kAreaAbove{810};
+constexpr Twips kAreaBelow{930};
 constexpr Twips kTopAboveLine{250};
 constexpr Twips kFretAfterLeft{650};
 constexpr Twips kMarkerAfterLeft{255};
 constexpr Twips kMarkerBelowFret{250};
 
 std::string AccessibleName(const std::string& tag, int row, int position) {
-  const std::string string = tag + ", string " + std::to_string(row);
-  return position == 0 ? string + ", open" : string + ", fret " + std::to_string(position);
+  const QString note = QString::fromStdString(tag);
+  const QString name =
+      position == 0
+          ? QCoreApplication::translate("tonalith::views::FretboardView", "%1, string %2, open").arg(note).arg(row)
+          : QCoreApplication::translate("tonalith::views::FretboardView", "%1, string %2, fret %3")
+                .arg(note)
+                .arg(row)
+                .arg(position);
+  return name.toStdString();
 }
+
+Twips StringY(int row) { return kFirstStringY + FretboardLayout::kStringSpacing * (row - 1); }
 
 }  // namespace
 
-Neck Neck::Standard() {
-  constexpr core::NoteNumber kD = 2;
-  constexpr core::NoteNumber kE = 4;
-  constexpr core::NoteNumber kG = 7;
-  constexpr core::NoteNumber kA = 9;
-  constexpr core::NoteNumber kB = 11;
-  return {{Pitch::Of(kE, 4), Pitch::Of(kB, 3), Pitch::Of(kG, 3), Pitch::Of(kD, 3), Pitch::Of(kA, 2), Pitch::Of(kE, 2)},
-          16};
-}
-
-FretboardLayout::FretboardLayout(const Neck& neck)
-    : rows_(static_cast<int>(neck.openStrings.size())), positions_(neck.positions) {
+FretboardLayout::FretboardLayout(const core::Neck& neck) : rows_(neck.Strings()), positions_(neck.positions) {
   for (int row = 1; row <= rows_; ++row) {
     for (int position = 0; position < positions_; ++position) {
       const int pitch = neck.openStrings.at(static_cast<std::size_t>(row - 1)).semitones + position;
@@ -71,16 +72,21 @@ Twips FretboardLayout::MarkerLeft(Twips imageLeft) { return imageLeft + kMarkerA
 Twips FretboardLayout::MarkerTop(Twips fret1Y2) { return fret1Y2 + kMarkerBelowFret; }
 
 LineGeometry FretboardLayout::StringLine(int row) {
-  const Twips y = kFirstStringY + kStringSpacing * (row - 1);
+  const Twips y = StringY(row);
   return {kBaseLeft, y, kStringRight, y};
 }
 
-LineGeometry FretboardLayout::NutLine() { return {kNutX, kNutTop, kNutX, kNutBottom}; }
-
-LineGeometry FretboardLayout::FirstFret() {
-  const Twips x = FretX(Left(kBaseLeft, 1));
-  return {x, kNeckTop, x, kNeckBottom};
+LineGeometry FretboardLayout::NutLine() const {
+  return {kNutX, StringY(1) - kNutAbove, kNutX, StringY(rows_) + kNutBelow};
 }
+
+LineGeometry FretboardLayout::FirstFret() const {
+  const Twips x = FretX(Left(kBaseLeft, 1));
+  return {x, StringY(1) - kNeckAbove, x, StringY(rows_) + kNeckBelow};
+}
+
+Twips FretboardLayout::AreaTop() { return StringY(1) - kAreaAbove; }
+Twips FretboardLayout::AreaBottom(int strings) { return StringY(strings) + kAreaBelow; }
 
 bool FretboardLayout::HasDoubleInlay(int fret) { return fret > 0 && fret % 12 == 0; }
 
@@ -139,8 +145,10 @@ std::optional<int> FretboardLayout::Neighbour(int index, Move move, const std::v
 }
 
 std::int16_t OctaveSoundNumber(core::NoteNumber note, std::int16_t octave) {
-  const bool recorded = octave >= 2 && octave <= 5;
-  return static_cast<std::int16_t>(recorded ? note + 12 * (octave - 2) : note);
+  constexpr std::int16_t kLowestRecorded = 2;
+  constexpr std::int16_t kHighestRecorded = 5;
+  const bool isRecorded = octave >= kLowestRecorded && octave <= kHighestRecorded;
+  return static_cast<std::int16_t>(isRecorded ? note + 12 * (octave - kLowestRecorded) : note);
 }
 
 }  // namespace tonalith::views

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The neck as data: open strings as pitches and a number of positions, from which every note's name, octave, sound
-// file, accessible name and place are derived. Also the design coordinates of the fretboard's lines. Numbers in,
-// numbers out: no widget, no state after construction. Positions are twips of the form's client area, sizes of things
-// that are only painted are pixels.
+// What follows from a neck: every note's name, octave, sound file, accessible name and place, the design coordinates of
+// the lines, and where a key leads among the notes. Numbers in, numbers out: no widget, no state after construction,
+// any thread. Positions are twips of the form's client area, sizes of things that are only painted are pixels. An index
+// that no note has throws std::out_of_range; another failure is named where it may happen.
 
 #pragma once
 
@@ -14,25 +14,9 @@
 #include <vector>
 
 #include "controls/twips.h"
-#include "core/note_model.h"
+#include "core/neck.h"
 
 namespace tonalith::views {
-
-/// A pitch in semitones, 12 times its octave in scientific numbering plus its note number (E4 is 52).
-struct Pitch {
-  std::int16_t semitones = 0;
-  static constexpr Pitch Of(core::NoteNumber note, int octave) {
-    return {static_cast<std::int16_t>(12 * octave + note)};
-  }
-};
-
-/// The neck's tuning, the highest string first, and its number of positions (the open string counts).
-struct Neck {
-  std::vector<Pitch> openStrings;
-  int positions = 0;
-  /// Six strings in standard tuning, E4 B3 G3 D3 A2 E2, open and with frets 1 to 15.
-  static Neck Standard();
-};
 
 /// One note of the neck: the string row 1.. from the highest string, and the position 0 (open).. on it.
 struct NotePlace {
@@ -57,8 +41,9 @@ class FretboardLayout {
   static constexpr controls::Twips kImageSize{435};
   static constexpr controls::Twips kPositionStep{940};
   static constexpr controls::Twips kBaseLeft{600};
+  static constexpr controls::Twips kStringSpacing{480};
 
-  explicit FretboardLayout(const Neck& neck = Neck::Standard());
+  explicit FretboardLayout(const core::Neck& neck = core::Neck::Standard());
 
   [[nodiscard]] int Rows() const { return rows_; }
   [[nodiscard]] int Positions() const { return positions_; }
@@ -76,10 +61,13 @@ class FretboardLayout {
   [[nodiscard]] static controls::Twips MarkerLeft(controls::Twips imageLeft);
   [[nodiscard]] static controls::Twips MarkerTop(controls::Twips fret1Y2);
 
-  /// Where the lines stand at design time: one for each string row, then the nut; and the first fret.
+  /// Where the lines stand at design time: each string's, the nut and the first fret.
   [[nodiscard]] static LineGeometry StringLine(int row);
-  [[nodiscard]] static LineGeometry NutLine();
-  [[nodiscard]] static LineGeometry FirstFret();
+  [[nodiscard]] LineGeometry NutLine() const;
+  [[nodiscard]] LineGeometry FirstFret() const;
+  /// The upper and the lower edge of all that belongs to a neck of so many strings, the fret numbers below it included.
+  [[nodiscard]] static controls::Twips AreaTop();
+  [[nodiscard]] static controls::Twips AreaBottom(int strings);
 
   /// The frets that carry an inlay, and the fret numbers that stand below the neck.
   [[nodiscard]] static bool HasInlay(int fret);

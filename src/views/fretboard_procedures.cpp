@@ -3,13 +3,12 @@
 
 // The procedures of the fretboard: layout, hiding and showing a scale, names, the play marker and single notes.
 
-#include <QApplication>
 #include <QLabel>
 #include <algorithm>
 #include <charconv>
-#include <filesystem>
 
 #include "core/deferred_failure.h"
+#include "core/paths.h"
 #include "core/scale_construction.h"
 #include "core/step_words.h"
 #include "core/text.h"
@@ -20,7 +19,6 @@ namespace {
 
 using controls::Twips;
 
-constexpr std::int16_t kPositionsAsked = 16;
 constexpr Twips kMarkerAboveNote{480};
 
 /// A text that is a whole number of 16 bits, blanks around it allowed.
@@ -117,7 +115,7 @@ void FretboardView::ShowNotes(const std::string& startNote, ScaleInView& scale) 
 
 void FretboardView::ShowScaleNotes(const std::string& startNote, const core::IntervalPattern& pattern) {
   const std::vector<std::string> notes =
-      core::ScaleArrayNotes(core::CNoteToNumber(startNote), {}, pattern, kPositionsAsked, msgBox_);
+      core::ScaleArrayNotes(core::CNoteToNumber(startNote), {}, pattern, core::kScalePositions, msgBox_);
   for (NoteImage* image : images_) {
     if (image->Tag().empty() || std::find(notes.begin(), notes.end(), image->Tag()) == notes.end()) continue;
     image->SetPicture(image->Tag() == startNote ? NotePicture::kKeyNote : NotePicture::kScaleNote);
@@ -158,9 +156,9 @@ void FretboardView::FlashNotes(const std::string& controlName) {
 void FretboardView::PlayOctaveNote(const std::string& noteName, std::int16_t octave) {
   core::DeferredFailure failure;
   failure.Try([&] {
-    const char separator = static_cast<char>(std::filesystem::path::preferred_separator);
     const std::int16_t number = OctaveSoundNumber(core::CNoteToNumber(noteName), octave);
-    const std::string path = appFolder_ + separator + "Octaves" + separator + std::to_string(number) + ".wav";
+    const std::string path =
+        appFolder_ + core::kPathSeparator + "Octaves" + core::kPathSeparator + std::to_string(number) + ".wav";
     if (player_ != nullptr) player_->Play(path);
   });
   failure.ReportDescription(msgBox_);

@@ -4,18 +4,11 @@
 #include "views/fretboard_view.h"
 
 #include <QCoreApplication>
-#include <QEvent>
-#include <QFocusEvent>
-#include <QHelpEvent>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QPainterPath>
-#include <QToolTip>
-#include <algorithm>
 
 #include "controls/colours.h"
-#include "controls/painter_surface.h"
 #include "controls/theme.h"
 #include "core/failure.h"
 #include "views/accessible_views.h"
@@ -26,11 +19,11 @@ namespace {
 using controls::LineControl;
 using controls::Twips;
 
+constexpr int kWidth = 1080;
 constexpr double kHalfImage = 14.5;
 constexpr double kNutWidth = 8;
 constexpr int kFretNumberHeight = 18;
 constexpr int kFretNumberPixels = 12;
-constexpr double kDoubleInlayDistance = 64;
 constexpr std::int32_t kControlNotFound = 730;
 
 /// The play marker: a triangle that points down at the note below it.
@@ -63,10 +56,6 @@ class FretNumber : public QLabel {
 
 QString Numbered(const char* name, int number) { return QString::fromLatin1(name) + QString::number(number); }
 
-QString Ordinal(int number) {
-  return QString::number(number) + (number == 3 ? QStringLiteral("rd") : QStringLiteral("th"));
-}
-
 LineControl* MakeLine(const QString& name, const LineGeometry& line, QObject* parent) {
   return new LineControl(name, line.x1, line.y1, line.x2, line.y2, parent);
 }
@@ -77,7 +66,7 @@ FretboardView::FretboardView(core::MsgBox& msgBox, QWidget* parent)
     : QWidget(parent), msgBox_(msgBox), eventPump_([] { QCoreApplication::processEvents(); }) {
   InstallAccessibleViews();
   setObjectName(QStringLiteral("fretboardView"));
-  setAccessibleName(QStringLiteral("Fretboard"));
+  setAccessibleName(tr("Fretboard"));
   setGeometry(DesignRect());
   BuildLines();
   BuildImages();
@@ -86,7 +75,11 @@ FretboardView::FretboardView(core::MsgBox& msgBox, QWidget* parent)
 
 FretboardView::~FretboardView() = default;
 
-QRect FretboardView::DesignRect() { return {0, 226, 1080, 276}; }
+QRect FretboardView::DesignRect() {
+  static const int strings = core::Neck::Standard().Strings();
+  const int top = controls::NearestPixel(FretboardLayout::AreaTop());
+  return {0, top, kWidth, controls::NearestPixel(FretboardLayout::AreaBottom(strings)) - top};
+}
 
 void FretboardView::SetNotePlayer(platform::NotePlayer* player, std::string appFolder) {
   player_ = player;
@@ -97,9 +90,9 @@ void FretboardView::BuildLines() {
   for (int row = 1; row <= layout_.Rows(); ++row) {
     strings_.push_back(MakeLine(Numbered("Line", row), FretboardLayout::StringLine(row), this));
   }
-  nut_ = MakeLine(Numbered("Line", layout_.Rows() + 1), FretboardLayout::NutLine(), this);
+  nut_ = MakeLine(Numbered("Line", layout_.Rows() + 1), layout_.NutLine(), this);
   for (int fret = 1; fret < layout_.Positions(); ++fret) {
-    frets_.push_back(MakeLine(Numbered("fret", fret), FretboardLayout::FirstFret(), this));
+    frets_.push_back(MakeLine(Numbered("fret", fret), layout_.FirstFret(), this));
     frets_.back()->BorderWidth = 3;
   }
 }
@@ -134,7 +127,7 @@ void FretboardView::BuildMarkers() {
   for (const int fret : FretboardLayout::NumberedFrets()) {
     auto* marker = new FretNumber(QString::number(fret), this);
     marker->setObjectName(Numbered("fretPosition", fret));
-    marker->setToolTip(QStringLiteral("The ") + Ordinal(fret) + QStringLiteral(" Fret"));
+    marker->setToolTip((fret == 3 ? tr("The %1rd Fret") : tr("The %1th Fret")).arg(fret));
     marker->resize(controls::NearestPixel(FretboardLayout::kImageSize), kFretNumberHeight);
     markers_[fret] = marker;
   }
@@ -180,12 +173,13 @@ NeckGeometry FretboardView::Geometry() const {
   neck.stringsLeft = controls::ExactPixels(strings_.front()->x1);
   neck.stringsRight = controls::ExactPixels(strings_.front()->x2);
   const double middle = (neck.strings.front() + neck.strings.back()) / 2;
+  const double toDouble = controls::ExactPixels(FretboardLayout::kStringSpacing);
   for (int fret = 1; fret < layout_.Positions(); ++fret) {
     neck.frets.push_back(controls::ExactPixels(frets_[static_cast<std::size_t>(fret - 1)]->x1));
     const double x = controls::NearestPixel(FretboardLayout::Left(FretboardLayout::kBaseLeft, fret)) + kHalfImage;
     if (FretboardLayout::HasDoubleInlay(fret)) {
-      neck.inlays.emplace_back(x, middle - kDoubleInlayDistance / 2);
-      neck.inlays.emplace_back(x, middle + kDoubleInlayDistance / 2);
+      neck.inlays.emplace_back(x, middle - toDouble);
+      neck.inlays.emplace_back(x, middle + toDouble);
     } else if (FretboardLayout::HasInlay(fret)) {
       neck.inlays.emplace_back(x, middle);
     }
@@ -225,21 +219,6 @@ void FretboardView::PaintFocusRing(QPainter& painter) const {
   };
   ring(1.6, 4.6, QColor(0x14, 0x0a, 0x06));
   ring(1.6, 2.4, QColor(controls::kAmber));
-}
-
-void FretboardView::PaintView(QPainter& painter, const QColor& numberColour) const {
-  PaintNeck(painter, Geometry());
-  painter.save();
-  PaintFretNumbers(painter, numberColour);
-  painter.restore();
-  for (const NoteImage* image : images_) {
-    if (image->isHidden()) continue;
-    painter.save();
-    painter.translate(image->pos() + DesignRect().topLeft());
-    controls::PainterSurface surface(painter);
-    image->DrawOn(surface);
-    painter.restore();
-  }
 }
 
 void FretboardView::paintEvent(QPaintEvent* /*event*/) {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The guitar neck of the main window: wood, nut, frets and strings, 96 note images, the fret numbers and the play
-// marker, with the procedures that lay them out, light a scale on them, write names and play one note. A child of the
-// form, at DesignRect of its client area. One tab stop; the arrow keys walk among the visible notes. User-interface
+// The guitar neck of the main window: wood, nut, frets and strings, an image for each note, the fret numbers and the
+// play marker, with the procedures that lay them out, light a scale on them, write names and play one note. A child of
+// the form, at DesignRect of its client area. One tab stop; the arrow keys walk among the visible notes. User-interface
 // thread. The procedures go on past failures and show what is pending in a message box at their end; they only ask for
 // a repaint, so one refresh paints once. The message box and the ports have to outlive the view.
 
@@ -69,7 +69,7 @@ class FretboardView : public QWidget {
   static std::int16_t MapNoteNameToPositionIndex(std::string_view noteName);
 
   [[nodiscard]] const FretboardLayout& Layout() const { return layout_; }
-  /// The note image of a position index, 0..95. Throws failure 9 for any other number.
+  /// The note image of a position index, 0 up to the neck's number of notes. Throws failure 9 for any other number.
   [[nodiscard]] NoteImage& Image(int index) const;
   /// The play marker. It is hidden until FlashNotes shows it.
   [[nodiscard]] QWidget& Picture1() const { return *playMarker_; }
@@ -79,9 +79,6 @@ class FretboardView : public QWidget {
   /// The neck and the box that a fret's number is centred in, in pixels of the form's client area.
   [[nodiscard]] NeckGeometry Geometry() const;
   [[nodiscard]] QRectF FretNumberBox(int fret) const;
-
-  /// Paints the neck, the visible notes and the fret numbers in pixels of the form's client area, for paper.
-  void PaintView(QPainter& painter, const QColor& numberColour) const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -114,9 +111,9 @@ class FretboardView : public QWidget {
   std::vector<NoteImage*> images_;
   std::vector<NoteImage*> extraImages_;          // imgE6..imgE9, imgE13..imgE15
   std::vector<NoteImage*> labelImages_;          // imgLabel, elements 0..11
-  std::vector<controls::LineControl*> strings_;  // Line1..Line6; Line7 is the nut.
+  std::vector<controls::LineControl*> strings_;  // Line1.. by row; the line after the last is the nut.
   controls::LineControl* nut_ = nullptr;
-  std::vector<controls::LineControl*> frets_;  // fret1..fret15
+  std::vector<controls::LineControl*> frets_;  // fret1.. by fret
   std::map<int, QLabel*> markers_;             // fretPosition3.. by fret
   QWidget* playMarker_ = nullptr;
   QPixmap neck_;

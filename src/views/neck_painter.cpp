@@ -3,6 +3,7 @@
 
 #include "views/neck_painter.h"
 
+#include <QImage>
 #include <QPainter>
 #include <algorithm>
 #include <array>
@@ -20,9 +21,12 @@ constexpr double kInlayRadius = 7.5;
 constexpr double kFretWidth = 3;
 constexpr int kFibres = 420;
 
-/// Gauges of a set of strings, wider than life so that they can be told apart.
+/// Gauges of a set of strings, wider than life so that they can be told apart. A string beyond them is as thick as the
+/// last.
 constexpr std::array<double, 6> kGauges = {1.2, 1.6, 2.0, 2.6, 3.2, 3.9};
 constexpr std::size_t kPlainStrings = 3;
+
+double GaugeOf(std::size_t index) { return kGauges.at(std::min(index, kGauges.size() - 1)); }
 
 /// A colour and where between 0 and 1 it stands.
 struct Stop {
@@ -135,8 +139,28 @@ void PaintNut(QPainter& painter, const QRectF& nut) {
   FillAcross(painter, nut.adjusted(1, 2, -1, -2), {{0, QColor(0xf8, 0xf2, 0xe3)}, {1, QColor(0xdf, 0xd3, 0xb8)}});
 }
 
+/// The turns of wire around a string of that length from `left` on, dot by dot: the share of each dot that is in the
+/// shade between two turns. A dashed line would look the same and take as long to paint as all the wood.
+QBrush Winding(double left, double length, double dotsPerPixel) {
+  constexpr double kTurn = 2;
+  constexpr double kShade = 0.8;
+  const auto shadeUpTo = [=](double x) {
+    const double turns = std::floor(x / kTurn);
+    return turns * kShade + std::min(kShade, x - turns * kTurn);
+  };
+  QImage dots(static_cast<int>(std::ceil(length * dotsPerPixel)), 1, QImage::Format_ARGB32_Premultiplied);
+  auto* const row = reinterpret_cast<QRgb*>(dots.scanLine(0));
+  for (int dot = 0; dot < dots.width(); ++dot) {
+    const double share = (shadeUpTo((dot + 1) / dotsPerPixel) - shadeUpTo(dot / dotsPerPixel)) * dotsPerPixel;
+    row[dot] = qPremultiply(qRgba(0x3c, 0x28, 0x0c, qRound(70 * share)));
+  }
+  QBrush brush(dots);
+  brush.setTransform(QTransform::fromTranslate(left, 0).scale(1 / dotsPerPixel, 1));
+  return brush;
+}
+
 void PaintString(QPainter& painter, std::size_t index, double y, const NeckGeometry& neck) {
-  const double gauge = kGauges.at(std::min(index, kGauges.size() - 1));
+  const double gauge = GaugeOf(index);
   const bool plain = index < kPlainStrings;
   const QRectF string(neck.stringsLeft, y - gauge / 2, neck.stringsRight - neck.stringsLeft, gauge);
   // The shadow falls on the board alone.
@@ -145,12 +169,7 @@ void PaintString(QPainter& painter, std::size_t index, double y, const NeckGeome
   metal.setColorAt(0, plain ? QColor(0xf6, 0xf6, 0xf4) : QColor(0xee, 0xd9, 0xab));
   metal.setColorAt(1, plain ? QColor(0x97, 0x97, 0x95) : QColor(0x86, 0x67, 0x33));
   painter.fillRect(string, metal);
-  if (plain) return;
-  QPen winding(QColor(0x3c, 0x28, 0x0c, 70), gauge);
-  winding.setCapStyle(Qt::FlatCap);
-  winding.setDashPattern({0.8 / gauge, 1.2 / gauge});
-  painter.setPen(winding);
-  painter.drawLine(QPointF(neck.stringsLeft, y), QPointF(neck.stringsRight, y));
+  if (!plain) painter.fillRect(string, Winding(string.left(), string.width(), DotsPerPixel(painter)));
 }
 
 // Inks of the outlined neck. The strings stay darker than the frets: the eye follows them to the discs.
@@ -179,7 +198,7 @@ void PaintOutlinedNeck(QPainter& painter, const NeckGeometry& neck) {
   painter.setBrush(kNutFill);
   painter.drawRoundedRect(neck.nut.adjusted(1, 0, -1, 0), 1.5, 1.5);
   for (std::size_t index = 0; index < neck.strings.size(); ++index) {
-    const double gauge = kGaugeShare * kGauges.at(std::min(index, kGauges.size() - 1));
+    const double gauge = kGaugeShare * GaugeOf(index);
     const double left = neck.stringsLeft + kBehindDiscs;
     controls::FillSnapped(painter, {left, neck.strings[index] - gauge / 2, neck.stringsRight - left, gauge},
                           kStringLine);

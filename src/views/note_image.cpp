@@ -84,11 +84,7 @@ std::shared_ptr<const controls::SurfacePicture> PictureOf(NotePicture picture) {
 void DrawNoteName(DrawingSurface& surface, const std::string& tag, double scaleWidth) {
   surface.SetScaleMode(controls::ScaleMode::kPixels);
   surface.SetFontSize(controls::Pixels(kNamePixels));
-  if (controls::FontIsInstalled("Tahoma")) {
-    surface.SetFontName("Tahoma");
-  } else {
-    controls::SetFontNameOrDefault(surface, "Tahoma");
-  }
+  controls::SetFontNameOrDefault(surface, "Tahoma");
   surface.SetFontBold(true);
   surface.SetForeColor(controls::kWhite);
   surface.SetCurrentX((scaleWidth - surface.TextWidth(tag)) / 2);

@@ -3,7 +3,6 @@
 
 #include "views/score_handler.h"
 
-#include "controls/music_font.h"
 #include "views/staff_layout.h"
 
 namespace tonalith::views {
@@ -12,25 +11,25 @@ namespace {
 using controls::DrawingSurface;
 using controls::TwipsToPixels;
 
-void DrawStaffLines(DrawingSurface& target) {
+void DrawStaffLines(DrawingSurface& target, const Staff& on) {
   for (int line = 0; line < staff::kLines; ++line) {
-    const std::int32_t y = LineY(line);
+    const std::int32_t y = on.LineY(line);
     target.Line(TwipsToPixels(staff::kLeft), y, TwipsToPixels(staff::kRight), y);
   }
 }
 
-void DrawClef(DrawingSurface& target) {
+void DrawClef(DrawingSurface& target, const Staff& on) {
   target.SetFontName(std::string(controls::kMusicFontName));
   target.SetFontSize(controls::Points(staff::kFontPoints));
   target.SetFontBold(false);
   target.SetCurrentX(TwipsToPixels(staff::kClefX));
-  target.SetCurrentY(TwipsToPixels(staff::kClefY));
-  target.Print(std::string(1, controls::kTrebleClef));
+  target.SetCurrentY(on.ClefY());
+  target.Print(std::string(1, on.clef.glyph));
 }
 
-void DrawLedgerLines(DrawingSurface& target, int step, std::int32_t x) {
+void DrawLedgerLines(DrawingSurface& target, const Staff& on, int step, std::int32_t x) {
   for (const int ledger : LedgerSteps(step)) {
-    const std::int32_t y = StepY(ledger);
+    const std::int32_t y = on.StepY(ledger);
     target.Line(x - TwipsToPixels(staff::kLedgerBefore), y, x + TwipsToPixels(staff::kLedgerAfter), y);
   }
 }
@@ -56,19 +55,20 @@ void ScoreHandler(DrawingSurface* scoreTarget, std::int16_t keyIndex, const std:
   target.SetScaleMode(controls::ScaleMode::kPixels);
   target.Cls();
   const std::vector<std::int16_t> keys = KeyList(keyIndex, intervals);
-  DrawStaffLines(target);
-  DrawClef(target);
+  const Staff& on = kTrebleStaff;
+  DrawStaffLines(target, on);
+  DrawClef(target, on);
   const auto textHeight = static_cast<std::int32_t>(target.TextHeight(std::string(1, controls::kWholeNote)));
   scaleNotes.clear();
-  StaffWalk walk;
+  StaffWalk walk(on.clef);
   int column = 0;
   for (const std::int16_t key : keys) {
     const std::string name = walk.NameOf(key);
     scaleNotes += " " + name;
     const int step = walk.Step();
     const std::int32_t x = ColumnX(column);
-    DrawLedgerLines(target, step, x);
-    DrawNote(target, name, x, GlyphY(step, textHeight));
+    DrawLedgerLines(target, on, step, x);
+    DrawNote(target, name, x, on.GlyphY(step, textHeight));
     ++column;
   }
 }

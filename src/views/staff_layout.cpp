@@ -3,10 +3,8 @@
 
 #include "views/staff_layout.h"
 
-#include <array>
-#include <cstddef>
-
 #include "core/failure.h"
+#include "core/note_model.h"
 
 namespace tonalith::views {
 namespace {
@@ -14,18 +12,8 @@ namespace {
 using controls::Twips;
 using controls::TwipsToPixels;
 
-/// Staff steps above the bottom line (E); a sharp stands on the step of its natural.
-constexpr std::array<int, 12> kDiatonicOffsets = {-2, -2, -1, -1, 0, 1, 1, 2, 2, 3, 3, 4};
-/// The natural that a note is written on.
-constexpr std::array<std::int16_t, 12> kNaturals = {0, 0, 2, 2, 4, 5, 5, 7, 7, 9, 9, 11};
 constexpr int kStepsPerOctave = 7;
-constexpr int kTopLineStep = 8;
-
-template <std::size_t Size, class Entry>
-Entry At(const std::array<Entry, Size>& table, std::int16_t number) {
-  if (number < 0 || static_cast<std::size_t>(number) >= Size) throw core::Failure::SubscriptOutOfRange();
-  return table[static_cast<std::size_t>(number)];
-}
+constexpr int kTopLineStep = 2 * (staff::kLines - 1);
 
 }  // namespace
 
@@ -39,15 +27,13 @@ std::vector<std::int16_t> KeyList(std::int16_t key, const std::vector<std::int16
 }
 
 std::string StaffWalk::NameOf(std::int16_t element) {
-  number_ = static_cast<std::int16_t>((element + 12) % 12);
-  std::string name = core::CNumberToScore(number_);
-  const std::int16_t natural = core::NaturalIndex(number_);
-  if (natural < previousNatural_) octaveOffset_ += kStepsPerOctave;
-  previousNatural_ = natural;
+  const auto number = static_cast<std::int16_t>((element + 12) % 12);
+  std::string name = core::CNumberToScore(number);
+  const std::int16_t natural = core::NaturalIndex(number);
+  if (natural < natural_) octaveOffset_ += kStepsPerOctave;
+  natural_ = natural;
   return name;
 }
-
-int StaffWalk::Step() const { return At(kDiatonicOffsets, At(kNaturals, number_)) + octaveOffset_; }
 
 std::vector<int> LedgerSteps(int step) {
   std::vector<int> steps;
@@ -56,13 +42,16 @@ std::vector<int> LedgerSteps(int step) {
   return steps;
 }
 
-std::int32_t LineY(int line) { return TwipsToPixels(staff::kTopLine + staff::kLineSpacing * line); }
 std::int32_t ColumnX(int column) { return TwipsToPixels(staff::kFirstColumn + staff::kColumnStep * column); }
-std::int32_t StepY(int step) { return TwipsToPixels(staff::kBottomLine - staff::kStep * step); }
 
-std::int32_t GlyphY(int step, std::int32_t textHeight) {
-  const Twips offset{staff::kGlyphOffset - textHeight / 2};
-  return TwipsToPixels(staff::kBottomLine - staff::kStep * step + offset);
+Twips Staff::At(int step) const { return topLine + staff::kStep * (kTopLineStep - step); }
+
+std::int32_t Staff::LineY(int line) const { return TwipsToPixels(topLine + staff::kLineSpacing * line); }
+std::int32_t Staff::ClefY() const { return TwipsToPixels(At(clef.line) - staff::kClefRise); }
+std::int32_t Staff::StepY(int step) const { return TwipsToPixels(At(step)); }
+
+std::int32_t Staff::GlyphY(int step, std::int32_t textHeight) const {
+  return TwipsToPixels(At(step) + Twips{staff::kGlyphOffset - textHeight / 2});
 }
 
 }  // namespace tonalith::views

@@ -4,7 +4,6 @@
 #include "views/staff_view.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <algorithm>
 
 #include "controls/painter_surface.h"
@@ -37,7 +36,8 @@ void PaintStaff(QPainter& painter, const controls::RecordingSurface& drawing) {
   }
   if (longerThanLines) {
     for (int line = 0; line < staff::kLines; ++line) {
-      controls::FillSnapped(painter, {linesEnd, static_cast<double>(LineY(line)), ink.right() - linesEnd, 1},
+      controls::FillSnapped(painter,
+                            {linesEnd, static_cast<double>(kTrebleStaff.LineY(line)), ink.right() - linesEnd, 1},
                             QColor(controls::ToRgb(controls::kInk)));
     }
   }
@@ -84,11 +84,9 @@ void StaffView::Clear() {
 }
 
 void StaffView::Announce(const std::string& notes) {
-  const QString list = notes.empty() ? QStringLiteral(" no notes") : QString::fromStdString(notes);
-  setAccessibleName(QStringLiteral("Treble clef:") + list);
+  const QString list = notes.empty() ? tr(" no notes") : QString::fromStdString(notes);
+  setAccessibleName(tr(kTrebleStaff.clef.name) + QLatin1Char(':') + list);
 }
-
-void StaffView::PaintView(QPainter& painter) const { PaintStaff(painter, drawing_); }
 
 std::shared_ptr<const controls::SurfacePicture> StaffView::Picture() const {
   return std::make_shared<const StaffPicture>(accessibleName().toStdString(), drawing_);
@@ -101,7 +99,7 @@ void StaffView::paintEvent(QPaintEvent* /*event*/) {
   painter.setBrush(QColor(controls::kStaffPaper));
   painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCardRadius, kCardRadius);
   painter.translate(-DesignRect().topLeft());
-  PaintView(painter);
+  PaintStaff(painter, drawing_);
 }
 
 }  // namespace tonalith::views

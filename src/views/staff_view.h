@@ -35,10 +35,8 @@ class StaffView : public QWidget {
 
   [[nodiscard]] const controls::RecordingSurface& Drawing() const { return drawing_; }
 
-  /// Paints the drawing in pixels of the form's client area without the card, for paper. Drawings that are larger than
-  /// the card are scaled as on the screen.
-  void PaintView(QPainter& painter) const;
-  /// The same as a picture that stands by itself and does not change with the view.
+  /// The drawing in pixels of the form's client area without the card, for paper, as a picture that stands by itself
+  /// and does not change with the view. One that is larger than the card is scaled as on the screen.
   [[nodiscard]] std::shared_ptr<const controls::SurfacePicture> Picture() const;
 
  protected:

@@ -168,6 +168,25 @@ TEST_F(Installation, TheSameOneCopiesNothingAgain) {
   EXPECT_EQ(Read(own_ / "TLHELP.chm"), "changed by the user");
 }
 
+TEST_F(Installation, WhatAStartThatWasCutShortHasLeftIsMadeAnew) {
+  Write(own_ / "TonalithDB97.mdb.part", "hal");
+  Write(own_ / "Audio.part" / "0.wav", "hal");
+  EXPECT_EQ(Resolve(), own_);
+  EXPECT_EQ(Read(own_ / "TonalithDB97.mdb"), "shipped");
+  EXPECT_EQ(Read(own_ / "Audio" / "0.wav"), "C");
+  for (const char* const name : {"TonalithDB97.mdb.part", "Audio.part"}) EXPECT_FALSE(fs::exists(own_ / name)) << name;
+}
+
+TEST_F(Installation, HelpOfTheSameAgeIsNotTakenAgain) {
+  Resolve();
+  const fs::file_time_type installed = fs::last_write_time(shared_ / "TLHELP.chm");
+  ASSERT_EQ(fs::last_write_time(own_ / "TLHELP.chm"), installed);
+  Write(own_ / "TLHELP.chm", "the copy");
+  fs::last_write_time(own_ / "TLHELP.chm", installed);
+  Resolve();
+  EXPECT_EQ(Read(own_ / "TLHELP.chm"), "the copy");
+}
+
 TEST_F(AppFolder, NoPlaceForTheUsersFolderIsAFailureThatNamesIt) {
   MakeProgramReadOnly();
   fs::permissions(home_, kAnyWrite, fs::perm_options::remove);

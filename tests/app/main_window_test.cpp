@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QAction>
 #include <QLineEdit>
 #include <QMenu>
@@ -139,6 +140,16 @@ TEST_F(MainWindowTest, UpdateReadsAgainAndReturnsToTheRecordThatWasCurrent) {
   EXPECT_EQ(Text(C().Label1), "Added");
 }
 
+TEST_F(MainWindowTest, UpdateRefreshesOnceWhateverItStandsOnOnTheWay) {
+  MakeDatabase(kThree);
+  Start();
+  Press("Next record");
+  const QSignalSpy moved(C().Data1, &controls::DataControl::Moved);
+  Window().cmdUpdate_Click();
+  EXPECT_EQ(moved.count(), 0) << "each would have been a refresh of its own";
+  EXPECT_EQ(Text(C().Label1), "Dorian");
+}
+
 TEST_F(MainWindowTest, UpdateStandsOnTheFirstRecordWhenTheCurrentOneIsGone) {
   MakeDatabase(kThree);
   Start();
@@ -203,7 +214,7 @@ TEST_F(MainWindowTest, MenuHasItsEntriesInOrder) {
   EXPECT_EQ(menu,
             "mFile Tools\n  mEditor &Editor\n  mUpdate &Update\n  mSearch &Search\n  seperator1\n  mListen &Listen\n"
             "  mPrint &Print\n  seperator2\n  mInstall &Install\n  separator3\n  mViewNotes Hide/View &Names\n"
-            "mHelp Help\n  mHelpFile &Help\n");
+            "mHelp Help\n  mHelpFile &Help\n  mAbout &About Tonalith\n");
 }
 
 TEST_F(MainWindowTest, EveryControlIsFoundByItsName) {
@@ -239,6 +250,19 @@ TEST_F(MainWindowTest, EveryBoundLabelSaysToAssistiveTechnologyWhatItsTooltipSay
     EXPECT_EQ(control->toolTip().toStdString(), tooltip);
     EXPECT_EQ(control->accessibleDescription().toStdString(), tooltip);
   }
+}
+
+TEST_F(MainWindowTest, EveryControlThatCanBeReachedByTabIsNamedForAssistiveTechnology) {
+  MakeDatabase(kThree);
+  Start();
+  for (QWidget* const widget : Window().findChildren<QWidget*>()) {
+    if (!widget->isVisible() || (widget->focusPolicy() & Qt::TabFocus) == 0 || widget->focusProxy() != nullptr)
+      continue;
+    auto* const spoken = QAccessible::queryAccessibleInterface(widget);
+    ASSERT_NE(spoken, nullptr);
+    EXPECT_FALSE(spoken->text(QAccessible::Name).isEmpty()) << widget->objectName().toStdString();
+  }
+  EXPECT_EQ(C().cmbTranspose->accessibleName(), QStringLiteral("Key"));
 }
 
 TEST_F(MainWindowTest, StartsWithTheFocusOnTheNextRecordSoThatNoCursorBlinks) {

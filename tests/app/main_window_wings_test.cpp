@@ -60,6 +60,19 @@ TEST_F(Wings, EditorOpensOnceAndClosesWithTheMainWindow) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
+TEST_F(Wings, EditorStaysWhenOnlyAnotherWindowComesToTheFront) {
+  MakeDatabase({{"Major", "2212221"}});
+  StartInFolder();
+  Window().cmdEdit_Click();
+  const auto lose = [this](Qt::FocusReason reason) {
+    QFocusEvent loss(QEvent::FocusOut, reason);
+    QApplication::sendEvent(&Window(), &loss);
+    return Editors().size();
+  };
+  EXPECT_EQ(lose(Qt::ActiveWindowFocusReason), 1);
+  EXPECT_EQ(lose(Qt::OtherFocusReason), 0);
+}
+
 TEST_F(Wings, InstallMergesThePacksAndStandsOnTheFirstRecord) {
   MakeDatabase({{"Major", "2212221"}, {"Dorian", "2122212"}});
   fs::create_directory(temp_.Path() / "DataPacks");

@@ -153,6 +153,18 @@ TEST(SoundNotices, EverythingWorksWithoutANotifier) {
   EXPECT_EQ(rig.box.Texts(), "");
 }
 
+TEST(SoundNotices, ANotifierNeedNotCareForAnyOfThem) {
+  SoundRig rig;
+  SoundManagerNotifier careless;
+  rig.sounds.Notifier = &careless;
+  EXPECT_TRUE(rig.sounds.LoadSoundBuffer(1, "a.wav", BufferFlags::kPlayOnLoad | BufferFlags::kUnloadOnEnd));
+  EXPECT_EQ(rig.sounds.Buffer(1).state, BufferState::kPlaying);
+  rig.output.Finish(101);
+  rig.windows.Dispatch();
+  EXPECT_EQ(rig.sounds.Buffer(1).state, BufferState::kEmpty);
+  EXPECT_EQ(rig.box.Texts(), "");
+}
+
 TEST(SoundNotices, ANotifierThatThrowsIsReportedAndStopsNothing) {
   LoadedRig rig;
   rig.notifier.then = [](const std::string& notice) { throw core::Failure(5, "no " + notice); };

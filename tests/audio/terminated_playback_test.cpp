@@ -2,7 +2,7 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // A playback whose sound manager was terminated, before or meanwhile: no notice can come any more, and it is not waited
-// for.
+// for. And one that was cancelled: it keeps silent to its end and no longer.
 
 #include <gtest/gtest.h>
 
@@ -26,8 +26,9 @@ class PlainStage : public PlaybackStage {
   std::string AudioFolder() override { return "Audio/"; }
   void FlashNotes(const std::string& /*controlName*/) override { ++flashes; }
   void HidePicture1() override {}
-  void ShowStatus(const std::string& /*caption*/, StatusColour /*colour*/) override {}
+  void ShowStatus(const std::string& caption, StatusColour /*colour*/) override { status = caption; }
   int flashes = 0;
+  std::string status;
 };
 
 /// Lets the sounding note end at each wait. A playback that waits again and again is ended, so that a test of it ends.
@@ -91,6 +92,20 @@ TEST(TerminatedPlayback, StopsWaitingWhenTheSoundManagerEndsMeanwhile) {
   rig.playback.PlayToneNotes();
   EXPECT_EQ(rig.events.waits, 3);
   EXPECT_FALSE(rig.playback.IsRunning());
+}
+
+TEST(CancelledPlayback, ShowsAgainWhatBecomesOfSoundsOnceItHasEnded) {
+  TerminatedRig rig;
+  rig.events.during = [&](int wait) {
+    if (wait == 3) rig.playback.Cancel();
+  };
+  rig.playback.PlayToneNotes();
+  ASSERT_FALSE(rig.playback.IsRunning());
+  EXPECT_EQ(rig.stage.status, "Playing: E") << "nothing is shown from the cancelling on";
+  rig.sounds.LoadSoundBuffer(1, "Audio/0.wav", BufferFlags::kNone);
+  EXPECT_EQ(rig.stage.status, "Loaded");
+  rig.sounds.UnloadSoundBuffer(1);
+  EXPECT_EQ(rig.stage.status, "Standby");
 }
 
 }  // namespace

@@ -194,5 +194,22 @@ TEST(WaveFile, AllocatesNoMoreForALyingSizeThanTheFileHolds) {
   std::filesystem::remove(path);
 }
 
+TEST(WaveFile, RefusesSamplesThatWouldTakeAllMemoryThoughTheFileHoldsThem) {
+  constexpr std::uint32_t kMost = std::uint32_t{64} << 20U;
+  const std::string path = ::testing::TempDir() + "nearly_endless.wav";
+  for (const std::uint32_t size : {kMost, kMost + 1, 0xFFFFFF00U}) {
+    const Bytes bytes = Riff(kFormat + Chunk("data", Bytes(), size), 0xFFFFFFFF);
+    std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
+    std::filesystem::resize_file(path, std::uintmax_t{8} << 30U);
+    platform::PosixFileInput files;
+    const std::unique_ptr<platform::InputFile> file = files.Open(path);
+    ASSERT_NE(file, nullptr);
+    const Outcome read = ReadAll(*file);
+    EXPECT_EQ(read.problem, size == kMost ? "none" : "Could not read full buffer") << size;
+    EXPECT_EQ(read.samples.size(), size == kMost ? std::size_t{kMost} : 0U) << size;
+  }
+  std::filesystem::remove(path);
+}
+
 }  // namespace
 }  // namespace tonalith::audio

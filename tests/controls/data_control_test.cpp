@@ -143,6 +143,16 @@ TEST_F(DataControlTest, WrittenEditIsToldAlsoWhenTheMoveAfterItFails) {
   EXPECT_THAT(shown_, ElementsAre("3", "3"));
 }
 
+TEST_F(DataControlTest, DeletionIsToldAsAMoveAndAsAWrite) {
+  control_.Refresh();
+  const QSignalSpy moved(&control_, &DataControl::Moved);
+  const QSignalSpy written(&control_, &DataControl::Written);
+  control_.Delete();
+  EXPECT_EQ(moved.count(), 1);
+  EXPECT_EQ(written.count(), 1);
+  EXPECT_THAT(shown_, ElementsAre("3", "5"));
+}
+
 TEST_F(DataControlTest, RefusedEditIsNotToldAndStaysInTheControls) {
   control_.Refresh();
   control_.SetFieldValue("ScaleName", "");
@@ -152,6 +162,14 @@ TEST_F(DataControlTest, RefusedEditIsNotToldAndStaysInTheControls) {
   EXPECT_TRUE(control_.IsEditRefused());
   EXPECT_EQ(moved.count(), 0);
   EXPECT_EQ(written.count(), 0);
+  EXPECT_THAT(shown_, ElementsAre("3"));
+}
+
+TEST_F(DataControlTest, RefusedEditIsNotPassedOverOnTheWayToABookmark) {
+  control_.Refresh();
+  control_.SetFieldValue("ScaleName", "");
+  EXPECT_THROW(control_.SetBookmarkIfThere({5}), core::Failure);
+  EXPECT_TRUE(control_.IsEditRefused());
   EXPECT_THAT(shown_, ElementsAre("3"));
 }
 

@@ -65,6 +65,15 @@ TEST_F(FittingLabelTest, LineBreaksBreakLines) {
   EXPECT_LT(two, label_.FittedPixelSize());
 }
 
+TEST_F(FittingLabelTest, AnotherFontIsFittedAnew) {
+  label_.setText(QStringLiteral("Phrygian"));
+  ASSERT_EQ(label_.FittedPixelSize(), 30);
+  QFont wide = label_.font();
+  wide.setLetterSpacing(QFont::AbsoluteSpacing, 20);
+  label_.setFont(wide);
+  EXPECT_LT(label_.FittedPixelSize(), 30);
+}
+
 TEST_F(FittingLabelTest, EmptyTextPaintsNothing) {
   label_.setText(QString());
   EXPECT_EQ(RightmostInk(label_), -1);

@@ -4,10 +4,15 @@
 #include "controls/music_font.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
+#include <QDir>
+#include <QFile>
 #include <QFont>
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QTemporaryDir>
 
 #include "controls/ink.h"
 
@@ -25,6 +30,13 @@ QImage Print(const MusicFont& font, std::string_view codes, double scale) {
     painter.translate(kX, kY);
     painter.fillPath(font.Outline(codes, kEm), Qt::black);
   });
+}
+
+/// What the process has taken at most so far, in KiB.
+long MemoryAtMost() {
+  rusage usage{};
+  ::getrusage(RUSAGE_SELF, &usage);
+  return usage.ru_maxrss;
 }
 
 struct Case {
@@ -141,6 +153,23 @@ TEST(MusicFont, IsNothingFromAFileThatIsMissingOrNoFont) {
   EXPECT_FALSE(MusicFont::FromFile(QString()).has_value());
   EXPECT_FALSE(MusicFont::FromFile(QStringLiteral("/no/such/font.ttf")).has_value());
   EXPECT_FALSE(MusicFont::FromFile(QStringLiteral(TONALITH_SOURCE_DIR "/CMakeLists.txt")).has_value());
+}
+
+TEST(MusicFont, IsNothingFromAFolderAPipeOrAFileWithoutAnEnd) {
+  const QTemporaryDir folder;
+  const QString path = folder.filePath(QStringLiteral("Euterpe.ttf"));
+  ASSERT_TRUE(QDir().mkdir(path));
+  EXPECT_FALSE(MusicFont::FromFile(path).has_value());
+  ASSERT_TRUE(QDir().rmdir(path));
+  ASSERT_EQ(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+  EXPECT_FALSE(MusicFont::FromFile(path).has_value());
+  ASSERT_TRUE(QFile::remove(path));
+
+  QFile endless(path);
+  ASSERT_TRUE(endless.open(QIODevice::WriteOnly) && endless.resize(qint64{8} << 30));
+  const long before = MemoryAtMost();
+  EXPECT_FALSE(MusicFont::FromFile(path).has_value());
+  EXPECT_LT(MemoryAtMost() - before, 64L << 10) << "in KiB";
 }
 
 TEST(MusicFont, IsNothingFromAFamilyThatIsMissing) {

@@ -93,7 +93,7 @@ TEST(RecordingSurface, ForgetsWhatWasDrawnWhenItIsCleared) {
 
 TEST(RecordingSurface, DrawsTheSameAgainOnAnotherSurface) {
   RecordingSurface first = InPixels();
-  first.SetForeColor(kPureBlue);
+  first.SetForeColor(Bgr{0xFF0000});
   first.Line(1, 2, 30, 2);
   first.SetFontName("Maestro");
   first.SetFontSize(Points(24));
@@ -200,9 +200,9 @@ TEST(FontChoice, GivesAMissingFamilyACellWhoseBaselineIsOneEmBelowItsTop) {
 }
 
 TEST(Colours, ReadBlueFromTheHighByte) {
-  EXPECT_EQ(ToRgb(kPureBlue), qRgb(0, 0, 255));
+  EXPECT_EQ(ToRgb(Bgr{0xFF0000}), qRgb(0, 0, 255));
   EXPECT_EQ(ToRgb(Bgr{0x0000FF}), qRgb(255, 0, 0));
-  EXPECT_EQ(ToRgb(kGrey), qRgb(127, 127, 127));
+  EXPECT_EQ(ToRgb(Bgr{0x7F7F7F}), qRgb(127, 127, 127));
 }
 
 TEST(Colours, KnowTheContrastOfBlackOnWhite) {

@@ -41,6 +41,24 @@ TEST(Theme, EveryInkCanBeReadOnItsGround) {
   }
 }
 
+TEST(Theme, InkCanBeReadOnAGroundThatIsNeitherLightNorDark) {
+  QPalette grey(QColor(0x84, 0x84, 0x84));
+  grey.setColor(QPalette::Window, QColor(0x84, 0x84, 0x84));
+  grey.setColor(QPalette::WindowText, Qt::black);
+  EXPECT_GE(ContrastRatio(SecondaryInk(grey), grey.color(QPalette::Window)), 4.5);
+  EXPECT_GE(ContrastRatio(SiennaInk(grey), grey.color(QPalette::Window)), 4.5);
+}
+
+TEST(Theme, WindowThatIsNotTheActiveOneLooksTheSame) {
+  for (const QPalette& system : {Light(), Dark()}) {
+    const QPalette warm = WarmPalette(system);
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button, QPalette::WindowText, QPalette::Text,
+                            QPalette::ButtonText}) {
+      EXPECT_EQ(warm.color(QPalette::Inactive, role), warm.color(QPalette::Active, role)) << role;
+    }
+  }
+}
+
 TEST(Theme, PaletteOfStrongContrastIsLeftAlone) {
   QPalette strong(Qt::black);
   strong.setColor(QPalette::WindowText, Qt::white);

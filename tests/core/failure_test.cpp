@@ -10,6 +10,7 @@
 #include <stdexcept>
 
 #include "core/deferred_failure.h"
+#include "core/held_messages.h"
 #include "core/recording_msg_box.h"
 
 namespace tonalith::core {
@@ -28,6 +29,12 @@ TEST(FailureTest, NumbersAreTheClassicOnes) {
 
 TEST(FailureTest, NumberAndDescriptionAreJoinedByColonAndBlank) {
   EXPECT_EQ(Failure(-2147467259, "Could not find it.").NumberAndDescription(), "-2147467259: Could not find it.");
+}
+
+TEST(FailureTest, ItsTextIsItsDescriptionToWhoeverKnowsOnlyExceptions) {
+  const Failure failure(7, "Out of memory");
+  const std::exception& known = failure;
+  EXPECT_STREQ(known.what(), "Out of memory");
 }
 
 TEST(FailureTest, OtherExceptionsBecomeFailuresThatKeepTheirText) {
@@ -63,6 +70,17 @@ TEST(DeferredFailureTest, ReportsNumberAndDescriptionInTheStyleAskedFor) {
   EXPECT_THAT(box.Messages(), ElementsAre(Message{"9: Subscript out of range", MsgBoxStyle::kCritical, ""}));
 }
 
+TEST(DeferredFailureTest, ReportsAFailureOnceWithItsNumberToo) {
+  RecordingMsgBox box;
+  DeferredFailure deferred;
+  deferred.Try([] { throw Failure::Overflow(); });
+  deferred.ReportNumberAndDescription(box);
+  EXPECT_FALSE(deferred.Pending().has_value());
+  deferred.ReportNumberAndDescription(box);
+  deferred.ReportDescription(box);
+  EXPECT_THAT(box.Messages(), ElementsAre(Message{"6: Overflow", MsgBoxStyle::kOkOnly, ""}));
+}
+
 TEST(DeferredFailureTest, SaysNothingWhenNothingFailedOrWhenItWasCleared) {
   RecordingMsgBox box;
   DeferredFailure deferred;
@@ -71,6 +89,17 @@ TEST(DeferredFailureTest, SaysNothingWhenNothingFailedOrWhenItWasCleared) {
   deferred.Clear();
   deferred.ReportNumberAndDescription(box);
   EXPECT_THAT(box.Messages(), IsEmpty());
+}
+
+TEST(HeldMessagesTest, ShowsWhatItHeldOnceAndInItsOrder) {
+  HeldMessages held;
+  EXPECT_EQ(held.Show("first", MsgBoxStyle::kYesNo, "title"), MsgBoxAnswer::kOk);
+  held.Show("second");
+  RecordingMsgBox box;
+  held.ShowAll(box);
+  held.ShowAll(box);
+  EXPECT_THAT(box.Messages(),
+              ElementsAre(Message{"first", MsgBoxStyle::kYesNo, "title"}, Message{"second", MsgBoxStyle::kOkOnly, ""}));
 }
 
 TEST(MsgBoxTest, RecordedBoxAnswersFromItsScriptAndThenWithTheDefaultButton) {

@@ -8,6 +8,7 @@
 
 #include <map>
 
+#include "core/current_scale.h"
 #include "core/failure.h"
 #include "core/recording_msg_box.h"
 

@@ -34,5 +34,39 @@ TEST(Text, CountIsTheNumberOfCharacters) {
   EXPECT_EQ(CharacterCount(""), 0U);
 }
 
+TEST(Text, EqualsWithoutRegardToTheCaseOfAsciiLettersAlone) {
+  EXPECT_TRUE(EqualWithoutCase("ScaleName", "sCALEnAME"));
+  EXPECT_FALSE(EqualWithoutCase("Scale", "Scales"));
+  EXPECT_FALSE(EqualWithoutCase("\xC3\x84", "\xC3\xA4")) << "A and a with dots";
+  EXPECT_FALSE(EqualWithoutCase("[", "{"));
+}
+
+TEST(Text, MeasuresTheCharacterAtTheFrontAndRefusesWhatIsNotWellFormed) {
+  EXPECT_EQ(WellFormedLength("ab"), 1U);
+  EXPECT_EQ(WellFormedLength("\xC3\xA9x"), 2U);
+  EXPECT_EQ(WellFormedLength("\xE2\x99\xAF"), 3U);
+  EXPECT_EQ(WellFormedLength("\xF0\x9D\x84\x9E"), 4U);
+  EXPECT_EQ(WellFormedLength("\x80"), 0U) << "a byte that follows nothing";
+  EXPECT_EQ(WellFormedLength("\xC0\xAF"), 0U) << "overlong";
+  EXPECT_EQ(WellFormedLength("\xE0\x9F\xBF"), 0U) << "overlong";
+  EXPECT_EQ(WellFormedLength("\xF0\x8F\xBF\xBF"), 0U) << "overlong";
+  EXPECT_EQ(WellFormedLength("\xED\xA0\x80"), 0U) << "a surrogate";
+  EXPECT_EQ(WellFormedLength("\xF4\x90\x80\x80"), 0U) << "beyond the last character";
+  EXPECT_EQ(WellFormedLength("\xE2\x99"), 0U) << "cut off";
+  EXPECT_EQ(WellFormedLength("\xE2\x99x"), 0U);
+}
+
+TEST(Text, AppendsACharacterOfAnyLength) {
+  std::string text;
+  for (const char32_t character : {U'a', U'\u007F', U'\u0080', U'\u07FF', U'\u0800', U'\uFFFD', U'\U00010000'}) {
+    text.clear();
+    AppendUtf8(text, character);
+    EXPECT_EQ(WellFormedLength(text), text.size()) << static_cast<unsigned>(character);
+  }
+  text.clear();
+  for (const char32_t character : {U'F', U'\u00E9', U'\u266F', U'\U0001D11E'}) AppendUtf8(text, character);
+  EXPECT_EQ(text, "F\xC3\xA9\xE2\x99\xAF\xF0\x9D\x84\x9E");
+}
+
 }  // namespace
 }  // namespace tonalith::core

@@ -143,6 +143,21 @@ TEST(Connection, RefusesAPipeWithoutWaitingForIt) {
   EXPECT_EQ(OpenFailure(folder / "pipe.mdb"), "Unrecognized database format '" + (folder / "pipe.mdb") + "'.");
 }
 
+TEST(Connection, NamesAJournalThatIsAPipeOrAFolderWithoutWaitingForIt) {
+  for (const char* ending : {"-journal", "-wal"}) {
+    const DatabaseFolder folder;
+    const std::string companion = folder.Path() + ending;
+    const std::string words = "The file '" + companion + "' cannot be opened: it is no file.";
+    ASSERT_EQ(::mkfifo(companion.c_str(), 0600), 0);
+    EXPECT_EQ(OpenFailure(folder.Path()), words);
+    fs::remove(companion);
+    fs::create_directory(companion);
+    EXPECT_EQ(OpenFailure(folder.Path()), words);
+    fs::remove(companion);
+    Connection().Open(FullConnectionString(folder.Path()));
+  }
+}
+
 TEST(Connection, RefusesAFileThatIsNoDatabase) {
   const tests::TempFolder folder;
   for (const std::string& content : {std::string(), std::string("SQLite"), std::string(5000, 'x')}) {
@@ -184,7 +199,8 @@ TEST(Connection, RefusesADatabaseOfANewerRevision) {
   EXPECT_EQ(OpenFailure(folder.Path()),
             "The database '" + folder.Path() +
                 "' was made by a newer version of Tonalith (revision 99, this version reads "
-                "up to 1).");
+                "up to " +
+                std::to_string(SchemaRevisions().size()) + ").");
 }
 
 TEST(Connection, BringsAFileOfOursWithoutASchemaToThePresentRevision) {
@@ -193,7 +209,7 @@ TEST(Connection, BringsAFileOfOursWithoutASchemaToThePresentRevision) {
   SQLite::Database(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec("PRAGMA application_id = 1414417480");
   Connection connection;
   connection.Open(FullConnectionString(path));
-  EXPECT_EQ(AskRaw(path, "PRAGMA user_version"), "1");
+  EXPECT_EQ(AskRaw(path, "PRAGMA user_version"), std::to_string(SchemaRevisions().size()));
   EXPECT_EQ(AskRaw(path, "SELECT count(*) FROM ScalesQuery"), "0");
 }
 

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -113,6 +114,18 @@ TEST_F(JetConversionDisaster, SaysThatARealDiskIsFull) {
   disk.MakeRoom();
   EXPECT_TRUE(ConvertMainDatabaseIfJet(path).has_value());
   EXPECT_EQ(AskRaw(path, "SELECT count(*) FROM Scales"), "5");
+}
+
+TEST_F(JetConversionDisaster, LeavesAFileAloneThatAnotherProgramHasChangedMeanwhile) {
+  for (const auto by : {std::chrono::hours(1), std::chrono::hours(-1)}) {
+    PutJetFile();
+    const auto change = [&](ConversionStep step) {
+      if (step == ConversionStep::kFilled) fs::last_write_time(path_, fs::last_write_time(path_) + by);
+    };
+    EXPECT_EQ(FailureOf([&] { ConvertMainDatabaseIfJet(path_, change); }).Description(),
+              CannotBeConverted() + "It was changed by another program meanwhile.");
+    ExpectUnchanged();
+  }
 }
 
 TEST_F(JetConversionDisaster, RefusesAnEncryptedFileAndChangesNothing) {

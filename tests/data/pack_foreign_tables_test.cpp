@@ -47,6 +47,7 @@ TEST_F(ForeignTablesTest, ReadsTablesThatLackAnyFieldButTheirName) {
     const std::string name = std::string("DataPack_") + field + ".mdb";
     const std::string pack = MakePack(name, "INSERT INTO Scales VALUES (1, 'Without " + std::string(field) +
                                                 "', 2, 'Words.', 'D', '435', 1, 9); DROP VIEW ScalesQuery;"
+                                                "DROP INDEX ScalesByTypeAndSort;"
                                                 "ALTER TABLE Scales DROP COLUMN " +
                                                 field);
     Install(pack);

@@ -18,6 +18,7 @@
 
 #include "data/data_fixture.h"
 #include "data/jet_stream.h"
+#include "support/refused_calls.h"
 
 namespace tonalith::data {
 namespace {
@@ -51,6 +52,18 @@ TEST(ReadingProcess, LeavesThisOneAliveWhenTheWorkCrashes) {
     EXPECT_EQ(AllOf(process), "so far");
   }
   EXPECT_TRUE(HasNoChild());
+}
+
+TEST(ReadingProcess, SaysWhatTheSystemRefuses) {
+  if (!tests::CanRefuseCalls()) GTEST_SKIP() << "this system does not let a process refuse its own calls";
+  const auto begun = [] {
+    const ReadingProcess process([](int) {});
+    return std::string("begun");
+  };
+  EXPECT_EQ(tests::WithoutCalls({__NR_pipe2}, EMFILE, begun), "the system refuses to read it: Too many open files");
+  EXPECT_EQ(tests::WithoutCalls({__NR_clone, __NR_clone3}, EAGAIN, begun),
+            "the system refuses to read it: Resource temporarily unavailable");
+  EXPECT_EQ(tests::WithoutCalls({}, 0, begun), "begun");
 }
 
 TEST(ReadingProcess, EndsTheWorkThatThrows) {

@@ -260,5 +260,31 @@ TEST(RecordSet, CannotBeOpenedTwice) {
   EXPECT_EQ(records.FieldCount(), 8);
 }
 
+TEST(RecordSet, FindsTheFirstRowAgainFromBeforeItAfterABookmark) {
+  const DatabaseFolder folder;
+  RecordSet records;
+  records.Open("SELECT * FROM ScalesQuery", folder.Open());
+  records.SetBookmark({1});
+  records.MovePrevious();
+  ASSERT_EQ(Here(records), "(BOF)");
+  records.MoveFirst();
+  EXPECT_EQ(Here(records), "Major");
+}
+
+// The rows are read in blocks; some of these libraries end where a block ends.
+TEST(RecordSet, FindsTheLastRowAgainFromBehindItInALibraryOfAnySize) {
+  for (const int count : {1, 31, 32, 33, 64, 96, 128, 224}) {
+    const DatabaseFolder folder(ManyScales(count));
+    RecordSet records;
+    records.Open("SELECT * FROM ScalesQuery", folder.Open());
+    while (!records.IsEof()) records.MoveNext();
+    records.MoveLast();
+    EXPECT_EQ(Here(records), "Scale " + std::to_string(count));
+    while (!records.IsBof()) records.MovePrevious();
+    records.MoveFirst();
+    EXPECT_EQ(Here(records), "Scale 1");
+  }
+}
+
 }  // namespace
 }  // namespace tonalith::data

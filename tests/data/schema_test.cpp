@@ -6,11 +6,14 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <chrono>
 #include <filesystem>
+#include <memory>
 #include <string>
 
 #include "data/data_failure.h"
 #include "data_fixture.h"
+#include "support/timed.h"
 
 namespace tonalith::data {
 namespace {
@@ -30,7 +33,7 @@ TEST(Schema, MarksTheFileWithItsApplicationAndRevision) {
   EXPECT_EQ(AskRaw(folder.Path(), "PRAGMA user_version"), std::to_string(SchemaRevisions().size()));
 }
 
-TEST(Schema, HoldsTheTablesTheStoredQueryAndTheNameIndex) {
+TEST(Schema, HoldsTheTablesTheStoredQueryAndTheIndexes) {
   const DatabaseFolder folder;
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT group_concat(name) FROM pragma_table_info('Scales')"),
             "ScaleID,ScaleName,ScaleTypeID,ScaleDescription,StartNote,ScaleIntervals,Chord,Sort");
@@ -39,7 +42,10 @@ TEST(Schema, HoldsTheTablesTheStoredQueryAndTheNameIndex) {
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT group_concat(name) FROM pragma_table_info('ScalesQuery')"),
             "ScaleID,ScaleName,ScaleTypeID,ScaleDescription,StartNote,ScaleIntervals,Chord,Sort,ScaleTypeNo,"
             "ScaleTypeName");
-  EXPECT_EQ(AskRaw(folder.Path(), "SELECT name FROM pragma_index_list('Scales')"), "ScalesByName");
+  EXPECT_EQ(AskRaw(folder.Path(),
+                   "SELECT group_concat(name) FROM (SELECT name FROM pragma_index_list('Scales') "
+                   "ORDER BY name)"),
+            "ScalesByName,ScalesByTypeAndSort");
 }
 
 TEST(Schema, MakesNoDatabaseInThePlaceOfAFile) {
@@ -97,6 +103,111 @@ TEST(Schema, RefusesAFileOfANewerRevisionInWords) {
       "The database '" + path + "' was made by a newer version of Tonalith (revision 3, this version reads up to 2).");
 }
 
+/// A scale database as the program made it at `revision`, with the four scales and one of which the sort number is
+/// text.
+class FileOfRevision {
+ public:
+  explicit FileOfRevision(int revision) {
+    SQLite::Database database(Path(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+    database.exec("PRAGMA application_id = " + std::to_string(kApplicationId));
+    UpgradeSchema(database, Path(), SchemaRevisions().first(static_cast<std::size_t>(revision)));
+    database.exec(kFourScales);
+    database.exec("INSERT INTO Scales (ScaleName, ScaleTypeID, Sort) VALUES ('Odd', 1, 'x')");
+  }
+
+  [[nodiscard]] std::string Path() const { return folder_ / kDatabaseFileName; }
+  [[nodiscard]] std::string Ask(const std::string& sql) const { return AskRaw(Path(), sql); }
+  [[nodiscard]] std::string Revision() const { return Ask("PRAGMA user_version"); }
+  [[nodiscard]] std::string Rows() const {
+    return Ask("SELECT group_concat(ScaleID || ScaleName || ScaleTypeID || Sort || typeof(Sort), ' ') FROM Scales") +
+           Ask("SELECT group_concat(ScaleTypeID || ScaleTypeName, ' ') FROM ScaleTypes");
+  }
+  /// Opens it as the program does; what its scales are called then.
+  [[nodiscard]] std::string NamesWhenOpened() const {
+    auto connection = std::make_shared<Connection>();
+    connection->Open(FullConnectionString(Path()));
+    RecordSet records;
+    records.Open("SELECT ScaleName FROM ScalesQuery", connection);
+    std::string names;
+    for (; !records.IsEof(); records.MoveNext()) names += records.FieldValue(0).AsText() + ",";
+    return names;
+  }
+
+ private:
+  tests::TempFolder folder_;
+};
+
+constexpr const char* kFiveNames = "Major,Minor,Major triad,Minor triad,Odd,";
+
+class EveryOlderRevision : public testing::TestWithParam<int> {};
+
+TEST_P(EveryOlderRevision, IsUpgradedWhenItIsOpenedAndKeepsItsRows) {
+  const FileOfRevision file(GetParam());
+  const std::string rows = file.Rows();
+  ASSERT_EQ(file.Revision(), std::to_string(GetParam()));
+  EXPECT_EQ(file.NamesWhenOpened(), kFiveNames);
+  EXPECT_EQ(file.Revision(), std::to_string(SchemaRevisions().size()));
+  EXPECT_EQ(file.Rows(), rows);
+  EXPECT_EQ(file.Ask("PRAGMA integrity_check"), "ok");
+  // The same objects as in a new file, word for word.
+  const DatabaseFolder fresh;
+  constexpr const char* kSchema = "SELECT group_concat(sql, ';') FROM (SELECT sql FROM sqlite_schema ORDER BY name)";
+  EXPECT_EQ(file.Ask(kSchema), AskRaw(fresh.Path(), kSchema));
+}
+
+INSTANTIATE_TEST_SUITE_P(Schema, EveryOlderRevision, testing::Range(1, static_cast<int>(SchemaRevisions().size())),
+                         testing::PrintToStringParamName());
+
+TEST(Schema, OpensAnOlderFileThatAnotherProgramIsWritingAndUpgradesItLater) {
+  const FileOfRevision file(1);
+  {
+    SQLite::Database other(file.Path(), SQLite::OPEN_READWRITE);
+    other.exec("BEGIN IMMEDIATE");
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(file.NamesWhenOpened(), kFiveNames);
+    // It is not waited for, however often the file is opened meanwhile.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, tests::Timely(std::chrono::milliseconds(100)));
+    EXPECT_EQ(file.Revision(), "1");
+  }
+  EXPECT_EQ(file.NamesWhenOpened(), kFiveNames);
+  EXPECT_EQ(file.Revision(), std::to_string(SchemaRevisions().size()));
+}
+
+TEST(Schema, StillWaitsForAnotherProgramAfterAnUpgradeThatWasPutOff) {
+  const FileOfRevision file(1);
+  SQLite::Database other(file.Path(), SQLite::OPEN_READWRITE);
+  other.exec("BEGIN IMMEDIATE");
+  SQLite::Database database(file.Path(), SQLite::OPEN_READWRITE, kBusyMilliseconds);
+  UpgradeSchema(database, file.Path());
+  EXPECT_EQ(database.execAndGet("PRAGMA busy_timeout").getInt(), kBusyMilliseconds);
+}
+
+TEST(Schema, OpensAnOlderFileForWhichThereIsNoRoomToGrow) {
+  const FileOfRevision file(1);
+  SQLite::Database database(file.Path(), SQLite::OPEN_READWRITE);
+  database.exec("PRAGMA max_page_count = " + database.execAndGet("PRAGMA page_count").getString());
+  UpgradeSchema(database, file.Path());
+  EXPECT_EQ(database.execAndGet("SELECT count(*) FROM ScalesQuery").getInt(), 5);
+  EXPECT_EQ(file.Revision(), "1");
+}
+
+TEST(Schema, OpensAnOlderFileThatMayOnlyBeReadAndLeavesItAlone) {
+  const FileOfRevision file(1);
+  SQLite::Database database(file.Path(), SQLite::OPEN_READONLY);
+  UpgradeSchema(database, file.Path());
+  EXPECT_EQ(database.execAndGet("SELECT count(*) FROM ScalesQuery").getInt(), 5);
+  EXPECT_EQ(file.Revision(), "1");
+}
+
+TEST(Schema, FindsTheLastScaleOfATypeThroughItsIndex) {
+  const DatabaseFolder folder;
+  SQLite::Database database(folder.Path());
+  SQLite::Statement plan(database,
+                         "EXPLAIN QUERY PLAN SELECT max(CAST(Sort AS INTEGER)) FROM Scales WHERE ScaleTypeID = 1");
+  ASSERT_TRUE(plan.executeStep());
+  EXPECT_EQ(plan.getColumn(3).getString(), "SEARCH Scales USING INDEX ScalesByTypeAndSort (ScaleTypeID=?)");
+}
+
 TEST(ScalesQueryTriggers, FillInWhatAnInsertLeavesOut) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "INSERT INTO ScalesQuery (ScaleName, ScaleTypeID, ScaleIntervals) VALUES ('Tritone', 1, '66')");
@@ -105,6 +216,13 @@ TEST(ScalesQueryTriggers, FillInWhatAnInsertLeavesOut) {
              "SELECT ScaleID || ' ' || StartNote || ' ' || Chord || ' ' || Sort || ' ' || typeof(ScaleDescription) "
              "FROM Scales WHERE ScaleName = 'Tritone'"),
       "8 C 0 3 null");
+}
+
+TEST(ScalesQueryTriggers, NumberANewScaleBehindThoseOfItsOwnType) {
+  const DatabaseFolder folder;
+  RunRaw(folder.Path(), "INSERT INTO Scales (ScaleName, ScaleTypeID, Sort) VALUES ('Of another type', 2, 70)");
+  RunRaw(folder.Path(), "INSERT INTO ScalesQuery (ScaleName, ScaleTypeID) VALUES ('Tritone', 1)");
+  EXPECT_EQ(AskRaw(folder.Path(), "SELECT Sort FROM Scales WHERE ScaleName = 'Tritone'"), "3");
 }
 
 TEST(ScalesQueryTriggers, WriteYesAsOne) {

@@ -174,6 +174,12 @@ TEST(SqlDialect, TranslatesAConditionAndDropsItsQualifiers) {
   EXPECT_EQ(FailureOf([] { TranslateCondition("  "); }).Number(), failure_number::kSyntax);
 }
 
+TEST(SqlDialect, WritesRowsWithAMarkForEachField) {
+  EXPECT_EQ(InsertStatement("[t]", {"[a]", "[b]"}), "INSERT INTO [t] ([a], [b]) VALUES (?, ?)");
+  EXPECT_EQ(InsertStatement("[t]", {"[a]", "[b]"}, 3), "INSERT INTO [t] ([a], [b]) VALUES (?, ?), (?, ?), (?, ?)");
+  EXPECT_EQ(InsertStatement("[t]", {}), "INSERT INTO [t] DEFAULT VALUES");
+}
+
 TEST(SqlDialect, QuotesAnyName) {
   EXPECT_EQ(QuoteName("a b"), "[a b]");
   EXPECT_EQ(QuoteName("a]`b"), "`a]``b`");

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdint>
 #include <limits>
 
@@ -46,6 +47,14 @@ TEST(Value, RefusesWhatIsNoWholeNumber) {
   }
 }
 
+TEST(Value, TakesAFractionForAWholeNumberUpToTheLastThatFits) {
+  const double limit = std::ldexp(1.0, 63);
+  EXPECT_EQ(Value(-limit).AsInt(), std::numeric_limits<std::int64_t>::min());
+  EXPECT_EQ(Value(std::nextafter(limit, 0.0)).AsInt(), std::numeric_limits<std::int64_t>::max() - 1023);
+  EXPECT_EQ(FailureOf([&] { (void)Value(limit).AsInt(); }).Number(), 13);
+  EXPECT_EQ(FailureOf([&] { (void)Value(std::nextafter(-limit, -2 * limit)).AsInt(); }).Number(), 13);
+}
+
 TEST(Value, RefusesAWholeNumberThatNeedsMoreThanThirtyTwoBits) {
   EXPECT_EQ(Value(std::int64_t{2147483647}).AsInt32(), 2147483647);
   EXPECT_EQ(FailureOf([] { (void)Value(std::int64_t{2147483648}).AsInt32(); }).Number(), 6);
@@ -57,6 +66,13 @@ TEST(Value, TakesAnyNumberButZeroForYes) {
   EXPECT_FALSE(Value(0).AsYesNo());
   EXPECT_EQ(Value::YesNo(true), Value(1));
   EXPECT_EQ(FailureOf([] { (void)Value("maybe").AsYesNo(); }).Number(), 13);
+}
+
+TEST(Value, TakesBytesForNoNumberAndNoText) {
+  const Value bytes(Bytes{49, 50});
+  EXPECT_EQ(FailureOf([&] { (void)bytes.AsDouble(); }).Number(), 13);
+  EXPECT_EQ(FailureOf([&] { (void)bytes.AsInt(); }).Number(), 13);
+  EXPECT_EQ(FailureOf([&] { (void)bytes.AsText(); }).Number(), 13);
 }
 
 TEST(Value, TellsKindsApart) {

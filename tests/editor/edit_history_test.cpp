@@ -54,5 +54,16 @@ TEST(EditHistory, MakesAgainWhatWasTakenBackUntilSomethingElseIsDone) {
   EXPECT_EQ(Line(history.Undo()), "none");
 }
 
+TEST(EditHistory, MakesNothingAgainOnceSomethingElseIsTyped) {
+  for (const int index : {1, 5}) {
+    EditHistory history;
+    history.AddField(1, Text("a"), Text("b"));
+    history.AddField(2, Text("c"), Text("d"));
+    history.Undo();
+    history.AddField(index, Text("b"), Text("bc"));
+    EXPECT_EQ(Line(history.Redo()), "none") << index;
+  }
+}
+
 }  // namespace
 }  // namespace tonalith::editor

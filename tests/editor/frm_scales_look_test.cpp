@@ -4,8 +4,10 @@
 // What the form looks like, to the eye and to assistive technology.
 
 #include <QAccessible>
+#include <QScopeGuard>
 #include <QTest>
 
+#include "controls/colours.h"
 #include "editor/editor_fixture.h"
 
 namespace tonalith::editor {
@@ -54,6 +56,29 @@ TEST_F(FormLook, SelectionIsSeenWithoutColour) {
   ClickNotes("C");
   C().cmdApply->setFocus();
   EXPECT_GT(selected, darkPixels(grey()) + 300) << "heavy frame, tick and black caption";
+}
+
+TEST_F(FormLook, CanBeReadWhenTheSystemTurnsDarkAndWhenItTurnsLightAgain) {
+  const auto systemAgain = qScopeGuard([] { QApplication::setPalette(QPalette()); });
+  Open();
+  for (const QRgb ground : {0xFF303034, 0xFFEFEFEF}) {
+    QPalette system{QColor(ground)};
+    system.setColor(QPalette::WindowText, qGray(ground) < 128 ? Qt::white : Qt::black);
+    QApplication::setPalette(system);
+    // Qt tells its windows of a new palette only while the application's own loop runs.
+    QEvent change(QEvent::ApplicationPaletteChange);
+    QCoreApplication::sendEvent(&Form(), &change);
+    Settle();
+    const QColor paper = Form().palette().color(QPalette::Base);
+    int lines = 0;
+    for (const QLineEdit* const line : Form().findChildren<QLineEdit*>()) {
+      if (!line->isVisible()) continue;
+      EXPECT_GE(controls::ContrastRatio(line->palette().color(QPalette::Text), paper), 4.5)
+          << line->objectName().toStdString() << " on " << paper.name().toStdString();
+      ++lines;
+    }
+    EXPECT_GE(lines, 5);
+  }
 }
 
 TEST_F(FormLook, StaysAsWideAsItIsWhateverItTells) {

@@ -7,10 +7,14 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <algorithm>
+#include <vector>
 
 #include "controls/colours.h"
 #include "controls/theme.h"
@@ -69,6 +73,20 @@ TEST_F(FrmHelpLookTest, TextCanBeReadOnLightAndDarkSystems) {
     ASSERT_FALSE(inks.empty());
     for (const QColor& ink : inks) EXPECT_GE(controls::ContrastRatio(ink, ground), 4.5) << ink.name().toStdString();
   }
+}
+
+TEST_F(FrmHelpLookTest, PageThatWasLeftForwardLooksThenAsItWasLeft) {
+  HelpBrowser& page = *form_.Page();
+  const auto press = [this](const char* name) { form_.findChild<QAbstractButton*>(QLatin1String(name))->click(); };
+  Q_EMIT page.LinkChosen("chords/open.html");
+  page.SetScroll(222);
+  Q_EMIT page.LinkChosen("../strings.html");
+  press("cmdBack");
+  ASSERT_EQ(page.Scroll(), 222);
+  page.SetScroll(111);
+  press("cmdForward");
+  press("cmdBack");
+  EXPECT_EQ(page.Scroll(), 111);
 }
 
 /// The file's own style sheet asks for black on white.
@@ -194,6 +212,46 @@ TEST(HelpBrowserPicture, MissingPictureGivesItsDescription) {
       std::make_shared<const HelpBook>(ChmObjects{{"/a.html", "<p>See <img src=gone.png alt='The neck'></p>"}}),
       {"/a.html", {}});
   EXPECT_EQ(page.toPlainText(), QStringLiteral("See [The neck]"));
+}
+
+/// The darkest grey of each row of dots of the picture.
+std::vector<int> DarkestOfRows(const QImage& picture) {
+  std::vector<int> darkest;
+  for (int y = 0; y < picture.height(); ++y) {
+    int row = 255;
+    for (int x = 0; x < picture.width(); ++x) row = std::min(row, qGray(picture.pixel(x, y)));
+    darkest.push_back(row);
+  }
+  return darkest;
+}
+
+TEST_F(FrmHelpLookTest, APageThatWasFoundStandsThereWithItsTitleAboveASecondaryExtract) {
+  auto* const text = form_.findChild<QLineEdit*>(QStringLiteral("txtHelpSearch"));
+  auto* const results = form_.findChild<QListWidget*>(QStringLiteral("HelpResults"));
+  text->setText(QStringLiteral("string"));
+  QTest::keyClick(text, Qt::Key_Return);
+  ASSERT_GE(results->count(), 1);
+  QStyleOptionViewItem option;
+  option.initFrom(results);
+  option.state = QStyle::State_Enabled;
+  option.widget = results;
+  option.font = results->font();
+  option.fontMetrics = QFontMetrics(option.font);
+  const QModelIndex first = results->model()->index(0, 0);
+  option.rect = QRect(0, 0, 280, results->itemDelegate()->sizeHint(option, first).height());
+  QImage picture(option.rect.size(), QImage::Format_RGB32);
+  picture.fill(results->palette().color(QPalette::Base));
+  QPainter painter(&picture);
+  results->itemDelegate()->paint(&painter, option, first);
+  painter.end();
+  const std::vector<int> darkest = DarkestOfRows(picture);
+  const int titleEnd = results->fontMetrics().lineSpacing() + 6;
+  const int title = *std::min_element(darkest.begin(), darkest.begin() + titleEnd);
+  const int extract = *std::min_element(darkest.begin() + titleEnd + 4, darkest.end());
+  const int ground = qGray(results->palette().color(QPalette::Base).rgb());
+  EXPECT_LT(title, ground - 150) << "the title is not to be seen";
+  EXPECT_LT(extract, ground - 60) << "the extract is not to be seen";
+  EXPECT_LT(title, extract) << "the extract is as dark as the title";
 }
 
 }  // namespace

@@ -96,17 +96,6 @@ TEST_F(HelpCommand, PathThatBeginsWithTwoBackslashesNeverReachesTheEngine) {
   EXPECT_EQ(engine_.Record(), "");
 }
 
-TEST_F(HelpCommand, OnlyTheFirstTwoCharactersMakeAShare) {
-  EXPECT_TRUE(IsNetworkPath("//server/share"));
-  EXPECT_TRUE(IsNetworkPath("\\\\server\\share"));
-  EXPECT_TRUE(IsNetworkPath("/\\server"));
-  EXPECT_TRUE(IsNetworkPath("\\/server"));
-  EXPECT_FALSE(IsNetworkPath("/home//share"));
-  EXPECT_FALSE(IsNetworkPath("Z:\\\\share"));
-  EXPECT_FALSE(IsNetworkPath("/"));
-  EXPECT_FALSE(IsNetworkPath(""));
-}
-
 TEST_F(HelpCommand, EngineThatGivesNoWindowIsAnApiError) {
   engine_.Answer(platform::kNoHelpWindow, 0);
   static_cast<void>(PutHelpFile());

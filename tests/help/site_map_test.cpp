@@ -37,6 +37,13 @@ TEST(SiteMap, GivesAllTargetsOfAKeyword) {
             "string (Strings: strings.html) (Open chords: chords/open.html)\n");
 }
 
+TEST(SiteMap, TargetWithoutATitleOfItsOwnHasTheKeywordsName) {
+  EXPECT_EQ(Lines("<ul><li><object type='text/sitemap'><param name='Name' value='string'>"
+                  "<param name='Name' value='Strings'><param name='Local' value='a.html'>"
+                  "<param name='Local' value='b.html'></object></ul>"),
+            "string (Strings: a.html) (string: b.html)\n");
+}
+
 TEST(SiteMap, PassesOverObjectsOfOtherKindsAndWithoutAName) {
   EXPECT_EQ(Lines("<object type='text/site properties'><param name='Name' value='x'></object><ul>"
                   "<li><object type='text/sitemap'><param name='Local' value='a.html'></object>"

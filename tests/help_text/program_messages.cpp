@@ -138,10 +138,16 @@ std::vector<Stretch> ToldStretches(const Tokens& tokens, const Names& makers) {
 /// Texts that a name is set to, by name.
 using Settings = std::map<std::string, std::vector<std::string>>;
 
+/// Whether the literal says to a translator where a text stands; the text comes after it.
+bool IsContext(const Tokens& tokens, std::size_t at) {
+  return at >= 2 && IsMark(tokens, at - 1, '(') &&
+         (tokens[at - 2].IsWord("translate") || tokens[at - 2].IsWord("QT_TRANSLATE_NOOP"));
+}
+
 void AddLiterals(const Stretch& stretch, std::vector<std::string>& texts) {
   for (std::size_t at = stretch.begin; at < stretch.end; ++at) {
     const SourceToken& token = (*stretch.tokens)[at];
-    if (token.kind == SourceToken::Kind::kLiteral) texts.push_back(token.text);
+    if (token.kind == SourceToken::Kind::kLiteral && !IsContext(*stretch.tokens, at)) texts.push_back(token.text);
   }
 }
 

@@ -57,6 +57,12 @@ TEST(ProgramMessages, StandInMessageBoxes) {
   EXPECT_THAT(Messages("combo->Show(\"none\"); log(\"none\");"), IsEmpty());
 }
 
+TEST(ProgramMessages, AreTextsToTranslateWithoutTheirContext) {
+  EXPECT_THAT(Messages("msgBox.Show(InUsersLanguage(QT_TRANSLATE_NOOP(\"tonalith::a\", \"Box\")));"
+                       "msgBox.Show(QCoreApplication::translate(\"tonalith::a\", \"Other\").toStdString());"),
+              UnorderedElementsAre("Box", "Other"));
+}
+
 TEST(ProgramMessages, StandInStatusLines) {
   EXPECT_THAT(Messages("watcher_.SetMessage(\"Once round\"); ShowStatus(\"Playing: \" + note);"
                        "lblStatus_->setText(tr(\"Ready\")); c.lblNotice->setText(\"Note\"); label->setText(\"none\");"),

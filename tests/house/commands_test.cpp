@@ -152,7 +152,7 @@ TEST(Packages, EveryLibraryThatTheBuildLooksForComesFromAPackageOfTheTable) {
 }
 
 TEST(Commands, EveryScriptIsGoodBashAndTheCommandsCanBeRun) {
-  for (const char* const name : {"run", "test", ".ci/run"}) {
+  for (const char* const name : {"run", "test", ".ci/run", "tools/coverage"}) {
     const Path file = ProjectRoot() / name;
     EXPECT_NE(fs::status(file).permissions() & fs::perms::owner_exec, fs::perms::none) << name;
     EXPECT_THAT(Bash("bash -n '" + file.string() + "'").text, IsEmpty());
@@ -164,11 +164,49 @@ TEST(Commands, EveryScriptIsGoodBashAndTheCommandsCanBeRun) {
   }
 }
 
+/// tools/coverage's table over `counted`, rows of path, lines and lines that ran, and over `bounds`.
+Outcome CoverageTable(const std::string& bounds, const std::string& counted) {
+  const TemporaryTree tree("== tools/packages.sh\n== tools/build.sh\n== build/coverage/lines.csv\n");
+  WriteFile(tree.Root() / "tools/coverage", ReadFile(ProjectRoot() / "tools/coverage"));
+  WriteFile(tree.Root() / "tools/coverage.tsv", bounds);
+  WriteFile(tree.Root() / "build/coverage/lines.csv", "filename,line_total,line_covered\n" + counted);
+  return Bash("bash '" + (tree.Root() / "tools/coverage").string() + "' --again");
+}
+
+TEST(CoverageTable, PassesWhereEveryFileAndEveryRoomMeetsItsBound) {
+  const Outcome outcome = CoverageTable("src/core/*\t95\nsrc/*\t85\n", "src/core/a.cpp,100,95\nsrc/app/b.cpp,100,85\n");
+  EXPECT_EQ(outcome.status, 0) << outcome.text;
+  EXPECT_THAT(outcome.text, Not(HasSubstr("below")));
+  EXPECT_THAT(outcome.text, HasSubstr("90.0 %")) << "both together";
+}
+
+TEST(CoverageTable, FailsForAFileBelowTheBoundOfTheFirstPatternThatFitsIt) {
+  const Outcome outcome =
+      CoverageTable("src/core/a.*\t95\nsrc/*\t85\n", "src/core/a.cpp,1000,949\nsrc/core/b.cpp,100,86\n");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.text, HasSubstr("94.9 %  below its bound of 95 %"));
+  EXPECT_THAT(outcome.text, HasSubstr("\n1 of the bounds"));
+}
+
+TEST(CoverageTable, FailsForARoomWhoseFilesAreTooFewTogether) {
+  const Outcome outcome =
+      CoverageTable("src/core/a.cpp\t0\nsrc/*\t85\n", "src/core/a.cpp,100,10\nsrc/core/b.cpp,10,10\n");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.text, HasSubstr("18.1 %  below its bound of 85 %"));
+}
+
+TEST(CoverageTable, FailsForABoundOfNothing) {
+  const Outcome outcome = CoverageTable("src/gone.cpp\t85\nsrc/*\t85\n", "src/core/a.cpp,10,10\n");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.text, HasSubstr("src/gone.cpp of tools/coverage.tsv fits nothing"));
+}
+
 TEST(Presets, ATestPresetThatFindsNoTestFails) {
   const std::string presets = ReadFile(ProjectRoot() / "CMakePresets.json");
   EXPECT_THAT(presets, HasSubstr(R"("noTestsAction": "error")"));
   const std::string testPresets = presets.substr(presets.find("\"testPresets\""));
-  const std::regex named(R"re("name":)re");
+  // A preset is named by a word; what a filter calls a name is a pattern.
+  const std::regex named(R"re("name": "[a-z])re");
   const std::regex inherits(R"re("inherits": "base")re");
   const auto count = [&](const std::regex& pattern) {
     return std::distance(std::sregex_iterator(testPresets.begin(), testPresets.end(), pattern), std::sregex_iterator());

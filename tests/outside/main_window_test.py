@@ -29,7 +29,7 @@ SEPARATOR = "-"
 MENUS = {
     "Tools": ["Editor", "Update", "Search", SEPARATOR, "Listen", "Print", SEPARATOR, "Install", SEPARATOR,
               "Hide/View Names"],
-    "Help": ["Help"],
+    "Help": ["Help", "About Tonalith"],
 }
 
 # Open strings from the first to the sixth, as note numbers.

@@ -61,6 +61,13 @@ TEST(SoundLayout, TakesAnExtensibleRecordByTheTagOfItsSamples) {
   EXPECT_FALSE(LayoutOf(format));
 }
 
+TEST(SoundLayout, TakesRatesFromOneToThreeHundredEightyFourKilohertz) {
+  EXPECT_FALSE(LayoutOf(FormatOf({1, 1, 999, 16})));
+  EXPECT_TRUE(LayoutOf(FormatOf({1, 1, 1000, 16})));
+  EXPECT_TRUE(LayoutOf(FormatOf({1, 1, 384000, 16})));
+  EXPECT_FALSE(LayoutOf(FormatOf({1, 1, 384001, 16})));
+}
+
 TEST(SoundLayout, RefusesWhatIsNotPlayed) {
   EXPECT_FALSE(LayoutOf(FormatOf({2, 1, 44100, 16}))) << "compressed";
   EXPECT_FALSE(LayoutOf(FormatOf({3, 1, 44100, 16}))) << "no such floating-point number";

@@ -15,6 +15,7 @@
 
 #include "controls/colours.h"
 #include "controls/ink.h"
+#include "controls/panel_button.h"
 #include "core/failure.h"
 #include "core/recording_msg_box.h"
 #include "platform/scripted/scripted_printer.h"
@@ -180,6 +181,19 @@ TEST_F(FrmPrintTest, WithoutAPrinterItSaysSoAndStillMakesPdfFiles) {
   Click("cmdPdf");
   EXPECT_EQ(script_.pages, 1);
   EXPECT_THAT(box_.Messages(), IsEmpty());
+}
+
+TEST_F(FrmPrintTest, WithoutAPrinterEnterSavesThePage) {
+  service_.hasPrinter = false;
+  Show();
+  QTest::keyClick(form_, Qt::Key_Return);
+  EXPECT_EQ(script_.pages, 1);
+  EXPECT_TRUE(form_->isVisible()) << "printing would have closed the window";
+  const auto kindOf = [this](const char* name) {
+    return form_->findChild<controls::PanelButton*>(QLatin1String(name))->ButtonKind();
+  };
+  EXPECT_EQ(kindOf("cmdPdf"), controls::PanelButton::Kind::kMainAction);
+  EXPECT_EQ(kindOf("cmdPrint"), controls::PanelButton::Kind::kOrdinary);
 }
 
 TEST_F(FrmPrintTest, SystemThatCannotNameItsPrintersCountsAsOneWithout) {

@@ -60,7 +60,7 @@ TEST_F(PictureBoxTest, EmptyBoxAndBoxThatKeepsNothingHaveNoImage) {
 TEST_F(PictureBoxTest, CopyGoesToItsPlaceAndLeavesWhatIsThere) {
   box_.Surface().SetFontSize(controls::Pixels(14));
   box_.Surface().SetFontBold(true);
-  box_.Surface().SetForeColor(controls::kPureBlue);
+  box_.Surface().SetForeColor(controls::Bgr{0xFF0000});
   box_.Surface().SetCurrentX(4);
   box_.Surface().SetCurrentY(5);
   box_.Surface().Print("F#");

@@ -140,6 +140,26 @@ TEST_F(FretboardFocus, WaitsOnTheNeckWhileNoNoteIsVisible) {
   EXPECT_EQ(Focused(), "img0");
 }
 
+TEST_F(FretboardFocus, ComingBackToTheWindowKeepsTheRingAsItWas) {
+  const auto look = [this] { return view_.grab().toImage(); };
+  const auto comeBack = [this] {
+    for (const auto type : {QEvent::FocusOut, QEvent::FocusIn}) {
+      QFocusEvent event(type, Qt::ActiveWindowFocusReason);
+      QApplication::sendEvent(&view_.Image(3), &event);
+    }
+  };
+  view_.Image(3).setFocus(Qt::MouseFocusReason);
+  const QImage plain = look();
+  comeBack();
+  EXPECT_EQ(look(), plain);
+  view_.Image(3).clearFocus();
+  view_.Image(3).setFocus(Qt::TabFocusReason);
+  const QImage ringed = look();
+  ASSERT_NE(ringed, plain);
+  comeBack();
+  EXPECT_EQ(look(), ringed);
+}
+
 TEST_F(FretboardFocus, PaintsARingRoundTheFocusedNoteForTheKeyboardOnly) {
   const QRect around = view_.Image(3).geometry().adjusted(-5, -5, 5, 5);
   const QImage plain = view_.grab(around).toImage();

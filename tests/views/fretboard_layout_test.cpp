@@ -13,6 +13,8 @@ namespace tonalith::views {
 namespace {
 
 using controls::Twips;
+using core::Neck;
+using core::Pitch;
 
 /// The names of a row, open string first, separated by single blanks.
 std::string TagsOfRow(const FretboardLayout& layout, int row) {
@@ -114,13 +116,38 @@ TEST(FretboardLayout, PutsANoteTwoHundredAndFiftyTwipsAboveItsLine) {
 TEST(FretboardLayout, PutsTheFretLineAndTheMarkerBesideTheNote) {
   EXPECT_EQ(FretboardLayout::FretX(Twips{2480}).value, 3130);
   EXPECT_EQ(FretboardLayout::MarkerLeft(Twips{3420}).value, 3675);
-  EXPECT_EQ(FretboardLayout::MarkerTop(FretboardLayout::FirstFret().y2).value,
-            FretboardLayout::FirstFret().y2.value + 250);
+  const Twips below = FretboardLayout().FirstFret().y2;
+  EXPECT_EQ(FretboardLayout::MarkerTop(below).value, below.value + 250);
 }
 
 TEST(FretboardLayout, DrawsTheFirstFretWhereThePlacementRuleWouldPutIt) {
-  EXPECT_EQ(FretboardLayout::FirstFret().x1,
+  EXPECT_EQ(FretboardLayout().FirstFret().x1,
             FretboardLayout::FretX(FretboardLayout::Left(FretboardLayout::kBaseLeft, 1)));
+}
+
+/// The two ends of a line from top to bottom.
+std::string Height(const LineGeometry& line) {
+  return std::to_string(line.y1.value) + " to " + std::to_string(line.y2.value);
+}
+
+TEST(FretboardLayout, DrawsNutAndFretsALittleBeyondTheOuterStrings) {
+  EXPECT_EQ(FretboardLayout::StringLine(1).y1.value, 4200);
+  EXPECT_EQ(FretboardLayout::StringLine(6).y1.value, 6600);
+  EXPECT_EQ(Height(FretboardLayout().NutLine()), "3840 to 6885");
+  EXPECT_EQ(Height(FretboardLayout().FirstFret()), "3870 to 6855");
+  EXPECT_EQ(FretboardLayout::AreaTop().value, 226 * 15);
+  EXPECT_EQ(FretboardLayout::AreaBottom(6).value, 502 * 15);
+}
+
+TEST(FretboardLayout, GrowsDownwardByTheSpacingForAFurtherString) {
+  Neck seven = Neck::Standard();
+  seven.openStrings.push_back(Pitch::Of(11, 1));
+  const FretboardLayout layout(seven);
+  EXPECT_EQ(layout.NoteCount(), 112);
+  EXPECT_EQ(layout.Note(111).accessibleName, "D, string 7, fret 15");
+  EXPECT_EQ(Height(layout.NutLine()), "3840 to 7365");
+  EXPECT_EQ(Height(layout.FirstFret()), "3870 to 7335");
+  EXPECT_EQ(FretboardLayout::AreaBottom(7).value, FretboardLayout::AreaBottom(6).value + 480);
 }
 
 TEST(FretboardLayout, GivesOtherNecksTheirOwnNotes) {

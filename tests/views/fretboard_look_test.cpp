@@ -171,24 +171,6 @@ TEST_F(FretboardLook, LooksTheSameInLightAndDark) {
   EXPECT_NE(view_.grab(numbers).toImage(), numbersInDark);
 }
 
-TEST_F(FretboardLook, PaintsTheSameOnPaperAsOnTheScreen) {
-  QImage paper(1080, 594, QImage::Format_RGB32);
-  paper.fill(Qt::white);
-  QPainter painter(&paper);
-  view_.PaintView(painter, Qt::black);
-  painter.end();
-  const QRect design = FretboardView::DesignRect();
-  int different = 0;
-  const QImage screen = view_.grab(QRect(90, 40, 930, 180)).toImage().convertToFormat(QImage::Format_RGB32);
-  for (int y = 0; y < screen.height(); ++y) {
-    for (int x = 0; x < screen.width(); ++x) {
-      const int delta = qGray(screen.pixel(x, y)) - qGray(paper.pixel(x + 90, y + 40 + design.top()));
-      different += qAbs(delta) > 12 ? 1 : 0;
-    }
-  }
-  EXPECT_LT(different, screen.width() * screen.height() / 500);
-}
-
 TEST_F(FretboardLook, PaintsOnceForARefresh) {
   struct Counter : QObject {
     int paints = 0;

@@ -17,7 +17,7 @@ using testing::IsEmpty;
 
 /// The walk of a scale as text: every note with its step.
 std::string Steps(std::int16_t key, std::string_view pattern) {
-  StaffWalk walk;
+  StaffWalk walk(kTreble);
   std::string text;
   for (const std::int16_t element : KeyList(key, core::IntervalsOf(pattern))) {
     text += walk.NameOf(element);
@@ -59,7 +59,7 @@ TEST(StaffLayout, ClimbsOnWithEveryOctaveOfALongPattern) { EXPECT_EQ(Steps(11, "
 TEST(StaffLayout, ReadsAKeyThatIsNotInTheKeyBoxAsTheNoteBelowC) { EXPECT_EQ(Steps(-1, "21"), "B4 C#5 "); }
 
 TEST(StaffLayout, FailsOnANoteNumberFarOutside) {
-  StaffWalk walk;
+  StaffWalk walk(kTreble);
   EXPECT_THROW(walk.NameOf(-13), core::Failure);
 }
 
@@ -74,20 +74,38 @@ TEST(StaffLayout, DrawsLedgerLinesAtEvenStepsOnly) {
 }
 
 TEST(StaffLayout, PutsLinesColumnsAndStepsOnTheirPixels) {
-  EXPECT_EQ(LineY(0), 123);
-  EXPECT_EQ(LineY(4), 163);
+  EXPECT_EQ(kTrebleStaff.LineY(0), 123);
+  EXPECT_EQ(kTrebleStaff.LineY(4), 163);
   EXPECT_EQ(ColumnX(0), 796);
   EXPECT_EQ(ColumnX(1), 815);
   EXPECT_EQ(ColumnX(2), 833);
-  EXPECT_EQ(StepY(0), 163);
-  EXPECT_EQ(StepY(-2), 173);
-  EXPECT_EQ(StepY(10), 113);
+  EXPECT_EQ(kTrebleStaff.StepY(0), 163);
+  EXPECT_EQ(kTrebleStaff.StepY(-2), 173);
+  EXPECT_EQ(kTrebleStaff.StepY(10), 113);
+}
+
+TEST(StaffLayout, PrintsTheClefSoThatItCurlsRoundTheLineOfItsG) {
+  EXPECT_EQ(kTrebleStaff.ClefY(), 103) << "(2300 - 750) / 15";
+  EXPECT_EQ(kTrebleStaff.StepY(kTreble.line), 153) << "the second line from below";
+}
+
+/// An octave and a sixth lower, and the sign names the line of the F: what sets a bass staff apart.
+constexpr Staff kBassStaff{{"Bass clef", 63, 6, 3}, controls::Twips{2900}};
+
+TEST(StaffLayout, PutsAnotherClefAndAnotherPlaceOnTheSameArithmetic) {
+  EXPECT_EQ(kBassStaff.LineY(0), 193);
+  EXPECT_EQ(kBassStaff.LineY(4), 233);
+  EXPECT_EQ(kBassStaff.StepY(0), kBassStaff.LineY(4));
+  EXPECT_EQ(kBassStaff.ClefY(), 153) << "(3050 - 750) / 15";
+  StaffWalk walk(kBassStaff.clef);
+  walk.NameOf(0);
+  EXPECT_EQ(walk.Step(), 3) << "C lies in the second space";
 }
 
 TEST(StaffLayout, TakesHalfTheGlyphsHeightAsTwips) {
-  EXPECT_EQ(GlyphY(0, 200), 113) << "(2450 - 650 - 100) / 15";
-  EXPECT_EQ(GlyphY(-2, 200), 123);
-  EXPECT_EQ(GlyphY(0, 45), 118) << "half of 45 is 22";
+  EXPECT_EQ(kTrebleStaff.GlyphY(0, 200), 113) << "(2450 - 650 - 100) / 15";
+  EXPECT_EQ(kTrebleStaff.GlyphY(-2, 200), 123);
+  EXPECT_EQ(kTrebleStaff.GlyphY(0, 45), 118) << "half of 45 is 22";
 }
 
 }  // namespace

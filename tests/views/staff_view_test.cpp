@@ -54,14 +54,14 @@ TEST_P(StaffAtScale, PutsEveryHeadOnItsLineOrInItsSpace) {
         one.ReplayOn(surface);
       });
       const int column = print->at.x < 800 ? 0 : 1;
-      StaffWalk walk;
+      StaffWalk walk(kTreble);
       int step = 0;
       for (const std::int16_t element : KeyList(key, {7, 5})) {
         walk.NameOf(element);
         if (element == (column == 0 ? key : (key + 7) % 12)) step = walk.Step();
       }
       const QRect ink = tests::InkBox(image, image.rect());
-      EXPECT_NEAR(ink.top() + ink.height() / 2.0, (StepY(step) + 0.5) * scale, 1) << "key " << key;
+      EXPECT_NEAR(ink.top() + ink.height() / 2.0, (kTrebleStaff.StepY(step) + 0.5) * scale, 1) << "key " << key;
       EXPECT_GE(ink.left(), (ColumnX(column) - 3) * scale);
       EXPECT_LE(ink.right(), (ColumnX(column) + 16) * scale);
     }
@@ -74,7 +74,7 @@ TEST_P(StaffAtScale, RunsLedgerLinesThroughTheMiddleOfTheirHeads) {
   Write(view, 0, "75");
   const QImage card = Card(view, scale);
   const QPoint origin = StaffView::DesignRect().topLeft();
-  const double line = (StepY(-2) - origin.y() + 0.5) * scale;
+  const double line = (kTrebleStaff.StepY(-2) - origin.y() + 0.5) * scale;
   const int y = static_cast<int>(line);
   const double left = (ColumnX(0) - 3 - origin.x()) * scale;
   const double right = (ColumnX(0) + 16 - origin.x()) * scale;
@@ -139,7 +139,7 @@ TEST(StaffView, PassesAFailureOnAndSaysThatThereAreNoNotes) {
 /// Every picture of the card has its rim and nothing dark within four pixels of it.
 void ExpectInside(StaffView& view, const std::string& what) {
   // Painted with room on all sides and without the card's clip, so that ink outside would show.
-  const QImage image = tests::Painted(1200, 400, 1, [&](QPainter& painter) { view.PaintView(painter); });
+  const QImage image = tests::Painted(1200, 400, 1, [&](QPainter& painter) { view.Picture()->PaintOn(painter); });
   const QRect ink = tests::InkBox(image, image.rect());
   EXPECT_TRUE(StaffView::DesignRect().adjusted(4, 4, -4, -4).contains(ink)) << what;
 }
@@ -160,15 +160,17 @@ TEST(StaffView, PaintsAnOrdinaryScaleAtFullSize) {
   for (std::int16_t key = 0; key < 12; ++key) {
     StaffView view;
     Write(view, key, "111111111111");
-    const QImage image = tests::Painted(1200, 400, 1, [&](QPainter& painter) { view.PaintView(painter); });
-    EXPECT_EQ(tests::InkBox(image, QRect(730, LineY(0), 400, 1)), QRect(743, LineY(0), 290, 1)) << key;
+    const QImage image = tests::Painted(1200, 400, 1, [&](QPainter& painter) { view.Picture()->PaintOn(painter); });
+    EXPECT_EQ(tests::InkBox(image, QRect(730, kTrebleStaff.LineY(0), 400, 1)),
+              QRect(743, kTrebleStaff.LineY(0), 290, 1))
+        << key;
   }
 }
 
 TEST(StaffView, RunsTheStaffLinesOnUnderAScaleThatIsLongerThanThey) {
   StaffView view;
   Write(view, 0, "1111111111111111111111111111111111111111");
-  const QImage image = tests::Painted(1200, 400, 4, [&](QPainter& painter) { view.PaintView(painter); });
+  const QImage image = tests::Painted(1200, 400, 4, [&](QPainter& painter) { view.Picture()->PaintOn(painter); });
   const QRect ink = tests::InkBox(image, image.rect());
   int linesAtTheEnd = 0;
   bool dark = false;

@@ -8,9 +8,7 @@
 
 #include <QApplication>
 #include <exception>
-#include <filesystem>
 #include <iostream>
-#include <string>
 
 #include "help_pictures/picture_book.h"
 

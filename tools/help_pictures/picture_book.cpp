@@ -3,7 +3,6 @@
 
 #include "help_pictures/picture_book.h"
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QLineEdit>
 #include <QPixmap>
@@ -13,7 +12,6 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "data/schema.h"
 #include "editor/frm_scales.h"
 #include "print/frm_print.h"
 #include "search/data_control_scales.h"

@@ -8,6 +8,8 @@
 #include <initializer_list>
 #include <string_view>
 
+#include "core/text.h"
+
 namespace tonalith::make_database {
 namespace {
 
@@ -30,28 +32,9 @@ Columns SplitAtTabs(const std::string& line) {
   return columns;
 }
 
-// The length of the UTF-8 character that `text` begins with, 0 when there is none.
-std::size_t CharacterLength(std::string_view text) {
-  const auto lead = static_cast<unsigned char>(text.front());
-  const std::size_t length = lead < 0x80   ? 1
-                             : lead < 0xC2 ? 0
-                             : lead < 0xE0 ? 2
-                             : lead < 0xF0 ? 3
-                             : lead < 0xF5 ? 4
-                                           : 0;
-  if (length > text.size()) return 0;
-  for (std::size_t i = 1; i < length; ++i) {
-    if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80) return 0;
-  }
-  const auto second = length > 2 ? static_cast<unsigned char>(text[1]) : 0;
-  const bool isTooLong = (lead == 0xE0 && second < 0xA0) || (lead == 0xF0 && second < 0x90);
-  const bool isOutside = (lead == 0xED && second > 0x9F) || (lead == 0xF4 && second > 0x8F);
-  return isTooLong || isOutside ? 0 : length;
-}
-
 void RequireText(const TablePlace& place, std::string_view line) {
   while (!line.empty()) {
-    const std::size_t length = CharacterLength(line);
+    const std::size_t length = core::WellFormedLength(line);
     if (length == 0) throw TableFailure(place, "the line is not UTF-8");
     const auto code = static_cast<unsigned char>(line.front());
     if (code < 0x20 && code != '\t') throw TableFailure(place, "the line holds a control character");

@@ -9,7 +9,6 @@
 #include <iostream>
 #include <sstream>
 #include <stdexcept>
-#include <string>
 
 #include "synth/sound_maker.h"
 

@@ -35,9 +35,9 @@ class OpenAlDevice {
   /// The length of one mixing period.
   [[nodiscard]] std::chrono::nanoseconds Period() const { return period_; }
 
-  /// Stops the mixing while nothing plays, and starts it again. A device that cannot rest goes on mixing silence.
   /// Whether Rest would change anything.
   [[nodiscard]] bool CanGoToRest() const { return canRest_ && !isResting_; }
+  /// Stops the mixing while nothing plays, and starts it again. A device that cannot rest goes on mixing silence.
   void Rest();
   void Wake();
 

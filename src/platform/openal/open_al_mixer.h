@@ -3,7 +3,8 @@
 
 // Mixes all voices into one sound device. The device is opened with the first sound, rests when nothing has played for
 // a while, and is given up when it gets lost; then sounds go on in silence, each to its own end, and a later sound
-// tries for the device again. Sleeping is the caller's: NextDue says until when.
+// tries for the device again. Sleeping is the caller's: NextDue says until when. Owned by its output, on whose thread
+// all calls are made; never fails.
 
 #pragma once
 

@@ -3,12 +3,13 @@
 
 #include "platform/openal/open_al_settings.h"
 
+#include <fcntl.h>
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <string>
 
 namespace tonalith::platform {
@@ -20,9 +21,24 @@ constexpr const char* kSettings =
     "period_size = 256\n"
     "periods = 4\n";
 
+// Far more than all settings that there are, each with its explanation.
+constexpr std::size_t kMostSettings = std::size_t{1} << 20;
+
+/// What a file of settings holds; nothing where there is something else, which may have no end.
 std::string ContentOf(const char* path) {
-  std::ifstream file(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  // O_NONBLOCK: opening a pipe that nobody writes to returns instead of waiting.
+  const int descriptor = ::open(path, O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+  if (descriptor < 0) return {};
+  std::string content;
+  struct stat status {};
+  if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0 &&
+      static_cast<std::size_t>(status.st_size) <= kMostSettings) {
+    content.resize(static_cast<std::size_t>(status.st_size));
+    content.resize(
+        static_cast<std::size_t>(std::max<ssize_t>(::pread(descriptor, content.data(), content.size(), 0), 0)));
+  }
+  ::close(descriptor);
+  return content;
 }
 
 void OfferSettings() {

@@ -3,7 +3,7 @@
 
 // What Tonalith asks of OpenAL Soft beyond its interface: short mixing periods, so that a click is heard at once, and
 // no text on standard error. OpenAL Soft reads both from the environment when it is first used, so this has to happen
-// before, and best before the program starts its second thread.
+// before, and best before the program starts its second thread. Never fails.
 
 #pragma once
 

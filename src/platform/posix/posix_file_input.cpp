@@ -12,7 +12,6 @@
 #include <cerrno>
 #include <cstring>
 #include <limits>
-#include <utility>
 
 namespace tonalith::platform {
 namespace {

@@ -9,11 +9,10 @@
 #include <QSaveFile>
 
 #include "core/failure.h"
+#include "platform/printer.h"
 
 namespace tonalith::platform {
 namespace {
-
-constexpr std::int32_t kPrinterError = 482;
 
 class PrinterOutput : public PageOutput {
  public:

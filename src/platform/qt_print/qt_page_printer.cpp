@@ -6,13 +6,6 @@
 #include "core/failure.h"
 
 namespace tonalith::platform {
-namespace {
-
-constexpr std::int32_t kPrinterError = 482;
-constexpr double kTwipsPerInch = 1440;
-
-}  // namespace
-
 QtPagePrinter::~QtPagePrinter() {
   if (!isEnded_) Discard();
 }

@@ -128,8 +128,9 @@ QString QtPrintService::SuggestedPdfFile(const QString& title) const {
 std::unique_ptr<Printer> QtPrintService::AskForPdfFile(const PrintJob& job) {
   const QString title = QString::fromStdString(job.title);
   const QFileInfo suggested(SuggestedPdfFile(title));
-  auto* const dialog = new QFileDialog(QApplication::activeWindow(), QObject::tr("Save as PDF"), suggested.path(),
-                                       QObject::tr("PDF files (*.pdf)"));
+  auto* const dialog = new QFileDialog(
+      QApplication::activeWindow(), QCoreApplication::translate("tonalith::print::frmPrint", "Save as PDF"),
+      suggested.path(), QCoreApplication::translate("tonalith::print::frmPrint", "PDF files (*.pdf)"));
   const QPointer<QDialog> guard(dialog);
   dialog->setAcceptMode(QFileDialog::AcceptSave);
   dialog->setDefaultSuffix(QStringLiteral("pdf"));

@@ -12,8 +12,6 @@
 namespace tonalith::platform {
 namespace {
 
-constexpr std::int32_t kPrinterError = 482;
-constexpr double kTwipsPerInch = 1440;
 constexpr double kTwipsPerPoint = 20;
 constexpr double kDotsPerInch = 600;
 constexpr double kBorder = 18;

@@ -2,7 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // A mixer that nobody hears: every sound takes as long as it would, then it has ended. What plays on a machine without
-// a sound device, and what a lost device leaves behind.
+// a sound device, and what a lost device leaves behind. Owned by its output or by another mixer, on whose thread all
+// calls are made; never fails.
 
 #pragma once
 

@@ -2,7 +2,7 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // Drives and directories through the C++ standard library: the working directory moves with std::filesystem, and there
-// are no drive letters to map. Stateless; failures are core::Failure.
+// are no drive letters to map. Stateless; user-interface thread; failures are core::Failure.
 
 #pragma once
 

@@ -3,19 +3,20 @@
 
 // The rounded panel around a text box or a list box, painted like the buttons beside it, with the focus ring while the
 // box has the focus, and flat while its content cannot be changed. Takes the box as its child; hidden and shown with
-// it. Owned by its parent widget; user-interface thread.
+// it. Owned by its parent widget; user-interface thread; never fails.
 
 #pragma once
 
 #include <QWidget>
 
-namespace tonalith::editor {
+namespace tonalith::controls {
 
 class FieldPanel : public QWidget {
   Q_OBJECT
 
  public:
-  FieldPanel(QWidget* box, QWidget* parent);
+  /// `room` is kept free above and below the box, in pixels.
+  FieldPanel(QWidget* box, QWidget* parent, int room = 5);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -25,4 +26,4 @@ class FieldPanel : public QWidget {
   QWidget* box_;
 };
 
-}  // namespace tonalith::editor
+}  // namespace tonalith::controls

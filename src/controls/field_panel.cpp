@@ -1,20 +1,21 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "editor/field_panel.h"
+#include "controls/field_panel.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 
-#include "controls/panel_button.h"
+#include "controls/panel_painting.h"
 #include "controls/theme.h"
 
-namespace tonalith::editor {
+namespace tonalith::controls {
 
-FieldPanel::FieldPanel(QWidget* box, QWidget* parent) : QWidget(parent), box_(box) {
+FieldPanel::FieldPanel(QWidget* box, QWidget* parent, int room) : QWidget(parent), box_(box) {
+  constexpr int kBesideBox = 8;
   auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(8, 5, 8, 5);
+  row->setContentsMargins(kBesideBox, room, kBesideBox, room);
   row->addWidget(box);
   box->installEventFilter(this);
 }
@@ -23,8 +24,7 @@ void FieldPanel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const bool canChange = box_->isEnabled() && !box_->property("readOnly").toBool();
   const auto ground = canChange ? QPalette::Base : QPalette::Window;
-  controls::PaintPanel(painter, rect(), palette().color(QPalette::Active, ground), controls::OutlineInk(palette()),
-                       box_->hasFocus());
+  PaintPanel(painter, rect(), palette().color(QPalette::Active, ground), OutlineInk(palette()), box_->hasFocus());
 }
 
 bool FieldPanel::eventFilter(QObject* watched, QEvent* event) {
@@ -45,4 +45,4 @@ bool FieldPanel::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
-}  // namespace tonalith::editor
+}  // namespace tonalith::controls

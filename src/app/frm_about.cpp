@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "app/frm_about.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QTextEdit>
+#include <QVBoxLayout>
+
+#include "app/notices.h"
+#include "app/program_icon.h"
+#include "controls/field_panel.h"
+#include "controls/plain_label.h"
+#include "controls/theme.h"
+#include "controls/window_front.h"
+
+namespace tonalith::app {
+namespace {
+
+using controls::FieldPanel;
+using controls::MakePlainLabel;
+using controls::PanelButton;
+
+constexpr int kIconSide = 64;
+constexpr int kTextWidth = 580;
+constexpr int kNoticeLines = 14;
+
+class IconPicture : public QWidget {
+ public:
+  explicit IconPicture(QWidget* parent) : QWidget(parent) { setFixedSize(kIconSide, kIconSide); }
+
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    PaintProgramIcon(painter, kIconSide);
+  }
+};
+
+void SetInk(QLabel* label, const QColor& ink) {
+  QPalette palette = label->parentWidget()->palette();
+  palette.setColor(QPalette::WindowText, ink);
+  label->setPalette(palette);
+}
+
+}  // namespace
+
+frmAbout::frmAbout(const std::string& appFolder, QWidget* owner) : QDialog(owner) {
+  setObjectName(QStringLiteral("frmAbout"));
+  setWindowTitle(tr("About Tonalith"));
+  setAttribute(Qt::WA_DeleteOnClose);
+  MakeControls(QString::fromStdString(appFolder));
+  LayOut();
+  ApplyTheme();
+  connect(cmdClose_, &QAbstractButton::clicked, this, &frmAbout::cmdClose_Click);
+}
+
+void frmAbout::MakeControls(const QString& appFolder) {
+  picIcon_ = new IconPicture(this);
+  picIcon_->setObjectName(QStringLiteral("picIcon"));
+  lblName_ = MakePlainLabel(QStringLiteral("lblName"), QStringLiteral("Tonalith"), this);
+  lblVersion_ =
+      MakePlainLabel(QStringLiteral("lblVersion"), tr("Version %1").arg(QStringLiteral(TONALITH_VERSION)), this);
+  lblVersion_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  lblPurpose_ = MakePlainLabel(QStringLiteral("lblPurpose"),
+                               tr("Shows scales and chords on the guitar neck and on the staff, in any key."), this);
+  lblLicence_ = MakePlainLabel(QStringLiteral("lblLicence"),
+                               tr("The program is free software under the MIT licence. What comes with it (scales, "
+                                  "sounds, pictures, help) is in the public domain, under CC0 1.0."),
+                               this);
+  for (QLabel* const label : {lblPurpose_, lblLicence_}) label->setWordWrap(true);
+  txtFolder_ = new QLineEdit(appFolder, this);
+  txtFolder_->setObjectName(QStringLiteral("txtFolder"));
+  txtFolder_->setFrame(false);
+  txtFolder_->setReadOnly(true);
+  txtFolder_->setCursorPosition(0);
+  txtFolder_->setAccessibleName(tr("Folder of your scales, packs and sounds"));
+  lblFolder_ = MakePlainLabel(QStringLiteral("lblFolder"), tr("&Folder of your scales, packs and sounds:"), this);
+  lblFolder_->setBuddy(txtFolder_);
+  txtNotices_ = new QTextEdit(this);
+  txtNotices_->setObjectName(QStringLiteral("txtNotices"));
+  txtNotices_->setFrameShape(QFrame::NoFrame);
+  txtNotices_->setTabChangesFocus(true);
+  txtNotices_->setReadOnly(true);
+  txtNotices_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  txtNotices_->setAccessibleName(tr("Notices of what Tonalith is built on"));
+  lblNotices_ = MakePlainLabel(QStringLiteral("lblNotices"), tr("&Notices of what Tonalith is built on:"), this);
+  lblNotices_->setBuddy(txtNotices_);
+  cmdClose_ = new PanelButton(QStringLiteral("cmdClose"), tr("&Close"), PanelButton::Kind::kOrdinary, this);
+  cmdClose_->setDefault(true);
+}
+
+void frmAbout::LayOut() {
+  auto* const rows = new QVBoxLayout(this);
+  rows->setContentsMargins(28, 24, 28, 22);
+  rows->setSpacing(8);
+  auto* const head = new QHBoxLayout;
+  head->setSpacing(18);
+  head->addWidget(picIcon_, 0, Qt::AlignTop);
+  auto* const words = new QVBoxLayout;
+  words->setSpacing(4);
+  for (QLabel* const label : {lblName_, lblVersion_, lblPurpose_}) words->addWidget(label);
+  head->addLayout(words, 1);
+  rows->addLayout(head);
+  rows->addSpacing(8);
+  rows->addWidget(lblLicence_);
+  rows->addSpacing(8);
+  rows->addWidget(lblFolder_);
+  rows->addWidget(new FieldPanel(txtFolder_, this));
+  rows->addSpacing(8);
+  rows->addWidget(lblNotices_);
+  rows->addWidget(new FieldPanel(txtNotices_, this), 1);
+  rows->addSpacing(8);
+  rows->addWidget(cmdClose_, 0, Qt::AlignRight);
+  QWidget::setTabOrder(txtFolder_, txtNotices_);
+  QWidget::setTabOrder(txtNotices_, cmdClose_);
+  cmdClose_->setFocus();
+}
+
+void frmAbout::ApplyTheme() {
+  setPalette(controls::WarmPalette(QApplication::palette()));
+  for (QLabel* const label : {lblVersion_, lblLicence_}) SetInk(label, controls::SecondaryInk(palette()));
+  QFont large = font();
+  large.setPointSizeF(large.pointSizeF() * 1.8);
+  large.setBold(true);
+  lblName_->setFont(large);
+  // The panel around a box paints its ground.
+  QPalette boxes = palette();
+  boxes.setColor(QPalette::Base, Qt::transparent);
+  txtFolder_->setPalette(boxes);
+  txtNotices_->setPalette(boxes);
+  // Headings and quotations take their sizes from the font as it is when they are read.
+  txtNotices_->document()->setDefaultFont(txtNotices_->font());
+  txtNotices_->setMarkdown(NoticesText());
+  txtNotices_->setMinimumSize(kTextWidth, fontMetrics().lineSpacing() * kNoticeLines);
+}
+
+bool frmAbout::event(QEvent* event) {
+  const auto type = event->type();
+  const bool isLook =
+      type == QEvent::ApplicationPaletteChange || type == QEvent::ThemeChange || type == QEvent::FontChange;
+  const bool isReady = cmdClose_ != nullptr;
+  if (isReady && isLook) ApplyTheme();
+  // An event may destroy the window: nothing of it is used afterwards.
+  return QDialog::event(event);
+}
+
+void frmAbout::cmdClose_Click() { close(); }
+
+void ShowAbout(const std::string& appFolder, QWidget& owner) {
+  // One that was closed is there until events are handled, but no longer the one to show.
+  for (auto* const open : owner.findChildren<frmAbout*>(Qt::FindDirectChildrenOnly)) {
+    if (open->isVisible()) return controls::BringToFront(*open);
+  }
+  (new frmAbout(appFolder, &owner))->open();
+}
+
+void UnloadAbout(QWidget& owner) { qDeleteAll(owner.findChildren<frmAbout*>(Qt::FindDirectChildrenOnly)); }
+
+}  // namespace tonalith::app

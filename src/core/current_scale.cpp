@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "core/current_scale.h"
+
+#include "core/scale_construction.h"
+#include "core/text.h"
+
+namespace tonalith::core {
+
+bool NoteExistsInScoreScale(NoteNumber intTP, std::string_view strNoteVal, CurrentScaleSource& source, MsgBox& msgBox) {
+  constexpr std::int16_t kLastTestedPosition = 12;
+  const std::string pattern = source.GetScaleIntervalsByID(source.CurrentScaleId());
+  // The answer does not depend on this first look-up, but a pattern that cannot be built is reported by it as well.
+  ScaleArray(intTP, "1", pattern, CNoteToNumber(strNoteVal), msgBox);
+  for (std::int16_t position = 0; position <= kLastTestedPosition; ++position) {
+    if (Trim(ScaleArray(intTP, "1", pattern, position, msgBox)) == strNoteVal) return true;
+  }
+  return false;
+}
+
+}  // namespace tonalith::core

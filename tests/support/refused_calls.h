@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// A process to which the system refuses some of its calls, as it does where something is missing or used up. The step
+// runs in a process of its own, which is gone afterwards. Nothing of the tests may run in it but the step.
+
+#pragma once
+
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstddef>
+#include <exception>
+#include <functional>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+namespace tonalith::tests {
+
+inline constexpr int kCannotRefuse = 77;
+
+/// Every later call of these numbers ends with `error`. Cannot be taken back.
+inline bool RefuseCalls(std::initializer_list<long> calls, int error) {
+  std::vector<sock_filter> steps{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
+  for (const long call : calls) {
+    steps.push_back(BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<unsigned>(call), 0, 1));
+    steps.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | static_cast<unsigned>(error)));
+  }
+  steps.push_back(BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW));
+  const sock_fprog program{static_cast<unsigned short>(steps.size()), steps.data()};
+  return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+         ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program, 0, 0) == 0;
+}
+
+/// The words of `step`, or of the failure that it throws, where those calls are refused; empty where that cannot be
+/// arranged.
+inline std::string WithoutCalls(std::initializer_list<long> calls, int error,
+                                const std::function<std::string()>& step) {
+  std::array<int, 2> ends{};
+  if (::pipe(ends.data()) != 0) return "no pipe";
+  const pid_t process = ::fork();
+  if (process == 0) {
+    if (!RefuseCalls(calls, error)) ::_exit(kCannotRefuse);
+    std::string words;
+    try {
+      words = step();
+    } catch (const std::exception& failure) {
+      words = failure.what();
+    }
+    const bool isTold = ::write(ends[1], words.data(), words.size()) == static_cast<ssize_t>(words.size());
+    ::_exit(isTold ? 0 : 1);
+  }
+  ::close(ends[1]);
+  std::array<char, 1024> words{};
+  const ssize_t size = ::read(ends[0], words.data(), words.size());
+  ::close(ends[0]);
+  int status = 0;
+  ::waitpid(process, &status, 0);
+  if (WIFEXITED(status) && WEXITSTATUS(status) == kCannotRefuse) return "";
+  if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) return "the process ended badly";
+  return {words.data(), static_cast<std::size_t>(size > 0 ? size : 0)};
+}
+
+/// Whether this system lets a process refuse its own calls.
+inline bool CanRefuseCalls() {
+  return WithoutCalls({}, 0, [] { return "can"; }) == "can";
+}
+
+}  // namespace tonalith::tests
