@@ -25,9 +25,6 @@ namespace {
 using namespace tonalith;
 namespace fs = std::filesystem;
 
-constexpr int kScales = 100'000;
-constexpr int kRuns = 9;
-
 class NobodysWindow : public data::DataPackObserver {
  public:
   void DataPackDone() override {}
@@ -37,7 +34,7 @@ class NobodysWindow : public data::DataPackObserver {
 /// A program's folder with the database that ships and, beside it, the pack.
 struct Place {
   explicit Place(fs::path shippedDatabase) : shipped(std::move(shippedDatabase)) {
-    bench::MakeLibrary(pack, kScales, "New scale ");
+    bench::MakeLibrary(pack, bench::Scales(), "New scale ");
     fs::current_path(folder.Path());
     Renew();
   }
@@ -84,7 +81,7 @@ long StatusKibibytes(std::string_view field) {
 }
 
 /// In a process of its own, whose memory nothing else has grown.
-void PrintMemory(const Place& place) {
+void TellMemory(const Place& place) {
   std::fflush(stdout);
   const pid_t child = fork();
   if (child == 0) {
@@ -94,8 +91,7 @@ void PrintMemory(const Place& place) {
     const long idle = StatusKibibytes("VmRSS:");
     place.Import();
     const double growth = static_cast<double>(StatusKibibytes("VmHWM:") - idle) / 1024;
-    std::printf("%-42s %10.1f MiB   bound 64\n", "highest memory above idle", growth);
-    std::fflush(stdout);
+    bench::Tell({"highest memory above idle while importing", growth, 64, "MiB", "", ""});
     _exit(0);
   }
   int status = 0;
@@ -107,18 +103,18 @@ void PrintMemory(const Place& place) {
 int main(int /*argc*/, char** argv) {
   const Place place(fs::absolute(fs::path(argv[0])).parent_path() / "TonalithDB97.mdb");
   const auto renew = [&] { place.Renew(); };
-  PrintMemory(place);
+  TellMemory(place);
   renew();
   const int before = place.Scales();
   place.Import();
   const int imported = place.Scales() - before;
   renew();
   place.InsertSelect();
-  if (imported != kScales || place.Scales() - before != kScales) std::abort();
-  const bench::Contender first{"import of 100,000 new scales", [&] { place.Import(); }, renew};
-  bench::PrintHeading("a pack of 100,000 scales");
-  bench::Compare(first, {"INSERT ... SELECT", [&] { place.InsertSelect(); }, renew}, kRuns, 3);
+  if (imported != bench::Scales() || place.Scales() - before != bench::Scales()) std::abort();
+  const bench::Contender first{"import of a pack of 100,000 new scales", [&] { place.Import(); }, renew};
+  bench::Compare(first, {"INSERT ... SELECT of the same rows", [&] { place.InsertSelect(); }, renew}, bench::Runs(9),
+                 3);
   bench::Compare({"the same pack again", [&] { place.Import(); }}, {"the first time", [&] { place.Import(); }, renew},
-                 kRuns, 1.5);
+                 bench::Runs(9), 1.5);
   return 0;
 }

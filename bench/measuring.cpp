@@ -7,9 +7,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <utility>
 
@@ -28,6 +30,14 @@ double Quantile(std::vector<double> values, double share) {
   const auto at = static_cast<std::ptrdiff_t>(std::lround(static_cast<double>(values.size() - 1) * share));
   std::nth_element(values.begin(), values.begin() + at, values.end());
   return values[static_cast<std::size_t>(at)];
+}
+
+/// With three digits that count.
+std::string NumberText(double value) {
+  const int digits = std::abs(value) < 10 ? 2 : std::abs(value) < 100 ? 1 : 0;
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%.*f", digits, value);
+  return text.data();
 }
 
 // Every number below the largest once, without an order that an index would like.
@@ -52,13 +62,25 @@ Spent Quantile(const std::vector<Spent>& times, double share) {
   return {Quantile(std::move(wall), share), Quantile(std::move(cpu), share)};
 }
 
-void PrintHeading(const char* title) {
-  std::printf("%-42s %21s %21s %15s\n", title, "ours", "baseline", "ratio");
-  std::printf("%-42s %10s %10s %10s %10s %7s %7s\n", "medians in milliseconds", "wall", "processor", "wall",
-              "processor", "wall", "proc.");
+bool IsQuick() { return std::getenv("TONALITH_BENCH_QUICK") != nullptr; }
+
+int Runs(int full) { return IsQuick() ? std::min(full, 3) : full; }
+
+int Scales() { return IsQuick() ? 3'000 : 100'000; }
+
+std::string TimeText(double milliseconds) {
+  return milliseconds < 0.1 ? NumberText(milliseconds * 1000) + " us" : NumberText(milliseconds) + " ms";
 }
 
-Spent Compare(const Contender& ours, const Contender& baseline, int runs, double bound) {
+void Tell(const Line& line) {
+  const std::string unit = line.unit.empty() ? "" : " " + line.unit;
+  std::printf("row\t%s\t%s%s\t%s%s\t%s\t%s\t%s\n", line.what.c_str(), NumberText(line.measured).c_str(), unit.c_str(),
+              NumberText(line.bound).c_str(), unit.c_str(), line.measured <= line.bound ? "met" : "missed",
+              line.ours.c_str(), line.baseline.c_str());
+  std::fflush(stdout);
+}
+
+void Compare(const Contender& ours, const Contender& baseline, int runs, double bound) {
   std::vector<Spent> ourTimes;
   std::vector<Spent> baselineTimes;
   std::vector<Spent> ratios;
@@ -74,13 +96,23 @@ Spent Compare(const Contender& ours, const Contender& baseline, int runs, double
   const Spent our = Quantile(ourTimes, 0.5);
   const Spent base = Quantile(baselineTimes, 0.5);
   const Spent ratio = Quantile(ratios, 0.5);
-  std::printf("%-42s %10.1f %10.1f %10.1f %10.1f %7.2f %7.2f   bound %.2f\n", ours.title.c_str(), our.wall, our.cpu,
-              base.wall, base.cpu, ratio.wall, ratio.cpu, bound);
-  std::printf("  against %s, %d times in turn\n", baseline.title.c_str(), runs);
-  return our;
+  Tell({ours.title, ratio.wall, bound, "", TimeText(our.wall) + "; by the processor " + NumberText(ratio.cpu),
+        baseline.title + ": " + TimeText(base.wall)});
+  std::printf("  %d pairs; by the processor %s against %s\n", runs, TimeText(our.cpu).c_str(),
+              TimeText(base.cpu).c_str());
 }
 
-Folder::Folder() : path_(std::filesystem::temp_directory_path() / ("tonalith-bench-" + std::to_string(getpid()))) {
+void TellTimes(const std::string& what, const std::vector<Spent>& times, double share, double bound) {
+  const Spent late = Quantile(times, share);
+  Tell({what, late.wall, bound, "ms", "median " + TimeText(Quantile(times, 0.5).wall), ""});
+  std::printf("  %zu times; by the processor %s, the longest %s\n", times.size(), TimeText(late.cpu).c_str(),
+              TimeText(Quantile(times, 1).wall).c_str());
+}
+
+Folder::Folder() {
+  static int made = 0;
+  const std::string name = "tonalith-bench-" + std::to_string(getpid()) + "-" + std::to_string(++made);
+  path_ = std::filesystem::temp_directory_path() / name;
   std::filesystem::create_directory(path_);
 }
 

@@ -1,33 +1,41 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Starts Tonalith and the bare window in turn and prints the medians and their ratios: start_bench [runs].
+// Starts Tonalith and the bare window in turn, then Tonalith on a large and on a small library; and what each holds and
+// does when it is left alone. start_bench <where>, which is how the table calls the platform.
 
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "measuring.h"
+
 namespace {
+
+using namespace tonalith;
+namespace fs = std::filesystem;
 
 struct Run {
   double paint = 0;
   int widgets = 0;
   double memory = 0;
   double processor = 0;
+  long wakeUps = 0;
 };
 
 std::string OutputOf(const std::vector<std::string>& command) {
   std::array<int, 2> ends{};
   if (pipe(ends.data()) != 0) return {};
   std::vector<char*> words;
+  words.reserve(command.size() + 1);
   for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
   words.push_back(nullptr);
   const auto start = std::chrono::steady_clock::now().time_since_epoch();
@@ -53,51 +61,110 @@ std::string OutputOf(const std::vector<std::string>& command) {
   return output;
 }
 
-bool Measure(const std::vector<std::string>& command, std::vector<Run>& runs) {
+using Command = std::vector<std::string>;
+
+enum class Until { kFirstPaint, kRest };
+
+Run Start(const Command& command, Until until) {
   Run run;
+  until == Until::kFirstPaint ? setenv("TONALITH_BENCH_START_ONLY", "1", 1) : unsetenv("TONALITH_BENCH_START_ONLY");
   const std::string output = OutputOf(command);
-  if (std::sscanf(output.c_str(), "first-paint %lf widgets %d proportional-memory %lf processor %lf", &run.paint,
-                  &run.widgets, &run.memory, &run.processor) != 4) {
-    std::fprintf(stderr, "%s said: %s\n", command[0].c_str(), output.c_str());
-    return false;
+  const int wanted = until == Until::kFirstPaint ? 2 : 5;
+  const int found =
+      std::sscanf(output.c_str(), "first-paint %lf widgets %d proportional-memory %lf processor %lf wake-ups %ld",
+                  &run.paint, &run.widgets, &run.memory, &run.processor, &run.wakeUps);
+  if (found != wanted) throw std::runtime_error(command[0] + " said: " + output);
+  return run;
+}
+
+double Median(const std::vector<double>& values) {
+  std::vector<bench::Spent> times;
+  times.reserve(values.size());
+  for (const double value : values) times.push_back({value, 0});
+  return bench::Quantile(times, 0.5).wall;
+}
+
+/// Both started in turn; tells the median of the ratios of the pairs.
+void CompareStarts(const std::string& what, const Command& ours, const std::string& title, const Command& baseline,
+                   double bound) {
+  std::vector<double> our;
+  std::vector<double> base;
+  std::vector<double> ratios;
+  for (int i = 0; i < bench::Runs(25); ++i) {
+    our.push_back(Start(ours, Until::kFirstPaint).paint);
+    base.push_back(Start(baseline, Until::kFirstPaint).paint);
+    ratios.push_back(our.back() / base.back());
   }
-  runs.push_back(run);
-  return true;
+  bench::Tell(
+      {what, Median(ratios), bound, "", bench::TimeText(Median(our)), title + ": " + bench::TimeText(Median(base))});
 }
 
-double Median(const std::vector<Run>& runs, double Run::*figure) {
-  std::vector<double> values;
-  for (const Run& run : runs) values.push_back(run.*figure);
-  std::sort(values.begin(), values.end());
-  return values[values.size() / 2];
+std::string MebibytesText(double kibibytes) {
+  std::array<char, 32> text{};
+  std::snprintf(text.data(), text.size(), "%.1f MiB", kibibytes / 1024);
+  return text.data();
 }
 
-void PrintRow(const char* title, double ours, double bare, const char* bound) {
-  std::printf("%-34s %10.2f %10.2f %8.2f   %s\n", title, ours, bare, ours / bare, bound);
+void CompareRest(const std::string& where, const Command& tonalith, const Command& bare) {
+  std::vector<double> our;
+  std::vector<double> base;
+  std::vector<double> ratios;
+  std::vector<double> processor;
+  std::vector<double> wakeUps;
+  for (int i = 0; i < (bench::IsQuick() ? 1 : 5); ++i) {
+    const Run run = Start(tonalith, Until::kRest);
+    our.push_back(run.memory);
+    base.push_back(Start(bare, Until::kRest).memory);
+    ratios.push_back(our.back() / base.back());
+    processor.push_back(run.processor);
+    wakeUps.push_back(static_cast<double>(run.wakeUps));
+  }
+  bench::Tell({"proportional memory after two seconds, " + where, Median(ratios), 1.5, "", MebibytesText(Median(our)),
+               "the bare window: " + MebibytesText(Median(base))});
+  bench::Tell({"wake-ups in a second at rest, " + where, Median(wakeUps), 0, "", "", ""});
+  // The measuring itself, which reads /proc twice.
+  constexpr double kOwnMilliseconds = 1;
+  bench::Tell({"processor time in a second at rest, " + where, Median(processor), kOwnMilliseconds, "ms", "", ""});
+}
+
+/// A program's folder of its own with a library of that many scales.
+class Place {
+ public:
+  Place(const fs::path& program, int scales) {
+    fs::copy_file(program, folder_.Path() / program.filename());
+    bench::MakeLibrary(folder_.Path() / "TonalithDB97.mdb", scales, "Scale number ");
+  }
+  [[nodiscard]] Command Program() const { return {(folder_.Path() / "start_tonalith").string()}; }
+
+ private:
+  bench::Folder folder_;
+};
+
+void Measure(const std::string& where) {
+  constexpr const char* kRowsOfOneBlock = "64";
+  const fs::path folder = fs::canonical("/proc/self/exe").parent_path();
+  const Command tonalith{(folder / "start_tonalith").string()};
+  const std::string widgets = std::to_string(Start(tonalith, Until::kFirstPaint).widgets);
+  const Command bare{(folder / "start_bare_window").string(), widgets, kRowsOfOneBlock};
+  Start(bare, Until::kFirstPaint);
+  CompareStarts("start to the first painted scale, " + where, tonalith, "a bare Qt window of " + widgets + " labels",
+                bare, 1.35);
+  CompareRest(where, tonalith, bare);
+  const Place large(tonalith[0], bench::Scales());
+  const Place small(tonalith[0], 300);
+  Start(large.Program(), Until::kFirstPaint);
+  Start(small.Program(), Until::kFirstPaint);
+  CompareStarts("start on 100,000 scales, " + where, large.Program(), "with 300 scales", small.Program(), 1.5);
 }
 
 }  // namespace
 
 int main(int argc, char* argv[]) {
-  const int wanted = argc > 1 ? std::atoi(argv[1]) : 15;
-  constexpr const char* kRowsOfOneBlock = "64";
-  const std::filesystem::path folder = std::filesystem::canonical("/proc/self/exe").parent_path();
-  const std::string tonalith = folder / "start_tonalith";
-  const std::string bare = folder / "start_bare_window";
-  std::vector<Run> warmUp;
-  std::vector<Run> ours;
-  std::vector<Run> theirs;
-  if (!Measure({tonalith}, warmUp)) return 1;
-  const std::string widgets = std::to_string(warmUp[0].widgets);
-  if (!Measure({bare, widgets, kRowsOfOneBlock}, warmUp)) return 1;
-  for (int i = 0; i < wanted; ++i) {
-    if (!Measure({tonalith}, ours) || !Measure({bare, widgets, kRowsOfOneBlock}, theirs)) return 1;
+  try {
+    Measure(argc > 1 ? argv[1] : "here");
+    return 0;
+  } catch (const std::exception& exception) {
+    std::fprintf(stderr, "%s\n", exception.what());
+    return 1;
   }
-  std::printf("%d runs in turn, medians; %s child widgets\n", wanted, widgets.c_str());
-  std::printf("%-34s %10s %10s %8s\n", "", "tonalith", "bare", "ratio");
-  PrintRow("start to first paint (ms)", Median(ours, &Run::paint), Median(theirs, &Run::paint), "bound 1.35");
-  PrintRow("proportional memory (MiB)", Median(ours, &Run::memory) / 1024, Median(theirs, &Run::memory) / 1024,
-           "bound 1.50");
-  std::printf("%-34s %10.2f\n", "processor in 2 s of idling (ms)", Median(ours, &Run::processor));
-  return 0;
 }

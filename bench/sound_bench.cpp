@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// From the press on a note to its first sample, and from the last sample of a sound to its notice, on OpenAL Soft's
+// writer of wave files, which keeps real time and is watched while it writes. Its file grows by two mixing periods at a
+// time, so that the first number is rather too high than too low.
+
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "audio/octave_note_player.h"
+#include "measuring.h"
+#include "platform/recorded_sound.h"
+
+namespace {
+
+using namespace tonalith;
+namespace ear = tonalith::testing;
+using std::chrono::steady_clock;
+
+double MillisecondsSince(steady_clock::time_point start) {
+  return std::chrono::duration<double, std::milli>(steady_clock::now() - start).count();
+}
+
+/// The end of a recording that is being written.
+class RecordingWatch {
+ public:
+  /// What is there by now will not be looked at.
+  void Skip() {
+    file_ = std::ifstream(ear::RecordingPath(), std::ios::binary);
+    file_.seekg(0, std::ios::end);
+    at_ = kHeader + (file_.tellg() - kHeader) / kFrame * kFrame;
+  }
+
+  /// Returns when something that is not silent has been written; gives up after half a second.
+  bool WaitForSound() {
+    const auto start = steady_clock::now();
+    while (MillisecondsSince(start) < 500) {
+      std::array<float, 2> sides{};
+      file_.clear();
+      file_.seekg(at_);
+      while (file_.read(reinterpret_cast<char*>(sides.data()), kFrame)) {
+        at_ += kFrame;
+        if (std::abs(sides[0]) > 0.01F) return true;
+      }
+      std::this_thread::sleep_for(std::chrono::microseconds(500));
+    }
+    return false;
+  }
+
+ private:
+  static constexpr std::streamoff kHeader = 80;
+  static constexpr std::streamoff kFrame = 8;
+  std::ifstream file_;
+  std::streamoff at_ = kHeader;
+};
+
+bool TellClicks(ear::RecordingOutput& output) {
+  platform::PosixFileInput files;
+  const std::string path = ear::RecordingFolder() + "/note.wav";
+  ear::Bytes samples;
+  for (int i = 0; i < 44100 / 50; ++i) samples = samples + ear::Number(16000, 2);
+  const ear::Bytes wave = ear::Wave({}, samples);
+  std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(wave.data()), std::ssize(wave));
+  audio::OctaveNotePlayer player(files, output.Output());
+  player.Play(path);
+  output.Pass(0.3);
+  RecordingWatch watch;
+  std::vector<bench::Spent> delays;
+  for (int click = 0; click < bench::Runs(200); ++click) {
+    watch.Skip();
+    const auto pressed = steady_clock::now();
+    player.Play(path);
+    if (!watch.WaitForSound()) return false;
+    delays.push_back({MillisecondsSince(pressed), 0});
+    output.Pass(0.035);
+  }
+  std::filesystem::remove(path);
+  bench::TellTimes("press on a note to its first sample", delays, 0.95, 20);
+  return true;
+}
+
+void TellNotices(ear::RecordingOutput& output) {
+  constexpr double kSeconds = 0.1;
+  const ear::Bytes sound = ear::Sine({}, 441, kSeconds, 0.5);
+  const int runs = bench::Runs(40);
+  std::vector<bench::Spent> delays;
+  delays.reserve(static_cast<std::size_t>(runs));
+  for (int i = 0; i < runs; ++i) delays.push_back({(output.Play({}, sound) - kSeconds) * 1000, 0});
+  bench::TellTimes("last sample of a sound to its notice", delays, 0.5, 15);
+}
+
+}  // namespace
+
+int main() {
+  ear::RecordingOutput output;
+  TellNotices(output);
+  return TellClicks(output) ? 0 : 1;
+}
