@@ -40,7 +40,14 @@ TonalithCheckSanitizers() {
   ctest --preset sanitize
 }
 
-# Each program under build/fuzz/fuzz runs for TONALITH_FUZZ_SECONDS (20) over its seeds, fuzz/<subject>_seeds; what it
+# What sounds is all that has threads of its own.
+TonalithCheckThreads() {
+  TonalithBuild threads tonalith_audio_tests tonalith_platform_tests tonalith_platform_openal_tests \
+    tonalith_platform_openal_rest_tests
+  ctest --preset threads
+}
+
+# Each program under build/fuzz/fuzz runs for TONALITH_FUZZ_SECONDS (12) over its seeds, fuzz/<subject>_seeds; what it
 # finds stays in build/fuzz.
 TonalithCheckFuzz() {
   local program subject seeds count=0
@@ -53,7 +60,7 @@ TonalithCheckFuzz() {
     [[ ! -d fuzz/${subject}_seeds ]] || seeds=("fuzz/${subject}_seeds")
     mkdir -p -- "build/fuzz/found/$subject"
     printf '%s\n' "$subject"
-    "$program" -max_total_time="${TONALITH_FUZZ_SECONDS:-20}" -timeout=10 -rss_limit_mb=2048 -verbosity=0 \
+    "$program" -max_total_time="${TONALITH_FUZZ_SECONDS:-12}" -timeout=10 -rss_limit_mb=2048 -verbosity=0 \
       -print_final_stats=1 -artifact_prefix="build/fuzz/$subject-" "build/fuzz/found/$subject" "${seeds[@]}"
     count=$((count + 1))
   done
@@ -61,4 +68,9 @@ TonalithCheckFuzz() {
     printf 'There is a folder fuzz/, but no target was built.\n' >&2
     return 1
   }
+}
+
+# A slice of ./test --torture, always the same.
+TonalithCheckTorture() {
+  tests/torture/run build/dev --actions 2500 --kills 30 --seeds 11 --seconds 400 --world short
 }
