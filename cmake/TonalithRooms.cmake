@@ -43,6 +43,22 @@ function(tonalith_finish target)
   endif()
 endfunction()
 
+# tonalith_headers(name READS <vector> ... LINKS ... OPTIONS ...): headers compiled once, for targets that take them over
+# with REUSE_FROM and have the same OPTIONS. No source may count on them: clang-tidy reads each source without.
+function(tonalith_headers name)
+  cmake_parse_arguments(HEADERS "" "" "READS;LINKS;OPTIONS" ${ARGN})
+  file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/${name}.cpp" CONTENT "")
+  add_library(${name} OBJECT "${PROJECT_BINARY_DIR}/${name}.cpp")
+  target_link_libraries(${name} PRIVATE ${HEADERS_LINKS} tonalith_options)
+  target_compile_options(${name} PRIVATE ${HEADERS_OPTIONS})
+  target_precompile_headers(${name} PRIVATE <algorithm> <filesystem> <functional> <map> <memory> <optional> <string>
+                                            <vector> ${HEADERS_READS})
+endfunction()
+
+# What nearly every window reads.
+set(TONALITH_QT_READS <QAbstractButton> <QApplication> <QLabel> <QLineEdit> <QPainter> <QPointer>)
+tonalith_headers(tonalith_qt_headers READS ${TONALITH_QT_READS} LINKS Qt6::Widgets)
+
 # tonalith_room(core SOURCES ... LINKS ...): the static library tonalith_core. LINKS holds rooms and packages.
 function(tonalith_room name)
   cmake_parse_arguments(ROOM "QT" "" "SOURCES;LINKS" ${ARGN})
@@ -52,21 +68,18 @@ function(tonalith_room name)
   target_include_directories(${target} PUBLIC "${PROJECT_SOURCE_DIR}/src")
   if(ROOM_QT)
     set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    target_precompile_headers(${target} REUSE_FROM tonalith_qt_headers)
   endif()
   tonalith_finish(${target})
 endfunction()
 
-# What nearly every test reads, compiled once for the tests without Qt and once for those with it. Tests are compiled
-# without optimisation: they are many, and each runs once.
+# Headers for the tests without Qt and for those with it. Tests are compiled without optimisation: they are many, and
+# each runs once.
+set(TONALITH_TEST_OPTIONS $<$<CONFIG:RelWithDebInfo>:-O0>)
 function(tonalith_test_headers name)
   cmake_parse_arguments(HEADERS "" "" "READS;LINKS" ${ARGN})
-  file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/${name}.cpp" CONTENT "")
-  add_library(${name} OBJECT "${PROJECT_BINARY_DIR}/${name}.cpp")
-  target_link_libraries(${name} PRIVATE ${HEADERS_LINKS} GTest::gmock tonalith_options)
-  target_compile_options(${name} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O0>)
-  target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <algorithm> <chrono> <filesystem> <fstream> <functional>
-                                            <map> <memory> <optional> <sstream> <string> <thread> <vector>
-                                            ${HEADERS_READS})
+  tonalith_headers(${name} READS <gmock/gmock.h> <chrono> <fstream> <sstream> <thread> ${HEADERS_READS}
+                   LINKS ${HEADERS_LINKS} GTest::gmock OPTIONS ${TONALITH_TEST_OPTIONS})
 endfunction()
 
 # tonalith_test(core SOURCES ... LINKS ...): one GoogleTest program for a folder of tests/.
@@ -76,7 +89,7 @@ function(tonalith_test name)
   add_executable(${target} ${TEST_SOURCES})
   target_link_libraries(${target} PRIVATE ${TEST_LINKS} GTest::gmock tonalith_options)
   target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
-  target_compile_options(${target} PRIVATE $<$<CONFIG:RelWithDebInfo>:-O0>)
+  target_compile_options(${target} PRIVATE ${TONALITH_TEST_OPTIONS})
   target_compile_definitions(${target} PRIVATE TONALITH_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
                                                TONALITH_BINARY_DIR="${PROJECT_BINARY_DIR}")
   if(TEST_QT)
