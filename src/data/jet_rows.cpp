@@ -89,6 +89,12 @@ std::string TakeText(char* text) {
   return text == nullptr ? std::string() : std::string(text);
 }
 
+/// As "{01234567-89AB-CDEF-0123-456789ABCDEF}", the form in which such numbers are written everywhere else; libmdb has
+/// it only without the braces.
+std::string ReplicationId(const unsigned char* page, int start) {
+  return "{" + TakeText(mdb_uuid_to_string_fmt(page, start, MDB_NOBRACES_4_2_2_2_6)) + "}";
+}
+
 }  // namespace
 
 JetRows::JetRows(MdbHandle* handle, const std::string& name, unsigned long page) : handle_(handle) {
@@ -202,7 +208,7 @@ Value JetRows::ReadNumber(const MdbColumn& column, int start) {
     case MDB_DATETIME:
       return JetDate(mdb_get_double(page, start));
     case MDB_REPID:
-      return TakeText(mdb_uuid_to_string(page, start));
+      return ReplicationId(page, start);
     default:
       break;
   }

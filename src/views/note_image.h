@@ -21,9 +21,6 @@ enum class NotePicture { kNone = 0, kKeyNote = 1, kScaleNote = 2 };
 
 class NoteImage : public QAbstractButton {
   Q_OBJECT
-  Q_PROPERTY(QString Tag READ TagText)
-  Q_PROPERTY(int Picture READ PictureNumber)
-  Q_PROPERTY(bool NameDrawn READ NameDrawn)
 
  public:
   NoteImage(const QString& name, const std::string& tag, QWidget* parent);
@@ -31,7 +28,6 @@ class NoteImage : public QAbstractButton {
   [[nodiscard]] const std::string& Tag() const { return tag_; }
   [[nodiscard]] QString TagText() const { return QString::fromStdString(tag_); }
   [[nodiscard]] NotePicture Picture() const { return picture_; }
-  [[nodiscard]] int PictureNumber() const { return static_cast<int>(picture_); }
   [[nodiscard]] bool NameDrawn() const { return nameDrawn_; }
 
   /// Replaces the picture and whatever was drawn on it.

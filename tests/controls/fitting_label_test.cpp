@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QFontMetricsF>
 #include <QImage>
 
 namespace tonalith::controls {
@@ -56,6 +57,30 @@ TEST_F(FittingLabelTest, TextThatNoSizeHoldsEndsInAnEllipsisInsideTheBox) {
   EXPECT_TRUE(label_.IsElided());
   EXPECT_LT(RightmostInk(label_), 300);
   EXPECT_EQ(label_.text().size(), 200);
+}
+
+TEST_F(FittingLabelTest, FittedFontIsTheLabelsOwnInTheFittedSizeAndTheGivenWeight) {
+  QFont spaced = label_.font();
+  spaced.setLetterSpacing(QFont::AbsoluteSpacing, 2);
+  spaced.setPixelSize(11);
+  label_.setFont(spaced);
+  label_.resize(300, 30);
+  const QString text = QStringLiteral("Phrygian dominant");
+  label_.setText(text);
+  const QFont fitted = label_.FittedFont();
+  EXPECT_LT(fitted.pixelSize(), 30);
+  EXPECT_GT(fitted.pixelSize(), 15);
+  EXPECT_EQ(fitted.pixelSize(), label_.FittedPixelSize());
+  EXPECT_EQ(fitted.weight(), QFont::Bold);
+  EXPECT_EQ(fitted.family(), spaced.family());
+  EXPECT_EQ(fitted.letterSpacing(), 2);
+  const QFontMetricsF metrics(fitted);
+  EXPECT_LE(metrics.horizontalAdvance(text), 300);
+  EXPECT_LE(metrics.height(), 30);
+  QFont larger = fitted;
+  larger.setPixelSize(fitted.pixelSize() + 1);
+  const QFontMetricsF largerMetrics(larger);
+  EXPECT_TRUE(largerMetrics.horizontalAdvance(text) > 300 || largerMetrics.height() > 30);
 }
 
 TEST_F(FittingLabelTest, LineBreaksBreakLines) {

@@ -187,6 +187,35 @@ TEST_F(FrmSearchTest, FlagCanBeReadAndWrittenFromOutside) {
   EXPECT_FALSE(form_->property("SearchCancelled").toBool());
 }
 
+/// How often a window was raised above the others.
+class RaiseCounter : public QObject {
+ public:
+  explicit RaiseCounter(QWidget& window) { window.installEventFilter(this); }
+  [[nodiscard]] int Raised() const { return raised_; }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::ZOrderChange) ++raised_;
+    return false;
+  }
+
+ private:
+  int raised_ = 0;
+};
+
+TEST_F(FrmSearchTest, BroughtToTheFrontItIsRaisedAndTakesTheKeyboard) {
+  Show();
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  QCoreApplication::processEvents();
+  ASSERT_FALSE(form_->isActiveWindow());
+  const RaiseCounter counter(*form_);
+  form_->BringToFront();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(form_->isActiveWindow());
+  EXPECT_EQ(counter.Raised(), 1);
+  EXPECT_TRUE(Text()->hasFocus());
+}
+
 TEST_F(FrmSearchTest, TabWalksFromTheTextOverSearchToCancel) {
   Show();
   QTest::keyClick(Text(), Qt::Key_Tab);
