@@ -75,5 +75,5 @@ TonalithCheckFuzz() {
 
 # A slice of ./test --torture, always the same.
 TonalithCheckTorture() {
-  tests/torture/run build/dev --actions 10000 --kills 50 --seeds 11 --seconds 400 --world short
+  tests/torture/run build/dev --actions 3000 --kills 50 --seeds 11 --seconds 400 --world short
 }
