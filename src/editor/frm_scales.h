@@ -58,6 +58,8 @@ class frmScales : public QWidget {
   [[nodiscard]] bool IsInModifyMode() const { return ModifyMode; }
   [[nodiscard]] NoteSelection SelectedNotes() const;
   [[nodiscard]] bool IsUnloaded() const { return isUnloaded_; }
+  /// Whether a command runs; nothing but its questions takes a user's input then.
+  [[nodiscard]] bool IsRunning() const { return isRunning_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -122,7 +122,8 @@ void frmScales::cmdApply_Click() {
     }
   });
   if (self.isNull()) return;
-  RunAlone([] { QCoreApplication::processEvents(); });
+  // Input waits for the end of the mode: what it opens could stay open for long.
+  RunAlone([] { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); });
   if (self.isNull()) return;
   ModifyMode = false;
   SetAllControls(ModifyMode);

@@ -16,6 +16,19 @@ constexpr auto kYes = core::MsgBoxAnswer::kYes;
 
 using FrmScales = ScaleEditorTest;
 
+/// A window that does something whenever the pointer comes or moves.
+class PointerWatch : public QWidget {
+ public:
+  explicit PointerWatch(std::function<void()> act) : act_(std::move(act)) { setMouseTracking(true); }
+
+ protected:
+  void enterEvent(QEnterEvent* /*event*/) override { act_(); }
+  void mouseMoveEvent(QMouseEvent* /*event*/) override { act_(); }
+
+ private:
+  std::function<void()> act_;
+};
+
 TEST_F(FrmScales, OpensOnTheRecordThatItIsGiven) {
   Open(2);
   EXPECT_EQ(Form().windowTitle(), QStringLiteral("Scales"));
@@ -174,6 +187,24 @@ TEST_F(FrmScales, ApplyWithCancelLeavesTheModeHidesTheUnselectedAndWritesNothing
   EXPECT_EQ(VisibleNotes(), "C E G");
   EXPECT_EQ(Saved("Major"), "Major|2212221|1|The bright one.|C|0|1");
   EXPECT_EQ(Notice(), "Not kept. The scale still is 2212221.");
+}
+
+TEST_F(FrmScales, InputThatComesWhileApplyEndsWaitsUntilTheModeIsLeft) {
+  Open();
+  Press(C().cmdModify);
+  std::string modes;
+  PointerWatch other([&] { modes += Form().IsInModifyMode() ? "modify " : "left "; });
+  other.move(Form().frameGeometry().bottomRight() + QPoint(50, 50));
+  other.resize(100, 100);
+  other.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&other));
+  // The offscreen platform queues what the pointer does as a window system would.
+  box_.Meanwhile([&] { QCursor::setPos(other.geometry().center()); });
+  box_.AnswerNext(kCancel);
+  Press(C().cmdApply);
+  Settle();
+  EXPECT_THAT(modes, testing::StartsWith("left "));
+  EXPECT_THAT(modes, testing::Not(testing::HasSubstr("modify")));
 }
 
 TEST_F(FrmScales, ApplyWithCancelDropsWhatWasTyped) {

@@ -65,11 +65,10 @@ Sight Look() {
     sight.message = box->text().toStdString();
     sight.box = box;
   }
-  sight.isBusy = IsReturning();
+  const auto* const editor = VisibleWindow<editor::frmScales>();
+  sight.isBusy = IsReturning() || (modal == nullptr && editor != nullptr && editor->IsRunning());
   const app::frmTonalith* const form = MainWindow();
   if (form == nullptr) return sight;
-  const QString status = form->Controls().lblStatus->text();
-  sight.isPlaying = status.startsWith(QLatin1String("Playing")) || status == QLatin1String("Loaded");
   sight.isInstalling = !form->Controls().cmdInstall->isEnabled();
   sight.isBusy = sight.isBusy || !form->updatesEnabled() || (sight.isInstalling && modal == nullptr);
   return sight;

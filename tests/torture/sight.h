@@ -49,7 +49,6 @@ struct Sight {
   /// Whether the program is in the middle of something during which a user's clicks wait.
   bool isBusy = false;
   bool isInstalling = false;
-  bool isPlaying = false;
 };
 
 /// Whether a dialog is closed already, but whoever has shown it has not gone on yet: a moment too short for any user.

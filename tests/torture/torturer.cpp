@@ -60,11 +60,7 @@ std::optional<Action> Torturer::NextAction() {
 void Torturer::CheckAll(const Sight& now) {
   CheckMessage(now.message);
   if (!now.message.empty()) return;
-  if (depth_ < playingDepth_) playingDepth_ = 0;
-  if (now.isPlaying && playingDepth_ == 0) playingDepth_ = depth_;
-  // Apply takes events between its answer and its end; until then the form is neither in one mode nor in the other.
-  const bool isInCommand = depth_ > playingDepth_ && QApplication::activeModalWidget() == nullptr;
-  if (!isInCommand) CheckEditor(now.editor, ledger_.Content());
+  CheckEditor(now.editor, ledger_.Content());
   const app::frmTonalith* const form = MainWindow();
   if (form != nullptr) CheckMainWindow(*form, ledger_.Content());
   QWidget* const modal = QApplication::activeModalWidget();

@@ -73,9 +73,8 @@ class Torturer : public QObject {
   /// Those that began or ended since the last look.
   std::vector<Action> recent_;
   int action_;
-  /// The actions that have begun and not ended, and how many they were when the scale that sounds was begun.
+  /// How many actions have begun and not ended.
   int depth_ = 0;
-  int playingDepth_ = 0;
   int idleEnds_ = 0;
   bool isEnding_ = false;
   bool isOver_ = false;
