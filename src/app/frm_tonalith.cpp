@@ -14,6 +14,7 @@
 
 #include "app/frm_about.h"
 #include "controls/theme.h"
+#include "controls/window_front.h"
 #include "core/deferred_failure.h"
 #include "core/paths.h"
 #include "core/scale_record.h"
@@ -191,8 +192,7 @@ void frmTonalith::cmdEdit_Click() {
 void frmTonalith::mEditor_Click() { cmdEdit_Click(); }
 
 void frmTonalith::BringToFront() {
-  raise();
-  activateWindow();
+  if (isVisible()) controls::BringToFront(*this);
 }
 
 void frmTonalith::cmdInstall_Click() {

@@ -8,7 +8,7 @@
 namespace tonalith::controls {
 
 void BringToFront(QWidget& window) {
-  if (window.isMinimized()) window.showNormal();
+  window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
   window.show();
   window.raise();
   window.activateWindow();

@@ -15,6 +15,7 @@
 
 #include "controls/plain_label.h"
 #include "controls/theme.h"
+#include "controls/window_front.h"
 #include "core/deferred_failure.h"
 #include "print/print_picture_to_size.h"
 
@@ -230,8 +231,7 @@ void frmPrint::ShowModal() {
 }
 
 void frmPrint::BringToFront() {
-  raise();
-  activateWindow();
+  if (isVisible()) controls::BringToFront(*this);
 }
 
 }  // namespace tonalith::print

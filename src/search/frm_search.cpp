@@ -18,6 +18,7 @@
 #include "controls/field_panel.h"
 #include "controls/plain_label.h"
 #include "controls/theme.h"
+#include "controls/window_front.h"
 #include "core/deferred_failure.h"
 
 namespace tonalith::search {
@@ -171,8 +172,7 @@ void frmSearch::ShowModal() {
 }
 
 void frmSearch::BringToFront() {
-  raise();
-  activateWindow();
+  if (isVisible()) controls::BringToFront(*this);
 }
 
 std::string frmSearch::SearchText() const { return txtSearch_->text().toStdString(); }

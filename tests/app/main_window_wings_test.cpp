@@ -60,6 +60,17 @@ TEST_F(Wings, EditorOpensOnceAndClosesWithTheMainWindow) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
+TEST_F(Wings, ClosedEditorLeavesTheMainWindowInSight) {
+  MakeDatabase({{"Major", "2212221"}});
+  StartInFolder();
+  Window().cmdEdit_Click();
+  ASSERT_THAT(Editors(), SizeIs(1));
+  Window().showMinimized();
+  ASSERT_TRUE(Window().isMinimized());
+  Editors().first()->close();
+  EXPECT_FALSE(Window().isMinimized());
+}
+
 TEST_F(Wings, EditorStaysWhenOnlyAnotherWindowComesToTheFront) {
   MakeDatabase({{"Major", "2212221"}});
   StartInFolder();

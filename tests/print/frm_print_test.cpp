@@ -235,6 +235,19 @@ TEST_F(FrmPrintTest, SecondRequestWhileItAsksIsNotTaken) {
   EXPECT_EQ(prints_, 1);
 }
 
+TEST_F(FrmPrintTest, BroughtToTheFrontItComesOutOfItsIcon) {
+  Show();
+  form_->BringToFront();
+  EXPECT_FALSE(form_->isMinimized());
+  form_->showMinimized();
+  ASSERT_TRUE(form_->isMinimized());
+  form_->BringToFront();
+  EXPECT_FALSE(form_->isMinimized());
+  form_->close();
+  form_->BringToFront();
+  EXPECT_FALSE(form_->isVisible());
+}
+
 TEST_F(FrmPrintTest, IsReachedByKeysFromEndToEnd) {
   Show();
   QStringList order;

@@ -216,6 +216,14 @@ TEST_F(FrmSearchTest, BroughtToTheFrontItIsRaisedAndTakesTheKeyboard) {
   EXPECT_TRUE(Text()->hasFocus());
 }
 
+TEST_F(FrmSearchTest, BroughtToTheFrontItComesOutOfItsIcon) {
+  Show();
+  form_->showMinimized();
+  ASSERT_TRUE(form_->isMinimized());
+  form_->BringToFront();
+  EXPECT_FALSE(form_->isMinimized());
+}
+
 TEST_F(FrmSearchTest, TabWalksFromTheTextOverSearchToCancel) {
   Show();
   QTest::keyClick(Text(), Qt::Key_Tab);
