@@ -28,8 +28,9 @@ TonalithCheckFormat() {
 TonalithCheckTidy() {
   local sources commands=build/ci/commands
   mkdir -p -- "$commands"
-  # Without the headers that are compiled beforehand: they are the first compiler's, and each source has to name its own.
-  sed 's| -Winvalid-pch -include [^ ]*||' build/dev/compile_commands.json >"$commands/compile_commands.json"
+  # Without what only the first compiler knows: its memory, and its headers compiled beforehand, for each source has to
+  # name its own.
+  sed 's| -Winvalid-pch -include [^ ]*||; s| --param [^ ]*||' build/dev/compile_commands.json >"$commands/compile_commands.json"
   sources=$(sed -n "s|^ *\"file\": \"$root/\(.*\)\",\{0,1\}$|\1|p" "$commands/compile_commands.json" |
     grep -v -e '^build/' -e '^tests/' | sort -u)
   printf '%d files\n' "$(wc -l <<<"$sources")"
@@ -50,27 +51,32 @@ TonalithCheckThreads() {
   ctest --preset threads
 }
 
-# Each program under build/fuzz/fuzz runs for TONALITH_FUZZ_SECONDS (12) over its seeds, fuzz/<subject>_seeds; what it
-# finds stays in build/fuzz.
+# TonalithFuzz PROGRAM: TONALITH_FUZZ_SECONDS (12) over its seeds, fuzz/<subject>_seeds; what it finds stays in
+# build/fuzz. Its words come in one piece when it has ended.
+TonalithFuzz() {
+  local subject=${1##*/tonalith_} seeds=() log code=0
+  subject=${subject%_fuzz}
+  log=build/fuzz/$subject.log
+  [[ ! -d fuzz/${subject}_seeds ]] || seeds=("fuzz/${subject}_seeds")
+  mkdir -p -- "build/fuzz/found/$subject"
+  "$1" -max_total_time="${TONALITH_FUZZ_SECONDS:-12}" -timeout=10 -rss_limit_mb=2048 -verbosity=0 \
+    -print_final_stats=1 -artifact_prefix="build/fuzz/$subject-" "build/fuzz/found/$subject" "${seeds[@]}" \
+    >"$log" 2>&1 || code=1
+  printf '%s\n%s\n' "$subject" "$(<"$log")"
+  return "$code"
+}
+
+# Each program under build/fuzz/fuzz, as many at a time as there are processors.
 TonalithCheckFuzz() {
-  local program subject seeds count=0
+  local programs
   TonalithBuild fuzz fuzz/all
-  for program in build/fuzz/fuzz/tonalith_*_fuzz; do
-    [[ -x $program && -f $program ]] || continue
-    subject=${program##*/tonalith_}
-    subject=${subject%_fuzz}
-    seeds=()
-    [[ ! -d fuzz/${subject}_seeds ]] || seeds=("fuzz/${subject}_seeds")
-    mkdir -p -- "build/fuzz/found/$subject"
-    printf '%s\n' "$subject"
-    "$program" -max_total_time="${TONALITH_FUZZ_SECONDS:-12}" -timeout=10 -rss_limit_mb=2048 -verbosity=0 \
-      -print_final_stats=1 -artifact_prefix="build/fuzz/$subject-" "build/fuzz/found/$subject" "${seeds[@]}"
-    count=$((count + 1))
-  done
-  [[ $count -gt 0 ]] || {
+  programs=$(find build/fuzz/fuzz -maxdepth 1 -type f -executable -name 'tonalith_*_fuzz' | sort)
+  [[ -n $programs ]] || {
     printf 'There is a folder fuzz/, but no target was built.\n' >&2
     return 1
   }
+  export -f TonalithFuzz
+  xargs -P "$(nproc)" -n 1 bash -c 'TonalithFuzz "$0"' <<<"$programs"
 }
 
 # A slice of ./test --torture, always the same.
