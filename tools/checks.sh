@@ -30,7 +30,8 @@ TonalithCheckTidy() {
   mkdir -p -- "$commands"
   # Without what only the first compiler knows: its memory, and its headers compiled beforehand, for each source has to
   # name its own.
-  sed 's| -Winvalid-pch -include [^ ]*||; s| --param [^ ]*||' build/dev/compile_commands.json >"$commands/compile_commands.json"
+  sed -e 's| -Winvalid-pch -include [^ ]*||' -e 's| --param [^ ]*||' build/dev/compile_commands.json \
+    >"$commands/compile_commands.json"
   sources=$(sed -n "s|^ *\"file\": \"$root/\(.*\)\",\{0,1\}$|\1|p" "$commands/compile_commands.json" |
     grep -v -e '^build/' -e '^tests/' | sort -u)
   printf '%d files\n' "$(wc -l <<<"$sources")"
