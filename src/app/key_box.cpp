@@ -3,10 +3,12 @@
 
 #include "app/key_box.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
 
+#include "controls/drawing_surface_font.h"
 #include "controls/panel_painting.h"
 #include "controls/theme.h"
 
@@ -25,6 +27,8 @@ bool MovesTheRecord(const QKeyEvent& event) {
 KeyBox::KeyBox(const QString& name, QWidget* parent) : QComboBox(parent) {
   setObjectName(name);
   setEditable(true);
+  // Of the text alone: a font for all of the box makes Qt build the list, which may never be opened.
+  lineEdit()->setFont(controls::BoldFont(font(), 14));
   setInsertPolicy(QComboBox::NoInsert);
   setMaxVisibleItems(12);
   // Completion would put another text in the place of the one that is being typed.
@@ -33,10 +37,6 @@ KeyBox::KeyBox(const QString& name, QWidget* parent) : QComboBox(parent) {
   lineEdit()->setFrame(false);
   lineEdit()->setMaxLength(40);
   lineEdit()->setTextMargins(6, 0, 0, 0);
-  QFont keyFont = font();
-  keyFont.setPixelSize(14);
-  keyFont.setWeight(QFont::Bold);
-  setFont(keyFont);
   installEventFilter(this);
   connect(this, &QComboBox::activated, this, [this] { Q_EMIT Clicked(); });
 }
@@ -64,6 +64,11 @@ bool KeyBox::eventFilter(QObject* watched, QEvent* event) {
     TakeKeyRelease();
   }
   return QComboBox::eventFilter(watched, event);
+}
+
+void KeyBox::showPopup() {
+  view()->setFont(lineEdit()->font());
+  QComboBox::showPopup();
 }
 
 void KeyBox::paintEvent(QPaintEvent* /*event*/) {

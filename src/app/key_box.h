@@ -23,6 +23,8 @@ class KeyBox : public QComboBox {
   /// Selects an item as a click on it does.
   void Choose(int index);
 
+  void showPopup() override;
+
  Q_SIGNALS:
   void Clicked();
   void KeyReleased();

@@ -50,7 +50,7 @@ void MakeScaleLabels(MainControls& c, QWidget* client) {
   Describe(c.Label1, frmTonalith::tr("The name of the scale"));
   c.lblScaleType = MakeLabel("lblScaleType", QRect(40, 64, 664, 20), {14, 11}, QFont::Bold, client);
   Describe(c.lblScaleType, frmTonalith::tr("The type of scale"));
-  c.lblScaleDescription = MakeLabel("lblScaleDescription", QRect(40, 90, 664, 50), {13, 10}, QFont::Normal, client);
+  c.lblScaleDescription = MakeLabel("lblScaleDescription", QRect(40, 90, 664, 50), {12, 10}, QFont::Normal, client);
   Describe(c.lblScaleDescription, frmTonalith::tr("The scale description"));
 }
 

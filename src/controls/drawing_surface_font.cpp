@@ -53,6 +53,13 @@ QFont ToQFont(const SurfaceFont& font) {
   return result;
 }
 
+QFont BoldFont(QFont font, int pixels) {
+  font.setHintingPreference(QFont::PreferNoHinting);
+  font.setWeight(QFont::Bold);
+  font.setPixelSize(pixels);
+  return font;
+}
+
 TextCell CellOf(const SurfaceFont& font) {
   const double em = EmPixels(font.size);
   if (IsMusicFont(font)) return MusicFont::Shared().Cell(em);

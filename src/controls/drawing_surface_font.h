@@ -53,6 +53,10 @@ void SetFontNameOrDefault(DrawingSurface& surface, const std::string& fontName);
 /// The font that stands for a surface font, unhinted, so that its widths are the same at every resolution.
 QFont ToQFont(const SurfaceFont& font);
 
+/// `font` in bold, unhinted as well: bold texts of one size share one font with the names on the discs, which is looked
+/// up and read once.
+QFont BoldFont(QFont font, int pixels);
+
 TextCell CellOf(const SurfaceFont& font);
 double WidthOf(const SurfaceFont& font, std::string_view text);
 

@@ -4,10 +4,10 @@
 #include "controls/fitting_label.h"
 
 #include <QPainter>
-#include <QTextLayout>
 #include <algorithm>
 
 #include "controls/colours.h"
+#include "controls/drawing_surface_font.h"
 
 namespace tonalith::controls {
 namespace {
@@ -37,6 +37,7 @@ int FittingLabel::FittedPixelSize() const { return FitNow().pixels; }
 bool FittingLabel::IsElided() const { return !FitNow().fits; }
 
 QFont FittingLabel::FontOf(int pixels) const {
+  if (weight_ == QFont::Bold) return BoldFont(font(), pixels);
   QFont sized = font();
   sized.setPixelSize(pixels);
   sized.setWeight(weight_);
@@ -65,14 +66,10 @@ bool FittingLabel::LayOut(QTextLayout& layout, int pixels) const {
 
 const FittingLabel::Fit& FittingLabel::FitNow() const {
   if (fit_.text == text() && fit_.width == width() && fit_.height == height()) return fit_;
-  fit_ = {text(), width(), height(), sizes_.smallestPixels, false};
-  for (int pixels = sizes_.largestPixels; pixels >= sizes_.smallestPixels; --pixels) {
-    QTextLayout layout;
-    if (LayOut(layout, pixels)) {
-      fit_.pixels = pixels;
-      fit_.fits = true;
-      break;
-    }
+  fit_ = {text(), width(), height(), sizes_.largestPixels + 1, false, nullptr};
+  while (!fit_.fits && fit_.pixels > sizes_.smallestPixels) {
+    fit_.layout = std::make_unique<QTextLayout>();
+    fit_.fits = LayOut(*fit_.layout, --fit_.pixels);
   }
   return fit_;
 }
@@ -92,9 +89,7 @@ void FittingLabel::PaintChip(QPainter& painter) const {
   painter.translate(kChipMargin, 0);
 }
 
-void FittingLabel::PaintElided(QPainter& painter) const {
-  QTextLayout layout;
-  LayOut(layout, sizes_.smallestPixels);
+void FittingLabel::PaintElided(QPainter& painter, const QTextLayout& layout) const {
   const QFontMetricsF metrics(layout.font());
   int shown = 0;
   while (shown < layout.lineCount() && layout.lineAt(shown).rect().bottom() <= height()) ++shown;
@@ -117,13 +112,11 @@ void FittingLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   if (NeedsChip()) PaintChip(painter);
   painter.setPen(ink_.isValid() ? ink_ : palette().color(QPalette::WindowText));
-  if (!fit.fits) {
-    PaintElided(painter);
-    return;
+  if (fit.fits) {
+    fit.layout->draw(&painter, QPointF(0, 0));
+  } else {
+    PaintElided(painter, *fit.layout);
   }
-  QTextLayout layout;
-  LayOut(layout, fit.pixels);
-  layout.draw(&painter, QPointF(0, 0));
 }
 
 }  // namespace tonalith::controls

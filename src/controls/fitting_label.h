@@ -10,6 +10,8 @@
 #include <QColor>
 #include <QFont>
 #include <QLabel>
+#include <QTextLayout>
+#include <memory>
 
 class QTextLayout;
 
@@ -51,6 +53,8 @@ class FittingLabel : public QLabel {
     int height = -1;
     int pixels = 0;
     bool fits = true;
+    /// The text as it is painted; of one that does not fit, all that there was room for.
+    std::unique_ptr<QTextLayout> layout;
   };
 
   [[nodiscard]] QFont FontOf(int pixels) const;
@@ -59,7 +63,7 @@ class FittingLabel : public QLabel {
   [[nodiscard]] const Fit& FitNow() const;
   [[nodiscard]] bool NeedsChip() const;
   void PaintChip(QPainter& painter) const;
-  void PaintElided(QPainter& painter) const;
+  void PaintElided(QPainter& painter, const QTextLayout& layout) const;
 
   Sizes sizes_;
   QFont::Weight weight_;

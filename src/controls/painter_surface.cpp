@@ -51,7 +51,7 @@ void FillSnapped(QPainter& painter, const QRectF& pixels, const QBrush& brush) {
   const QTransform fromDevice = toDevice.inverted();
   // Whole dots have no edges to be smoothed, but Qt would take the long way to find that out.
   const bool isSmooth = painter.testRenderHint(QPainter::Antialiasing);
-  painter.setRenderHint(QPainter::Antialiasing, false);
+  if (isSmooth) painter.setRenderHint(QPainter::Antialiasing, false);
   // Higher than this, Qt starts threads to blend the rows, which costs more than the blending.
   constexpr int kDotsAtOnce = 64;
   const int dots = qRound(down.length);
@@ -59,7 +59,7 @@ void FillSnapped(QPainter& painter, const QRectF& pixels, const QBrush& brush) {
     const QRectF slab(across.from, down.from + done, across.length, std::min(kDotsAtOnce, dots - done));
     painter.fillRect(fromDevice.mapRect(slab), brush);
   }
-  painter.setRenderHint(QPainter::Antialiasing, isSmooth);
+  if (isSmooth) painter.setRenderHint(QPainter::Antialiasing);
 }
 
 void PainterSurface::DoCls() {

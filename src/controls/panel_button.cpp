@@ -8,6 +8,7 @@
 #include <QStyleOptionButton>
 
 #include "controls/colours.h"
+#include "controls/drawing_surface_font.h"
 #include "controls/panel_painting.h"
 #include "controls/theme.h"
 
@@ -53,8 +54,7 @@ QFont PanelButton::FittedFont() const {
   int pixels = fontInfo().pixelSize();
   if (kind_ == Kind::kMainAction && isEnabled()) {
     pixels = qMax(14, pixels);
-    fitted.setPixelSize(pixels);
-    fitted.setBold(true);
+    fitted = BoldFont(fitted, pixels);
   }
   const int room = width() - kCaptionMargins;
   while (pixels > kSmallestPixels && QFontMetrics(fitted).size(Qt::TextShowMnemonic, text()).width() > room) {

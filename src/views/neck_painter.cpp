@@ -229,9 +229,14 @@ void PaintNeck(QPainter& painter, const NeckGeometry& neck, NeckLook look) {
     painter.restore();
     return;
   }
+  // All of the wood and the wires is whole dots.
+  painter.setRenderHint(QPainter::Antialiasing, false);
   PaintWood(painter, neck.wood);
+  painter.setRenderHint(QPainter::Antialiasing);
   for (const QPointF& inlay : neck.inlays) PaintInlay(painter, inlay);
+  painter.setRenderHint(QPainter::Antialiasing, false);
   for (const double fret : neck.frets) PaintFret(painter, fret, neck.wood);
+  painter.setRenderHint(QPainter::Antialiasing);
   PaintNut(painter, neck.nut);
   for (std::size_t index = 0; index < neck.strings.size(); ++index) {
     PaintString(painter, index, neck.strings[index], neck);
