@@ -25,7 +25,8 @@ class Studio {
     std::filesystem::create_directories(folder_);
     path_ = folder_ + "/out.wav";
     const std::string settings = folder_ + ".conf";
-    std::ofstream(settings) << "[general]\nsample-type = float32\ndither = false\n[wave]\nfile = " << path_ << "\n";
+    std::ofstream(settings) << "[general]\nfrequency = 44100\nsample-type = float32\ndither = false\n[wave]\nfile = "
+                            << path_ << "\n";
     ::setenv("ALSOFT_DRIVERS", "wave", 1);
     ::setenv("ALSOFT_CONF", settings.c_str(), 1);
   }

@@ -31,10 +31,19 @@ StereoSound Decode(const testing::Format& format, const Bytes& bytes) {
   return DecodeSound(LayoutOf(FormatOf(format)).value(), bytes);
 }
 
-std::vector<std::int16_t> Shorts(const StereoSound& sound) {
-  return std::get<std::vector<std::int16_t>>(sound.samples);
+/// The sound alone; that silence stands behind it is seen to here.
+template <class Sample>
+std::vector<Sample> SamplesOf(const StereoSound& sound) {
+  std::vector<Sample> samples = std::get<std::vector<Sample>>(sound.samples);
+  EXPECT_EQ(samples.size(), 2 * sound.Frames() + 2);
+  for (int side = 0; side < 2 && !samples.empty(); ++side) {
+    EXPECT_EQ(samples.back(), 0);
+    samples.pop_back();
+  }
+  return samples;
 }
-std::vector<float> Floats(const StereoSound& sound) { return std::get<std::vector<float>>(sound.samples); }
+std::vector<std::int16_t> Shorts(const StereoSound& sound) { return SamplesOf<std::int16_t>(sound); }
+std::vector<float> Floats(const StereoSound& sound) { return SamplesOf<float>(sound); }
 
 TEST(SoundLayout, TakesEveryPlainFormat) {
   for (const std::uint16_t channels : std::initializer_list<std::uint16_t>{1, 2}) {

@@ -97,7 +97,7 @@ std::optional<OpenAlVoice> OpenAlDevice::Play(const StereoSound& sound) {
 
 std::optional<OpenAlVoice> OpenAlDevice::MakeVoice(const StereoSound& sound) const {
   const BufferView view = ViewOf(sound);
-  if (view.size == 0 || !FitsInto(view.size)) return std::nullopt;
+  if (sound.Frames() == 0 || !FitsInto(view.size)) return std::nullopt;
   Al().alGetError();
   OpenAlVoice voice;
   Al().alGenBuffers(1, &voice.buffer);

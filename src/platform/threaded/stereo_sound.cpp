@@ -76,7 +76,7 @@ std::vector<Sample> Interleave(const SoundLayout& layout, std::span<const std::b
   const std::size_t frameSize = sampleSize * layout.channels;
   const std::size_t frames = bytes.size() / frameSize;
   const std::size_t toRight = layout.channels == 2 ? sampleSize : 0;
-  std::vector<Sample> samples(frames * 2);
+  std::vector<Sample> samples((frames + 1) * 2);
   for (std::size_t frame = 0; frame < frames; ++frame) {
     const std::byte* at = bytes.data() + frame * frameSize;
     samples[2 * frame] = convert(layout.kind, at);
@@ -97,7 +97,7 @@ std::optional<SoundLayout> LayoutOf(const WaveFormat& format) {
 }
 
 std::size_t StereoSound::Frames() const {
-  return std::visit([](const auto& all) { return all.size() / 2; }, samples);
+  return std::visit([](const auto& all) { return all.size() / 2 - 1; }, samples);
 }
 
 std::chrono::nanoseconds StereoSound::Duration() const {

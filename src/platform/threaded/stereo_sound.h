@@ -34,9 +34,11 @@ std::optional<SoundLayout> LayoutOf(const WaveFormat& format);
 
 struct StereoSound {
   std::uint32_t rate = 44100;
-  /// Left, right, left, ...; full scale is -32,768 to 32,767 or -1 to 1.
-  std::variant<std::vector<std::int16_t>, std::vector<float>> samples;
+  /// Left, right, left, ...; full scale is -32,768 to 32,767 or -1 to 1. Behind the last frame stands one of silence: a
+  /// device may go on with what it took last until the period that it mixes is over, which would click.
+  std::variant<std::vector<std::int16_t>, std::vector<float>> samples = std::vector<std::int16_t>(2);
 
+  /// Those of the sound, without the silence.
   [[nodiscard]] std::size_t Frames() const;
   [[nodiscard]] std::chrono::nanoseconds Duration() const;
 };
