@@ -17,10 +17,13 @@ constexpr qreal kCornerRadius = 6;
 
 void PaintPanel(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& outline, bool focusRing) {
   painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  // One shape on the other: Qt takes far longer to work out the line around a shape.
+  painter.setBrush(focusRing ? QColor(kAccent) : outline);
+  painter.drawRoundedRect(rect, kCornerRadius, kCornerRadius);
+  const qreal line = focusRing ? 2.0 : 1.0;
   painter.setBrush(fill);
-  painter.setPen(QPen(focusRing ? QColor(kAccent) : outline, focusRing ? 2.0 : 1.0));
-  const qreal inset = focusRing ? 1.0 : 0.5;
-  painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), kCornerRadius, kCornerRadius);
+  painter.drawRoundedRect(rect.adjusted(line, line, -line, -line), kCornerRadius - line, kCornerRadius - line);
 }
 
 void PaintDropArrow(QPainter& painter, const QRectF& box, const QPalette& palette) {

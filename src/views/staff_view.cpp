@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "controls/painter_surface.h"
+#include "controls/panel_painting.h"
 #include "views/accessible_views.h"
 #include "views/score_handler.h"
 #include "views/staff_layout.h"
@@ -14,7 +15,6 @@
 namespace tonalith::views {
 namespace {
 
-constexpr double kCardRadius = 8;
 /// What stays free between the card's edge and a drawing that had to be made smaller.
 constexpr double kCardMargin = 8;
 /// How far the staff lines run on behind the last note of a scale that is longer than they are.
@@ -94,10 +94,7 @@ std::shared_ptr<const controls::SurfacePicture> StaffView::Picture() const {
 
 void StaffView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor(controls::kStaffPaperRim), 1));
-  painter.setBrush(QColor(controls::kStaffPaper));
-  painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCardRadius, kCardRadius);
+  controls::PaintPanel(painter, rect(), QColor(controls::kStaffPaper), QColor(controls::kStaffPaperRim), false);
   painter.translate(-DesignRect().topLeft());
   PaintStaff(painter, drawing_);
 }
