@@ -153,7 +153,9 @@ def folder_case(fault):
         use.add_scale(session, "Campfire minor")
         use.install(session)
         if fault in ("loop", "locked"):
-            require(session.told("The folder '" + os.path.join(stage, "DataPacks")), f"of the packs: {session.said}")
+            # With no pack to wait for, the installation may not even have begun.
+            packs = "The folder '" + os.path.join(stage, "DataPacks")
+            session.until(lambda: session.told(packs), "a word about the packs")
         require(use.open_help(session), f"no help: {session.said}")
         session.close()
         for path, before in damaged:
