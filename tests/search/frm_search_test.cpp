@@ -217,7 +217,9 @@ TEST_F(FrmSearchTest, BroughtToTheFrontItIsRaisedAndTakesTheKeyboard) {
 }
 
 TEST_F(FrmSearchTest, BroughtToTheFrontItComesOutOfItsIcon) {
+  EXPECT_FALSE(form_->IsShown());
   Show();
+  EXPECT_TRUE(form_->IsShown());
   form_->showMinimized();
   ASSERT_TRUE(form_->isMinimized());
   form_->BringToFront();
