@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
@@ -32,6 +33,15 @@ TEST_F(KeyBoxTest, TypingAnExactNoteNameSelectsItsItem) {
   EXPECT_EQ(box_.currentText().toStdString(), "F#");
   EXPECT_EQ(box_.currentIndex(), 6);
   EXPECT_EQ(box_.ListIndex(), 6);
+}
+
+TEST_F(KeyBoxTest, TheListIsWrittenLikeTheBox) {
+  box_.show();
+  box_.showPopup();
+  EXPECT_EQ(box_.view()->font().pixelSize(), 14);
+  EXPECT_TRUE(box_.view()->font().bold());
+  EXPECT_EQ(box_.lineEdit()->font().pixelSize(), 14);
+  box_.hidePopup();
 }
 
 TEST_F(KeyBoxTest, AnyOtherTextStaysAndReadsAsC) {
