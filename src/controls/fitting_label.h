@@ -13,8 +13,6 @@
 #include <QTextLayout>
 #include <memory>
 
-class QTextLayout;
-
 namespace tonalith::controls {
 
 /// The text as a layout takes it: its line ends, of whatever kind, made separators of lines.

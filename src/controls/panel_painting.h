@@ -14,7 +14,7 @@ class QPainter;
 
 namespace tonalith::controls {
 
-/// A rounded panel, in pixels, with a focus ring in place of the outline where asked for.
+/// A rounded panel, in pixels, with a focus ring in place of the outline where asked for. The fill hides what is below.
 void PaintPanel(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& outline, bool focusRing);
 
 /// The sign at the right end of a box that opens a list.
