@@ -86,8 +86,8 @@ void frmAbout::MakeControls(const QString& appFolder) {
   txtNotices_->setTabChangesFocus(true);
   txtNotices_->setReadOnly(true);
   txtNotices_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  txtNotices_->setAccessibleName(tr("Notices of what Tonalith is built on"));
-  lblNotices_ = MakePlainLabel(QStringLiteral("lblNotices"), tr("&Notices of what Tonalith is built on:"), this);
+  txtNotices_->setAccessibleName(tr("Third-party notices"));
+  lblNotices_ = MakePlainLabel(QStringLiteral("lblNotices"), tr("Third-party &notices:"), this);
   lblNotices_->setBuddy(txtNotices_);
   cmdClose_ = new PanelButton(QStringLiteral("cmdClose"), tr("&Close"), PanelButton::Kind::kOrdinary, this);
   cmdClose_->setDefault(true);

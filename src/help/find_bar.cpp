@@ -26,8 +26,8 @@ FindBar::FindBar(HelpBrowser* page, QWidget* parent) : QWidget(parent), page_(pa
   text_->setMaximumWidth(320);
   text_->installEventFilter(this);
   caption->setBuddy(text_);
-  previous_ = new HelpButton(HelpButton::Sign::kUp, tr("Previous place"), QKeySequence(Qt::SHIFT | Qt::Key_F3), this);
-  next_ = new HelpButton(HelpButton::Sign::kDown, tr("Next place"), QKeySequence(Qt::Key_F3), this);
+  previous_ = new HelpButton(HelpButton::Sign::kUp, tr("Previous match"), QKeySequence(Qt::SHIFT | Qt::Key_F3), this);
+  next_ = new HelpButton(HelpButton::Sign::kDown, tr("Next match"), QKeySequence(Qt::Key_F3), this);
   places_ = new QLabel(this);
   places_->setObjectName(QStringLiteral("lblPlaces"));
   auto* const close =

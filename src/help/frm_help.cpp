@@ -81,13 +81,13 @@ void frmHelp::MakeBar() {
   forward_ = add(Sign::kForward, "cmdForward", tr("Forward"), Qt::ALT | Qt::Key_Right);
   HelpButton* const home = add(Sign::kHome, "cmdHome", tr("First page of the help"), Qt::ALT | Qt::Key_Home);
   row->addStretch(1);
-  HelpButton* const smaller = add(Sign::kSmaller, "cmdSmaller", tr("Smaller letters"), QKeySequence::ZoomOut);
+  HelpButton* const smaller = add(Sign::kSmaller, "cmdSmaller", tr("Smaller text"), QKeySequence::ZoomOut);
   zoom_ = new QLabel(bar_);
   zoom_->setObjectName(QStringLiteral("lblZoom"));
   zoom_->setAlignment(Qt::AlignCenter);
   zoom_->setMinimumWidth(zoom_->fontMetrics().horizontalAdvance(QStringLiteral("0000 %")));
   row->addWidget(zoom_);
-  HelpButton* const larger = add(Sign::kLarger, "cmdLarger", tr("Larger letters"), QKeySequence::ZoomIn);
+  HelpButton* const larger = add(Sign::kLarger, "cmdLarger", tr("Larger text"), QKeySequence::ZoomIn);
   row->addSpacing(10);
   HelpButton* const findButton = add(Sign::kFind, "cmdFind", tr("Find in this page"), QKeySequence::Find);
   connect(back_, &QAbstractButton::clicked, this, &frmHelp::GoBack);

@@ -356,9 +356,9 @@ class Help(Wings):
         self.hands.write("wildcards list")
         session.click(session.find(window, "list item", "Wildcards"))
         session.wait_for_text(page, "Wildcards")
-        session.click_button(window, "Larger letters")
+        session.click_button(window, "Larger text")
         session.find(window, "label", "110 %")
-        session.click_button(window, "Smaller letters")
+        session.click_button(window, "Smaller text")
         session.find(window, "label", "100 %")
         # The close box is the window manager's.
         with open_screen() as screen:
