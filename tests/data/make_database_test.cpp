@@ -24,9 +24,9 @@ constexpr const char* kTypes =
     "1\t10\tCommon scales\n"
     "2\t20\tTriads\n";
 constexpr const char* kScaleColumns =
-    "ScaleID\tScaleName\tScaleTypeID\tStartNote\tScaleIntervals\tChord\tSort\tSource\tScaleDescription\n";
-constexpr const char* kMajor = "1\tMajor\t1\tC\t2212221\tno\t1\ta book\tBright, \"plain\" and it's settled.\n";
-constexpr const char* kTriad = "2\tMajor triad\t2\tC\t435\tyes\t1\tanother book\tÜberall.\n";
+    "ScaleName\tScaleTypeID\tStartNote\tScaleIntervals\tChord\tSource\tScaleDescription\n";
+constexpr const char* kMajor = "Major\t1\tC\t2212221\tno\ta book\tBright, \"plain\" and it's settled.\n";
+constexpr const char* kTriad = "Major triad\t2\tC\t435\tyes\tanother book\tÜberall.\n";
 
 // A content folder whose tables a test may spoil.
 class MakeDatabaseTest : public testing::Test {
@@ -64,6 +64,15 @@ TEST_F(MakeDatabaseTest, ReadsRowsWithTheirLineAndSource) {
   EXPECT_TRUE(tables.scales[1].isChord);
 }
 
+TEST_F(MakeDatabaseTest, NumbersTheRowsInTheirOrder) {
+  Scales(std::string(kScaleColumns) + kMajor + "Other\t2\tC\t66\tno\ts\td\nMinor\t1\tC\t2122122\tno\ts\td\n");
+  std::string numbers;
+  for (const ScaleRow& row : ReadScaleTables(folder_.Path() / "scales").scales) {
+    numbers += row.scaleName + " " + std::to_string(row.scaleId) + "." + std::to_string(row.sort) + "; ";
+  }
+  EXPECT_EQ(numbers, "Major 1.1; Other 2.1; Minor 3.2; Major triad 4.2; ");
+}
+
 TEST_F(MakeDatabaseTest, MakesADatabaseThatTheProgramReads) {
   Make();
   auto connection = std::make_shared<data::Connection>();
@@ -96,14 +105,14 @@ TEST_F(MakeDatabaseTest, LeavesTheOlderFileWhenATableIsRefused) {
 TEST_F(MakeDatabaseTest, NamesTheLineThatIsNotWellFormed) {
   const std::string columns = kScaleColumns;
   Scales(columns + kMajor + "\n");
-  EXPECT_EQ(Refusal(), "scales.tsv:3: the line has 1 columns instead of 9");
-  Scales(columns + "x\tA\t1\tC\t66\tno\t1\ts\td\n");
+  EXPECT_EQ(Refusal(), "scales.tsv:3: the line has 1 columns instead of 7");
+  Scales(columns + "A\tx\tC\t66\tno\ts\td\n");
   EXPECT_EQ(Refusal(), "scales.tsv:2: 'x' is not a whole number");
-  Scales(columns + "3\tA\t1\tC\t66\tNo\t1\ts\td\n");
+  Scales(columns + "A\t1\tC\t66\tNo\ts\td\n");
   EXPECT_EQ(Refusal(), "scales.tsv:2: 'No' is neither yes nor no");
-  Scales(columns + "3\tA\t1\tC\t66\tno\t1\ts\td\r\n");
+  Scales(columns + "A\t1\tC\t66\tno\ts\td\r\n");
   EXPECT_EQ(Refusal(), "scales.tsv:2: the line holds a control character");
-  Scales(columns + "3\tA\xC0\x80\t1\tC\t66\tno\t1\ts\td\n");
+  Scales(columns + "A\xC0\x80\t1\tC\t66\tno\ts\td\n");
   EXPECT_EQ(Refusal(), "scales.tsv:2: the line is not UTF-8");
   Scales("ScaleName\tScaleID\n");
   EXPECT_EQ(Refusal(), "scales.tsv:1: these are not the table's columns");
@@ -115,13 +124,11 @@ TEST_F(MakeDatabaseTest, NamesTheLineThatIsNotWellFormed) {
 
 TEST_F(MakeDatabaseTest, NamesTheLineThatBreaksARuleOfTheDatabase) {
   const std::string columns = kScaleColumns;
-  Scales(columns + kMajor + "3\tmajor\t1\tC\t66\tno\t1\ts\td\n");
+  Scales(columns + kMajor + "major\t1\tC\t66\tno\ts\td\n");
   EXPECT_EQ(Refusal(), "scales.tsv:3: There is a scale of this name already.");
-  Scales(columns + kMajor + "1\tA\t1\tC\t66\tno\t1\ts\td\n");
-  EXPECT_EQ(Refusal(), "scales.tsv:3: There is a scale of this number already.");
-  Scales(columns + "3\tA\t7\tC\t66\tno\t1\ts\td\n");
+  Scales(columns + "A\t7\tC\t66\tno\ts\td\n");
   EXPECT_EQ(Refusal(), "scales.tsv:2: There is no scale type of this number.");
-  Scales(columns + "3\tA\t1\tC\t6x\tno\t1\ts\td\n");
+  Scales(columns + "A\t1\tC\t6x\tno\ts\td\n");
   EXPECT_EQ(Refusal(), "scales.tsv:2: The interval pattern may hold digits and blanks only.");
   Scales(columns + kMajor);
   Types(std::string(kTypes) + "2\t3\tAgain\n");

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <fstream>
 #include <initializer_list>
+#include <map>
 #include <string_view>
 
 #include "core/text.h"
@@ -87,12 +88,6 @@ bool YesOrNo(const TableRow& row, std::size_t column) {
   return text == "yes";
 }
 
-}  // namespace
-
-core::Failure TableFailure(const TablePlace& place, const std::string& words) {
-  return {core::failure_number::kInvalidProcedureCall, place.file + ":" + std::to_string(place.line) + ": " + words};
-}
-
 std::vector<ScaleTypeRow> ReadScaleTypes(const std::filesystem::path& file) {
   std::vector<ScaleTypeRow> types;
   for (const TableRow& row : ReadTable(file, {"ScaleTypeID", "ScaleTypeNo", "ScaleTypeName"})) {
@@ -103,17 +98,41 @@ std::vector<ScaleTypeRow> ReadScaleTypes(const std::filesystem::path& file) {
 
 std::vector<ScaleRow> ReadScales(const std::filesystem::path& file) {
   std::vector<ScaleRow> scales;
-  for (const TableRow& row : ReadTable(file, {"ScaleID", "ScaleName", "ScaleTypeID", "StartNote", "ScaleIntervals",
-                                              "Chord", "Sort", "Source", "ScaleDescription"})) {
-    scales.push_back({row.place, Number(row, 0), row.columns[1], Number(row, 2), row.columns[3], row.columns[4],
-                      YesOrNo(row, 5), Number(row, 6), row.columns[7], row.columns[8]});
+  for (const TableRow& row : ReadTable(
+           file, {"ScaleName", "ScaleTypeID", "StartNote", "ScaleIntervals", "Chord", "Source", "ScaleDescription"})) {
+    ScaleRow& scale = scales.emplace_back();
+    scale.place = row.place;
+    scale.scaleName = row.columns[0];
+    scale.scaleTypeId = Number(row, 1);
+    scale.startNote = row.columns[2];
+    scale.scaleIntervals = row.columns[3];
+    scale.isChord = YesOrNo(row, 4);
+    scale.source = row.columns[5];
+    scale.scaleDescription = row.columns[6];
   }
   return scales;
+}
+
+// Numbers the rows from their order, so that a new row needs no number of its own.
+void NumberRows(std::vector<ScaleRow>& scales) {
+  std::int64_t lastId = 0;
+  std::map<std::int64_t, std::int64_t> lastSort;
+  for (ScaleRow& scale : scales) {
+    scale.scaleId = ++lastId;
+    scale.sort = ++lastSort[scale.scaleTypeId];
+  }
+}
+
+}  // namespace
+
+core::Failure TableFailure(const TablePlace& place, const std::string& words) {
+  return {core::failure_number::kInvalidProcedureCall, place.file + ":" + std::to_string(place.line) + ": " + words};
 }
 
 ScaleTables ReadScaleTables(const std::filesystem::path& folder) {
   ScaleTables tables{ReadScaleTypes(folder / "types.tsv"), ReadScales(folder / "scales.tsv")};
   for (ScaleRow& chord : ReadScales(folder / "chords.tsv")) tables.scales.push_back(std::move(chord));
+  NumberRows(tables.scales);
   return tables;
 }
 

@@ -31,12 +31,14 @@ struct ScaleTypeRow {
 
 struct ScaleRow {
   TablePlace place;
+  /// Position among all rows of the folder, from 1. Not a column: it follows from the order of the rows.
   std::int64_t scaleId = 0;
   std::string scaleName;
   std::int64_t scaleTypeId = 0;
   std::string startNote;
   std::string scaleIntervals;
   bool isChord = false;
+  /// Position among the rows of the same type, from 1. Not a column either.
   std::int64_t sort = 0;
   /// Where the form comes from; kept in the table, not in the database.
   std::string source;
@@ -49,8 +51,6 @@ struct ScaleTables {
   std::vector<ScaleRow> scales;
 };
 
-std::vector<ScaleTypeRow> ReadScaleTypes(const std::filesystem::path& file);
-std::vector<ScaleRow> ReadScales(const std::filesystem::path& file);
 /// types.tsv, scales.tsv and chords.tsv of a folder: the library's own tables or those of a data pack.
 ScaleTables ReadScaleTables(const std::filesystem::path& folder);
 
