@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QFontDatabase>
-#include <QPainterPathStroker>
 #include <QRawFont>
 #include <QStandardPaths>
 #include <QTransform>
@@ -25,15 +24,13 @@ constexpr double kCellHeight = 200;
 constexpr double kBaseline = 50;
 constexpr double kStepLine = kBaseline + 0.5;
 constexpr double kHeadMiddle = 6.5;
-constexpr double kColumnStep = 18;
 
-// Sizes for a staff whose lines are 10 pixels apart. The sharp has only the room between two heads: it is condensed to
-// fit, and its strokes are made stronger so that they last.
+// Sizes for a staff whose lines are 10 pixels apart. Columns are 18 pixels apart at the least, so a head 11 pixels wide
+// leaves the sharp before the next head its 5 pixels and one pixel on either side.
 constexpr double kHeadHeight = 8.67;
-constexpr double kHeadWidth = 13.2;
-constexpr double kSharpHeight = 16.5;
-constexpr double kSharpWidth = 3.8;
-constexpr double kSharpWeight = 0.3;
+constexpr double kHeadWidth = 11;
+constexpr double kHeadLeft = kHeadMiddle - kHeadWidth / 2;
+constexpr double kSharpMiddle = kHeadLeft - 1 - 2.5;
 constexpr double kClefHeight = 67;
 constexpr double kClefWidth = 22.5;
 constexpr double kClefLeft = 1;
@@ -45,6 +42,7 @@ constexpr double kEuterpeBelowLine = (749.0 + 512.0) / (749.0 + 2169.0);
 constexpr double kUsualBelowLine = 0.39;
 
 /// One sign of the staff: its code in the music font, its character in any other font, and its shape where none has it.
+/// The sharp is always drawn here: condensed to five pixels, that of a font is no longer legible at scale 1.
 struct Sign {
   char code;
   char32_t character;
@@ -92,35 +90,6 @@ QPainterPath PlacedClef(const QPainterPath& clef, double belowLine) {
   return place.map(clef);
 }
 
-/// The area within the path's curves, each of which counts against those that run the other way round.
-double SignedArea(const QPainterPath& path) {
-  double twice = 0;
-  for (const QPolygonF& curve : path.toSubpathPolygons()) {
-    for (qsizetype i = 0; i < curve.size(); ++i) {
-      const QPointF& from = curve[i];
-      const QPointF& to = curve[(i + 1) % curve.size()];
-      twice += from.x() * to.y() - to.x() * from.y();
-    }
-  }
-  return twice / 2;
-}
-
-/// The sharp, condensed to its room around the middle (x, y).
-QPainterPath PlacedSharp(const QPainterPath& sharp, double x) {
-  const QRectF box = sharp.boundingRect();
-  const QPainterPath condensed = CentredOn(sharp, (kSharpWidth - kSharpWeight) / box.width(),
-                                           (kSharpHeight - kSharpWeight) / box.height(), x, kStepLine);
-  QPainterPathStroker pen;
-  pen.setWidth(kSharpWeight);
-  pen.setJoinStyle(Qt::MiterJoin);
-  const QPainterPath edge = pen.createStroke(condensed);
-  // Ink on ink is ink only where both run the same way round. Joining the shapes into one would take longer than
-  // reading the font.
-  QPainterPath both = SignedArea(condensed) * SignedArea(edge) < 0 ? condensed.toReversed() : condensed;
-  both.addPath(edge);
-  return both;
-}
-
 double BelowLineOf(const QRawFont& font) {
   const bool euterpe = font.familyName().compare(QLatin1String("Euterpe"), Qt::CaseInsensitive) == 0;
   return euterpe ? kEuterpeBelowLine : kUsualBelowLine;
@@ -162,14 +131,13 @@ MusicFont MusicFont::Placed(QString origin, const Outlines& signs, double belowL
   font.origin_ = std::move(origin);
   font.cell_ = {kCellHeight, kBaseline};
   const QRectF headBox = head.boundingRect();
-  const double headFactor = std::min(kHeadHeight / headBox.height(), kHeadWidth / headBox.width());
-  const QPainterPath placedHead = CentredOn(head, headFactor, headFactor, kHeadMiddle, kStepLine);
-  const double headEnd = kHeadMiddle + headFactor * headBox.width() / 2;
-  const double gap = kColumnStep - headFactor * headBox.width();
+  const QPainterPath placedHead =
+      CentredOn(head, kHeadWidth / headBox.width(), kHeadHeight / headBox.height(), kHeadMiddle, kStepLine);
+  const double headEnd = kHeadLeft + kHeadWidth;
   const QPainterPath placedClef = PlacedClef(clef, belowLine);
-  // The pen stands at the head's end when the sharp is printed.
+  // The pen is at the head's end when the sharp is printed, and stays there: the sharp goes back before the head.
   font.glyphs_ = {Glyph{placedClef, placedClef.boundingRect().right() + kClefLeft}, Glyph{placedHead, headEnd},
-                  Glyph{PlacedSharp(sharp, gap / 2), gap}};
+                  Glyph{sharp.translated(kSharpMiddle - headEnd, kStepLine), 0}};
   return font;
 }
 
@@ -177,8 +145,9 @@ std::optional<MusicFont> MusicFont::FromRaw(QString origin, const QRawFont& raw)
   if (!raw.isValid()) return std::nullopt;
   Outlines signs;
   for (std::size_t i = 0; i < signs.size(); ++i) {
-    signs[i] = GlyphOf(raw, kAllSigns[i].character);
-    if (signs[i].isEmpty()) return std::nullopt;
+    const Sign& sign = kAllSigns.at(i);
+    signs.at(i) = sign.code == kSharp ? sign.painted() : GlyphOf(raw, sign.character);
+    if (signs.at(i).isEmpty()) return std::nullopt;
   }
   return Placed(std::move(origin), signs, BelowLineOf(raw));
 }

@@ -2,8 +2,9 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // The music font of the staff. "Maestro" where the system has it; otherwise the treble clef, whole note and sharp of
-// another font stand under its codes 38, 119 and 73: Euterpe beside the program, Euterpe where the system keeps it, any
-// font that has the three characters, and at last shapes drawn here, so that a staff never shows empty boxes.
+// another source have its codes 38, 119 and 73: clef and note from Euterpe beside the program, from Euterpe where the
+// system keeps it, from any font that has both characters, and at last shapes drawn here, so that a staff never shows
+// empty boxes. The substitute's sharp is always drawn here.
 //
 // Where a substitute's glyphs go. The staff's arithmetic (all of it at 24 points, an em of 32 pixels) fixes the text
 // cell it presumes: a clef printed at y = 1550 twips has to curl round the line at 2300, so its step line lies 750
@@ -12,9 +13,10 @@
 // high with its step line 50 pixels below the top, and a text printed at (CurrentX, CurrentY) is placed so:
 //   - the step line runs through the middle of the pixel row CurrentY + 50;
 //   - the whole note's box is centred on the step line, and on x = CurrentX + 6.5, the middle of a ledger line, which
-//     runs from CurrentX - 3 to CurrentX + 16;
-//   - the sharp that follows it is centred on the step line and stands in the middle of the room that is left before
-//     the head of the next column, 18 pixels on;
+//     runs from CurrentX - 3 to CurrentX + 16; it is 11 pixels wide, from CurrentX + 1 to CurrentX + 12;
+//   - the sharp that follows it in the text has its ink before the head, from CurrentX - 5 to CurrentX, centred on the
+//     step line. The head of the column before, 18 pixels to the left, ends at CurrentX - 6, so one pixel is free on
+//     either side;
 //   - the clef's G line lies on the step line, and the clef begins one pixel behind CurrentX.
 // Other sizes scale all of this. Immutable after it is made; user-interface thread; a source that has not got the
 // glyphs gives way to the next one.
@@ -40,7 +42,7 @@ class MusicFont {
   static const MusicFont& Shared();
 
   /// From a font file, an installed family's music characters, the fonts of the system one after the other. Nothing if
-  /// the three characters are not there.
+  /// clef and whole note are not there.
   static std::optional<MusicFont> FromFile(const QString& fileName);
   static std::optional<MusicFont> FromFamily(const QString& family);
   static std::optional<MusicFont> FromAnyFamily();

@@ -57,10 +57,11 @@ QPainterPath WholeNote() {
 }
 
 QPainterPath Sharp() {
-  QPainterPath sharp = Bar(-2.8, 0.9, -1.8, 0.9, 12.5);
-  sharp.addPath(Bar(1.8, -0.9, 2.8, -0.9, 12.5));
-  sharp.addPath(Bar(-4, -3, 4, -5, 1.5));
-  sharp.addPath(Bar(-4, 5, 4, 3, 1.5));
+  // Stems and the rows of the bars are whole pixels at scale 1, so that they stay black.
+  QPainterPath sharp = Bar(-1.5, 1, -0.5, 1, 7);
+  sharp.addPath(Bar(0.5, -1, 1.5, -1, 7));
+  sharp.addPath(Bar(-2.5, -2.5, 2.5, -3.5, 1));
+  sharp.addPath(Bar(-2.5, 3.5, 2.5, 2.5, 1));
   sharp.setFillRule(Qt::WindingFill);
   return sharp;
 }

@@ -101,28 +101,52 @@ TEST_P(SubstituteMusicFont, CentresTheSharpOnTheStepLine) {
   EXPECT_GT(sharp.height(), 14);
 }
 
-TEST_P(SubstituteMusicFont, KeepsTheSharpClearOfItsOwnHeadAndOfTheNext) {
+TEST_P(SubstituteMusicFont, PutsTheSharpBeforeItsHeadWithAPixelFreeOnEitherSide) {
   const MusicFont font = GetParam().font();
   const QRectF head = font.Outline("w", kEm).boundingRect();
   const QRectF sharp = font.Outline("I", kEm).boundingRect().translated(font.Width("w", kEm), 0);
-  const double left = sharp.left() - head.right();
-  const double right = head.left() + 18 - sharp.right();
-  EXPECT_GT(left, 0.4);
-  EXPECT_GT(right, 0.4);
-  EXPECT_NEAR(left, right, 0.1);
-  // Painted, there is an empty column of dots on either side of the sharp.
-  const double fine = 4;
-  const QImage image = tests::Painted(60, 120, fine, [&](QPainter& painter) {
+  EXPECT_LE(head.width(), 11.01);
+  EXPECT_NEAR(sharp.width(), 5, 0.01);
+  EXPECT_NEAR(head.left() - sharp.right(), 1, 0.01);
+  EXPECT_NEAR(sharp.left() - (head.right() - 18), 1, 0.01) << "the head before is one column, 18 pixels, to the left";
+  EXPECT_DOUBLE_EQ(font.Width("wI", kEm), font.Width("w", kEm));
+}
+
+TEST_P(SubstituteMusicFont, LeavesEmptyDotsOnEitherSideOfTheSharp) {
+  const MusicFont font = GetParam().font();
+  const QImage image = tests::Painted(60, 120, Scale(), [&](QPainter& painter) {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(font.Outline("wI", kEm), Qt::black);
-    painter.fillPath(font.Outline("w", kEm).translated(18, 0), Qt::black);
+    painter.translate(10, 0);
+    painter.fillPath(font.Outline("w", kEm), Qt::black);
+    painter.fillPath(font.Outline("wI", kEm).translated(18, 0), Qt::black);
   });
   std::string columns;
   for (int x = 0; x < image.width(); ++x) {
     const bool ink = !tests::InkBox(image, QRect(x, 0, 1, image.height())).isNull();
     if (columns.empty() || columns.back() != (ink ? '#' : '.')) columns += ink ? '#' : '.';
   }
-  EXPECT_EQ(columns, "#.#.#.") << "head, sharp, next head";
+  EXPECT_EQ(columns, ".#.#.#.") << "head, sharp, its own head";
+}
+
+TEST_P(SubstituteMusicFont, DrawsASharpThatShowsTwoStemsAndTwoBars) {
+  const MusicFont font = GetParam().font();
+  const QImage image = tests::Painted(30, 120, Scale(), [&](QPainter& painter) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(10 + font.Width("w", kEm), 0);
+    painter.fillPath(font.Outline("I", kEm), Qt::black);
+  });
+  const QRect ink = tests::InkBox(image, image.rect());
+  const int middle = static_cast<int>(50.5 * Scale());
+  EXPECT_EQ(tests::InkRuns(image, middle, 0, image.width()), 2) << "the stems with a hole between them";
+  int bars = 0;
+  bool inBar = false;
+  for (int y = ink.top(); y <= ink.bottom(); ++y) {
+    const bool full = tests::InkRuns(image, y, 0, image.width()) == 1 &&
+                      tests::InkBox(image, QRect(0, y, image.width(), 1)).width() > 2.5 * Scale();
+    bars += full && !inBar ? 1 : 0;
+    inBar = full;
+  }
+  EXPECT_EQ(bars, 2);
 }
 
 TEST_P(SubstituteMusicFont, LeavesNoInkForOtherCodes) {

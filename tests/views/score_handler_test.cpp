@@ -47,7 +47,7 @@ TEST(ScoreHandler, WritesCMajorFromTheLedgerLineBelowTheStaff) {
             "names C D E F G A B\n");
 }
 
-TEST(ScoreHandler, WritesFSharpMajorWithASharpAfterEachSharpNote) {
+TEST(ScoreHandler, WritesFSharpMajorWithTheSharpInTheTextOfEachSharpNote) {
   EXPECT_EQ(Notes(6, "2212221"),
             "print 119 73 at 796,108\n"
             "print 119 73 at 815,103\n"

@@ -105,6 +105,45 @@ TEST_P(StaffAtScale, PaintsItsLinesWithoutGrey) {
   EXPECT_EQ(rows, ".#.#.#.#.#.");
 }
 
+/// The glyphs of a drawing without its lines, at a scale factor.
+QImage GlyphsOf(const controls::RecordingSurface& drawing, double scale) {
+  return tests::Painted(1080, 250, scale, [&](QPainter& painter) {
+    controls::PainterSurface surface(painter);
+    surface.SetScaleMode(controls::ScaleMode::kPixels);
+    for (const controls::DrawCommand& command : drawing.Commands()) {
+      const auto* print = std::get_if<controls::PrintCommand>(&command);
+      if (print == nullptr) continue;
+      surface.SetFontName(print->font.name);
+      surface.SetFontSize(print->font.size);
+      surface.SetCurrentX(print->at.x);
+      surface.SetCurrentY(print->at.y);
+      surface.Print(print->text);
+    }
+  });
+}
+
+TEST_P(StaffAtScale, KeepsEverySharpBeforeItsOwnHeadAndClearOfBothNeighbours) {
+  const double scale = GetParam();
+  for (const char* pattern : {"2122131", "111111111111"}) {
+    for (std::int16_t key = 0; key < 12; ++key) {
+      StaffView view;
+      Write(view, key, pattern);
+      const QImage glyphs = GlyphsOf(view.Drawing(), scale);
+      for (const controls::DrawCommand& command : view.Drawing().Commands()) {
+        const auto* print = std::get_if<controls::PrintCommand>(&command);
+        if (print == nullptr || print->text.back() != controls::kSharp) continue;
+        // From the last pixels of the head before to the first ones of its own head.
+        std::string columns;
+        for (int x = qRound((print->at.x - 7) * scale); x < qRound((print->at.x + 6) * scale); ++x) {
+          const bool ink = !tests::InkBox(glyphs, QRect(x, 0, 1, glyphs.height())).isEmpty();
+          if (columns.empty() || columns.back() != (ink ? '#' : '.')) columns += ink ? '#' : '.';
+        }
+        EXPECT_TRUE(columns == ".#.#" || columns == "#.#.#") << columns << ' ' << pattern << " in key " << key;
+      }
+    }
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Scales, StaffAtScale, testing::Values(1.0, 1.25, 1.5, 2.0));
 
 TEST(StaffView, StandsWhereTheFormPutsIt) {
