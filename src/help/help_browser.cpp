@@ -182,6 +182,10 @@ QString HelpBrowser::PageHtml() const {
                   .arg(shown.size.height());
     html.replace(before, after);
   }
+  if (page_.isCut) {
+    html += QStringLiteral("<hr><p><i>%1</i></p>")
+                .arg(tr("This page is too long. The rest of it is not shown.").toHtmlEscaped());
+  }
   return QStringLiteral("<html><body>%1</body></html>").arg(html);
 }
 

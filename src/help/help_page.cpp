@@ -63,6 +63,7 @@ HelpPage ReadHelpPage(std::string_view bytes) {
   PageWriter writer(page);
   while (const auto piece = reader.Next()) writer.Take(*piece);
   writer.Finish();
+  if (bytes.size() > kLongestTopic) page.isCut = true;
   return page;
 }
 

@@ -31,10 +31,21 @@ struct HelpPage {
   std::vector<std::string> links;
   std::vector<HelpPicture> pictures;
   std::vector<std::string> styleSheets;
+  /// The topic goes on after what is here: it exceeds one of the limits below.
+  bool isCut = false;
 };
 
 /// Longer topics are cut.
 inline constexpr std::size_t kLongestTopic = std::size_t{1} << 20;
+/// Qt lays a page out at once, on the user-interface thread, and takes tens of microseconds for each block and each
+/// tag: a page within these limits takes less than half a second. The longest page of Tonalith's help has 20 KB of
+/// text.
+inline constexpr std::size_t kLongestHelpText = std::size_t{128} << 10;
+/// Blocks, and lines of preformatted text.
+inline constexpr std::size_t kMostHelpBlocks = 4'000;
+inline constexpr int kMostHelpTags = 10'000;
+/// In bytes. Longer words get places to break at, because Qt measures an unbreakable word again for every line.
+inline constexpr std::size_t kLongestHelpWord = 200;
 
 HelpPage ReadHelpPage(std::string_view bytes);
 

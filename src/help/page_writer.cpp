@@ -13,7 +13,10 @@ namespace {
 constexpr std::size_t kNone = std::string::npos;
 constexpr std::size_t kDeepest = 40;
 constexpr int kMostTables = 3;
-constexpr int kMostCells = 4000;
+constexpr int kHighestCellCost = 1500;
+/// Qt lays a nested table out again for each width that the outer one tries: its cells and its text count this many
+/// times.
+constexpr int kNestedTableCost = 8;
 constexpr int kMostCellsInRow = 24;
 constexpr int kWidestSpan = 24;
 constexpr int kLargestPicture = 4000;
@@ -70,6 +73,26 @@ std::string_view BoxOf(const std::string& names) {
   return {};
 }
 
+bool ContinuesCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
+
+/// UTF-8 text with a zero-width space after every kLongestHelpWord bytes of a word. `word` is the length of the word
+/// that the text continues, and receives that of the word at its end.
+std::string WithBreaks(std::string_view text, std::size_t& word) {
+  constexpr std::string_view kZeroWidthSpace = "\xE2\x80\x8B";
+  std::string broken;
+  broken.reserve(text.size());
+  for (const char c : text) {
+    const bool isBlank = c == ' ' || c == '\n' || c == '\t' || c == '\r';
+    if (word >= kLongestHelpWord && !isBlank && !ContinuesCharacter(c)) {
+      broken += kZeroWidthSpace;
+      word = 0;
+    }
+    word = isBlank ? 0 : word + 1;
+    broken += c;
+  }
+  return broken;
+}
+
 std::string Tagged(std::string_view tag, const std::string& attributes) {
   return "<" + std::string(tag) + attributes + ">";
 }
@@ -93,20 +116,61 @@ void PageWriter::Finish() {
   if (page_.title.empty()) page_.title = Collapsed(heading_);
 }
 
-void PageWriter::TakeText(const std::string& text) {
+void PageWriter::TakeText(std::string_view text) {
+  text = WithinLimit(FindOpen("pre") == kNone ? text : LinesWithinLimit(text));
   if (isInTitle_) {
     page_.title += text;
     return;
   }
   // Between the rows of a table there is nothing to be read; text there would come out before it.
   if (!open_.empty() && (open_.back().tag == "table" || open_.back().tag == "tr")) return;
-  page_.html += EscapedForHtml(text);
+  page_.html += EscapedForHtml(WithBreaks(text, wordBytes_));
   page_.text += text;
   if (isInHeading_) heading_ += text;
 }
 
+int PageWriter::NestingCost() const {
+  int cost = 1;
+  for (int depth = 1; depth < tables_; ++depth) cost *= kNestedTableCost;
+  return cost;
+}
+
+std::string_view PageWriter::WithinLimit(std::string_view text) {
+  const std::size_t cost = NestingCost();
+  std::size_t room = (kLongestHelpText - textBytes_) / cost;
+  if (text.size() > room) {
+    page_.isCut = true;
+    while (room > 0 && ContinuesCharacter(text[room])) --room;
+    text = text.substr(0, room);
+  }
+  textBytes_ = page_.isCut ? kLongestHelpText : textBytes_ + text.size() * cost;
+  return text;
+}
+
+std::string_view PageWriter::LinesWithinLimit(std::string_view text) {
+  for (std::size_t end = text.find('\n'); end != kNone; end = text.find('\n', end + 1)) {
+    if (++blocks_ <= kMostHelpBlocks) continue;
+    page_.isCut = true;
+    return text.substr(0, end);
+  }
+  return text;
+}
+
+bool PageWriter::TakesTag(std::string_view tag) {
+  ++tags_;
+  if (EndsLine(tag)) {
+    ++blocks_;
+    wordBytes_ = 0;
+  }
+  if (tags_ > kMostHelpTags || blocks_ > kMostHelpBlocks) page_.isCut = true;
+  // Nothing may follow what was left out.
+  if (page_.isCut) textBytes_ = kLongestHelpText;
+  return !page_.isCut;
+}
+
 void PageWriter::Open(const MarkupPiece& piece) {
   const std::string& tag = piece.text;
+  if (!TakesTag(tag)) return;
   isInTitle_ = tag == "title";
   if (EndsLine(tag)) EndLine();
   if (tag == "link") {
@@ -179,9 +243,9 @@ void PageWriter::OpenTableTag(const MarkupPiece& piece) {
     PopTo(table + 1);
     cellsInRow_ = 0;
     Push(tag, "<tr>", "</tr>");
-  } else if (row != kNone && cells_ < kMostCells && cellsInRow_ < kMostCellsInRow) {
+  } else if (row != kNone && cellCost_ < kHighestCellCost && cellsInRow_ < kMostCellsInRow) {
     PopTo(row + 1);
-    ++cells_;
+    cellCost_ += NestingCost();
     ++cellsInRow_;
     std::string attributes = ClassAttribute(ClassOf(piece));
     for (const char* const span : {"colspan", "rowspan"}) {

@@ -30,7 +30,15 @@ class PageWriter {
     std::string closing;
   };
 
-  void TakeText(const std::string& text);
+  void TakeText(std::string_view text);
+  /// How many times as much as outside tables a cell and a byte of text count here.
+  [[nodiscard]] int NestingCost() const;
+  /// The beginning of `text` that the page still has room for; marks the page as cut when that is not all.
+  [[nodiscard]] std::string_view WithinLimit(std::string_view text);
+  /// The beginning of preformatted text whose lines the page still has room for.
+  [[nodiscard]] std::string_view LinesWithinLimit(std::string_view text);
+  /// True while the page has room for one more tag; marks the page as cut otherwise.
+  [[nodiscard]] bool TakesTag(std::string_view tag);
   void Open(const MarkupPiece& piece);
   void Close(std::string_view tag);
   void OpenTableTag(const MarkupPiece& piece);
@@ -47,8 +55,12 @@ class PageWriter {
   HelpPage& page_;
   std::vector<OpenTag> open_;
   int tables_ = 0;
-  int cells_ = 0;
+  int cellCost_ = 0;
   int cellsInRow_ = 0;
+  int tags_ = 0;
+  std::size_t blocks_ = 0;
+  std::size_t textBytes_ = 0;
+  std::size_t wordBytes_ = 0;
   bool isInTitle_ = false;
   bool isInHeading_ = false;
   std::string heading_;

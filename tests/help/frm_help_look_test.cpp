@@ -214,6 +214,15 @@ TEST(HelpBrowserPicture, MissingPictureGivesItsDescription) {
   EXPECT_EQ(page.toPlainText(), QStringLiteral("See [The neck]"));
 }
 
+TEST(HelpBrowserLimits, APageThatWasCutSaysSo) {
+  HelpBrowser page(nullptr);
+  page.ShowPage(std::make_shared<const HelpBook>(ChmObjects{{"/a.html", std::string(kLongestHelpText + 1, 'x')}}),
+                {"/a.html", {}});
+  EXPECT_TRUE(page.toPlainText().endsWith(QStringLiteral("This page is too long. The rest of it is not shown.")));
+  page.ShowPage(std::make_shared<const HelpBook>(ChmObjects{{"/a.html", "<p>short"}}), {"/a.html", {}});
+  EXPECT_EQ(page.toPlainText(), QStringLiteral("short"));
+}
+
 /// The darkest grey of each row of dots of the picture.
 std::vector<int> DarkestOfRows(const QImage& picture) {
   std::vector<int> darkest;

@@ -17,6 +17,12 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 
+std::string Repeated(const std::string& piece, std::size_t times) {
+  std::string text;
+  for (std::size_t i = 0; i < times; ++i) text += piece;
+  return text;
+}
+
 std::string Html(std::string_view topic) { return ReadHelpPage(topic).html; }
 
 /// What stands open when the html ends, and how deep it went; closings that close nothing are faults.
@@ -146,7 +152,61 @@ TEST(HelpPage, SpansAndSizesOutOfRangeAreLeftOut) {
 }
 
 TEST(HelpPage, LongTopicsAreCut) {
-  EXPECT_EQ(ReadHelpPage(std::string(kLongestTopic + 100, 'x')).text.size(), kLongestTopic);
+  std::string topic = "<p>a</p>" + std::string(kLongestTopic, ' ');
+  EXPECT_TRUE(ReadHelpPage(topic).isCut);
+  topic.resize(kLongestHelpText / 2);
+  EXPECT_FALSE(ReadHelpPage(topic).isCut);
+}
+
+TEST(HelpPage, LongTextIsCutBetweenCharacters) {
+  const HelpPage page = ReadHelpPage("x" + Repeated("\xC3\xA4", kLongestHelpText));
+  EXPECT_TRUE(page.isCut);
+  EXPECT_EQ(page.text.size(), kLongestHelpText - 1);
+  EXPECT_EQ(page.text.substr(page.text.size() - 2), "\xC3\xA4");
+}
+
+TEST(HelpPage, ManyParagraphsAreCutAndNothingFollowsThem) {
+  const HelpPage page = ReadHelpPage(Repeated("<p>x</p>", 100'000) + "<b>end</b>");
+  EXPECT_TRUE(page.isCut);
+  EXPECT_EQ(page.text.size(), 2 * kMostHelpBlocks);
+  EXPECT_TRUE(NestingOf(page.html).isSound);
+  EXPECT_FALSE(ReadHelpPage(Repeated("<p>x</p>", kMostHelpBlocks)).isCut);
+}
+
+TEST(HelpPage, ManyLinesOfPreformattedTextAreCut) {
+  const HelpPage page = ReadHelpPage("<pre>" + Repeated("x\n", 100'000) + "</pre><p>end</p>");
+  EXPECT_TRUE(page.isCut);
+  EXPECT_LE(page.text.size(), 2 * kMostHelpBlocks + 1);
+  EXPECT_FALSE(ReadHelpPage(Repeated("x\n", kMostHelpBlocks + 1)).isCut);
+}
+
+TEST(HelpPage, NestedTablesHaveRoomForFewerCells) {
+  const auto cells = [](const std::string& html) {
+    std::size_t count = 0;
+    for (std::size_t at = html.find("<td"); at != std::string::npos; at = html.find("<td", at + 1)) ++count;
+    return count;
+  };
+  const std::string row = "<tr>" + Repeated("<td>x</td>", 10) + "</tr>";
+  const std::size_t outer = cells(Html("<table>" + Repeated(row, 1000) + "</table>"));
+  const std::size_t nested = cells(Html("<table><tr><td><table>" + Repeated(row, 1000) + "</table></td></tr></table>"));
+  EXPECT_GE(outer, 1000U);
+  EXPECT_LE(nested, outer / 4);
+}
+
+TEST(HelpPage, ManyTagsWithoutTextAreCut) {
+  const HelpPage page = ReadHelpPage(Repeated("<b></b>", 100'000) + "end");
+  EXPECT_TRUE(page.isCut);
+  EXPECT_EQ(page.text, "");
+  EXPECT_LT(page.html.size(), std::size_t{10} * kMostHelpTags);
+}
+
+TEST(HelpPage, LongWordsGetPlacesToBreakAtAlsoAcrossTags) {
+  const std::string kBreak = "\xE2\x80\x8B";
+  const std::string half(kLongestHelpWord / 2, 'x');
+  EXPECT_EQ(Html(half + "<b>" + half + "yy</b>z"), half + "<b>" + half + kBreak + "yy</b>z");
+  EXPECT_EQ(Html(half + " " + half + "yy"), half + " " + half + "yy");
+  EXPECT_EQ(Html("<p>" + half + "</p><p>" + half + "yy</p>"), "<p>" + half + "</p><p>" + half + "yy</p>");
+  EXPECT_EQ(ReadHelpPage(half + half + half).text, half + half + half);
 }
 
 TEST(ShapesOf, KeepsTheShapeOfTextAndDropsColoursFontsAndSizes) {
