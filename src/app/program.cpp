@@ -12,6 +12,7 @@
 #include "app/app_folder.h"
 #include "app/m_main.h"
 #include "app/program_icon.h"
+#include "app/program_style.h"
 #include "app/translation.h"
 #include "audio/octave_note_player.h"
 #include "core/deferred_failure.h"
@@ -19,7 +20,6 @@
 #include "platform/notices/notice_queue.h"
 #include "platform/openal/open_al_mixer.h"
 #include "platform/posix/posix_file_input.h"
-#include "platform/qt/late_icon_style.h"
 #include "platform/qt/qt_event_pump.h"
 #include "platform/qt/qt_msg_box.h"
 #include "platform/qt_print/qt_print_service.h"
@@ -76,8 +76,8 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   QCoreApplication::setApplicationName(QStringLiteral("tonalith"));
   QGuiApplication::setDesktopFileName(QStringLiteral("org.tonalith.Tonalith"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TONALITH_VERSION));
-  QApplication::setStyle(new platform::LateIconStyle);
   QApplication application(argc, argv);
+  InstallStyle(application);
   InstallTranslation(FindContentFolder(ProgramFolder()), QLocale::system(), application);
   platform::QtMsgBox msgBox("Tonalith");
   const platform::NoNetworkDrives drives;

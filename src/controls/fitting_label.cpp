@@ -12,7 +12,9 @@
 namespace tonalith::controls {
 namespace {
 
-constexpr int kChipMargin = 6;
+constexpr int kChipMargin = 9;
+/// The chip below a dark text on a dark window: the colour of dry sand, on which pure blue keeps 4.5 to 1.
+constexpr QRgb kChip = 0xFFDCCBB0;
 
 }  // namespace
 
@@ -81,12 +83,14 @@ bool FittingLabel::NeedsChip() const {
 
 void FittingLabel::PaintChip(QPainter& painter) const {
   const QFontMetrics metrics(FontOf(FitNow().pixels));
-  const int chipWidth = std::min(width(), metrics.horizontalAdvance(text()) + 2 * kChipMargin);
+  const int textWidth = metrics.horizontalAdvance(text());
+  const int margin = std::clamp((width() - textWidth) / 2, 0, kChipMargin);
+  const int chipWidth = std::min(width(), textWidth + 2 * margin);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  painter.setBrush(QColor(0xf6, 0xf4, 0xf0));
-  painter.drawRoundedRect(QRect(0, 0, chipWidth, height()), 5, 5);
-  painter.translate(kChipMargin, 0);
+  painter.setBrush(QColor(kChip));
+  painter.drawRoundedRect(QRectF(0, 0, chipWidth, height()), height() / 2.0, height() / 2.0);
+  painter.translate(margin, 0);
 }
 
 void FittingLabel::PaintElided(QPainter& painter, const QTextLayout& layout) const {

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QRawFont>
 #include <QStandardPaths>
 #include <QTransform>
@@ -66,6 +67,8 @@ QRawFont RawOf(const QString& family) {
   font.setStyleStrategy(QFont::NoFontMerging);
   font.setHintingPreference(QFont::PreferNoHinting);
   font.setPixelSize(static_cast<int>(kOutlineEm));
+  // Where no font is installed, Qt draws boxes, and a raw font of boxes has no name to be asked for.
+  if (QFontInfo(font).family().isEmpty()) return {};
   return QRawFont::fromFont(font);
 }
 
@@ -162,6 +165,7 @@ std::optional<MusicFont> MusicFont::FromFile(const QString& fileName) {
 
 std::optional<MusicFont> MusicFont::FromFamily(const QString& family) {
   const QRawFont raw = RawOf(family);
+  if (!raw.isValid()) return std::nullopt;
   if (raw.familyName().compare(family, Qt::CaseInsensitive) != 0) return std::nullopt;
   return FromRaw(family, raw);
 }

@@ -8,6 +8,9 @@
 #include <QFontMetricsF>
 #include <QImage>
 
+#include "controls/colours.h"
+#include "controls/theme.h"
+
 namespace tonalith::controls {
 namespace {
 
@@ -97,6 +100,23 @@ TEST_F(FittingLabelTest, AnotherFontIsFittedAnew) {
   wide.setLetterSpacing(QFont::AbsoluteSpacing, 20);
   label_.setFont(wide);
   EXPECT_LT(label_.FittedPixelSize(), 30);
+}
+
+TEST_F(FittingLabelTest, InkThatIsTooDarkForTheWindowStandsOnARoundedWarmChip) {
+  QPalette system(QColor(0x30, 0x30, 0x34));
+  system.setColor(QPalette::WindowText, Qt::white);
+  const QPalette dark = WarmPalette(system);
+  label_.setPalette(dark);
+  label_.SetInk(Qt::blue);
+  label_.setText(QStringLiteral("Stopped"));
+  QImage image(label_.size(), QImage::Format_RGB32);
+  image.fill(dark.color(QPalette::Window));
+  label_.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+  const QColor chip = image.pixelColor(image.height() / 2, 1);
+  EXPECT_GE(ContrastRatio(chip, Qt::blue), 4.5);
+  EXPECT_LT(chip.blue(), chip.red() - 20) << "the chip is not warm";
+  EXPECT_EQ(image.pixelColor(0, 0), dark.color(QPalette::Window)) << "the corner is not round";
+  EXPECT_EQ(image.pixelColor(image.width() - 1, image.height() / 2), dark.color(QPalette::Window));
 }
 
 TEST_F(FittingLabelTest, EmptyTextPaintsNothing) {

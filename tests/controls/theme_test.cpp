@@ -37,6 +37,10 @@ TEST(Theme, EveryInkCanBeReadOnItsGround) {
     EXPECT_GE(ContrastRatio(warm.color(QPalette::WindowText), ground), 7.0);
     EXPECT_GE(ContrastRatio(warm.color(QPalette::ButtonText), warm.color(QPalette::Button)), 7.0);
     EXPECT_GE(ContrastRatio(warm.color(QPalette::Text), warm.color(QPalette::Base)), 7.0);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::HighlightedText), warm.color(QPalette::Highlight)), 4.5);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::ToolTipText), warm.color(QPalette::ToolTipBase)), 7.0);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::PlaceholderText), warm.color(QPalette::Base)), 4.5);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::Link), warm.color(QPalette::Base)), 4.5);
     EXPECT_GE(ContrastRatio(warm.color(QPalette::Disabled, QPalette::ButtonText), warm.color(QPalette::Button)), 3.0);
   }
 }
@@ -53,10 +57,26 @@ TEST(Theme, WindowThatIsNotTheActiveOneLooksTheSame) {
   for (const QPalette& system : {Light(), Dark()}) {
     const QPalette warm = WarmPalette(system);
     for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button, QPalette::WindowText, QPalette::Text,
-                            QPalette::ButtonText}) {
+                            QPalette::ButtonText, QPalette::Highlight, QPalette::HighlightedText}) {
       EXPECT_EQ(warm.color(QPalette::Inactive, role), warm.color(QPalette::Active, role)) << role;
     }
   }
+}
+
+TEST(Theme, EveryGroundAndSelectionIsWarm) {
+  for (const QPalette& system : {Light(), Dark()}) {
+    const QPalette warm = WarmPalette(system);
+    for (const auto role : {QPalette::Window, QPalette::AlternateBase, QPalette::ToolTipBase, QPalette::Highlight,
+                            QPalette::Light, QPalette::Mid, QPalette::Dark}) {
+      const QColor colour = warm.color(role);
+      EXPECT_GE(colour.red(), colour.green()) << role;
+      EXPECT_GT(colour.red(), colour.blue()) << role;
+    }
+  }
+}
+
+TEST(Theme, PaletteThatIsWarmAlreadyStaysAsItIs) {
+  for (const QPalette& system : {Light(), Dark()}) EXPECT_EQ(WarmPalette(WarmPalette(system)), WarmPalette(system));
 }
 
 TEST(Theme, PaletteOfStrongContrastIsLeftAlone) {

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The application's style: the desktop's own (or the one that the command line or the environment asks for), with
+// Tonalith's palette for every window, so that menus, message boxes, lists and tool tips have the colours of the main
+// window. User-interface thread; never fails.
+
+#pragma once
+
+#include "platform/qt/late_icon_style.h"
+
+class QApplication;
+
+namespace tonalith::app {
+
+class ProgramStyle : public platform::LateIconStyle {
+ public:
+  using LateIconStyle::LateIconStyle;
+  using LateIconStyle::polish;
+
+  /// Called by Qt for the palette of the system, at the start and whenever it changes.
+  void polish(QPalette& palette) override;
+};
+
+/// Puts a ProgramStyle over the style that `application` has found. Before an application exists the desktop's style is
+/// not known, and Qt would fall back to its oldest one.
+void InstallStyle(QApplication& application);
+
+}  // namespace tonalith::app

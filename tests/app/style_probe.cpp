@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Prints the style and the palettes of a process: "style_probe plain" those of an application that does nothing but
+// start, "style_probe program" those of Tonalith as it starts. Further arguments go to the application.
+
+#include <QApplication>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStyleFactory>
+#include <QStyleOptionButton>
+#include <QStyleOptionMenuItem>
+#include <QStyleOptionSlider>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+#include "app/program.h"
+#include "controls/music_font.h"
+
+namespace {
+
+const QStyle* UndermostStyle() {
+  const QStyle* style = QApplication::style();
+  while (const auto* const proxy = qobject_cast<const QProxyStyle*>(style)) style = proxy->baseStyle();
+  return style;
+}
+
+void Print(const char* what, const QString& value) { std::printf("%s %s\n", what, qPrintable(value)); }
+
+void PrintMetrics() {
+  const QStyle* const style = QApplication::style();
+  QStringList metrics;
+  for (int metric = 0; metric <= static_cast<int>(QStyle::PM_LineEditIconMargin); ++metric) {
+    metrics << QString::number(style->pixelMetric(static_cast<QStyle::PixelMetric>(metric)));
+  }
+  Print("metrics", metrics.join(QLatin1Char(' ')));
+  QStringList hints;
+  for (const auto hint : {QStyle::SH_DialogButtonLayout, QStyle::SH_DialogButtonBox_ButtonsHaveIcons,
+                          QStyle::SH_ScrollBar_Transient, QStyle::SH_EtchDisabledText, QStyle::SH_Menu_MouseTracking}) {
+    hints << QString::number(style->styleHint(hint));
+  }
+  Print("hints", hints.join(QLatin1Char(' ')));
+}
+
+/// The number that stands for what the style paints in one palette.
+template <typename Paint>
+void PrintPicture(const char* what, const Paint& paint) {
+  QImage image(120, 40, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::white);
+  {
+    QPainter painter(&image);
+    paint(painter);
+  }
+  Print(what, QString::number(qChecksum(QByteArrayView(image.constBits(), image.sizeInBytes()))));
+}
+
+template <typename Option>
+Option OptionInGrey() {
+  Option option;
+  option.rect = QRect(0, 0, 120, 40);
+  // Every role: those that are missing would come from the application.
+  for (int role = 0; role < QPalette::NColorRoles; ++role) {
+    const int grey = 60 + 9 * role;
+    option.palette.setColor(static_cast<QPalette::ColorRole>(role), QColor(grey, grey, grey));
+  }
+  option.state = QStyle::State_Enabled | QStyle::State_Active | QStyle::State_Raised | QStyle::State_Horizontal;
+  return option;
+}
+
+void PrintPictures() {
+  const QStyle* const style = QApplication::style();
+  PrintPicture("button", [&](QPainter& painter) {
+    const auto option = OptionInGrey<QStyleOptionButton>();
+    style->drawControl(QStyle::CE_PushButtonBevel, &option, &painter);
+  });
+  PrintPicture("scroll-bar", [&](QPainter& painter) {
+    auto option = OptionInGrey<QStyleOptionSlider>();
+    option.maximum = 10;
+    option.pageStep = 5;
+    option.subControls = QStyle::SC_All;
+    style->drawComplexControl(QStyle::CC_ScrollBar, &option, &painter);
+  });
+  PrintPicture("menu-bar", [&](QPainter& painter) {
+    const auto option = OptionInGrey<QStyleOptionMenuItem>();
+    style->drawControl(QStyle::CE_MenuBarEmptyArea, &option, &painter);
+  });
+}
+
+void PrintPalettes(const QWidget* window) {
+  const auto print = [](const char* what, const QPalette& palette) {
+    QStringList colours;
+    for (const auto role : {QPalette::Window, QPalette::WindowText, QPalette::Base, QPalette::Text, QPalette::Button,
+                            QPalette::Highlight, QPalette::HighlightedText}) {
+      colours << palette.color(role).name();
+    }
+    Print(what, colours.join(QLatin1Char(' ')));
+  };
+  print("application", QApplication::palette());
+  if (window == nullptr) return;
+  print("window", window->palette());
+  print("message-box", QMessageBox().palette());
+  print("menu", QMenu().palette());
+}
+
+void PrintAll(const QWidget* window) {
+  Print("style", UndermostStyle()->name());
+  Print("class", QLatin1String(UndermostStyle()->metaObject()->className()));
+  PrintMetrics();
+  PrintPictures();
+  PrintPalettes(window);
+  Print("music", tonalith::controls::MusicFont::Shared().Origin());
+  std::fflush(stdout);
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  const std::string_view what = argc > 1 ? argv[1] : "";
+  if (what == "plain") {
+    const QApplication application(argc, argv);
+    PrintAll(nullptr);
+    return 0;
+  }
+  if (what != "program") return 2;
+  return tonalith::app::RunProgram(argc, argv, [](QWidget& window) {
+    PrintAll(&window);
+    std::exit(0);
+  });
+}
