@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "core/paths.h"
 #include "core/text.h"
 #include "data/data_failure.h"
 #include "data/sql_tokens.h"
@@ -52,8 +53,8 @@ std::string TakeQuoted(std::string_view& rest, char quote) {
 
 // A folder's name may hold a semicolon and stand there without quotes: what follows the semicolon and is no setting
 // still belongs to the value.
-std::string TakePlain(std::string_view& rest) {
-  std::size_t end = std::min(rest.find(';'), rest.size());
+std::string TakePlain(std::string_view& rest, std::size_t from = 0) {
+  std::size_t end = std::min(rest.find(';', from), rest.size());
   while (end < rest.size()) {
     const std::string_view after = rest.substr(end + 1);
     if (core::Trim(after.substr(0, after.find(';'))).empty() || IsKeyword(KeyOf(after))) break;
@@ -62,6 +63,13 @@ std::string TakePlain(std::string_view& rest) {
   std::string value(core::Trim(rest.substr(0, end)));
   rest.remove_prefix(std::min(end + 1, rest.size()));
   return value;
+}
+
+// A folder's name may also look like a setting. No other setting holds a path separator, so the path reaches beyond the
+// last one.
+std::string TakePlainPath(std::string_view& rest) {
+  const std::size_t separator = rest.rfind(core::kPathSeparator);
+  return TakePlain(rest, separator == std::string_view::npos ? 0 : separator);
 }
 
 bool IsReadOnlyMode(const std::string& mode) {
@@ -80,10 +88,12 @@ bool IsReadOnlyMode(const std::string& mode) {
   return isReadOnly;
 }
 
+bool IsDataSource(std::string_view key) { return SameName(key, "Data Source") || SameName(key, "DataSource"); }
+
 void Apply(ConnectionSettings& settings, std::string_view key, std::string value) {
   if (SameName(key, "Provider")) {
     settings.provider = std::move(value);
-  } else if (SameName(key, "Data Source") || SameName(key, "DataSource")) {
+  } else if (IsDataSource(key)) {
     settings.dataSource = std::move(value);
   } else if (SameName(key, "Mode")) {
     settings.isReadOnly = IsReadOnlyMode(value);
@@ -122,7 +132,11 @@ ConnectionSettings ParseConnectionString(std::string_view text) {
     rest.remove_prefix(rest.find('=') + 1);
     while (!rest.empty() && rest.front() == ' ') rest.remove_prefix(1);
     const bool isQuoted = !rest.empty() && (rest.front() == '"' || rest.front() == '\'');
-    Apply(settings, key, isQuoted ? TakeQuoted(rest, rest.front()) : TakePlain(rest));
+    if (isQuoted) {
+      Apply(settings, key, TakeQuoted(rest, rest.front()));
+    } else {
+      Apply(settings, key, IsDataSource(key) ? TakePlainPath(rest) : TakePlain(rest));
+    }
   }
   return settings;
 }

@@ -2,7 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // What a connection string says, and the string that says it. Keywords come in any case and order, values may be quoted
-// with either kind of quote. Plain values and pure functions; a string that cannot be understood throws in words.
+// with either kind of quote. A path without quotes may hold anything, even what looks like a setting. Plain values and
+// pure functions; a string that cannot be understood throws in words.
 
 #pragma once
 

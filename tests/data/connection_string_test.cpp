@@ -45,6 +45,20 @@ TEST(ConnectionString, KeepsASemicolonAndAnEqualsSignInAFolderName) {
   EXPECT_EQ(ParseConnectionString(FullConnectionString("/a;b=c/d;e/x.mdb")).dataSource, "/a;b=c/d;e/x.mdb");
 }
 
+TEST(ConnectionString, TakesAFolderNameThatLooksLikeASettingForAPartOfThePath) {
+  for (const char* folder : {"x;Mode=Read", "x;Mode=Read;y", ";Mode=Read;", "x;Provider=None;Data Source=\"/etc/y",
+                             "x;Password=secret", "x;;User ID='me'", "x;Colour=red;Mode=Read"}) {
+    const std::string path = "/music/" + std::string(folder) + "/TonalithDB97.mdb";
+    const ConnectionSettings settings = ParseConnectionString(FullConnectionString(path));
+    EXPECT_EQ(settings.dataSource, path);
+    EXPECT_EQ(settings.provider, kProvider);
+    EXPECT_EQ(settings.user + settings.password, "");
+    EXPECT_FALSE(settings.isReadOnly) << folder;
+    EXPECT_EQ(ParseConnectionString(ExpandedConnectionString(settings)).dataSource, path);
+    EXPECT_EQ(ParseConnectionString(path).dataSource, path) << "the path alone";
+  }
+}
+
 TEST(ConnectionString, ExpandsToATextThatReadsTheSame) {
   for (const char* path : {"/plain/x.mdb", "/a;b/x.mdb", "/a\"b/x.mdb", "/a'b=c/x.mdb", " x "}) {
     ConnectionSettings settings;
