@@ -54,6 +54,9 @@ class Engine {
   /// Grows with every write through this engine, so that a record set knows when what it holds may be out of date.
   [[nodiscard]] std::uint64_t Changes() const { return changes_; }
 
+  /// The engine's own code for how the latest statement ended.
+  [[nodiscard]] int LatestError() const { return database_->getErrorCode(); }
+
   static std::uint64_t StatementsIssued();
 
  private:

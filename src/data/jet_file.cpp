@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "core/failure.h"
+#include "data/content_budget.h"
 #include "data/data_failure.h"
 #include "data/jet_reader.h"
 #include "data/jet_stream.h"
@@ -56,12 +57,6 @@ void RequireWholePages(const Header& header) {
     throw Unspecified("it is truncated or damaged, because its length of " + std::to_string(header.fileSize) +
                       " bytes is not a number of whole pages");
   }
-}
-
-// What a file of this size can come to as a stream: its texts grow when they become UTF-8, and a field that takes a bit
-// or nothing in the file takes a byte and more here.
-std::uint64_t BudgetFor(std::int64_t fileSize) {
-  return static_cast<std::uint64_t>(fileSize) * 16 + (std::uint64_t{1} << 20);
 }
 
 void WriteContent(const std::string& path, int pipe) {
@@ -113,8 +108,8 @@ void ReadJetFile(const std::string& path, JetVisitor& visitor, ReadingLimits lim
     RequireWholePages(header);
     limits.memory += static_cast<std::uint64_t>(header.fileSize) * 2;
     ReadingProcess process([&](int pipe) { WriteContent(path, pipe); }, limits);
-    ReadJetStream([&](std::span<std::uint8_t> buffer) { return process.Read(buffer); }, BudgetFor(header.fileSize),
-                  guarded);
+    ReadJetStream([&](std::span<std::uint8_t> buffer) { return process.Read(buffer); },
+                  ContentBudget(static_cast<std::uint64_t>(header.fileSize)), guarded);
   } catch (const core::Failure& failure) {
     if (guarded.HasFailed()) throw;
     throw core::Failure(failure.Number(), "The file '" + path + "' cannot be read: " + failure.Description() + ".");

@@ -3,11 +3,14 @@
 
 #include "data/new_rows.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <span>
 #include <string_view>
 #include <utility>
 
+#include "core/failure.h"
 #include "data/engine.h"
 #include "data/sql_dialect.h"
 
@@ -50,9 +53,10 @@ NewRows::NewRows(Engine& engine, const std::string& table, const std::vector<std
       keyField_(keyField),
       values_(fields.size() * kRowsAtOnce) {}
 
-void NewRows::Add() {
+void NewRows::Add(std::int64_t number) {
   const std::optional<std::uint64_t> mark = keyField_ ? MarkOf(NextRow()[*keyField_]) : std::nullopt;
   marks_[waiting_] = mark.value_or(0);
+  numbers_[waiting_] = number;
   ++waiting_;
   if (!mark || waiting_ == kRowsAtOnce) Write();
 }
@@ -64,12 +68,35 @@ bool NewRows::MayHold(const Value& key) const {
   return !mark || std::find(marks_.begin(), end, *mark) != end;
 }
 
+bool NewRows::IsContentRefused() const {
+  const int code = engine_.LatestError() & 0xFF;
+  return code == SQLITE_CONSTRAINT || code == SQLITE_MISMATCH || code == SQLITE_TOOBIG;
+}
+
+// False when the database refuses one of the rows, and has taken none of them.
+bool NewRows::WriteAll(std::size_t rows) {
+  if (rows != kRowsAtOnce || fieldCount_ == 0) return false;
+  try {
+    engine_.Execute(insertAll_, values_);
+    return true;
+  } catch (const core::Failure&) {
+    // Some failures end the transaction, and then nothing more may be written.
+    if (!IsContentRefused() || !engine_.IsInTransaction()) throw;
+    return false;
+  }
+}
+
 void NewRows::Write() {
   const std::span<const Value> values(values_);
   const std::size_t rows = std::exchange(waiting_, 0);
-  if (rows == kRowsAtOnce && fieldCount_ > 0) return engine_.Execute(insertAll_, values);
+  if (WriteAll(rows)) return;
   for (std::size_t row = 0; row < rows; ++row) {
-    engine_.Execute(insertOne_, values.subspan(row * fieldCount_, fieldCount_));
+    try {
+      engine_.Execute(insertOne_, values.subspan(row * fieldCount_, fieldCount_));
+    } catch (const core::Failure&) {
+      if (IsContentRefused()) refusedRow_ = numbers_[row];
+      throw;
+    }
   }
 }
 

@@ -3,10 +3,77 @@
 
 #include "data/pack_check.h"
 
+#include <algorithm>
+#include <array>
+#include <variant>
+
+#include "core/field_limits.h"
+#include "core/text.h"
+#include "data/content_budget.h"
 #include "data/data_failure.h"
 #include "data/engine.h"
+#include "data/sql_tokens.h"
 
 namespace tonalith::data {
+namespace {
+
+// Characters of a number that is written as text.
+constexpr std::size_t kLongestNumber = 64;
+// Bytes of a column that only the user's own library has: nothing shows it, and pictures have room.
+constexpr std::size_t kLongestOtherField = std::size_t{1} << 20;
+// Characters of a name in a message.
+constexpr std::size_t kLongestNameTold = 60;
+
+struct ColumnLimit {
+  std::string_view column;
+  std::size_t characters;
+};
+constexpr std::array<ColumnLimit, 10> kColumnLimits = {{
+    {"ScaleName", core::kLongestName},
+    {"ScaleTypeName", core::kLongestTypeName},
+    {"ScaleDescription", core::kLongestDescription},
+    {"StartNote", core::kLongestStartNote},
+    {"ScaleIntervals", core::kLongestPattern},
+    {"ScaleID", kLongestNumber},
+    {"ScaleTypeID", kLongestNumber},
+    {"ScaleTypeNo", kLongestNumber},
+    {"Chord", kLongestNumber},
+    {"Sort", kLongestNumber},
+}};
+
+std::size_t LimitOf(std::string_view column) {
+  const auto* const found = std::find_if(kColumnLimits.begin(), kColumnLimits.end(),
+                                         [&](const ColumnLimit& limit) { return SameName(limit.column, column); });
+  return found == kColumnLimits.end() ? kLongestOtherField : found->characters;
+}
+
+// Ready for words after it.
+std::string OfOwner(const Value& owner) {
+  const auto* const name = std::get_if<std::string>(&owner.Raw());
+  if (name == nullptr) return "";
+  const std::vector<std::string_view> characters =
+      core::Characters(std::string_view(*name).substr(0, (kLongestNameTold + 1) * 4));
+  std::string told;
+  for (std::size_t i = 0; i < std::min(characters.size(), kLongestNameTold); ++i) told += characters[i];
+  return " of '" + told + (characters.size() > kLongestNameTold ? "...'" : "'");
+}
+
+std::size_t DigitsOf(std::string_view pattern) {
+  return core::CharacterCount(pattern) - static_cast<std::size_t>(std::count(pattern.begin(), pattern.end(), ' '));
+}
+
+void RequireStoredColumns(Engine& pack, const std::string& table) {
+  const Value name = table;
+  std::string calculated;
+  pack.Query("SELECT name FROM pragma_table_xinfo(?) WHERE hidden IN (2, 3)", {&name, 1},
+             [&](SQLite::Statement& row) { calculated = row.getColumn(0).getString(); });
+  if (calculated.empty()) return;
+  throw Unspecified("The column '" + calculated + "' of the table '" + table +
+                    "' is calculated in this pack, not stored.");
+}
+
+}  // namespace
+
 void RequirePlainTable(Engine& pack, const std::string& table) {
   const Value name = table;
   std::string type = "table";
@@ -14,11 +81,51 @@ void RequirePlainTable(Engine& pack, const std::string& table) {
              [&](SQLite::Statement& row) { type = row.getColumn(0).getString(); });
   if (type == "view") throw Unspecified("'" + table + "' is a stored query in this pack, not a table.");
   if (type != "table") throw Unspecified("'" + table + "' is not an ordinary table in this pack.");
+  RequireStoredColumns(pack, table);
 }
 
-void RisingRows::Require(Bookmark row) {
-  if (latest_ && row.key <= *latest_) throw UnrecognizedFormat(path_);
-  latest_ = row.key;
+void RisingRows::Require(std::int64_t row) {
+  if (latest_ && row <= *latest_) throw UnrecognizedFormat(path_);
+  latest_ = row;
+}
+
+PackBudget::PackBudget(std::uint64_t fileSize) : fileSize_(fileSize), left_(ContentBudget(fileSize)) {}
+
+void PackBudget::Take(std::uint64_t bytes) {
+  if (bytes >= left_) {
+    throw Unspecified("The pack gives more than a file of " + std::to_string(fileSize_) + " bytes can hold.");
+  }
+  // A row without fields counts too, so that the walk ends.
+  left_ -= bytes + 1;
+}
+
+std::uint64_t SizeOf(const Value& value) {
+  if (const auto* const text = std::get_if<std::string>(&value.Raw())) return text->size();
+  if (const auto* const bytes = std::get_if<Bytes>(&value.Raw())) return bytes->size();
+  return value.IsNull() ? 1 : sizeof(std::int64_t);
+}
+
+FieldLimit::FieldLimit(std::string_view column)
+    : characters_(LimitOf(column)), isPattern_(SameName(column, "ScaleIntervals")) {}
+
+void FieldLimit::Require(const Value& value, const Value& owner) const {
+  const std::uint64_t size = SizeOf(value);
+  if (size <= (isPattern_ ? core::kMostPatternDigits : characters_)) return;
+  const auto* const text = std::get_if<std::string>(&value.Raw());
+  if (isPattern_ && text != nullptr && DigitsOf(*text) > core::kMostPatternDigits) {
+    throw Unspecified("The pattern" + OfOwner(owner) + " has more than " + std::to_string(core::kMostPatternDigits) +
+                      " digits.");
+  }
+  if ((text == nullptr ? size : core::CharacterCount(*text)) > characters_) {
+    throw Unspecified("The field" + OfOwner(owner) + " is longer than " + std::to_string(characters_) + " characters.");
+  }
+}
+
+core::Failure At(const PackPlace& place, const core::Failure& failure) {
+  std::string words = "Table '" + place.table + "'";
+  if (place.row > 0) words += ", row " + std::to_string(place.row);
+  if (!place.column.empty()) words += ", column '" + place.column + "'";
+  return {failure.Number(), words + ": " + failure.Description()};
 }
 
 }  // namespace tonalith::data

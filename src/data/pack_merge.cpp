@@ -3,7 +3,10 @@
 
 #include "data/pack_merge.h"
 
+#include <filesystem>
 #include <optional>
+#include <span>
+#include <system_error>
 #include <utility>
 
 #include "core/deferred_failure.h"
@@ -12,6 +15,7 @@
 #include "data/engine.h"
 #include "data/new_rows.h"
 #include "data/pack_check.h"
+#include "data/pack_rows.h"
 #include "data/scale_database.h"
 #include "data/sql_dialect.h"
 #include "data/sql_tokens.h"
@@ -43,18 +47,28 @@ void CopyValue(const Value& from, Value& to) {
   if (std::holds_alternative<double>(to.Raw())) to = WithoutEmptyFraction(to);
 }
 
-std::vector<std::string> NamesOf(const std::vector<PackMerge::CopiedField>& fields) {
-  std::vector<std::string> names;
-  names.reserve(fields.size() + 1);
-  for (const auto& field : fields) names.push_back(field.to);
-  return names;
-}
-
 std::optional<std::size_t> IndexOf(const std::vector<std::string>& names, std::string_view name) {
   for (std::size_t i = 0; i < names.size(); ++i) {
     if (SameName(names[i], name)) return i;
   }
   return {};
+}
+
+std::size_t IndexWithin(std::vector<std::string>& names, const std::string& name) {
+  const std::optional<std::size_t> index = IndexOf(names, name);
+  if (!index) names.push_back(name);
+  return index.value_or(names.size() - 1);
+}
+
+// What belongs to a file's content but is not in the file itself is in its log.
+std::uint64_t BytesOf(const std::string& path) {
+  std::uint64_t bytes = 0;
+  for (const char* ending : {"", "-wal"}) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(path + ending, error);
+    if (!error) bytes += size;
+  }
+  return bytes;
 }
 
 }  // namespace
@@ -68,12 +82,14 @@ void PackMerge::Run() {
   pack_->Open(kPackSource + DataSourceValue(path_), "", "");
   main_->OpenEngine().Execute(kImportCache);
   main_->BeginTrans();
-  MergeTable("ScaleTypes", "ScaleTypeID", "ScaleTypeID",
-             [](const Value& number, Value& key) { key = number.AsInt32(); });
-  MergeTable("Scales", "ScaleName", "ScaleID", [](const Value& name, Value& key) {
+  PackBudget budget(BytesOf(pack_->OpenEngine().Path()));
+  const auto numberOf = [](const Value& number, Value& key) { key = number.AsInt32(); };
+  const auto nameOf = [](const Value& name, Value& key) {
     if (const auto* const text = std::get_if<std::string>(&name.Raw())) return key.SetText(*text);
     key = name.TextOr("");
-  });
+  };
+  MergeTable({"ScaleTypes", "ScaleTypeID", numberOf, "ScaleTypeID", "ScaleTypeName"}, budget);
+  addedScales_ = MergeTable({"Scales", "ScaleName", nameOf, "ScaleID", "ScaleName"}, budget);
   main_->CommitTrans();
 }
 
@@ -81,60 +97,67 @@ void PackMerge::Rollback() { main_->RollbackTrans(); }
 
 void PackMerge::Close() {
   core::DeferredFailure passedOver;
-  for (RecordSet* records : {packRecords_.get(), mainRecords_.get()}) {
-    if (records->IsOpen()) passedOver.Try([&] { records->Close(); });
-  }
+  if (mainRecords_->IsOpen()) passedOver.Try([&] { mainRecords_->Close(); });
   for (Connection* connection : {pack_.get(), main_.get()}) {
     if (connection->IsOpen()) passedOver.Try([&] { connection->Close(); });
   }
   passedOver.Clear();
 }
 
-// Adds the rows of a table whose key the main table lacks. `ownNumber` is the field that is not copied: a type's number
-// is its key, a scale gets a number of the main database. The main table is asked and written by statements that stay
-// prepared, because packs may be large.
-void PackMerge::MergeTable(const std::string& table, const std::string& mainKey, const std::string& ownNumber,
-                           const KeyOfField& keyOfField) {
-  OpenRecords(table);
-  const std::vector<CopiedField> fields = CopiedFields(ownNumber);
-  std::vector<std::string> names = NamesOf(fields);
-  const bool isKeySet = mainKey == ownNumber;
-  if (isKeySet) names.push_back(mainKey);
-  const std::optional<int> packKey = packRecords_->FindField(mainKey);
-  const std::string lookUp = "SELECT 1 FROM " + QuoteName(table) + " WHERE " + QuoteName(mainKey) + " = ? LIMIT 1";
-  NewRows newRows(main_->OpenEngine(), table, names, IndexOf(names, mainKey));
-  Value key;
-  RisingRows rising(path_);
-  for (; !packRecords_->IsEof(); packRecords_->MoveNext()) {
-    rising.Require(packRecords_->GetBookmark());
-    if (!packKey) throw UnknownItem();
-    keyOfField(packRecords_->FieldValue(*packKey), key);
-    if (newRows.MayHold(key)) newRows.Write();
-    if (!MainHas(lookUp, key)) {
+// Adds the rows of a table whose key the main table lacks, and gives their number. The main table is asked and written
+// by statements that stay prepared, because packs may be large.
+std::int64_t PackMerge::MergeTable(const TableRules& rules, PackBudget& budget) {
+  Engine& pack = pack_->OpenEngine();
+  RequirePlainTable(pack, rules.table);
+  mainRecords_->Open("SELECT * FROM " + rules.table, main_, CursorType::kKeyset, LockType::kOptimistic);
+  std::vector<std::string> fields = CopiedFields(rules);
+  const std::size_t copied = fields.size();
+  const std::vector<std::string> all = PackRows::ColumnsOf(pack, rules.table);
+  const bool hasKey = IndexOf(all, rules.key).has_value();
+  const bool isKeySet = SameName(rules.key, rules.ownNumber);
+  std::vector<std::string> columns = fields;
+  const std::size_t key = hasKey ? IndexWithin(columns, rules.key) : 0;
+  if (isKeySet) fields.push_back(rules.key);
+
+  const std::string lookUp =
+      "SELECT 1 FROM " + QuoteName(rules.table) + " WHERE " + QuoteName(rules.key) + " = ? LIMIT 1";
+  NewRows newRows(main_->OpenEngine(), rules.table, fields, IndexOf(fields, rules.key));
+  PackRows rows(pack, rules.table, columns, IndexOf(columns, rules.name));
+  std::int64_t added = 0;
+  Value wanted;
+  const auto merge = [&](std::int64_t row, std::span<const Value> values) {
+    try {
+      if (!hasKey) throw UnknownItem();
+      rules.keyOfField(values[key], wanted);
+    } catch (const core::Failure& failure) {
+      throw At({rules.table, hasKey ? row : 0, rules.key}, failure);
+    }
+    if (newRows.MayHold(wanted)) newRows.Write();
+    if (!MainHas(lookUp, wanted)) {
       Value* value = newRows.NextRow();
-      for (const CopiedField& field : fields) CopyValue(packRecords_->FieldValue(field.from), *value++);
-      if (isKeySet) *value = key;
-      newRows.Add();
+      for (std::size_t i = 0; i < copied; ++i) CopyValue(values[i], *value++);
+      if (isKeySet) *value = wanted;
+      newRows.Add(row);
+      ++added;
     }
     onRow_(++rows_);
+  };
+  try {
+    rows.ForEach(budget, merge);
+    newRows.Write();
+  } catch (const core::Failure& failure) {
+    if (newRows.RefusedRow()) throw At({rules.table, *newRows.RefusedRow(), {}}, failure);
+    throw;
   }
-  newRows.Write();
-  packRecords_->Close();
   mainRecords_->Close();
+  return added;
 }
 
-void PackMerge::OpenRecords(const std::string& table) {
-  RequirePlainTable(pack_->OpenEngine(), table);
-  packRecords_->Open("SELECT * FROM " + table, pack_, CursorType::kStatic, LockType::kReadOnly);
-  mainRecords_->Open("SELECT * FROM " + table, main_, CursorType::kKeyset, LockType::kOptimistic);
-}
-
-std::vector<PackMerge::CopiedField> PackMerge::CopiedFields(std::string_view ownNumber) const {
-  std::vector<CopiedField> fields;
-  for (int i = 0; i < packRecords_->FieldCount(); ++i) {
-    const std::string& name = packRecords_->FieldName(i);
-    if (!SameName(name, ownNumber) && FieldExists(*mainRecords_, name)) fields.push_back({i, name});
-  }
+std::vector<std::string> PackMerge::CopiedFields(const TableRules& rules) const {
+  std::vector<std::string> fields = PackRows::ColumnsOf(pack_->OpenEngine(), rules.table);
+  std::erase_if(fields, [&](const std::string& name) {
+    return SameName(name, rules.ownNumber) || !FieldExists(*mainRecords_, name);
+  });
   return fields;
 }
 

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "data/connection.h"
+#include "data/pack_check.h"
 #include "data/record_set.h"
 
 namespace tonalith::data {
@@ -24,33 +25,36 @@ class PackMerge {
   /// `onRow` hears of each row of the pack that is done, counted from 1.
   PackMerge(std::string path, std::function<void(std::int64_t)> onRow);
 
-  /// The fields that are copied, by their number in the pack and their name in the main table.
-  struct CopiedField {
-    int from;
-    std::string to;
-  };
-
   void Run();
   void Rollback();
-  /// The record sets first, then the pack, then the main database, whatever state they are in. Throws nothing.
+  /// The record set first, then the pack, then the main database, whatever state they are in. Throws nothing.
   void Close();
+  /// The scales that a run which came to its end has added.
+  [[nodiscard]] std::int64_t AddedScales() const { return addedScales_; }
 
  private:
-  /// Makes `key` what the main table is asked for, out of the pack's field.
-  using KeyOfField = std::function<void(const Value& field, Value& key)>;
+  /// How the rows of a table are known and named.
+  struct TableRules {
+    std::string table;
+    /// The field by which the main table is asked for a row, and what it is asked for.
+    std::string key;
+    std::function<void(const Value& field, Value& key)> keyOfField;
+    /// The field that is not copied: a type's number is its key, a scale gets a number of the main database.
+    std::string ownNumber;
+    /// The field by which messages call a row.
+    std::string name;
+  };
 
-  void MergeTable(const std::string& table, const std::string& mainKey, const std::string& ownNumber,
-                  const KeyOfField& keyOfField);
-  void OpenRecords(const std::string& table);
-  [[nodiscard]] std::vector<CopiedField> CopiedFields(std::string_view ownNumber) const;
+  std::int64_t MergeTable(const TableRules& rules, PackBudget& budget);
+  [[nodiscard]] std::vector<std::string> CopiedFields(const TableRules& rules) const;
   bool MainHas(const std::string& statement, const Value& key);
 
   std::string path_;
   std::function<void(std::int64_t)> onRow_;
   std::int64_t rows_ = 0;
+  std::int64_t addedScales_ = 0;
   std::shared_ptr<Connection> main_ = std::make_shared<Connection>();
   std::shared_ptr<Connection> pack_ = std::make_shared<Connection>();
-  std::unique_ptr<RecordSet> packRecords_ = std::make_unique<RecordSet>();
   std::unique_ptr<RecordSet> mainRecords_ = std::make_unique<RecordSet>();
 };
 

@@ -33,18 +33,18 @@ TEST_F(BadDataPackTest, RefusesAPackWithoutAFieldThatItIsKnownBy) {
   ExpectRefused(MakeForeignPack("DataPack_A.mdb",
                                 "CREATE TABLE ScaleTypes (Name); INSERT INTO ScaleTypes VALUES (1);"
                                 "CREATE TABLE Scales (ScaleName)"),
-                unknown);
+                "Table 'ScaleTypes', column 'ScaleTypeID': " + unknown);
   ExpectRefused(MakeForeignPack("DataPack_B.mdb",
                                 "CREATE TABLE ScaleTypes (ScaleTypeID);"
                                 "CREATE TABLE Scales (Name); INSERT INTO Scales VALUES ('A')"),
-                unknown);
+                "Table 'Scales', column 'ScaleName': " + unknown);
 }
 
 TEST_F(BadDataPackTest, RefusesATypeWithoutANumber) {
   ExpectRefused(MakeForeignPack("DataPack_A.mdb",
                                 "CREATE TABLE ScaleTypes (ScaleTypeID); CREATE TABLE Scales (x);"
                                 "INSERT INTO ScaleTypes VALUES (NULL)"),
-                "Invalid use of Null");
+                "Table 'ScaleTypes', row 1, column 'ScaleTypeID': Invalid use of Null");
 }
 
 TEST_F(BadDataPackTest, RefusesAStoredQueryInThePlaceOfATable) {
@@ -59,7 +59,7 @@ TEST_F(BadDataPackTest, TakesBackEverythingOfAPackThatFailsHalfWay) {
   const std::string pack = MakeForeignPack("DataPack_A.mdb",
                                            "CREATE TABLE ScaleTypes (ScaleTypeID); INSERT INTO ScaleTypes VALUES (300);"
                                            "CREATE TABLE Scales (ScaleName); INSERT INTO Scales VALUES ('A'), (x'00')");
-  ExpectRefused(pack, "Type mismatch");
+  ExpectRefused(pack, "Table 'Scales', row 2, column 'ScaleName': Type mismatch");
   EXPECT_EQ(Ask("SELECT count(*) FROM ScaleTypes"), "2");
 }
 

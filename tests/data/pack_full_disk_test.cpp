@@ -51,9 +51,9 @@ TEST_F(FullDiskTest, LeavesNothingOfAPackWhereverItFillsUp) {
 
 TEST_F(FullDiskTest, TakesBackWhatALargePackHasPutOnItAlready) {
   const std::string pack = MakePack("DataPack_A.mdb",
-                                    "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 30) "
+                                    "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 3000) "
                                     "INSERT INTO Scales (ScaleName, ScaleDescription) "
-                                    "SELECT 'Saga ' || i, hex(zeroblob(500000)) FROM n;");
+                                    "SELECT 'Saga ' || i, hex(zeroblob(4000)) FROM n;");
   const std::string before = ContentOfDatabase(Main());
   const auto size = fs::file_size(Main());
   PackDisk disk;

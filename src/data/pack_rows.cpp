@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "data/pack_rows.h"
+
+#include <sqlite3.h>
+
+#include <utility>
+
+#include "data/data_failure.h"
+#include "data/sql_dialect.h"
+
+namespace tonalith::data {
+namespace {
+
+// Indexes come from a stranger too, and may say something else than the table.
+std::string From(const std::string& table) { return " FROM " + QuoteName(table) + " NOT INDEXED"; }
+
+std::string StatementFor(const std::string& table, const std::vector<std::string>& columns, bool isNumbered) {
+  std::string statement = std::string("SELECT ") + (isNumbered ? kRowNumber : "0");
+  for (const std::string& column : columns) statement += ", " + QuoteName(column);
+  return statement + From(table) + (isNumbered ? std::string(" ORDER BY ") + kRowNumber : "");
+}
+
+}  // namespace
+
+PackRows::PackRows(Engine& pack, std::string table, std::vector<std::string> columns, std::optional<std::size_t> name)
+    : pack_(pack),
+      table_(std::move(table)),
+      columns_(std::move(columns)),
+      name_(name),
+      isNumbered_(pack.IsNumberedTable(table_)),
+      limits_(columns_.begin(), columns_.end()),
+      values_(columns_.size()) {}
+
+std::vector<std::string> PackRows::ColumnsOf(Engine& pack, const std::string& table) {
+  return pack.ColumnNames("SELECT *" + From(table));
+}
+
+void PackRows::ForEach(PackBudget& budget,
+                       const std::function<void(std::int64_t row, std::span<const Value> values)>& onRow) {
+  RisingRows rising(pack_.Path());
+  bool isReading = true;
+  try {
+    pack_.Query(StatementFor(table_, columns_, isNumbered_), {}, [&](SQLite::Statement& statement) {
+      isReading = false;
+      if (isNumbered_) rising.Require(statement.getColumn(0).getInt64());
+      ++row_;
+      std::uint64_t size = 0;
+      for (std::size_t i = 0; i < values_.size(); ++i) {
+        ReadColumn(statement, static_cast<int>(i) + 1, values_[i]);
+        size += SizeOf(values_[i]);
+      }
+      RequireLimits();
+      budget.Take(size);
+      onRow(row_, values_);
+      isReading = true;
+    });
+  } catch (const core::Failure&) {
+    if (isReading && pack_.LatestError() == SQLITE_TOOBIG) throw HugeFieldInNextRow();
+    throw;
+  }
+}
+
+void PackRows::RequireLimits() const {
+  static const Value kNoName;
+  for (std::size_t i = 0; i < values_.size(); ++i) {
+    try {
+      limits_[i].Require(values_[i], name_ ? values_[*name_] : kNoName);
+    } catch (const core::Failure& failure) {
+      throw At({table_, row_, columns_[i]}, failure);
+    }
+  }
+}
+
+// The engine says only that there is one; each field of the row is asked for alone.
+core::Failure PackRows::HugeFieldInNextRow() {
+  PackPlace place{table_, row_ + 1, {}};
+  for (const std::string& column : columns_) {
+    try {
+      pack_.Query(StatementFor(table_, {column}, isNumbered_) + " LIMIT 1 OFFSET " + std::to_string(row_), {},
+                  [](SQLite::Statement&) {});
+    } catch (const core::Failure&) {
+      place.column = column;
+      break;
+    }
+  }
+  return At(place, Unspecified("The field is longer than " + std::to_string(kLongestField) + " bytes."));
+}
+
+}  // namespace tonalith::data
