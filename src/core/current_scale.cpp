@@ -14,7 +14,9 @@ bool NoteExistsInScoreScale(NoteNumber intTP, std::string_view strNoteVal, Curre
   // The answer does not depend on this first look-up, but a pattern that cannot be built is reported by it as well.
   ScaleArray(intTP, "1", pattern, CNoteToNumber(strNoteVal), msgBox);
   for (std::int16_t position = 0; position <= kLastTestedPosition; ++position) {
-    if (Trim(ScaleArray(intTP, "1", pattern, position, msgBox)) == strNoteVal) return true;
+    const std::string note = ScaleArray(intTP, "1", pattern, position, msgBox);
+    // Past the last note there is none, not even for an empty name.
+    if (!note.empty() && Trim(note) == strNoteVal) return true;
   }
   return false;
 }

@@ -128,6 +128,14 @@ TEST_F(NoteModel, NoteIsInTheScaleWhenOneOfItsNotesBearsTheName) {
   EXPECT_THAT(major.asked_, ElementsAre(7, 7, 7, 7));
 }
 
+TEST_F(NoteModel, EmptyNameIsNoNoteOfAScale) {
+  // The major scale has eight notes, so the positions from 8 to 12 are past its end.
+  OneScale major("2212221");
+  EXPECT_FALSE(NoteExistsInScoreScale(0, "", major, box_));
+  OneScale full("111111111111");
+  EXPECT_FALSE(NoteExistsInScoreScale(0, "", full, box_));
+}
+
 TEST_F(NoteModel, FourteenthNoteOfALongPatternIsNotFound) {
   // Thirteen steps: twelve times the start note, and only the fourteenth note is another one.
   OneScale late("0000000000001");
