@@ -121,7 +121,7 @@ void PageComposer::WriteKey() {
 void PageComposer::WriteFretNumbers() {
   const SurfaceFont font = FontLike(*c_.fretboard, kFretNumberPixels, false);
   const QColor ink = controls::SecondaryInk(Paper());
-  for (const int fret : views::FretboardLayout::NumberedFrets()) {
+  for (const int fret : c_.fretboard->Layout().NumberedFrets()) {
     const QRectF box = c_.fretboard->FretNumberBox(fret).translated(0, neckDown_);
     const std::string text = std::to_string(fret);
     lines_.push_back({box.center().x() - controls::WidthOf(font, text) / 2,

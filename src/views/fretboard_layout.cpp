@@ -95,8 +95,16 @@ bool FretboardLayout::HasInlay(int fret) {
   return HasDoubleInlay(fret) || inOctave == 3 || inOctave == 5 || inOctave == 7 || inOctave == 9;
 }
 
-const std::vector<int>& FretboardLayout::NumberedFrets() {
+const std::vector<int>& FretboardLayout::MarkedFrets() {
   static const std::vector<int> frets{3, 5, 7, 9, 12};
+  return frets;
+}
+
+std::vector<int> FretboardLayout::NumberedFrets() const {
+  std::vector<int> frets;
+  for (int fret = 1; fret < positions_; ++fret) {
+    if (HasInlay(fret)) frets.push_back(fret);
+  }
   return frets;
 }
 

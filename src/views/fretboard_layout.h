@@ -69,10 +69,12 @@ class FretboardLayout {
   [[nodiscard]] static controls::Twips AreaTop();
   [[nodiscard]] static controls::Twips AreaBottom(int strings);
 
-  /// The frets that carry an inlay, and the fret numbers that stand below the neck.
+  /// The frets that carry an inlay.
   [[nodiscard]] static bool HasInlay(int fret);
   [[nodiscard]] static bool HasDoubleInlay(int fret);
-  [[nodiscard]] static const std::vector<int>& NumberedFrets();
+  /// The frets whose number has a control of its own, and all those whose number is painted below the neck.
+  [[nodiscard]] static const std::vector<int>& MarkedFrets();
+  [[nodiscard]] std::vector<int> NumberedFrets() const;
 
   /// Where a key leads among the visible notes, from `index`: along the string, to the nearest note of the next string
   /// that has one, to the ends of the string. Nothing if there is no such note.

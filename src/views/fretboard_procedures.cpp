@@ -83,6 +83,7 @@ void FretboardView::HideNotes() {
   }
   for (NoteImage* image : images_) image->hide();
   for (NoteImage* image : extraImages_) image->hide();
+  UpdateOpenStrings();
 }
 
 std::string FretboardView::StartNoteOf(const std::string& keyText) const {
@@ -121,6 +122,13 @@ void FretboardView::ShowScaleNotes(const std::string& startNote, const core::Int
     image->SetPicture(image->Tag() == startNote ? NotePicture::kKeyNote : NotePicture::kScaleNote);
     image->show();
   }
+  UpdateOpenStrings();
+}
+
+void FretboardView::UpdateOpenStrings() {
+  // They reach beyond the images that come and go.
+  const int nut = controls::NearestPixel(nut_->x1) - DesignRect().left();
+  update(0, 0, nut, height());
 }
 
 void FretboardView::ShowNotesNames() {

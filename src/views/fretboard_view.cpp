@@ -124,7 +124,7 @@ void FretboardView::BuildImages() {
 }
 
 void FretboardView::BuildMarkers() {
-  for (const int fret : FretboardLayout::NumberedFrets()) {
+  for (const int fret : FretboardLayout::MarkedFrets()) {
     auto* marker = new FretNumber(QString::number(fret), this);
     marker->setObjectName(Numbered("fretPosition", fret));
     marker->setToolTip((fret == 3 ? tr("The %1rd Fret") : tr("The %1th Fret")).arg(fret));
@@ -170,7 +170,8 @@ NeckGeometry FretboardView::Geometry() const {
   for (const LineControl* string : strings_) {
     neck.strings.push_back(controls::NearestPixel(FretboardLayout::Top(string->y1)) + kHalfImage);
   }
-  neck.stringsLeft = controls::ExactPixels(strings_.front()->x1);
+  neck.openLeft = controls::ExactPixels(strings_.front()->x1) + kHalfImage;
+  for (int row = 1; row <= layout_.Rows(); ++row) neck.open.push_back(!Image(layout_.IndexAt(row, 0)).isHidden());
   neck.stringsRight = controls::ExactPixels(strings_.front()->x2);
   const double middle = (neck.strings.front() + neck.strings.back()) / 2;
   const double toDouble = controls::ExactPixels(FretboardLayout::kStringSpacing);
@@ -188,10 +189,10 @@ NeckGeometry FretboardView::Geometry() const {
 }
 
 QRectF FretboardView::FretNumberBox(int fret) const {
-  const QLabel* marker = markers_.at(fret);
   const double x = controls::NearestPixel(FretboardLayout::Left(FretboardLayout::kBaseLeft, fret)) + kHalfImage;
-  const double width = marker->width();
-  return {x - width / 2, static_cast<double>(marker->y() + DesignRect().top()), width, kFretNumberHeight};
+  const double width = controls::NearestPixel(FretboardLayout::kImageSize);
+  const double top = controls::NearestPixel(FretboardLayout::MarkerTop(frets_.front()->y2));
+  return {x - width / 2, top, width, kFretNumberHeight};
 }
 
 void FretboardView::PaintFretNumbers(QPainter& painter, const QColor& colour) const {
@@ -199,8 +200,10 @@ void FretboardView::PaintFretNumbers(QPainter& painter, const QColor& colour) co
   numbers.setPixelSize(kFretNumberPixels);
   painter.setFont(numbers);
   painter.setPen(colour);
-  for (const auto& [fret, marker] : markers_) {
-    if (!marker->isHidden()) painter.drawText(FretNumberBox(fret), Qt::AlignCenter, marker->text());
+  for (const int fret : layout_.NumberedFrets()) {
+    const auto marker = markers_.find(fret);
+    if (marker != markers_.end() && marker->second->isHidden()) continue;
+    painter.drawText(FretNumberBox(fret), Qt::AlignCenter, QString::number(fret));
   }
 }
 
@@ -223,18 +226,20 @@ void FretboardView::PaintFocusRing(QPainter& painter) const {
 
 void FretboardView::paintEvent(QPaintEvent* /*event*/) {
   const double scale = devicePixelRatioF();
+  const NeckGeometry geometry = Geometry();
   if (neck_.isNull() || neck_.devicePixelRatio() != scale) {
     neck_ = QPixmap(size() * scale);
     neck_.setDevicePixelRatio(scale);
     neck_.fill(Qt::transparent);
     QPainter painter(&neck_);
     painter.translate(-DesignRect().topLeft());
-    PaintNeck(painter, Geometry());
+    PaintNeck(painter, geometry);
   }
   QPainter painter(this);
   painter.drawPixmap(QPointF(0, 0), neck_);
   PaintFocusRing(painter);
   painter.translate(-DesignRect().topLeft());
+  PaintOpenStrings(painter, geometry);
   PaintFretNumbers(painter, controls::SecondaryInk(palette()));
 }
 

@@ -76,7 +76,8 @@ class FretboardView : public QWidget {
   /// The note that the Tab key leads to, -1 while no note is visible.
   [[nodiscard]] int TabStop() const { return tabStop_; }
 
-  /// The neck and the box that a fret's number is centred in, in pixels of the form's client area.
+  /// The neck with the open strings of the notes that are shown, and the box that a fret's number is centred in, in
+  /// pixels of the form's client area.
   [[nodiscard]] NeckGeometry Geometry() const;
   [[nodiscard]] QRectF FretNumberBox(int fret) const;
 
@@ -96,6 +97,7 @@ class FretboardView : public QWidget {
   void ShowScaleNotes(const std::string& startNote, const core::IntervalPattern& pattern);
   [[nodiscard]] std::string StartNoteOf(const std::string& keyText) const;
   void SetTabStop(int index);
+  void UpdateOpenStrings();
   void RestoreFocus();
   [[nodiscard]] int FocusedNote() const;
   [[nodiscard]] std::vector<bool> VisibleNotes() const;

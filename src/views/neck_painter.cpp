@@ -159,18 +159,25 @@ QBrush Winding(double left, double length, double dotsPerPixel) {
   return brush;
 }
 
-void PaintString(QPainter& painter, std::size_t index, double y, const NeckGeometry& neck) {
+void PaintString(QPainter& painter, std::size_t index, double y, double left, double right) {
   const double gauge = GaugeOf(index);
   const bool plain = index < kPlainStrings;
-  const QRectF string(neck.stringsLeft, y - gauge / 2, neck.stringsRight - neck.stringsLeft, gauge);
-  // The shadow falls on the board alone.
-  painter.fillRect(QRectF(neck.nut.right(), y + 1, neck.stringsRight - neck.nut.right(), gauge), QColor(0, 0, 0, 70));
+  const QRectF string(left, y - gauge / 2, right - left, gauge);
   QLinearGradient metal(0, string.top(), 0, string.bottom());
   metal.setColorAt(0, plain ? QColor(0xf6, 0xf6, 0xf4) : QColor(0xee, 0xd9, 0xab));
   metal.setColorAt(1, plain ? QColor(0x97, 0x97, 0x95) : QColor(0x86, 0x67, 0x33));
   painter.fillRect(string, metal);
   if (!plain) painter.fillRect(string, Winding(string.left(), string.width(), DotsPerPixel(painter)));
 }
+
+void PaintStringOnBoard(QPainter& painter, std::size_t index, double y, const NeckGeometry& neck) {
+  // The shadow falls on the board alone.
+  const QRectF shadow(neck.nut.right(), y + 1, neck.stringsRight - neck.nut.right(), GaugeOf(index));
+  painter.fillRect(shadow, QColor(0, 0, 0, 70));
+  PaintString(painter, index, y, neck.nut.left(), neck.stringsRight);
+}
+
+bool IsOpen(const NeckGeometry& neck, std::size_t index) { return index < neck.open.size() && neck.open[index]; }
 
 // Inks of the outlined neck. The strings stay darker than the frets: the eye follows them to the discs.
 const QColor kBoardLine(0x6e, 0x64, 0x58);
@@ -183,7 +190,6 @@ const QColor kStringLine(0x5f, 0x5a, 0x54);
 void PaintOutlinedNeck(QPainter& painter, const NeckGeometry& neck) {
   constexpr double kFretLineWidth = 1.5;
   constexpr double kGaugeShare = 0.6;
-  constexpr double kBehindDiscs = 6;  // No end of a string looks out behind a disc of the open position.
   painter.setPen(QPen(kInlayLine, 0.75));
   painter.setBrush(kInlayFill);
   for (const QPointF& inlay : neck.inlays) painter.drawEllipse(inlay, kInlayRadius, kInlayRadius);
@@ -199,7 +205,7 @@ void PaintOutlinedNeck(QPainter& painter, const NeckGeometry& neck) {
   painter.drawRoundedRect(neck.nut.adjusted(1, 0, -1, 0), 1.5, 1.5);
   for (std::size_t index = 0; index < neck.strings.size(); ++index) {
     const double gauge = kGaugeShare * GaugeOf(index);
-    const double left = neck.stringsLeft + kBehindDiscs;
+    const double left = IsOpen(neck, index) ? neck.openLeft : neck.nut.left();
     controls::FillSnapped(painter, {left, neck.strings[index] - gauge / 2, neck.stringsRight - left, gauge},
                           kStringLine);
   }
@@ -239,7 +245,16 @@ void PaintNeck(QPainter& painter, const NeckGeometry& neck, NeckLook look) {
   painter.setRenderHint(QPainter::Antialiasing);
   PaintNut(painter, neck.nut);
   for (std::size_t index = 0; index < neck.strings.size(); ++index) {
-    PaintString(painter, index, neck.strings[index], neck);
+    PaintStringOnBoard(painter, index, neck.strings[index], neck);
+  }
+  painter.restore();
+}
+
+void PaintOpenStrings(QPainter& painter, const NeckGeometry& neck) {
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  for (std::size_t index = 0; index < neck.strings.size(); ++index) {
+    if (IsOpen(neck, index)) PaintString(painter, index, neck.strings[index], neck.openLeft, neck.nut.left());
   }
   painter.restore();
 }

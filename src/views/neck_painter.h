@@ -23,13 +23,20 @@ struct NeckGeometry {
   std::vector<double> frets;    // The middle of each fret wire.
   std::vector<QPointF> inlays;  // Their middles.
   std::vector<double> strings;  // The middle of each string, the thinnest first.
-  double stringsLeft = 0;
+  /// Where an open string begins, hidden by the disc of its note. A string that is not played open begins at the nut.
+  double openLeft = 0;
+  /// For each string, whether the disc of its open note is shown.
+  std::vector<bool> open;
   double stringsRight = 0;
 };
 
 enum class NeckLook { kWood, kPaper };
 
 void PaintNeck(QPainter& painter, const NeckGeometry& neck, NeckLook look = NeckLook::kWood);
+
+/// The pieces of the open strings left of the nut, which PaintNeck leaves out of the wooden neck: they come and go with
+/// the scale, the rest stays.
+void PaintOpenStrings(QPainter& painter, const NeckGeometry& neck);
 
 /// The neck for paper as a picture that stands by itself, placed as the geometry says.
 std::shared_ptr<const controls::SurfacePicture> NeckOnPaper(NeckGeometry neck);

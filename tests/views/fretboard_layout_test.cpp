@@ -199,6 +199,11 @@ TEST(FretboardWalk, GoesToTheEndsOfTheString) {
   EXPECT_EQ(Walk("...@....", Move::kHome), "nowhere");
 }
 
+TEST(FretboardLayout, NumbersEveryInlaidFretOfItsNeck) {
+  EXPECT_EQ(FretboardLayout().NumberedFrets(), (std::vector<int>{3, 5, 7, 9, 12, 15}));
+  EXPECT_EQ(FretboardLayout::MarkedFrets(), (std::vector<int>{3, 5, 7, 9, 12}));
+}
+
 TEST(FretboardLayout, InlaysTheUsualFrets) {
   std::string frets;
   for (int fret = 0; fret <= 15; ++fret) {

@@ -146,6 +146,67 @@ TEST_F(FretboardLook, RunsEachStringThroughTheMiddleOfItsDiscs) {
   }
 }
 
+/// The ink left of the nut between a row's string and the next, in pixels of the view.
+QRectF InkLeftOfNut(const FretboardView& view, const QImage& image, int row) {
+  const double scale = image.devicePixelRatio();
+  const QPointF origin = FretboardView::DesignRect().topLeft();
+  const NeckGeometry neck = view.Geometry();
+  const double string = neck.strings.at(static_cast<std::size_t>(row - 1)) - origin.y();
+  const QRectF band(0, string - 15, neck.nut.left() - 2 - origin.x(), 30);
+  const QRect box = BoxWhere(image.copy(QRectF(band.topLeft() * scale, band.size() * scale).toRect()),
+                             [](const QColor& dot) { return dot != Qt::magenta; });
+  return {QPointF(box.topLeft()) / scale, QSizeF(box.size()) / scale};
+}
+
+TEST_F(FretboardLook, EndsAStringAtTheNutWhereItsOpenNoteIsNotShown) {
+  const NeckGeometry neck = view_.Geometry();
+  const auto painted = [&](double scale, const auto& paint) {
+    QImage image(view_.size() * scale, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::magenta);
+    QPainter painter(&image);
+    painter.translate(-FretboardView::DesignRect().topLeft());
+    paint(painter);
+    return image;
+  };
+  for (const double scale : {1.0, 2.0}) {
+    const QImage wood = painted(scale, [&](QPainter& painter) {
+      PaintNeck(painter, neck);
+      PaintOpenStrings(painter, neck);
+    });
+    const QImage paper = painted(scale, [&](QPainter& painter) { NeckOnPaper(neck)->PaintOn(painter); });
+    QImage window(wood.size(), QImage::Format_ARGB32_Premultiplied);
+    window.setDevicePixelRatio(scale);
+    window.fill(Qt::magenta);
+    view_.render(&window, QPoint(), QRegion(), QWidget::DrawChildren);
+    for (int row = 1; row <= 6; ++row) {
+      const NoteImage& open = view_.Image(view_.Layout().IndexAt(row, 0));
+      EXPECT_EQ(InkLeftOfNut(view_, window, row).isEmpty(), open.isHidden()) << "row " << row;
+      for (const QImage& image : {wood, paper}) {
+        const QRectF ink = InkLeftOfNut(view_, image, row);
+        EXPECT_EQ(ink.isEmpty(), open.isHidden()) << "row " << row << " at scale " << scale;
+        if (open.isHidden()) continue;
+        EXPECT_GE(ink.left(), open.x() + 10) << "the string begins under the disc";
+        EXPECT_NEAR(ink.right(), neck.nut.left() - 2, 1) << "and reaches the nut";
+      }
+    }
+  }
+  EXPECT_FALSE(view_.Image(16).isHidden()) << "B belongs to F# major";
+  EXPECT_TRUE(view_.Image(0).isHidden()) << "E does not";
+}
+
+TEST_F(FretboardLook, PaintsANumberBelowEveryInlayThatHasAControlOrNot) {
+  view_.HideNotes();
+  const QImage image = view_.grab().toImage();
+  for (int fret = 1; fret <= 15; ++fret) {
+    const QRect box = view_.FretNumberBox(fret).toRect().translated(-FretboardView::DesignRect().topLeft());
+    const QColor ground = image.pixelColor(box.topLeft());
+    const QRect ink = BoxWhere(image.copy(box), [&](const QColor& dot) { return dot != ground; });
+    EXPECT_EQ(!ink.isEmpty(), FretboardLayout::HasInlay(fret)) << fret;
+  }
+  EXPECT_EQ(view_.findChild<QWidget*>(QStringLiteral("fretPosition15")), nullptr);
+}
+
 TEST_F(FretboardLook, PaintsFretWireWhereTheFretLinesAre) {
   view_.HideNotes();
   const QImage image = view_.grab().toImage();
