@@ -24,7 +24,7 @@ std::unique_ptr<data::RecordSet> OpenRows(const std::string& connectionString, c
 std::vector<ScaleType> ReadScaleTypes(const std::string& connectionString) {
   std::vector<ScaleType> types;
   const auto rows =
-      OpenRows(connectionString, "SELECT ScaleTypeID, ScaleTypeName FROM ScaleTypes ORDER BY ScaleTypeID");
+      OpenRows(connectionString, "SELECT ScaleTypeID, ScaleTypeName FROM ScaleTypes ORDER BY ScaleTypeNo, ScaleTypeID");
   for (; !rows->IsEof(); rows->MoveNext()) {
     types.push_back({rows->FieldValue(0).AsInt(), rows->FieldValue(1).TextOr({})});
   }

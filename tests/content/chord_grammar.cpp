@@ -18,7 +18,18 @@ namespace {
 
 /// One step of a recipe: what to do, and the degree to do it with, such as "b9".
 struct Step {
-  enum class Kind { kMinor, kDiminished, kAugmented, kMajorSeventh, kStack, kSuspend, kAdd, kAlter, kOmit };
+  enum class Kind {
+    kMinor,
+    kDiminished,
+    kAugmented,
+    kMajorSeventh,
+    kStack,
+    kSuspend,
+    kAdd,
+    kAlter,
+    kOmit,
+    kAllAltered
+  };
   Kind kind;
   std::string degree;
 };
@@ -59,6 +70,10 @@ class ChordBuilder {
         if (degrees_.erase(Number(step.degree)) == 0) {
           throw std::invalid_argument("nothing to leave out: " + step.degree);
         }
+        break;
+      case Step::Kind::kAllAltered:
+        degrees_.erase(5);
+        others_ += " b5 #5 b9 #9";
         break;
     }
   }
@@ -146,6 +161,9 @@ Step NextSymbolStep(std::string_view& rest) {
       return {quality.kind, ""};
     }
   }
+  if (Take(rest, "alt")) {
+    return {Kind::kAllAltered, ""};
+  }
   if (Take(rest, "sus")) {
     return {Kind::kSuspend, rest.empty() ? "4" : TakeDegree(rest)};
   }
@@ -192,6 +210,9 @@ std::optional<Step> StepInWords(const std::string& word, std::istream& words) {
   if (const auto action = kWithDegree.find(word); action != kWithDegree.end()) {
     return Step{action->second, DegreeInWords(words)};
   }
+  if (word == "altered") {
+    return Step{Kind::kAllAltered, ""};
+  }
   if (word == "power") {
     return Step{Kind::kStack, "5"};
   }
@@ -225,12 +246,12 @@ PitchClassSet ChordFromWords(std::string_view name) {
 }
 
 PitchClassSet ChordFromSymbol(std::string_view symbol) {
-  if (!Take(symbol, "C")) {
-    throw std::invalid_argument("no symbol on C: " + std::string(symbol));
-  }
+  std::string plain(symbol);
+  std::erase_if(plain, [](char c) { return c == '(' || c == ')'; });
+  std::string_view rest = plain;
   ChordBuilder chord;
-  while (!symbol.empty()) {
-    chord.Do(NextSymbolStep(symbol));
+  while (!rest.empty()) {
+    chord.Do(NextSymbolStep(rest));
   }
   return chord.Notes();
 }

@@ -68,7 +68,7 @@ constexpr KnownScale kCommon[] = {
     {"Locrian natural 2", "C D Eb F Gb Ab Bb"},
     {"Phrygian dominant", "C Db E F G Ab Bb"},
     {"Dorian sharp 4", "C D Eb F# G A Bb"},
-    {"Altered diminished", "C Db Eb Fb Gb Ab A"},
+    {"Ultra-Locrian", "C Db Eb Fb Gb Ab A"},
     {"Harmonic major", "C D E F G Ab B"},
     {"Double harmonic major", "C Db E F G Ab B"},
     {"Hungarian minor", "C D Eb F# G Ab B"},
@@ -167,6 +167,41 @@ constexpr KnownScale kNamedChords[] = {
     {"Slash chord flat V over I", "C Gb Bb Db"},
 };
 
+/// Rows added after 1.0.
+constexpr KnownScale kAdded[] = {
+    {"Aeolian natural 7", "C D Eb F G Ab B"},
+    {"Major sixth-diminished", "C D E F G G# A B"},
+    {"Minor sixth-diminished", "C D Eb F G G# A B"},
+    {"Minor hexatonic with major 7", "C D Eb F G B"},
+    {"Aeolian hexatonic", "C Eb F G Ab Bb"},
+    {"Phrygian hexatonic", "C Db Eb F Ab Bb"},
+    {"Piongio", "C D F G A Bb"},
+    {"Raga Yaman", "C D E F# G A B"},
+    {"Raga Bageshri", "C D Eb F G A Bb"},
+    {"Raga Kirwani", "C D Eb F G Ab B"},
+    {"Raga Kedar", "C D E F F# G A B"},
+    {"Raga Yaman Kalyan", "C D E F F# G A B"},
+    {"Raga Khamaj", "C D E F G A Bb B"},
+    {"Raga Miyan ki Malhar", "C D Eb F G A Bb B"},
+    {"Raga Purvi", "C Db E F F# G Ab B"},
+    {"Maqam Sikah (approximation)", "C Db Eb F G Ab Bb"},
+    {"Dastgah Segah (approximation)", "C Db Eb F Gb Ab Bb"},
+    {"Dastgah Nava (approximation)", "C D Eb F G Ab Bb"},
+    {"Dastgah Rast-Panjgah", "C D E F G A B"},
+    {"Pelog of seven tones (approximation)", "C Db Eb F G Ab Bb"},
+    {"Major triad first inversion", "C Eb Ab"},
+    {"Minor triad second inversion", "C F Ab"},
+    {"Dominant 7 third inversion", "C D F# A"},
+    {"Minor 7 flat 5 first inversion", "C Eb G A"},
+    {"Slash chord V over I", "C G B D"},
+    {"Slash chord II minor over I", "C D F A"},
+    {"Dominant 7 altered", "C E Bb Db D# Gb G#"},
+    {"Mixed quartal chord 5-6-5", "C F B E"},
+    {"Mixed quartal chord 5-5-6", "C F Bb E"},
+    {"Mixed quartal chord 6-5-5", "C F# B E"},
+    {"Minor sixth dyad", "C Ab"},
+};
+
 constexpr KnownScale kPacks[] = {
     {"Kanakangi", "C Db Ebb F G Ab Bbb"},
     {"Mayamalavagowla", "C Db E F G Ab B"},
@@ -198,7 +233,7 @@ constexpr KnownScale kPacks[] = {
     {"Podhale (Goral)", "C D E F# G A Bb"},
     {"Kokin-joshi", "C Db F G Bb"},
     {"Yayue", "C D E F# G A B"},
-    {"Pelog barang", "C D F# G A"},
+    {"Pelog barang", "C Db F G Ab"},
     {"Bebop Dorian (major seventh)", "C D Eb F G A Bb B"},
     {"Bebop Lydian", "C D E F# G G# A B"},
     {"Bebop Lydian dominant", "C D E F# G A Bb B"},
@@ -215,6 +250,7 @@ INSTANTIATE_TEST_SUITE_P(Common, KnownScales, ::testing::ValuesIn(kCommon));
 INSTANTIATE_TEST_SUITE_P(Rare, KnownScales, ::testing::ValuesIn(kRare));
 INSTANTIATE_TEST_SUITE_P(Ragas, KnownScales, ::testing::ValuesIn(kRagas));
 INSTANTIATE_TEST_SUITE_P(NamedChords, KnownScales, ::testing::ValuesIn(kNamedChords));
+INSTANTIATE_TEST_SUITE_P(Added, KnownScales, ::testing::ValuesIn(kAdded));
 INSTANTIATE_TEST_SUITE_P(Packs, KnownScales, ::testing::ValuesIn(kPacks));
 
 /// A chord as it stands in the work that it is known from, and its lowest note there.

@@ -129,7 +129,7 @@ TEST(Melakartas, NameThePartnerThatDiffersInTheFourthAlone) {
     if (at == std::string_view::npos) {
       continue;
     }
-    const std::string_view name = text.substr(at + 23, text.size() - at - 24);
+    const std::string_view name = text.substr(at + 23, text.find('.', at) - at - 23);
     PitchClassSet notes = FromPattern(row.scaleIntervals);
     notes.flip(5).flip(6);
     EXPECT_EQ(notes, Pack().Notes(name)) << row.scaleName << " and " << name;

@@ -63,9 +63,14 @@ std::vector<ScaleRow> ScaleLibrary::OfType(std::string_view typeName) const {
 }
 
 const ScaleRow* ScaleLibrary::Find(std::string_view name) const {
-  const auto row = std::ranges::find(tables_.scales, Lowered(name),
+  const std::string lowered = Lowered(name);
+  const auto row = std::ranges::find(tables_.scales, lowered,
                                      [](const ScaleRow& candidate) { return Lowered(candidate.scaleName); });
-  return row == tables_.scales.end() ? nullptr : &*row;
+  if (row != tables_.scales.end()) return &*row;
+  const auto isPlainName = [&lowered](const ScaleRow& candidate) { return Lowered(PlainName(candidate)) == lowered; };
+  const auto plain = std::ranges::find_if(tables_.scales, isPlainName);
+  if (plain == tables_.scales.end()) return nullptr;
+  return std::find_if(plain + 1, tables_.scales.end(), isPlainName) == tables_.scales.end() ? &*plain : nullptr;
 }
 
 PitchClassSet ScaleLibrary::Notes(std::string_view name) const { return FromPattern(Pattern(name)); }
@@ -86,6 +91,8 @@ std::vector<std::string> PackFolders() {
   std::ranges::sort(folders);
   return folders;
 }
+
+std::string PlainName(const ScaleRow& row) { return row.scaleName.substr(0, row.scaleName.find(" (")); }
 
 std::string Lowered(std::string_view text) {
   std::string result(text);

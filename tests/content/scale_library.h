@@ -38,7 +38,7 @@ class ScaleLibrary {
   /// The rows of the type of that name, in their order. Throws std::out_of_range if there is no such type.
   [[nodiscard]] std::vector<ScaleRow> OfType(std::string_view typeName) const;
 
-  /// The row of that name without regard to ASCII case, or null.
+  /// The row of that name without regard to ASCII case, or else the only row whose plain name this is; otherwise null.
   [[nodiscard]] const ScaleRow* Find(std::string_view name) const;
   /// The notes of the row of that name. Throws std::out_of_range if there is none.
   [[nodiscard]] PitchClassSet Notes(std::string_view name) const;
@@ -54,6 +54,9 @@ class ScaleLibrary {
 
 /// The folders of the data packs below content/, such as "packs/jazz", in alphabetical order.
 std::vector<std::string> PackFolders();
+
+/// The name without its brackets: "Minor 7" for "Minor 7 (m7)".
+std::string PlainName(const ScaleRow& row);
 
 /// ASCII letters in lower case, as the database compares names.
 std::string Lowered(std::string_view text);

@@ -74,29 +74,32 @@ TEST_P(ScaleTables, NumberTheirRowsWithoutGapsScalesFirst) {
   }
 }
 
-TEST_P(ScaleTables, NumberTheirTypesFromOne) {
+TEST_P(ScaleTables, NumberTheirTypes) {
   ASSERT_THAT(Types(), Not(IsEmpty()));
-  std::int64_t expected = Types().front().scaleTypeId;
+  std::int64_t expected = IsMain() ? 1 : Types().front().scaleTypeId;
   EXPECT_EQ(expected % 100, 1);
-  EXPECT_EQ(expected == 1, IsMain());
   std::set<std::string> names;
   for (const ScaleTypeRow& type : Types()) {
-    EXPECT_EQ(type.scaleTypeId, expected);
+    if (IsMain()) {
+      EXPECT_TRUE(type.scaleTypeId > 0 && type.scaleTypeId < 100) << type.scaleTypeName;
+    } else {
+      EXPECT_EQ(type.scaleTypeId, expected);
+    }
     EXPECT_EQ(type.scaleTypeNo, expected++);
     EXPECT_THAT(type.scaleTypeName, Not(IsEmpty()));
     EXPECT_TRUE(names.insert(Lowered(type.scaleTypeName)).second) << type.scaleTypeName << " stands twice";
   }
 }
 
-TEST_P(ScaleTables, GroupTheRowsOfATypeAndUseEveryType) {
+TEST_P(ScaleTables, GroupTheRowsOfATypeAndUseEveryTypeInItsOrder) {
   std::vector<std::int64_t> order;
   for (const ScaleRow& row : Rows()) {
     if (order.empty() || order.back() != row.scaleTypeId) {
       order.push_back(row.scaleTypeId);
     }
   }
-  std::vector<std::int64_t> expected(Types().size());
-  std::iota(expected.begin(), expected.end(), Types().front().scaleTypeId);
+  std::vector<std::int64_t> expected;
+  for (const ScaleTypeRow& type : Types()) expected.push_back(type.scaleTypeId);
   EXPECT_EQ(order, expected);
 }
 
@@ -115,7 +118,7 @@ TEST_P(ScaleTables, KeepScalesAndChordsInTypesOfTheirOwn) {
 }
 
 TEST_P(ScaleTables, NameRowsInTextThatTheSearchFindsAsItStands) {
-  const std::regex plain("[A-Z][A-Za-z0-9 ,.()'-]*[A-Za-z0-9)]");
+  const std::regex plain("[A-Z][A-Za-z0-9 ,.()'/-]*[A-Za-z0-9)]");
   for (const ScaleRow& row : Rows()) {
     EXPECT_TRUE(std::regex_match(row.scaleName, plain)) << row.scaleName;
     EXPECT_LE(row.scaleName.size(), 60U) << row.scaleName;

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Rows with the same pattern sound the same, and a reader of one wants to know the other. In the library each of them
+// names all the others. A row of a pack names the first such row of the library and all those of its own pack, but none
+// of another pack, because that may not be installed.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "content/mentions.h"
+#include "content/scale_library.h"
+
+namespace tonalith::content_tests {
+namespace {
+
+bool IsOfLibrary(const ScaleRow& row) { return FolderOf(row) == "scales"; }
+
+/// The rows with the same pattern that the description of this row has to name.
+std::vector<const ScaleRow*> RowsToName(const ScaleRow& row, const std::vector<const ScaleRow*>& equals) {
+  std::vector<const ScaleRow*> rows;
+  bool libraryIsNamed = false;
+  for (const ScaleRow* other : equals) {
+    const bool firstOfLibrary = IsOfLibrary(*other) && !libraryIsNamed;
+    libraryIsNamed = libraryIsNamed || IsOfLibrary(*other);
+    if (other != &row && (firstOfLibrary || FolderOf(*other) == FolderOf(row))) rows.push_back(other);
+  }
+  return rows;
+}
+
+TEST(CrossReferences, NameEveryOtherRowWithTheSameNotes) {
+  std::map<std::string, std::vector<const ScaleRow*>> rowsOfPattern;
+  for (const ScaleRow& row : ScaleLibrary::WithPacks().Rows()) rowsOfPattern[row.scaleIntervals].push_back(&row);
+  int checked = 0;
+  for (const auto& [pattern, equals] : rowsOfPattern) {
+    for (const ScaleRow* row : equals) {
+      const std::vector<const ScaleRow*> named = Mentions(row->scaleDescription);
+      for (const ScaleRow* other : RowsToName(*row, equals)) {
+        EXPECT_NE(std::ranges::find(named, other), named.end())
+            << row->scaleName << " (" << FolderOf(*row) << ") does not name " << ReferenceName(*other) << ": "
+            << row->scaleDescription;
+        ++checked;
+      }
+    }
+  }
+  EXPECT_GE(checked, 500);
+}
+
+TEST(CrossReferences, NameNoRowOfAnotherPack) {
+  for (const ScaleRow& row : ScaleLibrary::WithPacks().Rows()) {
+    for (const ScaleRow* other : Mentions(row.scaleDescription)) {
+      EXPECT_TRUE(IsOfLibrary(*other) || FolderOf(*other) == FolderOf(row))
+          << row.scaleName << " (" << FolderOf(row) << ") names " << other->scaleName << " of " << FolderOf(*other)
+          << ": " << row.scaleDescription;
+    }
+  }
+}
+
+TEST(CrossReferences, CountTheLongestNameAsAWholeWord) {
+  const auto names = [](std::string_view text) {
+    std::string all;
+    for (const ScaleRow* row : Mentions(text)) all += ReferenceName(*row) + "; ";
+    return all;
+  };
+  EXPECT_EQ(names("Same notes as Minor 7 flat 5, Dorian and Raga Yaman."), "Minor 7 flat 5; Dorian; Raga Yaman; ");
+  EXPECT_EQ(names("Majors, dorian and Pre-Blues name nothing."), "");
+  EXPECT_EQ(names("Melodic minor (ascending) needs its bracket."), "Melodic minor (ascending); ");
+}
+
+}  // namespace
+}  // namespace tonalith::content_tests
