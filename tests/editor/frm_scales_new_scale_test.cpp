@@ -16,6 +16,14 @@ constexpr auto kYes = core::MsgBoxAnswer::kYes;
 
 using NewScale = ScaleEditorTest;
 
+TEST_F(NewScale, ListsTheTypesInTheOrderOfTheirNumbers) {
+  Execute("INSERT INTO ScaleTypes VALUES (3, 9, 'Last'), (4, 0, 'First')");
+  Open();
+  EXPECT_EQ(C().Combo1->findText(QStringLiteral("First")), 0);
+  EXPECT_EQ(C().Combo1->findText(QStringLiteral("Scales")), 1);
+  EXPECT_EQ(C().Combo1->findText(QStringLiteral("Last")), 3);
+}
+
 TEST_F(NewScale, StartsAsTheMajorScaleAtTheEndOfItsType) {
   Open(3);
   Press(C().cmdModify);

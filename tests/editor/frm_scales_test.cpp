@@ -336,14 +336,6 @@ TEST_F(FrmScales, RefreshReadsAgainAndStaysOnItsRecord) {
   EXPECT_EQ(C().Combo1->findText(QStringLiteral("Modes")), 2);
 }
 
-TEST_F(FrmScales, ListsTheTypesInTheOrderOfTheirNumbers) {
-  Execute("INSERT INTO ScaleTypes VALUES (3, 9, 'Last'), (4, 0, 'First')");
-  Open();
-  EXPECT_EQ(C().Combo1->findText(QStringLiteral("First")), 0);
-  EXPECT_EQ(C().Combo1->findText(QStringLiteral("Scales")), 1);
-  EXPECT_EQ(C().Combo1->findText(QStringLiteral("Last")), 3);
-}
-
 TEST_F(FrmScales, DeleteAsksToTheLetterAndTakesNoAsItsDefault) {
   Open();
   Press(C().cmdModify);
