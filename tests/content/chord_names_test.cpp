@@ -195,6 +195,22 @@ TEST(Chords, CalledMixedQuartalStackTheFourthsOfTheirName) {
   EXPECT_EQ(checked, 5);
 }
 
+TEST(Chords, HoldSeventhsAndNinthsOfEveryQualityWithAlteredFifths) {
+  std::set<std::string> held;
+  for (const ScaleRow& row : ScaleLibrary::WithPacks().Chords()) held.insert(ToText(FromPattern(row.scaleIntervals)));
+  int checked = 0;
+  for (const std::string quality : {"1 3 7", "1 3 b7", "1 b3 b7", "1 b3 7"}) {
+    for (const std::string fifth : {" b5", " 5", " #5"}) {
+      for (const std::string ninth : {"", " 9", " b9", " #9"}) {
+        if (ninth == " #9" && quality.find("b3") != std::string::npos) continue;
+        EXPECT_TRUE(held.contains(ToText(FromDegrees(quality + fifth + ninth)))) << quality << fifth << ninth;
+        ++checked;
+      }
+    }
+  }
+  EXPECT_EQ(checked, 2 * 3 * 4 + 2 * 3 * 3);
+}
+
 TEST(Chords, ShareNoSymbol) {
   std::map<std::string, std::string> owner;
   for (const ScaleRow& row : SpelledChords()) {
