@@ -29,7 +29,8 @@ QString ToText(const data::Value& value) { return QString::fromStdString(value.T
 }  // namespace
 
 frmTonalith::frmTonalith(const FormServices& services)
-    : services_(services),
+    : QMainWindow(nullptr, controls::kFixedSizeWindow),
+      services_(services),
       desk_(c_, AudioFolder),
       playback_(services.sounds, desk_, services.events, services.msgBox),
       printing_(c_, *this, {services.printing, services.msgBox, [this] { Form_Paint(); }}) {

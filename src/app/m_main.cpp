@@ -3,6 +3,8 @@
 
 #include "app/m_main.h"
 
+#include "app/screen_fit.h"
+#include "controls/screen_room.h"
 #include "core/deferred_failure.h"
 #include "core/paths.h"
 #include "core/text.h"
@@ -54,6 +56,7 @@ std::unique_ptr<frmTonalith> OpenScaleDatabase(const FormServices& services) {
   if (opened) failure.Try([&] { form->BindData(); });
   failure.Try([&] { form->Controls().fretboard->PositionNotes(); });
   form->UpdateForm();
+  if (const auto room = controls::RoomOn(form->screen())) AddScrollBars(*form, *room);
   form->show();
   // The window is there before its message, so that nobody has to answer a box that belongs to nothing.
   failure.ReportNumberAndDescription(services.msgBox, core::MsgBoxStyle::kCritical);

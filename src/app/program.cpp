@@ -13,6 +13,7 @@
 #include "app/m_main.h"
 #include "app/program_icon.h"
 #include "app/program_style.h"
+#include "app/screen_fit.h"
 #include "app/translation.h"
 #include "audio/octave_note_player.h"
 #include "core/deferred_failure.h"
@@ -68,6 +69,7 @@ class SoundDeviceNews : public QObject, public platform::SoundDeviceObserver {
 int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown) {
   // A file that may not grow any more is a write that fails, and is told in words; the signal would end the program.
   std::signal(SIGXFSZ, SIG_IGN);
+  const ScreenFit fit(argc, argv);
   // The sound output sets the environment that it reads, so it is made while there is one thread.
   platform::NoticeQueue notices;
   SoundDeviceNews news;
@@ -77,6 +79,7 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   QGuiApplication::setDesktopFileName(QStringLiteral("org.tonalith.Tonalith"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TONALITH_VERSION));
   QApplication application(argc, argv);
+  fit.RestartIfTooLarge();
   InstallStyle(application);
   InstallTranslation(FindContentFolder(ProgramFolder()), QLocale::system(), application);
   platform::QtMsgBox msgBox("Tonalith");
@@ -95,6 +98,7 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   const auto window = Main({database, msgBox, notePlayer, sounds, events, printing, help}, drives, directory);
   news.SetWindow(window.get());
   if (shown) shown(*window);
+  fit.Report(msgBox);
   // The window is painted first; its icon can wait for that.
   constexpr auto kAfterFirstPaint = std::chrono::milliseconds(300);
   QTimer::singleShot(kAfterFirstPaint, window.get(), [&window] { window->setWindowIcon(ProgramIcon()); });

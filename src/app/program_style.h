@@ -20,6 +20,10 @@ class ProgramStyle : public platform::LateIconStyle {
 
   /// Called by Qt for the palette of the system, at the start and whenever it changes.
   void polish(QPalette& palette) override;
+  /// Closes the gaps that a style leaves in the border of a menu bar, one after each entry, where the screen has more
+  /// than one pixel for each of the widget.
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget = nullptr) const override;
 };
 
 /// Puts a ProgramStyle over the style that `application` has found. Before an application exists the desktop's style is

@@ -12,6 +12,7 @@
 #include <QShortcut>
 
 #include "controls/theme.h"
+#include "controls/window_front.h"
 
 namespace tonalith::editor {
 namespace {
@@ -30,7 +31,7 @@ QList<QKeySequence> RedoKeys() {
 }  // namespace
 
 frmScales::frmScales(const EditorServices& services, QWidget* parent)
-    : QWidget(parent, Qt::Window), services_(services), patternNotes_(services.msgBox) {
+    : QWidget(parent, controls::kFixedSizeWindow), services_(services), patternNotes_(services.msgBox) {
   setObjectName(QStringLiteral("frmScales"));
   setWindowTitle(tr("Scales"));
   setAttribute(Qt::WA_DeleteOnClose);

@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "controls/plain_label.h"
+#include "controls/screen_room.h"
 #include "controls/theme.h"
 #include "controls/window_front.h"
 #include "core/deferred_failure.h"
@@ -108,7 +109,7 @@ void frmPrint::LayOut() {
   QWidget::setTabOrder(cmdPrint_, cmdPdf_);
   QWidget::setTabOrder(cmdPdf_, cmdCancel_);
   cmdPrint_->setFocus();
-  resize(760, 620);
+  controls::ResizeWithinScreen(*this, {760, 620});
 }
 
 void frmPrint::ApplyTheme() {

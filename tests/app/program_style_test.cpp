@@ -75,6 +75,11 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(Surroundings{}, Surroundings{{QStringLiteral("-style"), QStringLiteral("Windows")}, {}},
                     Surroundings{{}, {{QStringLiteral("QT_STYLE_OVERRIDE"), QStringLiteral("Windows")}}}));
 
+TEST(ProgramStyle, BorderOfAMenuBarHasNoGapsOnAScreenOfFinePixels) {
+  const Surroundings fine{{}, {{QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2")}}};
+  EXPECT_EQ(Probe(QStringLiteral("program"), fine)[QStringLiteral("menu-border-colours")], QLatin1String("1"));
+}
+
 TEST(ProgramStyle, IsFusionWhereNoDesktopHasAStyleOfItsOwn) {
   EXPECT_EQ(Probe(QStringLiteral("program"), {})[QStringLiteral("style")], QLatin1String("fusion"));
 }

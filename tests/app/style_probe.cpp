@@ -6,9 +6,11 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPainter>
 #include <QProxyStyle>
+#include <QSet>
 #include <QStyleFactory>
 #include <QStyleOptionButton>
 #include <QStyleOptionMenuItem>
@@ -105,12 +107,22 @@ void PrintPalettes(const QWidget* window) {
   print("menu", QMenu().palette());
 }
 
+/// How many colours the lowest line of the window's menu bar has.
+void PrintMenuBorder(const QWidget& window) {
+  auto* const bar = window.findChild<QMenuBar*>();
+  const QImage image = bar->grab().toImage();
+  QSet<QRgb> colours;
+  for (int x = 0; x < image.width(); ++x) colours.insert(image.pixel(x, image.height() - 1));
+  Print("menu-border-colours", QString::number(colours.size()));
+}
+
 void PrintAll(const QWidget* window) {
   Print("style", UndermostStyle()->name());
   Print("class", QLatin1String(UndermostStyle()->metaObject()->className()));
   PrintMetrics();
   PrintPictures();
   PrintPalettes(window);
+  if (window != nullptr) PrintMenuBorder(*window);
   Print("music", tonalith::controls::MusicFont::Shared().Origin());
   std::fflush(stdout);
 }

@@ -22,9 +22,10 @@ class SessionFailure(Exception):
 class Session:
     """with Session(stage) as session: session.window is the main window on the accessibility bus."""
 
-    def __init__(self, stage, seconds=30):
+    def __init__(self, stage, seconds=30, screen="1600x1000"):
         self._stage = stage
         self._seconds = seconds
+        self._screen = screen
         self._processes = []
         self._folder = tempfile.mkdtemp(prefix="tonalith-outside-")
         self._log = os.path.join(self._folder, "log")
@@ -81,7 +82,9 @@ class Session:
             XDG_CONFIG_HOME=os.path.join(self._folder, "config"),
             QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
         )
-        screen = self._spawn_and_read(["Xvfb", "-displayfd", "1", "-screen", "0", "1600x1000x24", "-nolisten", "tcp", "-noreset"])
+        screen = self._spawn_and_read(
+            ["Xvfb", "-displayfd", "1", "-screen", "0", self._screen + "x24", "-nolisten", "tcp", "-noreset"]
+        )
         os.environ["DISPLAY"] = ":" + screen
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._spawn_and_read(
             ["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1"]

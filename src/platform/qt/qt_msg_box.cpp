@@ -72,6 +72,9 @@ MsgBoxAnswer QtMsgBox::Show(const std::string& text, MsgBoxStyle style, const st
   if (active != nullptr || !isLatestThere) latestWindow_ = active;
   const QPointer<QMessageBox> box(new QMessageBox(latestWindow_));
   box->setObjectName(QStringLiteral("MsgBox"));
+  // Its size is fixed: no button to maximise it.
+  box->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                      Qt::WindowCloseButtonHint);
   box->setWindowTitle(QString::fromStdString(title.empty() ? applicationTitle_ : title));
   // A scale's name may look like markup; it is shown as it is written.
   box->setTextFormat(Qt::PlainText);

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "app/screen_fit.h"
+
+#include <QMenuBar>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include "app/main_window_fixture.h"
+#include "core/recording_msg_box.h"
+
+namespace tonalith::app {
+namespace {
+
+constexpr QSize kWindow(1080, 640);
+
+TEST(ScaleThatFits, IsOneWhereTheWindowFits) {
+  EXPECT_EQ(ScaleThatFits(kWindow, kWindow, 2), 1);
+  EXPECT_EQ(ScaleThatFits(kWindow, {1920, 1080}, 2), 1);
+}
+
+TEST(ScaleThatFits, FollowsTheSideThatIsShorterByMore) {
+  EXPECT_NEAR(ScaleThatFits(kWindow, {960, 504}, 2), 504.0 / 640, 0.001);
+  EXPECT_NEAR(ScaleThatFits(kWindow, {900, 630}, 2), 900.0 / 1080, 0.001);
+  EXPECT_LE(ScaleThatFits(kWindow, {907, 476}, 1.5) * kWindow.height(), 476);
+}
+
+TEST(ScaleThatFits, IsNeverBelowTheSmallestNorBelowOnePixelOfTheScreen) {
+  EXPECT_EQ(ScaleThatFits(kWindow, {320, 200}, 2), kSmallestScale);
+  EXPECT_EQ(ScaleThatFits(kWindow, {800, 500}, 1.25), 0.8);
+  EXPECT_EQ(ScaleThatFits(kWindow, {800, 500}, 1), 1);
+}
+
+TEST(ScaleSetting, IsUsableFromAQuarterToEight) {
+  for (const char* const value : {"", "1", "0.25", "1.5", "8", " 2 "}) {
+    EXPECT_TRUE(IsUsableScaleSetting("QT_SCALE_FACTOR", value)) << value;
+  }
+  for (const char* const value : {"-1", "0", "0.2", "9", "1e9", "nan", "inf", "-inf", "two", "1,5"}) {
+    EXPECT_FALSE(IsUsableScaleSetting("QT_SCALE_FACTOR", value)) << value;
+  }
+}
+
+TEST(ScaleSetting, OfEveryScreenHasTheSameLimits) {
+  for (const char* const value : {"1.5", "1;2", "HDMI-1=1.5;eDP-1=2", "HDMI-1=1.5;"}) {
+    EXPECT_TRUE(IsUsableScaleSetting("QT_SCREEN_SCALE_FACTORS", value)) << value;
+  }
+  for (const char* const value : {"-1", "1;-2", "HDMI-1=0.0001", "HDMI-1="}) {
+    EXPECT_FALSE(IsUsableScaleSetting("QT_SCREEN_SCALE_FACTORS", value)) << value;
+  }
+}
+
+TEST(ScaleSetting, OfFontsIsAResolution) {
+  for (const char* const value : {"0", "72", "96", "192"}) {
+    EXPECT_TRUE(IsUsableScaleSetting("QT_FONT_DPI", value)) << value;
+  }
+  for (const char* const value : {"-5", "1", "100000"}) {
+    EXPECT_FALSE(IsUsableScaleSetting("QT_FONT_DPI", value)) << value;
+  }
+}
+
+TEST(ScreenFit, TakesAScaleThatCannotBeUsedOutOfTheEnvironmentAndSaysSo) {
+  qputenv("QT_SCALE_FACTOR", "-1");
+  std::string program = "tonalith";
+  char* arguments[] = {program.data(), nullptr};
+  const ScreenFit fit(1, arguments);
+  EXPECT_FALSE(qEnvironmentVariableIsSet("QT_SCALE_FACTOR"));
+  core::RecordingMsgBox box;
+  fit.Report(box);
+  ASSERT_EQ(box.Messages().size(), 1U);
+  EXPECT_EQ(box.Messages().front().text,
+            "QT_SCALE_FACTOR is set to '-1', which is no scale that windows can be shown at. Tonalith has started as if "
+            "it were not set.");
+}
+
+TEST(ScreenFit, KeepsAScaleThatCanBeUsed) {
+  qputenv("QT_SCALE_FACTOR", "1.5");
+  std::string program = "tonalith";
+  char* arguments[] = {program.data(), nullptr};
+  const ScreenFit fit(1, arguments);
+  EXPECT_EQ(qgetenv("QT_SCALE_FACTOR"), "1.5");
+  qunsetenv("QT_SCALE_FACTOR");
+  core::RecordingMsgBox box;
+  fit.Report(box);
+  EXPECT_TRUE(box.Messages().empty());
+}
+
+using SmallScreen = MainWindowTest;
+
+TEST_F(SmallScreen, WindowThatFitsHasNoScrollArea) {
+  CopyShippedDatabase();
+  frmTonalith& window = Start();
+  AddScrollBars(window, {1080, 700});
+  EXPECT_EQ(window.findChild<QScrollArea*>(), nullptr);
+}
+
+TEST_F(SmallScreen, EverythingCanBeScrolledToInAWindowThatFits) {
+  CopyShippedDatabase();
+  frmTonalith& window = Start();
+  QWidget* const focus = window.focusWidget();
+  constexpr QSize kRoom(796, 564);
+  AddScrollBars(window, kRoom);
+  QCoreApplication::processEvents();
+  EXPECT_LE(window.sizeHint().width(), kRoom.width());
+  EXPECT_LE(window.sizeHint().height(), kRoom.height());
+  auto* const area = window.findChild<QScrollArea*>();
+  ASSERT_NE(area, nullptr);
+  EXPECT_EQ(window.focusWidget(), focus);
+  area->ensureWidgetVisible(C().cmdInstall);
+  QWidget* const view = area->viewport();
+  EXPECT_TRUE(view->rect().contains(QRect(C().cmdInstall->mapTo(view, QPoint(0, 0)), C().cmdInstall->size())));
+}
+
+TEST_F(SmallScreen, WindowOfFixedSizeOffersNoMaximiseButton) {
+  CopyShippedDatabase();
+  frmTonalith& window = Start();
+  EXPECT_FALSE(window.windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
+  EXPECT_TRUE(window.windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
+  EXPECT_TRUE(window.windowFlags().testFlag(Qt::WindowCloseButtonHint));
+}
+
+}  // namespace
+}  // namespace tonalith::app
