@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "core/failure.h"
+#include "core/upper_case.h"
 #include "data/engine.h"
 #include "data/sql_dialect.h"
 
@@ -22,16 +23,12 @@ std::vector<std::string> Quoted(std::vector<std::string> names) {
   return names;
 }
 
-// The same for all texts that the engine takes for equal without regard to case: it looks no further than a zero.
+// The same for all texts that are equal without regard to case. The engine looks no further than a zero.
 std::uint64_t MarkOf(std::string_view text) {
   constexpr std::uint64_t kOffset = 14695981039346656037U;  // FNV-1a
   constexpr std::uint64_t kPrime = 1099511628211U;
   std::uint64_t mark = kOffset;
-  for (const char character : text.substr(0, text.find('\0'))) {
-    const bool isCapital = character >= 'A' && character <= 'Z';
-    const auto byte = static_cast<unsigned char>(isCapital ? character - 'A' + 'a' : character);
-    mark = (mark ^ byte) * kPrime;
-  }
+  for (const char32_t character : core::UpperCase(text.substr(0, text.find('\0')))) mark = (mark ^ character) * kPrime;
   return mark;
 }
 

@@ -17,6 +17,7 @@
 #include "data/pack_check.h"
 #include "data/pack_rows.h"
 #include "data/scale_database.h"
+#include "data/scale_names.h"
 #include "data/sql_dialect.h"
 #include "data/sql_tokens.h"
 #include "data/whole_number.h"
@@ -123,6 +124,8 @@ std::int64_t PackMerge::MergeTable(const TableRules& rules, PackBudget& budget) 
       "SELECT 1 FROM " + QuoteName(rules.table) + " WHERE " + QuoteName(rules.key) + " = ? LIMIT 1";
   NewRows newRows(main_->OpenEngine(), rules.table, fields, IndexOf(fields, rules.key));
   PackRows rows(pack, rules.table, columns, IndexOf(columns, rules.name));
+  ScaleNames scaleNames(main_->OpenEngine());
+  ScaleNames* const names = isKeySet ? nullptr : &scaleNames;
   std::int64_t added = 0;
   Value wanted;
   const auto merge = [&](std::int64_t row, std::span<const Value> values) {
@@ -133,11 +136,12 @@ std::int64_t PackMerge::MergeTable(const TableRules& rules, PackBudget& budget) 
       throw At({rules.table, hasKey ? row : 0, rules.key}, failure);
     }
     if (newRows.MayHold(wanted)) newRows.Write();
-    if (!MainHas(lookUp, wanted)) {
+    if (!MainHas(lookUp, wanted, names)) {
       Value* value = newRows.NextRow();
       for (std::size_t i = 0; i < copied; ++i) CopyValue(values[i], *value++);
       if (isKeySet) *value = wanted;
       newRows.Add(row);
+      if (names != nullptr) names->Add(wanted.AsText());
       ++added;
     }
     onRow_(++rows_);
@@ -161,8 +165,9 @@ std::vector<std::string> PackMerge::CopiedFields(const TableRules& rules) const 
   return fields;
 }
 
-bool PackMerge::MainHas(const std::string& statement, const Value& key) {
-  bool isThere = false;
+bool PackMerge::MainHas(const std::string& statement, const Value& key, ScaleNames* names) {
+  bool isThere = names != nullptr && names->Has(key.AsText());
+  if (isThere) return true;
   main_->OpenEngine().Query(statement, {&key, 1}, [&](SQLite::Statement&) { isThere = true; });
   return isThere;
 }

@@ -20,6 +20,8 @@
 
 namespace tonalith::data {
 
+class ScaleNames;
+
 class PackMerge {
  public:
   /// `onRow` hears of each row of the pack that is done, counted from 1.
@@ -47,7 +49,8 @@ class PackMerge {
 
   std::int64_t MergeTable(const TableRules& rules, PackBudget& budget);
   [[nodiscard]] std::vector<std::string> CopiedFields(const TableRules& rules) const;
-  bool MainHas(const std::string& statement, const Value& key);
+  /// `names` where the key is a scale's name.
+  bool MainHas(const std::string& statement, const Value& key, ScaleNames* names);
 
   std::string path_;
   std::function<void(std::int64_t)> onRow_;

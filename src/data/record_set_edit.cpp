@@ -11,6 +11,7 @@
 #include "data/engine.h"
 #include "data/record_set.h"
 #include "data/row_source.h"
+#include "data/scale_names.h"
 #include "data/sql_dialect.h"
 
 namespace tonalith::data {
@@ -114,6 +115,7 @@ void RecordSet::Insert() {
   const Selection::Walk& walk = *selection_->walk;
   const SetFields set(selection_->fields, pending_);
   WriteGuard guard(engine);
+  RequireFreeName(engine, walk.source, set.names, set.values, 0);
   engine.Execute(InsertStatement(walk.source, set.names), set.values);
   std::int64_t key = 0;
   if (walk.keyIsRowNumber) {
@@ -144,6 +146,7 @@ void RecordSet::Change() {
   set.values.emplace_back(row_->key);
   WriteGuard guard(engine);
   RequireRow(engine, walk, row_->key);
+  RequireFreeName(engine, walk.source, set.names, set.values, row_->key);
   engine.Execute(UpdateStatement(walk, set.names), set.values);
   guard.Commit();
 

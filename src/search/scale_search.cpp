@@ -7,8 +7,8 @@
 
 #include "core/failure.h"
 #include "core/text.h"
+#include "core/upper_case.h"
 #include "data/data_failure.h"
-#include "search/upper_case.h"
 
 namespace tonalith::search {
 namespace {
@@ -22,11 +22,11 @@ std::string InUsersLanguage(const char* text) {
 /// A piece of a name, to be found anywhere in it and in any case.
 class ScaleSearch::NamePattern {
  public:
-  explicit NamePattern(std::string_view text) : pattern_(U"*" + UpperCase(text) + U"*") {}
+  explicit NamePattern(std::string_view text) : pattern_(U"*" + core::UpperCase(text) + U"*") {}
 
   bool Matches(std::optional<std::string_view> name) {
     if (!name) return false;
-    UpperCaseInto(upperName_, *name);
+    core::UpperCaseInto(upperName_, *name);
     return pattern_.Matches(upperName_);
   }
 

@@ -64,6 +64,22 @@ TEST_F(DataPackImportTest, KnowsAScaleByItsNameInAnyCase) {
   EXPECT_EQ(Ask("SELECT count(*) || max(ScaleDescription = 'x') FROM Scales"), "40");
 }
 
+TEST_F(DataPackImportTest, IgnoresTheCaseOfEveryLetterOfAName) {
+  RunRaw(Main(), "INSERT INTO Scales (ScaleName) VALUES ('K\u00fcrd\u00ee'), ('\u212Brv\u00e5k'), ('Kilo')");
+  Install(MakePack("DataPack_A.mdb",
+                   "INSERT INTO Scales (ScaleName, Sort) VALUES ('K\u00dcRD\u00ce', 71), ('\u00e5RV\u00c5K', 72), "
+                   "('\u212Ailo', 73), ('K\u00fcrdi', 74);"));
+  EXPECT_EQ(Ask("SELECT group_concat(Sort) FROM Scales WHERE Sort > 70"), "74");
+}
+
+TEST_F(DataPackImportTest, TakesOneOfTwoRowsWhoseNamesDifferInTheCaseOfAnyLetter) {
+  Install(MakePack("DataPack_A.mdb",
+                   "INSERT INTO Scales (ScaleName, Sort) VALUES ('S\u00e1mi', 71), ('S\u00c1MI', 72), ('Kilo', 73), "
+                   "('\u212Ailo', 74), ('\u212Aelp', 75), ('kelp', 76);"));
+  EXPECT_EQ(Ask("SELECT group_concat(Sort) FROM (SELECT Sort FROM Scales WHERE Sort > 70 ORDER BY ScaleID)"),
+            "71,73,75");
+}
+
 TEST_F(DataPackImportTest, MatchesNamesWithApostrophesAndStatements) {
   const std::string rows =
       "INSERT INTO Scales (ScaleName) VALUES ('Ferryman''s Lament'), (''''), ('x''; DROP TABLE Scales; --'), "

@@ -1,17 +1,20 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "search/upper_case.h"
+#include "core/upper_case.h"
 
-#include <QChar>
 #include <algorithm>
+#include <locale>
+#include <stdexcept>
 
 #include "core/text.h"
 
-namespace tonalith::search {
+namespace tonalith::core {
 namespace {
 
 constexpr char32_t kHighestAscii = 0x7F;
+constexpr char32_t kLastCharacter = 0x10FFFF;
+static_assert(sizeof(wchar_t) == sizeof(char32_t), "the tables are asked for whole characters");
 /// Stray bytes are placed among the surrogates, where no text in UTF-8 has a character.
 constexpr char32_t kStrayBytes = 0xDC00;
 
@@ -19,11 +22,25 @@ char32_t UpperAscii(char32_t character) {
   return character >= U'a' && character <= U'z' ? character - U'a' + U'A' : character;
 }
 
-/// Folded first: that joins letters whose capital has a second small form, or whose capital is never made of the small.
-char32_t Upper(char32_t character) {
+/// The C library's tables of all of Unicode. They do not depend on the user's locale. A system without them is left
+/// with the ASCII letters.
+const std::ctype<wchar_t>& UnicodeLetters() {
+  static const std::locale locale = [] {
+    try {
+      return std::locale("C.UTF-8");
+    } catch (const std::runtime_error&) {
+      return std::locale::classic();
+    }
+  }();
+  return std::use_facet<std::ctype<wchar_t>>(locale);
+}
+
+/// Lower case first: that joins letters whose capital has a second small form, or whose capital is never made of the
+/// small.
+char32_t Upper(char32_t character, const std::ctype<wchar_t>& letters) {
   if (character <= kHighestAscii) return UpperAscii(character);
-  if (character > QChar::LastValidCodePoint) return character;
-  return QChar::toUpper(QChar::toCaseFolded(character));
+  if (character > kLastCharacter) return character;
+  return static_cast<char32_t>(letters.toupper(letters.tolower(static_cast<wchar_t>(character))));
 }
 
 char32_t Decode(std::string_view character) {
@@ -36,11 +53,11 @@ char32_t Decode(std::string_view character) {
   return decoded;
 }
 
+}  // namespace
+
 bool IsAscii(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) <= kHighestAscii; });
 }
-
-}  // namespace
 
 void UpperCaseInto(std::u32string& upper, std::string_view text) {
   upper.clear();
@@ -48,7 +65,8 @@ void UpperCaseInto(std::u32string& upper, std::string_view text) {
     for (const char c : text) upper.push_back(UpperAscii(static_cast<unsigned char>(c)));
     return;
   }
-  for (const std::string_view character : core::Characters(text)) upper.push_back(Upper(Decode(character)));
+  const std::ctype<wchar_t>& letters = UnicodeLetters();
+  for (const std::string_view character : Characters(text)) upper.push_back(Upper(Decode(character), letters));
 }
 
 std::u32string UpperCase(std::string_view text) {
@@ -57,4 +75,4 @@ std::u32string UpperCase(std::string_view text) {
   return upper;
 }
 
-}  // namespace tonalith::search
+}  // namespace tonalith::core

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "search/upper_case.h"
+#include "core/upper_case.h"
 
 #include <gtest/gtest.h>
 
-namespace tonalith::search {
+#include <clocale>
+#include <string>
+
+namespace tonalith::core {
 namespace {
 
 TEST(UpperCase, RaisesAsciiLettersAndLeavesTheRest) { EXPECT_EQ(UpperCase("az{`@AZ 09"), U"AZ{`@AZ 09"); }
@@ -19,6 +22,14 @@ TEST(UpperCase, JoinsLettersThatDifferInCaseOnly) {
   EXPECT_EQ(UpperCase("\u03c2\u03c3\u03a3"), U"\u03a3\u03a3\u03a3");
   EXPECT_EQ(UpperCase("\u01c4\u01c5\u01c6"), U"\u01c4\u01c4\u01c4");
   EXPECT_EQ(UpperCase("\u1e9e"), UpperCase("\u00df"));
+}
+
+TEST(UpperCase, DoesNotDependOnTheLocale) {
+  const char* const before = std::setlocale(LC_ALL, nullptr);
+  const std::string kept = before == nullptr ? "C" : before;
+  ASSERT_NE(std::setlocale(LC_ALL, "C"), nullptr);
+  EXPECT_EQ(UpperCase("\u00e9i"), U"\u00c9I");
+  std::setlocale(LC_ALL, kept.c_str());
 }
 
 TEST(UpperCase, KeepsOneCharacterOneCharacter) {
@@ -42,4 +53,4 @@ TEST(UpperCase, BufferHoldsTheLatestTextOnly) {
 }
 
 }  // namespace
-}  // namespace tonalith::search
+}  // namespace tonalith::core
