@@ -7,10 +7,15 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPointer>
+#include <QWheelEvent>
+#include <optional>
+#include <utility>
 
 #include "controls/drawing_surface_font.h"
 #include "controls/panel_painting.h"
 #include "controls/theme.h"
+#include "core/typed_note.h"
 
 namespace tonalith::app {
 namespace {
@@ -20,6 +25,18 @@ bool MovesTheRecord(const QKeyEvent& event) {
   const bool control = event.modifiers() == Qt::ControlModifier;
   return event.key() == Qt::Key_PageUp || event.key() == Qt::Key_PageDown ||
          (control && (event.key() == Qt::Key_Home || event.key() == Qt::Key_End));
+}
+
+/// Names a key of the keyboard. The symbol differs between press and release when Shift is released first; the scan
+/// code does not. Events that programs make have none.
+quint64 KeyId(const QKeyEvent& event) {
+  constexpr quint64 kIsScanCode = 1ULL << 32U;
+  return event.nativeScanCode() != 0 ? kIsScanCode | event.nativeScanCode() : static_cast<quint64>(event.key());
+}
+
+/// Keeps 4.5:1 on the ground of the box in either theme.
+QColor MarkInk(const QPalette& palette) {
+  return controls::IsDark(palette) ? QColor(0xFF, 0x9A, 0x8A) : QColor(0xB3, 0x1B, 0x1B);
 }
 
 }  // namespace
@@ -38,43 +55,137 @@ KeyBox::KeyBox(const QString& name, QWidget* parent) : QComboBox(parent) {
   lineEdit()->setMaxLength(40);
   lineEdit()->setTextMargins(6, 0, 0, 0);
   installEventFilter(this);
-  connect(this, &QComboBox::activated, this, [this] { Q_EMIT Clicked(); });
+  connect(this, &QComboBox::activated, this, [this] { Tell(&KeyBox::Clicked); });
+  // For an exact name Qt has emitted activated by then.
+  connect(lineEdit(), &QLineEdit::returnPressed, this, &KeyBox::TakeText);
+  connect(this, &QComboBox::editTextChanged, this, &KeyBox::Mark);
 }
 
 int KeyBox::ListIndex() const { return qMax(0, findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive)); }
 
 void KeyBox::Choose(int index) {
   setCurrentIndex(index);
-  Q_EMIT Clicked();
+  Tell(&KeyBox::Clicked);
 }
 
-void KeyBox::TakeKeyRelease() {
+void KeyBox::SetDescription(const QString& description) {
+  description_ = description;
+  ApplyMark();
+}
+
+void KeyBox::TakeKeyPress(const QKeyEvent& event) {
+  if (!event.isAutoRepeat()) heldKeys_.insert(KeyId(event));
+}
+
+// A release counts only if its press came here: the key that closes a message box is released in the window below it.
+void KeyBox::TakeKeyRelease(const QKeyEvent& event) {
+  if (event.isAutoRepeat()) return;
+  const bool wasPressedHere = heldKeys_.remove(KeyId(event));
+  const bool wasComposed = std::exchange(isComposed_, false);
+  if (!wasPressedHere && !wasComposed) return;
   const int item = findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive);
   if (item >= 0 && item != currentIndex()) setCurrentIndex(item);
-  Q_EMIT KeyReleased();
+  Tell(&KeyBox::KeyReleased);
+}
+
+void KeyBox::Tell(void (KeyBox::*notice)()) {
+  const QPointer<KeyBox> self(this);
+  ++telling_;
+  Q_EMIT(this->*notice)();
+  // A message box lets events through, and one of them may have taken the window away.
+  if (!self.isNull()) --telling_;
+}
+
+void KeyBox::TakeText() {
+  if (findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0) return;
+  const std::optional<core::NoteNumber> note = core::NoteOfTypedText(currentText().toStdString());
+  if (note && *note < count()) Choose(*note);
+}
+
+void KeyBox::LeaveBox(Qt::FocusReason reason) {
+  heldKeys_.clear();
+  isComposed_ = false;
+  // The list and the menus of the box belong to it; a message box that its own text has raised ends before the typing.
+  if (reason != Qt::PopupFocusReason && telling_ == 0) TakeText();
+}
+
+void KeyBox::Mark() {
+  const bool isMarked = count() > 0 && !core::NoteOfTypedText(currentText().toStdString());
+  if (isMarked == isMarked_) return;
+  isMarked_ = isMarked;
+  ApplyMark();
+}
+
+void KeyBox::ApplyMark() {
+  setAccessibleDescription(
+      isMarked_ ? tr("%1 The text is not the name of a note; the scale is shown from C.").arg(description_)
+                : description_);
+  QFont font = lineEdit()->font();
+  font.setUnderline(isMarked_);
+  lineEdit()->setFont(font);
+  QPalette ink = palette();
+  if (isMarked_) ink.setColor(QPalette::Text, MarkInk(palette()));
+  lineEdit()->setPalette(ink);
+  update();
 }
 
 bool KeyBox::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::ShortcutOverride && MovesTheRecord(*static_cast<QKeyEvent*>(event))) {
-    event->ignore();
-    return true;
-  }
+  if (watched != this) return QComboBox::eventFilter(watched, event);
   // The box has the focus and hands keys on to its text, so all of them pass here.
-  if (event->type() == QEvent::KeyRelease && watched == this && !static_cast<QKeyEvent*>(event)->isAutoRepeat()) {
-    TakeKeyRelease();
+  switch (event->type()) {
+    case QEvent::ShortcutOverride:
+      if (!MovesTheRecord(*static_cast<QKeyEvent*>(event))) break;
+      event->ignore();
+      return true;
+    case QEvent::KeyPress:
+      TakeKeyPress(*static_cast<QKeyEvent*>(event));
+      break;
+    case QEvent::KeyRelease:
+      TakeKeyRelease(*static_cast<QKeyEvent*>(event));
+      break;
+    case QEvent::InputMethod:
+      isComposed_ = isComposed_ || !static_cast<QInputMethodEvent*>(event)->commitString().isEmpty();
+      break;
+    case QEvent::FocusOut:
+      LeaveBox(static_cast<QFocusEvent*>(event)->reason());
+      break;
+    default:
+      break;
   }
   return QComboBox::eventFilter(watched, event);
 }
 
+// A wheel that scrolls over the window must not transpose by accident.
+void KeyBox::wheelEvent(QWheelEvent* event) {
+  if (hasFocus()) {
+    QComboBox::wheelEvent(event);
+  } else {
+    event->ignore();
+  }
+}
+
+void KeyBox::changeEvent(QEvent* event) {
+  QComboBox::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && isMarked_) ApplyMark();
+}
+
 void KeyBox::showPopup() {
-  view()->setFont(lineEdit()->font());
+  QFont font = lineEdit()->font();
+  font.setUnderline(false);
+  view()->setFont(font);
   QComboBox::showPopup();
 }
 
 void KeyBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const bool focus = hasFocus() || lineEdit()->hasFocus();
-  controls::PaintPanel(painter, rect(), palette().color(QPalette::Base), controls::OutlineInk(palette()), focus);
+  const QColor outline = isMarked_ ? MarkInk(palette()) : controls::OutlineInk(palette());
+  controls::PaintPanel(painter, rect(), palette().color(QPalette::Base), outline, focus && !isMarked_);
+  if (isMarked_) {
+    // Twice as wide as the outline, as the focus ring is.
+    controls::PaintPanel(painter, QRectF(rect()).adjusted(1, 1, -1, -1), palette().color(QPalette::Base), outline,
+                         false);
+  }
   controls::PaintDropArrow(painter, rect(), palette());
 }
 

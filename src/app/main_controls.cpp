@@ -59,7 +59,9 @@ void MakeKeyRow(MainControls& c, QWidget* client) {
   c.cmbTranspose->setGeometry(40, 146, 86, 30);
   c.cmbTranspose->setEditText(frmTonalith::tr("Transpose"));
   c.cmbTranspose->setAccessibleName(frmTonalith::tr("Key"));
-  Describe(c.cmbTranspose, frmTonalith::tr("Select Starting Note To Transpose Scale. It is the Key of the scale."));
+  const QString keyTip = frmTonalith::tr("Select Starting Note To Transpose Scale. It is the Key of the scale.");
+  c.cmbTranspose->setToolTip(keyTip);
+  c.cmbTranspose->SetDescription(keyTip);
   c.lblTranspose = MakeLabel("lblTranspose", QRect(146, 145, 558, 20), {14, 10}, QFont::Bold, client);
   c.lblTranspose->setText(frmTonalith::tr("Step Patterns"));
   Describe(c.lblTranspose, frmTonalith::tr("The step pattern for the scale in Tones and Semi tones"));

@@ -6,9 +6,11 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 
 #include "core/note_model.h"
 
@@ -24,6 +26,29 @@ class KeyBoxTest : public testing::Test {
   void Type(const char* text) {
     box_.lineEdit()->selectAll();
     QTest::keyClicks(&box_, QLatin1String(text));
+  }
+  /// The item that a text selects when Enter is pressed after it.
+  std::string Enter(const char* text) {
+    box_.Choose(0);
+    Type("");
+    box_.setEditText(QString::fromUtf8(text));
+    QTest::keyClick(&box_, Qt::Key_Return);
+    return box_.currentText().toStdString() + " " + std::to_string(box_.ListIndex());
+  }
+  void Send(QEvent::Type type, int key, quint32 scanCode = 0) {
+    QKeyEvent event(type, key, Qt::NoModifier, scanCode, 0, 0);
+    QApplication::sendEvent(&box_, &event);
+  }
+  void Leave(Qt::FocusReason reason) {
+    QFocusEvent event(QEvent::FocusOut, reason);
+    QApplication::sendEvent(&box_, &event);
+  }
+  /// Sends one notch of the wheel towards the user.
+  bool TurnWheel() {
+    QWheelEvent event(QPointF(5, 5), box_.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&box_, &event);
+    return event.isAccepted();
   }
   KeyBox box_;
 };
@@ -74,6 +99,123 @@ TEST_F(KeyBoxTest, ArrowDownInTheBoxSelectsTheNextKeyAndTells) {
   QTest::keyClick(&box_, Qt::Key_Down);
   EXPECT_EQ(box_.currentText().toStdString(), "C#");
   EXPECT_EQ(clicked.count(), 1);
+}
+
+TEST_F(KeyBoxTest, EnterSelectsTheNoteThatTheTextMeans) {
+  EXPECT_EQ(Enter("g"), "G 7");
+  EXPECT_EQ(Enter("Bb"), "A# 10");
+  EXPECT_EQ(Enter("b\u266D"), "A# 10");
+  EXPECT_EQ(Enter("f\u266F"), "F# 6");
+  EXPECT_EQ(Enter("H"), "B 11");
+  EXPECT_EQ(Enter("B"), "B 11");
+  EXPECT_EQ(Enter("c"), "C 0");
+  EXPECT_EQ(Enter("a flat"), "G# 8");
+  EXPECT_EQ(Enter("Hello"), "Hello 0");
+}
+
+TEST_F(KeyBoxTest, EnterOnAMeantNoteIsOneClick) {
+  Type("bb");
+  const QSignalSpy clicked(&box_, &KeyBox::Clicked);
+  QTest::keyClick(&box_, Qt::Key_Enter);
+  EXPECT_EQ(clicked.count(), 1);
+  EXPECT_EQ(box_.currentIndex(), 10);
+}
+
+TEST_F(KeyBoxTest, LeavingTheBoxSelectsTheNoteThatTheTextMeans) {
+  Type("eb");
+  const QSignalSpy clicked(&box_, &KeyBox::Clicked);
+  EXPECT_EQ(box_.currentText().toStdString(), "eb");
+  Leave(Qt::TabFocusReason);
+  EXPECT_EQ(box_.currentText().toStdString(), "D#");
+  EXPECT_EQ(clicked.count(), 1);
+  Leave(Qt::TabFocusReason);
+  EXPECT_EQ(clicked.count(), 1) << "an item is selected already";
+}
+
+TEST_F(KeyBoxTest, OpeningTheListDoesNotSelectTheTypedNote) {
+  Type("eb");
+  Leave(Qt::PopupFocusReason);
+  EXPECT_EQ(box_.currentText().toStdString(), "eb");
+}
+
+TEST_F(KeyBoxTest, MessageAboutALetterDoesNotEndTheTyping) {
+  QObject::connect(&box_, &KeyBox::KeyReleased, &box_, [this] { Leave(Qt::ActiveWindowFocusReason); });
+  Type("b");
+  EXPECT_EQ(box_.currentText().toStdString(), "b");
+  Type("bb");
+  EXPECT_EQ(box_.currentText().toStdString(), "bb");
+}
+
+TEST_F(KeyBoxTest, ReleaseWithoutAPressInTheBoxIsNoNotice) {
+  const QSignalSpy released(&box_, &KeyBox::KeyReleased);
+  Send(QEvent::KeyRelease, Qt::Key_Return, 36);
+  Send(QEvent::KeyRelease, Qt::Key_Escape);
+  EXPECT_EQ(released.count(), 0);
+}
+
+TEST_F(KeyBoxTest, ReleaseAfterTheFocusWasElsewhereIsNoNotice) {
+  const QSignalSpy released(&box_, &KeyBox::KeyReleased);
+  Send(QEvent::KeyPress, Qt::Key_Return, 36);
+  Leave(Qt::ActiveWindowFocusReason);
+  Send(QEvent::KeyRelease, Qt::Key_Return, 36);
+  EXPECT_EQ(released.count(), 0);
+}
+
+TEST_F(KeyBoxTest, ReleaseIsKnownByItsKeyAlsoWhenShiftIsReleasedFirst) {
+  const QSignalSpy released(&box_, &KeyBox::KeyReleased);
+  Send(QEvent::KeyPress, Qt::Key_NumberSign, 12);
+  Send(QEvent::KeyRelease, Qt::Key_3, 12);
+  EXPECT_EQ(released.count(), 1);
+  Send(QEvent::KeyRelease, Qt::Key_3, 12);
+  EXPECT_EQ(released.count(), 1);
+}
+
+TEST_F(KeyBoxTest, ReleaseCountsWhenAnInputMethodHasTakenThePress) {
+  const QSignalSpy released(&box_, &KeyBox::KeyReleased);
+  QInputMethodEvent composed;
+  composed.setCommitString(QStringLiteral("F#"));
+  box_.lineEdit()->selectAll();
+  QApplication::sendEvent(&box_, &composed);
+  Send(QEvent::KeyRelease, Qt::Key_NumberSign);
+  EXPECT_EQ(released.count(), 1);
+  EXPECT_EQ(box_.currentIndex(), 6);
+}
+
+TEST_F(KeyBoxTest, TextThatMeansNoNoteIsMarkedAndDescribed) {
+  box_.SetDescription(QStringLiteral("The key."));
+  const QImage plain = box_.grab().toImage();
+  box_.setEditText(QStringLiteral("Bb"));
+  EXPECT_FALSE(box_.IsMarked());
+  EXPECT_EQ(box_.accessibleDescription().toStdString(), "The key.");
+  box_.setEditText(QStringLiteral("Hello"));
+  EXPECT_TRUE(box_.IsMarked());
+  EXPECT_EQ(box_.accessibleDescription().toStdString(),
+            "The key. The text is not the name of a note; the scale is shown from C.");
+  EXPECT_NE(box_.grab().toImage().pixel(box_.width() / 2, 0), plain.pixel(box_.width() / 2, 0));
+  EXPECT_TRUE(box_.lineEdit()->font().underline());
+  box_.setEditText({});
+  EXPECT_TRUE(box_.IsMarked());
+  box_.Choose(0);
+  EXPECT_FALSE(box_.IsMarked());
+  EXPECT_EQ(box_.accessibleDescription().toStdString(), "The key.");
+  EXPECT_EQ(box_.grab().toImage(), plain);
+}
+
+TEST_F(KeyBoxTest, WheelTransposesOnlyWhileTheBoxHasTheFocus) {
+  QWidget window;
+  box_.setParent(&window);
+  box_.show();
+  QLineEdit other(&window);
+  window.show();
+  window.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  other.setFocus();
+  EXPECT_FALSE(TurnWheel());
+  EXPECT_EQ(box_.currentIndex(), 0);
+  box_.setFocus();
+  EXPECT_TRUE(TurnWheel());
+  EXPECT_EQ(box_.currentIndex(), 1);
+  box_.setParent(nullptr);
 }
 
 }  // namespace

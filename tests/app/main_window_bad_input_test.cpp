@@ -115,6 +115,17 @@ TEST_F(BadInput, EmptyTablesAreNoFailure) {
   ExpectUsableAndEmpty();
 }
 
+TEST_F(BadInput, KeyThatClosedAMessageBoxRaisesNoSecondOne) {
+  ShowFirst({{"Null", std::nullopt}});
+  box_.Forget();
+  QTest::keyClick(C().cmbTranspose, Qt::Key_D);
+  EXPECT_THAT(box_.Messages(), SizeIs(1)) << box_.Texts();
+  for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
+    QTest::keyRelease(C().cmbTranspose, key);
+    EXPECT_THAT(box_.Messages(), SizeIs(1)) << box_.Texts();
+  }
+}
+
 TEST_F(BadInput, NullPatternIsToldWithNumberAndDescriptionAndTheNextRecordIsFine) {
   EXPECT_EQ(ShowFirst({{"Null", std::nullopt}, {"Major", "2212221"}}), "9 Subscript out of range\n");
   EXPECT_EQ(StringNotes(1), "");
