@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QPainter>
 
+#include "controls/accessible_data_control.h"
 #include "controls/arrow_button.h"
 #include "controls/panel_painting.h"
 #include "controls/theme.h"
@@ -17,6 +18,7 @@ namespace tonalith::controls {
 
 DataControl::DataControl(const QString& name, const QString& caption, core::MsgBox& msgBox, QWidget* parent)
     : QFrame(parent), msgBox_(msgBox), caption_(new QLabel(caption, this)) {
+  InstallAccessibleDataControl();
   setObjectName(name);
   setAccessibleName(caption);
   auto* const row = new QHBoxLayout(this);
@@ -62,7 +64,26 @@ void DataControl::TakeRow() {
   for (const Binding& binding : bindings_) {
     binding.take(row ? recordset_->FieldValue(binding.field) : data::Value::Null());
   }
+  TellPosition(*this);
   if (quiet_ == 0) Q_EMIT Moved();
+}
+
+QString DataControl::PositionText() const {
+  if (!HasRecord()) return {};
+  try {
+    const std::int64_t position = recordset_->AbsolutePosition();
+    if (position < 1) return {};
+    return tr("%1 of %2").arg(position).arg(recordset_->RecordCount());
+  } catch (const core::Failure&) {
+    // Whatever keeps the rows from being counted is reported by the next command that needs them.
+    return {};
+  }
+}
+
+// Counting is left until the pointer rests on the bar.
+bool DataControl::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) setToolTip(PositionText());
+  return QFrame::event(event);
 }
 
 void DataControl::Release() {

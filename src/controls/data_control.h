@@ -80,6 +80,8 @@ class DataControl : public QFrame {
   [[nodiscard]] bool IsEditPending() const { return recordset_ != nullptr && recordset_->IsEditPending(); }
   /// Whether a write of the pending edit, just as it is, has failed already.
   [[nodiscard]] bool IsEditRefused() const { return isEditRefused_ && IsEditPending(); }
+  /// Where the current row is, such as "37 of 338"; empty without one and for a new row. Counts the rows.
+  [[nodiscard]] QString PositionText() const;
   /// Nothing for a new row and without a current row.
   [[nodiscard]] std::optional<data::Bookmark> CurrentBookmark() const;
 
@@ -105,6 +107,7 @@ class DataControl : public QFrame {
   void Written();
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:

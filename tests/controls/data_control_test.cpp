@@ -8,8 +8,12 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 #include "core/failure.h"
 #include "core/recording_msg_box.h"
@@ -121,6 +125,33 @@ TEST_F(DataControlTest, ArrowsAreNamedForAssistiveTechnologyAndReachedByTab) {
     EXPECT_EQ(button->focusPolicy(), Qt::StrongFocus);
   }
   EXPECT_THAT(names, ElementsAre("First record", "Previous record", "Next record", "Last record"));
+}
+
+TEST_F(DataControlTest, SaysWhereItStandsInItsToolTipAndToAssistiveTechnology) {
+  QAccessibleInterface* const heard = QAccessible::queryAccessibleInterface(&control_);
+  EXPECT_EQ(heard->text(QAccessible::Description), QString());
+  control_.Refresh();
+  EXPECT_EQ(heard->text(QAccessible::Name), QStringLiteral("Select Scales"));
+  EXPECT_EQ(heard->text(QAccessible::Description), QStringLiteral("1 of 3"));
+  Press("Next record");
+  EXPECT_EQ(heard->text(QAccessible::Description), QStringLiteral("2 of 3"));
+  control_.show();
+  QHelpEvent rest(QEvent::ToolTip, QPoint(5, 5), control_.mapToGlobal(QPoint(5, 5)));
+  QApplication::sendEvent(&control_, &rest);
+  EXPECT_EQ(QToolTip::text(), QStringLiteral("2 of 3"));
+  QToolTip::hideText();
+  Press("Last record");
+  EXPECT_EQ(control_.PositionText(), QStringLiteral("3 of 3"));
+}
+
+TEST_F(DataControlTest, HasNoPositionOnANewRowAndWithoutRows) {
+  control_.Refresh();
+  control_.AddNew({});
+  EXPECT_EQ(control_.PositionText(), QString());
+  control_.CancelUpdate();
+  EXPECT_EQ(control_.PositionText(), QStringLiteral("1 of 3"));
+  control_.Release();
+  EXPECT_EQ(control_.PositionText(), QString());
 }
 
 TEST_F(DataControlTest, FailureOfAnArrowIsShownAsItsDescription) {

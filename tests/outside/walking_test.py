@@ -130,6 +130,18 @@ class Walking(unittest.TestCase):
         self.press("Next record")
         self.expect(1, "D")
 
+    def test_a_typed_flat_becomes_an_item_on_enter(self):
+        self.choose_key("bb")
+        self.type_keys("Return")
+        self.expect(0, "A#")
+
+    def test_the_bar_reports_its_position(self):
+        bar = next(node for node in self.nodes() if node.get_name() == "Select Scales" and node.get_child_count() > 0)
+        for row, command in enumerate(["First record", "Next record", "Next record"]):
+            self.press(command)
+            expected = f"{row + 1} of {len(self.records)}"
+            self.session.wait(lambda wanted=expected: bar.get_description() == wanted, f"the position {expected}")
+
     def test_update_stays_on_the_record(self):
         self.press("Next record")
         self.expect(1, "C")
@@ -143,7 +155,7 @@ class Walking(unittest.TestCase):
 
 
 # X11 keysyms, and the keycode of the left Control key.
-KEYVALS = {"Page_Up": 0xFF55, "Page_Down": 0xFF56, "Home": 0xFF50, "End": 0xFF57}
+KEYVALS = {"Page_Up": 0xFF55, "Page_Down": 0xFF56, "Home": 0xFF50, "End": 0xFF57, "Return": 0xFF0D}
 CONTROL_KEYCODE = 37
 
 if __name__ == "__main__":
