@@ -10,9 +10,9 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QMenuBar>
-#include <QShortcut>
 
 #include "app/frm_about.h"
+#include "app/main_shortcuts.h"
 #include "controls/theme.h"
 #include "controls/window_front.h"
 #include "core/deferred_failure.h"
@@ -33,7 +33,8 @@ frmTonalith::frmTonalith(const FormServices& services)
       services_(services),
       desk_(c_, AudioFolder),
       playback_(services.sounds, desk_, services.events, services.msgBox),
-      printing_(c_, *this, {services.printing, services.msgBox, [this] { Form_Paint(); }}) {
+      printing_(c_, *this, {services.printing, services.msgBox, [this] { Form_Paint(); }}),
+      searching_(services.msgBox) {
   setObjectName(QStringLiteral("frmTonalith"));
   setWindowTitle(QStringLiteral("Tonalith"));
   ApplyTheme();
@@ -46,7 +47,7 @@ frmTonalith::frmTonalith(const FormServices& services)
   c_.fretboard->SetNotePlayer(&services_.notePlayer, services_.database.AppFolder());
   BindControls();
   WireHandlers();
-  AddRecordShortcuts();
+  AddShortcuts(*this);
   Form_Load();
   // The first key press walks on; and the key box, whose cursor blinks, would keep an idle program awake.
   c_.Data1->findChild<QAbstractButton*>(QStringLiteral("Next record"))->setFocus();
@@ -89,18 +90,6 @@ void frmTonalith::WireHandlers() {
   connect(m_.mViewNotes, &QAction::triggered, this, &frmTonalith::mViewNotes_Click);
   connect(m_.mHelpFile, &QAction::triggered, this, &frmTonalith::mHelpFile_Click);
   connect(m_.mAbout, &QAction::triggered, this, &frmTonalith::mAbout_Click);
-}
-
-void frmTonalith::AddRecordShortcuts() {
-  using controls::DataControl;
-  const auto add = [this](const QKeySequence& keys, void (DataControl::*step)()) {
-    auto* const shortcut = new QShortcut(keys, this);
-    connect(shortcut, &QShortcut::activated, this, [this, step] { c_.Data1->RunMove(step); });
-  };
-  add(Qt::Key_PageUp, &DataControl::MovePrevious);
-  add(Qt::Key_PageDown, &DataControl::MoveNext);
-  add(Qt::CTRL | Qt::Key_Home, &DataControl::MoveFirst);
-  add(Qt::CTRL | Qt::Key_End, &DataControl::MoveLast);
 }
 
 void frmTonalith::Form_Load() {
@@ -270,11 +259,9 @@ void frmTonalith::mHelpFile_Click() {
 
 void frmTonalith::mAbout_Click() { ShowAbout(services_.database.AppFolder(), *this); }
 
-void frmTonalith::mSearch_Click() {
-  core::DeferredFailure failure;
-  failure.Try([this] { search::RunSearch(frmSearch_, *c_.Data1, services_.msgBox, this); });
-  failure.ReportDescription(services_.msgBox);
-}
+void frmTonalith::mSearch_Click() { searching_.Open(*c_.Data1); }
+
+void frmTonalith::FindNext() { searching_.Next(*c_.Data1); }
 
 void frmTonalith::ShowSoundDevice(bool isThere) {
   c_.lblStatus->setToolTip(isThere ? QString() : tr("There is no sound device: scales play silently."));
@@ -304,7 +291,7 @@ void frmTonalith::Form_LostFocus() {
 
 void frmTonalith::Form_Unload() {
   core::DeferredFailure failure;
-  failure.Try([this] { frmSearch_.reset(); });
+  failure.Try([this] { searching_.Unload(); });
   failure.Try([this] { printing_.Unload(); });
   UnloadAbout(*this);
   ReleaseSound(failure);

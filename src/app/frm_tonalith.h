@@ -31,7 +31,7 @@
 #include "platform/help_engine.h"
 #include "platform/note_player.h"
 #include "platform/print_service.h"
-#include "search/search_dialog.h"
+#include "search/search_desk.h"
 
 namespace tonalith::app {
 
@@ -82,6 +82,8 @@ class frmTonalith : public QMainWindow,
   void mPrint_Click();
   /// One use of the search dialog; returns when it is closed.
   void mSearch_Click();
+  /// The same walk with the text of the last search; opens the dialog while there is none.
+  void FindNext();
   void mViewNotes_Click();
   /// Opens the help file, or says what is in the way.
   void mHelpFile_Click();
@@ -120,7 +122,6 @@ class frmTonalith : public QMainWindow,
   void ReleaseSound(core::DeferredFailure& failure);
   void BindControls();
   void WireHandlers();
-  void AddRecordShortcuts();
   void ApplyTheme();
 
   void BringToFront() override;
@@ -143,7 +144,7 @@ class frmTonalith : public QMainWindow,
   audio::ScalePlayback playback_;
   PrintDesk printing_;
   QPointer<editor::frmScales> frmScales_;
-  std::unique_ptr<search::SearchDialog> frmSearch_;
+  search::SearchDesk searching_;
 };
 
 }  // namespace tonalith::app

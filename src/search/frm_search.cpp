@@ -10,8 +10,10 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPointer>
 #include <QScreen>
+#include <QShortcut>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -87,6 +89,7 @@ frmSearch::frmSearch(std::unique_ptr<ScaleSource> scales, core::MsgBox& msgBox, 
   ApplyTheme();
   connect(cmdSearch_, &QAbstractButton::clicked, this, &frmSearch::cmdSearch_Click);
   connect(cmdCancel_, &QAbstractButton::clicked, this, &frmSearch::cmdCancel_Click);
+  connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, cmdSearch_, &QAbstractButton::click);
 }
 
 frmSearch::~frmSearch() = default;
@@ -148,10 +151,31 @@ void frmSearch::ApplyTheme() {
 bool frmSearch::event(QEvent* event) {
   const bool isWidgetReady = cmdCancel_ != nullptr;
   const auto type = event->type();
+  if (type == QEvent::ChildAdded) static_cast<QChildEvent*>(event)->child()->installEventFilter(this);
   // The application's palette does not reach changeEvent.
   if (isWidgetReady && (type == QEvent::ApplicationPaletteChange || type == QEvent::FontChange)) ApplyTheme();
   // An event may unload the dialog: nothing of it is used afterwards.
   return QDialog::event(event);
+}
+
+bool frmSearch::eventFilter(QObject* watched, QEvent* event) {
+  auto* const box = event->type() == QEvent::Show ? qobject_cast<QMessageBox*>(watched) : nullptr;
+  if (box == nullptr) return QDialog::eventFilter(watched, event);
+  // The box takes its size and its place while it handles the event, and is on the screen only after that.
+  watched->event(event);
+  MoveClearOfTheText(*box);
+  return true;
+}
+
+void frmSearch::MoveClearOfTheText(QWidget& box) const {
+  constexpr int kGap = 12;
+  const QRect text(txtSearch_->mapToGlobal(QPoint()), txtSearch_->size());
+  const QRect available = screen()->availableGeometry();
+  const int titleBar = frameGeometry().height() - height();
+  const int below = text.bottom() + 1 + kGap;
+  const int above = text.top() - kGap - titleBar - box.height();
+  const bool fitsBelow = below + titleBar + box.height() <= available.bottom() + 1;
+  if (fitsBelow || above >= available.top()) box.move(box.x(), fitsBelow ? below : above);
 }
 
 void frmSearch::MoveClearOfTheName() {
@@ -168,6 +192,7 @@ void frmSearch::MoveClearOfTheName() {
 void frmSearch::ShowModal() {
   MoveClearOfTheName();
   txtSearch_->setFocus();
+  txtSearch_->selectAll();
   exec();
 }
 
@@ -176,6 +201,8 @@ void frmSearch::BringToFront() {
 }
 
 std::string frmSearch::SearchText() const { return txtSearch_->text().toStdString(); }
+
+void frmSearch::SetSearchText(const std::string& text) { txtSearch_->setText(QString::fromStdString(text)); }
 
 template <class Search>
 void frmSearch::RunAlone(Search&& search) {

@@ -2,9 +2,10 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // The search dialog: finds a scale or chord by a piece of its name and makes it the main window's current record.
-// Cancel and the close box hide it and set SearchCancelled; only its owner destroys it. Enter searches, Escape cancels.
-// While a long search runs the dialog goes on taking events, so that it can be cancelled; a second search is not begun
-// before the first is over. Failures are shown as their description. Owned by whoever shows it; user-interface thread.
+// Cancel and the close box hide it and set SearchCancelled; only its owner destroys it. Enter and F3 search, Escape
+// cancels. While a long search runs the dialog goes on taking events, so that it can be cancelled; a second search is
+// not begun before the first is over. Failures are shown as their description. Owned by whoever shows it;
+// user-interface thread.
 
 #pragma once
 
@@ -34,6 +35,7 @@ class frmSearch : public QDialog, public SearchDialog {
   [[nodiscard]] bool SearchCancelled() const override { return searchCancelled_; }
   void SetSearchCancelled(bool cancelled) override { searchCancelled_ = cancelled; }
   [[nodiscard]] std::string SearchText() const override;
+  void SetSearchText(const std::string& text) override;
   void ShowModal() override;
   [[nodiscard]] bool IsShown() const override { return isVisible(); }
   void BringToFront() override;
@@ -50,6 +52,7 @@ class frmSearch : public QDialog, public SearchDialog {
  protected:
   void closeEvent(QCloseEvent* event) override { Form_QueryUnload(*event); }
   bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   class Watcher;
@@ -60,6 +63,8 @@ class frmSearch : public QDialog, public SearchDialog {
   void ApplyTheme();
   /// Over the lower edge of the main window, where the name of what is found stays in sight.
   void MoveClearOfTheName();
+  /// Moves a message box that belongs to the dialog so that the text box stays visible.
+  void MoveClearOfTheText(QWidget& box) const;
   /// Runs one search unless one is running, and shows its failure.
   template <class Search>
   void RunAlone(Search&& search);

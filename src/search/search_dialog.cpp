@@ -3,7 +3,7 @@
 
 #include "search/search_dialog.h"
 
-#include "search/data_control_scales.h"
+#include "core/text.h"
 #include "search/frm_search.h"
 
 namespace tonalith::search {
@@ -24,7 +24,7 @@ class Unloading {
 }  // namespace
 
 void RunSearch(std::unique_ptr<SearchDialog>& place, const std::function<std::unique_ptr<SearchDialog>()>& make,
-               core::MsgBox& msgBox) {
+               std::string& text, core::MsgBox& msgBox) {
   if (place != nullptr && place->IsShown()) {
     place->BringToFront();
     return;
@@ -32,17 +32,12 @@ void RunSearch(std::unique_ptr<SearchDialog>& place, const std::function<std::un
   if (place == nullptr) place = make();
   const Unloading unloading(place);
   place->SetSearchCancelled(false);
+  place->SetSearchText(text);
   place->ShowModal();
-  if (place != nullptr && !place->SearchCancelled())
-    msgBox.Show(frmSearch::tr("Searching for: ").toStdString() + place->SearchText());
-}
-
-void RunSearch(std::unique_ptr<SearchDialog>& place, controls::DataControl& data1, core::MsgBox& msgBox,
-               QWidget* parent) {
-  const auto make = [&]() -> std::unique_ptr<SearchDialog> {
-    return std::make_unique<frmSearch>(std::make_unique<DataControlScales>(data1), msgBox, parent);
-  };
-  RunSearch(place, make, msgBox);
+  // Without its dialog the command's owner has gone, and the text with it.
+  if (place == nullptr) return;
+  if (!core::Trim(place->SearchText()).empty()) text = place->SearchText();
+  if (!place->SearchCancelled()) msgBox.Show(frmSearch::tr("Searching for: ").toStdString() + place->SearchText());
 }
 
 }  // namespace tonalith::search

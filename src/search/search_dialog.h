@@ -13,12 +13,6 @@
 
 #include "core/msg_box.h"
 
-class QWidget;
-
-namespace tonalith::controls {
-class DataControl;
-}
-
 namespace tonalith::search {
 
 class SearchDialog {
@@ -30,19 +24,17 @@ class SearchDialog {
   virtual void SetSearchCancelled(bool cancelled) = 0;
   /// What stands in the text box.
   [[nodiscard]] virtual std::string SearchText() const = 0;
+  virtual void SetSearchText(const std::string& text) = 0;
   /// Returns when the dialog is hidden.
   virtual void ShowModal() = 0;
   [[nodiscard]] virtual bool IsShown() const = 0;
   virtual void BringToFront() = 0;
 };
 
-/// Shows the dialog in `place`, made by `make` if there is none, and unloads it when it is over. If it ended in another
-/// way than by the user's cancelling, says what was searched for. A dialog that is shown already comes to the front.
+/// Shows the dialog in `place`, made by `make` if there is none, and unloads it when it is over. It opens with `text`,
+/// which takes the dialog's text at the end unless that is blank. If the dialog ended in another way than by the user's
+/// cancelling, says what was searched for. A dialog that is shown already comes to the front.
 void RunSearch(std::unique_ptr<SearchDialog>& place, const std::function<std::unique_ptr<SearchDialog>()>& make,
-               core::MsgBox& msgBox);
-
-/// The same with frmSearch over the scales of `data1`, owned by the window `parent`.
-void RunSearch(std::unique_ptr<SearchDialog>& place, controls::DataControl& data1, core::MsgBox& msgBox,
-               QWidget* parent);
+               std::string& text, core::MsgBox& msgBox);
 
 }  // namespace tonalith::search

@@ -129,5 +129,50 @@ TEST_F(Commands, ThemeOfTheSystemReachesEveryOpenWindow) {
   OpenAnd<search::frmSearch>([&] { Window().mSearch_Click(); }, [&](search::frmSearch& form) { expectBoth(form); });
 }
 
+TEST_F(Commands, FunctionKey3GoesToTheNextMatchOfTheLastSearch) {
+  MakeDatabase({{"Major", "2212221"}, {"Dorian", "2122212"}, {"Minor", "2122122"}});
+  Start();
+  Window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+  bool isShown = false;
+  OpenAnd<search::frmSearch>([&] { QTest::keyClick(&Window(), Qt::Key_F3); },
+                             [&](search::frmSearch& form) {
+                               isShown = true;
+                               form.SetSearchText(" m");
+                               form.cmdSearch_Click();
+                             });
+  EXPECT_TRUE(isShown) << "nothing was searched for before";
+  EXPECT_EQ(Text(C().Label1), "Minor");
+  Window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+  QTest::keyClick(&Window(), Qt::Key_F3);
+  EXPECT_EQ(Text(C().Label1), "Major");
+  C().cmbTranspose->setFocus();
+  QTest::keyClick(C().cmbTranspose, Qt::Key_F3);
+  EXPECT_EQ(Text(C().Label1), "Minor");
+  EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
+  EXPECT_EQ(Window().findChild<search::frmSearch*>(), nullptr);
+}
+
+TEST_F(Commands, SearchOpensWithTheTextOfTheLastSearch) {
+  MakeDatabase({{"Major", "2212221"}});
+  Start();
+  OpenAnd<search::frmSearch>([&] { Window().mSearch_Click(); },
+                             [](search::frmSearch& form) { form.SetSearchText("blues"); });
+  std::string text;
+  OpenAnd<search::frmSearch>([&] { Window().mSearch_Click(); },
+                             [&](search::frmSearch& form) { text = form.SearchText(); });
+  EXPECT_EQ(text, "blues");
+}
+
+TEST_F(Commands, ControlQClosesTheWindow) {
+  MakeDatabase({{"Major", "2212221"}});
+  Start();
+  Window().activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+  QTest::keyClick(&Window(), Qt::Key_Q, Qt::ControlModifier);
+  EXPECT_FALSE(Window().isVisible());
+}
+
 }  // namespace
 }  // namespace tonalith::app

@@ -20,6 +20,8 @@ using Message = core::RecordingMsgBox::Message;
 /// What happens while the dialog is shown, and what became of it.
 struct Script {
   std::function<void(SearchDialog&)> whileShown = [](SearchDialog&) {};
+  std::string text = "melodic";
+  std::string openedWith = "never opened";
   std::string log;
 };
 
@@ -29,7 +31,8 @@ class ScriptedDialog : public SearchDialog {
   ~ScriptedDialog() override { script_.log += "unloaded "; }
   [[nodiscard]] bool SearchCancelled() const override { return cancelled_; }
   void SetSearchCancelled(bool cancelled) override { cancelled_ = cancelled; }
-  [[nodiscard]] std::string SearchText() const override { return "melodic"; }
+  [[nodiscard]] std::string SearchText() const override { return script_.text; }
+  void SetSearchText(const std::string& text) override { script_.openedWith = text; }
   void ShowModal() override {
     script_.log += cancelled_ ? "shown-cancelled " : "shown ";
     isShown_ = true;
@@ -48,11 +51,12 @@ class RunSearchTest : public testing::Test {
  protected:
   void Run() {
     RunSearch(
-        place_, [this] { return std::make_unique<ScriptedDialog>(script_); }, box_);
+        place_, [this] { return std::make_unique<ScriptedDialog>(script_); }, text_, box_);
   }
   Script script_;
   core::RecordingMsgBox box_;
   std::unique_ptr<SearchDialog> place_;
+  std::string text_;
 };
 
 TEST_F(RunSearchTest, MakesShowsAndUnloadsTheDialogWithTheFlagCleared) {
@@ -71,6 +75,16 @@ TEST_F(RunSearchTest, SaysNothingWhenItWasCancelled) {
   Run();
   EXPECT_EQ(script_.log, "made shown unloaded ");
   EXPECT_THAT(box_.Messages(), IsEmpty());
+}
+
+TEST_F(RunSearchTest, OpensWithTheTextOfItsLastUse) {
+  Run();
+  EXPECT_EQ(script_.openedWith, "");
+  script_.text = " ";
+  Run();
+  EXPECT_EQ(script_.openedWith, "melodic");
+  Run();
+  EXPECT_EQ(script_.openedWith, "melodic") << "a blank text is not kept";
 }
 
 TEST_F(RunSearchTest, UsesTheDialogThatIsThere) {

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "search/search_desk.h"
+
+#include <QPointer>
+#include <utility>
+
+#include "controls/data_control.h"
+#include "core/deferred_failure.h"
+#include "search/data_control_scales.h"
+#include "search/frm_search.h"
+#include "search/next_match.h"
+
+namespace tonalith::search {
+
+void SearchDesk::Open(controls::DataControl& data1) {
+  const auto make = [&]() -> std::unique_ptr<SearchDialog> {
+    return std::make_unique<frmSearch>(std::make_unique<DataControlScales>(data1), msgBox_, data1.window());
+  };
+  core::MsgBox& msgBox = msgBox_;
+  core::DeferredFailure failure;
+  failure.Try([&] { RunSearch(dialog_, make, text_, msgBox); });
+  failure.ReportDescription(msgBox);
+}
+
+void SearchDesk::Next(controls::DataControl& data1) {
+  if (dialog_ != nullptr || text_.empty()) return Open(data1);
+  // Its own messages let a further key press through.
+  if (std::exchange(isWalking_, true)) return;
+  const QPointer<controls::DataControl> place(&data1);
+  DataControlScales scales(data1);
+  FindNextMatch(scales, text_, msgBox_, data1);
+  if (!place.isNull()) isWalking_ = false;
+}
+
+}  // namespace tonalith::search

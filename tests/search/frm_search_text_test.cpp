@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The text box of the search dialog: what it opens with, and that message boxes leave it visible.
+
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QScreen>
+#include <QTest>
+#include <QTimer>
+
+#include "core/recording_msg_box.h"
+#include "search/fake_scales.h"
+#include "search/frm_search.h"
+
+namespace tonalith::search {
+namespace {
+
+class FrmSearchText : public testing::Test {
+ protected:
+  FrmSearchText() {
+    auto scales = std::make_unique<FakeScales>("Major,Dorian,Melodic Minor");
+    scales_ = scales.get();
+    form_ = std::make_unique<frmSearch>(std::move(scales), box_, nullptr);
+    text_ = form_->findChild<QLineEdit*>(QStringLiteral("txtSearch"));
+  }
+  void Show() const {
+    form_->show();
+    form_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(form_.get()));
+    text_->setFocus();
+  }
+  /// Where a message box of the dialog is when the dialog is at that height.
+  [[nodiscard]] QRect BoxOver(int y) const {
+    form_->move(100, y);
+    QMessageBox box(form_.get());
+    box.setText(QStringLiteral("No matches found."));
+    box.setIcon(QMessageBox::Information);
+    box.show();
+    return box.frameGeometry();
+  }
+
+  core::RecordingMsgBox box_;
+  FakeScales* scales_ = nullptr;
+  std::unique_ptr<frmSearch> form_;
+  QLineEdit* text_ = nullptr;
+};
+
+TEST_F(FrmSearchText, IsSearchedOnByFunctionKey3) {
+  Show();
+  QTest::keyClicks(text_, QStringLiteral("m"));
+  QTest::keyClick(text_, Qt::Key_F3);
+  EXPECT_EQ(scales_->current_, 3);
+}
+
+TEST_F(FrmSearchText, IsSelectedWhenTheDialogOpens) {
+  form_->SetSearchText("melodic");
+  QTimer::singleShot(0, form_.get(), [this] {
+    EXPECT_EQ(text_->text(), QStringLiteral("melodic"));
+    EXPECT_EQ(text_->selectedText(), QStringLiteral("melodic"));
+    form_->cmdCancel_Click();
+  });
+  form_->ShowModal();
+}
+
+TEST_F(FrmSearchText, IsNotCoveredByAMessageBox) {
+  Show();
+  const QRect screen = form_->screen()->availableGeometry();
+  for (const int y : {0, screen.height() / 2, screen.height() - form_->height()}) {
+    const QRect box = BoxOver(y);
+    const QRect text(text_->mapToGlobal(QPoint()), text_->size());
+    EXPECT_FALSE(box.intersects(text)) << y;
+    EXPECT_TRUE(screen.contains(box)) << y;
+  }
+}
+
+}  // namespace
+}  // namespace tonalith::search
