@@ -178,13 +178,18 @@ void KeyBox::showPopup() {
 
 void KeyBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const bool focus = hasFocus() || lineEdit()->hasFocus();
-  const QColor outline = isMarked_ ? MarkInk(palette()) : controls::OutlineInk(palette());
-  controls::PaintPanel(painter, rect(), palette().color(QPalette::Base), outline, focus && !isMarked_);
+  const QColor ground = palette().color(QPalette::Base);
   if (isMarked_) {
-    // Twice as wide as the outline, as the focus ring is.
-    controls::PaintPanel(painter, QRectF(rect()).adjusted(1, 1, -1, -1), palette().color(QPalette::Base), outline,
-                         false);
+    // As wide as the focus ring.
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(MarkInk(palette()));
+    painter.drawRoundedRect(QRectF(rect()), 6, 6);
+    painter.setBrush(ground);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), 4, 4);
+  } else {
+    const bool focus = hasFocus() || lineEdit()->hasFocus();
+    controls::PaintPanel(painter, rect(), ground, controls::OutlineInk(palette()), focus);
   }
   controls::PaintDropArrow(painter, rect(), palette());
 }
