@@ -4,6 +4,7 @@
 #include "app/program.h"
 
 #include <QApplication>
+#include <QFontInfo>
 #include <QStandardPaths>
 #include <QTimer>
 #include <chrono>
@@ -64,6 +65,12 @@ class SoundDeviceNews : public QObject, public platform::SoundDeviceObserver {
   frmTonalith* window_ = nullptr;
 };
 
+/// Without a font every text is a row of boxes, a message as well: the cause goes to where the program was started.
+void WarnWithoutFonts() {
+  if (!QFontInfo(QApplication::font()).family().isEmpty()) return;
+  qWarning("Tonalith found no font, so no text can be read. Install a font, such as DejaVu Sans, and start again.");
+}
+
 }  // namespace
 
 int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown) {
@@ -98,6 +105,7 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   const auto window = Main({database, msgBox, notePlayer, sounds, events, printing, help}, drives, directory);
   news.SetWindow(window.get());
   if (shown) shown(*window);
+  WarnWithoutFonts();
   fit.Report(msgBox);
   // The window is painted first; its icon can wait for that.
   constexpr auto kAfterFirstPaint = std::chrono::milliseconds(300);

@@ -18,13 +18,19 @@ void ProgramStyle::polish(QPalette& palette) {
 
 void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
-  LateIconStyle::drawControl(element, option, painter, widget);
-  if (element != CE_MenuBarItem || option == nullptr || option->state.testFlag(State_Selected)) return;
+  const bool isBar = element == CE_MenuBarEmptyArea || element == CE_MenuBarItem;
+  if (element != CE_MenuBarEmptyArea) LateIconStyle::drawControl(element, option, painter, widget);
+  const bool isHighlighted = element == CE_MenuBarItem && option->state.testFlag(State_Selected);
+  if (!isBar || isHighlighted) return;
   constexpr int kBeyondTheGap = 2;
+  // A line on the lowest pixels of the bar reaches half a pixel above them.
+  constexpr int kBorderHeight = 2;
   QStyleOption bar(*option);
   bar.rect.adjust(-kBeyondTheGap, 0, kBeyondTheGap, 0);
   painter->save();
-  painter->setClipRect(QRect(option->rect.left(), option->rect.bottom(), option->rect.width(), 1));
+  const QRect border(option->rect.left(), option->rect.bottom() + 1 - kBorderHeight, option->rect.width(),
+                     kBorderHeight);
+  if (element == CE_MenuBarItem) painter->setClipRect(border);
   LateIconStyle::drawControl(CE_MenuBarEmptyArea, &bar, painter, widget);
   painter->restore();
 }

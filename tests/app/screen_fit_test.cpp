@@ -68,9 +68,10 @@ TEST(ScreenFit, TakesAScaleThatCannotBeUsedOutOfTheEnvironmentAndSaysSo) {
   core::RecordingMsgBox box;
   fit.Report(box);
   ASSERT_EQ(box.Messages().size(), 1U);
-  EXPECT_EQ(box.Messages().front().text,
-            "QT_SCALE_FACTOR is set to '-1', which is no scale that windows can be shown at. Tonalith has started as if "
-            "it were not set.");
+  EXPECT_EQ(
+      box.Messages().front().text,
+      "QT_SCALE_FACTOR is set to '-1', which is no scale that windows can be shown at. Tonalith has started as if "
+      "it were not set.");
 }
 
 TEST(ScreenFit, KeepsAScaleThatCanBeUsed) {

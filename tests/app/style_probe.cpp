@@ -107,13 +107,18 @@ void PrintPalettes(const QWidget* window) {
   print("menu", QMenu().palette());
 }
 
-/// How many colours the lowest line of the window's menu bar has.
+/// How many colours a line has of those that make up the border of the window's menu bar.
 void PrintMenuBorder(const QWidget& window) {
   auto* const bar = window.findChild<QMenuBar*>();
   const QImage image = bar->grab().toImage();
-  QSet<QRgb> colours;
-  for (int x = 0; x < image.width(); ++x) colours.insert(image.pixel(x, image.height() - 1));
-  Print("menu-border-colours", QString::number(colours.size()));
+  qsizetype most = 0;
+  const int border = qRound(2 * image.devicePixelRatio());
+  for (int y = image.height() - border; y < image.height(); ++y) {
+    QSet<QRgb> colours;
+    for (int x = 0; x < image.width(); ++x) colours.insert(image.pixel(x, y));
+    most = qMax(most, colours.size());
+  }
+  Print("menu-border-colours", QString::number(most));
 }
 
 void PrintAll(const QWidget* window) {
