@@ -3,7 +3,10 @@
 
 #include "core/scale_construction.h"
 
+#include <algorithm>
+
 #include "core/deferred_failure.h"
+#include "core/field_limits.h"
 #include "core/text.h"
 
 namespace tonalith::core {
@@ -102,9 +105,16 @@ std::vector<std::string> WrappedScaleNotes(std::int16_t rootIndex, std::string_v
   return notes;
 }
 
+bool IsOverlongPattern(std::string_view pattern) {
+  if (pattern.size() > kLongestPattern) return true;
+  const auto blanks = static_cast<std::size_t>(std::count(pattern.begin(), pattern.end(), ' '));
+  return pattern.size() - blanks > kMostPatternDigits;
+}
+
 std::vector<std::int16_t> IntervalsOf(std::string_view pattern) {
   std::vector<std::int16_t> intervals;
-  for (const std::string_view character : Characters(pattern)) intervals.push_back(StepValue(character));
+  // Every byte of a character that is no digit is refused as well.
+  for (std::size_t at = 0; at < pattern.size(); ++at) intervals.push_back(StepValue(pattern.substr(at, 1)));
   return intervals;
 }
 

@@ -44,6 +44,10 @@ std::string ScaleMaker(NoteNumber StartValue, std::string_view ScaleStepType, In
 /// failure 13 for a character that is no digit and failure 9 for a negative root.
 std::vector<std::string> WrappedScaleNotes(std::int16_t rootIndex, std::string_view pattern);
 
+/// Whether a pattern has more digits than a record may hold. Other programs can write such a record; it is damaged, and
+/// nothing is built, drawn or played from it.
+bool IsOverlongPattern(std::string_view pattern);
+
 /// The semitone counts of a pattern, one for each character. Throws failure 13 for a character that is no digit.
 std::vector<std::int16_t> IntervalsOf(std::string_view pattern);
 

@@ -8,6 +8,7 @@
 
 namespace tonalith::core::scale_field {
 
+inline constexpr int kName = 1;
 inline constexpr int kIntervals = 5;
 inline constexpr int kTypeName = 9;
 

@@ -141,5 +141,14 @@ TEST_F(ScaleConstruction, IntervalsAreTheDigits) {
   EXPECT_THROW(IntervalsOf("2 1"), Failure);
 }
 
+TEST(IsOverlongPattern, CountsDigitsWithoutBlanks) {
+  EXPECT_FALSE(IsOverlongPattern(""));
+  EXPECT_FALSE(IsOverlongPattern(std::string(36, '1')));
+  EXPECT_TRUE(IsOverlongPattern(std::string(37, '1')));
+  EXPECT_FALSE(IsOverlongPattern(std::string(36, '1') + std::string(10, ' ')));
+  EXPECT_TRUE(IsOverlongPattern("1" + std::string(1000, ' ')));
+  EXPECT_TRUE(IsOverlongPattern(std::string(1000000, '1')));
+}
+
 }  // namespace
 }  // namespace tonalith::core
