@@ -69,7 +69,7 @@ bool TellClicks(ear::RecordingOutput& output) {
   for (int i = 0; i < 44100 / 50; ++i) samples = samples + ear::Number(16000, 2);
   const ear::Bytes wave = ear::Wave({}, samples);
   std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(wave.data()), std::ssize(wave));
-  audio::OctaveNotePlayer player(files, output.Output());
+  audio::OctaveNotePlayer player(files, output.Output(), output.Queue());
   player.Play(path);
   output.Pass(0.3);
   RecordingWatch watch;

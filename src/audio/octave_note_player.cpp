@@ -4,32 +4,60 @@
 #include "audio/octave_note_player.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "audio/wave_file.h"
 #include "core/deferred_failure.h"
 
 namespace tonalith::audio {
 
-OctaveNotePlayer::OctaveNotePlayer(platform::FileInput& files, platform::WaveOutput& output, std::size_t cacheLimit)
-    : files_(files), output_(output), cacheLimit_(cacheLimit) {}
+OctaveNotePlayer::OctaveNotePlayer(platform::FileInput& files, platform::WaveOutput& output,
+                                   platform::NoticeWindows& windows, std::size_t cacheLimit)
+    : files_(files), output_(output), windows_(windows), cacheLimit_(cacheLimit) {}
 
 OctaveNotePlayer::~OctaveNotePlayer() {
+  Notifier = nullptr;
   core::DeferredFailure unreported;
   unreported.Try([this] { Stop(); });
+  unreported.Try([this] { windows_.DestroyWindow(window_); });
+}
+
+void OctaveNotePlayer::MakeWindow() {
+  if (window_ != platform::kNoWindow) return;
+  platform::WindowDescription description;
+  description.className = "STATIC";
+  description.caption = "NoteWindow";
+  window_ = windows_.CreateWindow(description);
+  if (window_ == platform::kNoWindow) return;
+  windows_.SetWindowProcedure(
+      window_, [this](platform::WindowHandle, std::uint32_t message, std::uintptr_t wParam, std::intptr_t) {
+        // A notice of a note that was replaced names a device that is closed.
+        if (message == platform::kWaveOutputDone && wParam == device_) End();
+        return std::intptr_t{0};
+      });
+}
+
+void OctaveNotePlayer::End() {
+  if (std::exchange(isSounding_, false) && Notifier != nullptr) Notifier->NoteEnded();
 }
 
 void OctaveNotePlayer::Play(const std::string& path) {
   Stop();
   sounding_ = Fetch(path);
   if (!sounding_) return;
-  device_ = output_.Open(sounding_->format, platform::kNoWindow);
+  core::DeferredFailure unreported;
+  unreported.Try([this] { MakeWindow(); });  // Without it the note sounds all the same.
+  device_ = output_.Open(sounding_->format, window_);
   header_.lpData = sounding_->samples.data();
   header_.dwBufferLength = static_cast<std::uint32_t>(sounding_->samples.size());
   output_.PrepareHeader(device_, header_);
   output_.Write(device_, header_);
+  isSounding_ = device_ != platform::kNoWaveHandle && window_ != platform::kNoWindow;
+  if (isSounding_ && Notifier != nullptr) Notifier->NoteStarted();
 }
 
 void OctaveNotePlayer::Stop() {
+  End();
   if (device_ != platform::kNoWaveHandle) {
     output_.Reset(device_);
     output_.UnprepareHeader(device_, header_);

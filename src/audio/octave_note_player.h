@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Plays the recording of a single note under a click: over the same wave output as the slots, one voice at a time, no
-// notices. Files stay in memory once they were heard, up to a fixed amount, the longest unheard leaving first; a file
-// that cannot be played is silence. User-interface thread; borrows its ports, which outlive it.
+// Plays the recording of a single note under a click: over the same wave output as the slots, one voice at a time. The
+// output's notice that a note has ended arrives at a hidden window. Files stay in memory once they were heard, up to a
+// fixed amount, the longest unheard leaving first; a file that cannot be played is silence. User-interface thread;
+// borrows its ports, which outlive it.
 
 #pragma once
 
@@ -15,6 +16,7 @@
 
 #include "platform/file_input.h"
 #include "platform/note_player.h"
+#include "platform/notice_window.h"
 #include "platform/wave_output.h"
 
 namespace tonalith::audio {
@@ -24,7 +26,8 @@ class OctaveNotePlayer : public platform::NotePlayer {
   /// Enough for all 48 notes of the neck; in bytes of sample data.
   static constexpr std::size_t kCacheLimit = std::size_t{32} << 20U;
 
-  OctaveNotePlayer(platform::FileInput& files, platform::WaveOutput& output, std::size_t cacheLimit = kCacheLimit);
+  OctaveNotePlayer(platform::FileInput& files, platform::WaveOutput& output, platform::NoticeWindows& windows,
+                   std::size_t cacheLimit = kCacheLimit);
   OctaveNotePlayer(const OctaveNotePlayer&) = delete;
   OctaveNotePlayer& operator=(const OctaveNotePlayer&) = delete;
   ~OctaveNotePlayer() override;
@@ -46,9 +49,13 @@ class OctaveNotePlayer : public platform::NotePlayer {
   std::shared_ptr<const Recording> Fetch(const std::string& path);
   std::shared_ptr<const Recording> Read(const std::string& path);
   void Keep(const std::shared_ptr<const Recording>& recording);
+  void MakeWindow();
+  void End();
 
   platform::FileInput& files_;
   platform::WaveOutput& output_;
+  platform::NoticeWindows& windows_;
+  platform::WindowHandle window_ = platform::kNoWindow;
   std::size_t cacheLimit_;
   /// The last heard first.
   std::list<std::shared_ptr<const Recording>> cache_;
@@ -56,6 +63,7 @@ class OctaveNotePlayer : public platform::NotePlayer {
   std::shared_ptr<const Recording> sounding_;
   platform::WaveHandle device_ = platform::kNoWaveHandle;
   platform::WAVEHDR header_;
+  bool isSounding_ = false;
 };
 
 }  // namespace tonalith::audio

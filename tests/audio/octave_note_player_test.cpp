@@ -15,7 +15,7 @@ using testing::Number;
 using testing::Wave;
 
 struct Rig {
-  explicit Rig(std::size_t cacheLimit = OctaveNotePlayer::kCacheLimit) : player(files, output, cacheLimit) {
+  explicit Rig(std::size_t cacheLimit = OctaveNotePlayer::kCacheLimit) : player(files, output, windows, cacheLimit) {
     for (const char* name : {"1.wav", "2.wav", "3.wav"}) files.Put(name, Wave({}, Number(0, 100)));
   }
   std::string Take() {
@@ -30,13 +30,63 @@ struct Rig {
   OctaveNotePlayer player;
 };
 
-TEST(OctaveNotePlayer, PlaysAFileWithoutWantingANotice) {
+/// Writes down what it hears.
+class HeardNotes : public platform::NotePlayerNotifier {
+ public:
+  void NoteStarted() override { heard += "started "; }
+  void NoteEnded() override { heard += "ended "; }
+  std::string heard;
+};
+
+TEST(OctaveNotePlayer, TellsWhenANoteSounds) {
   Rig rig;
+  HeardNotes notes;
+  rig.player.Notifier = &notes;
+  rig.player.Play("1.wav");
+  EXPECT_EQ(notes.heard, "started ");
+  rig.output.FinishAll();
+  rig.windows.Dispatch();
+  EXPECT_EQ(notes.heard, "started ended ");
+  rig.player.Play("1.wav");
+  rig.player.Play("2.wav");
+  EXPECT_EQ(notes.heard, "started ended started ended started ");
+  rig.windows.Dispatch();
+  EXPECT_EQ(notes.heard, "started ended started ended started ") << "the notice of the replaced note is late";
+  rig.player.Stop();
+  EXPECT_EQ(notes.heard, "started ended started ended started ended ");
+}
+
+TEST(OctaveNotePlayer, TellsNothingOfANoteThatDoesNotSound) {
+  Rig rig;
+  HeardNotes notes;
+  rig.player.Notifier = &notes;
+  rig.player.Play("missing.wav");
+  rig.script.Refuse("open");
+  rig.player.Play("1.wav");
+  EXPECT_EQ(notes.heard, "");
+}
+
+TEST(OctaveNotePlayer, SoundsWithoutAWindowForItsNotices) {
+  Rig rig;
+  HeardNotes notes;
+  rig.player.Notifier = &notes;
+  rig.script.Break("create window");
+  rig.player.Play("1.wav");
+  EXPECT_EQ(rig.script.Count("write"), 1);
+  EXPECT_EQ(notes.heard, "");
+}
+
+TEST(OctaveNotePlayer, PlaysAFileWithItsNoticeToAHiddenWindow) {
+  Rig rig;
+  rig.player.Play("2.wav");
+  rig.Take();
+  rig.player.Stop();
+  rig.Take();
   rig.player.Play("1.wav");
   EXPECT_EQ(rig.Take(),
             "open file 1.wav\nclose file\n"
-            "open 101 tag 1 channels 1 rate 44100 bits 16 for window 0\n"
-            "prepare 101 with 100 bytes\nwrite 101\n");
+            "open 102 tag 1 channels 1 rate 44100 bits 16 for window 1\n"
+            "prepare 102 with 100 bytes\nwrite 102\n");
 }
 
 TEST(OctaveNotePlayer, PutsANewNoteInThePlaceOfTheSoundingOne) {
@@ -113,7 +163,7 @@ TEST(OctaveNotePlayer, ReleasesItsDeviceWhenItGoes) {
   platform::ScriptedNoticeWindows windows(script);
   platform::ScriptedWaveOutput output(script, windows);
   files.Put("1.wav", Wave({}, Number(0, 4)));
-  { OctaveNotePlayer(files, output).Play("1.wav"); }
+  { OctaveNotePlayer(files, output, windows).Play("1.wav"); }
   EXPECT_TRUE(output.OpenDevices().empty());
 }
 

@@ -64,7 +64,7 @@ TEST(OpenAlLatency, AClickIsInTheMixerWithinTwentyMilliseconds) {
   for (int i = 0; i < 44100 / 50; ++i) samples = samples + Number(16000, 2);
   const Bytes wave = Wave({}, samples);
   std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(wave.data()), std::ssize(wave));
-  audio::OctaveNotePlayer player(files, output.Output());
+  audio::OctaveNotePlayer player(files, output.Output(), output.Queue());
   player.Play(path);
   output.Pass(0.3);
   RecordingWatch watch;
