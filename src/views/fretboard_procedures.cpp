@@ -102,7 +102,8 @@ void FretboardView::ShowNotes(const std::string& startNote, ScaleInView& scale) 
   });
   for (NoteImage* label : labelImages_) label->SetPicture(NotePicture::kKeyNote);
   for (std::size_t element = 0; element < 2; ++element) labelImages_[element]->hide();
-  if (hasRecord && !failure.Pending()) {
+  const bool isDamaged = pattern && core::IsOverlongPattern(*pattern);
+  if (hasRecord && !isDamaged && !failure.Pending()) {
     failure.Try([&] {
       ShowScaleNotes(StartNoteOf(startNote), pattern ? core::IntervalPattern(*pattern) : core::IntervalPattern());
     });

@@ -73,7 +73,9 @@ FretboardView::FretboardView(core::MsgBox& msgBox, QWidget* parent)
   BuildMarkers();
 }
 
-FretboardView::~FretboardView() = default;
+FretboardView::~FretboardView() {
+  if (player_ != nullptr && player_->Notifier == this) player_->Notifier = nullptr;
+}
 
 QRect FretboardView::DesignRect() {
   static const int strings = core::Neck::Standard().Strings();
@@ -83,6 +85,7 @@ QRect FretboardView::DesignRect() {
 
 void FretboardView::SetNotePlayer(platform::NotePlayer* player, std::string appFolder) {
   player_ = player;
+  if (player_ != nullptr) player_->Notifier = this;
   appFolder_ = std::move(appFolder);
 }
 
@@ -110,8 +113,10 @@ void FretboardView::BuildImages() {
     NoteImage* image = MakeImage(Numbered("img", index), note.tag);
     image->setAccessibleName(QString::fromStdString(note.accessibleName));
     image->installEventFilter(this);
-    connect(image, &QAbstractButton::pressed, this,
-            [this, index] { PlayOctaveNote(layout_.Note(index).tag, layout_.Note(index).octave); });
+    connect(image, &QAbstractButton::pressed, this, [this, index] {
+      pressed_ = index;
+      PlayOctaveNote(layout_.Note(index).tag, layout_.Note(index).octave);
+    });
     images_.push_back(image);
   }
   const std::vector<std::pair<int, const char*>> extras{{6, "C"},   {7, "D"},   {8, "E"},  {9, "F"},
@@ -237,10 +242,13 @@ void FretboardView::paintEvent(QPaintEvent* /*event*/) {
   }
   QPainter painter(this);
   painter.drawPixmap(QPointF(0, 0), neck_);
-  PaintFocusRing(painter);
+  painter.save();
   painter.translate(-DesignRect().topLeft());
   PaintOpenStrings(painter, geometry);
   PaintFretNumbers(painter, controls::SecondaryInk(palette()));
+  painter.restore();
+  PaintGlow(painter);
+  PaintFocusRing(painter);
 }
 
 }  // namespace tonalith::views

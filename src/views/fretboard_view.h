@@ -11,6 +11,7 @@
 
 #include <QPixmap>
 #include <QWidget>
+#include <array>
 #include <functional>
 #include <map>
 #include <optional>
@@ -41,7 +42,10 @@ class ScaleInView {
   virtual void AppendStepWord(const std::string& words) = 0;
 };
 
-class FretboardView : public QWidget {
+/// What makes a note light up; each lights one note at a time.
+enum class LitBy { kPress, kPlayback };
+
+class FretboardView : public QWidget, private platform::NotePlayerNotifier {
   Q_OBJECT
 
  public:
@@ -51,20 +55,24 @@ class FretboardView : public QWidget {
   /// Its place in the form's client area, in pixels.
   static QRect DesignRect();
 
-  /// Where a played note goes: nothing is played before this is called.
+  /// Where a played note goes: nothing is played before this is called. The view becomes the player's notifier and
+  /// resigns when it is destroyed.
   void SetNotePlayer(platform::NotePlayer* player, std::string appFolder);
   /// How FlashNotes lets pending events run; QCoreApplication::processEvents unless something else is set.
   void SetEventPump(std::function<void()> pump) { eventPump_ = std::move(pump); }
 
   void PositionNotes();
   void HideNotes();
-  /// `startNote` is the key box's text.
+  /// `startNote` is the key box's text. Of an overlong pattern nothing is shown and no step words are made.
   void ShowNotes(const std::string& startNote, ScaleInView& scale);
   void ShowNotesNames();
   void DrawNoteName(NoteImage& image);
   void DrawNoteNames();
   void ClearNoteNames();
   void FlashNotes(const std::string& controlName);
+  /// Lights the note with that control name, or none of its kind for an unknown name, for as long as it sounds.
+  void LightNote(LitBy by, const std::string& controlName);
+  void DarkenNote(LitBy by) { Light(by, -1); }
   void PlayOctaveNote(const std::string& noteName, std::int16_t octave);
   static std::int16_t MapNoteNameToPositionIndex(std::string_view noteName);
 
@@ -88,6 +96,9 @@ class FretboardView : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  void NoteStarted() override;
+  void NoteEnded() override;
+  void Light(LitBy by, int index);
   void BuildLines();
   void BuildImages();
   void BuildMarkers();
@@ -104,6 +115,7 @@ class FretboardView : public QWidget {
   [[nodiscard]] QWidget& ControlNamed(const std::string& name) const;
   void PaintFretNumbers(QPainter& painter, const QColor& colour) const;
   void PaintFocusRing(QPainter& painter) const;
+  void PaintGlow(QPainter& painter) const;
 
   core::MsgBox& msgBox_;
   platform::NotePlayer* player_ = nullptr;
@@ -120,6 +132,8 @@ class FretboardView : public QWidget {
   QWidget* playMarker_ = nullptr;
   QPixmap neck_;
   int tabStop_ = -1;
+  int pressed_ = -1;                // The note that is handed to the player.
+  std::array<int, 2> lit_{-1, -1};  // By LitBy; -1 for none.
   bool ringShown_ = false;
   bool focusWaits_ = false;
 };

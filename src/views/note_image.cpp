@@ -47,11 +47,24 @@ class ScaleNotePicture : public controls::SurfacePicture {
   }
 };
 
-/// One finished image for each picture, name and scale factor; there are only two dozen of them for 96 notes.
+/// The rim of a note that sounds, on its picture. The name keeps its own ground.
+void PaintLitRim(QPainter& painter, NotePicture picture) {
+  constexpr double kWidth = 3;
+  constexpr double kInset = kWidth / 2;
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(QColor(controls::kAmber), kWidth));
+  painter.setBrush(Qt::NoBrush);
+  const QRectF rim(kInset, kInset, kSide - kWidth, kSide - kWidth);
+  const double radius = picture == NotePicture::kKeyNote ? 6.5 : rim.width() / 2;
+  painter.drawRoundedRect(rim, radius, radius);
+}
+
+/// One finished image for each picture, name and scale factor; there are only two dozen of them for 96 notes, and as
+/// many lit ones.
 const QImage& SharedImage(const NoteImage& note, double scale) {
-  using Key = std::tuple<NotePicture, std::string, double>;
+  using Key = std::tuple<NotePicture, std::string, double, bool>;
   static std::map<Key, QImage> images;
-  const Key key(note.Picture(), note.NameDrawn() ? note.Tag() : std::string(), scale);
+  const Key key(note.Picture(), note.NameDrawn() ? note.Tag() : std::string(), scale, note.IsLit());
   const auto known = images.find(key);
   if (known != images.end()) return known->second;
   const int side = static_cast<int>(std::ceil(kSide * scale));
@@ -61,6 +74,7 @@ const QImage& SharedImage(const NoteImage& note, double scale) {
   QPainter painter(&image);
   controls::PainterSurface surface(painter);
   note.DrawOn(surface);
+  if (note.IsLit()) PaintLitRim(painter, note.Picture());
   painter.end();
   return images.emplace(key, std::move(image)).first->second;
 }
@@ -117,6 +131,12 @@ void NoteImage::DrawName() {
 void NoteImage::ClearName() {
   if (!nameDrawn_) return;
   nameDrawn_ = false;
+  update();
+}
+
+void NoteImage::SetLit(bool isLit) {
+  if (isLit == isLit_) return;
+  isLit_ = isLit;
   update();
 }
 

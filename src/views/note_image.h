@@ -37,6 +37,10 @@ class NoteImage : public QAbstractButton {
   /// Clears the image and paints its own picture at (0, 0): the name is gone.
   void ClearName();
 
+  /// A lit note sounds: its rim glows. Prints do not show it.
+  void SetLit(bool isLit);
+  [[nodiscard]] bool IsLit() const { return isLit_; }
+
   /// What the image shows, drawn on a surface of its own size.
   void DrawOn(controls::DrawingSurface& surface) const;
 
@@ -59,6 +63,7 @@ class NoteImage : public QAbstractButton {
   std::string tag_;
   NotePicture picture_ = NotePicture::kNone;
   bool nameDrawn_ = false;
+  bool isLit_ = false;
 };
 
 /// Writes a note name on a note image's surface, `scaleWidth` pixels wide: 14 pixels, bold, white, centred.

@@ -3,6 +3,9 @@
 
 #include "views/score_handler.h"
 
+#include <algorithm>
+
+#include "core/field_limits.h"
 #include "views/staff_layout.h"
 
 namespace tonalith::views {
@@ -54,7 +57,9 @@ void ScoreHandler(DrawingSurface* scoreTarget, std::int16_t keyIndex, const std:
   DrawingSurface& target = *scoreTarget;
   target.SetScaleMode(controls::ScaleMode::kPixels);
   target.Cls();
-  const std::vector<std::int16_t> keys = KeyList(keyIndex, intervals);
+  std::vector<std::int16_t> keys = KeyList(keyIndex, intervals);
+  // No scale has more notes; those of a damaged one would be far beyond the card.
+  keys.resize(std::min(keys.size(), core::kMostPatternDigits));
   const Staff& on = kTrebleStaff;
   DrawStaffLines(target, on);
   DrawClef(target, on);

@@ -17,7 +17,8 @@ namespace tonalith::views {
 /// Draws the staff on `scoreTarget` (nothing at all if that is null), in pixels of the form's client area. `keyIndex`
 /// is the index of the key in the key box, `intervals` the semitone counts of the scale's pattern; the closing octave
 /// is not drawn. `scaleNotes` (the caption of lblScaleNotes) becomes the note names, each preceded by one blank; it is
-/// emptied only after the clef stands. Throws failure 9 for an empty interval list and for a key outside -12..11.
+/// emptied only after the clef stands. At most core::kMostPatternDigits notes are written. Throws failure 9 for an
+/// empty interval list and for a key outside -12..11.
 void ScoreHandler(controls::DrawingSurface* scoreTarget, std::int16_t keyIndex,
                   const std::vector<std::int16_t>& intervals, std::string& scaleNotes);
 

@@ -17,27 +17,40 @@ namespace {
 
 /// What stays free between the card's edge and a drawing that had to be made smaller.
 constexpr double kCardMargin = 8;
+/// The size of a sentence in place of a staff.
+constexpr double kNoticePixels = 14;
 /// How far the staff lines run on behind the last note of a scale that is longer than they are.
 constexpr double kLinesBehindLastNote = 10;
 
-void PaintStaff(QPainter& painter, const controls::RecordingSurface& drawing) {
-  const QRectF card = StaffView::DesignRect();
-  const double linesEnd = controls::TwipsToPixels(staff::kRight);
+double LinesEnd() { return controls::TwipsToPixels(staff::kRight); }
+
+/// The ink of a drawing; the staff lines run on below a scale that is longer than they are.
+QRectF InkOf(const controls::RecordingSurface& drawing) {
   QRectF ink = drawing.InkBounds();
-  const bool longerThanLines = ink.right() > linesEnd;
-  if (longerThanLines) ink.setRight(ink.right() + kLinesBehindLastNote);
-  const QRectF room = card.adjusted(kCardMargin, kCardMargin, -kCardMargin, -kCardMargin);
+  if (ink.right() > LinesEnd()) ink.setRight(ink.right() + kLinesBehindLastNote);
+  return ink;
+}
+
+/// Makes ink that is larger than the card smaller, as a whole.
+QTransform OnCard(const QRectF& ink) {
+  const QRectF room = QRectF(StaffView::DesignRect()).adjusted(kCardMargin, kCardMargin, -kCardMargin, -kCardMargin);
+  QTransform fit;
+  if (ink.isEmpty() || room.contains(ink)) return fit;
+  const double factor = std::min({1.0, room.width() / ink.width(), room.height() / ink.height()});
+  fit.translate(room.center().x(), room.center().y());
+  fit.scale(factor, factor);
+  fit.translate(-ink.center().x(), -ink.center().y());
+  return fit;
+}
+
+void PaintStaff(QPainter& painter, const controls::RecordingSurface& drawing) {
+  const QRectF ink = InkOf(drawing);
   painter.save();
-  if (!ink.isEmpty() && !room.contains(ink)) {
-    const double factor = std::min({1.0, room.width() / ink.width(), room.height() / ink.height()});
-    painter.translate(room.center());
-    painter.scale(factor, factor);
-    painter.translate(-ink.center());
-  }
-  if (longerThanLines) {
+  painter.setTransform(OnCard(ink), true);
+  if (ink.right() > LinesEnd()) {
     for (int line = 0; line < staff::kLines; ++line) {
-      controls::FillSnapped(painter,
-                            {linesEnd, static_cast<double>(kTrebleStaff.LineY(line)), ink.right() - linesEnd, 1},
+      const double y = kTrebleStaff.LineY(line);
+      controls::FillSnapped(painter, {LinesEnd(), y, ink.right() - LinesEnd(), 1},
                             QColor(controls::ToRgb(controls::kInk)));
     }
   }
@@ -81,6 +94,26 @@ void StaffView::Clear() {
   drawing_.Cls();
   Announce({});
   update();
+}
+
+QRectF StaffView::InkOnCard() const {
+  const QRectF ink = InkOf(drawing_);
+  return OnCard(ink).mapRect(ink);
+}
+
+void StaffView::ShowNotice(const QString& notice) {
+  Clear();
+  const std::string text = notice.toStdString();
+  drawing_.SetScaleMode(controls::ScaleMode::kPixels);
+  drawing_.SetForeColor(controls::kInk);
+  controls::SetFontNameOrDefault(drawing_, "Tahoma");
+  drawing_.SetFontSize(controls::Pixels(kNoticePixels));
+  drawing_.SetFontBold(true);
+  const QRect card = DesignRect();
+  drawing_.SetCurrentX(card.center().x() - drawing_.TextWidth(text) / 2);
+  drawing_.SetCurrentY(card.center().y() - drawing_.TextHeight(text) / 2);
+  drawing_.Print(text);
+  setAccessibleName(notice);
 }
 
 void StaffView::Announce(const std::string& notes) {

@@ -32,8 +32,12 @@ class StaffView : public QWidget {
   void Draw(std::int16_t keyIndex, const std::vector<std::int16_t>& intervals, std::string& scaleNotes);
   /// Clears the card: what Draw does before the intervals are known, for a caller that cannot get them.
   void Clear();
+  /// Clears the card and writes a sentence on it instead of a staff.
+  void ShowNotice(const QString& notice);
 
   [[nodiscard]] const controls::RecordingSurface& Drawing() const { return drawing_; }
+  /// The rectangle of the ink as it is painted, in pixels of the form's client area.
+  [[nodiscard]] QRectF InkOnCard() const;
 
   /// The drawing in pixels of the form's client area without the card, for paper, as a picture that stands by itself
   /// and does not change with the view. One that is larger than the card is scaled as on the screen.

@@ -207,6 +207,26 @@ TEST_F(FretboardLook, PaintsANumberBelowEveryInlayThatHasAControlOrNot) {
   EXPECT_EQ(view_.findChild<QWidget*>(QStringLiteral("fretPosition15")), nullptr);
 }
 
+TEST_F(FretboardLook, ShowsALitNoteBySignsOfItsOwnAndKeepsItsName) {
+  const NoteImage& note = view_.Image(16);
+  ASSERT_FALSE(note.isHidden());
+  const auto grab = [&] {
+    QImage image(view_.size(), QImage::Format_RGB32);
+    image.fill(QColor(0xf6, 0xf4, 0xf0));
+    view_.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+  };
+  const QImage dark = grab();
+  view_.LightNote(LitBy::kPlayback, "img16");
+  const QImage lit = grab();
+  const QRect disc = note.geometry();
+  EXPECT_EQ(lit.copy(disc.adjusted(5, 10, -5, -10)), dark.copy(disc.adjusted(5, 10, -5, -10)));
+  EXPECT_NE(lit.pixelColor(disc.center().x(), disc.top() + 1), dark.pixelColor(disc.center().x(), disc.top() + 1));
+  EXPECT_NE(lit.pixelColor(disc.center().x(), disc.top() - 2), dark.pixelColor(disc.center().x(), disc.top() - 2));
+  view_.DarkenNote(LitBy::kPlayback);
+  EXPECT_EQ(grab(), dark);
+}
+
 TEST_F(FretboardLook, PaintsFretWireWhereTheFretLinesAre) {
   view_.HideNotes();
   const QImage image = view_.grab().toImage();

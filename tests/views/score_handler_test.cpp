@@ -118,6 +118,17 @@ TEST(ScoreHandler, RepeatsANoteForAnIntervalOfZero) {
             "names E E\n");
 }
 
+TEST(ScoreHandler, WritesNoMoreNotesThanAScaleCanHave) {
+  controls::RecordingSurface surface;
+  std::string names;
+  ScoreHandler(&surface, 0, std::vector<std::int16_t>(10000, 9), names);
+  EXPECT_EQ(std::count(names.begin(), names.end(), ' '), 36);
+  const std::string text = surface.AsText();
+  std::size_t notes = 0;
+  for (std::size_t at = text.find("print 119"); at != std::string::npos; at = text.find("print 119", at + 1)) ++notes;
+  EXPECT_EQ(notes, 36U);
+}
+
 TEST(ScoreHandler, SwitchesTheTargetToPixelsAndClearsIt) {
   controls::RecordingSurface surface;
   surface.Line(15, 15, 30, 15);

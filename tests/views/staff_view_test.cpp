@@ -165,6 +165,20 @@ TEST(StaffView, NamesClefAndNotesForAssistiveTechnology) {
   EXPECT_TRUE(view.Drawing().Commands().empty());
 }
 
+TEST(StaffView, WritesANoticeInPlaceOfTheStaff) {
+  StaffView view;
+  Write(view, 0, "2212221");
+  view.ShowNotice(QStringLiteral("This scale is damaged."));
+  EXPECT_EQ(view.accessibleName().toStdString(), "This scale is damaged.");
+  EXPECT_EQ(view.Drawing().Commands().size(), 1U) << "the staff is gone";
+  const QImage image = tests::Painted(1200, 400, 1, [&](QPainter& painter) { view.Picture()->PaintOn(painter); });
+  const QRect ink = tests::InkBox(image, image.rect());
+  EXPECT_TRUE(StaffView::DesignRect().adjusted(8, 8, -8, -8).contains(ink));
+  EXPECT_GT(ink.width(), 100);
+  Write(view, 0, "2212221");
+  EXPECT_EQ(view.accessibleName().toStdString(), "Treble clef: C D E F G A B");
+}
+
 TEST(StaffView, PassesAFailureOnAndSaysThatThereAreNoNotes) {
   StaffView view;
   Write(view, 0, "2212221");
