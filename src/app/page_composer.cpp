@@ -17,17 +17,24 @@ namespace {
 using controls::FittingLabel;
 using controls::SurfaceFont;
 
-/// The description has room to be read on paper; on the screen it may have to be smaller.
-constexpr double kDescriptionPixels = 13;
+/// The description is as large on paper as its place allows, up to the first size. Below the second the page grows.
+constexpr int kLargestDescription = 16;
+constexpr int kSmallestDescription = 13;
 constexpr double kKeyCaptionPixels = 12;
-constexpr double kKeyPixels = 20;
+/// A note name; a longer text that was typed is smaller, and at last wrapped.
+constexpr int kKeyPixels = 20;
+constexpr int kSmallestKey = 9;
+/// Between the key's text and the step line.
+constexpr double kKeyWidth = 98;
 constexpr double kKeyBelowCaption = 15;
 constexpr double kFretNumberPixels = 12;
 /// What stays free between the texts and the neck, and below a text that needs more lines than on the screen.
 constexpr double kAboveNeck = 24;
 constexpr double kBelowGrownText = 8;
-/// The part of the client area that goes on paper, at a page that has not grown: the window's own borders stay behind.
-QRect View() { return {32, 12, 1016, MainControls::ClientHeight() - 16}; }
+/// Between the fret numbers and the notice below them: the buttons between them are not printed.
+constexpr double kAboveNotice = 8;
+/// Around everything that is printed: the discs and strings end on whole pixels of their own.
+constexpr int kMargin = 2;
 
 controls::RecordingSurface& PageOf(const MainControls& c) { return c.printPic->Surface(); }
 
@@ -48,6 +55,12 @@ SurfaceFont FontLike(const QFont& font) {
 
 SurfaceFont FontLike(const QWidget& widget, double pixels, bool bold) {
   return {QFontInfo(widget.font()).family().toStdString(), controls::Pixels(pixels), bold};
+}
+
+/// A text without what cannot be seen at its end. Blanks at its front belong to its place.
+QString WithoutEnd(QString text) {
+  while (!text.isEmpty() && text.back().isSpace()) text.chop(1);
+  return text;
 }
 
 /// The lines of a text, broken between words and, where a word is wider than a line, within it.
@@ -71,21 +84,47 @@ std::vector<std::string> Wrapped(const QString& plain, const SurfaceFont& font, 
 
 }  // namespace
 
-PageComposer::PageComposer(const MainControls& controls) : c_(controls) {
+PageComposer::PageComposer(const MainControls& controls) : c_(controls), view_(View()) {
   const QPalette paper = Paper();
   const QColor ink = paper.color(QPalette::WindowText);
   const QColor second = controls::SecondaryInk(paper);
   const QColor sienna = controls::SiennaInk(paper);
   WriteBelow(*c_.Label1, ink);
   WriteBelow(*c_.lblScaleType, sienna);
-  Write(*c_.lblScaleDescription, FontLike(*c_.lblScaleDescription, kDescriptionPixels, false), second);
+  Write(*c_.lblScaleDescription, DescriptionFont(), second);
   WriteKey();
   WriteBelow(*c_.lblTranspose, ink);
   WriteBelow(*c_.lblScaleNotes, sienna);
   neckDown_ = std::max(0.0, std::ceil(columnBottom_ + kAboveNeck - NeckTop()));
-  down_ = neckDown_;
   WriteFretNumbers();
+  down_ = neckDown_ + NoticeTop() - c_.Label3->y();
   WriteBelow(*c_.Label3, second);
+}
+
+double PageComposer::NoticeTop() const {
+  return c_.fretboard->FretNumberBox(views::FretboardLayout::MarkedFrets().front()).bottom() + kAboveNotice;
+}
+
+QRect PageComposer::View() const {
+  const views::NeckGeometry neck = c_.fretboard->Geometry();
+  const QRectF staff = c_.staff->InkOnCard();
+  const double left = std::min<double>(c_.Label1->x(), staff.isEmpty() ? c_.Label1->x() : staff.left());
+  const double right = std::max(neck.stringsRight, staff.right());
+  const double top = std::min<double>(c_.Label1->y(), staff.isEmpty() ? c_.Label1->y() : staff.top());
+  const double bottom = NoticeTop() + c_.Label3->height();
+  return QRectF(QPointF(left, top), QPointF(right, bottom))
+      .toAlignedRect()
+      .adjusted(-kMargin, -kMargin, kMargin, kMargin);
+}
+
+SurfaceFont PageComposer::DescriptionFont() const {
+  const FittingLabel& label = *c_.lblScaleDescription;
+  for (int pixels = kLargestDescription; pixels > kSmallestDescription; --pixels) {
+    const SurfaceFont font = FontLike(label, pixels, false);
+    const auto lines = static_cast<double>(Wrapped(WithoutEnd(label.text()), font, label.width()).size());
+    if (lines * controls::CellOf(font).height <= label.height()) return font;
+  }
+  return FontLike(label, kSmallestDescription, false);
 }
 
 double PageComposer::NeckTop() const { return c_.fretboard->Geometry().wood.top(); }
@@ -98,7 +137,7 @@ void PageComposer::Write(const FittingLabel& label, const SurfaceFont& font, con
   if (label.isHidden()) return;
   const double height = controls::CellOf(font).height;
   double top = label.y() + down_;
-  for (std::string& text : Wrapped(label.text().trimmed(), font, label.width())) {
+  for (std::string& text : Wrapped(WithoutEnd(label.text()), font, label.width())) {
     lines_.push_back({static_cast<double>(label.x()), top, font, ink, std::move(text)});
     top += height;
   }
@@ -114,8 +153,18 @@ void PageComposer::WriteKey() {
   const double top = box.y() + down_;
   lines_.push_back({left, top, FontLike(box, kKeyCaptionPixels, false), controls::SecondaryInk(paper),
                     QCoreApplication::translate("tonalith::app::frmTonalith", "Key").toStdString()});
-  lines_.push_back({left, top + kKeyBelowCaption, FontLike(box, kKeyPixels, true), paper.color(QPalette::WindowText),
-                    c_.cmbTranspose->itemText(c_.cmbTranspose->ListIndex()).toStdString()});
+  const QString key = c_.cmbTranspose->currentText();
+  int pixels = kKeyPixels;
+  while (pixels > kSmallestKey && controls::WidthOf(FontLike(box, pixels, true), key.toStdString()) > kKeyWidth) {
+    --pixels;
+  }
+  const SurfaceFont font = FontLike(box, pixels, true);
+  double lineTop = top + kKeyBelowCaption;
+  for (std::string& line : Wrapped(key, font, kKeyWidth)) {
+    lines_.push_back({left, lineTop, font, paper.color(QPalette::WindowText), std::move(line)});
+    lineTop += controls::CellOf(font).height;
+  }
+  columnBottom_ = std::max(columnBottom_, lineTop);
 }
 
 void PageComposer::WriteFretNumbers() {
@@ -130,16 +179,16 @@ void PageComposer::WriteFretNumbers() {
 }
 
 void PageComposer::BeginPage() const {
-  c_.printPic->setGeometry(View().adjusted(0, 0, 0, static_cast<int>(neckDown_)));
+  c_.printPic->setGeometry(view_.adjusted(0, 0, 0, static_cast<int>(neckDown_)));
   c_.printPic->SetPicture(nullptr);
   PageOf(c_).SetScaleMode(controls::ScaleMode::kPixels);
   PageOf(c_).Cls();
 }
 
-void PageComposer::WriteStaff() const { PageOf(c_).PaintPicture(c_.staff->Picture(), -View().left(), -View().top()); }
+void PageComposer::WriteStaff() const { PageOf(c_).PaintPicture(c_.staff->Picture(), -view_.left(), -view_.top()); }
 
 void PageComposer::DrawStringsAndFrets() const {
-  PageOf(c_).PaintPicture(views::NeckOnPaper(c_.fretboard->Geometry()), -View().left(), neckDown_ - View().top());
+  PageOf(c_).PaintPicture(views::NeckOnPaper(c_.fretboard->Geometry()), -view_.left(), neckDown_ - view_.top());
 }
 
 void PageComposer::WriteLabels() const {
@@ -150,8 +199,8 @@ void PageComposer::WriteLabels() const {
     page.SetFontSize(line.font.size);
     page.SetFontBold(line.font.bold);
     page.SetForeColor(ToBgr(line.ink));
-    page.SetCurrentX(line.left - View().left());
-    page.SetCurrentY(line.top - View().top());
+    page.SetCurrentX(line.left - view_.left());
+    page.SetCurrentY(line.top - view_.top());
     page.Print(line.text);
   }
 }
@@ -162,7 +211,7 @@ void PageComposer::CopyNoteImages(const std::function<void()>& between) const {
     if (image.isHidden()) continue;
     controls::RecordingSurface picture;
     image.DrawOn(picture);
-    const QPoint place = image.pos() + c_.fretboard->pos() - View().topLeft();
+    const QPoint place = image.pos() + c_.fretboard->pos() - view_.topLeft();
     print::BitBlt(PageOf(c_), place.x(), place.y() + neckDown_, picture);
     between();
   }
@@ -171,7 +220,7 @@ void PageComposer::CopyNoteImages(const std::function<void()>& between) const {
 std::string PageTitle(const MainControls& c) {
   const QString name = c.Label1->text().simplified();
   if (name.isEmpty()) return "Tonalith";
-  const QString key = c.cmbTranspose->itemText(c.cmbTranspose->ListIndex());
+  const QString key = c.cmbTranspose->currentText().simplified();
   return (key.isEmpty() ? name : QCoreApplication::translate("tonalith::app::frmTonalith", "%1 in %2").arg(name, key))
       .toStdString();
 }

@@ -3,12 +3,14 @@
 
 // Draws what the window shows on its printPic, for white paper: dark inks whatever the theme, the neck in outline,
 // every text in full. A text that is too long for its place on the screen is wrapped, and what stands below moves down;
-// the page grows with it. Works on the window's controls as they are when it is made, which outlive it. User-interface
-// thread; the steps fail only where a control does.
+// the page grows with it. The notice moves up into the room of the buttons, which are not printed. Works on the
+// window's controls as they are when it is made, which outlive it. User-interface thread; the steps fail only where a
+// control does.
 
 #pragma once
 
 #include <QColor>
+#include <QRect>
 #include <functional>
 #include <string>
 #include <vector>
@@ -43,8 +45,14 @@ class PageComposer {
   void WriteKey();
   void WriteFretNumbers();
   [[nodiscard]] double NeckTop() const;
+  [[nodiscard]] double NoticeTop() const;
+  /// The part of the client area that goes on paper, at a page that has not grown: as little empty room around the
+  /// drawings and texts as possible, since the page is filled with it.
+  [[nodiscard]] QRect View() const;
+  [[nodiscard]] controls::SurfaceFont DescriptionFont() const;
 
   const MainControls& c_;
+  QRect view_;
   std::vector<Line> lines_;
   /// How much lower than on the screen the next thing stands.
   double down_ = 0;

@@ -216,7 +216,11 @@ void frmPrint::AskAndPrint(Question ask, AfterPrinting afterwards) {
       cmdCancel_->setText(tr("Close"));
     }
   });
-  if (!self.isNull()) isAsking_ = false;
+  if (!self.isNull()) {
+    isAsking_ = false;
+    // What was saved before may still be shown.
+    if (failure.Pending()) ShowStatus(tr("Nothing was printed."));
+  }
   failure.ReportDescription(msgBox);
 }
 

@@ -22,10 +22,10 @@ TEST_F(Printing, DrawsStaffThenNeckThenLabelsThenNoteImages) {
   const std::string page = Page();
   std::size_t at = 0;
   for (const char* const step :
-       {"picture Treble clef: D F A at -32,-12\n", "picture neck at -32,-12\n", "print \"Minor triad\" at 8,8\n",
-        "print \"Test scales\" at 8,52\n", "print \"A scale for tests.\" at 8,78\n", "print \"Key\" at 8,134\n",
-        "print \"D\" at 8,149\n", "print \"Scale Steps:   T1.5  T2  T2.5\" at 114,133\n",
-        "print \"D F A\" at 110,155\n", "print \"12\" at ", "picture scale-note at "}) {
+       {"picture Treble clef: D F A at -38,-18\n", "picture neck at -38,-18\n", "print \"Minor triad\" at 2,2\n",
+        "print \"Test scales\" at 2,46\n", "print \"A scale for tests.\" at 2,72\n", "print \"Key\" at 2,128\n",
+        "print \"D\" at 2,143\n", "print \"Scale Steps:   T1.5  T2  T2.5\" at 108,127\n",
+        "print \" D F A\" at 104,149\n", "print \"12\" at ", "picture scale-note at "}) {
     const std::size_t found = page.find(step, at);
     ASSERT_NE(found, std::string::npos) << step << "is missing or too early in\n" << page;
     at = found;
@@ -41,7 +41,7 @@ TEST_F(Printing, PutsEveryVisibleNoteImageOnItsPlaceWithItsName) {
     const views::NoteImage& image = C().fretboard->Image(index);
     if (image.isHidden()) continue;
     ++visible;
-    const QPoint place = image.mapTo(Window().centralWidget(), QPoint(0, 0)) - QPoint(32, 12);
+    const QPoint place = image.mapTo(Window().centralWidget(), QPoint(0, 0)) - QPoint(38, 18);
     const char* const picture = image.Picture() == views::NotePicture::kKeyNote ? "key-note" : "scale-note";
     wanted = std::string("picture ") + picture + " at " + std::to_string(place.x()) + "," + std::to_string(place.y());
     EXPECT_THAT(Page(), HasSubstr(wanted + "\n"));
@@ -111,7 +111,7 @@ TEST_F(Printing, WordWiderThanItsLineIsBroken) {
 TEST_F(Printing, ShortScaleKeepsThePlacesOfTheScreen) {
   StartOn({"Minor triad", "345"});
   Print();
-  EXPECT_EQ(C().printPic->size(), QSize(1016, 578));
+  EXPECT_EQ(C().printPic->size(), QSize(998, 500)) << "from the discs to the ends of the strings, without the buttons";
 }
 
 struct Extreme {
@@ -162,11 +162,11 @@ TEST_F(Printing, NeckAndStaffStandWhereTheViewHasThem) {
   StartOn({"Minor triad", "345"}, 2);
   const QImage page = tests::PdfFile(PrintPdf()).Page(300);
   const double dots = 300.0 / 72;
-  const double pixel = (842 - 36) * 0.9 / 1016 * dots;
+  const double pixel = (842 - 36) * 0.9 / 998 * dots;
   const double left = (18 + (842 - 36) * 0.1 * 0.15) * dots;
-  const double top = (18 + (595 - 36 - 578 * 0.9 * (842 - 36) / 1016) * 0.15) * dots;
+  const double top = (18 + (595 - 36 - 500 * 0.9 * (842 - 36) / 998) * 0.15) * dots;
   const auto onPage = [&](double x, double y) {
-    return QPoint(qRound(left + (x - 32) * pixel), qRound(top + (y - 12) * pixel));
+    return QPoint(qRound(left + (x - 38) * pixel), qRound(top + (y - 18) * pixel));
   };
   // The nut is the one thick dark bar; the five staff lines are an even dark comb.
   const QRectF nut = C().fretboard->Geometry().nut;
@@ -181,6 +181,58 @@ TEST_F(Printing, NeckAndStaffStandWhereTheViewHasThem) {
     isDark = now;
   }
   EXPECT_EQ(lines, 5);
+}
+
+TEST_F(Printing, NoteNamesStandUnderTheStepLineAsOnTheScreen) {
+  StartOn({"Minor triad", "345"}, 2);
+  Print();
+  const std::string page = Page();
+  controls::RecordingSurface surface;
+  surface.SetScaleMode(controls::ScaleMode::kPixels);
+  surface.SetFontName(QFontInfo(C().lblScaleNotes->font()).family().toStdString());
+  surface.SetFontSize(controls::Pixels(14));
+  surface.SetFontBold(true);
+  EXPECT_NEAR(104 + surface.TextWidth(" "), 108, 1.5) << "the blank moves the names to the right";
+  EXPECT_THAT(page, HasSubstr("print \" D F A\" at 104,"));
+}
+
+TEST_F(Printing, TextThatIsNoKeyIsPrintedAsTyped) {
+  StartOn({"Minor triad", "345"});
+  C().cmbTranspose->setEditText(QStringLiteral("Hx"));
+  Print();
+  EXPECT_THAT(Page(), HasSubstr("20px bold\nprint \"Hx\" at 2,143\n"));
+  EXPECT_EQ(PageTitle(C()), "Minor triad in Hx");
+  const QString longText = QStringLiteral("No key at all but a sentence of it");
+  C().cmbTranspose->setEditText(longText);
+  Print();
+  const tests::PdfFile pdf(PrintPdf());
+  for (const QString& word : longText.split(QLatin1Char(' '))) EXPECT_THAT(pdf.Text(), HasSubstr(word.toStdString()));
+}
+
+TEST_F(Printing, NoticeStandsBelowTheFretNumbersWithoutTheRoomOfTheButtons) {
+  StartOn({"Minor triad", "345"});
+  Print();
+  const std::string page = Page();
+  const auto topOf = [&](const std::string& printed) {
+    const std::size_t at = page.find(',', page.find("at ", page.find("print \"" + printed)));
+    return std::stod(page.substr(at + 1));
+  };
+  EXPECT_GT(topOf("Tonalith"), topOf("12") + 12);
+  EXPECT_LT(topOf("Tonalith"), topOf("12") + 32);
+}
+
+TEST_F(Printing, DescriptionIsAsLargeAsItsPlaceAllows) {
+  StartOn({"Minor triad", "345", "Short."});
+  Print();
+  EXPECT_THAT(Page(), HasSubstr(" 16px\nprint \"Short.\""));
+}
+
+TEST_F(Printing, DescriptionThatNeedsItsWholePlaceIsSmaller) {
+  std::string description;
+  for (int word = 1; word <= 34; ++word) description += "explained ";
+  StartOn({"Minor triad", "345", description});
+  Print();
+  EXPECT_THAT(Page(), testing::AnyOf(HasSubstr(" 13px\nprint \"explained"), HasSubstr(" 14px\nprint \"explained")));
 }
 
 TEST_F(Printing, PageIsWhiteAndSparesInkInADarkTheme) {

@@ -174,6 +174,21 @@ TEST_F(FrmPrintTest, FailingDialogIsReported) {
   EXPECT_TRUE(form_->isVisible());
 }
 
+TEST_F(FrmPrintTest, FailureAfterASavedPageNoLongerSaysThatItIsSaved) {
+  for (const char* const step : {"ask pdf", "paint"}) {
+    Show();
+    Click("cmdPdf");
+    ASSERT_EQ(Status(), "Saved as Scripted printer");
+    script_.Break(step);
+    Click("cmdPdf");
+    EXPECT_EQ(Status(), "Nothing was printed.") << step;
+    EXPECT_THAT(box_.Messages(), SizeIs(1)) << step;
+    box_.Forget();
+    script_.Mend();
+    delete form_.data();
+  }
+}
+
 TEST_F(FrmPrintTest, WithoutAPrinterItSaysSoAndStillMakesPdfFiles) {
   service_.hasPrinter = false;
   Show();
