@@ -11,23 +11,20 @@
 #include <QLineEdit>
 #include <QMenuBar>
 
+#include "app/damaged_scale.h"
 #include "app/frm_about.h"
 #include "app/main_shortcuts.h"
+#include "controls/shown_text.h"
 #include "controls/theme.h"
 #include "controls/window_front.h"
 #include "core/deferred_failure.h"
+#include "core/field_limits.h"
 #include "core/paths.h"
 #include "core/scale_record.h"
 #include "editor/frm_scales.h"
 #include "help/mod_html_help.h"
 
 namespace tonalith::app {
-namespace {
-
-QString ToText(const data::Value& value) { return QString::fromStdString(value.TextOr({})); }
-
-}  // namespace
-
 frmTonalith::frmTonalith(const FormServices& services)
     : QMainWindow(nullptr, controls::kFixedSizeWindow),
       services_(services),
@@ -58,14 +55,18 @@ frmTonalith::~frmTonalith() {
 }
 
 void frmTonalith::BindControls() {
-  const auto bind = [this](const char* field, auto* control) {
-    c_.Data1->Bind(field, [control](const data::Value& value) { control->setText(ToText(value)); });
+  const auto bind = [this](const char* field, auto* control, std::size_t longest) {
+    c_.Data1->Bind(field, [control, longest](const data::Value& value) {
+      control->setText(controls::ShownText(value.TextOr({}), longest));
+    });
   };
-  bind("ScaleName", c_.Label1);
-  bind("ScaleDescription", c_.lblScaleDescription);
-  bind("ScaleTypeName", c_.lblScaleType);
-  bind("ScaleID", c_.txtScaleID);
-  bind("ScaleIntervals", c_.txtInterval);
+  // Names were not limited in older libraries: those that can be printed on one page are shown in full.
+  constexpr std::size_t kLongestShown = 4 * core::kLongestName;
+  bind("ScaleName", c_.Label1, kLongestShown);
+  bind("ScaleDescription", c_.lblScaleDescription, core::kLongestDescription);
+  bind("ScaleTypeName", c_.lblScaleType, kLongestShown);
+  bind("ScaleID", c_.txtScaleID, kLongestShown);
+  bind("ScaleIntervals", c_.txtInterval, core::kLongestPattern);
   c_.Data1->SetConnectionString(
       "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=TonalithDB97.mdb;"
       "Mode=ReadWrite|Share Deny None;Persist Security Info=False");
@@ -123,21 +124,29 @@ void frmTonalith::UpdateForm() {
   failure.Try([this] { c_.fretboard->HideNotes(); });
   failure.Try([this] { c_.fretboard->ShowNotes(c_.cmbTranspose->currentText().toStdString(), *this); });
   if (ShowNoteNames) failure.Try([this] { c_.fretboard->ShowNotesNames(); });
-  // Without a record there is nothing to play and nothing to print.
+  const bool isDamaged = IsDamaged(c_);
+  if (isDamaged) failure.Try([this] { ShowDamageInSteps(c_); });
+  // Without a record there is nothing to print, and nothing to play without its notes.
   const bool hasRecord = c_.Data1->HasRecord();
-  for (QWidget* const button : {c_.cmdListen, c_.cmdPrint}) button->setEnabled(hasRecord);
-  for (QAction* const entry : {m_.mListen, m_.mPrint}) entry->setEnabled(hasRecord);
+  c_.cmdPrint->setEnabled(hasRecord);
+  m_.mPrint->setEnabled(hasRecord);
+  c_.cmdListen->setEnabled(hasRecord && !isDamaged);
+  m_.mListen->setEnabled(hasRecord && !isDamaged);
   failure.Clear();
 }
 
 void frmTonalith::Form_Paint() {
   c_.staff->Clear();
+  const bool isDamaged = IsDamaged(c_);
+  if (isDamaged) ShowDamageOnStaff(c_);
   // What the label says when no scale can be written.
   std::string notes = tr("Scale Notes").toStdString();
-  if (c_.Data1->Recordset() != nullptr) {
+  if (c_.Data1->Recordset() != nullptr && !isDamaged) {
     core::DeferredFailure failure;
     failure.Try([&] {
-      const std::string name = c_.Label1->text().isEmpty() ? "Major" : c_.Label1->text().toStdString();
+      // The label may show less of a long name.
+      std::string name = c_.Data1->FieldValue(core::scale_field::kName).TextOr({});
+      if (name.empty()) name = "Major";
       c_.staff->Draw(static_cast<std::int16_t>(c_.cmbTranspose->ListIndex()),
                      services_.database.GetScaleIntervalsFromDB(name), notes);
     });
@@ -242,6 +251,7 @@ void frmTonalith::SetAudioFolder() {
 }
 
 void frmTonalith::cmdListen_Click() {
+  if (IsDamaged(c_)) return;
   core::DeferredFailure failure;
   failure.Try([this] { playback_.PlayToneNotes(); });
   failure.Clear();
@@ -270,6 +280,7 @@ void frmTonalith::ShowSoundDevice(bool isThere) {
 
 void frmTonalith::ReleaseSound(core::DeferredFailure& failure) {
   playback_.Cancel();
+  c_.fretboard->DarkenNote(views::LitBy::kPlayback);
   failure.Try([this] { services_.sounds.UnloadSoundBuffer(audio::SoundManager::kAllBuffers); });
   failure.Try([this] { services_.sounds.TerminateSoundManager(); });
 }

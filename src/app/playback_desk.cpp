@@ -36,6 +36,12 @@ void PlaybackDesk::FlashNotes(const std::string& controlName) { c_.fretboard->Fl
 
 void PlaybackDesk::HidePicture1() { c_.fretboard->Picture1().hide(); }
 
+void PlaybackDesk::LightNote(const std::string& controlName) {
+  c_.fretboard->LightNote(views::LitBy::kPlayback, controlName);
+}
+
+void PlaybackDesk::DarkenNote() { c_.fretboard->DarkenNote(views::LitBy::kPlayback); }
+
 void PlaybackDesk::ShowStatus(const std::string& caption, audio::StatusColour colour) {
   c_.lblStatus->SetInk(QColor(colour.red, colour.green, colour.blue));
   c_.lblStatus->setText(InUsersLanguage(caption));

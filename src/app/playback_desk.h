@@ -26,6 +26,8 @@ class PlaybackDesk : public audio::PlaybackStage {
   std::string AudioFolder() override { return audioFolder_; }
   void FlashNotes(const std::string& controlName) override;
   void HidePicture1() override;
+  void LightNote(const std::string& controlName) override;
+  void DarkenNote() override;
   void ShowStatus(const std::string& caption, audio::StatusColour colour) override;
 
  private:

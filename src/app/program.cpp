@@ -96,7 +96,7 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   platform::QtEventPump events;
   const platform::QtNoticeJoint joint(notices);
   audio::SoundManager sounds(files, *output, notices, msgBox);
-  audio::OctaveNotePlayer notePlayer(files, *output);
+  audio::OctaveNotePlayer notePlayer(files, *output, notices);
 
   platform::QtPrintService printing;
   help::WindowHelpEngine help(msgBox);

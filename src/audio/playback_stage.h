@@ -35,6 +35,9 @@ class PlaybackStage {
   /// Moves the play marker above the image with that control name and shows it at once.
   virtual void FlashNotes(const std::string& controlName) = 0;
   virtual void HidePicture1() = 0;
+  /// Lights the image with that control name until DarkenNote: its note sounds.
+  virtual void LightNote(const std::string& /*controlName*/) {}
+  virtual void DarkenNote() {}
   /// Caption and text colour of lblStatus.
   virtual void ShowStatus(const std::string& caption, StatusColour colour) = 0;
 };

@@ -121,7 +121,10 @@ void ScalePlayback::Sound(std::int32_t slot, int fileNumber, int image, core::De
   sounds_.LoadSoundBuffer(slot, file, BufferFlags::kNone);
   if (cancelled_) return;
   PlayMultiSounds(slot, file);
-  failure.Try([&] { stage_.FlashNotes("img" + std::to_string(image)); });
+  const std::string control = "img" + std::to_string(image);
+  // A file that cannot be played leaves nothing to light.
+  if (!SoundEnded) failure.Try([&] { stage_.LightNote(control); });
+  failure.Try([&] { stage_.FlashNotes(control); });
 }
 
 void ScalePlayback::WaitForSoundEnd(core::DeferredFailure& failure) {
@@ -153,10 +156,21 @@ void ScalePlayback::SoundPlayStart(std::int32_t /*BufferIndex*/) {
 
 void ScalePlayback::SoundPlayEnd(std::int32_t /*BufferIndex*/) {
   SoundEnded = true;
+  DarkenNote();
   ShowStatus("Stopped", kBlue);
 }
 
-void ScalePlayback::SoundUnloaded(std::int32_t /*BufferIndex*/) { ShowStatus("Standby", kGrey); }
+void ScalePlayback::SoundUnloaded(std::int32_t /*BufferIndex*/) {
+  DarkenNote();
+  ShowStatus("Standby", kGrey);
+}
+
+void ScalePlayback::DarkenNote() {
+  if (running_ && cancelled_) return;
+  core::DeferredFailure failure;
+  failure.Try([&] { stage_.DarkenNote(); });
+  failure.Clear();  // The status that follows reports a stage that fails.
+}
 
 void ScalePlayback::ShowStatus(const std::string& caption, StatusColour colour) {
   if (running_ && cancelled_) return;

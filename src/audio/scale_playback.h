@@ -68,6 +68,7 @@ class ScalePlayback : public SoundManagerNotifier {
   void Sound(std::int32_t slot, int fileNumber, int image, core::DeferredFailure& failure);
   void WaitForSoundEnd(core::DeferredFailure& failure);
   [[nodiscard]] bool IsAnySlotPlaying() const;
+  void DarkenNote();
   void ShowStatus(const std::string& caption, StatusColour colour);
 
   SoundManager& sounds_;

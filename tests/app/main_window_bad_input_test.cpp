@@ -9,6 +9,7 @@
 
 #include <QLineEdit>
 #include <QTest>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 
@@ -154,11 +155,54 @@ TEST_F(BadInput, SumPastTheTableIsToldOnceARefresh) {
   EXPECT_EQ(box_.Texts(), "9 Subscript out of range\n");
 }
 
-TEST_F(BadInput, OverlongPatternStaysInsideTheWindow) {
-  EXPECT_EQ(ShowFirst({{"Long", std::string(400, '0')}}), "");
-  EXPECT_FALSE(C().lblTranspose->text().isEmpty());
-  EXPECT_LE(C().staff->geometry().right(), 1080);
-  EXPECT_NE(Window().grab().toImage().format(), QImage::Format_Invalid);
+TEST_F(BadInput, PatternOfMoreThanThreeOctavesIsShownAsDamaged) {
+  for (const std::string& pattern : {std::string(37, '0'), std::string(400, '0'), std::string(1U << 20U, '1')}) {
+    window_.reset();
+    database_.reset();
+    fs::remove(Path("TonalithDB97.mdb"));
+    const auto started = std::chrono::steady_clock::now();
+    EXPECT_EQ(ShowFirst({{"Long", pattern}, {"Major", "2212221"}}), "") << "nothing is in the way of the window";
+    EXPECT_EQ(Text(C().lblTranspose), "Scale Steps:   This scale is damaged: its pattern has more than 36 steps.");
+    EXPECT_FALSE(C().lblTranspose->IsElided());
+    EXPECT_EQ(Text(C().lblScaleNotes), "Scale Notes");
+    EXPECT_EQ(Text(C().Label1), "Long");
+    EXPECT_EQ(StringNotes(1), "");
+    EXPECT_EQ(C().staff->accessibleName().toStdString(), "This scale is damaged.");
+    EXPECT_THAT(C().staff->Drawing().AsText(), HasSubstr("print \"This scale is damaged.\""));
+    EXPECT_FALSE(C().cmdListen->isEnabled());
+    EXPECT_FALSE(Window().Menu().mListen->isEnabled());
+    EXPECT_TRUE(C().cmdPrint->isEnabled());
+    Window().cmdListen_Click();
+    Window().grab();
+    Press("Next record");
+    EXPECT_EQ(StringNotes(1), "E F G A B C D E F G");
+    EXPECT_TRUE(C().cmdListen->isEnabled());
+    EXPECT_EQ(box_.Texts(), "");
+    EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(5))
+        << "an overlong pattern is not built";
+  }
+}
+
+TEST_F(BadInput, PatternOfThreeOctavesIsNotDamaged) {
+  EXPECT_EQ(ShowFirst({{"Long", std::string(36, '0')}}), "");
+  EXPECT_EQ(StringNotes(1), "C");
+  EXPECT_TRUE(C().cmdListen->isEnabled());
+}
+
+TEST_F(BadInput, TextsOfMegabytesAreShortenedForDisplayAndStayInTheLibrary) {
+  const std::string huge(5U << 20U, 'm');
+  EXPECT_EQ(ShowFirst({{huge, "2212221", huge}}), "");
+  EXPECT_EQ(Text(C().Label1).size(), 1019U + 3);
+  EXPECT_THAT(Text(C().Label1), testing::EndsWith("m\xE2\x80\xA6"));
+  EXPECT_EQ(C().lblScaleDescription->text().size(), 8000);
+  EXPECT_EQ(Text(C().lblScaleNotes), " C D E F G A B") << "the pattern is looked up by the whole name";
+  const auto started = std::chrono::steady_clock::now();
+  Window().grab();
+  C().cmbTranspose->Choose(3);
+  EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(2));
+  SQLite::Database file(Path("TonalithDB97.mdb"));
+  EXPECT_EQ(file.execAndGet("SELECT length(ScaleName) + length(ScaleDescription) FROM Scales").getInt64(),
+            std::int64_t{2} * 5 * 1024 * 1024);
 }
 
 TEST_F(BadInput, NamesWithQuotesPercentsAndForeignLettersAreShownAsTheyStand) {
