@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Any bytes as a sound file: reading, loading into a slot, decoding. Besides what the sanitizers see it holds that a
-// sound that was read is inside the file, that nothing larger than the file is allocated, and that a load leaves its
-// slot either loaded or empty.
+// Any bytes as a sound file: recognising, reading, loading into a slot, decoding. Besides what the sanitizers see it
+// holds that a sound that was read is inside the file, that nothing larger than the file is allocated, and that a load
+// leaves its slot either loaded or empty.
 
 #include <cstdint>
 #include <cstdlib>
@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "audio/shipped_recording.h"
 #include "audio/sound_manager.h"
 #include "audio/wave_file.h"
 #include "core/recording_msg_box.h"
@@ -86,6 +87,7 @@ class BorrowedFiles : public platform::FileInput {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::span<const std::byte> bytes(reinterpret_cast<const std::byte*>(data), size);
   BorrowedFiles files(bytes);
+  audio::IsShippedRecording(*files.Open("fuzz.wav"));
   DecodingOutput output;
   platform::AudioScript script;
   platform::ScriptedNoticeWindows windows(script);

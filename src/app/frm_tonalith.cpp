@@ -29,7 +29,7 @@ frmTonalith::frmTonalith(const FormServices& services)
     : QMainWindow(nullptr, controls::kFixedSizeWindow),
       services_(services),
       desk_(c_, AudioFolder),
-      playback_(services.sounds, desk_, services.events, services.msgBox),
+      playback_(services.sounds, services.scaleSounds, desk_, services.events, services.msgBox),
       printing_(c_, *this, {services.printing, services.msgBox, [this] { Form_Paint(); }}),
       searching_(services.msgBox) {
   setObjectName(QStringLiteral("frmTonalith"));

@@ -19,7 +19,6 @@
 #include "app/playback_desk.h"
 #include "app/print_desk.h"
 #include "audio/scale_playback.h"
-#include "audio/sound_manager.h"
 #include "core/current_scale.h"
 #include "core/deferred_failure.h"
 #include "core/msg_box.h"
@@ -41,6 +40,7 @@ struct FormServices {
   core::MsgBox& msgBox;
   platform::NotePlayer& notePlayer;
   audio::SoundManager& sounds;
+  audio::ScaleSoundFiles& scaleSounds;
   platform::EventPump& events;
   platform::PrintService& printing;
   platform::HelpEngine& help;

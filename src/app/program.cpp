@@ -95,14 +95,16 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   platform::PosixFileInput files;
   platform::QtEventPump events;
   const platform::QtNoticeJoint joint(notices);
-  audio::SoundManager sounds(files, *output, notices, msgBox);
+  audio::ScaleSoundFiles scaleSounds(files);
+  audio::SoundManager sounds(scaleSounds, *output, notices, msgBox);
   audio::OctaveNotePlayer notePlayer(files, *output, notices);
 
   platform::QtPrintService printing;
   help::WindowHelpEngine help(msgBox);
 
   data::ScaleDatabase database(FindAppFolder(msgBox), msgBox);
-  const auto window = Main({database, msgBox, notePlayer, sounds, events, printing, help}, drives, directory);
+  const auto window =
+      Main({database, msgBox, notePlayer, sounds, scaleSounds, events, printing, help}, drives, directory);
   news.SetWindow(window.get());
   if (shown) shown(*window);
   WarnWithoutFonts();

@@ -18,6 +18,24 @@ constexpr int kSoundingStrings = 2;
 constexpr StatusColour kBlue{0, 0, 255};
 constexpr StatusColour kGrey{127, 127, 127};
 
+/// Middle C.
+constexpr voice::Pitch kC4 = 60;
+
+/// The pitch of each note that the pattern reaches; `notes` are their names, empty from the end of the scale on and for
+/// a pattern that cannot be played. The table of names ends three octaves above C4, within the range of the voice.
+std::vector<voice::Pitch> PitchesOf(const std::vector<std::string>& notes, std::string_view pattern,
+                                    core::NoteNumber startNumber) {
+  std::vector<voice::Pitch> pitches;
+  if (notes.empty() || notes.front().empty()) return pitches;
+  voice::Pitch pitch = kC4 + startNumber;
+  pitches.push_back(pitch);
+  for (const std::int16_t interval : core::IntervalsOf(pattern)) {
+    pitch += interval;
+    pitches.push_back(pitch);
+  }
+  return pitches;
+}
+
 /// Holds a mark for as long as a procedure runs.
 class Running {
  public:
@@ -32,9 +50,9 @@ class Running {
 
 }  // namespace
 
-ScalePlayback::ScalePlayback(SoundManager& sounds, PlaybackStage& stage, platform::EventPump& events,
-                             core::MsgBox& msgBox)
-    : sounds_(sounds), stage_(stage), events_(events), msgBox_(msgBox) {}
+ScalePlayback::ScalePlayback(SoundManager& sounds, ScaleSoundFiles& files, PlaybackStage& stage,
+                             platform::EventPump& events, core::MsgBox& msgBox)
+    : sounds_(sounds), files_(files), stage_(stage), events_(events), msgBox_(msgBox) {}
 
 void ScalePlayback::PlayToneNotes() {
   if (running_) return;
@@ -67,6 +85,7 @@ ScalePlayback::Score ScalePlayback::ReadScore(core::DeferredFailure& failure) {
     score.notes = core::ScaleArrayNotes(score.startNumber, scaleType.value_or(std::string()), pattern,
                                         core::kScalePositions, msgBox_);
   });
+  failure.Try([&] { score.pitches = PitchesOf(score.notes, pattern.value_or(std::string()), score.startNumber); });
   score.tags.resize(static_cast<std::size_t>(neck_.Notes()));
   for (int image = 0; image < neck_.Notes(); ++image) {
     failure.Try([&] { score.tags[static_cast<std::size_t>(image)] = stage_.ImageTag(image); });
@@ -95,7 +114,7 @@ void ScalePlayback::PlayImage(Score& score, int position, int image, core::Defer
   if (position > score.length || slot > kSoundingStrings) return;
   if (!isKey) WaitForSoundEnd(failure);
   if (cancelled_ || note == score.lastPlayed) return;
-  Sound(slot, position, image, failure);
+  Sound(score, slot, position, position, image, failure);
   if (isKey) {
     WaitForSoundEnd(failure);
     score.keyPlayed = true;
@@ -110,21 +129,28 @@ void ScalePlayback::PlayClosingKey(Score& score, core::DeferredFailure& failure)
   if (cancelled_ || keyNote == score.lastPlayed) return;
   // The marker goes to the first place of the key on the neck. There is one: the mark says that the key has sounded.
   const auto image = std::find(score.tags.begin(), score.tags.end(), keyNote) - score.tags.begin();
-  Sound(1, score.startNumber, static_cast<int>(image), failure);
+  Sound(score, 1, score.startNumber, 0, static_cast<int>(image), failure);
   WaitForSoundEnd(failure);
   score.keyPlayed = false;
 }
 
-void ScalePlayback::Sound(std::int32_t slot, int fileNumber, int image, core::DeferredFailure& failure) {
+void ScalePlayback::Sound(const Score& score, std::int32_t slot, int fileNumber, int position, int image,
+                          core::DeferredFailure& failure) {
   std::string file;
   failure.Try([&] { file = stage_.AudioFolder() + std::to_string(fileNumber) + ".wav"; });
-  sounds_.LoadSoundBuffer(slot, file, BufferFlags::kNone);
+  {
+    const ScaleSoundFiles::Pitched pitched(files_, score.pitches.at(static_cast<std::size_t>(position)));
+    sounds_.LoadSoundBuffer(slot, file, BufferFlags::kNone);
+  }
   if (cancelled_) return;
   PlayMultiSounds(slot, file);
   const std::string control = "img" + std::to_string(image);
   // A file that cannot be played leaves nothing to light.
   if (!SoundEnded) failure.Try([&] { stage_.LightNote(control); });
   failure.Try([&] { stage_.FlashNotes(control); });
+  // The next note is rendered while this one sounds.
+  const auto next = static_cast<std::size_t>(position) + 1;
+  if (next < score.pitches.size()) failure.Try([&] { files_.Prepare(score.pitches[next]); });
 }
 
 void ScalePlayback::WaitForSoundEnd(core::DeferredFailure& failure) {

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "audio/playback_stage.h"
+#include "audio/scale_sound_files.h"
 #include "audio/sound_manager.h"
 #include "core/deferred_failure.h"
 #include "core/neck.h"
@@ -24,7 +25,9 @@ namespace tonalith::audio {
 
 class ScalePlayback : public SoundManagerNotifier {
  public:
-  ScalePlayback(SoundManager& sounds, PlaybackStage& stage, platform::EventPump& events, core::MsgBox& msgBox);
+  /// `files` is what `sounds` reads its files from.
+  ScalePlayback(SoundManager& sounds, ScaleSoundFiles& files, PlaybackStage& stage, platform::EventPump& events,
+                core::MsgBox& msgBox);
 
   /// True while no note is sounding.
   bool SoundEnded = true;
@@ -55,6 +58,8 @@ class ScalePlayback : public SoundManagerNotifier {
     /// The length of the interval pattern; -1 for a null one.
     int length = -1;
     std::vector<std::string> notes;
+    /// At which each of the notes sounds. The first lies between C4 and B4.
+    std::vector<voice::Pitch> pitches;
     /// Of every note of the neck, in their order.
     std::vector<std::string> tags;
     std::string lastPlayed;
@@ -65,13 +70,16 @@ class ScalePlayback : public SoundManagerNotifier {
   void PlayPosition(Score& score, int position, core::DeferredFailure& failure);
   void PlayImage(Score& score, int position, int image, core::DeferredFailure& failure);
   void PlayClosingKey(Score& score, core::DeferredFailure& failure);
-  void Sound(std::int32_t slot, int fileNumber, int image, core::DeferredFailure& failure);
+  /// Plays a file. `position` is that of the note for which it is played.
+  void Sound(const Score& score, std::int32_t slot, int fileNumber, int position, int image,
+             core::DeferredFailure& failure);
   void WaitForSoundEnd(core::DeferredFailure& failure);
   [[nodiscard]] bool IsAnySlotPlaying() const;
   void DarkenNote();
   void ShowStatus(const std::string& caption, StatusColour colour);
 
   SoundManager& sounds_;
+  ScaleSoundFiles& files_;
   PlaybackStage& stage_;
   platform::EventPump& events_;
   core::MsgBox& msgBox_;

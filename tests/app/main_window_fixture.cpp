@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 MainWindowTest::MainWindowTest()
     : joint_(std::make_unique<platform::QtNoticeJoint>(notices_)),
       output_(platform::MakeSilentWaveOutput(notices_)),
-      sounds_(std::make_unique<audio::SoundManager>(files_, *output_, notices_, box_)) {}
+      sounds_(std::make_unique<audio::SoundManager>(scaleSounds_, *output_, notices_, box_)) {}
 
 MainWindowTest::~MainWindowTest() = default;
 
@@ -57,7 +57,7 @@ void MainWindowTest::Execute(const std::string& statements) {
 
 frmTonalith& MainWindowTest::Start() {
   database_ = std::make_unique<data::ScaleDatabase>(temp_.Path().string(), box_);
-  window_ = OpenScaleDatabase({*database_, box_, player_, *sounds_, events_, printing_, help_});
+  window_ = OpenScaleDatabase({*database_, box_, player_, *sounds_, scaleSounds_, events_, printing_, help_});
   return *window_;
 }
 

@@ -63,6 +63,7 @@ class MainWindowTest : public testing::Test {
   core::RecordingMsgBox box_;
   RecordingNotePlayer player_;
   platform::PosixFileInput files_;
+  audio::ScaleSoundFiles scaleSounds_{files_};
   platform::NoticeQueue notices_;
   platform::QtEventPump events_;
   platform::PrintScript printed_;

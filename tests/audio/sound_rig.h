@@ -8,6 +8,7 @@
 #include <memory>
 #include <string>
 
+#include "audio/scale_sound_files.h"
 #include "audio/sound_manager.h"
 #include "audio/wave_bytes.h"
 #include "core/recording_msg_box.h"
@@ -68,7 +69,8 @@ struct SoundRig {
   platform::ScriptedWaveOutput output{script, windows};
   NotingMsgBox box{script};
   RecordingNotifier notifier{script};
-  audio::SoundManager sounds{files, output, windows, box};
+  audio::ScaleSoundFiles scaleSounds{files};
+  audio::SoundManager sounds{scaleSounds, output, windows, box};
 };
 
 }  // namespace tonalith::testing

@@ -63,7 +63,7 @@ struct TerminatedRig : testing::SoundRig {
   }
   PlainStage stage;
   PatientEvents events{*this};
-  ScalePlayback playback{sounds, stage, events, box};
+  ScalePlayback playback{sounds, scaleSounds, stage, events, box};
 };
 
 TEST(TerminatedPlayback, WaitsForEachNoteWhileThereIsASoundManager) {

@@ -12,7 +12,7 @@ import time
 import unittest
 
 from close_request import open_screen
-from listening_case import MAJOR, SHORT, ListeningCase, files_heard, stage_with_short_scale
+from listening_case import MAJOR, SHORT, ListeningCase, notes_heard, stage_with_short_scale
 from playing import PlayingSession, ended
 from stalls import Stalls
 from timed import timely
@@ -63,7 +63,7 @@ class Interrupting(ListeningCase):
             self.session.wait_for_standby(status)
         time.sleep(0.5)
         self.assertEqual(self.session.text(status), "Standby")
-        self.assert_sounds(self.session.recording(), files_heard("C", MAJOR), stalls)
+        self.assert_sounds(self.session.recording(), notes_heard("C", MAJOR), stalls)
 
     def test_another_record_and_another_key_show_at_once_and_leave_the_playback_as_it_was(self):
         with Stalls() as stalls:
@@ -72,7 +72,7 @@ class Interrupting(ListeningCase):
             self.choose("D", SHORT)
             self.assertTrue(self.session.text(status).startswith("Playing: "), "the scale still plays")
             self.session.wait_for_standby(status)
-        self.assert_sounds(self.session.recording(), files_heard("C", MAJOR), stalls)
+        self.assert_sounds(self.session.recording(), notes_heard("C", MAJOR), stalls)
 
     def test_asking_to_close_while_a_message_box_is_open_is_safe(self):
         file = os.path.join(self.session.stage, "Audio", "0.wav")

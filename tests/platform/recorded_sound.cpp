@@ -62,11 +62,19 @@ Recording ReadRecording() {
   if (!file) return recording;
   audio::WaveFile wave(*file);
   platform::WaveFormat format;
-  std::vector<std::byte> samples;
-  if (wave.EnterForm() || wave.ReadFormat(format) || wave.FindData() || wave.ReadData(samples)) return recording;
+  if (wave.EnterForm() || wave.ReadFormat(format)) return recording;
   EXPECT_EQ(format.record.nChannels, 2);
   EXPECT_EQ(format.record.wBitsPerSample, 32);
   recording.rate = format.record.nSamplesPerSec;
+  // A recording may be longer than the sounds that the program takes.
+  audio::RiffReader reader(*file);
+  reader.Seek(0);
+  audio::MMCKINFO form;
+  audio::MMCKINFO data{.ckid = audio::StringToFOURCC("data")};
+  if (reader.Descend(form) != audio::Descent::kEntered) return recording;
+  if (reader.FindChunk(data, form) != audio::Descent::kEntered) return recording;
+  std::vector<std::byte> samples(std::min<std::uint64_t>(data.cksize, reader.Remaining()));
+  if (reader.Read(samples) != std::ssize(samples)) return recording;
   for (std::size_t at = 0; at + 8 <= samples.size(); at += 8) {
     float sides[2];
     std::memcpy(sides, samples.data() + at, sizeof sides);

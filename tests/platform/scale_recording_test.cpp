@@ -73,8 +73,9 @@ class ScaleRecording : public ::testing::Test {
     platform::NoticeQueue queue;
     auto output = platform::MakeOpenAlWaveOutput(queue, nullptr);
     {
-      audio::SoundManager sounds(files, *output, queue, box_);
-      audio::ScalePlayback playback(sounds, stage_, queue, box_);
+      audio::ScaleSoundFiles scaleSounds(files);
+      audio::SoundManager sounds(scaleSounds, *output, queue, box_);
+      audio::ScalePlayback playback(sounds, scaleSounds, stage_, queue, box_);
       sounds.Notifier = &playback;
       stage_.pattern = pattern;
       playback.PlayToneNotes();

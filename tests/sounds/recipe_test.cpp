@@ -3,13 +3,13 @@
 
 // The recipe's text form: what it means, and what is said about a text that is none.
 
-#include "synth/recipe.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
+
+#include "synth/recipe_parser.h"
 
 namespace tonalith::synth {
 namespace {
@@ -45,7 +45,7 @@ std::string ErrorOf(const std::string& text) {
 }
 
 TEST(Recipe, TellsTheGuitarAndTheSets) {
-  const Recipe recipe = ParseRecipe(kGuitar + kSets);
+  const voice::Recipe recipe = ParseRecipe(kGuitar + kSets);
   EXPECT_EQ(recipe.guitar.seed, 7U);
   EXPECT_EQ(recipe.guitar.levelDecibels, -20.0);
   ASSERT_EQ(recipe.guitar.modes.size(), 1U);
@@ -59,7 +59,7 @@ TEST(Recipe, TellsTheGuitarAndTheSets) {
 }
 
 TEST(Recipe, WalksAMajorScale) {
-  const SoundSet scale = ParseRecipe(kGuitar + kSets).sets[1];
+  const voice::SoundSet scale = ParseRecipe(kGuitar + kSets).sets[1];
   std::vector<int> pitches;
   pitches.reserve(9);
   for (int number = 0; number < 9; ++number) {
@@ -69,7 +69,7 @@ TEST(Recipe, WalksAMajorScale) {
 }
 
 TEST(Recipe, DrawsStraightLinesBetweenTheColumnsAndKeepsTheirEnds) {
-  const Curve decay = ParseRecipe(kGuitar + kSets).guitar.decay;
+  const voice::Curve decay = ParseRecipe(kGuitar + kSets).guitar.decay;
   EXPECT_EQ(decay.At(24), 3.0);
   EXPECT_EQ(decay.At(36), 3.0);
   EXPECT_EQ(decay.At(48), 2.5);
@@ -99,7 +99,7 @@ TEST(Recipe, RefusesASetThatCannotBePlayed) {
   EXPECT_EQ(ErrorOf("set Low major at C4\n"), "line 1: \"at\" stands where \"from\" belongs");
   EXPECT_EQ(ErrorOf("set Low major from C4 files 3 seconds 1 1 fade 0.98 silence 0.01\n"),
             "line 1: fade and silence leave no time for the note");
-  EXPECT_EQ(ErrorOf(kGuitar + "set Low major from C6 files 20" + tail), "Low leaves the range from C1 to C7");
+  EXPECT_EQ(ErrorOf(kGuitar + "set Low major from C6 files 20" + tail), "Low leaves the range from G#0 to E7");
 }
 
 TEST(Recipe, RefusesAStringWhoseTrebleOutlivesItsFundamental) {

@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
-#include <cmath>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -18,11 +18,10 @@
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <vector>
 
-#include "synth/guitar_note.h"
-#include "synth/plucked_string.h"
-#include "synth/wav_file.h"
+#include "synth/recipe_parser.h"
+#include "synth/staged_recordings.h"
+#include "voice/guitar_note.h"
 
 namespace tonalith::synth {
 namespace {
@@ -64,7 +63,8 @@ int ExitCodeOf(const std::string& arguments) {
 
 TEST(SoundMaker, MakesTheShippedFilesByteForByteAgain) {
   const TemporaryFolder folder;
-  MakeSounds(ParseRecipe(Bytes(kRecipe)), folder.Path());
+  const voice::Recipe recipe = ParseRecipe(Bytes(kRecipe));
+  for (const voice::SoundSet& set : recipe.sets) MakeSounds(recipe, set.folder, folder.Path());
   int files = 0;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.Path())) {
     if (entry.is_regular_file()) {
@@ -76,26 +76,36 @@ TEST(SoundMaker, MakesTheShippedFilesByteForByteAgain) {
   EXPECT_EQ(files, 64);
 }
 
-TEST(SoundMaker, PlaysWithAnotherHandWhenTheSeedChanges) {
-  Guitar guitar = ParseRecipe(Bytes(kRecipe)).guitar;
-  const NoteLength length{0.3, 0.05, 0.01};
-  const auto first = PlayNote(guitar, 60, length);
-  EXPECT_EQ(first, PlayNote(guitar, 60, length));
-  guitar.seed += 1;
-  EXPECT_NE(first, PlayNote(guitar, 60, length));
+TEST(SoundMaker, RefusesALevelThatWouldComeNearFullScale) {
+  const TemporaryFolder folder;
+  voice::Recipe recipe = ParseRecipe(Bytes(kRecipe));
+  recipe.guitar.levelDecibels = -3.0;
+  EXPECT_THROW(MakeSounds(recipe, "Audio", folder.Path()), RecipeError);
 }
 
-TEST(SoundMaker, RefusesALevelThatWouldComeNearFullScale) {
-  Guitar guitar = ParseRecipe(Bytes(kRecipe)).guitar;
-  guitar.levelDecibels = -3.0;
-  EXPECT_THROW(PlayNote(guitar, 60, {0.3, 0.05, 0.01}), RecipeError);
+TEST(SoundMaker, ReadsTheRecipeThatTheProgramHas) {
+  const voice::Recipe read = ParseRecipe(Bytes(kRecipe));
+  const voice::Recipe& has = voice::BuiltInRecipe();
+  EXPECT_EQ(has.guitar.seed, read.guitar.seed);
+  ASSERT_EQ(has.sets.size(), read.sets.size());
+  for (std::size_t i = 0; i < has.sets.size(); ++i) {
+    EXPECT_EQ(has.sets[i].folder, read.sets[i].folder);
+    for (int number = 0; number < read.sets[i].count; ++number) {
+      const voice::NoteLength length = LengthOf(read.sets[i], number);
+      EXPECT_EQ(LengthOf(has.sets[i], number).seconds, length.seconds);
+      if (number % 7 != 0) continue;
+      const voice::Pitch pitch = read.sets[i].PitchOf(number);
+      EXPECT_EQ(has.sets[i].PitchOf(number), pitch);
+      EXPECT_EQ(PlayNote(has.guitar, pitch, length), PlayNote(read.guitar, pitch, length)) << pitch;
+    }
+  }
 }
 
 TEST(SoundMaker, NamesTheFileThatItCannotWrite) {
   const TemporaryFolder folder;
   std::filesystem::create_directories(folder.Path() / "Octaves" / "0.wav");
   try {
-    MakeSounds(ParseRecipe(Bytes(kRecipe)), folder.Path());
+    MakeSounds(ParseRecipe(Bytes(kRecipe)), "Octaves", folder.Path());
     FAIL() << "a folder was taken for a file";
   } catch (const std::runtime_error& error) {
     EXPECT_EQ(std::string_view(error.what()), "cannot write " + (folder.Path() / "Octaves" / "0.wav").string());
@@ -106,31 +116,54 @@ TEST(SoundMaker, EndsWithTwoWhenItIsCalledWronglyAndWithOneWhenItFails) {
   const TemporaryFolder folder;
   const std::string out = "\"" + folder.Path().string() + "\"";
   EXPECT_EQ(ExitCodeOf(""), 2);
-  EXPECT_EQ(ExitCodeOf("no-such-recipe " + out), 1);
-  EXPECT_EQ(ExitCodeOf(out + " " + out), 1);
+  EXPECT_EQ(ExitCodeOf("no-such-recipe Octaves " + out), 1);
+  EXPECT_EQ(ExitCodeOf(out + " Octaves " + out), 1);
+  EXPECT_EQ(ExitCodeOf("\"" + kRecipe.string() + "\" Bagpipes " + out), 1);
 }
 
-TEST(PluckedString, LosesSixtyDecibelsInTheSecondsThatItIsGiven) {
-  PluckedString string(220.0, 2.0, kTrebleHertz, 0.5);
-  double early = 0.0;
-  double late = 0.0;
-  for (int i = 0; i < 2 * 44100; ++i) {
-    const double out = string.Next(i == 0 ? 1.0 : 0.0);
-    const double second = i / 44100.0;
-    early += second >= 0.5 && second < 0.6 ? out * out : 0.0;
-    late += second >= 1.5 && second < 1.6 ? out * out : 0.0;
+/// The recordings that a build has made, and a stage with some files on it.
+class StagedRecordings : public testing::Test {
+ protected:
+  StagedRecordings() {
+    std::filesystem::create_directories(made_);
+    std::filesystem::create_directories(staged_);
+    for (const char* const name : {"0.wav", "1.wav", "2.wav"}) {
+      std::filesystem::copy_file(TONALITH_STAGE / std::filesystem::path("Audio") / name, made_ / name);
+    }
   }
-  // One second of decay, in which the upper partials lose a little more than the fundamental's 30 dB.
-  EXPECT_NEAR(10.0 * std::log10(early / late), 33.0, 3.0);
+  static void Write(const std::filesystem::path& path, const std::string& bytes) {
+    std::ofstream(path, std::ios::binary) << bytes;
+  }
+
+  TemporaryFolder folder_;
+  std::filesystem::path made_ = folder_.Path() / "made";
+  std::filesystem::path staged_ = folder_.Path() / "staged" / "Audio";
+};
+
+TEST_F(StagedRecordings, AreAddedWhereTheyAreMissing) {
+  std::filesystem::remove_all(staged_.parent_path());
+  StageRecordings(made_, staged_);
+  for (const char* const name : {"0.wav", "1.wav", "2.wav"}) EXPECT_EQ(Bytes(staged_ / name), Bytes(made_ / name));
 }
 
-TEST(WavFile, PutsSamplesBehindAHeaderOfFortyFourBytes) {
-  const std::vector<double> samples = {0.0, 1.0, -1.0, 2.0, 0.5};
-  const std::string bytes = WavFile(samples);
-  ASSERT_EQ(bytes.size(), 54U);
-  EXPECT_EQ(bytes.substr(0, 4), "RIFF");
-  EXPECT_EQ(bytes.substr(36, 4), "data");
-  EXPECT_EQ(bytes.substr(44), std::string_view("\x00\x00\xFF\x7F\x01\x80\xFF\x7F\x00\x40", 10));
+TEST_F(StagedRecordings, ReplaceShippedOnesAndLeaveThoseOfTheUser) {
+  Write(staged_ / "0.wav", Bytes(made_ / "2.wav"));
+  Write(staged_ / "1.wav", "the user's own");
+  std::string changed = Bytes(made_ / "0.wav");
+  changed[20'000] = static_cast<char>(changed[20'000] ^ 1);
+  Write(staged_ / "2.wav", changed);
+  StageRecordings(made_, staged_);
+  EXPECT_EQ(Bytes(staged_ / "0.wav"), Bytes(made_ / "0.wav"));
+  EXPECT_EQ(Bytes(staged_ / "1.wav"), "the user's own");
+  EXPECT_EQ(Bytes(staged_ / "2.wav"), changed);
+}
+
+TEST_F(StagedRecordings, AreNotWrittenAgainWhereTheyAreUpToDate) {
+  StageRecordings(made_, staged_);
+  const auto old = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+  std::filesystem::last_write_time(staged_ / "0.wav", old);
+  StageRecordings(made_, staged_);
+  EXPECT_EQ(std::filesystem::last_write_time(staged_ / "0.wav"), old);
 }
 
 }  // namespace

@@ -140,7 +140,8 @@ Sound ReadSound(const std::filesystem::path& path) {
     throw std::runtime_error(path.string() + " has no \"data\" behind \"fmt \"");
   }
   sound.dataSize = LittleEndian(bytes, data + 4, 4);
-  for (std::size_t at = data + 8; at + 1 < bytes.size(); at += 2) {
+  const std::size_t end = std::min<std::size_t>(bytes.size(), data + 8 + sound.dataSize);
+  for (std::size_t at = data + 8; at + 1 < end; at += 2) {
     sound.samples.push_back(static_cast<std::int16_t>(LittleEndian(bytes, at, 2)));
   }
   return sound;

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// tonalith_make_sounds <recipe> <output-folder>: writes every sound of the recipe below the folder. Ends with 0, with 1
-// and one line on the standard error stream where something failed, with 2 where it was called wrongly.
+// tonalith_make_sounds <recipe> <set> <output-folder>: writes the sounds of that set of the recipe below the folder.
+// Ends with 0, with 1 and one line on the standard error stream where something failed, with 2 where it was called
+// wrongly.
 
 #include <exception>
 #include <fstream>
@@ -10,11 +11,12 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "synth/recipe_parser.h"
 #include "synth/sound_maker.h"
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::cerr << "usage: tonalith_make_sounds <recipe> <output-folder>\n";
+  if (argc != 4) {
+    std::cerr << "usage: tonalith_make_sounds <recipe> <set> <output-folder>\n";
     return 2;
   }
   try {
@@ -23,7 +25,7 @@ int main(int argc, char** argv) {
     if (!in || !(text << in.rdbuf())) {
       throw std::runtime_error("cannot be read");
     }
-    tonalith::synth::MakeSounds(tonalith::synth::ParseRecipe(text.str()), argv[2]);
+    tonalith::synth::MakeSounds(tonalith::synth::ParseRecipe(text.str()), argv[2], argv[3]);
   } catch (const std::exception& failure) {
     std::cerr << argv[1] << ": " << failure.what() << '\n';
     return 1;

@@ -35,13 +35,14 @@ struct UnpluggedWindow {
   platform::NoticeQueue notices;
   platform::QtEventPump events;
   std::unique_ptr<platform::WaveOutput> output = platform::MakeSilentWaveOutput(notices);
-  audio::SoundManager sounds{files, *output, notices, box};
+  audio::ScaleSoundFiles scaleSounds{files};
+  audio::SoundManager sounds{scaleSounds, *output, notices, box};
   platform::PrintScript printed;
   platform::ScriptedPrintService printing{printed};
   platform::ScriptedHelpEngine help;
   data::ScaleDatabase database;
   std::unique_ptr<app::frmTonalith> window =
-      app::OpenScaleDatabase({database, box, player, sounds, events, printing, help});
+      app::OpenScaleDatabase({database, box, player, sounds, scaleSounds, events, printing, help});
 };
 
 }  // namespace tonalith::unplugged

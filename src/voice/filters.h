@@ -9,7 +9,7 @@
 #include <cmath>
 #include <numbers>
 
-namespace tonalith::synth {
+namespace tonalith::voice {
 
 inline constexpr double kSampleRate = 44100.0;
 
@@ -66,4 +66,4 @@ class Biquad {
   double second_ = 0.0;
 };
 
-}  // namespace tonalith::synth
+}  // namespace tonalith::voice

@@ -9,7 +9,7 @@
 
 #include <span>
 
-namespace tonalith::synth {
+namespace tonalith::voice {
 
 struct Loudness {
   double plain = 0.0;     ///< Decibels, a full-scale square wave has 0.
@@ -21,4 +21,4 @@ struct Loudness {
 /// For at least 200 ms of samples at 44.1 kHz, full scale being 1; silence is minus infinity.
 Loudness MeasureLoudness(std::span<const double> samples);
 
-}  // namespace tonalith::synth
+}  // namespace tonalith::voice

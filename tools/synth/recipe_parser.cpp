@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "synth/recipe.h"
+#include "synth/recipe_parser.h"
 
 #include <algorithm>
 #include <array>
@@ -12,6 +12,14 @@
 #include <utility>
 
 namespace tonalith::synth {
+
+using voice::BodyMode;
+using voice::Curve;
+using voice::Guitar;
+using voice::Pitch;
+using voice::Recipe;
+using voice::SoundSet;
+
 namespace {
 
 struct CurveRule {
@@ -176,7 +184,7 @@ class Parser {
     BodyMode mode;
     mode.hertz = words.Number("frequency", 20.0, 12000.0);
     mode.sharpness = words.Number("sharpness", 0.5, 200.0);
-    const double level = FromDecibels(words.Number("level", -60.0, 20.0));
+    const double level = voice::FromDecibels(words.Number("level", -60.0, 20.0));
     const std::string phase = words.Next("phase");
     if (phase != "+" && phase != "-") {
       throw RecipeError("\"" + phase + "\" is no phase; + and - are");
@@ -195,7 +203,7 @@ class Parser {
     if (steps != "chromatic" && steps != "major") {
       throw RecipeError("\"" + steps + "\" is no kind of steps; chromatic and major are");
     }
-    set.steps = steps == "major" ? Steps::kMajor : Steps::kChromatic;
+    set.steps = steps == "major" ? voice::Steps::kMajor : voice::Steps::kChromatic;
     words.Keyword("from");
     set.first = ParsePitch(words.Next("first pitch"));
     words.Keyword("files");
@@ -223,8 +231,8 @@ class Parser {
   void CheckString(const SoundSet& set) const {
     for (int number = 0; number < set.count; ++number) {
       const Pitch pitch = set.PitchOf(number);
-      if (pitch < kLowest || pitch > kHighest) {
-        throw RecipeError(set.folder + " leaves the range from C1 to C7");
+      if (pitch < voice::kLowestPitch || pitch > voice::kHighestPitch) {
+        throw RecipeError(set.folder + " leaves the range from G#0 to E7");
       }
       if (recipe_.guitar.trebleDecay.At(pitch) >= recipe_.guitar.decay.At(pitch)) {
         throw RecipeError("treble-decay is not below decay");
@@ -232,41 +240,12 @@ class Parser {
     }
   }
 
-  static constexpr Pitch kLowest = 24;
-  static constexpr Pitch kHighest = 96;
-
   Recipe recipe_;
   std::vector<Pitch> columns_;
   std::set<std::string> seen_;
 };
 
 }  // namespace
-
-double Curve::At(Pitch pitch) const {
-  if (pitch <= points_.front().pitch) {
-    return points_.front().value;
-  }
-  for (std::size_t i = 1; i < points_.size(); ++i) {
-    const Point& left = points_[i - 1];
-    const Point& right = points_[i];
-    if (pitch <= right.pitch) {
-      return left.value + (right.value - left.value) * (pitch - left.pitch) / (right.pitch - left.pitch);
-    }
-  }
-  return points_.back().value;
-}
-
-Pitch SoundSet::PitchOf(int number) const {
-  if (steps == Steps::kChromatic) {
-    return first + number;
-  }
-  constexpr std::array<int, 7> kMajor = {0, 2, 4, 5, 7, 9, 11};
-  return first + 12 * (number / 7) + kMajor.at(static_cast<std::size_t>(number % 7));
-}
-
-double SoundSet::SecondsOf(int number) const {
-  return count < 2 ? firstSeconds : firstSeconds + (lastSeconds - firstSeconds) * number / (count - 1);
-}
 
 Recipe ParseRecipe(std::string_view text) {
   Parser parser;
@@ -281,9 +260,5 @@ Recipe ParseRecipe(std::string_view text) {
   }
   return parser.Finish();
 }
-
-double HertzOf(Pitch pitch) { return 440.0 * std::exp2((pitch - 69) / 12.0); }
-
-double FromDecibels(double decibels) { return std::pow(10.0, decibels / 20.0); }
 
 }  // namespace tonalith::synth

@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "synth/guitar_note.h"
+#include "voice/guitar_note.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
-#include <string>
 
-#include "synth/filters.h"
-#include "synth/loudness.h"
-#include "synth/plucked_string.h"
+#include "voice/filters.h"
+#include "voice/loudness.h"
+#include "voice/plucked_string.h"
 
-namespace tonalith::synth {
+namespace tonalith::voice {
 namespace {
 
 constexpr double kOnsetSeconds = 0.0012;
@@ -146,6 +145,10 @@ std::vector<double> Ring(const Guitar& guitar, Pitch pitch, std::size_t count) {
 
 }  // namespace
 
+NoteLength LengthOf(const SoundSet& set, int number) {
+  return {set.SecondsOf(number), set.fadeSeconds, set.silenceSeconds};
+}
+
 std::vector<double> PlayNote(const Guitar& guitar, Pitch pitch, const NoteLength& length) {
   const std::size_t silence = Samples(length.silenceSeconds);
   const std::size_t fade = Samples(length.fadeSeconds);
@@ -155,18 +158,15 @@ std::vector<double> PlayNote(const Guitar& guitar, Pitch pitch, const NoteLength
     const double fall = i < end ? Ease(static_cast<double>(end - i) / static_cast<double>(fade)) : 0.0;
     sound[i] *= fall;
   }
-
   const double gain = FromDecibels(guitar.levelDecibels - MeasureLoudness(sound).Level());
-  double peak = 0.0;
-  for (double& sample : sound) {
-    sample *= gain;
-    peak = std::max(peak, std::abs(sample));
-  }
-  if (peak > FromDecibels(kPeakDecibels)) {
-    throw RecipeError("at this level the pitch " + std::to_string(pitch) +
-                      " comes within 1 dB of full scale: " + std::to_string(20.0 * std::log10(peak)) + " dB");
-  }
+  for (double& sample : sound) sample *= gain;
   return sound;
 }
 
-}  // namespace tonalith::synth
+double PeakDecibels(const std::vector<double>& samples) {
+  double peak = 0.0;
+  for (const double sample : samples) peak = std::max(peak, std::abs(sample));
+  return 20.0 * std::log10(peak);
+}
+
+}  // namespace tonalith::voice

@@ -2,27 +2,24 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // The recipe of the shipped sounds: which files there are, their pitches and lengths, and the numbers of the guitar
-// that plays them. ParseRecipe reads the text form kept in content/sounds; a recipe that it returns is complete and
-// every value lies in the range that its comment names. Plain values without a thread of their own. A line that cannot
-// be understood, a missing or a doubled one throws RecipeError, which says where and why.
+// that plays them. The build makes the program's recipe of the text in content/sounds. Plain values without a thread of
+// their own; nothing fails.
 
 #pragma once
 
 #include <cstdint>
-#include <stdexcept>
 #include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
-namespace tonalith::synth {
+namespace tonalith::voice {
 
 /// A pitch as its distance in semitones from C-1; A4 is 69 and sounds at 440 Hz.
 using Pitch = int;
 
-class RecipeError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
+/// The range in which the string and its filters work.
+inline constexpr Pitch kLowestPitch = 20;
+inline constexpr Pitch kHighestPitch = 100;
 
 /// A value that changes over the neck: straight lines between the points, the end points' values beyond them.
 class Curve {
@@ -37,6 +34,7 @@ class Curve {
   explicit Curve(std::vector<Point> points) : points_(std::move(points)) {}
 
   [[nodiscard]] double At(Pitch pitch) const;
+  [[nodiscard]] const std::vector<Point>& Points() const { return points_; }
 
  private:
   std::vector<Point> points_;
@@ -83,6 +81,8 @@ struct SoundSet {
 
   [[nodiscard]] Pitch PitchOf(int number) const;
   [[nodiscard]] double SecondsOf(int number) const;
+  /// Whether these are the recordings of scale positions.
+  [[nodiscard]] bool IsScale() const { return folder == "Audio"; }
 };
 
 struct Recipe {
@@ -90,7 +90,8 @@ struct Recipe {
   std::vector<SoundSet> sets;
 };
 
-Recipe ParseRecipe(std::string_view text);
+/// The recipe that the program was built with: content/sounds/guitar.recipe. Safe to call from several threads.
+const Recipe& BuiltInRecipe();
 
 /// Hertz in equal temperament.
 double HertzOf(Pitch pitch);
@@ -98,4 +99,4 @@ double HertzOf(Pitch pitch);
 /// A linear factor from decibels.
 double FromDecibels(double decibels);
 
-}  // namespace tonalith::synth
+}  // namespace tonalith::voice

@@ -12,7 +12,7 @@
 #include <cstddef>
 #include <vector>
 
-namespace tonalith::synth {
+namespace tonalith::voice {
 
 class PluckedString {
  public:
@@ -45,4 +45,4 @@ class PluckedString {
   double tuneState_ = 0.0;
 };
 
-}  // namespace tonalith::synth
+}  // namespace tonalith::voice

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "synth/plucked_string.h"
+#include "voice/plucked_string.h"
 
 #include <cmath>
 
-#include "synth/filters.h"
+#include "voice/filters.h"
 
-namespace tonalith::synth {
+namespace tonalith::voice {
 
 PluckedString::PluckedString(double hertz, double decay, double trebleHertz, double trebleDecay) {
   ShapeLoss(hertz, decay, trebleHertz, trebleDecay);
@@ -40,4 +40,4 @@ void PluckedString::Tune(double hertz) {
   line_.assign(static_cast<std::size_t>(whole), 0.0);
 }
 
-}  // namespace tonalith::synth
+}  // namespace tonalith::voice

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "synth/loudness.h"
+#include "voice/loudness.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 #include <vector>
 
-#include "synth/filters.h"
+#include "voice/filters.h"
 
-namespace tonalith::synth {
+namespace tonalith::voice {
 namespace {
 
 /// The head's shelf of BS.1770, worked out for our sample rate from its analogue corner, slope and gain.
@@ -63,4 +63,4 @@ Loudness MeasureLoudness(std::span<const double> samples) {
   return {LoudestWindow(plain), LoudestWindow(weighted)};
 }
 
-}  // namespace tonalith::synth
+}  // namespace tonalith::voice

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// A playback on scripted ports and a scripted window. Every wait lets the sounding note end.
+
+#pragma once
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <sstream>
+#include <string>
+
+#include "audio/scale_playback.h"
+#include "audio/sound_rig.h"
+
+namespace tonalith::audio {
+
+/// A window with a neck in standard tuning; what is done to it goes into the record.
+class ScriptedStage : public PlaybackStage {
+ public:
+  explicit ScriptedStage(platform::AudioScript& script) : script_(script) {
+    const int open[] = {4, 11, 7, 2, 9, 4};
+    for (std::size_t image = 0; image < 96; ++image) {
+      const auto note = static_cast<std::size_t>(open[image / 16]) + image % 16;
+      tags[image] = std::string(core::kSharpNotes[note % 12]);
+    }
+  }
+
+  std::optional<std::string> CurrentField(int position) override {
+    script_.Refused("field", {});
+    if (position == 9) return "Major";
+    return position == 5 ? pattern : "wrong field";
+  }
+  std::string KeyText() override { return script_.Refused("key", {}) ? "" : key; }
+  std::string ImageTag(int index) override {
+    script_.Refused("tag", {});
+    return tags[static_cast<std::size_t>(index)];
+  }
+  std::string AudioFolder() override {
+    script_.Refused("folder", {});
+    return "Audio/";
+  }
+  void FlashNotes(const std::string& controlName) override { script_.Refused("flash", "flash " + controlName); }
+  void HidePicture1() override { script_.Refused("hide", "hide marker"); }
+  void ShowStatus(const std::string& caption, StatusColour colour) override {
+    const std::string name = colour == StatusColour{0, 0, 255}       ? "blue"
+                             : colour == StatusColour{127, 127, 127} ? "grey"
+                                                                     : "other";
+    script_.Refused("status", "status " + caption + " (" + name + ")");
+  }
+
+  std::optional<std::string> pattern = "2212221";
+  std::string key = "C";
+  std::array<std::string, 96> tags;
+
+ private:
+  platform::AudioScript& script_;
+};
+
+/// Every wait lets the sounding note end, after whatever the test does at that wait.
+class ScriptedEvents : public platform::EventPump {
+ public:
+  explicit ScriptedEvents(testing::SoundRig& rig) : rig_(rig) {}
+  void WaitForEvents() override {
+    ++waits;
+    rig_.script.Refused("wait", {});
+    if (during) during(waits);
+    rig_.output.FinishAll();
+    rig_.windows.Dispatch();
+  }
+  void WaitForEvents(std::chrono::milliseconds /*limit*/) override { WaitForEvents(); }
+
+  int waits = 0;
+  std::function<void(int wait)> during;
+
+ private:
+  testing::SoundRig& rig_;
+};
+
+struct PlaybackRig : testing::SoundRig {
+  PlaybackRig() {
+    for (int number = 0; number < 16; ++number) {
+      files.Put("Audio/" + std::to_string(number) + ".wav", testing::Wave({}, testing::Number(0, 8)));
+    }
+    sounds.Notifier = &playback;
+  }
+
+  /// The notes of a playback in their order, each as file number and image: "0@img8 1@img10".
+  std::string Tune() {
+    script.Forget();
+    playback.PlayToneNotes();
+    std::string tune;
+    std::string file;
+    std::istringstream lines(script.Record());
+    for (std::string line; std::getline(lines, line);) {
+      if (line.starts_with("open file Audio/")) file = line.substr(16, line.size() - 20);
+      if (line.starts_with("flash ")) tune += (tune.empty() ? "" : " ") + file + "@" + line.substr(6);
+    }
+    return tune;
+  }
+
+  ScriptedStage stage{script};
+  ScriptedEvents events{*this};
+  ScalePlayback playback{sounds, scaleSounds, stage, events, box};
+};
+
+}  // namespace tonalith::audio
