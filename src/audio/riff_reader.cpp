@@ -13,6 +13,8 @@ namespace tonalith::audio {
 namespace {
 
 constexpr std::uint64_t kHeaderSize = 8;
+// Sound files have a dozen chunks at most. A file of nothing but empty ones would be walked for a minute.
+constexpr int kMostChunks = 1000;
 constexpr std::uint64_t kLastOffset = std::numeric_limits<std::uint32_t>::max();
 
 /// The position behind a chunk's payload and pad byte.
@@ -53,7 +55,7 @@ Descent RiffReader::Descend(MMCKINFO& chunk) {
 Descent RiffReader::FindChunk(MMCKINFO& chunk, const MMCKINFO& parent) {
   const FOURCC wanted = chunk.ckid;
   const std::uint64_t end = std::min(std::uint64_t{parent.dwDataOffset} + parent.cksize, file_.Size());
-  while (position_ + kHeaderSize <= end) {
+  for (int looked = 0; looked < kMostChunks && position_ + kHeaderSize <= end; ++looked) {
     MMCKINFO found;
     if (!ReadHeader(found)) break;
     if (found.ckid == wanted) {

@@ -50,6 +50,7 @@ class RiffReader {
   Descent Descend(MMCKINFO& chunk);
 
   /// Enters the next chunk with the code that is preset in chunk.ckid, from the current position to the parent's end.
+  /// Looks at a thousand chunks at most.
   Descent FindChunk(MMCKINFO& chunk, const MMCKINFO& parent);
 
   /// Bytes from the current position: the count read, or -1.

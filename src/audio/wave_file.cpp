@@ -14,9 +14,10 @@ namespace {
 constexpr std::size_t kSmallestFormat = 16;
 constexpr std::size_t kFormatRead = 20;
 constexpr std::size_t kExtensibleFormat = 40;
-// Samples are held whole, and by the mixer once more in its own form. This is more than six minutes of a CD: a note
-// that says it is longer is damaged, or made to take all memory.
-constexpr std::uint32_t kMostSamples = std::uint32_t{64} << 20U;
+// Samples are held whole, and twice more in the form that the mixer takes, which for one channel of 8 bits is four
+// times as long: nine bytes of memory for each. This is 47 seconds of a CD, and 95 in one channel: a note that says it
+// is longer is damaged, or made to take all memory.
+constexpr std::uint32_t kMostSamples = std::uint32_t{8} << 20U;
 
 }  // namespace
 

@@ -33,7 +33,7 @@ class WaveFile {
   /// Searches from the start of the form, so the samples may also stand before the format.
   Problem FindData();
 
-  /// Reads the claimed number of bytes, allocating no more than the file holds. More than 64 MiB are refused.
+  /// Reads the claimed number of bytes, allocating no more than the file holds. More than 8 MiB are refused.
   Problem ReadData(std::vector<std::byte>& samples);
 
  private:

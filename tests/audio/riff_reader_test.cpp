@@ -120,5 +120,15 @@ TEST(RiffReader, CountsWhatTheFileHoldsFromTheCurrentPositionOn) {
   EXPECT_EQ(reader.Remaining(), 0U);
 }
 
+TEST(RiffReader, LooksAtAThousandChunksAndNoMore) {
+  const auto afterChunks = [](int count) {
+    Bytes chunks;
+    for (int i = 0; i < count; ++i) chunks = std::move(chunks) + Chunk("junk", {});
+    return FindDataIn(Riff(chunks + Chunk("data", Number(1, 4))));
+  };
+  EXPECT_EQ(afterChunks(999), "found 4 at " + std::to_string(12 + 999 * 8 + 8));
+  EXPECT_EQ(afterChunks(1000), "not there");
+}
+
 }  // namespace
 }  // namespace tonalith::audio
