@@ -6,13 +6,16 @@
 #include <unistd.h>
 
 #include <array>
+#include <memory>
 #include <string_view>
 #include <system_error>
 
+#include "audio/shipped_recording.h"
 #include "core/deferred_failure.h"
 #include "core/failure.h"
 #include "data/scale_database.h"
 #include "help/mod_html_help.h"
+#include "platform/posix/posix_file_input.h"
 
 namespace tonalith::app {
 namespace {
@@ -20,7 +23,8 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::int32_t kPathAccessError = 75;
-constexpr std::array<std::string_view, 5> kContent = {data::kDatabaseFileName, "Audio", "Octaves", "DataPacks",
+constexpr std::string_view kRecordings = "Audio";
+constexpr std::array<std::string_view, 5> kContent = {data::kDatabaseFileName, kRecordings, "Octaves", "DataPacks",
                                                       help::kHelpFileName};
 
 [[noreturn]] void ThrowAccessError(const fs::path& path, const std::error_code& error) {
@@ -59,15 +63,33 @@ void CopyEntry(const fs::path& from, const fs::path& to) {
   if (error) ThrowAccessError(to, error);
 }
 
-/// Takes an installed file that is newer than the user's copy. Where that cannot be done, the copy goes on to serve.
-void TakeNewer(const fs::path& from, const fs::path& to) {
+bool IsNewer(const fs::path& installed, const fs::path& copy) {
   std::error_code error;
-  const fs::file_time_type installed = fs::last_write_time(from, error);
-  const fs::file_time_type copied = error ? installed : fs::last_write_time(to, error);
-  if (error || installed <= copied) return;
+  const fs::file_time_type time = fs::last_write_time(installed, error);
+  return !error && time > fs::last_write_time(copy, error) && !error;
+}
+
+/// Takes an installed file in place of the user's copy. Where that cannot be done, the copy goes on to serve.
+void Take(const fs::path& from, const fs::path& to) {
   core::DeferredFailure failure;
   failure.Try([&] { CopyEntry(from, to); });
   failure.Clear();
+}
+
+bool IsShippedRecording(const fs::path& path) {
+  platform::PosixFileInput files;
+  const std::unique_ptr<platform::InputFile> file = files.Open(path.string());
+  return file && audio::IsShippedRecording(*file);
+}
+
+/// Takes newer recordings in place of those that the user has not changed. Nothing is read unless one is newer.
+void TakeNewerRecordings(const fs::path& from, const fs::path& to) {
+  std::error_code error;
+  for (auto entry = fs::directory_iterator(from, error); !error && entry != fs::directory_iterator();
+       entry.increment(error)) {
+    const fs::path copy = to / entry->path().filename();
+    if (IsNewer(entry->path(), copy) && IsShippedRecording(copy)) Take(entry->path(), copy);
+  }
 }
 
 }  // namespace
@@ -96,7 +118,9 @@ fs::path ResolveAppFolder(const ProgramPlaces& places) {
     const fs::path from = places.contentFolder / name;
     if (fs::exists(from, error) && !fs::exists(folder / name, error)) CopyEntry(from, folder / name);
   }
-  TakeNewer(places.contentFolder / help::kHelpFileName, folder / help::kHelpFileName);
+  const fs::path help = places.contentFolder / help::kHelpFileName;
+  if (IsNewer(help, folder / help::kHelpFileName)) Take(help, folder / help::kHelpFileName);
+  TakeNewerRecordings(places.contentFolder / kRecordings, folder / kRecordings);
   return folder;
 }
 

@@ -3,8 +3,9 @@
 
 // Where the program's files are. The program's own folder is `AppFolder`; where that cannot be written, or where the
 // content is installed elsewhere (a system-wide installation), it is a folder of the user's, filled from the installed
-// content at the first start. Later starts add what is missing and take the help of a newer installation; database,
-// packs and sounds that are there are the user's and stay. Called once, at start-up; failures are core::Failure.
+// content at the first start. Later starts add what is missing. From a newer installation they take the help, and the
+// recordings of scale notes that the user has not changed; database, packs and all other sounds that are there are the
+// user's and stay. Called once, at start-up; failures are core::Failure.
 
 #pragma once
 

@@ -13,6 +13,7 @@
 #include <sstream>
 
 #include "support/temp_folder.h"
+#include "voice/scale_note.h"
 
 namespace tonalith::app {
 namespace {
@@ -151,6 +152,36 @@ TEST_F(Installation, NewerOneBringsItsHelpAndLeavesWhatIsTheUsers) {
   EXPECT_EQ(Read(own_ / "TLHELP.chm"), "of tomorrow");
   EXPECT_FALSE(fs::exists(own_ / "DataPacks" / "jazz.mdb")) << "taken out by the user";
   EXPECT_EQ(Read(own_ / "DataPacks" / "world.mdb"), "the user's own pack");
+}
+
+TEST_F(Installation, NewerOneBringsTheRecordingsThatTheUserHasNotChanged) {
+  const std::string today = voice::RenderScaleNote(60);
+  const std::string tomorrow = voice::RenderScaleNote(62);
+  for (const char* const name : {"0.wav", "1.wav", "2.wav", "3.wav"}) Write(shared_ / "Audio" / name, today);
+  Resolve();
+  std::string changed = today;
+  changed[1000] = static_cast<char>(changed[1000] ^ 1);
+  Write(own_ / "Audio" / "1.wav", changed);
+  fs::remove(own_ / "Audio" / "2.wav");
+  for (const char* const name : {"0.wav", "1.wav", "2.wav"}) Upgrade(shared_ / "Audio" / name, tomorrow);
+  const fs::file_time_type old = fs::last_write_time(shared_ / "Audio" / "1.wav") - std::chrono::hours(10);
+  fs::last_write_time(own_ / "Audio" / "1.wav", old);
+  Resolve();
+  EXPECT_TRUE(Read(own_ / "Audio" / "0.wav") == tomorrow);
+  EXPECT_TRUE(Read(own_ / "Audio" / "1.wav") == changed) << "changed by the user, though older";
+  EXPECT_FALSE(fs::exists(own_ / "Audio" / "2.wav")) << "taken out by the user";
+  EXPECT_TRUE(Read(own_ / "Audio" / "3.wav") == today);
+  EXPECT_FALSE(fs::exists(own_ / "Audio" / "0.wav.part"));
+}
+
+TEST_F(Installation, OneOfTheSameAgeLeavesTheRecordings) {
+  Write(shared_ / "Audio" / "0.wav", voice::RenderScaleNote(60));
+  Resolve();
+  const std::string copy = voice::RenderScaleNote(62);
+  Write(own_ / "Audio" / "0.wav", copy);
+  fs::last_write_time(own_ / "Audio" / "0.wav", fs::last_write_time(shared_ / "Audio" / "0.wav"));
+  Resolve();
+  EXPECT_TRUE(Read(own_ / "Audio" / "0.wav") == copy);
 }
 
 TEST_F(Installation, NewerHelpThatCannotBeTakenKeepsNobodyFromTheLibrary) {
