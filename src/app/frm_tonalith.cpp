@@ -51,6 +51,7 @@ frmTonalith::frmTonalith(const FormServices& services)
 }
 
 frmTonalith::~frmTonalith() {
+  if (install_ != nullptr) install_->Stop();
   if (services_.sounds.Notifier == &playback_) services_.sounds.Notifier = nullptr;
 }
 
@@ -171,6 +172,7 @@ void frmTonalith::cmbTranspose_Click() {
 void frmTonalith::cmbTranspose_KeyUp() { cmbTranspose_Click(); }
 
 void frmTonalith::cmdUpdate_Click() {
+  if (install_ != nullptr) return;
   core::DeferredFailure failure;
   failure.Try([this] {
     // Standing on the first row on the way is nobody's move: the refresh at the end is the only one.
@@ -194,34 +196,38 @@ void frmTonalith::BringToFront() {
   if (isVisible()) controls::BringToFront(*this);
 }
 
+PackInstall::Place frmTonalith::InstallPlace() {
+  return {{this, frmScales_},
+          {c_.cmdEdit, c_.cmdUpdate, c_.cmdListen, c_.cmdPrint, c_.cmdInstall, c_.Data1, c_.cmbTranspose, frmScales_},
+          {m_.mEditor, m_.mUpdate, m_.mSearch, m_.mListen, m_.mPrint, m_.mInstall, m_.mViewNotes},
+          c_.lblInstall};
+}
+
 void frmTonalith::cmdInstall_Click() {
-  // Messages and progress let events through: the command is off until it has ended.
-  c_.cmdInstall->setEnabled(false);
-  m_.mInstall->setEnabled(false);
+  if (install_ != nullptr) return;
+  const QPointer<frmTonalith> self(this);
+  StopPlaying();
+  PackInstall install(InstallPlace(), [self] {
+    if (!self.isNull()) self->packsImported_ = true;
+  });
+  install_ = &install;
   core::DeferredFailure failure;
   failure.Try([this] {
     c_.Data1->Release();
     c_.Data1->SetConnectionString({});
   });
-  failure.Try([this] {
-    data::DataPackImport(services_.database.AppFolder(), services_.msgBox, *this).GetAvailableDataPacks();
-  });
+  failure.Try([&] { install.Run(services_.database.AppFolder(), services_.msgBox); });
+  if (self.isNull()) return;
+  install.End();
   failure.Try([this] {
     c_.Data1->SetConnectionString(std::string(data::kConnectionByFileName));
     c_.Data1->Refresh();
   });
-  c_.cmdInstall->setEnabled(true);
-  m_.mInstall->setEnabled(true);
-  failure.ReportDescription(services_.msgBox);
+  install_ = nullptr;
+  if (!install.IsStopped()) failure.ReportDescription(services_.msgBox);
 }
 
 void frmTonalith::mInstall_Click() { cmdInstall_Click(); }
-
-void frmTonalith::DataPackDone() { packsImported_ = true; }
-
-void frmTonalith::ImportProgress(const std::string& /*path*/, std::int64_t /*rows*/) {
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-}
 
 void frmTonalith::mUpdate_Click() { cmdUpdate_Click(); }
 
@@ -285,6 +291,16 @@ void frmTonalith::ReleaseSound(core::DeferredFailure& failure) {
   failure.Try([this] { services_.sounds.TerminateSoundManager(); });
 }
 
+void frmTonalith::StopPlaying() {
+  if (!playback_.IsRunning()) return;
+  core::DeferredFailure passedOver;
+  playback_.Cancel();
+  passedOver.Try([this] { services_.sounds.UnloadSoundBuffer(audio::SoundManager::kAllBuffers); });
+  passedOver.Try([this] { desk_.HidePicture1(); });
+  passedOver.Try([this] { desk_.ShowStatus("Standby", {127, 127, 127}); });
+  passedOver.Clear();
+}
+
 void frmTonalith::Form_GotFocus() {
   core::DeferredFailure failure;
   services_.sounds.Notifier = &playback_;
@@ -316,8 +332,9 @@ void frmTonalith::focusInEvent(QFocusEvent* event) {
 
 void frmTonalith::focusOutEvent(QFocusEvent* event) {
   QMainWindow::focusOutEvent(event);
-  // Another window coming to the front is not the focus leaving this one for another control.
-  if (event->reason() != Qt::ActiveWindowFocusReason) Form_LostFocus();
+  // Another window coming to the front is not the focus leaving this one for another control. Nor is a control that the
+  // install command switches off or on.
+  if (install_ == nullptr && event->reason() != Qt::ActiveWindowFocusReason) Form_LostFocus();
 }
 
 void frmTonalith::closeEvent(QCloseEvent* event) {
@@ -325,6 +342,7 @@ void frmTonalith::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
+  if (install_ != nullptr) install_->Stop();
   Form_Unload();
   QMainWindow::closeEvent(event);
 }

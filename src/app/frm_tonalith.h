@@ -16,6 +16,7 @@
 
 #include "app/main_controls.h"
 #include "app/main_menu.h"
+#include "app/pack_install.h"
 #include "app/playback_desk.h"
 #include "app/print_desk.h"
 #include "audio/scale_playback.h"
@@ -23,7 +24,6 @@
 #include "core/deferred_failure.h"
 #include "core/msg_box.h"
 #include "core/note_model.h"
-#include "data/data_pack_import.h"
 #include "data/scale_database.h"
 #include "editor/scale_editor.h"
 #include "platform/event_pump.h"
@@ -49,8 +49,7 @@ struct FormServices {
 class frmTonalith : public QMainWindow,
                     private views::ScaleInView,
                     private core::CurrentScaleSource,
-                    private editor::ScaleEditorHost,
-                    private data::DataPackObserver {
+                    private editor::ScaleEditorHost {
   Q_OBJECT
 
  public:
@@ -71,7 +70,7 @@ class frmTonalith : public QMainWindow,
   void mEditor_Click();
   void cmdUpdate_Click();
   void mUpdate_Click();
-  /// Imports every data pack; the database is not held open meanwhile.
+  /// Imports every data pack; the database is not held open meanwhile. Ends a playback; the window's closing ends it.
   void cmdInstall_Click();
   void mInstall_Click();
   /// Plays the scale; returns when the playback is through. A failure that it leaves is cleared.
@@ -120,13 +119,13 @@ class frmTonalith : public QMainWindow,
 
   void SetAudioFolder();
   void ReleaseSound(core::DeferredFailure& failure);
+  void StopPlaying();
+  [[nodiscard]] PackInstall::Place InstallPlace();
   void BindControls();
   void WireHandlers();
   void ApplyTheme();
 
   void BringToFront() override;
-  void DataPackDone() override;
-  void ImportProgress(const std::string& path, std::int64_t rows) override;
   [[nodiscard]] bool HasCurrentRecord() const override;
   std::optional<std::string> ScaleIntervals() override;
   void AppendStepWord(const std::string& words) override;
@@ -139,6 +138,7 @@ class frmTonalith : public QMainWindow,
   std::string AudioFolder;
   bool ShowNoteNames = true;
   bool packsImported_ = false;
+  PackInstall* install_ = nullptr;
   std::optional<data::Bookmark> current_;
   PlaybackDesk desk_;
   audio::ScalePlayback playback_;

@@ -81,7 +81,8 @@ void MakeBottomRow(MainControls& c, core::MsgBox& msgBox, QWidget* client) {
   c.cmdInstall = MakeButton("cmdInstall", frmTonalith::tr("Install..."), 832, kOrdinary, client);
   c.lblStatus = MakeLabel("lblStatus", QRect(954, BelowNeck(21), 110, 18), {14, 10}, QFont::Bold, client);
   c.lblStatus->setText(frmTonalith::tr("Stopped"));
-  c.Label3 = MakeLabel("Label3", QRect(40, BelowNeck(66), 1000, 16), {12, 10}, QFont::Normal, client);
+  c.Label3 = MakeLabel("Label3", QRect(40, BelowNeck(66), 552, 16), {12, 10}, QFont::Normal, client);
+  c.lblInstall = MakeLabel("lblInstall", QRect(612, BelowNeck(66), 428, 16), {12, 10}, QFont::Normal, client);
 }
 
 /// Controls that other wings draw on or ask, and those that are only known by name; none of them is seen.
@@ -118,6 +119,7 @@ void ApplyInk(const MainControls& c, const QPalette& palette) {
   c.lblScaleNotes->SetInk(controls::SiennaInk(palette));
   c.lblScaleDescription->SetInk(controls::SecondaryInk(palette));
   c.Label3->SetInk(controls::SecondaryInk(palette));
+  c.lblInstall->SetInk(controls::SiennaInk(palette));
 }
 
 }  // namespace tonalith::app

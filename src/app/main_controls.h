@@ -35,6 +35,8 @@ struct MainControls {
   controls::FittingLabel* lblScaleNotes = nullptr;
   controls::FittingLabel* lblStatus = nullptr;
   controls::FittingLabel* Label3 = nullptr;
+  /// What an install is doing, and what it has come to.
+  controls::FittingLabel* lblInstall = nullptr;
   controls::PanelButton* cmdEdit = nullptr;
   controls::PanelButton* cmdUpdate = nullptr;
   controls::PanelButton* cmdListen = nullptr;

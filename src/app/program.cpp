@@ -9,6 +9,9 @@
 #include <QTimer>
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
 
 #include "app/app_folder.h"
 #include "app/m_main.h"
@@ -30,17 +33,31 @@
 namespace tonalith::app {
 namespace {
 
-std::filesystem::path ProgramFolder() { return QCoreApplication::applicationDirPath().toStdString(); }
+/// As the system gives it: in a text of Qt, a name that is not UTF-8 is not the folder's any more.
+std::filesystem::path ProgramFolder() {
+  std::error_code error;
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (error) return QCoreApplication::applicationDirPath().toStdString();
+  return program.parent_path();
+}
+
+/// The same for the folder of the user's data.
+std::filesystem::path UserDataFolder() {
+  const auto absolute = [](const char* variable) -> std::filesystem::path {
+    const char* const value = std::getenv(variable);
+    return value != nullptr && value[0] == '/' ? value : "";
+  };
+  if (std::filesystem::path data = absolute("XDG_DATA_HOME"); !data.empty()) return data;
+  if (const std::filesystem::path home = absolute("HOME"); !home.empty()) return home / ".local" / "share";
+  return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdString();
+}
 
 /// The folder of the program's files; its own folder, with a message, where the user's cannot be made.
 std::string FindAppFolder(core::MsgBox& msgBox) {
   const std::filesystem::path programFolder = ProgramFolder();
   std::filesystem::path folder = programFolder;
   core::DeferredFailure failure;
-  failure.Try([&] {
-    const QString userData = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    folder = ResolveAppFolder({programFolder, FindContentFolder(programFolder), userData.toStdString()});
-  });
+  failure.Try([&] { folder = ResolveAppFolder({programFolder, FindContentFolder(programFolder), UserDataFolder()}); });
   failure.ReportNumberAndDescription(msgBox, core::MsgBoxStyle::kCritical);
   return folder.string();
 }

@@ -22,6 +22,11 @@ void Connection::SetMode(ConnectMode mode) {
   mode_ = mode;
 }
 
+void Connection::SetWhileReading(std::function<void(std::int64_t rows)> whileReading) {
+  if (IsOpen()) throw ObjectAlreadyOpen();
+  whileReading_ = std::move(whileReading);
+}
+
 void Connection::SetProvider(std::string provider) {
   if (IsOpen()) throw ObjectAlreadyOpen();
   provider_ = std::move(provider);
@@ -53,7 +58,7 @@ void Connection::OpenAs(const std::string& user, const std::string& password) {
     throw core::Failure(failure_number::kNotAuthorised, "Not a valid account name or password.");
   }
   settings.dataSource = RequireDatabaseFile(settings.dataSource);
-  engine_ = std::make_shared<Engine>(settings.dataSource, settings.isReadOnly);
+  engine_ = std::make_shared<Engine>(settings.dataSource, settings.isReadOnly, whileReading_);
   expandedString_ = ExpandedConnectionString(settings);
 }
 

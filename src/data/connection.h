@@ -12,6 +12,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -36,6 +37,9 @@ class Connection {
 
   /// kRead leaves the file and its folder untouched; an older file of ours is then read as it is.
   void SetMode(ConnectMode mode);
+  /// Opening a Jet file reads all of it. `whileReading` is called every kWaitStep or so meanwhile, with the rows read
+  /// so far; what it throws ends the opening.
+  void SetWhileReading(std::function<void(std::int64_t rows)> whileReading);
   void SetProvider(std::string provider);
   [[nodiscard]] const std::string& Provider() const { return provider_; }
   void SetConnectionString(std::string connectionString);
@@ -66,6 +70,7 @@ class Connection {
   Engine& OpenEngine() const;
 
   ConnectMode mode_ = ConnectMode::kUnknown;
+  std::function<void(std::int64_t rows)> whileReading_;
   std::string provider_;
   std::string connectionString_;
   std::string expandedString_;

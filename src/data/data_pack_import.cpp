@@ -68,18 +68,26 @@ std::vector<std::string> DataPackImport::GetAvailableDataPacks() {
   for (const std::string& pack : packs) {
     currentPack_ = pack;
     ImportDataPack(pack);
+    if (isStopped_) break;
     observer_.DataPackDone();
   }
   return packs;
 }
 
 void DataPackImport::ImportDataPack(const std::string& path) {
-  PackMerge merge(path, [&](std::int64_t rows) {
+  const auto onRead = [&](std::int64_t rows) { observer_.ReadingProgress(path, rows); };
+  const auto onRow = [&](std::int64_t rows) {
     if (rows % kRowsPerProgress == 0) observer_.ImportProgress(path, rows);
-  });
+  };
+  PackMerge merge(path, onRead, onRow);
   try {
     merge.Run();
+    ++imported_.packs;
+    imported_.scales += merge.AddedScales();
     msgBox_.Show("Imported data pack: \n" + path, core::MsgBoxStyle::kInformation);
+  } catch (const ImportStopped&) {
+    // Closing the connection rolls back.
+    isStopped_ = true;
   } catch (const std::exception&) {
     const core::Failure failure = core::Failure::FromCurrentException();
     core::DeferredFailure passedOver;

@@ -10,6 +10,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,13 +23,22 @@ namespace tonalith::data {
 /// The rows between two calls of DataPackObserver::ImportProgress.
 inline constexpr std::int64_t kRowsPerProgress = 256;
 
-/// What the main window is told of an import.
+/// What an observer throws to end an import: what is under way is rolled back, no message is shown, and no further pack
+/// is tried.
+class ImportStopped : public std::exception {
+ public:
+  [[nodiscard]] const char* what() const noexcept override { return "the import was stopped"; }
+};
+
+/// What the main window is told of an import. Each call is a chance to show it and to let the window live.
 class DataPackObserver {
  public:
   virtual ~DataPackObserver() = default;
   /// After each pack: packs were imported, and what the window shows may be out of date.
   virtual void DataPackDone() = 0;
-  /// `rows` of the pack are done. A chance to show it and to let the window live; a transaction is under way.
+  /// `rows` of a Jet pack are read, none of them is merged yet. May throw ImportStopped.
+  virtual void ReadingProgress(const std::string& /*path*/, std::int64_t /*rows*/) {}
+  /// `rows` of the pack are merged; a transaction is under way. May throw ImportStopped.
   virtual void ImportProgress(const std::string& path, std::int64_t rows) = 0;
 };
 
@@ -47,6 +57,15 @@ class DataPackImport {
   /// Imports one pack. Whatever fails is shown, not thrown.
   void ImportDataPack(const std::string& path);
 
+  /// What has been imported so far: packs that arrived, and the scales that they have added.
+  struct Totals {
+    std::int64_t packs = 0;
+    std::int64_t scales = 0;
+  };
+  [[nodiscard]] const Totals& Imported() const { return imported_; }
+  /// Whether the observer has stopped the import.
+  [[nodiscard]] bool IsStopped() const { return isStopped_; }
+
   /// The pack that GetAvailableDataPacks has come to.
   [[nodiscard]] const std::string& CurrentPack() const { return currentPack_; }
 
@@ -57,6 +76,8 @@ class DataPackImport {
   core::MsgBox& msgBox_;
   DataPackObserver& observer_;
   std::string currentPack_;
+  Totals imported_;
+  bool isStopped_ = false;
 };
 
 }  // namespace tonalith::data

@@ -49,18 +49,19 @@ class Reset {
 
 }  // namespace
 
-Engine::Engine(std::string path, bool readOnly) : path_(std::move(path)) {
+Engine::Engine(std::string path, bool readOnly, const std::function<void(std::int64_t rows)>& whileReading)
+    : path_(std::move(path)) {
   try {
-    OpenFile(readOnly);
+    OpenFile(readOnly, whileReading);
   } catch (const SQLite::Exception& exception) {
     throw FromEngine(exception, path_);
   }
 }
 
-void Engine::OpenDatabase(bool readOnly) {
+void Engine::OpenDatabase(bool readOnly, const std::function<void(std::int64_t rows)>& whileReading) {
   isJetCopy_ = IsJetFile(path_);
   if (isJetCopy_) {
-    database_ = OpenJetCopy(path_);
+    database_ = OpenJetCopy(path_, whileReading);
   } else if (readOnly) {
     database_ = OpenForReading(path_);
   } else {
@@ -69,8 +70,8 @@ void Engine::OpenDatabase(bool readOnly) {
   }
 }
 
-void Engine::OpenFile(bool readOnly) {
-  OpenDatabase(readOnly);
+void Engine::OpenFile(bool readOnly, const std::function<void(std::int64_t rows)>& whileReading) {
+  OpenDatabase(readOnly, whileReading);
   sqlite3* handle = database_->getHandle();
   // A file may come from a stranger: no side effects out of its schema.
   sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);

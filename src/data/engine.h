@@ -30,7 +30,8 @@ inline constexpr int kLongestField = 16 * 1024 * 1024;
 class Engine {
  public:
   /// Opens an existing file whose path is absolute, checks it and brings it to the present revision.
-  Engine(std::string path, bool readOnly);
+  /// `whileReading` is called as OpenJetCopy calls it, for a Jet file alone.
+  Engine(std::string path, bool readOnly, const std::function<void(std::int64_t rows)>& whileReading = {});
 
   [[nodiscard]] const std::string& Path() const { return path_; }
   [[nodiscard]] bool IsReadOnly() const;
@@ -60,8 +61,8 @@ class Engine {
   static std::uint64_t StatementsIssued();
 
  private:
-  void OpenFile(bool readOnly);
-  void OpenDatabase(bool readOnly);
+  void OpenFile(bool readOnly, const std::function<void(std::int64_t rows)>& whileReading);
+  void OpenDatabase(bool readOnly, const std::function<void(std::int64_t rows)>& whileReading);
   SQLite::Statement& Prepared(const std::string& sql);
 
   std::string path_;

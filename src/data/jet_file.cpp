@@ -100,14 +100,15 @@ class Guarded : public JetVisitor {
 
 bool IsJetFile(const std::string& path) { return ReadHeader(path).isJet; }
 
-void ReadJetFile(const std::string& path, JetVisitor& visitor, ReadingLimits limits) {
+void ReadJetFile(const std::string& path, JetVisitor& visitor, ReadingLimits limits,
+                 const std::function<void()>& whileWaiting) {
   Guarded guarded(visitor);
   try {
     const Header header = ReadHeader(path);
     if (!header.isJet) throw Unspecified("it is no Jet file");
     RequireWholePages(header);
     limits.memory += static_cast<std::uint64_t>(header.fileSize) * 2;
-    ReadingProcess process([&](int pipe) { WriteContent(path, pipe); }, limits);
+    ReadingProcess process([&](int pipe) { WriteContent(path, pipe); }, limits, whileWaiting);
     ReadJetStream([&](std::span<std::uint8_t> buffer) { return process.Read(buffer); },
                   ContentBudget(static_cast<std::uint64_t>(header.fileSize)), guarded);
   } catch (const core::Failure& failure) {

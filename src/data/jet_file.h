@@ -10,6 +10,7 @@
 
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -53,7 +54,8 @@ class JetVisitor {
 /// Whether a file begins as Jet files do. A file that is not there or cannot be read does not.
 bool IsJetFile(const std::string& path);
 
-/// Reads the whole file. A large file gets memory above that of the limits.
-void ReadJetFile(const std::string& path, JetVisitor& visitor, ReadingLimits limits = {});
+/// Reads the whole file. A large file gets memory above that of the limits. `whileWaiting` as ReadingProcess has it.
+void ReadJetFile(const std::string& path, JetVisitor& visitor, ReadingLimits limits = {},
+                 const std::function<void()>& whileWaiting = {});
 
 }  // namespace tonalith::data

@@ -59,11 +59,16 @@ class Copier : public JetVisitor {
     CreateTableFor(database_, table);
     writer_.emplace(database_, table);
   }
-  void OnRow(std::vector<Value> values) override { writer_->Write(values); }
+  void OnRow(std::vector<Value> values) override {
+    writer_->Write(values);
+    ++rows_;
+  }
+  [[nodiscard]] std::int64_t Rows() const { return rows_; }
 
  private:
   SQLite::Database& database_;
   std::optional<JetRowWriter> writer_;
+  std::int64_t rows_ = 0;
 };
 
 }  // namespace
@@ -85,12 +90,15 @@ void JetRowWriter::Write(const std::vector<Value>& values) {
   insert_.reset();
 }
 
-std::unique_ptr<SQLite::Database> OpenJetCopy(const std::string& path) {
+std::unique_ptr<SQLite::Database> OpenJetCopy(const std::string& path,
+                                              const std::function<void(std::int64_t rows)>& whileReading) {
   auto database = std::make_unique<SQLite::Database>("", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
   database->exec("PRAGMA journal_mode = OFF; PRAGMA synchronous = OFF; PRAGMA cache_size = -2048");
   Copier copier(*database);
   SQLite::Transaction transaction(*database);
-  ReadJetFile(path, copier);
+  std::function<void()> whileWaiting;
+  if (whileReading) whileWaiting = [&] { whileReading(copier.Rows()); };
+  ReadJetFile(path, copier, {}, whileWaiting);
   transaction.commit();
   database->exec("PRAGMA query_only = ON");
   return database;

@@ -10,6 +10,8 @@
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -35,7 +37,8 @@ class JetRowWriter {
 
 /// What a Jet file holds, in a private database that is gone when it is closed and takes no changes. A stored query
 /// ScalesQuery comes along where the file has one. Its pages lie in a temporary file, so memory does not grow with
-/// them.
-std::unique_ptr<SQLite::Database> OpenJetCopy(const std::string& path);
+/// them. `whileReading` is called with the rows read so far, as ReadingProcess calls.
+std::unique_ptr<SQLite::Database> OpenJetCopy(const std::string& path,
+                                              const std::function<void(std::int64_t rows)>& whileReading = {});
 
 }  // namespace tonalith::data

@@ -74,12 +74,13 @@ std::uint64_t BytesOf(const std::string& path) {
 
 }  // namespace
 
-PackMerge::PackMerge(std::string path, std::function<void(std::int64_t)> onRow)
-    : path_(std::move(path)), onRow_(std::move(onRow)) {}
+PackMerge::PackMerge(std::string path, OnRows onRead, OnRows onRow)
+    : path_(std::move(path)), onRead_(std::move(onRead)), onRow_(std::move(onRow)) {}
 
 void PackMerge::Run() {
   main_->Open(std::string(kConnectionByFileName), "", "");
   pack_->SetMode(ConnectMode::kRead);
+  pack_->SetWhileReading(onRead_);
   pack_->Open(kPackSource + DataSourceValue(path_), "", "");
   main_->OpenEngine().Execute(kImportCache);
   main_->BeginTrans();

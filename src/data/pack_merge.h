@@ -24,8 +24,11 @@ class ScaleNames;
 
 class PackMerge {
  public:
-  /// `onRow` hears of each row of the pack that is done, counted from 1.
-  PackMerge(std::string path, std::function<void(std::int64_t)> onRow);
+  using OnRows = std::function<void(std::int64_t rows)>;
+
+  /// `onRead` is called while a Jet file is read, with the rows read so far, and `onRow` after each row of the pack
+  /// that is merged, counted from 1. What they throw ends the run.
+  PackMerge(std::string path, OnRows onRead, OnRows onRow);
 
   void Run();
   void Rollback();
@@ -53,7 +56,8 @@ class PackMerge {
   bool MainHas(const std::string& statement, const Value& key, ScaleNames* names);
 
   std::string path_;
-  std::function<void(std::int64_t)> onRow_;
+  OnRows onRead_;
+  OnRows onRow_;
   std::int64_t rows_ = 0;
   std::int64_t addedScales_ = 0;
   std::shared_ptr<Connection> main_ = std::make_shared<Connection>();

@@ -17,6 +17,7 @@
 #include <cstdio>
 #include <exception>
 #include <system_error>
+#include <utility>
 
 #include "data/data_failure.h"
 
@@ -86,8 +87,9 @@ void CloseAllBut(int kept) {
 
 }  // namespace
 
-ReadingProcess::ReadingProcess(const std::function<void(int pipe)>& work, const ReadingLimits& limits)
-    : limits_(limits), start_(steady_clock::now()) {
+ReadingProcess::ReadingProcess(const std::function<void(int pipe)>& work, const ReadingLimits& limits,
+                               std::function<void()> whileWaiting)
+    : limits_(limits), whileWaiting_(std::move(whileWaiting)), start_(steady_clock::now()) {
   std::array<int, 2> ends{};
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw SystemFailure("the system refuses to read it");
   process_ = ::fork();
@@ -110,15 +112,27 @@ ReadingProcess::~ReadingProcess() {
   }
 }
 
-void ReadingProcess::WaitForBytes() {
+// Gives the time that it took.
+steady_clock::duration ReadingProcess::TellOfWaiting() {
   const auto begin = steady_clock::now();
+  if (!whileWaiting_ || begin - told_ < kWaitStep) return {};
+  whileWaiting_();
+  told_ = steady_clock::now();
+  start_ += told_ - begin;
+  return told_ - begin;
+}
+
+void ReadingProcess::WaitForBytes() {
+  auto begin = steady_clock::now();
   for (;;) {
+    begin += TellOfWaiting();
     const auto now = steady_clock::now();
     const auto left =
         std::chrono::duration_cast<milliseconds>(std::min(begin + limits_.silence, start_ + limits_.total) - now);
     if (left <= milliseconds::zero()) throw Unspecified("reading it does not come to an end");
     pollfd wait{pipe_, POLLIN, 0};
-    const int ready = ::poll(&wait, 1, static_cast<int>(left.count()));
+    const milliseconds step = whileWaiting_ ? std::min(left, kWaitStep) : left;
+    const int ready = ::poll(&wait, 1, static_cast<int>(step.count()));
     if (ready > 0) return;
     if (ready < 0 && errno != EINTR) throw SystemFailure("the system refuses to read it");
   }

@@ -19,6 +19,9 @@
 
 namespace tonalith::data {
 
+/// Short enough for a window that is handled meanwhile to answer at once.
+inline constexpr std::chrono::milliseconds kWaitStep{20};
+
 struct ReadingLimits {
   /// The longest time without a byte, and the longest time altogether.
   std::chrono::milliseconds silence{10'000};
@@ -29,8 +32,11 @@ struct ReadingLimits {
 
 class ReadingProcess {
  public:
-  /// `work` gets the pipe's end to write into. What it throws ends the process as a crash does.
-  explicit ReadingProcess(const std::function<void(int pipe)>& work, const ReadingLimits& limits = {});
+  /// `work` gets the pipe's end to write into. What it throws ends the process as a crash does. `whileWaiting` is
+  /// called from within Read, at once and then every kWaitStep or so. Its own time counts for no limit; what it throws
+  /// ends the reading.
+  explicit ReadingProcess(const std::function<void(int pipe)>& work, const ReadingLimits& limits = {},
+                          std::function<void()> whileWaiting = {});
   ~ReadingProcess();
   ReadingProcess(const ReadingProcess&) = delete;
   ReadingProcess& operator=(const ReadingProcess&) = delete;
@@ -40,9 +46,12 @@ class ReadingProcess {
 
  private:
   void WaitForBytes();
+  std::chrono::steady_clock::duration TellOfWaiting();
 
   ReadingLimits limits_;
+  std::function<void()> whileWaiting_;
   std::chrono::steady_clock::time_point start_;
+  std::chrono::steady_clock::time_point told_;
   pid_t process_ = -1;
   int pipe_ = -1;
 };

@@ -36,6 +36,28 @@ TEST_F(DataPackImportTest, TellsInTheInformationStyleUnderTheProgramsTitle) {
                                                                              core::MsgBoxStyle::kInformation, ""}));
 }
 
+TEST_F(DataPackImportTest, CountsPacksThatArrivedAndTheScalesThatTheyHaveAdded) {
+  MakePack("DataPack_A.mdb", kAddScale);
+  MakePack("DataPack_B.mdb", std::string(kAddScale) + "INSERT INTO Scales (ScaleName) VALUES ('Major'), ('Other')");
+  std::ofstream(Packs() + "DataPack_C.mdb") << "noise";
+  InstallAll();
+  EXPECT_EQ(import_.Imported().packs, 2);
+  EXPECT_EQ(import_.Imported().scales, 2);
+}
+
+TEST_F(DataPackImportTest, EndsWithoutAMessageWhereItsObserverStopsIt) {
+  MakePack("DataPack_A.mdb", ManyScales(2000));
+  MakePack("DataPack_B.mdb", ManyScales(2000));
+  const std::string before = ContentOfFile(Main());
+  observer_.onProgress = [] { throw ImportStopped(); };
+  InstallAll();
+  EXPECT_TRUE(import_.IsStopped());
+  EXPECT_EQ(Shown(), "");
+  EXPECT_EQ(observer_.calls, 1);
+  EXPECT_EQ(observer_.packsDone, 0);
+  EXPECT_EQ(ContentOfFile(Main()), before);
+}
+
 TEST_F(DataPackImportTest, TellsAFailureInTheCriticalStyle) {
   Install("nowhere.mdb");
   ASSERT_EQ(msgBox_.Messages().size(), 1U);

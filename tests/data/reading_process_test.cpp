@@ -71,6 +71,43 @@ TEST(ReadingProcess, EndsTheWorkThatThrows) {
   EXPECT_EQ(AllOf(process), "");
 }
 
+TEST(ReadingProcess, LetsItsUserActWhileItWaitsAndCountsNoneOfThatTime) {
+  ReadingLimits limits;
+  limits.silence = std::chrono::milliseconds(200);
+  limits.total = std::chrono::milliseconds(1000);
+  int calls = 0;
+  ReadingProcess process(
+      [](int pipe) {
+        ::usleep(100'000);
+        Say(pipe, "late");
+      },
+      limits,
+      [&] {
+        if (++calls == 1) ::usleep(1'200'000);
+      });
+  EXPECT_EQ(AllOf(process), "late");
+  EXPECT_GE(calls, 1);
+}
+
+TEST(ReadingProcess, ActsAgainAndAgainWhileNothingComes) {
+  ReadingLimits limits;
+  limits.silence = std::chrono::milliseconds(300);
+  int calls = 0;
+  ReadingProcess process([](int) { ::pause(); }, limits, [&] { ++calls; });
+  std::array<std::uint8_t, 1> buffer{};
+  EXPECT_THROW(process.Read(buffer), core::Failure);
+  EXPECT_GE(calls, 3);
+}
+
+TEST(ReadingProcess, EndsWithWhatItsUserThrowsMeanwhile) {
+  {
+    ReadingProcess process([](int) { ::pause(); }, {}, [] { throw std::runtime_error("enough"); });
+    std::array<std::uint8_t, 1> buffer{};
+    EXPECT_THROW(process.Read(buffer), std::runtime_error);
+  }
+  EXPECT_TRUE(HasNoChild());
+}
+
 TEST(ReadingProcess, GivesUpOnSilence) {
   ReadingLimits limits;
   limits.silence = 50ms;
