@@ -6,12 +6,12 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QPointer>
 
 #include "controls/accessible_data_control.h"
 #include "controls/arrow_button.h"
 #include "controls/panel_painting.h"
 #include "controls/theme.h"
-#include "core/deferred_failure.h"
 #include "data/data_failure.h"
 
 namespace tonalith::controls {
@@ -43,8 +43,15 @@ void DataControl::AddArrow(const char* name, int kind, Move step) {
 
 void DataControl::RunMove(Move step) {
   core::DeferredFailure failure;
+  core::MsgBox& msgBox = msgBox_;
   failure.Try([&] { (this->*step)(); });
-  failure.ReportDescription(msgBox_);
+  Report(failure, msgBox);
+}
+
+void DataControl::Report(core::DeferredFailure& failure, core::MsgBox& msgBox) {
+  const bool isCancelled = failure.Pending() && failure.Pending()->Number() == data::failure_number::kCancelled;
+  if (isCancelled) failure.Clear();
+  failure.ReportDescription(msgBox);
 }
 
 void DataControl::Bind(const std::string& field, std::function<void(const data::Value&)> take) {
@@ -87,7 +94,7 @@ bool DataControl::event(QEvent* event) {
 }
 
 void DataControl::Release() {
-  isEditRefused_ = false;
+  refusal_.clear();
   recordset_.reset();
   connection_.reset();
 }
@@ -125,6 +132,27 @@ std::optional<data::Bookmark> DataControl::CurrentBookmark() const {
 }
 
 template <class Step>
+void DataControl::RunStep(Step&& step) {
+  for (;;) {
+    try {
+      return step(OpenRecordset());
+    } catch (const core::Failure& failure) {
+      if (failure.Number() != data::failure_number::kRowChanged || !decideConflict_) throw;
+    }
+    SettleConflict();
+  }
+}
+
+void DataControl::SettleConflict() {
+  const QPointer<DataControl> self = this;
+  const Conflict decision = decideConflict_();
+  if (self.isNull() || !IsEditPending()) throw data::Cancelled();
+  if (decision == Conflict::kTakeOther) recordset_->CancelUpdate();
+  recordset_->Resync();
+  if (decision == Conflict::kTakeOther) throw data::Cancelled();
+}
+
+template <class Step>
 void DataControl::MoveAndTake(Step&& step) {
   const std::optional<data::Bookmark> before = CurrentBookmark();
   const bool wasPending = IsEditPending();
@@ -132,15 +160,18 @@ void DataControl::MoveAndTake(Step&& step) {
     if (wasPending || CurrentBookmark() != before) TakeRow();
     if (wasPending && !IsEditPending()) Q_EMIT Written();
   };
+  const QPointer<DataControl> self = this;
   try {
-    step(OpenRecordset());
-  } catch (const std::exception&) {
-    isEditRefused_ = IsEditPending();
+    RunStep(step);
+  } catch (const std::exception& failure) {
+    // The question of a conflict lets events through, and with them the end of the window.
+    if (self.isNull()) throw;
+    refusal_ = IsEditPending() ? failure.what() : "";
     // The write may have gone well, and only the move after it not.
-    if (!isEditRefused_) tell();
+    if (!IsEditPending()) tell();
     throw;
   }
-  isEditRefused_ = false;
+  refusal_.clear();
   tell();
 }
 
@@ -153,13 +184,13 @@ void DataControl::AddNew(const FieldValues& defaults) {
   data::RecordSet& rows = OpenRecordset();
   rows.AddNew();
   for (const auto& [field, value] : defaults) rows.SetFieldValue(field, value);
-  isEditRefused_ = false;
+  refusal_.clear();
   TakeRow();
 }
 
 void DataControl::SetFieldValue(const std::string& field, const data::Value& value) {
   OpenRecordset().SetFieldValue(field, value);
-  isEditRefused_ = false;
+  refusal_.clear();
 }
 
 void DataControl::Delete() {
@@ -171,7 +202,7 @@ void DataControl::Delete() {
   rows.Delete();
   rows.MoveNext();
   if (rows.IsEof() && !rows.IsBof()) rows.MoveLast();
-  isEditRefused_ = false;
+  refusal_.clear();
   TakeRow();
   Q_EMIT Written();
 }
@@ -183,7 +214,7 @@ void DataControl::UpdateBatch() {
 void DataControl::CancelUpdate() {
   if (!IsEditPending()) return;
   recordset_->CancelUpdate();
-  isEditRefused_ = false;
+  refusal_.clear();
   TakeRow();
 }
 

@@ -5,8 +5,9 @@
 // through it, and the bound controls that take the current row's values. Every change of the current row emits Moved
 // once, after the bound controls have changed, whether or not a value differs from the last one. With a lock that
 // allows it the current row can be edited; the edit is pending until UpdateBatch or a move writes it, and a refused
-// write keeps it. The arrow buttons report a failure as its description; the functions throw it. Owned by its window;
-// user-interface thread.
+// write keeps it. A row that was changed elsewhere since it was read is overwritten only if the window agrees. The
+// arrow buttons report a failure as its description; the functions throw it. Owned by its window; user-interface
+// thread.
 
 #pragma once
 
@@ -18,6 +19,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/deferred_failure.h"
 #include "core/msg_box.h"
 #include "data/connection.h"
 #include "data/record_set.h"
@@ -78,12 +80,21 @@ class DataControl : public QFrame {
   /// Drops what is pending; the bound controls take the row as it was.
   void CancelUpdate();
   [[nodiscard]] bool IsEditPending() const { return recordset_ != nullptr && recordset_->IsEditPending(); }
-  /// Whether a write of the pending edit, just as it is, has failed already.
-  [[nodiscard]] bool IsEditRefused() const { return isEditRefused_ && IsEditPending(); }
+  /// Whether a write of the pending edit, just as it is, has failed already, and with what description.
+  [[nodiscard]] bool IsEditRefused() const { return !refusal_.empty() && IsEditPending(); }
+  [[nodiscard]] std::string Refusal() const { return IsEditPending() ? refusal_ : std::string(); }
   /// Where the current row is, such as "37 of 338"; empty without one and for a new row. Counts the rows.
   [[nodiscard]] QString PositionText() const;
+  /// What becomes of a pending edit whose row was changed elsewhere: it is written all the same, or dropped for the row
+  /// as it is now. Then nothing follows the write, and the failure that is thrown needs no report.
+  enum class Conflict { kOverwrite, kTakeOther };
+  /// `decide` may show a message box. Without it such a write is refused.
+  void OnConflict(std::function<Conflict()> decide) { decideConflict_ = std::move(decide); }
   /// Nothing for a new row and without a current row.
   [[nodiscard]] std::optional<data::Bookmark> CurrentBookmark() const;
+
+  /// Shows a pending failure's description, unless the user has decided against the operation.
+  static void Report(core::DeferredFailure& failure, core::MsgBox& msgBox);
 
   using Move = void (DataControl::*)();
   /// One of the moves above, as the arrow buttons make it: a failure is shown as its description.
@@ -122,7 +133,11 @@ class DataControl : public QFrame {
   /// Runs a step that may write what is pending and take another row, and tells the bound controls what it came to.
   template <class Step>
   void MoveAndTake(Step&& step);
-  /// The same where there is a row to leave.
+  /// Runs the step as often as it meets a conflict that is decided for the pending edit.
+  template <class Step>
+  void RunStep(Step&& step);
+  void SettleConflict();
+  /// The same as MoveAndTake where there is a row to leave.
   void Walk(void (*step)(data::RecordSet&));
 
   core::MsgBox& msgBox_;
@@ -132,7 +147,8 @@ class DataControl : public QFrame {
   std::unique_ptr<data::RecordSet> recordset_;
   std::vector<Binding> bindings_;
   data::LockType lockType_ = data::LockType::kOptimistic;
-  bool isEditRefused_ = false;
+  std::function<Conflict()> decideConflict_;
+  std::string refusal_;
   int quiet_ = 0;
   QLabel* caption_;
 };

@@ -53,8 +53,21 @@ void FieldBinding::Start() {
   data_.Bind(field_, [this](const data::Value& value) { TakeValue(value); });
 }
 
+QString FieldBinding::Shorten(const std::string& content) {
+  // A character has four bytes at most, so nothing that is shown is cut off before it is decoded.
+  constexpr std::size_t kMostBytes = 4;
+  const auto longest = static_cast<std::size_t>(longestShown_);
+  const bool isLong = content.size() / kMostBytes > longest;
+  QString text = QString::fromStdString(isLong ? content.substr(0, longest * kMostBytes) : content);
+  isShortened_ = isLong || text.size() > longestShown_;
+  if (text.size() <= longestShown_) return text;
+  text.truncate(longestShown_);
+  if (text.back().isHighSurrogate()) text.chop(1);
+  return text;
+}
+
 void FieldBinding::TakeValue(const data::Value& value) {
-  const QString text = QString::fromStdString(value.TextOr({}));
+  const QString text = Shorten(value.TextOr({}));
   const QString before = shown_;
   // A box that shows the value already keeps its cursor and what can be undone in it.
   const bool showsIt = Text() == text || (value == taken_ && Text() == takenText_);

@@ -12,6 +12,7 @@
 #include <QObject>
 #include <QString>
 #include <functional>
+#include <limits>
 #include <string>
 
 #include "core/msg_box.h"
@@ -38,6 +39,13 @@ class FieldBinding : public QObject {
   [[nodiscard]] QString Text() const { return readBox_(); }
   /// As if typed, but a failure is thrown.
   void SetText(const QString& text);
+  /// Whether the text differs from the row's content, as the box shows it.
+  [[nodiscard]] bool IsChanged() const { return Text() != takenText_; }
+
+  /// The box shows only that many UTF-16 units of a content, because laying out a text takes time.
+  void SetLongestShown(qsizetype length) { longestShown_ = length; }
+  /// Whether the row holds more than the box shows. Writing the text replaces all of it.
+  [[nodiscard]] bool IsShortened() const { return isShortened_; }
 
  Q_SIGNALS:
   /// `before` is the text that was there.
@@ -47,6 +55,8 @@ class FieldBinding : public QObject {
 
  private:
   void Start();
+  /// What the box shows of a content.
+  QString Shorten(const std::string& content);
   void TakeValue(const data::Value& value);
   void TakeTyped();
   void Write(const QString& text);
@@ -60,6 +70,8 @@ class FieldBinding : public QObject {
   data::Value taken_;
   QString takenText_;
   QString shown_;
+  qsizetype longestShown_ = std::numeric_limits<qsizetype>::max();
+  bool isShortened_ = false;
   bool isWritingBox_ = false;
 };
 

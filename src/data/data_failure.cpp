@@ -41,6 +41,14 @@ Failure InvalidBookmark() {
 Failure RowVanished() {
   return {number::kRowVanished, "The record cannot be found any more. It may have been deleted since it was read."};
 }
+Failure RowChanged() {
+  return {number::kRowChanged, "The record was not saved, because it has been changed elsewhere since it was read."};
+}
+Failure Cancelled() { return {number::kCancelled, "The operation was cancelled."}; }
+Failure NumbersUsedUp(const std::string& path) {
+  return Unspecified("No new record can be saved in '" + path +
+                     "', because the highest possible record number is in use.");
+}
 Failure NoTransaction() { return {number::kNoTransaction, "No transaction is active."}; }
 Failure TransactionActive() {
   return {number::kTransactionActive, "Only one transaction can be active on a connection."};

@@ -27,12 +27,14 @@ inline constexpr std::int32_t kClosed = 3704;
 inline constexpr std::int32_t kAlreadyOpen = 3705;
 inline constexpr std::int32_t kUnknownProvider = 3706;
 inline constexpr std::int32_t kInvalidConnection = 3709;
+inline constexpr std::int32_t kCancelled = 3712;
 inline constexpr std::int32_t kUnspecified = -2147467259;
 inline constexpr std::int32_t kInvalidBookmark = -2147217906;
 inline constexpr std::int32_t kUnknownField = -2147217904;
 inline constexpr std::int32_t kSyntax = -2147217900;
 inline constexpr std::int32_t kUnknownTable = -2147217865;
 inline constexpr std::int32_t kRowVanished = -2147217864;
+inline constexpr std::int32_t kRowChanged = -2147217863;
 inline constexpr std::int32_t kNotAuthorised = -2147217843;
 inline constexpr std::int32_t kNoTransaction = -2147168242;
 inline constexpr std::int32_t kTransactionActive = -2147168237;
@@ -51,6 +53,12 @@ core::Failure UnknownProvider();
 core::Failure InvalidConnection();
 core::Failure InvalidBookmark();
 core::Failure RowVanished();
+/// Another connection has changed the row since it was read.
+core::Failure RowChanged();
+/// The user has decided against the operation; there is nothing to report.
+core::Failure Cancelled();
+/// The engine has no number left to give to a new row.
+core::Failure NumbersUsedUp(const std::string& path);
 core::Failure NoTransaction();
 core::Failure TransactionActive();
 core::Failure SyntaxError(const std::string& words);

@@ -7,6 +7,7 @@
 #include <sqlite3.h>
 
 #include <atomic>
+#include <limits>
 #include <type_traits>
 
 #include "data/connection.h"
@@ -112,7 +113,21 @@ void Engine::Query(const std::string& sql, std::span<const Value> bindings,
     for (std::size_t i = 0; i < bindings.size(); ++i) BindInPlace(statement, static_cast<int>(i) + 1, bindings[i]);
     while (statement.executeStep()) onRow(statement);
   } catch (const SQLite::Exception& exception) {
+    if (exception.getErrorCode() == SQLITE_FULL && AreNumbersUsedUp()) throw NumbersUsedUp(path_);
     throw FromEngine(exception, path_);
+  }
+}
+
+bool Engine::AreNumbersUsedUp() {
+  try {
+    SQLite::Statement numbers(*database_,
+                              "SELECT 1 FROM sqlite_sequence WHERE seq = ?1 UNION ALL "
+                              "SELECT 1 FROM Scales WHERE _rowid_ = ?1");
+    numbers.bind(1, std::numeric_limits<std::int64_t>::max());
+    return numbers.executeStep();
+  } catch (const SQLite::Exception&) {
+    // A file without such a table, or one that cannot be read: not this cause.
+    return false;
   }
 }
 

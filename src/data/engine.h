@@ -64,6 +64,8 @@ class Engine {
   void OpenFile(bool readOnly, const std::function<void(std::int64_t rows)>& whileReading);
   void OpenDatabase(bool readOnly, const std::function<void(std::int64_t rows)>& whileReading);
   SQLite::Statement& Prepared(const std::string& sql);
+  /// Whether a table has given its highest number. The engine reports that as a full disk.
+  bool AreNumbersUsedUp();
 
   std::string path_;
   std::unique_ptr<SQLite::Database> database_;

@@ -7,7 +7,8 @@
 // cannot. Counting is done when asked for. One edit at a time is pending, on the current row: leaving the row, by any
 // move, saves it, and a refused save throws, keeps the edit and stays there. Deletes take effect at once, whatever the
 // lock. Keeps its connection; closed with it. One thread. Fails by throwing core::Failure: 3704 when closed, 3021
-// without a current record, 3265 for an unknown field, 3251 for what the lock or cursor does not allow.
+// without a current record, 3265 for an unknown field, 3251 for what the lock or cursor does not allow,
+// and -2147217863 for saving a row that another connection has changed since it was read.
 
 #pragma once
 
@@ -100,6 +101,9 @@ class RecordSet {
   void UpdateBatch();
   /// Drops the pending edit; a new row's place is taken by the row that was current before it.
   void CancelUpdate();
+  /// Reads the current row again and keeps the pending edit, which from now on is an edit of that content. Throws 3021
+  /// without a row in the database, -2147217864 when it is gone.
+  void Resync();
   [[nodiscard]] bool IsEditPending() const { return isNew_ || !pending_.empty(); }
 
  private:
@@ -118,6 +122,7 @@ class RecordSet {
   void WritePending();
   void Insert();
   void Change();
+  void RequireUnchanged();
   void NoteOwnChange();
 
   std::shared_ptr<Connection> connection_;

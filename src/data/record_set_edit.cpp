@@ -92,6 +92,15 @@ void RecordSet::CancelUpdate() {
   pending_.clear();
 }
 
+void RecordSet::Resync() {
+  RequireOpen();
+  if (isNew_ || place_ != Place::kRow) throw NoCurrentRecord();
+  rows_->Forget();
+  RowPointer row = rows_->At(row_->key);
+  if (row == nullptr) throw RowVanished();
+  row_ = std::move(row);
+}
+
 void RecordSet::Update() {
   RequireUpdatable();
   if (IsEditPending() && lockType_ != LockType::kBatchOptimistic) WritePending();
@@ -139,6 +148,14 @@ void RecordSet::Insert() {
   StandOn(row != nullptr ? std::move(row) : RowPointer(std::move(fallback)), std::nullopt, Place::kEmpty);
 }
 
+// What another connection has saved meanwhile is not overwritten unasked. A row that the filter leaves out cannot be
+// compared.
+void RecordSet::RequireUnchanged() {
+  rows_->Forget();
+  const RowPointer now = rows_->At(row_->key);
+  if (now != nullptr && now->values != row_->values) throw RowChanged();
+}
+
 void RecordSet::Change() {
   Engine& engine = OpenEngine();
   const Selection::Walk& walk = *selection_->walk;
@@ -146,6 +163,7 @@ void RecordSet::Change() {
   set.values.emplace_back(row_->key);
   WriteGuard guard(engine);
   RequireRow(engine, walk, row_->key);
+  RequireUnchanged();
   RequireFreeName(engine, walk.source, set.names, set.values, row_->key);
   engine.Execute(UpdateStatement(walk, set.names), set.values);
   guard.Commit();

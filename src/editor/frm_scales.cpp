@@ -40,6 +40,7 @@ frmScales::frmScales(const EditorServices& services, QWidget* parent)
   ApplyInk(c_, palette());
   OpenRecords();
   WireFields();
+  WireLimits();
   WireHandlers();
   AddShortcuts();
   Form_Load();
@@ -92,6 +93,7 @@ void frmScales::WireHandlers() {
   press(c_.cmdClose, &frmScales::cmdClose_Click);
   connect(c_.Combo1, &QComboBox::activated, this, &frmScales::Combo1_Click);
   connect(c_.txtIntervals, &QLineEdit::textEdited, this, &frmScales::txtIntervals_Typed);
+  c_.datPrimaryRS->OnConflict([this] { return DecideConflict(); });
   connect(c_.datPrimaryRS, &controls::DataControl::Moved, this, &frmScales::TakeMove);
   connect(c_.datPrimaryRS, &controls::DataControl::Written, this, [this] { services_.host.EditUpdates(); });
 }
@@ -168,11 +170,13 @@ bool frmScales::eventFilter(QObject* watched, QEvent* event) {
 void frmScales::TakeMove() {
   const std::optional<data::Bookmark> current = c_.datPrimaryRS->CurrentBookmark();
   if (current != shown_) {
+    // Two records may have the same pattern, and no field changes then that would show it.
+    ShowRecordNotes();
     history_.Clear();
     areNotesTakenBack_ = false;
-    isHeldBack_ = false;
-    saved_.clear();
+    news_.clear();
   }
+  limit_.clear();
   shown_ = current;
   c_.Combo1->Show(Field(field::kScaleTypeId).Text());
   EnableFields();
@@ -180,7 +184,10 @@ void frmScales::TakeMove() {
 }
 
 void frmScales::TakeTyped(int index, const QString& before) {
-  isHeldBack_ = false;
+  news_.clear();
+  limit_ = Field(index).binding->IsShortened()
+               ? tr("The library holds more of this text than is shown. Saving replaces all of it.")
+               : QString();
   if (!isUndoing_) history_.AddField(index, before, Field(index).Text());
 }
 
@@ -194,6 +201,11 @@ void frmScales::txtFields_Change(int index) {
 void frmScales::ShowPattern() {
   c_.txtIntervals->setText(Field(field::kIntervals).Text());
   ShowTonesForIntervals();
+}
+
+void frmScales::ShowRecordNotes() {
+  UpdateNotes();
+  ShowPattern();
 }
 
 NoteSelection frmScales::SelectedNotes() const {
@@ -265,6 +277,7 @@ void frmScales::ScaleLabelClick(const std::string& LabelName) {
     if (note->objectName().toStdString() == LabelName) note->SetColours(Toggled(note->Colours()));
   }
   if (SelectedNotes() == before) return;
+  news_.clear();
   areNotesChosen_ = true;
   areNotesTakenBack_ = false;
   history_.AddNotes(QString::fromStdString(before.to_string()), QString::fromStdString(SelectedNotes().to_string()));
@@ -290,45 +303,28 @@ void frmScales::EnableFields() {
 }
 
 bool frmScales::SetAllControls(bool& pIsModified) {
-  for (NoteButton* const note : c_.keyboard->Notes()) note->setEnabled(pIsModified);
+  const bool isModified = pIsModified;
+  for (NoteButton* const note : c_.keyboard->Notes()) note->setEnabled(isModified);
   EnableFields();
   Field(field::kScaleId).box->setEnabled(false);
   c_.chkFields->hide();
   Field(field::kIntervals).box->hide();
-  c_.txtScaleType->setVisible(!pIsModified);
-  c_.Combo1->setVisible(pIsModified);
-  c_.cmdApply->setEnabled(pIsModified);
-  c_.picButtons->setVisible(pIsModified);
-  c_.picButtons->setEnabled(pIsModified);
+  c_.txtScaleType->setVisible(!isModified);
+  c_.Combo1->setVisible(isModified);
+  c_.cmdApply->setEnabled(isModified);
+  c_.picButtons->setVisible(isModified);
+  c_.picButtons->setEnabled(isModified);
+  const std::string told = c_.datPrimaryRS->Refusal();
+  const QPointer<frmScales> self = this;
+  core::MsgBox& msgBox = services_.msgBox;
   core::DeferredFailure failure;
-  // What was refused just as it stands is not tried, and told, a second time.
-  if (!isHeldBack_ && !c_.datPrimaryRS->IsEditRefused()) failure.Try([this] { c_.datPrimaryRS->UpdateBatch(); });
+  failure.Try([this] { c_.datPrimaryRS->UpdateBatch(); });
+  if (self.isNull()) return isModified;
   ShowNotice();
-  failure.ReportDescription(services_.msgBox);
-  return pIsModified;
-}
-
-void frmScales::ShowNotice() {
-  const QString text = NoticeText();
-  if (text == c_.lblNotice->text()) return;
-  c_.lblNotice->setText(text);
-  if (text.isEmpty()) return;
-  QAccessibleEvent alert(c_.lblNotice, QAccessible::Alert);
-  QAccessible::updateAccessibility(&alert);
-}
-
-QString frmScales::NoticeText() {
-  const std::string built = editor::ScaleIntervalBuild(SelectedNotes());
-  if (ModifyMode && areNotesChosen_ && built.empty()) return tr("No note is selected.");
-  if (ModifyMode && areNotesChosen_ && built != Pattern()) {
-    return tr("Apply saves %1: %2")
-        .arg(QString::fromStdString(built), QString::fromStdString(StepWordsText(built)).trimmed());
-  }
-  if (areNotesTakenBack_) return tr("Back to the saved notes. Ctrl+Z on a note brings yours back.");
-  if (!ModifyMode && SelectedNotes() != RecordNotes())
-    return tr("Not kept. The scale still is %1.").arg(Field(field::kIntervals).Text());
-  if (c_.datPrimaryRS->IsEditPending()) return tr("Not saved yet.");
-  return saved_.isEmpty() ? QString() : tr("Saved: %1").arg(saved_);
+  // What was told about the edit, just as it is, is not told a second time.
+  if (failure.Pending() && failure.Pending()->Description() == told) failure.Clear();
+  controls::DataControl::Report(failure, msgBox);
+  return isModified;
 }
 
 }  // namespace tonalith::editor

@@ -4,7 +4,8 @@
 // The scale editor. It shows one scale record at a time, opens read-only, and lets its fields be changed and its
 // pattern be chosen with twelve note buttons between Modify and Apply. What is typed goes into the record's pending
 // edit at once; Update, Apply and moving to another record write it. A refused write is told once and leaves everything
-// in the form. Closing with something pending asks whether to keep it. Deletes itself when closed; the services have to
+// in the form. Changes that Apply does not keep or Refresh would drop are set aside; Modify and undoing bring them
+// back. Closing with something unsaved asks whether to keep it. Deletes itself when closed; the services have to
 // outlive it; user-interface thread.
 
 #pragma once
@@ -19,6 +20,7 @@
 #include "editor/scale_editing.h"
 #include "editor/scale_editor.h"
 #include "editor/scales_controls.h"
+#include "editor/set_aside.h"
 
 namespace tonalith::editor {
 
@@ -57,6 +59,8 @@ class frmScales : public QWidget {
   [[nodiscard]] const ScalesControls& Controls() const { return c_; }
   [[nodiscard]] bool IsInModifyMode() const { return ModifyMode; }
   [[nodiscard]] NoteSelection SelectedNotes() const;
+  /// The changes that undoing would bring back next; nothing where there are none.
+  [[nodiscard]] const ChangesOfRecord* LatestSetAside() const { return setAside_.Latest(); }
   [[nodiscard]] bool IsUnloaded() const { return isUnloaded_; }
   /// Whether a command runs; nothing but its questions takes a user's input then.
   [[nodiscard]] bool IsRunning() const { return isRunning_; }
@@ -73,6 +77,7 @@ class frmScales : public QWidget {
   void OpenRecords();
   void WireHandlers();
   void WireFields();
+  void WireLimits();
   void AddShortcuts();
   void ApplyTheme();
   void TakeMove();
@@ -84,7 +89,9 @@ class frmScales : public QWidget {
   [[nodiscard]] NoteSelection RecordNotes();
   void SetSelection(const NoteSelection& notes);
   void ShowPattern();
+  void ShowRecordNotes();
   void EnableFields();
+  void EnterModify();
   /// Whether notes were chosen that only Apply would write.
   [[nodiscard]] bool HasUnsavedNotes() const;
   [[nodiscard]] bool HasUnsavedChanges() const;
@@ -97,7 +104,22 @@ class frmScales : public QWidget {
   /// The answer to the question of closing: whether the form may go.
   bool SettleChanges();
   void ShowNotice();
+  void ShowLimit(const QString& text);
   [[nodiscard]] QString NoticeText();
+  [[nodiscard]] QString ChosenNotesText() const;
+  [[nodiscard]] static QString ViewingHint();
+
+  [[nodiscard]] ChangesOfRecord Changes() const;
+  /// Takes what is not saved off the form; false where there is nothing. `isWanted` unless the user has decided against
+  /// it: closing the form asks what is to become of it.
+  bool SetChangesAside(bool isWanted);
+  /// Pending again, on their record. A failure is shown and keeps them set aside.
+  void BringBack(const ChangesOfRecord& changes);
+  void TypeAgain(const ChangesOfRecord& changes);
+  bool StandOn(data::Bookmark record);
+  void ShowWhatIsWanted();
+  controls::DataControl::Conflict DecideConflict();
+  [[nodiscard]] bool AsksToKeep();
 
   /// Runs a command unless one is running, and shows the failure that it leaves. False when it did not run to its end.
   bool RunAlone(const std::function<void()>& command);
@@ -111,15 +133,15 @@ class frmScales : public QWidget {
   bool areNotesChosen_ = false;
   bool areNotesTakenBack_ = false;
   bool showsOnlySelected_ = false;
-  /// What is pending was not to be saved; only an explicit step or another edit lets it be saved.
-  bool isHeldBack_ = false;
   bool isUndoing_ = false;
   bool isRunning_ = false;
   bool isUnloaded_ = false;
   std::optional<data::Bookmark> shown_;
   QString newSort_;
-  /// The name of the scale that Apply has just saved.
-  QString saved_;
+  SetAside setAside_;
+  /// What has just happened, and what a box has just refused; each goes with the next change.
+  QString news_;
+  QString limit_;
 };
 
 }  // namespace tonalith::editor

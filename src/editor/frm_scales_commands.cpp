@@ -12,8 +12,6 @@
 namespace tonalith::editor {
 namespace {
 
-constexpr const char* kKeepQuestion =
-    QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Are you sure you want to keep these changes?");
 constexpr const char* kDeleteQuestion =
     QT_TRANSLATE_NOOP("tonalith::editor::frmScales",
                       "Are you sure you want to delete this record? You will not be able to undo the deletion!");
@@ -24,31 +22,6 @@ constexpr auto kConfirmDeletion = static_cast<core::MsgBoxStyle>(276);
 constexpr const char* kNewStartNote = "C";
 constexpr const char* kNewIntervals = "2212221";
 
-/// Has the box that has the focus take back its last typing; false where it cannot.
-bool UndoInBox(QWidget* box) {
-  auto* const line = qobject_cast<QLineEdit*>(box);
-  auto* const text = qobject_cast<QPlainTextEdit*>(box);
-  if (line != nullptr && line->isUndoAvailable()) {
-    line->undo();
-    return true;
-  }
-  if (text == nullptr || !text->document()->isUndoAvailable()) return false;
-  text->undo();
-  return true;
-}
-
-bool RedoInBox(QWidget* box) {
-  auto* const line = qobject_cast<QLineEdit*>(box);
-  auto* const text = qobject_cast<QPlainTextEdit*>(box);
-  if (line != nullptr && line->isRedoAvailable()) {
-    line->redo();
-    return true;
-  }
-  if (text == nullptr || !text->document()->isRedoAvailable()) return false;
-  text->redo();
-  return true;
-}
-
 }  // namespace
 
 bool frmScales::RunAlone(const std::function<void()>& command) {
@@ -57,21 +30,20 @@ bool frmScales::RunAlone(const std::function<void()>& command) {
   const QPointer<frmScales> self = this;
   core::MsgBox& msgBox = services_.msgBox;
   core::DeferredFailure failure;
+  limit_.clear();
   const bool isDone = failure.Try(command);
-  failure.ReportDescription(msgBox);
+  controls::DataControl::Report(failure, msgBox);
   if (self.isNull()) return false;
   isRunning_ = false;
   ShowNotice();
   return isDone;
 }
 
-void frmScales::cmdModify_Click() {
-  if (isRunning_) return;
+void frmScales::EnterModify() {
   c_.picButtons->setEnabled(true);
-  UpdateNotes();
+  ShowRecordNotes();
   areNotesTakenBack_ = false;
-  saved_.clear();
-  ShowPattern();
+  news_.clear();
   ScaleImageModify();
   // Modify never leaves the mode: pressed again, it enters it again.
   if (ModifyMode) ModifyMode = false;
@@ -86,10 +58,18 @@ void frmScales::cmdModify_Click() {
   }
 }
 
+void frmScales::cmdModify_Click() {
+  if (isRunning_) return;
+  const bool wasPending = c_.datPrimaryRS->IsEditPending();
+  const QPointer<frmScales> self = this;
+  EnterModify();
+  if (self.isNull() || wasPending) return;
+  if (const auto changes = setAside_.TakeAt(c_.datPrimaryRS->CurrentBookmark())) BringBack(*changes);
+}
+
 bool frmScales::KeepNotes() {
   const bool hasNotes = SelectedNotes().any();
   if (core::CharacterCount(Pattern()) <= 1 || !hasNotes) {
-    isHeldBack_ = true;
     services_.msgBox.Show(tr("A scale or chord requires more than one note.").toStdString(),
                           core::MsgBoxStyle::kInformation);
     return false;
@@ -98,7 +78,6 @@ bool frmScales::KeepNotes() {
   Field(field::kIntervals).box->setEnabled(true);
   Field(field::kIntervals).SetText(c_.txtIntervals->text());
   Field(field::kIntervals).box->setEnabled(false);
-  isHeldBack_ = false;
   c_.datPrimaryRS->UpdateBatch();
   return true;
 }
@@ -109,16 +88,18 @@ void frmScales::cmdApply_Click() {
   RunAlone([&] {
     ScaleImageSelect();
     ScaleIntervalBuild();
-    const auto answer = services_.msgBox.Show(tr(kKeepQuestion).toStdString(), core::MsgBoxStyle::kOkCancel);
+    const bool isKept = AsksToKeep();
     if (self.isNull()) return;
-    if (answer == core::MsgBoxAnswer::kOk) {
-      const QString name = Field(field::kName).Text();
-      if (!KeepNotes()) return;
+    if (!isKept) {
+      if (SetChangesAside(false)) news_ = tr("Not kept. Modify (F2) brings your changes back.");
+      return;
+    }
+    const QString name = Field(field::kName).Text();
+    if (KeepNotes()) {
       c_.datPrimaryRS->MoveFirst();
-      saved_ = name;
-    } else {
-      areNotesChosen_ = false;
-      c_.datPrimaryRS->CancelUpdate();
+      news_ = tr("Saved: %1").arg(name) + QStringLiteral(". ") + ViewingHint();
+    } else if (!self.isNull() && SetChangesAside(true)) {
+      news_ = tr("Not saved. Modify (F2) brings your changes back.");
     }
   });
   if (self.isNull()) return;
@@ -157,7 +138,6 @@ void frmScales::cmdUpdate_Click() {
   RunAlone([this] {
     const NoteSelection chosen = SelectedNotes();
     const bool areChosen = areNotesChosen_;
-    isHeldBack_ = false;
     c_.datPrimaryRS->UpdateBatch();
     // Saving fills in the new record's number, which sets the buttons; notes that wait for Apply go on waiting.
     if (!areChosen) return;
@@ -168,13 +148,17 @@ void frmScales::cmdUpdate_Click() {
 }
 
 void frmScales::cmdRefresh_Click() {
+  if (isRunning_) return;
+  const bool areChangesAffected = SetChangesAside(true);
+  const QPointer<frmScales> self = this;
   RunAlone([this] {
-    c_.datPrimaryRS->UpdateBatch();
-    const std::optional<data::Bookmark> current = c_.datPrimaryRS->CurrentBookmark();
     c_.datPrimaryRS->Refresh();
-    if (current) c_.datPrimaryRS->SetBookmarkIfThere(*current);
+    ShowRecordNotes();
     LoadTypes();
   });
+  if (self.isNull() || !areChangesAffected) return;
+  news_ = tr("The library was read again. Ctrl+Z brings your changes back.");
+  ShowNotice();
 }
 
 void frmScales::cmdDelete_Click() {
@@ -191,7 +175,7 @@ void frmScales::Combo1_Click(int item) {
     const TextField& type = Field(field::kScaleTypeId);
     const QString before = type.Text();
     SetScaleType(c_.Combo1->NumberAt(item));
-    isHeldBack_ = false;
+    news_.clear();
     if (type.Text() != before) history_.AddField(field::kScaleTypeId, before, type.Text());
   });
 }
@@ -210,62 +194,14 @@ void frmScales::txtIntervals_Typed(const QString& text) {
   const NoteSelection typed = NotesOfTyped(text.toStdString());
   SetSelection(typed);
   c_.txtScaleIntervalTones->setText(QString::fromStdString(StepWordsText(text.toStdString())));
+  news_.clear();
+  limit_.clear();
   areNotesChosen_ = true;
   areNotesTakenBack_ = false;
   if (typed != before) {
     history_.AddNotes(QString::fromStdString(before.to_string()), QString::fromStdString(typed.to_string()));
   }
   ShowNotice();
-}
-
-void frmScales::ApplyStep(int subject, const QString& content) {
-  const bool wasUndoing = std::exchange(isUndoing_, true);
-  RunAlone([&] {
-    isHeldBack_ = false;
-    if (subject == field::kScaleTypeId) return SetScaleType(content);
-    if (subject != EditHistory::kNotes) return Field(subject).SetText(content);
-    SetSelection(NoteSelection(content.toStdString()));
-    areNotesTakenBack_ = false;
-    areNotesChosen_ = SelectedNotes() != RecordNotes();
-  });
-  isUndoing_ = wasUndoing;
-}
-
-void frmScales::UndoChange() {
-  if (!ModifyMode || isRunning_ || UndoInBox(focusWidget())) return;
-  if (const auto step = history_.Undo()) ApplyStep(step->subject, step->before);
-}
-
-void frmScales::RedoChange() {
-  if (!ModifyMode || isRunning_ || RedoInBox(focusWidget())) return;
-  if (const auto step = history_.Redo()) ApplyStep(step->subject, step->after);
-}
-
-bool frmScales::HasUnsavedNotes() const {
-  return ModifyMode && areNotesChosen_ && editor::ScaleIntervalBuild(SelectedNotes()) != Pattern();
-}
-
-bool frmScales::HasUnsavedChanges() const { return c_.datPrimaryRS->IsEditPending() || HasUnsavedNotes(); }
-
-bool frmScales::SettleChanges() {
-  if (isUnloaded_ || !HasUnsavedChanges()) return true;
-  const QPointer<frmScales> self = this;
-  bool isSettled = false;
-  RunAlone([&] {
-    const auto answer = services_.msgBox.Show(tr(kKeepQuestion).toStdString(), core::MsgBoxStyle::kOkCancel);
-    if (self.isNull()) return;
-    if (answer != core::MsgBoxAnswer::kOk) {
-      areNotesChosen_ = false;
-      c_.datPrimaryRS->CancelUpdate();
-    } else if (!HasUnsavedNotes()) {
-      c_.datPrimaryRS->UpdateBatch();
-    } else {
-      ScaleIntervalBuild();
-      if (!KeepNotes()) return;
-    }
-    isSettled = true;
-  });
-  return isSettled && !self.isNull();
 }
 
 }  // namespace tonalith::editor

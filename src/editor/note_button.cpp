@@ -38,6 +38,12 @@ NoteButton::NoteButton(core::NoteNumber number, QWidget* parent) : QCheckBox(par
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_Hover);
   setFixedSize(kKeySize);
+  // Assistive technology may check the box instead of pressing it.
+  connect(this, &QAbstractButton::toggled, this, [this](bool isNowChecked) {
+    if (isNowChecked == IsSelected(colours_)) return;
+    Q_EMIT clicked(isNowChecked);
+    setChecked(IsSelected(colours_));
+  });
 }
 
 QSize NoteButton::sizeHint() const { return kKeySize; }

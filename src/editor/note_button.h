@@ -3,8 +3,9 @@
 
 // One of the twelve note buttons, and the keyboard on which they lie like the keys of a piano. A button's two colours
 // are its state; it is painted in them, and a selected one also has a heavy frame and a tick, so that it can be told
-// without colour. To assistive technology it is a check box named after its note. A click is only announced: the form
-// decides what it means. Owned by the keyboard, which is owned by the form; user-interface thread.
+// without colour. To assistive technology it is a check box named after its note. A click is only announced, and
+// checking the box in another way announces a click: the form decides what it means. Owned by the keyboard, which is
+// owned by the form; user-interface thread.
 
 #pragma once
 

@@ -10,7 +10,9 @@
 #include "controls/field_panel.h"
 #include "controls/plain_label.h"
 #include "controls/theme.h"
+#include "core/field_limits.h"
 #include "editor/frm_scales.h"
+#include "editor/text_boxes.h"
 
 namespace tonalith::editor {
 namespace {
@@ -25,40 +27,39 @@ struct FieldDesign {
   const char* field;
   const char* caption;
   FieldBinding::Kind kind;
+  std::size_t longest;
 };
 
 constexpr auto kText = FieldBinding::Kind::kText;
 constexpr auto kNumber = FieldBinding::Kind::kNumber;
+/// A whole number of 64 bits with its sign.
+constexpr std::size_t kLongestNumber = 20;
 constexpr std::array<FieldDesign, kFieldCount> kFields = {{
-    {"ScaleID", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale ID:"), kNumber},
-    {"ScaleName", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale Name:"), kText},
-    {"ScaleDescription", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale Description:"), kText},
-    {"ScaleTypeID", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale Type ID:"), kNumber},
-    {"ScaleIntervals", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale Intervals:"), kText},
-    {"StartNote", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Start Note:"), kText},
-    {"Chord", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Chord:"), kNumber},
-    {"Sort", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Sort Order Number:"), kNumber},
+    {"ScaleID", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale ID:"), kNumber, kLongestNumber},
+    {"ScaleName", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale Name:"), kText, core::kLongestName},
+    {"ScaleDescription", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale Description:"), kText,
+     core::kLongestDescription},
+    {"ScaleTypeID", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale Type ID:"), kNumber, kLongestNumber},
+    {"ScaleIntervals", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Scale Intervals:"), kText,
+     core::kLongestPattern},
+    {"StartNote", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Start Note:"), kText, core::kLongestStartNote},
+    {"Chord", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Chord:"), kNumber, kLongestNumber},
+    {"Sort", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Sort Order Number:"), kNumber, kLongestNumber},
 }};
 
 /// What a control is called aloud: its label without the colon.
 QString SpokenName(const QString& caption) { return caption.chopped(caption.endsWith(QLatin1Char(':')) ? 1 : 0); }
 
-QLineEdit* MakeLine(const QString& name, const QString& caption, QWidget* form) {
-  auto* const line = new QLineEdit(form);
-  line->setObjectName(name);
-  line->setFrame(false);
+LineBox* MakeLine(const QString& name, const QString& caption, QWidget* form) {
+  auto* const line = new LineBox(name, form);
   line->setAccessibleName(SpokenName(caption));
   return line;
 }
 
-QPlainTextEdit* MakeMultiLine(const QString& name, const QString& caption, QWidget* form) {
-  auto* const text = new QPlainTextEdit(form);
-  text->setObjectName(name);
-  text->setFrameShape(QFrame::NoFrame);
-  text->setTabChangesFocus(true);
-  text->document()->setDocumentMargin(1);
-  text->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  text->setFixedHeight(text->fontMetrics().lineSpacing() * 3 + 4);
+TextBox* MakeMultiLine(const QString& name, const QString& caption, int longest, QWidget* form) {
+  // Room for the longest description that we ship.
+  constexpr int kLines = 4;
+  auto* const text = new TextBox(name, kLines, longest, form);
   text->setAccessibleName(SpokenName(caption));
   return text;
 }
@@ -68,13 +69,16 @@ void MakeField(ScalesControls& c, int index, QWidget* form, core::MsgBox& msgBox
   const QString caption = frmScales::tr(design.caption);
   const QString name = QStringLiteral("txtFields(%1)").arg(index);
   TextField& field = c.txtFields.at(static_cast<std::size_t>(index));
+  const auto longest = static_cast<int>(design.longest);
   if (index == field::kDescription) {
-    auto* const box = MakeMultiLine(name, caption, form);
-    field = {box, new FieldBinding(*c.datPrimaryRS, design.field, design.kind, msgBox, box)};
+    auto* const box = MakeMultiLine(name, caption, longest, form);
+    field = {box, new FieldBinding(*c.datPrimaryRS, design.field, design.kind, msgBox, box), longest};
   } else {
     auto* const box = MakeLine(name, caption, form);
-    field = {box, new FieldBinding(*c.datPrimaryRS, design.field, design.kind, msgBox, box)};
+    box->setMaxLength(longest);
+    field = {box, new FieldBinding(*c.datPrimaryRS, design.field, design.kind, msgBox, box), longest};
   }
+  field.binding->SetLongestShown(longest);
 }
 
 void MakeChordBox(ScalesControls& c, QWidget* form) {
@@ -112,14 +116,14 @@ void MakeUnboundControls(ScalesControls& c, QWidget* form) {
   c.txtScaleType = MakeLine(QStringLiteral("txtScaleType"), type, form);
   c.txtScaleType->setReadOnly(true);
   c.datPrimaryRS->Bind("ScaleTypeName", [box = c.txtScaleType](const data::Value& value) {
-    box->setText(QString::fromStdString(value.TextOr({})));
-    box->setCursorPosition(0);
+    box->setText(QString::fromStdString(value.TextOr({})).left(core::kLongestTypeName));
   });
   c.Combo1 = new TypeBox(QStringLiteral("Combo1"), form);
   c.Combo1->setAccessibleName(SpokenName(type));
   c.txtIntervals = MakeLine(QStringLiteral("txtIntervals"), frmScales::tr(kFields[field::kIntervals].caption), form);
   c.txtIntervals->setValidator(
       new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), c.txtIntervals));
+  c.txtIntervals->setMaxLength(static_cast<int>(core::kMostPatternDigits));
   c.lblLabels[field::kIntervals]->setBuddy(c.txtIntervals);
   c.txtScaleIntervalTones = MakeLine(QStringLiteral("txtScaleIntervalTones"), frmScales::tr("Scale Steps:"), form);
   c.txtScaleIntervalTones->setReadOnly(true);
@@ -213,7 +217,7 @@ QGridLayout* LayOutPattern(const ScalesControls& c, QWidget* form) {
   grid->addWidget(new FieldPanel(c.txtIntervals, form), 0, 1);
   grid->addWidget(lblSteps, 0, 2);
   grid->addWidget(new FieldPanel(c.txtScaleIntervalTones, form), 0, 3);
-  grid->addWidget(c.lblNotice, 1, 1, 1, 3);
+  grid->addWidget(c.lblNotice, 1, 0, 1, 4);
   return grid;
 }
 
@@ -282,9 +286,9 @@ ScalesControls MakeScalesControls(QWidget* form, core::MsgBox& msgBox) {
 
 void ApplyInk(const ScalesControls& c, const QPalette& palette) {
   QPalette boxes = palette;
-  // The panel around a box paints its ground; what cannot be edited can still be read.
+  // The panel around a box paints its ground and shows by it whether the box can be edited; the ink is the same.
   boxes.setColor(QPalette::Base, Qt::transparent);
-  boxes.setColor(QPalette::Disabled, QPalette::Text, controls::SecondaryInk(palette));
+  boxes.setColor(QPalette::Disabled, QPalette::Text, palette.color(QPalette::Active, QPalette::Text));
   boxes.setColor(QPalette::PlaceholderText, controls::SecondaryInk(palette));
   for (const TextField& field : c.txtFields) {
     if (field.box != nullptr) field.box->setPalette(boxes);

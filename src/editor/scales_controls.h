@@ -38,6 +38,8 @@ inline constexpr int kSort = 7;
 struct TextField {
   QWidget* box = nullptr;
   controls::FieldBinding* binding = nullptr;
+  /// What the box takes, in UTF-16 units.
+  int longest = 0;
 
   [[nodiscard]] QString Text() const { return binding->Text(); }
   void SetText(const QString& text) const { binding->SetText(text); }

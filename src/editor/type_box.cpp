@@ -9,6 +9,7 @@
 
 #include "controls/panel_painting.h"
 #include "controls/theme.h"
+#include "core/field_limits.h"
 
 namespace tonalith::editor {
 
@@ -24,7 +25,8 @@ TypeBox::TypeBox(const QString& name, QWidget* parent) : QComboBox(parent) {
 void TypeBox::SetTypes(const std::vector<ScaleType>& types) {
   const QString shown = currentIndex() < 0 ? QString() : NumberAt(currentIndex());
   clear();
-  for (const ScaleType& type : types) addItem(QString::fromStdString(type.name), QString::number(type.id));
+  for (const ScaleType& type : types)
+    addItem(QString::fromStdString(type.name).left(core::kLongestTypeName), QString::number(type.id));
   Show(shown);
 }
 

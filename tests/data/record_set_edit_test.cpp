@@ -77,6 +77,8 @@ TEST(RecordSetEdit, ChangesOnlyTheFieldsThatWereSet) {
   EditedScales scales(LockType::kOptimistic);
   scales->SetFieldValue("ScaleDescription", "Brighter.");
   RunRaw(scales.Path(), "UPDATE Scales SET StartNote = 'E' WHERE ScaleID = 1");
+  // Without it the change made elsewhere is a conflict.
+  scales->Resync();
   scales->Update();
   EXPECT_EQ(scales.InFile("SELECT StartNote FROM Scales WHERE ScaleID = 1"), "E");
 }

@@ -20,6 +20,8 @@
 
 namespace tonalith::editor {
 
+inline constexpr const char* kViewHint = "Modify (F2) to change this scale or add one, Escape to close.";
+inline constexpr const char* kEditHint = "Choose notes and press Apply (Ctrl+Enter). Add begins a new scale.";
 inline constexpr const char* kKeep = "Are you sure you want to keep these changes?\n";
 
 /// Records what was shown, and can do something while a box stands on the screen.

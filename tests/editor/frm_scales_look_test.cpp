@@ -4,11 +4,13 @@
 // What the form looks like, to the eye and to assistive technology.
 
 #include <QAccessible>
+#include <QAccessibleActionInterface>
 #include <QScopeGuard>
 #include <QTest>
 
 #include "controls/colours.h"
 #include "editor/editor_fixture.h"
+#include "editor/text_boxes.h"
 
 namespace tonalith::editor {
 namespace {
@@ -28,6 +30,72 @@ TEST_F(FormLook, NoteButtonsAreCheckBoxesNamedAfterTheirNote) {
   EXPECT_EQ(C().Note(1)->Tag(), "C#");
   C().Note(1)->SetTag(" ");
   EXPECT_EQ(C().Note(1)->Tag(), "C");
+}
+
+TEST_F(FormLook, TheToggleActionOfANoteButtonActsAsAClick) {
+  Open();
+  auto* const actions = QAccessible::queryAccessibleInterface(C().Note(1))->actionInterface();
+  actions->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_EQ(SelectedNotes(), "C D E F G A B") << "while the form is read-only";
+  EXPECT_FALSE(C().Note(1)->isChecked());
+  Press(C().cmdModify);
+  ASSERT_TRUE(actions->actionNames().contains(QAccessibleActionInterface::toggleAction()));
+  for (const auto& action : {QAccessibleActionInterface::toggleAction(), QAccessibleActionInterface::pressAction()}) {
+    for (const char* const notes : {"C C# D E F G A B", "C D E F G A B"}) {
+      actions->doAction(action);
+      // A press takes the time that a button is seen to be down.
+      EXPECT_TRUE(QTest::qWaitFor([&] { return SelectedNotes() == notes; })) << action.toStdString();
+      EXPECT_EQ(C().Note(1)->isChecked(), IsSelected(C().Note(1)->Colours()));
+    }
+  }
+  actions->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_EQ(Notice(), "Apply saves 11212221: S S T S T T T S");
+}
+
+TEST_F(FormLook, ALongNameAndTypeAreReadFromTheirBeginningAndEndInAnEllipsis) {
+  const std::string name = std::string(60, 'M') + " the end";
+  const std::string type = std::string(60, 'W') + " the end";
+  Execute("UPDATE Scales SET ScaleName = '" + name + "' WHERE ScaleID = 1;" +
+          "UPDATE ScaleTypes SET ScaleTypeName = '" + type + "' WHERE ScaleTypeID = 1");
+  Open();
+  for (const char* const box : {"txtFields(1)", "txtScaleType"}) {
+    const auto* const line = Form().findChild<LineBox*>(QLatin1String(box));
+    ASSERT_NE(line, nullptr) << box;
+    EXPECT_TRUE(line->IsElided()) << box;
+  }
+  Press(C().cmdModify);
+  const auto* const line = Form().findChild<LineBox*>(QStringLiteral("txtFields(1)"));
+  ASSERT_TRUE(line->hasFocus());
+  EXPECT_FALSE(line->IsElided()) << "what is typed into is shown as it is";
+  EXPECT_EQ(line->text().toStdString(), name);
+  C().cmdApply->setFocus();
+  EXPECT_TRUE(line->IsElided());
+}
+
+TEST_F(FormLook, AllFieldsAreWrittenInOneColour) {
+  Open();
+  const QRgb ink = C().txtScaleType->palette().color(QPalette::Active, QPalette::Text).rgb();
+  for (const bool isModifying : {false, true}) {
+    if (isModifying) Press(C().cmdModify);
+    for (const QWidget* const box : Form().findChildren<QWidget*>()) {
+      const bool isBox =
+          qobject_cast<const QLineEdit*>(box) != nullptr || qobject_cast<const QPlainTextEdit*>(box) != nullptr;
+      if (!isBox || !box->isVisible() || box->objectName() == QLatin1String("qt_spinbox_lineedit")) continue;
+      EXPECT_EQ(box->palette().color(QPalette::Text).rgb(), ink) << box->objectName().toStdString();
+    }
+  }
+}
+
+TEST_F(FormLook, TheDescriptionShowsWholeLinesOnly) {
+  std::string words;
+  for (int i = 0; i < 120; ++i) words += "word ";
+  Execute("UPDATE Scales SET ScaleDescription = '" + words + "' WHERE ScaleID = 1");
+  Open();
+  const auto* const box = static_cast<QPlainTextEdit*>(C().txtFields[2].box);
+  const qreal line = QFontMetricsF(box->font()).lineSpacing();
+  const qreal room = box->viewport()->height() - 2 * box->document()->documentMargin();
+  EXPECT_GE(room, 4 * line - 1);
+  EXPECT_LT(room, 4 * line + 1) << "no piece of the fifth line";
 }
 
 TEST_F(FormLook, EveryReachableControlHasAnAccessibleName) {

@@ -59,7 +59,7 @@ TEST_F(Undo, TakesBackToggledNotes) {
   EXPECT_EQ(SelectedNotes(), "C D E F G A");
   Key(C().Note(0), Qt::Key_Z);
   EXPECT_EQ(SelectedNotes(), "C D E F G A B");
-  EXPECT_EQ(Notice(), "");
+  EXPECT_EQ(Notice(), kEditHint);
   Key(C().Note(0), Qt::Key_Y);
   EXPECT_EQ(SelectedNotes(), "C D E F G A");
 }

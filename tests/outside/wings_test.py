@@ -15,6 +15,7 @@ from wings_session import WingsSession
 
 KEEP = "Are you sure you want to keep these changes?"
 DELETE = "Are you sure you want to delete this record?"
+WHAT_NEXT = "Modify (F2) to change this scale or add one, Escape to close."
 PATTERN_OF = "SELECT ScaleIntervals FROM Scales WHERE ScaleName = ?"
 NAMES = "SELECT ScaleName FROM ScalesQuery ORDER BY ScaleID"
 FERRYMAN = "Ferryman's Lament"
@@ -56,7 +57,7 @@ class Editor(Wings):
             self.session.click(self.session.find(editor, "check box", note))
 
     def wait_for_saved(self, editor, name, pattern):
-        self.session.find(editor, "label", f"Saved: {name}")
+        self.session.find(editor, "label", f"Saved: {name}. {WHAT_NEXT}")
         self.assertEqual(self.pattern(name), pattern)
         self.assertEqual(self.pattern("Major"), "2212221", "the record that was there before is as it was")
 

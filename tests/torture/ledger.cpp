@@ -150,6 +150,7 @@ void Ledger::JudgeLoss(const Sight& before, const std::vector<Action>& actions, 
   if (before.message == question::kKeep && !IsAny(actions, IsAgreed)) return;
   if (IsDeletionConfirmed(before, actions)) return;
   if (isSame && IsAny(actions, IsEditing)) return;
+  if (is.isThere && is.setAside == was.fields) return;
   const auto row = expected_.scales.find(was.number);
   const std::vector<std::string> patterns = {was.pattern.toStdString(), PatternOfNotes(was.notes)};
   if (!was.isNew && row != expected_.scales.end() && torture::Difference(was, row->second, patterns).empty()) return;

@@ -3,8 +3,8 @@
 
 // The independent account of the library: knows what it has to hold after what a user did and saw, and holds the file
 // against that. A write has to be what the editor showed, a deletion what was confirmed, an import what its pack adds;
-// anything else that appears, changes or is gone is a Finding, and so is a change of the user's that went nowhere.
-// One thread.
+// anything else that appears, changes or is gone is a Finding, and so is a change of the user's that is neither stored
+// nor pending nor set aside. One thread.
 
 #pragma once
 

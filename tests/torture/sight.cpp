@@ -40,6 +40,10 @@ EditorSight LookAtEditor() {
   sight.pattern = c.txtIntervals->text();
   sight.notice = c.lblNotice->text();
   sight.notes = static_cast<unsigned>(form->SelectedNotes().to_ulong());
+  if (const editor::ChangesOfRecord* const changes = form->LatestSetAside()) {
+    sight.setAside.emplace();
+    for (std::size_t i = 0; i < sight.fields.size(); ++i) sight.setAside->at(i) = changes->fields.at(i).text;
+  }
   return sight;
 }
 

@@ -9,6 +9,7 @@
 #include <QString>
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace tonalith::app {
@@ -38,6 +39,8 @@ struct EditorSight {
   QString notice;
   /// Bit i: note i is chosen.
   unsigned notes = 0;
+  /// The fields that undoing would bring back; nothing where no changes are set aside.
+  std::optional<std::array<QString, 8>> setAside;
 };
 
 struct Sight {

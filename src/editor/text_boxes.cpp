@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "editor/text_boxes.h"
+
+#include <QHelpEvent>
+#include <QMimeData>
+#include <QPainter>
+#include <QStyleOptionFrame>
+#include <QToolTip>
+#include <cmath>
+
+namespace tonalith::editor {
+namespace {
+
+constexpr int kTextMargin = 1;
+
+}  // namespace
+
+LineBox::LineBox(const QString& name, QWidget* parent) : QLineEdit(parent) {
+  setObjectName(name);
+  setFrame(false);
+}
+
+QRect LineBox::TextPlace() const {
+  // QLineEdit keeps two pixels free on each side of its text.
+  constexpr int kBesideText = 2;
+  QStyleOptionFrame option;
+  initStyleOption(&option);
+  return style()->subElementRect(QStyle::SE_LineEditContents, &option, this).adjusted(kBesideText, 0, -kBesideText, 0);
+}
+
+bool LineBox::IsElided() const { return !hasFocus() && fontMetrics().horizontalAdvance(text()) > TextPlace().width(); }
+
+bool LineBox::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip && IsElided()) {
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+    return true;
+  }
+  return QLineEdit::event(event);
+}
+
+void LineBox::paintEvent(QPaintEvent* event) {
+  if (!IsElided()) return QLineEdit::paintEvent(event);
+  QPainter painter(this);
+  painter.setPen(palette().color(QPalette::Text));
+  const QRect place = TextPlace();
+  painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
+                   fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));
+}
+
+TextBox::TextBox(const QString& name, int lines, int longest, QWidget* parent)
+    : QPlainTextEdit(parent), longest_(longest) {
+  setObjectName(name);
+  setFrameShape(QFrame::NoFrame);
+  setTabChangesFocus(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  document()->setDocumentMargin(kTextMargin);
+  // Whole lines only: a line that is cut in half cannot be read.
+  const qreal line = QFontMetricsF(font()).lineSpacing();
+  setFixedHeight(static_cast<int>(std::floor(line * lines)) + 2 * kTextMargin);
+  connect(this, &QPlainTextEdit::textChanged, this, &TextBox::CutToLimit);
+}
+
+// Cut before it gets into the document: laying out a million characters takes many seconds.
+void TextBox::insertFromMimeData(const QMimeData* source) {
+  const int room = longest_ - Length() + static_cast<int>(textCursor().selectedText().size());
+  QString text = source->text();
+  const bool fits = text.size() <= room;
+  if (!fits) text.truncate(std::max(room, 0));
+  textCursor().insertText(text);
+  ensureCursorVisible();
+  if (!fits) Q_EMIT inputRejected();
+}
+
+// Typing and input methods add little at once, in front of the cursor.
+void TextBox::CutToLimit() {
+  const int excess = Length() - longest_;
+  if (excess <= 0) return;
+  QTextCursor added(document());
+  added.setPosition(std::max(textCursor().position(), excess));
+  added.movePosition(QTextCursor::Left, QTextCursor::KeepAnchor, excess);
+  added.removeSelectedText();
+  Q_EMIT inputRejected();
+}
+
+}  // namespace tonalith::editor
