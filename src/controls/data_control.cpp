@@ -131,8 +131,7 @@ std::optional<data::Bookmark> DataControl::CurrentBookmark() const {
   }
 }
 
-template <class Step>
-void DataControl::RunStep(Step&& step) {
+void DataControl::RunStep(const std::function<void(data::RecordSet&)>& step) {
   for (;;) {
     try {
       return step(OpenRecordset());

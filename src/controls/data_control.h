@@ -92,10 +92,8 @@ class DataControl : public QFrame {
   void OnConflict(std::function<Conflict()> decide) { decideConflict_ = std::move(decide); }
   /// Nothing for a new row and without a current row.
   [[nodiscard]] std::optional<data::Bookmark> CurrentBookmark() const;
-
   /// Shows a pending failure's description, unless the user has decided against the operation.
   static void Report(core::DeferredFailure& failure, core::MsgBox& msgBox);
-
   using Move = void (DataControl::*)();
   /// One of the moves above, as the arrow buttons make it: a failure is shown as its description.
   void RunMove(Move step);
@@ -134,8 +132,7 @@ class DataControl : public QFrame {
   template <class Step>
   void MoveAndTake(Step&& step);
   /// Runs the step as often as it meets a conflict that is decided for the pending edit.
-  template <class Step>
-  void RunStep(Step&& step);
+  void RunStep(const std::function<void(data::RecordSet&)>& step);
   void SettleConflict();
   /// The same as MoveAndTake where there is a row to leave.
   void Walk(void (*step)(data::RecordSet&));

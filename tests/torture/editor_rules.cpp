@@ -61,11 +61,10 @@ void CheckMode(const EditorSight& sight) {
 
 void CheckNotes(const EditorSight& sight) {
   const QString& notice = sight.notice;
-  const bool areChosen = notice.startsWith(QLatin1String("Apply saves")) ||
-                         notice.startsWith(QLatin1String("No note is selected")) ||
-                         notice.startsWith(QLatin1String("Not kept")) ||
-                         notice.endsWith(QLatin1String("the rest was left out.")) ||
-                         notice.startsWith(QLatin1String("Your changes are here again"));
+  const bool areChosen =
+      notice.startsWith(QLatin1String("Apply saves")) || notice.startsWith(QLatin1String("No note is selected")) ||
+      notice.startsWith(QLatin1String("Not kept")) || notice.endsWith(QLatin1String("the rest was left out.")) ||
+      notice.startsWith(QLatin1String("Your changes are here again"));
   const std::string pattern = sight.fields[field::kIntervals].toStdString();
   if (areChosen || PatternOfNotes(sight.notes) == pattern) return;
   const unsigned wanted = sight.hasRecord ? NotesOfPattern(pattern) : 0;
