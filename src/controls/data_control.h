@@ -5,9 +5,8 @@
 // through it, and the bound controls that take the current row's values. Every change of the current row emits Moved
 // once, after the bound controls have changed, whether or not a value differs from the last one. With a lock that
 // allows it the current row can be edited; the edit is pending until UpdateBatch or a move writes it, and a refused
-// write keeps it. A row that was changed elsewhere since it was read is overwritten only if the window agrees. The
-// arrow buttons report a failure as its description; the functions throw it. Owned by its window; user-interface
-// thread.
+// write keeps it. A row that was changed elsewhere is overwritten only if the window agrees. The arrow buttons report a
+// failure as its description; the functions throw it. Owned by its window; user-interface thread.
 
 #pragma once
 
@@ -41,7 +40,6 @@ class DataControl : public QFrame {
   void SetRecordSource(std::string source) { recordSource_ = std::move(source); }
   /// Takes effect with the next Refresh.
   void SetLockType(data::LockType lockType) { lockType_ = lockType; }
-
   /// Opens, or opens again, the record source and stands on its first row. A failure leaves the control unbound. A
   /// pending edit is dropped.
   void Refresh();
@@ -50,7 +48,6 @@ class DataControl : public QFrame {
 
   /// The record set, nullptr while the control is unbound.
   [[nodiscard]] data::RecordSet* Recordset() const { return recordset_.get(); }
-  /// Whether there is a current row.
   [[nodiscard]] bool HasRecord() const;
   /// A field of the current row by its position; null without a current row.
   [[nodiscard]] data::Value FieldValue(int index) const;

@@ -185,9 +185,10 @@ void frmScales::TakeMove() {
 
 void frmScales::TakeTyped(int index, const QString& before) {
   news_.clear();
-  limit_ = Field(index).binding->IsShortened()
-               ? tr("The library holds more of this text than is shown. Saving replaces all of it.")
-               : QString();
+  limit_.clear();
+  if (Field(index).binding->IsShortened()) {
+    ShowLimit(tr("The library holds more of this text than is shown. Saving replaces all of it."));
+  }
   if (!isUndoing_) history_.AddField(index, before, Field(index).Text());
 }
 

@@ -105,6 +105,7 @@ class frmScales : public QWidget {
   bool SettleChanges();
   void ShowNotice();
   void ShowLimit(const QString& text);
+  void SetNews(const QString& text) { news_ = text; }
   [[nodiscard]] QString NoticeText();
   [[nodiscard]] QString ChosenNotesText() const;
   [[nodiscard]] static QString ViewingHint();

@@ -118,7 +118,7 @@ void frmScales::BringBack(const ChangesOfRecord& changes) {
   if (self.isNull()) return;
   isUndoing_ = wasUndoing;
   if (isDone) {
-    news_ = tr("Your changes are here again and not saved yet. Ctrl+Z takes them back.");
+    SetNews(tr("Your changes are here again and not saved yet. Ctrl+Z takes them back."));
   } else if (!HasUnsavedChanges()) {
     setAside_.Add(changes);
   }
@@ -169,7 +169,7 @@ controls::DataControl::Conflict frmScales::DecideConflict() {
   setAside_.Add(Changes());
   history_.Clear();
   areNotesChosen_ = false;
-  news_ = tr("This is the scale as it is now. Ctrl+Z brings your changes back.");
+  SetNews(tr("This is the scale as it is now. Ctrl+Z brings your changes back."));
   return Conflict::kTakeOther;
 }
 

@@ -91,15 +91,15 @@ void frmScales::cmdApply_Click() {
     const bool isKept = AsksToKeep();
     if (self.isNull()) return;
     if (!isKept) {
-      if (SetChangesAside(false)) news_ = tr("Not kept. Modify (F2) brings your changes back.");
+      if (SetChangesAside(false)) SetNews(tr("Not kept. Modify (F2) brings your changes back."));
       return;
     }
     const QString name = Field(field::kName).Text();
     if (KeepNotes()) {
       c_.datPrimaryRS->MoveFirst();
-      news_ = tr("Saved: %1").arg(name) + QStringLiteral(". ") + ViewingHint();
+      SetNews(tr("Saved: %1").arg(name) + QStringLiteral(". ") + ViewingHint());
     } else if (!self.isNull() && SetChangesAside(true)) {
-      news_ = tr("Not saved. Modify (F2) brings your changes back.");
+      SetNews(tr("Not saved. Modify (F2) brings your changes back."));
     }
   });
   if (self.isNull()) return;
@@ -157,7 +157,7 @@ void frmScales::cmdRefresh_Click() {
     LoadTypes();
   });
   if (self.isNull() || !areChangesAffected) return;
-  news_ = tr("The library was read again. Ctrl+Z brings your changes back.");
+  SetNews(tr("The library was read again. Ctrl+Z brings your changes back."));
   ShowNotice();
 }
 

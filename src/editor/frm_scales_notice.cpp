@@ -24,9 +24,10 @@ void frmScales::WireLimits() {
     if (const auto* const line = qobject_cast<QLineEdit*>(Field(i).box)) tell(line, text);
     if (const auto* const lines = qobject_cast<TextBox*>(Field(i).box)) tell(lines, text);
   }
-  tell(c_.txtIntervals, tr("%1 Only digits fit, %2 at most; the rest was left out.")
-                            .arg(c_.lblLabels[field::kIntervals]->text())
-                            .arg(core::kMostPatternDigits));
+  const QString text = tr("%1 Only digits fit, %2 at most; the rest was left out.")
+                           .arg(c_.lblLabels[field::kIntervals]->text())
+                           .arg(core::kMostPatternDigits);
+  tell(c_.txtIntervals, text);
 }
 
 void frmScales::ShowLimit(const QString& text) {

@@ -103,7 +103,8 @@ std::string ObjectOf(const Tokens& tokens, std::size_t member) {
 bool TellsTheUser(const Tokens& tokens, std::size_t at) {
   if (!IsWord(tokens, at) || !IsMark(tokens, at + 1, '(')) return false;
   const SourceToken& name = tokens[at];
-  if (name.IsWord("SetMessage") || name.IsWord("ShowStatus")) return true;
+  if (name.IsWord("SetMessage") || name.IsWord("SetNews") || name.IsWord("ShowLimit") || name.IsWord("ShowStatus"))
+    return true;
   const std::string object = ObjectOf(tokens, at);
   if (name.IsWord("Show")) return object.ends_with("msgbox") || object.ends_with("msgbox_");
   return name.IsWord("setText") && IsOneOf(object, {"lblstatus", "lblmessage", "lblnotice"});
@@ -130,7 +131,8 @@ std::vector<Stretch> ToldStretches(const Tokens& tokens, const Names& makers) {
     if (TellsTheUser(tokens, at)) told.push_back(Group(tokens, at + 1));
     const std::size_t name = IsFailureType(token) ? NameBehind(tokens, at) : 0;
     if (name != 0) AddReturns(tokens, name, told);
-    if (token.IsWord("NoticeText") && IsMark(tokens, at + 1, '(')) AddReturns(tokens, at, told);
+    const bool isNotice = token.IsWord("NoticeText") || token.IsWord("ChosenNotesText") || token.IsWord("ViewingHint");
+    if (isNotice && IsMark(tokens, at + 1, '(')) AddReturns(tokens, at, told);
   }
   return told;
 }
