@@ -60,11 +60,13 @@ bool IsAscii(std::string_view text) {
 }
 
 void UpperCaseInto(std::u32string& upper, std::string_view text) {
-  upper.clear();
   if (IsAscii(text)) {
-    for (const char c : text) upper.push_back(UpperAscii(static_cast<unsigned char>(c)));
+    upper.resize(text.size());
+    std::transform(text.begin(), text.end(), upper.begin(),
+                   [](char c) { return UpperAscii(static_cast<unsigned char>(c)); });
     return;
   }
+  upper.clear();
   const std::ctype<wchar_t>& letters = UnicodeLetters();
   for (const std::string_view character : Characters(text)) upper.push_back(Upper(Decode(character), letters));
 }

@@ -118,6 +118,14 @@ LikePattern::Verdict LikePattern::Match(std::u32string_view text) const {
       afterRun = ++place;
       runEnd = at;
       if (place == places_.size()) break;
+    } else if (place == afterRun && places_[place].kind == Place::Kind::kCharacter) {
+      // The run takes everything up to the next character that can follow it.
+      const std::size_t found = std::min(text.find(places_[place].character, at), text.size());
+      verdict.steps += found - at;
+      at = runEnd = found;
+      if (found == text.size()) break;
+      ++place;
+      ++at;
     } else if (place < places_.size() && Fits(places_[place], text[at])) {
       ++place;
       ++at;
