@@ -120,7 +120,7 @@ QRect PageComposer::View() const {
 SurfaceFont PageComposer::DescriptionFont() const {
   const FittingLabel& label = *c_.lblScaleDescription;
   for (int pixels = kLargestDescription; pixels > kSmallestDescription; --pixels) {
-    const SurfaceFont font = FontLike(label, pixels, false);
+    SurfaceFont font = FontLike(label, pixels, false);
     const auto lines = static_cast<double>(Wrapped(WithoutEnd(label.text()), font, label.width()).size());
     if (lines * controls::CellOf(font).height <= label.height()) return font;
   }

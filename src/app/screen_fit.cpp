@@ -50,6 +50,7 @@ QSize ContentSize() {
 
 std::vector<char*> Pointers(std::vector<std::string>& texts) {
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
   return pointers;
@@ -137,7 +138,7 @@ void ScreenFit::RestartIfTooLarge() const {
   }
   environment.push_back(kScale + ('=' + QByteArray::number(present * scale, 'g', 8).toStdString()));
   environment.push_back(kRestarted + ('=' + std::to_string(::getpid()) + ':' + setting));
-  for (const auto& [name, value] : startUp_) environment.push_back(name + '=' + value);
+  for (const auto& [name, value] : startUp_) environment.emplace_back(name).append(1, '=').append(value);
   std::vector<std::string> arguments = arguments_;
   ::execve("/proc/self/exe", Pointers(arguments).data(), Pointers(environment).data());
 }

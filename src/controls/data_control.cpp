@@ -3,6 +3,7 @@
 
 #include "controls/data_control.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
