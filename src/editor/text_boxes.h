@@ -37,8 +37,8 @@ class TextBox : public QPlainTextEdit {
   TextBox(const QString& name, int lines, int longest, QWidget* parent);
 
  Q_SIGNALS:
-  /// Something did not fit and was left out, as QLineEdit announces it.
-  void inputRejected();
+  /// Something did not fit and was left out. Named as QLineEdit's signal, so that both can be connected alike.
+  void inputRejected();  // NOLINT(readability-identifier-naming)
 
  protected:
   void insertFromMimeData(const QMimeData* source) override;
