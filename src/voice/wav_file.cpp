@@ -35,7 +35,7 @@ std::string WavFile(std::span<const double> samples, Mark mark) {
   Put(bytes, 1, 2);  // PCM
   Put(bytes, 1, 2);  // channels
   Put(bytes, kWavRate, 4);
-  Put(bytes, kWavRate * kSampleBytes, 4);
+  Put(bytes, std::uint64_t{kWavRate} * kSampleBytes, 4);
   Put(bytes, kSampleBytes, 2);
   Put(bytes, kWavBits, 2);
   bytes += "data";
