@@ -71,7 +71,7 @@ void PackInstall::End() {
     if (!entry.isNull()) entry->setEnabled(true);
   }
   for (const Window& window : windows_) {
-    // Whoever has moved the keyboard meanwhile wants it there.
+    // Keep the focus where the user has moved it during the import.
     if (window.window.isNull() || window.focus.isNull()) continue;
     if (window.window->focusWidget() == window.focusMeanwhile) window.focus->setFocus(Qt::OtherFocusReason);
   }

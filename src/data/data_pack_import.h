@@ -30,7 +30,7 @@ class ImportStopped : public std::exception {
   [[nodiscard]] const char* what() const noexcept override { return "the import was stopped"; }
 };
 
-/// What the main window is told of an import. Each call is a chance to show it and to let the window live.
+/// Receives the progress of an import. The receiver may process pending events in each call.
 class DataPackObserver {
  public:
   virtual ~DataPackObserver() = default;

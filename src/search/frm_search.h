@@ -4,7 +4,7 @@
 // The search dialog: finds a scale or chord by a piece of its name and makes it the main window's current record.
 // Cancel and the close box hide it and set SearchCancelled; only its owner destroys it. Enter and F3 search, Escape
 // cancels. While a long search runs the dialog goes on taking events, so that it can be cancelled; a second search is
-// not begun before the first is over. Failures are shown as their description. Owned by whoever shows it;
+// does not start until the first has ended. Shows failures as their description. Owned by its caller;
 // user-interface thread.
 
 #pragma once
