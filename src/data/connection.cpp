@@ -10,12 +10,14 @@
 #include "data/data_failure.h"
 #include "data/database_file.h"
 #include "data/engine.h"
+#include "data/kept_engine.h"
 #include "data/sql_tokens.h"
 
 namespace tonalith::data {
 
 Connection::Connection() = default;
-Connection::~Connection() = default;
+Connection::Connection(std::shared_ptr<KeptEngine> kept) : kept_(std::move(kept)) {}
+Connection::~Connection() { LetGoOfEngine(); }
 
 void Connection::SetMode(ConnectMode mode) {
   if (IsOpen()) throw ObjectAlreadyOpen();
@@ -57,13 +59,21 @@ void Connection::OpenAs(const std::string& user, const std::string& password) {
   if (!settings.password.empty() || (!settings.user.empty() && !SameName(settings.user, "Admin"))) {
     throw core::Failure(failure_number::kNotAuthorised, "Not a valid account name or password.");
   }
-  settings.dataSource = RequireDatabaseFile(settings.dataSource);
-  engine_ = std::make_shared<Engine>(settings.dataSource, settings.isReadOnly, whileReading_);
+  if (kept_ != nullptr) engine_ = kept_->Take(settings.dataSource, settings.isReadOnly);
+  if (engine_ == nullptr) {
+    engine_ = std::make_shared<Engine>(RequireDatabaseFile(settings.dataSource), settings.isReadOnly, whileReading_);
+  }
+  settings.dataSource = engine_->Path();
   expandedString_ = ExpandedConnectionString(settings);
 }
 
 void Connection::Close() {
   OpenEngine();
+  LetGoOfEngine();
+}
+
+void Connection::LetGoOfEngine() {
+  if (kept_ != nullptr && engine_ != nullptr) kept_->Keep(std::move(*engine_));
   engine_.reset();
 }
 

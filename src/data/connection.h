@@ -20,6 +20,7 @@
 namespace tonalith::data {
 
 class Engine;
+class KeptEngine;
 
 inline constexpr std::string_view kProvider = "Microsoft.Jet.OLEDB.4.0";
 /// How long a statement waits for another program that holds the file.
@@ -31,6 +32,9 @@ enum class ConnectMode { kUnknown, kRead };
 class Connection {
  public:
   Connection();
+  /// Takes over the database that `kept` holds, where it can, and leaves its own there when it closes. To its user it
+  /// opens and closes as any other.
+  explicit Connection(std::shared_ptr<KeptEngine> kept);
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
@@ -68,7 +72,9 @@ class Connection {
 
   void OpenAs(const std::string& user, const std::string& password);
   Engine& OpenEngine() const;
+  void LetGoOfEngine();
 
+  std::shared_ptr<KeptEngine> kept_;
   ConnectMode mode_ = ConnectMode::kUnknown;
   std::function<void(std::int64_t rows)> whileReading_;
   std::string provider_;

@@ -51,9 +51,13 @@ class Reset {
 }  // namespace
 
 Engine::Engine(std::string path, bool readOnly, const std::function<void(std::int64_t rows)>& whileReading)
-    : path_(std::move(path)) {
+    : path_(std::move(path)), isOpenedForReading_(readOnly) {
   try {
+    const std::optional<FileState> before = FileState::Of(path_);
     OpenFile(readOnly, whileReading);
+    fileState_ = FileState::Of(path_);
+    // A file that changed meanwhile may not be the one that was opened.
+    if (fileState_ != before) fileState_.reset();
   } catch (const SQLite::Exception& exception) {
     throw FromEngine(exception, path_);
   }
@@ -93,6 +97,23 @@ void Engine::OpenFile(bool readOnly, const std::function<void(std::int64_t rows)
 bool Engine::IsReadOnly() const { return isJetCopy_ || sqlite3_db_readonly(database_->getHandle(), "main") == 1; }
 
 bool Engine::IsInTransaction() const { return sqlite3_get_autocommit(database_->getHandle()) == 0; }
+
+bool Engine::IsReusable() const { return !isJetCopy_ && fileState_ && !IsInTransaction(); }
+
+bool Engine::IsFileAsOpened() const {
+  if (!fileState_ || FileState::Of(path_) != fileState_) return false;
+  return !FileState::Of(path_ + "-journal") && !FileState::Of(path_ + "-wal");
+}
+
+void Engine::RequireFreeFile() {
+  try {
+    SQLite::Statement& statement = Prepared("SELECT 1 FROM sqlite_schema LIMIT 1");
+    const Reset reset(statement);
+    statement.executeStep();
+  } catch (const SQLite::Exception& exception) {
+    throw FromEngine(exception, path_);
+  }
+}
 
 std::uint64_t Engine::StatementsIssued() { return statementsIssued; }
 
@@ -182,8 +203,7 @@ void BindValue(SQLite::Statement& statement, int index, const Value& value) {
       value.Raw());
 }
 
-void ReadColumn(SQLite::Statement& statement, int index, Value& value) {
-  const SQLite::Column column = statement.getColumn(index);
+void ReadColumn(const SQLite::Column& column, Value& value) {
   switch (column.getType()) {
     case SQLITE_INTEGER:
       value = column.getInt64();
@@ -206,9 +226,9 @@ void ReadColumn(SQLite::Statement& statement, int index, Value& value) {
   }
 }
 
-Value ReadColumn(SQLite::Statement& statement, int index) {
+Value ReadColumn(const SQLite::Column& column) {
   Value value;
-  ReadColumn(statement, index, value);
+  ReadColumn(column, value);
   return value;
 }
 

@@ -7,17 +7,20 @@
 
 #pragma once
 
+#include <SQLiteCpp/Column.h>
 #include <SQLiteCpp/Database.h>
 #include <SQLiteCpp/Statement.h>
 
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
+#include "data/file_state.h"
 #include "data/value.h"
 
 namespace tonalith::data {
@@ -35,6 +38,13 @@ class Engine {
 
   [[nodiscard]] const std::string& Path() const { return path_; }
   [[nodiscard]] bool IsReadOnly() const;
+  [[nodiscard]] bool IsOpenedForReading() const { return isOpenedForReading_; }
+  /// Whether another connection may have this one's place when it is closed: an ordinary file, between transactions.
+  [[nodiscard]] bool IsReusable() const;
+  /// Whether the path leads to the file that was opened, unchanged since and with nothing beside it.
+  [[nodiscard]] bool IsFileAsOpened() const;
+  /// Throws as opening does when another program holds the file. Is not counted as a question.
+  void RequireFreeFile();
   /// Whether the file's header says that it is a scale database of this program.
   [[nodiscard]] bool IsScaleDatabase() const { return isScaleDatabase_; }
 
@@ -68,20 +78,22 @@ class Engine {
   bool AreNumbersUsedUp();
 
   std::string path_;
+  std::optional<FileState> fileState_;
   std::unique_ptr<SQLite::Database> database_;
   std::unordered_map<std::string, std::unique_ptr<SQLite::Statement>> statements_;
   bool isScaleDatabase_ = false;
   bool isJetCopy_ = false;
+  bool isOpenedForReading_ = false;
   std::uint64_t changes_ = 0;
 };
 
 /// Puts a value in the place of a statement's parameter; the first one is number 1.
 void BindValue(SQLite::Statement& statement, int index, const Value& value);
 
-/// The content of one column of the row on which a statement stands.
-Value ReadColumn(SQLite::Statement& statement, int index);
+/// The content of a column of the row on which its statement stands.
+Value ReadColumn(const SQLite::Column& column);
 /// The same into `value`, where a text takes the place of another without new memory.
-void ReadColumn(SQLite::Statement& statement, int index, Value& value);
+void ReadColumn(const SQLite::Column& column, Value& value);
 
 /// A write that is whole or not at all. Takes the file for writing at once, unless a transaction is under way already,
 /// of which it then is a part. Undone by its destructor if Commit was not reached.

@@ -130,7 +130,7 @@ class Filling : public JetVisitor {
     readBack_->bind(1, static_cast<std::int64_t>(database_.getLastInsertRowid()));
     readBack_->executeStep();
     for (std::size_t i = 0; i < values.size(); ++i) {
-      if (SaysTheSame(values[i], ReadColumn(*readBack_, static_cast<int>(i)))) continue;
+      if (SaysTheSame(values[i], ReadColumn(readBack_->getColumn(static_cast<int>(i))))) continue;
       const bool isPlain = !values[i].IsNull() && !std::holds_alternative<Bytes>(values[i].Raw());
       throw RowFailure("The field '" + table_.columns[i].name + "' cannot hold " +
                        (isPlain ? "'" + values[i].AsText() + "'" : "what is in it") + " as it stands.");

@@ -49,15 +49,25 @@ class SpareRows {
   Rows rows_;
 };
 
+std::vector<SQLite::Column> ColumnsOf(SQLite::Statement& statement) {
+  std::vector<SQLite::Column> columns;
+  const int count = statement.getColumnCount();
+  columns.reserve(static_cast<std::size_t>(count));
+  for (int i = 0; i < count; ++i) columns.push_back(statement.getColumn(i));
+  return columns;
+}
+
 Rows ReadRows(Engine& engine, const std::string& sql, std::span<const Value> bindings, Rows spare) {
   SpareRows spares(std::move(spare));
   Rows rows;
+  // A column reads the row on which its statement stands, so one of each serves all rows.
+  std::vector<SQLite::Column> columns;
   engine.Query(sql, bindings, [&](SQLite::Statement& statement) {
+    if (columns.empty()) columns = ColumnsOf(statement);
     std::shared_ptr<Row> row = spares.Take();
-    row->key = statement.getColumn(0).getInt64();
-    const int columns = statement.getColumnCount();
-    row->values.resize(static_cast<std::size_t>(columns) - 1);
-    for (int i = 1; i < columns; ++i) ReadColumn(statement, i, row->values[static_cast<std::size_t>(i) - 1]);
+    row->key = columns.front().getInt64();
+    row->values.resize(columns.size() - 1);
+    for (std::size_t i = 1; i < columns.size(); ++i) ReadColumn(columns[i], row->values[i - 1]);
     rows.push_back(std::move(row));
   });
   return rows;

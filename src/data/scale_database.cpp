@@ -11,6 +11,7 @@
 #include "core/scale_construction.h"
 #include "core/scale_record.h"
 #include "core/text.h"
+#include "data/kept_engine.h"
 
 namespace tonalith::data {
 namespace {
@@ -54,7 +55,8 @@ std::string FullConnectionString(std::string_view databasePath) {
 ScaleDatabase::ScaleDatabase(std::string appFolder, core::MsgBox& msgBox)
     : appFolder_(std::move(appFolder)),
       databasePath_(appFolder_ + core::kPathSeparator + std::string(kDatabaseFileName)),
-      msgBox_(msgBox) {}
+      msgBox_(msgBox),
+      keptEngine_(std::make_shared<KeptEngine>()) {}
 
 void ScaleDatabase::OpenShared() {
   scaleConnection_ = std::make_shared<Connection>();
@@ -68,7 +70,7 @@ void ScaleDatabase::OpenShared() {
 
 std::shared_ptr<Connection> ScaleDatabase::OpenScaleConnection() {
   core::DeferredFailure deferred;
-  auto connection = std::make_shared<Connection>();
+  auto connection = std::make_shared<Connection>(keptEngine_);
   if (deferred.Try([&] { connection->Open(FullConnectionString(databasePath_)); })) return connection;
   msgBox_.Show("Database connection failed: " + deferred.Pending()->Description(), MsgBoxStyle::kCritical);
   return nullptr;

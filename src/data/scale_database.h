@@ -20,6 +20,8 @@
 
 namespace tonalith::data {
 
+class KeptEngine;
+
 inline constexpr std::string_view kDatabaseFileName = "TonalithDB97.mdb";
 /// Names the file alone, which is found through the current directory.
 inline constexpr std::string_view kConnectionByFileName =
@@ -70,6 +72,7 @@ class ScaleDatabase {
   std::string appFolder_;
   std::string databasePath_;
   core::MsgBox& msgBox_;
+  std::shared_ptr<KeptEngine> keptEngine_;
   std::shared_ptr<Connection> scaleConnection_;
   std::shared_ptr<RecordSet> scaleRecordset_;
 };

@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The questions by name use one open database for many connections. Each case changes the file between two questions
+// and expects what two connections of their own would give.
+
+#include "data/kept_engine.h"
+
+#include <gmock/gmock.h>
+#include <sys/inotify.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "core/recording_msg_box.h"
+#include "data/scale_database.h"
+#include "data_fixture.h"
+
+namespace tonalith::data {
+namespace {
+
+namespace fs = std::filesystem;
+using core::RecordingMsgBox;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// The entries of this process's table of open files that lead to a path.
+int OpenFilesOf(const std::string& path) {
+  int count = 0;
+  for (const auto& entry : fs::directory_iterator("/proc/self/fd")) {
+    std::error_code error;
+    const fs::path target = fs::read_symlink(entry, error);
+    if (!error && target.string().starts_with(path)) ++count;
+  }
+  return count;
+}
+
+/// Sees whether anybody opens a file from now on.
+class OpeningWatch {
+ public:
+  explicit OpeningWatch(const std::string& path) : notices_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
+    EXPECT_GE(::inotify_add_watch(notices_, path.c_str(), IN_OPEN), 0);
+  }
+  ~OpeningWatch() { ::close(notices_); }
+  OpeningWatch(const OpeningWatch&) = delete;
+  OpeningWatch& operator=(const OpeningWatch&) = delete;
+
+  [[nodiscard]] bool HasBeenOpened() const {
+    std::array<char, 4096> buffer{};
+    return ::read(notices_, buffer.data(), buffer.size()) > 0;
+  }
+
+ private:
+  int notices_;
+};
+
+class KeptEngineTest : public testing::Test {
+ protected:
+  KeptEngineTest() { EXPECT_THAT(database_.GetScaleIntervalsFromDB("Minor triad"), ElementsAre(3, 4, 5)); }
+
+  std::string MessageOfNextQuestion() {
+    FailureOf([&] { database_.GetScaleIntervalsFromDB("Major"); });
+    return msgBox_.Texts();
+  }
+
+  DatabaseFolder folder_;
+  RecordingMsgBox msgBox_;
+  ScaleDatabase database_{folder_.Folder(), msgBox_};
+};
+
+TEST_F(KeptEngineTest, ServesTheNextConnectionWithoutOpeningTheFileAgain) {
+  const OpeningWatch watch(folder_.Path());
+  EXPECT_THAT(database_.GetScaleIntervalsFromDB("Major"), ElementsAre(2, 2, 1, 2, 2, 2, 1));
+  EXPECT_FALSE(watch.HasBeenOpened());
+  Connection().Open(FullConnectionString(folder_.Path()));
+  EXPECT_TRUE(watch.HasBeenOpened());
+}
+
+TEST_F(KeptEngineTest, IsClosedToTheRecordSetsOfAClosedConnection) {
+  const auto connection = database_.OpenScaleConnection();
+  RecordSet records;
+  records.Open("SELECT * FROM ScalesQuery", connection);
+  connection->Close();
+  EXPECT_FALSE(records.IsOpen());
+  EXPECT_EQ(FailureOf([&] { records.MoveNext(); }).Number(), 3704);
+  EXPECT_EQ(FailureOf([&] { connection->Close(); }).Number(), 3704);
+}
+
+TEST_F(KeptEngineTest, LeavesAnOpenTransactionToNobody) {
+  const auto connection = database_.OpenScaleConnection();
+  connection->BeginTrans();
+  RecordSet records;
+  records.Open("Scales", connection, CursorType::kKeyset, LockType::kOptimistic);
+  records.Delete();
+  connection->Close();
+  EXPECT_EQ(AskRaw(folder_.Path(), "SELECT count(*) FROM Scales"), "4");
+  EXPECT_THAT(database_.GetScaleIntervalsFromDB("Major"), ElementsAre(2, 2, 1, 2, 2, 2, 1));
+}
+
+TEST_F(KeptEngineTest, SeesWhatAnotherConnectionWrote) {
+  RunRaw(folder_.Path(), "UPDATE Scales SET ScaleIntervals = '66' WHERE ScaleName = 'Minor triad'");
+  EXPECT_THAT(database_.GetScaleIntervalsFromDB("Minor triad"), ElementsAre(6, 6));
+}
+
+TEST_F(KeptEngineTest, ReportsAFileThatWasDeletedAndHoldsItNoLonger) {
+  fs::remove(folder_.Path());
+  EXPECT_EQ(MessageOfNextQuestion(), "Database connection failed: Could not find file '" + folder_.Path() + "'.\n");
+  EXPECT_EQ(OpenFilesOf(folder_.Path()), 0);
+}
+
+TEST_F(KeptEngineTest, ReadsTheFileThatTookThePlaceOfTheOther) {
+  const DatabaseFolder other(
+      "INSERT INTO ScaleTypes VALUES (1, 10, 'Types');"
+      "INSERT INTO Scales (ScaleName, ScaleTypeID, ScaleIntervals) VALUES ('Major', 1, '57')");
+  fs::rename(other.Path(), folder_.Path());
+  EXPECT_THAT(database_.GetScaleIntervalsFromDB("Major"), ElementsAre(5, 7));
+}
+
+TEST_F(KeptEngineTest, RefusesTheOtherFileThatTookItsPlace) {
+  fs::remove(folder_.Path());
+  std::ofstream(folder_.Path()) << std::string(5000, 'x');
+  EXPECT_EQ(MessageOfNextQuestion(),
+            "Database connection failed: Unrecognized database format '" + folder_.Path() + "'.\n");
+}
+
+TEST_F(KeptEngineTest, RefusesTheFileOnceItIsCutOff) {
+  fs::resize_file(folder_.Path(), fs::file_size(folder_.Path()) - 1);
+  EXPECT_EQ(MessageOfNextQuestion(),
+            "Database connection failed: Unrecognized database format '" + folder_.Path() + "'.\n");
+}
+
+TEST_F(KeptEngineTest, RefusesTheFileOnceANewerVersionHasWrittenIt) {
+  RunRaw(folder_.Path(), "PRAGMA user_version = 99");
+  EXPECT_THAT(MessageOfNextQuestion(), testing::HasSubstr("was made by a newer version of Tonalith"));
+}
+
+TEST_F(KeptEngineTest, RefusesAJournalThatIsAPipe) {
+  ASSERT_EQ(::mkfifo((folder_.Path() + "-journal").c_str(), 0600), 0);
+  EXPECT_EQ(MessageOfNextQuestion(),
+            "Database connection failed: The file '" + folder_.Path() + "-journal' cannot be opened: it is no file.\n");
+}
+
+TEST_F(KeptEngineTest, ReportsAFileThatAnotherProgramHolds) {
+  {
+    SQLite::Database other(folder_.Path(), SQLite::OPEN_READWRITE);
+    other.exec("BEGIN EXCLUSIVE");
+    EXPECT_EQ(MessageOfNextQuestion(),
+              "Database connection failed: Could not use '" + folder_.Path() + "'; file already in use.\n");
+  }
+  EXPECT_THAT(database_.GetScaleIntervalsFromDB("Minor triad"), ElementsAre(3, 4, 5));
+}
+
+TEST_F(KeptEngineTest, IsNoHindranceToAWriter) {
+  SQLite::Database other(folder_.Path(), SQLite::OPEN_READWRITE);
+  EXPECT_NO_THROW(other.exec("BEGIN EXCLUSIVE; DELETE FROM Scales; COMMIT"));
+  EXPECT_THAT(database_.GetScaleIntervalsFromDB("Major"), IsEmpty());
+}
+
+}  // namespace
+}  // namespace tonalith::data
