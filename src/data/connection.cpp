@@ -79,6 +79,18 @@ void Connection::LetGoOfEngine() {
 
 bool Connection::IsReadOnly() const { return OpenEngine().IsReadOnly(); }
 
+std::string Connection::Notice() const {
+  const Engine& engine = OpenEngine();
+  if (engine.Guard().replacesQuery) {
+    return "The stored query ScalesQuery of '" + engine.Path() +
+           "' is not Tonalith's. Tonalith reads the tables with its own query and leaves the file as it is.";
+  }
+  if (engine.Guard().stopsTriggers) {
+    return "The database '" + engine.Path() + "' has triggers that are not Tonalith's. Tonalith does not run them.";
+  }
+  return {};
+}
+
 Engine& Connection::OpenEngine() const {
   if (engine_ == nullptr) throw ObjectClosed();
   return *engine_;

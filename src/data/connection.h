@@ -39,7 +39,8 @@ class Connection {
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
 
-  /// kRead leaves the file and its folder untouched; an older file of ours is then read as it is.
+  /// kRead leaves the file and its folder untouched; an older file of ours is then read as it is, and fields of any
+  /// length are read whole. Otherwise record sets cut what is too long to be shown.
   void SetMode(ConnectMode mode);
   /// Opening a Jet file reads all of it. `whileReading` is called every kWaitStep or so meanwhile, with the rows read
   /// so far; what it throws ends the opening.
@@ -57,6 +58,9 @@ class Connection {
   [[nodiscard]] bool IsOpen() const { return engine_ != nullptr; }
   /// Whether the open file can only be read (the file itself, or Mode=Read). A read-only folder shows on writing only.
   [[nodiscard]] bool IsReadOnly() const;
+
+  /// What the user should know about the open file, as a sentence; empty where there is nothing.
+  [[nodiscard]] std::string Notice() const;
 
   void BeginTrans();
   void CommitTrans();

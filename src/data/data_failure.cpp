@@ -65,6 +65,8 @@ namespace {
 Failure FromStatementError(const std::string& words, const std::string& path) {
   static constexpr std::string_view kNoTable = "no such table: ";
   static constexpr std::string_view kNoField = "no such column: ";
+  static constexpr std::string_view kCannotModify = "cannot modify ";
+  static constexpr std::string_view kViewOfOthers = "access to view \"";
   const std::string_view text = words;
   if (text.starts_with(kNoTable)) {
     return {number::kUnknownTable, "The database '" + path + "' has no table or stored query '" +
@@ -72,6 +74,12 @@ Failure FromStatementError(const std::string& words, const std::string& path) {
   }
   if (text.starts_with(kNoField)) {
     return {number::kUnknownField, "There is no field '" + std::string(text.substr(kNoField.size())) + "'."};
+  }
+  if (text.starts_with(kCannotModify)) return UpdatingNotSupported();
+  if (text.starts_with(kViewOfOthers)) {
+    const std::string_view rest = text.substr(kViewOfOthers.size());
+    return Unspecified("In the database '" + path + "', '" + std::string(rest.substr(0, rest.find('"'))) +
+                       "' is a stored query instead of a table.");
   }
   return SyntaxError("Syntax error in the statement: " + words + ".");
 }
@@ -111,6 +119,8 @@ Failure FromEngine(const SQLite::Exception& exception, const std::string& path) 
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
       return UnrecognizedFormat(path);
+    case SQLITE_INTERRUPT:
+      return Unspecified("The database '" + path + "' takes too long to answer. It may be damaged or made to do harm.");
     case SQLITE_NOMEM:
       return {core::failure_number::kOutOfMemory, "Out of memory"};
     case SQLITE_MISMATCH:

@@ -40,6 +40,12 @@ inline constexpr std::int32_t kNoTransaction = -2147168242;
 inline constexpr std::int32_t kTransactionActive = -2147168237;
 }  // namespace failure_number
 
+/// A field or a row is longer than the engine was allowed to read.
+class FieldTooLong : public core::Failure {
+ public:
+  using Failure::Failure;
+};
+
 core::Failure NoCurrentRecord();
 core::Failure NotAllowedHere();
 /// The record set takes no changes: read-only lock, or rows that cannot be told apart by a key.

@@ -7,6 +7,7 @@
 #include <sqlite3.h>
 
 #include <atomic>
+#include <ctime>
 #include <limits>
 #include <type_traits>
 
@@ -15,6 +16,7 @@
 #include "data/database_file.h"
 #include "data/jet_file.h"
 #include "data/jet_tables.h"
+#include "data/long_fields.h"
 #include "data/read_only_file.h"
 #include "data/schema.h"
 #include "data/sql_dialect.h"
@@ -26,6 +28,13 @@ namespace {
 constexpr std::size_t kKeptStatements = 16;
 
 std::atomic<std::uint64_t> statementsIssued = 0;
+
+// Of this thread: waiting for a slow disk takes none of it.
+std::int64_t ProcessorMilliseconds() {
+  timespec time{};
+  ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+  return std::int64_t{time.tv_sec} * 1000 + time.tv_nsec / 1'000'000;
+}
 
 // A statement is bound anew before each use, so it may point to what outlives only this one.
 void BindInPlace(SQLite::Statement& statement, int index, const Value& value) {
@@ -90,9 +99,37 @@ void Engine::OpenFile(bool readOnly, const std::function<void(std::int64_t rows)
   database_->exec("COMMIT");
   isScaleDatabase_ = applicationId == kApplicationId;
   UpgradeSchema(*database_, path_);
+  // A copy of a Jet file has no views but the one that we made.
+  if (!isJetCopy_) guard_ = GuardSchema(*database_);
+  LimitStatements();
   // In KiB: a record set keeps its own block of rows, so more would only hold memory.
   database_->exec("PRAGMA cache_size = -512");
 }
+
+Engine::Engine(Engine&& other) noexcept
+    : path_(std::move(other.path_)),
+      fileState_(other.fileState_),
+      database_(std::move(other.database_)),
+      statements_(std::move(other.statements_)),
+      guard_(other.guard_),
+      isScaleDatabase_(other.isScaleDatabase_),
+      isJetCopy_(other.isJetCopy_),
+      isOpenedForReading_(other.isOpenedForReading_),
+      changes_(other.changes_) {
+  LimitStatements();
+}
+
+int Engine::OnProgress(void* engine) {
+  return ProcessorMilliseconds() > static_cast<const Engine*>(engine)->deadline_ ? 1 : 0;
+}
+
+// The callback knows this object, so it is set again wherever the database moves to.
+void Engine::LimitStatements() {
+  constexpr int kStepsBetweenLooks = 20'000;
+  if (!guard_.isOurs) sqlite3_progress_handler(database_->getHandle(), kStepsBetweenLooks, &Engine::OnProgress, this);
+}
+
+int Engine::SetLongestField(int bytes) { return sqlite3_limit(database_->getHandle(), SQLITE_LIMIT_LENGTH, bytes); }
 
 bool Engine::IsReadOnly() const { return isJetCopy_ || sqlite3_db_readonly(database_->getHandle(), "main") == 1; }
 
@@ -131,11 +168,14 @@ void Engine::Query(const std::string& sql, std::span<const Value> bindings,
     SQLite::Statement& statement = Prepared(sql);
     const Reset reset(statement);
     ++statementsIssued;
+    if (!guard_.isOurs) deadline_ = ProcessorMilliseconds() + kForeignStatementMilliseconds;
     for (std::size_t i = 0; i < bindings.size(); ++i) BindInPlace(statement, static_cast<int>(i) + 1, bindings[i]);
     while (statement.executeStep()) onRow(statement);
   } catch (const SQLite::Exception& exception) {
     if (exception.getErrorCode() == SQLITE_FULL && AreNumbersUsedUp()) throw NumbersUsedUp(path_);
-    throw FromEngine(exception, path_);
+    const core::Failure failure = FromEngine(exception, path_);
+    if (exception.getErrorCode() == SQLITE_TOOBIG) throw FieldTooLong(failure.Number(), failure.Description());
+    throw failure;
   }
 }
 

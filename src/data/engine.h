@@ -21,20 +21,25 @@
 #include <vector>
 
 #include "data/file_state.h"
+#include "data/schema_guard.h"
 #include "data/value.h"
 
 namespace tonalith::data {
 
 /// What a statement calls the number that the engine itself gives to a row of a table.
 inline constexpr const char* kRowNumber = "_rowid_";
-/// Bytes of a field or of a row, at most.
-inline constexpr int kLongestField = 16 * 1024 * 1024;
+/// Milliseconds of computing that a statement may take in a file whose schema is not ours. Ours cannot ask for more
+/// than the file holds; a stranger's can ask for anything.
+inline constexpr int kForeignStatementMilliseconds = 500;
 
 class Engine {
  public:
   /// Opens an existing file whose path is absolute, checks it and brings it to the present revision.
   /// `whileReading` is called as OpenJetCopy calls it, for a Jet file alone.
   Engine(std::string path, bool readOnly, const std::function<void(std::int64_t rows)>& whileReading = {});
+  Engine(Engine&& other) noexcept;
+  Engine& operator=(Engine&&) = delete;
+  ~Engine() = default;
 
   [[nodiscard]] const std::string& Path() const { return path_; }
   [[nodiscard]] bool IsReadOnly() const;
@@ -45,6 +50,9 @@ class Engine {
   [[nodiscard]] bool IsFileAsOpened() const;
   /// Throws as opening does when another program holds the file. Is not counted as a question.
   void RequireFreeFile();
+  [[nodiscard]] const SchemaGuard& Guard() const { return guard_; }
+  /// Bytes of a field that can be read or written from now on; gives the number that held before.
+  int SetLongestField(int bytes);
   /// Whether the file's header says that it is a scale database of this program.
   [[nodiscard]] bool IsScaleDatabase() const { return isScaleDatabase_; }
 
@@ -71,7 +79,9 @@ class Engine {
   static std::uint64_t StatementsIssued();
 
  private:
+  static int OnProgress(void* engine);
   void OpenFile(bool readOnly, const std::function<void(std::int64_t rows)>& whileReading);
+  void LimitStatements();
   void OpenDatabase(bool readOnly, const std::function<void(std::int64_t rows)>& whileReading);
   SQLite::Statement& Prepared(const std::string& sql);
   /// Whether a table has given its highest number. The engine reports that as a full disk.
@@ -81,6 +91,8 @@ class Engine {
   std::optional<FileState> fileState_;
   std::unique_ptr<SQLite::Database> database_;
   std::unordered_map<std::string, std::unique_ptr<SQLite::Statement>> statements_;
+  SchemaGuard guard_;
+  std::int64_t deadline_ = 0;
   bool isScaleDatabase_ = false;
   bool isJetCopy_ = false;
   bool isOpenedForReading_ = false;

@@ -19,6 +19,7 @@
 #include "data/jet_file.h"
 #include "data/jet_tables.h"
 #include "data/kept_file.h"
+#include "data/long_fields.h"
 #include "data/schema.h"
 #include "data/sql_dialect.h"
 #include "data/sql_tokens.h"

@@ -49,6 +49,24 @@ class SpareRows {
   Rows rows_;
 };
 
+// While it lives, a longer field is a failure.
+class FieldLimit {
+ public:
+  FieldLimit(Engine& engine, int bytes) : engine_(engine), before_(engine.SetLongestField(bytes)) {}
+  ~FieldLimit() { engine_.SetLongestField(before_); }
+  FieldLimit(const FieldLimit&) = delete;
+  FieldLimit& operator=(const FieldLimit&) = delete;
+
+ private:
+  Engine& engine_;
+  int before_;
+};
+
+// Who opens a file for nothing but reading copies its rows, so no field may be cut.
+int LongestField(const Engine& engine) {
+  return engine.IsOpenedForReading() ? kLongestField : kLongestFieldInBlock;
+}
+
 std::vector<SQLite::Column> ColumnsOf(SQLite::Statement& statement) {
   std::vector<SQLite::Column> columns;
   const int count = statement.getColumnCount();
@@ -84,20 +102,21 @@ std::string FromWhere(const Selection::Walk& walk, const std::string& filter) {
   return text + walk.key;
 }
 
-// What a narrow selection takes of the rows that `statement` gives, whose key is called kKeyOfRow.
-std::string Narrowed(const Selection& selection, const std::string& statement) {
+// What a selection takes, in some form, of the rows that `statement` gives, whose key is called kKeyOfRow.
+std::string Narrowed(const Selection& selection, FieldForm form, const std::string& statement) {
   std::string columns = kKeyOfRow;
-  for (const std::string& field : selection.fields) columns += ", " + QuoteName(field);
+  for (const std::string& field : selection.fields) columns += ", " + InForm(form, QuoteName(field));
   return "SELECT " + columns + " FROM (" + statement + ")";
 }
 
-std::string BlockStatement(const Selection& selection, const std::string& filter, const std::string& comparison,
-                           const std::string& order) {
+std::string BlockStatement(const Selection& selection, const std::string& filter, FieldForm form,
+                           const std::string& comparison, const std::string& order) {
   const Selection::Walk& walk = *selection.walk;
   const std::string rows = ", " + walk.columns + FromWhere(walk, filter) + comparison;
   const std::string limit = order + " LIMIT ?";
-  if (!selection.isNarrow) return "SELECT " + walk.key + rows + " ORDER BY " + walk.key + limit;
-  return Narrowed(selection, "SELECT " + walk.key + " AS " + kKeyOfRow + rows) + " ORDER BY " + kKeyOfRow + limit;
+  const bool isPlain = !selection.isNarrow && form == FieldForm::kWhole;
+  if (isPlain) return "SELECT " + walk.key + rows + " ORDER BY " + walk.key + limit;
+  return Narrowed(selection, form, "SELECT " + walk.key + " AS " + kKeyOfRow + rows) + " ORDER BY " + kKeyOfRow + limit;
 }
 
 // Holds one contiguous run of the rows. A run that is walked on at its end grows from block to block, so that walking
@@ -106,8 +125,10 @@ class KeyedRows : public RowSource {
  public:
   KeyedRows(Engine& engine, const Selection& selection, const std::string& filter)
       : engine_(engine),
-        upwards_(UpwardsStatement(selection, filter)),
-        downwards_(DownwardsStatement(selection, filter)),
+        selection_(selection),
+        filter_(filter),
+        upwards_{UpwardsStatement, UpwardsStatement(selection, filter, FieldForm::kWhole)},
+        downwards_{DownwardsStatement, DownwardsStatement(selection, filter, FieldForm::kWhole)},
         countUpTo_("SELECT count(*)" + FromWhere(*selection.walk, filter) + " <= ?"),
         largestBlock_(LargestBlock(selection)) {}
 
@@ -172,13 +193,36 @@ class KeyedRows : public RowSource {
     return static_cast<std::size_t>(std::upper_bound(rows_.begin(), rows_.end(), key, IsGreater) - rows_.begin());
   }
 
-  void Fetch(const std::string& sql, std::int64_t from, std::int64_t block) {
-    const std::array<Value, 2> bindings = {from, block};
+  struct Direction {
+    std::string (*make)(const Selection&, const std::string&, FieldForm);
+    std::string wholeFields;
+  };
+
+  // Gives the number of rows that were asked for, which is less than `block` where rows are long.
+  std::int64_t Fetch(const Direction& direction, std::int64_t from, std::int64_t block) {
     Rows before = std::move(rows_);
     Forget();
-    rows_ = ReadRows(engine_, sql, bindings, std::move(before));
+    try {
+      const std::array<Value, 2> bindings = {from, block};
+      const FieldLimit limit(engine_, LongestField(engine_));
+      rows_ = ReadRows(engine_, direction.wholeFields, bindings, std::move(before));
+    } catch (const FieldTooLong&) {
+      if (engine_.IsOpenedForReading()) throw;
+      block = 1;
+      rows_ = ReadLongRow(direction, from);
+    }
     block_ = block;
     here_ = 0;
+    return block;
+  }
+
+  Rows ReadLongRow(const Direction& direction, std::int64_t from) {
+    const std::array<Value, 2> bindings = {from, std::int64_t{1}};
+    try {
+      return ReadRows(engine_, direction.make(selection_, filter_, FieldForm::kCut), bindings, {});
+    } catch (const FieldTooLong&) {
+      return ReadRows(engine_, direction.make(selection_, filter_, FieldForm::kLeftOut), bindings, {});
+    }
   }
 
   // In a damaged file the rows after a key may be rows from before it: a walk would go round in it for ever.
@@ -194,23 +238,25 @@ class KeyedRows : public RowSource {
 
   // A run without rows in it says nothing of the other side of its key.
   void FetchUpwards(std::int64_t from, std::int64_t block) {
-    Fetch(upwards_, from, block);
+    const std::int64_t wanted = Fetch(upwards_, from, block);
     RequireOrder(from, std::greater<>());
     reachesFirst_ = from == kLowestKey;
-    reachesLast_ = !rows_.empty() && std::ssize(rows_) < block;
+    reachesLast_ = !rows_.empty() && std::ssize(rows_) < wanted;
   }
 
   void FetchDownwards(std::int64_t from, std::int64_t block) {
-    Fetch(downwards_, from, block);
+    const std::int64_t wanted = Fetch(downwards_, from, block);
     RequireOrder(from, std::less<>());
     std::reverse(rows_.begin(), rows_.end());
-    reachesFirst_ = !rows_.empty() && std::ssize(rows_) < block;
+    reachesFirst_ = !rows_.empty() && std::ssize(rows_) < wanted;
     reachesLast_ = from == kHighestKey;
   }
 
   Engine& engine_;
-  std::string upwards_;
-  std::string downwards_;
+  const Selection& selection_;
+  std::string filter_;
+  Direction upwards_;
+  Direction downwards_;
   std::string countUpTo_;
   std::int64_t largestBlock_;
   Rows rows_;
@@ -222,12 +268,8 @@ class KeyedRows : public RowSource {
 
 class SnapshotRows : public RowSource {
  public:
-  SnapshotRows(Engine& engine, const Selection& selection, const std::string& filter) : engine_(engine) {
-    // Numbered below the filter, so that a row keeps its key whatever the filter is.
-    sql_ = std::string("SELECT row_number() OVER () AS ") + kKeyOfRow + ", * FROM (" + selection.sql + ")";
-    if (!filter.empty()) sql_ = "SELECT * FROM (" + sql_ + ") WHERE " + filter;
-    if (selection.isNarrow) sql_ = Narrowed(selection, sql_);
-  }
+  SnapshotRows(Engine& engine, const Selection& selection, const std::string& filter)
+      : engine_(engine), selection_(selection), filter_(filter) {}
 
   RowPointer First() override { return Load().empty() ? nullptr : rows_.front(); }
   RowPointer Last() override { return Load().empty() ? nullptr : rows_.back(); }
@@ -260,13 +302,40 @@ class SnapshotRows : public RowSource {
 
  private:
   Rows& Load() {
-    if (!isLoaded_) rows_ = ReadRows(engine_, sql_, {}, {});
+    if (!isLoaded_) rows_ = Read(FieldForm::kWhole);
     isLoaded_ = true;
     return rows_;
   }
 
+  Rows Read(FieldForm form) {
+    try {
+      std::optional<FieldLimit> limit;
+      if (form == FieldForm::kWhole) limit.emplace(engine_, LongestField(engine_));
+      return ReadRows(engine_, Statement(form), {}, {});
+    } catch (const FieldTooLong&) {
+      if (form == FieldForm::kLeftOut || engine_.IsOpenedForReading()) throw;
+      return Read(form == FieldForm::kWhole ? FieldForm::kCut : FieldForm::kLeftOut);
+    }
+  }
+
+  [[nodiscard]] std::string Statement(FieldForm form) const {
+    std::string columns = ", *";
+    if (form != FieldForm::kWhole) {
+      columns.clear();
+      for (const std::string& field : selection_.fields) {
+        columns += ", " + InForm(form, QuoteName(field)) + " AS " + QuoteName(field);
+      }
+    }
+    // Numbered below the filter, so that a row keeps its key whatever the filter is.
+    std::string sql =
+        std::string("SELECT row_number() OVER () AS ") + kKeyOfRow + columns + " FROM (" + selection_.sql + ")";
+    if (!filter_.empty()) sql = "SELECT * FROM (" + sql + ") WHERE " + filter_;
+    return selection_.isNarrow ? Narrowed(selection_, FieldForm::kWhole, sql) : sql;
+  }
+
   Engine& engine_;
-  std::string sql_;
+  const Selection& selection_;
+  std::string filter_;
   Rows rows_;
   bool isLoaded_ = false;
 };
@@ -288,12 +357,12 @@ std::optional<Selection::Walk> WalkOf(Engine& engine, const SelectStatement::Par
 
 }  // namespace
 
-std::string UpwardsStatement(const Selection& selection, const std::string& filter) {
-  return BlockStatement(selection, filter, " >= ?", "");
+std::string UpwardsStatement(const Selection& selection, const std::string& filter, FieldForm form) {
+  return BlockStatement(selection, filter, form, " >= ?", "");
 }
 
-std::string DownwardsStatement(const Selection& selection, const std::string& filter) {
-  return BlockStatement(selection, filter, " <= ?", " DESC");
+std::string DownwardsStatement(const Selection& selection, const std::string& filter, FieldForm form) {
+  return BlockStatement(selection, filter, form, " <= ?", " DESC");
 }
 
 std::shared_ptr<const Selection> MakeSelection(Engine& engine, const std::string& source) {

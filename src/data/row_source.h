@@ -3,7 +3,7 @@
 
 // Where a record set gets its rows from, ordered by key. Two kinds: rows walked by key, of which one block is held at a
 // time, and the rows of an arbitrary SELECT, read whole, with their place in it as the key. Private to the data room;
-// owned by its record set; uses an engine that must outlive it. Fails as the engine does.
+// owned by its record set; uses an engine and a selection that must outlive it. Fails as the engine does.
 
 #pragma once
 
@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "data/long_fields.h"
 #include "data/value.h"
 
 namespace tonalith::data {
@@ -47,8 +48,9 @@ std::shared_ptr<const Selection> MakeSelection(Engine& engine, const std::string
 
 /// The statements that fetch a block of rows from a key on, upwards or downwards; both take the key and the number of
 /// rows, and give the key in front of the fields. `selection` is one that is walked by key.
-std::string UpwardsStatement(const Selection& selection, const std::string& filter);
-std::string DownwardsStatement(const Selection& selection, const std::string& filter);
+std::string UpwardsStatement(const Selection& selection, const std::string& filter, FieldForm form = FieldForm::kWhole);
+std::string DownwardsStatement(const Selection& selection, const std::string& filter,
+                               FieldForm form = FieldForm::kWhole);
 
 class RowSource {
  public:

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <string_view>
 #include <system_error>
 
 #include "data/data_failure.h"
@@ -157,7 +158,28 @@ void MakeNewFile(const std::string& path) {
   ::close(file);
 }
 
+// Statements are separated by an empty line, and only they are.
+void AddObjects(std::string_view statements, std::vector<std::string>& objects) {
+  constexpr std::string_view kEnd = ";\n";
+  while (!statements.empty()) {
+    std::size_t end = statements.find(";\n\n");
+    if (end == std::string_view::npos) end = statements.rfind(kEnd);
+    const std::size_t begin = statements.find_first_not_of('\n');
+    objects.emplace_back(statements.substr(begin, end - begin));
+    statements.remove_prefix(std::min(statements.find_first_not_of('\n', end + 1), statements.size()));
+  }
+}
+
 }  // namespace
+
+const std::vector<std::string>& SchemaObjects() {
+  static const std::vector<std::string> kObjects = [] {
+    std::vector<std::string> objects;
+    for (const SchemaRevision& revision : kRevisions) AddObjects(revision.statements, objects);
+    return objects;
+  }();
+  return kObjects;
+}
 
 std::span<const SchemaRevision> SchemaRevisions() { return kRevisions; }
 

@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace SQLite {  // NOLINT(readability-identifier-naming): the library's name
 class Database;
@@ -30,6 +31,9 @@ struct SchemaRevision {
 
 /// All revisions, the first one being number 1.
 std::span<const SchemaRevision> SchemaRevisions();
+
+/// The statements that create each table, index, view and trigger of all revisions, as a file keeps them.
+const std::vector<std::string>& SchemaObjects();
 
 /// Makes a new file with the present schema and no rows. Throws when there is a file of that name.
 void CreateScaleDatabase(const std::filesystem::path& path);
