@@ -25,6 +25,17 @@
 #include "help/mod_html_help.h"
 
 namespace tonalith::app {
+namespace {
+
+/// What the data control reads until the start binds it: the text of the stored query.
+constexpr const char* kDesignRecordSource =
+    "SELECT DISTINCTROW Scales.ScaleID, Scales.ScaleName, Scales.ScaleTypeID, Scales.ScaleDescription, "
+    "Scales.StartNote, Scales.ScaleIntervals, Scales.Chord, Scales.Sort, ScaleTypes.ScaleTypeNo, "
+    "ScaleTypes.ScaleTypeName\r\n"
+    "FROM ScaleTypes INNER JOIN Scales ON ScaleTypes.ScaleTypeID = Scales.ScaleTypeID;\r\n";
+
+}  // namespace
+
 frmTonalith::frmTonalith(const FormServices& services)
     : QMainWindow(nullptr, controls::kFixedSizeWindow),
       services_(services),
@@ -71,7 +82,7 @@ void frmTonalith::BindControls() {
   c_.Data1->SetConnectionString(
       "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=TonalithDB97.mdb;"
       "Mode=ReadWrite|Share Deny None;Persist Security Info=False");
-  c_.Data1->SetRecordSource(std::string(data::kAllScalesStatement));
+  c_.Data1->SetRecordSource(kDesignRecordSource);
 }
 
 void frmTonalith::WireHandlers() {

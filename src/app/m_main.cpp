@@ -53,6 +53,7 @@ std::unique_ptr<frmTonalith> OpenScaleDatabase(const FormServices& services) {
     services.database.OpenShared();
   });
   auto form = std::make_unique<frmTonalith>(services);
+  form->Controls().Data1->SetRecordSource(std::string(data::kAllScalesStatement));
   if (opened) failure.Try([&] { form->BindData(); });
   failure.Try([&] { form->Controls().fretboard->PositionNotes(); });
   form->UpdateForm();

@@ -39,8 +39,7 @@ class Connection {
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
 
-  /// kRead leaves the file and its folder untouched; an older file of ours is then read as it is, and fields of any
-  /// length are read whole. Otherwise record sets cut what is too long to be shown.
+  /// kRead leaves the file and its folder untouched; an older file of ours is then read as it is.
   void SetMode(ConnectMode mode);
   /// Opening a Jet file reads all of it. `whileReading` is called every kWaitStep or so meanwhile, with the rows read
   /// so far; what it throws ends the opening.

@@ -126,7 +126,9 @@ int Engine::OnProgress(void* engine) {
 // The callback knows this object, so it is set again wherever the database moves to.
 void Engine::LimitStatements() {
   constexpr int kStepsBetweenLooks = 20'000;
-  if (!guard_.isOurs) sqlite3_progress_handler(database_->getHandle(), kStepsBetweenLooks, &Engine::OnProgress, this);
+  // What reads a file from beginning to end has limits of its own.
+  isLimited_ = !guard_.isOurs && !isOpenedForReading_;
+  if (isLimited_) sqlite3_progress_handler(database_->getHandle(), kStepsBetweenLooks, &Engine::OnProgress, this);
 }
 
 int Engine::SetLongestField(int bytes) { return sqlite3_limit(database_->getHandle(), SQLITE_LIMIT_LENGTH, bytes); }
@@ -168,7 +170,7 @@ void Engine::Query(const std::string& sql, std::span<const Value> bindings,
     SQLite::Statement& statement = Prepared(sql);
     const Reset reset(statement);
     ++statementsIssued;
-    if (!guard_.isOurs) deadline_ = ProcessorMilliseconds() + kForeignStatementMilliseconds;
+    if (isLimited_) deadline_ = ProcessorMilliseconds() + kForeignStatementMilliseconds;
     for (std::size_t i = 0; i < bindings.size(); ++i) BindInPlace(statement, static_cast<int>(i) + 1, bindings[i]);
     while (statement.executeStep()) onRow(statement);
   } catch (const SQLite::Exception& exception) {

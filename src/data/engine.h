@@ -93,6 +93,7 @@ class Engine {
   std::unordered_map<std::string, std::unique_ptr<SQLite::Statement>> statements_;
   SchemaGuard guard_;
   std::int64_t deadline_ = 0;
+  bool isLimited_ = false;
   bool isScaleDatabase_ = false;
   bool isJetCopy_ = false;
   bool isOpenedForReading_ = false;

@@ -10,10 +10,12 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <system_error>
+#include <thread>
 
 #include "core/failure.h"
 #include "data/data_failure.h"
@@ -96,9 +98,18 @@ void ReplaceDurably(const std::string& from, const std::string& to) {
   SyncFolderOf(to);
 }
 
-FileHold::FileHold(const std::string& path) : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+FileHold::FileHold(const std::string& path, std::chrono::milliseconds patience)
+    : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
   if (descriptor_ < 0) throw FileFailure(path, "opened", errno);
-  while (::flock(descriptor_, LOCK_EX) != 0 && errno == EINTR) {
+  // Nobody can see a program that has no window yet, so it must not wait for ever.
+  constexpr auto kBetweenTries = std::chrono::milliseconds(50);
+  const auto end = std::chrono::steady_clock::now() + patience;
+  while (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR)) {
+    if (std::chrono::steady_clock::now() >= end) {
+      ::close(descriptor_);
+      throw Unspecified("Could not use '" + path + "'; file already in use.");
+    }
+    std::this_thread::sleep_for(kBetweenTries);
   }
 }
 

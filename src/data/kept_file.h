@@ -6,6 +6,7 @@
 
 #pragma once
 
+#include <chrono>
 #include <string>
 
 namespace tonalith::data {
@@ -20,11 +21,14 @@ void CopyDurably(const std::string& from, const std::string& to);
 /// Puts `from` in the place of `to`, which has the one content or the other at every moment.
 void ReplaceDurably(const std::string& from, const std::string& to);
 
-/// Holds a file against others who hold it so, from construction to destruction. Waits for them. A file system without
-/// locks counts as held.
+/// How long a program that shows nothing yet may wait for another.
+inline constexpr std::chrono::milliseconds kHoldPatience{10'000};
+
+/// Holds a file against others who hold it so, from construction to destruction. Waits for them as long as it may, and
+/// then fails as with any file that is in use. A file system without locks counts as held.
 class FileHold {
  public:
-  explicit FileHold(const std::string& path);
+  explicit FileHold(const std::string& path, std::chrono::milliseconds patience = kHoldPatience);
   ~FileHold();
   FileHold(const FileHold&) = delete;
   FileHold& operator=(const FileHold&) = delete;

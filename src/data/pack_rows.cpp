@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "data/data_failure.h"
+#include "data/long_fields.h"
 #include "data/sql_dialect.h"
 
 namespace tonalith::data {
@@ -48,7 +49,7 @@ void PackRows::ForEach(PackBudget& budget,
       ++row_;
       std::uint64_t size = 0;
       for (std::size_t i = 0; i < values_.size(); ++i) {
-        ReadColumn(statement, static_cast<int>(i) + 1, values_[i]);
+        ReadColumn(statement.getColumn(static_cast<int>(i) + 1), values_[i]);
         size += SizeOf(values_[i]);
       }
       RequireLimits();

@@ -62,11 +62,6 @@ class FieldLimit {
   int before_;
 };
 
-// Who opens a file for nothing but reading copies its rows, so no field may be cut.
-int LongestField(const Engine& engine) {
-  return engine.IsOpenedForReading() ? kLongestField : kLongestFieldInBlock;
-}
-
 std::vector<SQLite::Column> ColumnsOf(SQLite::Statement& statement) {
   std::vector<SQLite::Column> columns;
   const int count = statement.getColumnCount();
@@ -204,10 +199,9 @@ class KeyedRows : public RowSource {
     Forget();
     try {
       const std::array<Value, 2> bindings = {from, block};
-      const FieldLimit limit(engine_, LongestField(engine_));
+      const FieldLimit limit(engine_, kLongestFieldInBlock);
       rows_ = ReadRows(engine_, direction.wholeFields, bindings, std::move(before));
     } catch (const FieldTooLong&) {
-      if (engine_.IsOpenedForReading()) throw;
       block = 1;
       rows_ = ReadLongRow(direction, from);
     }
@@ -310,10 +304,10 @@ class SnapshotRows : public RowSource {
   Rows Read(FieldForm form) {
     try {
       std::optional<FieldLimit> limit;
-      if (form == FieldForm::kWhole) limit.emplace(engine_, LongestField(engine_));
+      if (form == FieldForm::kWhole) limit.emplace(engine_, kLongestFieldInBlock);
       return ReadRows(engine_, Statement(form), {}, {});
     } catch (const FieldTooLong&) {
-      if (form == FieldForm::kLeftOut || engine_.IsOpenedForReading()) throw;
+      if (form == FieldForm::kLeftOut) throw;
       return Read(form == FieldForm::kWhole ? FieldForm::kCut : FieldForm::kLeftOut);
     }
   }

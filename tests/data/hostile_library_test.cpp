@@ -52,6 +52,7 @@ void Soon(Step step) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, tests::Timely(std::chrono::seconds(1)));
 }
 
+constexpr const char* kAllNames = "SELECT group_concat(ScaleName) FROM (SELECT ScaleName FROM Scales ORDER BY ScaleID)";
 const std::string kFourNames = "Major\nMinor\nMajor triad\nMinor triad\n";
 
 TEST(HostileLibrary, SchemaOfOursIsKnownAsOurs) {
@@ -109,8 +110,7 @@ TEST(HostileLibrary, TriggerOfOthersNeverRunsOnSaving) {
   EXPECT_EQ(folder.Open()->Notice(),
             "The database '" + folder.Path() + "' has triggers that are not Tonalith's. Tonalith does not run them.");
   RenameFirst(folder, "Ionian");
-  EXPECT_EQ(AskRaw(folder.Path(), "SELECT group_concat(ScaleName) FROM Scales"),
-            "Ionian,Minor,Major triad,Minor triad");
+  EXPECT_EQ(AskRaw(folder.Path(), kAllNames), "Ionian,Minor,Major triad,Minor triad");
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM sqlite_schema WHERE name = 'Bomb'"), "1");
 }
 
@@ -120,15 +120,15 @@ TEST(HostileLibrary, TriggerThatBearsTheNameOfOursNeverRuns) {
          "DROP TRIGGER ScalesQueryUpdate; CREATE TRIGGER ScalesQueryUpdate INSTEAD OF UPDATE ON "
          "ScalesQuery BEGIN DELETE FROM Scales; END");
   RenameFirst(folder, "Ionian");
-  EXPECT_EQ(AskRaw(folder.Path(), "SELECT group_concat(ScaleName) FROM Scales"),
-            "Ionian,Minor,Major triad,Minor triad");
+  EXPECT_EQ(AskRaw(folder.Path(), kAllNames), "Ionian,Minor,Major triad,Minor triad");
   EXPECT_EQ(FailureOf([&] { RenameFirst(folder, "Minor"); }).Description(), "There is a scale of this name already.");
 }
 
 TEST(HostileLibrary, ForeignQueryAndForeignTriggersLeaveScalesToBeRead) {
   const DatabaseFolder folder;
-  RunRaw(folder.Path(), "CREATE TRIGGER Bomb AFTER UPDATE ON Scales BEGIN DELETE FROM Scales; END;"
-                        "DROP VIEW ScalesQuery; CREATE VIEW ScalesQuery AS SELECT * FROM Scales");
+  RunRaw(folder.Path(),
+         "CREATE TRIGGER Bomb AFTER UPDATE ON Scales BEGIN DELETE FROM Scales; END;"
+         "DROP VIEW ScalesQuery; CREATE VIEW ScalesQuery AS SELECT * FROM Scales");
   RecordSet records;
   records.Open("SELECT * FROM ScalesQuery", folder.Open());
   EXPECT_EQ(NamesIn(records), kFourNames);
@@ -139,8 +139,8 @@ TEST(HostileLibrary, ForeignQueryAndForeignTriggersLeaveScalesToBeRead) {
 
 TEST(HostileLibrary, EndlessStoredQueryInThePlaceOfATableIsGivenUpInTime) {
   const DatabaseFolder folder;
-  RunRaw(folder.Path(), std::string("DROP TABLE Scales; CREATE VIEW Scales AS ") +
-                            kEndless + "SELECT i AS ScaleID, 'n' AS ScaleName, " + kFields);
+  RunRaw(folder.Path(), std::string("DROP TABLE Scales; CREATE VIEW Scales AS ") + kEndless +
+                            "SELECT i AS ScaleID, 'n' AS ScaleName, " + kFields);
   Soon([&] {
     RecordSet records;
     EXPECT_EQ(FailureOf([&] { records.Open("SELECT * FROM ScalesQuery", folder.Open()); }).Description(),

@@ -58,5 +58,17 @@ TEST(KeptFile, IsReplacedByAnotherUnderItsName) {
   EXPECT_FALSE(fs::exists(folder / "new.mdb"));
 }
 
+TEST(KeptFile, IsGivenUpInWordsWhenAnotherHoldsItForTooLong) {
+  const tests::TempFolder folder;
+  const std::string path = folder.Write("library.mdb", "Jet");
+  {
+    const FileHold other(path);
+    const core::Failure failure = FailureOf([&] { const FileHold hold(path, std::chrono::milliseconds(120)); });
+    EXPECT_EQ(failure.Description(), "Could not use '" + path + "'; file already in use.");
+  }
+  EXPECT_NO_THROW(FileHold(path, std::chrono::milliseconds(0)));
+  EXPECT_LE(kHoldPatience, std::chrono::seconds(10));
+}
+
 }  // namespace
 }  // namespace tonalith::data
