@@ -8,7 +8,10 @@
 
 #include <atomic>
 #include <ctime>
+#include <filesystem>
+#include <fstream>
 #include <limits>
+#include <system_error>
 #include <type_traits>
 
 #include "data/connection.h"
@@ -34,6 +37,26 @@ std::int64_t ProcessorMilliseconds() {
   timespec time{};
   ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
   return std::int64_t{time.tv_sec} * 1000 + time.tv_nsec / 1'000'000;
+}
+
+// Without a first byte, or with a zero there, a journal undoes nothing (SQLite database file format, section 3).
+bool IsEmptyJournal(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return file.is_open() && file.get() <= 0;
+}
+
+// A program that ended before its first write to the journal was complete leaves one that holds nothing to undo. The
+// engine passes over it. While this holds the file for writing, nobody else's journal can be in use.
+void RemoveStaleJournal(SQLite::Database& database, const std::string& path) {
+  const std::string journal = path + "-journal";
+  if (!FileState::Of(journal)) return;
+  database.setBusyTimeout(0);
+  if (database.tryExec("BEGIN IMMEDIATE") == SQLITE_OK) {
+    std::error_code ignored;
+    if (IsEmptyJournal(journal)) std::filesystem::remove(journal, ignored);
+    database.exec("ROLLBACK");
+  }
+  database.setBusyTimeout(kBusyMilliseconds);
 }
 
 // A statement is bound anew before each use, so it may point to what outlives only this one.
@@ -97,6 +120,7 @@ void Engine::OpenFile(bool readOnly, const std::function<void(std::int64_t rows)
   const std::int32_t applicationId = database_->execAndGet("PRAGMA application_id").getInt();
   if (!isJetCopy_) RequireWholePages(path_, database_->execAndGet("PRAGMA page_size").getInt());
   database_->exec("COMMIT");
+  if (!isJetCopy_ && !readOnly) RemoveStaleJournal(*database_, path_);
   isScaleDatabase_ = applicationId == kApplicationId;
   UpgradeSchema(*database_, path_);
   // A copy of a Jet file has no views but the one that we made.

@@ -64,5 +64,26 @@ TEST(DamagedDatabase, FieldThatWouldTakeAllMemoryIsAFailure) {
             "The database '" + folder.Path() + "' reports: string or blob too big.");
 }
 
+TEST(StaleJournal, IsRemovedWhenItHoldsNothing) {
+  for (const std::size_t size : {0U, 512U}) {
+    const DatabaseFolder folder;
+    std::ofstream(folder.Path() + "-journal") << std::string(size, '\0');
+    EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM Scales"), "4");
+    Connection().Open(FullConnectionString(folder.Path()));
+    EXPECT_FALSE(std::filesystem::exists(folder.Path() + "-journal")) << size;
+  }
+}
+
+TEST(StaleJournal, IsNotTheJournalOfAWriter) {
+  const DatabaseFolder folder;
+  SQLite::Database writer(folder.Path(), SQLite::OPEN_READWRITE);
+  writer.exec("PRAGMA synchronous = OFF; BEGIN; DELETE FROM Scales");
+  ASSERT_TRUE(std::filesystem::exists(folder.Path() + "-journal"));
+  Connection().Open(FullConnectionString(folder.Path()));
+  EXPECT_TRUE(std::filesystem::exists(folder.Path() + "-journal"));
+  writer.exec("ROLLBACK");
+  EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM Scales"), "4");
+}
+
 }  // namespace
 }  // namespace tonalith::data
