@@ -9,6 +9,7 @@
 #include "core/paths.h"
 #include "core/text.h"
 #include "data/jet_conversion.h"
+#include "data/shipped_rows.h"
 
 namespace tonalith::app {
 namespace {
@@ -50,6 +51,7 @@ std::unique_ptr<frmTonalith> OpenScaleDatabase(const FormServices& services) {
   core::DeferredFailure failure;
   const bool opened = failure.Try([&] {
     data::ConvertMainDatabaseIfJet(services.database.DatabasePath());
+    data::RenewShippedRows(services.database.DatabasePath());
     services.database.OpenShared();
   });
   auto form = std::make_unique<frmTonalith>(services);

@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "data/schema.h"
+#include "data/shipped_rows.h"
 #include "data/sql_tokens.h"
 
 namespace tonalith::data {
@@ -41,7 +42,8 @@ Findings LookAtSchema(SQLite::Database& database) {
   while (objects.executeStep()) {
     const std::string type = objects.getColumn(0).getString();
     const std::string name = objects.getColumn(1).getString();
-    const bool isOurs = ours.contains(objects.getColumn(3).getString());
+    const std::string statement = objects.getColumn(3).getString();
+    const bool isOurs = ours.contains(statement) || statement == kCreateRevisions;
     findings.hasOurQuery |= isOurs && SameName(name, kStoredQuery);
     findings.tablesOfQuery += type == "table" && IsTableOfQuery(name) ? 1 : 0;
     if (isOurs) continue;

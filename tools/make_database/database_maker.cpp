@@ -12,7 +12,9 @@
 #include "data/connection.h"
 #include "data/connection_string.h"
 #include "data/record_set.h"
+#include "data/scale_database.h"
 #include "data/schema.h"
+#include "data/shipped_rows.h"
 
 namespace tonalith::make_database {
 namespace {
@@ -102,6 +104,8 @@ void MakeDatabase(const ScaleTables& tables, const std::filesystem::path& output
   AddScales(tables.scales, connection);
   connection->CommitTrans();
   connection->Close();
+  // The rows of a new library are those of today, so that its first start writes nothing.
+  if (output.filename() == data::kDatabaseFileName) data::RenewShippedRows(file.Path());
   std::filesystem::rename(file.Path(), output);
 }
 

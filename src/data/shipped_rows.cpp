@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "data/shipped_rows.h"
+
+#include <SQLiteCpp/Database.h>
+#include <SQLiteCpp/Exception.h>
+#include <SQLiteCpp/Statement.h>
+#include <SQLiteCpp/Transaction.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <map>
+#include <vector>
+
+#include "core/failure.h"
+#include "data/database_file.h"
+#include "data/jet_file.h"
+#include "data/long_fields.h"
+#include "data/schema.h"
+
+namespace tonalith::data {
+namespace {
+
+/// The row of today for each number of a row that is to be renewed.
+using Renewals = std::map<std::int64_t, const ShippedRow*>;
+
+// Names that are the same but for the case of their letters are one name.
+bool HasName(SQLite::Database& database, const ShippedRow& row, const Renewals& renewals) {
+  SQLite::Statement owners(database, "SELECT ScaleID FROM Scales WHERE ScaleName = ? COLLATE NOCASE");
+  owners.bind(1, std::string(row.name));
+  while (owners.executeStep()) {
+    if (!renewals.contains(owners.getColumn(0).getInt64())) return true;
+  }
+  return false;
+}
+
+Renewals FindRows(SQLite::Database& database, std::span<const ShippedRow> rows) {
+  Renewals renewals;
+  SQLite::Statement scales(database,
+                           "SELECT ScaleID, ScaleName, ScaleTypeID, ScaleDescription, StartNote, ScaleIntervals, Chord "
+                           "FROM Scales");
+  while (scales.executeStep()) {
+    RowMark mark;
+    for (int i = 1; i < scales.getColumnCount(); ++i) mark.Add(scales.getColumn(i).getString());
+    const auto found = std::lower_bound(rows.begin(), rows.end(), mark.Get(),
+                                        [](const ShippedRow& row, auto wanted) { return row.earlierMark < wanted; });
+    if (found != rows.end() && found->earlierMark == mark.Get()) {
+      renewals.emplace(scales.getColumn(0).getInt64(), &*found);
+    }
+  }
+  return renewals;
+}
+
+// A name that the user has given to another scale stays with that one.
+void LeaveOutTakenNames(SQLite::Database& database, Renewals& renewals) {
+  std::vector<std::int64_t> taken;
+  do {
+    taken.clear();
+    for (const auto& [scaleId, row] : renewals) {
+      if (HasName(database, *row, renewals)) taken.push_back(scaleId);
+    }
+    for (const std::int64_t scaleId : taken) renewals.erase(scaleId);
+  } while (!taken.empty());
+}
+
+void Write(SQLite::Database& database, const Renewals& renewals) {
+  SQLite::Statement update(database, "UPDATE Scales SET ScaleName = ?, ScaleDescription = ? WHERE ScaleID = ?");
+  for (const auto& [scaleId, row] : renewals) {
+    update.bind(1, std::string(row->name));
+    update.bind(2, std::string(row->description));
+    update.bind(3, scaleId);
+    update.exec();
+    update.reset();
+  }
+}
+
+bool IsRenewed(SQLite::Database& database) {
+  if (!database.tableExists("Revisions")) return false;
+  SQLite::Statement revision(database, "SELECT 1 FROM Revisions WHERE Revision = ?");
+  revision.bind(1, kRenewedRowsRevision);
+  return revision.executeStep();
+}
+
+void Renew(SQLite::Database& database, std::span<const ShippedRow> rows) {
+  SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+  if (IsRenewed(database)) return;
+  Renewals renewals = FindRows(database, rows);
+  LeaveOutTakenNames(database, renewals);
+  Write(database, renewals);
+  if (!database.tableExists("Revisions")) database.exec(std::string(kCreateRevisions));
+  SQLite::Statement record(database, "INSERT INTO Revisions VALUES (?, ?)");
+  record.bind(1, kRenewedRowsRevision);
+  record.bind(2, static_cast<int>(SchemaRevisions().size()));
+  record.exec();
+  transaction.commit();
+}
+
+}  // namespace
+
+void RenewShippedRows(const std::string& path, std::span<const ShippedRow> rows) {
+  try {
+    const std::string file = RequireDatabaseFile(path);
+    if (IsJetFile(file)) return;
+    SQLite::Database database(file, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
+    sqlite3* const handle = database.getHandle();
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+    sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, kLongestField);
+    RequireWholePages(file, database.execAndGet("PRAGMA page_size").getInt());
+    const bool isOurs =
+        database.execAndGet("PRAGMA application_id").getInt() == kApplicationId &&
+        database.execAndGet("PRAGMA user_version").getInt() == static_cast<int>(SchemaRevisions().size());
+    if (isOurs && sqlite3_db_readonly(handle, "main") == 0 && !IsRenewed(database)) Renew(database, rows);
+  } catch (const SQLite::Exception&) {
+    // The opening of the library that follows reports what is wrong with it.
+    return;
+  } catch (const core::Failure&) {
+    return;
+  }
+}
+
+}  // namespace tonalith::data

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// tonalith_make_shipped_rows <table-folder> <output.cpp>: writes the rows of the library that differ from those of an
+// earlier version, as source for the program. marks_1_0.tsv knows the earlier rows, earlier_rows.tsv their names of
+// today. Exit status 0: made. 1: a table is not well formed, said in one line. 2: wrong call.
+
+#include <exception>
+#include <fstream>
+#include <iostream>
+#include <map>
+#include <string>
+
+#include "make_database/scale_tables.h"
+
+namespace {
+
+using namespace tonalith;
+
+/// The two columns of a table whose first line that is no comment names them.
+std::map<std::string, std::string> ReadPairs(const std::string& file) {
+  std::ifstream stream(file);
+  if (!stream) throw make_database::TableFailure({file, 0}, "the table cannot be read");
+  std::map<std::string, std::string> pairs;
+  bool hasHeader = false;
+  int number = 0;
+  for (std::string line; std::getline(stream, line);) {
+    ++number;
+    if (line.starts_with('#')) continue;
+    const auto tab = line.find('\t');
+    if (tab == std::string::npos) throw make_database::TableFailure({file, number}, "the line has one column");
+    if (hasHeader) pairs[line.substr(0, tab)] = line.substr(tab + 1);
+    hasHeader = true;
+  }
+  return pairs;
+}
+
+std::string Literal(const std::string& text) {
+  std::string literal = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '\\') literal += '\\';
+    literal += c;
+  }
+  return literal + '"';
+}
+
+void Make(const std::string& folder, const std::string& output) {
+  const auto marks = ReadPairs(folder + "/marks_1_0.tsv");
+  std::map<std::string, make_database::ScaleRow> rowsOfToday;
+  for (const auto& row : make_database::ReadScaleTables(folder).scales) rowsOfToday[row.scaleName] = row;
+  std::map<std::string, const make_database::ScaleRow*> byMark;
+  for (const auto& [before, now] : ReadPairs(folder + "/earlier_rows.tsv")) {
+    const auto mark = marks.find(before);
+    const auto row = rowsOfToday.find(now);
+    if (mark == marks.end()) throw make_database::TableFailure({folder, 0}, "'" + before + "' has no mark");
+    if (row == rowsOfToday.end()) throw make_database::TableFailure({folder, 0}, "there is no row '" + now + "'");
+    byMark[mark->second] = &row->second;
+  }
+  std::ofstream source(output);
+  source << "#include <array>\n#include \"data/shipped_rows.h\"\nnamespace tonalith::data {\nnamespace {\n"
+         << "constexpr std::array<ShippedRow, " << byMark.size() << "> kRows = {{\n";
+  for (const auto& [mark, row] : byMark) {
+    source << "{0x" << mark << "U, " << Literal(row->scaleName) << ", " << Literal(row->scaleDescription) << "},\n";
+  }
+  source << "}};\n}\nstd::span<const ShippedRow> ShippedRows() { return kRows; }\n}\n";
+  if (!source.flush()) throw make_database::TableFailure({output, 0}, "the source cannot be written");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 3) {
+    std::cerr << "usage: tonalith_make_shipped_rows <table-folder> <output.cpp>\n";
+    return 2;
+  }
+  try {
+    Make(argv[1], argv[2]);
+  } catch (const std::exception& failure) {
+    std::cerr << failure.what() << "\n";
+    return 1;
+  }
+  return 0;
+}
