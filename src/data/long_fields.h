@@ -13,6 +13,8 @@ namespace tonalith::data {
 
 /// Bytes of a field that rows are read with, a block at a time. More than the longest description has.
 inline constexpr int kLongestFieldInBlock = 64 * 1024;
+/// Bytes of a field that a row is read with alone. A name of that length can still be looked up.
+inline constexpr int kLongestWholeField = 8 * 1024 * 1024;
 /// Bytes of a field, at most, of which a piece is read. A longer one is not read at all.
 inline constexpr int kLongestField = 16 * 1024 * 1024;
 

@@ -213,6 +213,15 @@ class KeyedRows : public RowSource {
   Rows ReadLongRow(const Direction& direction, std::int64_t from) {
     const std::array<Value, 2> bindings = {from, std::int64_t{1}};
     try {
+      const FieldLimit limit(engine_, kLongestWholeField);
+      return ReadRows(engine_, direction.wholeFields, bindings, {});
+    } catch (const FieldTooLong&) {
+      return ReadCutRow(direction, bindings);
+    }
+  }
+
+  Rows ReadCutRow(const Direction& direction, std::span<const Value> bindings) {
+    try {
       return ReadRows(engine_, direction.make(selection_, filter_, FieldForm::kCut), bindings, {});
     } catch (const FieldTooLong&) {
       return ReadRows(engine_, direction.make(selection_, filter_, FieldForm::kLeftOut), bindings, {});

@@ -173,7 +173,7 @@ TEST(HostileLibrary, LongFieldIsCutAndItsRecordStaysAmongTheOthers) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "UPDATE Scales SET ScaleDescription = " + Megabytes(15) + " WHERE ScaleID = 2;" +
                             "UPDATE Scales SET ScaleName = " + Megabytes(3) + " WHERE ScaleID = 4;" +
-                            "UPDATE ScaleTypes SET ScaleTypeName = " + Megabytes(5) + " WHERE ScaleTypeID = 2");
+                            "UPDATE ScaleTypes SET ScaleTypeName = " + Megabytes(9) + " WHERE ScaleTypeID = 2");
   Soon([&] {
     RecordSet records;
     records.Open("SELECT * FROM ScalesQuery", folder.Open());
@@ -184,6 +184,7 @@ TEST(HostileLibrary, LongFieldIsCutAndItsRecordStaysAmongTheOthers) {
     EXPECT_EQ(FieldText(records, 9), "Common scales");
     records.MoveNext();
     EXPECT_EQ(FieldText(records, 1), std::string(core::kLongestDescription + 1, 'x'));
+    EXPECT_EQ(FieldText(records, 9), std::string(core::kLongestDescription + 1, 'x'));
     EXPECT_EQ(FieldText(records, 5), "435");
     records.MoveLast();
     EXPECT_EQ(FieldText(records, 1), "Minor triad");
@@ -193,6 +194,17 @@ TEST(HostileLibrary, LongFieldIsCutAndItsRecordStaysAmongTheOthers) {
     const auto names = records.Clone({"ScaleName"});
     EXPECT_EQ(FieldText(*names, 0), "Major");
   });
+}
+
+TEST(HostileLibrary, NameOfSomeMegabytesIsWholeSoThatItIsFound) {
+  const DatabaseFolder folder;
+  RunRaw(folder.Path(), "UPDATE Scales SET ScaleName = " + Megabytes(3) + " WHERE ScaleID = 1");
+  RecordSet records;
+  records.Open("SELECT * FROM ScalesQuery", folder.Open());
+  EXPECT_EQ(FieldText(records, 1).size(), 3'000'000U);
+  RecordingMsgBox msgBox;
+  ScaleDatabase database(folder.Folder(), msgBox);
+  EXPECT_EQ(database.GetScaleIntervalsFromDB(FieldText(records, 1)).size(), 7U);
 }
 
 TEST(HostileLibrary, FieldLongerThanCanBeReadIsDots) {
