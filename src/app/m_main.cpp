@@ -62,7 +62,7 @@ std::unique_ptr<frmTonalith> OpenScaleDatabase(const FormServices& services) {
   if (const auto room = controls::RoomOn(form->screen())) AddScrollBars(*form, *room);
   form->show();
   if (!failure.Pending()) {
-    const std::string notice = services.database.ScaleConnection()->Notice();
+    const std::string notice = services.database.ScaleConnection()->NoticeText();
     if (!notice.empty()) services.msgBox.Show(notice, core::MsgBoxStyle::kInformation);
   }
   // The window is there before its message, so that nobody has to answer a box that belongs to nothing.

@@ -79,16 +79,16 @@ void Connection::LetGoOfEngine() {
 
 bool Connection::IsReadOnly() const { return OpenEngine().IsReadOnly(); }
 
-std::string Connection::Notice() const {
+std::string Connection::NoticeText() const {
   const Engine& engine = OpenEngine();
+  std::string notice;
   if (engine.Guard().replacesQuery) {
-    return "The stored query ScalesQuery of '" + engine.Path() +
-           "' is not Tonalith's. Tonalith reads the tables with its own query and leaves the file as it is.";
+    notice = "The stored query ScalesQuery of '" + engine.Path() +
+             "' is not Tonalith's. Tonalith reads the tables with its own query and leaves the file as it is.";
+  } else if (engine.Guard().stopsTriggers) {
+    notice = "The database '" + engine.Path() + "' has triggers that are not Tonalith's. Tonalith does not run them.";
   }
-  if (engine.Guard().stopsTriggers) {
-    return "The database '" + engine.Path() + "' has triggers that are not Tonalith's. Tonalith does not run them.";
-  }
-  return {};
+  return notice;
 }
 
 Engine& Connection::OpenEngine() const {

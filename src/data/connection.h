@@ -59,7 +59,7 @@ class Connection {
   [[nodiscard]] bool IsReadOnly() const;
 
   /// What the user should know about the open file, as a sentence; empty where there is nothing.
-  [[nodiscard]] std::string Notice() const;
+  [[nodiscard]] std::string NoticeText() const;
 
   void BeginTrans();
   void CommitTrans();
