@@ -146,6 +146,8 @@ TEST(IsOverlongPattern, CountsDigitsWithoutBlanks) {
   EXPECT_FALSE(IsOverlongPattern(std::string(36, '1')));
   EXPECT_TRUE(IsOverlongPattern(std::string(37, '1')));
   EXPECT_FALSE(IsOverlongPattern(std::string(36, '1') + std::string(10, ' ')));
+  EXPECT_FALSE(IsOverlongPattern(std::string(36, '1') + std::string(72, ' '))) << "a blank on each side of each digit";
+  EXPECT_TRUE(IsOverlongPattern(std::string(36, '1') + std::string(73, ' ')));
   EXPECT_TRUE(IsOverlongPattern("1" + std::string(1000, ' ')));
   EXPECT_TRUE(IsOverlongPattern(std::string(1000000, '1')));
 }

@@ -39,6 +39,8 @@ TEST(Text, EqualsWithoutRegardToTheCaseOfAsciiLettersAlone) {
   EXPECT_FALSE(EqualWithoutCase("Scale", "Scales"));
   EXPECT_FALSE(EqualWithoutCase("\xC3\x84", "\xC3\xA4")) << "A and a with dots";
   EXPECT_FALSE(EqualWithoutCase("[", "{"));
+  EXPECT_FALSE(EqualWithoutCase("@", "`"));
+  EXPECT_TRUE(EqualWithoutCase("AZ", "az"));
 }
 
 TEST(Text, MeasuresTheCharacterAtTheFrontAndRefusesWhatIsNotWellFormed) {
@@ -54,6 +56,37 @@ TEST(Text, MeasuresTheCharacterAtTheFrontAndRefusesWhatIsNotWellFormed) {
   EXPECT_EQ(WellFormedLength("\xF4\x90\x80\x80"), 0U) << "beyond the last character";
   EXPECT_EQ(WellFormedLength("\xE2\x99"), 0U) << "cut off";
   EXPECT_EQ(WellFormedLength("\xE2\x99x"), 0U);
+}
+
+TEST(Text, WellFormedCharactersReachFromTheFirstToTheLastOfEachLength) {
+  EXPECT_EQ(WellFormedLength("\x7F"), 1U);
+  EXPECT_EQ(WellFormedLength("\xC1\xBF"), 0U) << "overlong";
+  EXPECT_EQ(WellFormedLength("\xC2\x80"), 2U);
+  EXPECT_EQ(WellFormedLength("\xDF\xBF"), 2U);
+  EXPECT_EQ(WellFormedLength("\xE0\xA0\x80"), 3U);
+  EXPECT_EQ(WellFormedLength("\xE1\x80\x80"), 3U);
+  EXPECT_EQ(WellFormedLength("\xED\x9F\xBF"), 3U) << "below the surrogates";
+  EXPECT_EQ(WellFormedLength("\xEE\x80\x80"), 3U) << "above the surrogates";
+  EXPECT_EQ(WellFormedLength("\xEF\xBF\xBF"), 3U);
+  EXPECT_EQ(WellFormedLength("\xF0\x90\x80\x80"), 4U);
+  EXPECT_EQ(WellFormedLength("\xF4\x8F\xBF\xBF"), 4U) << "the last character";
+  EXPECT_EQ(WellFormedLength("\xF5\x80\x80\x80"), 0U);
+}
+
+TEST(Text, BytesThatFollowHaveTheirTwoHighestBits) {
+  EXPECT_EQ(WellFormedLength("\xC3\x7F"), 0U);
+  EXPECT_EQ(WellFormedLength("\xC3\xC0"), 0U);
+  EXPECT_EQ(WellFormedLength("\xF0\x9D\x84\xC0"), 0U);
+  EXPECT_THAT(Characters("\xC3\x7F"), ElementsAre("\xC3", "\x7F"));
+  EXPECT_THAT(Characters("\xC3\xC0"), ElementsAre("\xC3", "\xC0"));
+  EXPECT_THAT(Characters("\xC3\xBF"), ElementsAre("\xC3\xBF"));
+}
+
+TEST(Text, TheFirstByteTellsHowManyFollow) {
+  EXPECT_THAT(Characters("\xC0\x80\xDF\x80"), ElementsAre("\xC0\x80", "\xDF\x80"));
+  EXPECT_THAT(Characters("\xE0\x80\x80\xEF\x80\x80"), ElementsAre("\xE0\x80\x80", "\xEF\x80\x80"));
+  EXPECT_THAT(Characters("\xF0\x80\x80\x80\xF7\x80\x80\x80"), ElementsAre("\xF0\x80\x80\x80", "\xF7\x80\x80\x80"));
+  EXPECT_THAT(Characters("\xBF\x80\xF8\x80"), ElementsAre("\xBF", "\x80", "\xF8", "\x80"));
 }
 
 TEST(Text, AppendsACharacterOfAnyLength) {

@@ -24,6 +24,13 @@ TEST(UpperCase, JoinsLettersThatDifferInCaseOnly) {
   EXPECT_EQ(UpperCase("\u1e9e"), UpperCase("\u00df"));
 }
 
+TEST(UpperCase, TellsAsciiFromTheRest) {
+  EXPECT_TRUE(IsAscii(""));
+  EXPECT_TRUE(IsAscii("a\x7F"));
+  EXPECT_FALSE(IsAscii("a\x80"));
+  EXPECT_FALSE(IsAscii("\u00e9"));
+}
+
 TEST(UpperCase, DoesNotDependOnTheLocale) {
   const char* const before = std::setlocale(LC_ALL, nullptr);
   const std::string kept = before == nullptr ? "C" : before;
