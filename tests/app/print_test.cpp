@@ -36,6 +36,15 @@ TEST_F(Printing, HidesWhatDoesNotBelongOnPaperWhileItPrintsAndShowsItAgain) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
+TEST_F(Printing, ShowsTheDataControlAndTheKeyBoxAfterwards) {
+  StartOn({"Major", "2212221"});
+  C().Data1->hide();
+  C().cmbTranspose->hide();
+  Print();
+  EXPECT_FALSE(C().Data1->isHidden());
+  EXPECT_FALSE(C().cmbTranspose->isHidden());
+}
+
 TEST_F(Printing, FailureOfAnyStepIsReportedWhenTheWindowIsBack) {
   StartOn({"Major", "2212221"});
   C().cmdPrint->setFocus();

@@ -31,6 +31,7 @@ TEST(Schema, MarksTheFileWithItsApplicationAndRevision) {
   const DatabaseFolder folder;
   EXPECT_EQ(AskRaw(folder.Path(), "PRAGMA application_id"), "1414417480");
   EXPECT_EQ(AskRaw(folder.Path(), "PRAGMA user_version"), std::to_string(SchemaRevisions().size()));
+  EXPECT_EQ(SchemaRevisions().size(), 2U) << "version 1.0 refuses a library of a newer revision";
 }
 
 TEST(Schema, HoldsTheTablesTheStoredQueryAndTheIndexes) {
