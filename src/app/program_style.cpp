@@ -7,9 +7,27 @@
 #include <QPainter>
 #include <QStyleOption>
 
+#include "controls/reduced_painting.h"
 #include "controls/theme.h"
 
 namespace tonalith::app {
+namespace {
+
+bool IsReduced(const QPainter& painter) { return painter.device()->devicePixelRatioF() < 1; }
+
+/// Leans the painter by far less than a dot. Styles paint what they keep as pictures directly for a painter that does
+/// more than move and scale.
+void LeanUnseen(QPainter& painter) {
+  constexpr double kLean = 1e-9;
+  painter.setTransform(QTransform(1, kLean, kLean, 1, 0, 0), true);
+}
+
+}  // namespace
+
+void ProgramStyle::polish(QWidget* widget) {
+  LateIconStyle::polish(widget);
+  controls::ReducedPainting::Install(*widget);
+}
 
 void ProgramStyle::polish(QPalette& palette) {
   LateIconStyle::polish(palette);
@@ -32,6 +50,23 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
                      kBorderHeight);
   if (element == CE_MenuBarItem) painter->setClipRect(border);
   LateIconStyle::drawControl(CE_MenuBarEmptyArea, &bar, painter, widget);
+  painter->restore();
+}
+
+void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                 const QWidget* widget) const {
+  painter->save();
+  if (element == PE_PanelButtonCommand && IsReduced(*painter)) LeanUnseen(*painter);
+  LateIconStyle::drawPrimitive(element, option, painter, widget);
+  painter->restore();
+}
+
+void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                      const QWidget* widget) const {
+  const bool isPicture = control == CC_ComboBox || control == CC_SpinBox || control == CC_Slider;
+  painter->save();
+  if (isPicture && IsReduced(*painter)) LeanUnseen(*painter);
+  LateIconStyle::drawComplexControl(control, option, painter, widget);
   painter->restore();
 }
 

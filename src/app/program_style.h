@@ -18,6 +18,14 @@ class ProgramStyle : public platform::LateIconStyle {
   using LateIconStyle::LateIconStyle;
   using LateIconStyle::polish;
 
+  /// Called by Qt for every widget before it is first shown. Windows on a screen with less than one pixel for each of
+  /// theirs are painted at that size.
+  void polish(QWidget* widget) override;
+  /// These two keep a style from shrinking pictures that it has painted at scale 1.
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget = nullptr) const override;
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                          const QWidget* widget = nullptr) const override;
   /// Called by Qt for the palette of the system, at the start and whenever it changes.
   void polish(QPalette& palette) override;
   /// Closes the gaps that a style leaves in the border of a menu bar, one after each entry, where the screen has more

@@ -58,13 +58,13 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
 
 }  // namespace
 
-double ScaleThatFits(QSize window, QSize room, double devicePixelRatio) {
-  if (window.isEmpty() || devicePixelRatio <= 1) return 1;
+double ScaleThatFits(QSize window, QSize room) {
+  if (window.isEmpty()) return 1;
   const double fits = std::min(static_cast<double>(room.width()) / window.width(),
                                static_cast<double>(room.height()) / window.height());
   // Rounded down: a scale that is a little too large would call for scroll bars.
   constexpr double kSteps = 1000;
-  return std::clamp(std::floor(fits * kSteps) / kSteps, std::max(kSmallestScale, 1 / devicePixelRatio), 1.0);
+  return std::clamp(std::floor(fits * kSteps) / kSteps, kSmallestScale, 1.0);
 }
 
 bool IsUsableScaleSetting(const std::string& name, const std::string& value) {
@@ -127,7 +127,7 @@ void ScreenFit::RestartIfTooLarge() const {
   constexpr int kHighMenuBar = 60;
   const QSize most(MainControls::kClientWidth, MainControls::ClientHeight() + kHighMenuBar);
   if (!room || most.boundedTo(*room) == most) return;
-  const double scale = ScaleThatFits(ContentSize(), *room, screen->devicePixelRatio());
+  const double scale = ScaleThatFits(ContentSize(), *room);
   if (scale >= 1) return;
   const std::string setting = ValueOf(kScale);
   const double present = setting.empty() ? 1 : QByteArray::fromStdString(setting).trimmed().toDouble();

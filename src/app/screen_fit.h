@@ -2,9 +2,9 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // Fits the main window, whose layout is fixed, onto a small screen: the whole program is drawn at a smaller scale, down
-// to kSmallestScale, and below that the window gets scroll bars. Qt cannot draw with less than one pixel of the screen
-// for each pixel of a widget, so only a desktop that is scaled up leaves room for a smaller scale. Qt reads its scale
-// once, before it knows the screen: a program that finds its screen too small starts itself again with a smaller one.
+// to kSmallestScale, and below that the window gets scroll bars. Qt reads its scale once, before it knows the screen: a
+// program that finds its screen too small starts itself again with a smaller one. What Qt does not do at a scale below
+// 1, controls::ReducedPainting does.
 // Also keeps scale settings out that Qt would take but cannot draw with. User-interface thread.
 
 #pragma once
@@ -26,9 +26,8 @@ inline constexpr double kSmallestScale = 0.7;
 inline constexpr double kLeastScaleSetting = 0.25;
 inline constexpr double kLargestScaleSetting = 8;
 
-/// The scale, kSmallestScale to 1, at which `window` fits into `room` if it can. `devicePixelRatio`: how many pixels of
-/// the screen a pixel of a widget has at scale 1; never made less than one.
-[[nodiscard]] double ScaleThatFits(QSize window, QSize room, double devicePixelRatio);
+/// The scale, kSmallestScale to 1, at which `window` fits into `room` if it can.
+[[nodiscard]] double ScaleThatFits(QSize window, QSize room);
 
 /// Whether a value of the environment variable `name` is empty or a scale within the limits above. True for names that
 /// have nothing to do with the scale.

@@ -6,11 +6,13 @@
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
+#include <algorithm>
 
 namespace tonalith::controls {
 namespace {
 
 /// What the title bar and the frame take on the usual desktops. A window does not know its own before it is shown.
+/// They keep their size where the program is drawn at a scale below 1.
 constexpr QSize kFrame(4, 36);
 /// What the panels of the usual desktops take where a program is not told.
 constexpr int kUnknownPanels = 44;
@@ -23,8 +25,12 @@ std::optional<QSize> RoomOn(const QScreen* screen) {
   const QString platform = QGuiApplication::platformName();
   const bool isSeen = platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
   if (screen == nullptr || !isSeen) return std::nullopt;
-  QSize room = screen->availableSize() - kFrame;
-  if (platform.startsWith(QLatin1String("wayland"))) room.rheight() -= kUnknownPanels;
+  const double scale = std::min(1.0, screen->devicePixelRatio());
+  QSize taken = kFrame;
+  if (platform.startsWith(QLatin1String("wayland"))) taken.rheight() += kUnknownPanels;
+  // Rounded down, as the scale that the program has chosen for itself was.
+  const QSize room = screen->availableSize() -
+                     QSize(static_cast<int>(taken.width() / scale), static_cast<int>(taken.height() / scale));
   return room.expandedTo(kLeastRoom);
 }
 

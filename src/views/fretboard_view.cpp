@@ -9,6 +9,7 @@
 #include <QPainterPath>
 
 #include "controls/colours.h"
+#include "controls/device_scale.h"
 #include "controls/theme.h"
 #include "core/failure.h"
 #include "views/accessible_views.h"
@@ -237,10 +238,12 @@ void FretboardView::paintEvent(QPaintEvent* /*event*/) {
     neck_.setDevicePixelRatio(scale);
     neck_.fill(Qt::transparent);
     QPainter painter(&neck_);
+    controls::ScaleToDevice(painter);
     painter.translate(-DesignRect().topLeft());
     PaintNeck(painter, geometry);
   }
   QPainter painter(this);
+  controls::SnapOrigin(painter);
   painter.drawPixmap(QPointF(0, 0), neck_);
   painter.save();
   painter.translate(-DesignRect().topLeft());

@@ -46,8 +46,11 @@ QColor ColourAt(const Blend& blend, double at) {
           mix(below.colour.blue(), above->colour.blue())};
 }
 
-/// The device dots to one pixel of the painter.
-double DotsPerPixel(const QPainter& painter) { return std::max(1.0, painter.deviceTransform().m22()); }
+/// The device dots to one pixel of the painter. A transform that has none, or a rotation, counts as the least.
+double DotsPerPixel(const QPainter& painter) {
+  constexpr double kLeastDots = 0.25;
+  return std::max(kLeastDots, painter.deviceTransform().m22());
+}
 
 // The blends below are laid on in stripes of one device dot and one colour each. A gradient brush over areas of this
 // size makes Qt start threads for it, which takes longer than all of the painting.

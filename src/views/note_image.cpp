@@ -6,11 +6,11 @@
 #include <QImage>
 #include <QKeyEvent>
 #include <QPainter>
-#include <cmath>
 #include <map>
 #include <memory>
 #include <tuple>
 
+#include "controls/device_scale.h"
 #include "controls/painter_surface.h"
 
 namespace tonalith::views {
@@ -59,19 +59,19 @@ void PaintLitRim(QPainter& painter, NotePicture picture) {
   painter.drawRoundedRect(rim, radius, radius);
 }
 
-/// One finished image for each picture, name and scale factor; there are only two dozen of them for 96 notes, and as
-/// many lit ones.
-const QImage& SharedImage(const NoteImage& note, double scale) {
-  using Key = std::tuple<NotePicture, std::string, double, bool>;
+/// One finished image for each picture, name and size in dots; there are only two dozen of them for 96 notes, and as
+/// many lit ones. At a scale that is no whole number, notes of one size differ by a dot.
+const QImage& SharedImage(const NoteImage& note, QSize dots) {
+  using Key = std::tuple<NotePicture, std::string, int, int, bool>;
   static std::map<Key, QImage> images;
-  const Key key(note.Picture(), note.NameDrawn() ? note.Tag() : std::string(), scale, note.IsLit());
+  const Key key(note.Picture(), note.NameDrawn() ? note.Tag() : std::string(), dots.width(), dots.height(),
+                note.IsLit());
   const auto known = images.find(key);
   if (known != images.end()) return known->second;
-  const int side = static_cast<int>(std::ceil(kSide * scale));
-  QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
-  image.setDevicePixelRatio(scale);
+  QImage image(dots, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   QPainter painter(&image);
+  painter.scale(1.0 * dots.width() / kSide, 1.0 * dots.height() / kSide);
   controls::PainterSurface surface(painter);
   note.DrawOn(surface);
   if (note.IsLit()) PaintLitRim(painter, note.Picture());
@@ -151,7 +151,9 @@ QSize NoteImage::sizeHint() const { return {kSide, kSide}; }
 
 void NoteImage::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.drawImage(QPointF(0, 0), SharedImage(*this, devicePixelRatioF()));
+  const QRect dots = controls::DotsOf(painter, rect());
+  if (dots.isEmpty()) return;
+  painter.drawImage(painter.deviceTransform().inverted().mapRect(QRectF(dots)), SharedImage(*this, dots.size()));
 }
 
 void NoteImage::keyPressEvent(QKeyEvent* event) {

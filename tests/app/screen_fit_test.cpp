@@ -16,20 +16,19 @@ namespace {
 constexpr QSize kWindow(1080, 640);
 
 TEST(ScaleThatFits, IsOneWhereTheWindowFits) {
-  EXPECT_EQ(ScaleThatFits(kWindow, kWindow, 2), 1);
-  EXPECT_EQ(ScaleThatFits(kWindow, {1920, 1080}, 2), 1);
+  EXPECT_EQ(ScaleThatFits(kWindow, kWindow), 1);
+  EXPECT_EQ(ScaleThatFits(kWindow, {1920, 1080}), 1);
 }
 
 TEST(ScaleThatFits, FollowsTheSideThatIsShorterByMore) {
-  EXPECT_NEAR(ScaleThatFits(kWindow, {960, 504}, 2), 504.0 / 640, 0.001);
-  EXPECT_NEAR(ScaleThatFits(kWindow, {900, 630}, 2), 900.0 / 1080, 0.001);
-  EXPECT_LE(ScaleThatFits(kWindow, {907, 476}, 1.5) * kWindow.height(), 476);
+  EXPECT_NEAR(ScaleThatFits(kWindow, {960, 504}), 504.0 / 640, 0.001);
+  EXPECT_NEAR(ScaleThatFits(kWindow, {900, 630}), 900.0 / 1080, 0.001);
+  EXPECT_LE(ScaleThatFits(kWindow, {907, 476}) * kWindow.height(), 476);
 }
 
-TEST(ScaleThatFits, IsNeverBelowTheSmallestNorBelowOnePixelOfTheScreen) {
-  EXPECT_EQ(ScaleThatFits(kWindow, {320, 200}, 2), kSmallestScale);
-  EXPECT_EQ(ScaleThatFits(kWindow, {800, 500}, 1.25), 0.8);
-  EXPECT_EQ(ScaleThatFits(kWindow, {800, 500}, 1), 1);
+TEST(ScaleThatFits, IsNeverBelowTheSmallest) {
+  EXPECT_EQ(ScaleThatFits(kWindow, {320, 200}), kSmallestScale);
+  EXPECT_EQ(ScaleThatFits(kWindow, {636, 444}), kSmallestScale);
 }
 
 TEST(ScaleSetting, IsUsableFromAQuarterToEight) {

@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
 """The main window on a screen that is smaller than its layout: small_screen_test.py STAGE WIDTHxHEIGHT SCALE.
 
-On a desktop that is scaled up the program is drawn smaller, so that all of the window is on the screen. Where that is
-impossible the window has scroll bars and is no larger than the screen.
+The program is drawn smaller, so that all of the window is on the screen. Where the smallest scale is too large for that
+the window has scroll bars and is no larger than the screen. A note is where it is painted.
 """
 
 import ctypes
@@ -11,7 +11,11 @@ import os
 import sys
 import unittest
 
+from hands import Hands
 from session import Session, descendants
+
+# The window's width, 1080 pixels, at the smallest scale, 0.7, and a frame around it.
+SMALLEST_WITHOUT_SCROLL_BARS = 760
 
 
 def largest_window():
@@ -53,7 +57,7 @@ class SmallScreen(unittest.TestCase):
 
     def test_every_button_is_on_the_screen_or_can_be_scrolled_to(self):
         if self.nodes("scroll bar"):
-            self.assertEqual(self.scale, 1.0, "a desktop that is scaled up has room for a smaller scale")
+            self.assertLess(self.screen[0], SMALLEST_WITHOUT_SCROLL_BARS * self.scale, "there is room for a smaller scale")
             return
         window = self.extents(self.session.window)
         buttons = self.nodes("push button")
@@ -62,6 +66,18 @@ class SmallScreen(unittest.TestCase):
             place = self.extents(button)
             self.assertLessEqual(place.x + place.width, window.x + window.width, button.get_name())
             self.assertLessEqual(place.y + place.height, window.y + window.height, button.get_name())
+
+    def test_a_click_reaches_the_note_under_the_pointer(self):
+        # The bus has the places of the window system's pixels divided by the scale that the program is drawn at.
+        scale = largest_window()[0] / self.extents(self.session.window).width
+        hands = Hands()
+        for name in ("C, string 2, fret 1", "A, string 5, fret 12"):
+            note = next(node for node in self.nodes("push button") if node.get_name() == name)
+            place = self.extents(note)
+            hands.click((place.x + place.width / 2) * scale, (place.y + place.height / 2) * scale)
+            focused = self.session.atspi.StateType.FOCUSED
+            self.session.wait(lambda: note.get_state_set().contains(focused), f"focus on {name}")
+        hands.close()
 
 
 if __name__ == "__main__":

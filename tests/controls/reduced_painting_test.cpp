@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "controls/reduced_painting.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QPainter>
+#include <QWidget>
+
+#include "controls/device_scale.h"
+
+namespace tonalith::controls {
+namespace {
+
+/// White, with a red box up to its lower right corner.
+class BoxedWindow : public QWidget {
+ public:
+  explicit BoxedWindow(QSize size) {
+    resize(size);
+    box_ = new QWidget(this);
+    box_->setGeometry(size.width() / 2, size.height() / 2, size.width() - size.width() / 2,
+                      size.height() - size.height() / 2);
+    Fill(*this, Qt::white);
+    Fill(*box_, Qt::red);
+  }
+
+  QImage PaintedAt(double ratio) {
+    QImage image((QSizeF(size()) * ratio).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::black);
+    render(&image);
+    return image;
+  }
+
+ private:
+  static void Fill(QWidget& widget, Qt::GlobalColor colour) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, colour);
+    widget.setPalette(palette);
+    widget.setAutoFillBackground(true);
+  }
+
+  QWidget* box_ = nullptr;
+};
+
+QRect RedOf(const QImage& image) {
+  QRect red;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (image.pixelColor(x, y) == QColor(Qt::red)) red |= QRect(x, y, 1, 1);
+    }
+  }
+  return red;
+}
+
+TEST(ReducedPainting, PaintsAWindowAndItsControlsAtTheRatioOfTheScreen) {
+  BoxedWindow window({100, 80});
+  window.setGraphicsEffect(new ReducedPainting(window));
+  EXPECT_EQ(RedOf(window.PaintedAt(0.7)), QRect(35, 28, 35, 28));
+}
+
+TEST(ReducedPainting, EndsWithTheLastDotOfTheWindow) {
+  // 85 pixels at 0.7 are 59.5 dots, and 83 are 58.1.
+  BoxedWindow window({85, 83});
+  window.setGraphicsEffect(new ReducedPainting(window));
+  const QImage image = window.PaintedAt(0.7);
+  EXPECT_EQ(RedOf(image).bottomRight(), image.rect().bottomRight());
+  EXPECT_EQ(image.pixelColor(image.width() - 1, 0), QColor(Qt::white));
+}
+
+TEST(ReducedPainting, LeavesRatiosOfOneAndMoreToQt) {
+  BoxedWindow window({100, 80});
+  window.setGraphicsEffect(new ReducedPainting(window));
+  EXPECT_EQ(RedOf(window.PaintedAt(1)), QRect(50, 40, 50, 40));
+  EXPECT_EQ(RedOf(window.PaintedAt(2)), QRect(100, 80, 100, 80));
+}
+
+TEST(ReducedPainting, IsNotInstalledAtScaleOne) {
+  QWidget window;
+  ReducedPainting::Install(window);
+  EXPECT_EQ(window.graphicsEffect(), nullptr);
+}
+
+TEST(DeviceScale, ScalesAPainterOnAnImageOfASmallerRatio) {
+  QImage image(70, 70, QImage::Format_RGB32);
+  image.setDevicePixelRatio(0.7);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  ScaleToDevice(painter);
+  painter.fillRect(QRect(50, 50, 50, 50), Qt::red);
+  painter.end();
+  EXPECT_EQ(RedOf(image), QRect(35, 35, 35, 35));
+}
+
+TEST(DeviceScale, SnapsTheOriginToAWholeDot) {
+  QImage image(10, 10, QImage::Format_RGB32);
+  QPainter painter(&image);
+  painter.scale(0.5, 0.5);
+  painter.translate(3, 5.6);
+  SnapOrigin(painter);
+  EXPECT_EQ(painter.deviceTransform().map(QPointF(0, 0)), QPointF(2, 3));
+  EXPECT_EQ(DotsOf(painter, QRectF(0, 0, 4, 6)), QRect(2, 3, 2, 3));
+}
+
+TEST(DeviceScale, HasNoDotsForATurnedPainter) {
+  QImage image(10, 10, QImage::Format_RGB32);
+  QPainter painter(&image);
+  painter.rotate(30);
+  EXPECT_TRUE(DotsOf(painter, QRectF(0, 0, 4, 4)).isEmpty());
+}
+
+}  // namespace
+}  // namespace tonalith::controls
