@@ -50,6 +50,17 @@ TEST(RiffReader, PadsAShorterCodeWithBlanks) {
   EXPECT_EQ(StringToFOURCC("RIFF"), 0x46464952U);
 }
 
+TEST(RiffReader, AnOuterChunkThatEndsBeforeItsFormHasNone) {
+  Bytes bytes = Text("RIFF");
+  const Bytes size = Number(4, 4);
+  bytes.insert(bytes.end(), size.begin(), size.end());
+  OpenRiff file(bytes);
+  RiffReader reader = file.Reader();
+  MMCKINFO outer{.fccType = StringToFOURCC("WAVE")};
+  EXPECT_EQ(reader.Descend(outer), Descent::kNotThere);
+  EXPECT_EQ(outer.fccType, 0U);
+}
+
 TEST(RiffReader, EntersTheOuterChunkAndReadsItsForm) {
   OpenRiff file(Riff(Chunk("data", Number(1, 4))));
   RiffReader reader = file.Reader();

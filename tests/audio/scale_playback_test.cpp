@@ -265,6 +265,22 @@ TEST(PlayMultiSounds, PlaysTheSlotWithoutLookingAtTheFile) {
   EXPECT_EQ(rig.box.Texts(), "");
 }
 
+TEST(PlayMultiSounds, ReportsWhatTheSoundManagerThrows) {
+  struct BrokenMsgBox : core::MsgBox {
+    using core::MsgBox::Show;
+    core::MsgBoxAnswer Show(const std::string&, core::MsgBoxStyle, const std::string&) override {
+      throw std::runtime_error("no message box");
+    }
+  } broken;
+  Rig rig;
+  SoundManager sounds(rig.scaleSounds, rig.output, rig.windows, broken);
+  ScalePlayback playback(sounds, rig.scaleSounds, rig.stage, rig.events, rig.box);
+  sounds.LoadSoundBuffer(2, "a.wav", BufferFlags::kNone);
+  rig.script.Break("write");
+  playback.PlayMultiSounds(2, "a.wav");
+  EXPECT_EQ(rig.box.Texts(), "no message box\n");
+}
+
 /// A clock that goes on by what is waited.
 struct ManualTime : platform::TimeOfDay, platform::EventPump {
   [[nodiscard]] double SecondsSinceMidnight() const override { return now; }

@@ -60,6 +60,7 @@ class Mutants(unittest.TestCase):
     def test_declarations_and_other_statements_are_not_removed(self):
         self.assertEqual(changed("void F() { return g(); }"), [])
         self.assertEqual(changed("void F() { T a(b); c = d(); }"), [])
+        self.assertEqual(changed("void F() { T<U> a(b); }"), [])
         self.assertEqual(changed("class A : public B { A(); A(C c); };"), [])
         self.assertEqual(changed("void F() { a.reserve(b); }"), [])
 

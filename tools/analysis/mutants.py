@@ -171,7 +171,7 @@ def _end_of_call(tokens, pairs, index):
         if token.text == ";":
             return index - 1 if previous == ")" else None
         if token.kind == "word":
-            if token.text in _NO_CALLS or token.text in _HINTS or previous == "word":
+            if token.text in _NO_CALLS or token.text in _HINTS or previous in ("word", ">"):
                 return None
             previous = "word"
         elif token.text in ("(", "[") and index in pairs and (token.text == "(" or previous is not None):
