@@ -15,6 +15,7 @@
 
 #include "app/app_folder.h"
 #include "app/m_main.h"
+#include "app/open_files.h"
 #include "app/program_icon.h"
 #include "app/program_style.h"
 #include "app/screen_fit.h"
@@ -93,6 +94,10 @@ void WarnWithoutFonts() {
 int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown) {
   // A file that may not grow any more is a write that fails, and is told in words; the signal would end the program.
   std::signal(SIGXFSZ, SIG_IGN);
+  if (!RaiseOpenFiles()) {
+    ReportTooFewOpenFiles();
+    return EXIT_FAILURE;
+  }
   const ScreenFit fit(argc, argv);
   // The sound output sets the environment that it reads, so it is made while there is one thread.
   platform::NoticeQueue notices;
