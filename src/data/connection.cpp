@@ -82,7 +82,12 @@ bool Connection::IsReadOnly() const { return OpenEngine().IsReadOnly(); }
 std::string Connection::NoticeText() const {
   const Engine& engine = OpenEngine();
   std::string notice;
-  if (engine.Guard().replacesQuery) {
+  if (engine.Guard().replacesQuery && engine.Guard().stopsWriting) {
+    notice =
+        "The stored query ScalesQuery of '" + engine.Path() +
+        "' and its triggers are not Tonalith's. Tonalith reads the tables with its own query, and scales cannot be "
+        "changed.";
+  } else if (engine.Guard().replacesQuery) {
     notice = "The stored query ScalesQuery of '" + engine.Path() +
              "' is not Tonalith's. Tonalith reads the tables with its own query and leaves the file as it is.";
   } else if (engine.Guard().stopsTriggers) {

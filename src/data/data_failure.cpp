@@ -49,6 +49,9 @@ Failure NumbersUsedUp(const std::string& path) {
   return Unspecified("No new record can be saved in '" + path +
                      "', because the highest possible record number is in use.");
 }
+Failure ViewAsTable(const std::string& path, const std::string& table) {
+  return Unspecified("In the database '" + path + "', '" + table + "' is a stored query instead of a table.");
+}
 Failure NoTransaction() { return {number::kNoTransaction, "No transaction is active."}; }
 Failure TransactionActive() {
   return {number::kTransactionActive, "Only one transaction can be active on a connection."};
@@ -78,8 +81,7 @@ Failure FromStatementError(const std::string& words, const std::string& path) {
   if (text.starts_with(kCannotModify)) return UpdatingNotSupported();
   if (text.starts_with(kViewOfOthers)) {
     const std::string_view rest = text.substr(kViewOfOthers.size());
-    return Unspecified("In the database '" + path + "', '" + std::string(rest.substr(0, rest.find('"'))) +
-                       "' is a stored query instead of a table.");
+    return ViewAsTable(path, std::string(rest.substr(0, rest.find('"'))));
   }
   return SyntaxError("Syntax error in the statement: " + words + ".");
 }

@@ -65,6 +65,7 @@ core::Failure RowChanged();
 core::Failure Cancelled();
 /// The engine has no number left to give to a new row.
 core::Failure NumbersUsedUp(const std::string& path);
+core::Failure ViewAsTable(const std::string& path, const std::string& table);
 core::Failure NoTransaction();
 core::Failure TransactionActive();
 core::Failure SyntaxError(const std::string& words);

@@ -7,7 +7,6 @@
 #include <sqlite3.h>
 
 #include <atomic>
-#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <limits>
@@ -20,6 +19,7 @@
 #include "data/jet_file.h"
 #include "data/jet_tables.h"
 #include "data/long_fields.h"
+#include "data/processor_time.h"
 #include "data/read_only_file.h"
 #include "data/schema.h"
 #include "data/sql_dialect.h"
@@ -31,13 +31,6 @@ namespace {
 constexpr std::size_t kKeptStatements = 16;
 
 std::atomic<std::uint64_t> statementsIssued = 0;
-
-// Of this thread: waiting for a slow disk takes none of it.
-std::int64_t ProcessorMilliseconds() {
-  timespec time{};
-  ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-  return std::int64_t{time.tv_sec} * 1000 + time.tv_nsec / 1'000'000;
-}
 
 // Without a first byte, or with a zero there, a journal undoes nothing (SQLite database file format, section 3).
 bool IsEmptyJournal(const std::string& path) {
@@ -125,6 +118,8 @@ void Engine::OpenFile(bool readOnly, const std::function<void(std::int64_t rows)
   UpgradeSchema(*database_, path_);
   // A copy of a Jet file has no views but the one that we made.
   if (!isJetCopy_) guard_ = GuardSchema(*database_);
+  // A file that is only read has checks of its own, with words of their own.
+  if (!readOnly && !guard_.viewAsTable.empty()) throw ViewAsTable(path_, guard_.viewAsTable);
   LimitStatements();
   // In KiB: a record set keeps its own block of rows, so more would only hold memory.
   database_->exec("PRAGMA cache_size = -512");
@@ -149,7 +144,8 @@ int Engine::OnProgress(void* engine) {
 
 // The callback knows this object, so it is set again wherever the database moves to.
 void Engine::LimitStatements() {
-  constexpr int kStepsBetweenLooks = 20'000;
+  // One step may make a field of kLongestField, which takes some milliseconds.
+  constexpr int kStepsBetweenLooks = 200;
   // What reads a file from beginning to end has limits of its own.
   isLimited_ = !guard_.isOurs && !isOpenedForReading_;
   if (isLimited_) sqlite3_progress_handler(database_->getHandle(), kStepsBetweenLooks, &Engine::OnProgress, this);

@@ -30,6 +30,7 @@ struct Findings {
   bool hasTrigger = false;
   bool hasTriggerOfTable = false;
   int tablesOfQuery = 0;
+  std::string viewAsTable;
 };
 
 // Triggers, views, tables and indexes. What the engine keeps for itself has a name that begins with its own, which no
@@ -46,6 +47,7 @@ Findings LookAtSchema(SQLite::Database& database) {
     const bool isOurs = ours.contains(statement) || statement == kCreateRevisions;
     findings.hasOurQuery |= isOurs && SameName(name, kStoredQuery);
     findings.tablesOfQuery += type == "table" && IsTableOfQuery(name) ? 1 : 0;
+    if (type == "view" && IsTableOfQuery(name)) findings.viewAsTable = name;
     if (isOurs) continue;
     findings.hasOthers = true;
     if (type != "trigger") continue;
@@ -82,7 +84,9 @@ SchemaGuard GuardSchema(SQLite::Database& database) {
   SchemaGuard guard;
   guard.isOurs = findings.hasOurQuery && !findings.hasOthers;
   guard.stopsTriggers = findings.hasTrigger;
+  guard.stopsWriting = !findings.hasOurQuery && findings.hasTriggerOfTable;
   guard.replacesQuery = !findings.hasOurQuery && findings.tablesOfQuery == 2;
+  guard.viewAsTable = findings.viewAsTable;
   if (guard.replacesQuery) {
     sqlite3_db_config(database.getHandle(), SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     CreateOurView(database);

@@ -3,8 +3,8 @@
 
 // Keeps what others wrote into a file's schema from running. The tables are read as they are. Where the stored query is
 // not ours, the connection gets ours for as long as it is open. Triggers that are not ours never run. The file stays as
-// it is. With a stored query and triggers of tables that are both not ours, scales can only be read. Private to the data room. Fails by throwing
-// SQLite::Exception.
+// it is. With a stored query and triggers of tables that are both not ours, scales can only be read. Private to the
+// data room. Fails by throwing SQLite::Exception.
 
 #pragma once
 
@@ -23,6 +23,10 @@ struct SchemaGuard {
   bool replacesQuery = false;
   /// Whether the file has triggers of others, which never run.
   bool stopsTriggers = false;
+  /// Whether scales can only be read, because the stored query and triggers of tables are both not ours.
+  bool stopsWriting = false;
+  /// The name of a table of ours if the file has a view in its place, which may need any time and memory.
+  std::string viewAsTable;
 };
 
 /// Looks at the schema of an open file and puts ours in the place of what is not ours.

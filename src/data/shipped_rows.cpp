@@ -17,10 +17,35 @@
 #include "data/database_file.h"
 #include "data/jet_file.h"
 #include "data/long_fields.h"
+#include "data/processor_time.h"
 #include "data/schema.h"
 
 namespace tonalith::data {
 namespace {
+
+/// Milliseconds of computing before the window is there. 100,000 rows take a third of it; calculated columns and
+/// indexes in a file from a stranger can take any time.
+constexpr int kLongestRenewal = 500;
+
+/// Interrupts what takes longer.
+class TimeLimit {
+ public:
+  explicit TimeLimit(sqlite3* handle) : handle_(handle), end_(ProcessorMilliseconds() + kLongestRenewal) {
+    constexpr int kStepsBetweenLooks = 100;
+    sqlite3_progress_handler(handle_, kStepsBetweenLooks, &TimeLimit::OnProgress, this);
+  }
+  ~TimeLimit() { sqlite3_progress_handler(handle_, 0, nullptr, nullptr); }
+  TimeLimit(const TimeLimit&) = delete;
+  TimeLimit& operator=(const TimeLimit&) = delete;
+
+ private:
+  static int OnProgress(void* limit) {
+    return ProcessorMilliseconds() > static_cast<const TimeLimit*>(limit)->end_ ? 1 : 0;
+  }
+
+  sqlite3* handle_;
+  std::int64_t end_;
+};
 
 /// The row of today for each number of a row that is to be renewed.
 using Renewals = std::map<std::int64_t, const ShippedRow*>;
@@ -35,12 +60,21 @@ bool HasName(SQLite::Database& database, const ShippedRow& row, const Renewals& 
   return false;
 }
 
+bool HasLongField(SQLite::Statement& row) {
+  for (int i = 1; i < row.getColumnCount(); ++i) {
+    if (row.getColumn(i).getBytes() > kLongestFieldInBlock) return true;
+  }
+  return false;
+}
+
 Renewals FindRows(SQLite::Database& database, std::span<const ShippedRow> rows) {
   Renewals renewals;
   SQLite::Statement scales(database,
                            "SELECT ScaleID, ScaleName, ScaleTypeID, ScaleDescription, StartNote, ScaleIntervals, Chord "
                            "FROM Scales");
   while (scales.executeStep()) {
+    // No row of ours has a longer field, and a mark of one would take its time.
+    if (HasLongField(scales)) continue;
     RowMark mark;
     for (int i = 1; i < scales.getColumnCount(); ++i) mark.Add(scales.getColumn(i).getString());
     const auto found = std::lower_bound(rows.begin(), rows.end(), mark.Get(),
@@ -109,6 +143,7 @@ void RenewShippedRows(const std::string& path, std::span<const ShippedRow> rows)
     sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, kLongestField);
+    const TimeLimit limit(handle);
     RequireWholePages(file, database.execAndGet("PRAGMA page_size").getInt());
     const bool isOurs =
         database.execAndGet("PRAGMA application_id").getInt() == kApplicationId &&

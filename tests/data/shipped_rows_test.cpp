@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
@@ -16,6 +17,7 @@
 #include <string>
 
 #include "data_fixture.h"
+#include "support/timed.h"
 
 namespace tonalith::data {
 namespace {
@@ -126,6 +128,20 @@ TEST(ShippedRows, RunNoTriggerOfOthers) {
   RunRaw(folder.Path(), "CREATE TRIGGER Bomb AFTER UPDATE ON Scales BEGIN DELETE FROM Scales; END");
   RenewShippedRows(folder.Path(), Rows());
   EXPECT_EQ(AskRaw(folder.Path(), kAll), kRenewed);
+}
+
+TEST(ShippedRows, WaitWhereTheFileCalculatesWithoutEnd) {
+  const DatabaseFolder folder;
+  // Each row takes some milliseconds.
+  RunRaw(folder.Path(),
+         "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 3000) "
+         "INSERT INTO Scales (ScaleName) SELECT i FROM n;"
+         "ALTER TABLE Scales RENAME COLUMN StartNote TO Note;"
+         "ALTER TABLE Scales ADD COLUMN StartNote AS (replace(hex(zeroblob(7000000 + ScaleID)), '0', '1'))");
+  const auto start = std::chrono::steady_clock::now();
+  RenewShippedRows(folder.Path(), Rows());
+  EXPECT_LT(std::chrono::steady_clock::now() - start, tests::Timely(std::chrono::seconds(1)));
+  EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM sqlite_schema WHERE name = 'Revisions'"), "0");
 }
 
 TEST(ShippedRows, AreTheOldOnesOrTheNewOnesWheneverTheProgramIsKilled) {
