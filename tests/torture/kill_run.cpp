@@ -17,6 +17,7 @@
 
 #include "core/recording_msg_box.h"
 #include "data/scale_database.h"
+#include "data/shipped_rows.h"
 #include "torture/finding.h"
 #include "torture/kill_account.h"
 #include "torture/playground.h"
@@ -139,6 +140,8 @@ int RunKills(const Options& options) {
   const Places& places = playground.Where();
   fs::remove_all(places.Packs());
   fs::create_directories(places.Packs());
+  // The first start may renew rows of an earlier version; the kills are judged by the library after that.
+  data::RenewShippedRows(places.Library().string());
   KillAccount account(LibraryFile(places.Library().string()).Read());
   Dice dice(options.seed);
   const auto begin = Clock::now();
