@@ -154,6 +154,12 @@ class WorldSession(WingsSession):
 
         With several programs any of them may be the one; it is the session's afterwards.
         """
+        def ask():
+            with open_screen() as screen:
+                window = screen.window_titled("Tonalith")
+                if window is not None:
+                    screen.ask_to_close(window)
+
         programs = programs or [self.program]
         watch = select.poll()
         handles = {os.pidfd_open(program.pid): program for program in programs}
@@ -161,12 +167,13 @@ class WorldSession(WingsSession):
             for handle in handles:
                 watch.register(handle, select.POLLIN)
             start = time.monotonic()
-            with open_screen() as screen:
-                screen.ask_to_close(screen.window_titled("Tonalith"))
+            ask()
             while not (ended := watch.poll(200)):
                 if time.monotonic() - start > timely(LONGEST_CLOSING):
                     raise SessionFailure(f"the program does not end when it is asked to; {self.output()}")
-                self.dismiss()
+                if self.dismiss():
+                    # A window below a message takes no request.
+                    ask()
             self.program = handles[ended[0][0]]
         finally:
             for handle in handles:

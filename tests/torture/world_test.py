@@ -133,7 +133,7 @@ def main():
     if os.geteuid() == 0:
         return as_plain_user(arguments)
     sys.path.insert(0, OUTSIDE)
-    import world_clock, world_files, world_full, world_rights, world_two  # Each enters its cases.
+    import world_clock, world_files, world_full, world_hostile, world_rights, world_two  # Each enters its cases.
     from world_cases import CASES
 
     if arguments.list:
