@@ -117,6 +117,12 @@ class WingsSession(Session):
 
         return self.wait(found, f"the {role} {name}")
 
+    def showing_label(self, window, start):
+        """Whether a label of the window begins with this."""
+        window.clear_cache()
+        return any(node.get_role_name() == "label" and node.get_name().startswith(start) and self.is_showing(node)
+                   for node in descendants(window))
+
     def text_of(self, node):
         node.clear_cache()
         return self.atspi.Text.get_text(node, 0, -1)

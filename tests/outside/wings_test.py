@@ -144,6 +144,21 @@ class Editor(Wings):
         session.click_button(editor, "Close")
         session.wait_for_end_of("Scales")
 
+    def test_by_screen_reader_a_note_is_selected_and_taken_back(self):
+        session, action = self.session, self.session.atspi.Action
+        editor = self.open_by_mouse()
+        note = session.find(editor, "check box", "A#")
+        is_checked = lambda: note.get_state_set().contains(session.atspi.StateType.CHECKED)
+        toggle = [action.get_action_name(note, index) for index in range(action.get_n_actions(note))].index("Toggle")
+        action.do_action(note, toggle)
+        session.wait(is_checked, "the selected note")
+        session.wait(lambda: session.showing_label(editor, "Apply saves 22122111"), "what Apply would save")
+        action.do_action(note, toggle)
+        session.wait(lambda: not is_checked(), "the note as it was")
+        session.wait(lambda: not session.showing_label(editor, "Apply saves 22122111"), "the notice as it was")
+        session.click_button(editor, "Close")
+        session.wait_for_end_of("Scales")
+
     def apply_by_mouse(self, editor):
         self.session.click_button(editor, "Apply")
         self.session.click_button(self.session.wait_for_box(KEEP), "OK")
