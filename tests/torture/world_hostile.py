@@ -6,6 +6,7 @@ The program names the cause, changes no row, and its window answers within a sec
 """
 
 import contextlib
+import fcntl
 import os
 import shutil
 import sqlite3
@@ -20,6 +21,8 @@ from world_faults import write
 DATABASE = "TonalithDB97.mdb"
 PACK = os.path.join("DataPacks", "DataPack_Jazz.mdb")
 LONGEST_ANSWER = 1.0
+# Seconds that the program waits for a Jet library.
+JET_PATIENCE = 10
 NOTE, NOTE_SOUND = "E, string 1, open", os.path.join("Octaves", "28.wav")
 OWN_QUERY = "reads the tables with its own query"
 QUESTION = "keep these changes"
@@ -244,3 +247,38 @@ def empty_journal(session):
         session.start(stage)
         session.close()
         require(not os.path.exists(journal), "the journal is there after a start")
+
+
+@case("Jet library held by another program")
+def held_jet_library(session):
+    stage = session.new_stage()
+    path = os.path.join(stage, DATABASE)
+    shutil.copy(os.path.join(session.packs, "DataPack_Jet2000.mdb"), path)
+    with open(path, "rb") as file:
+        before = file.read()
+        fcntl.flock(file, fcntl.LOCK_EX)
+        start = time.monotonic()
+        session.start(stage)
+        session.until(lambda: session.told("file already in use"), "a word about the library")
+        seconds = time.monotonic() - start
+        require(seconds < timely(JET_PATIENCE + LONGEST_ANSWER), f"the word came after {seconds:.1f} s")
+        require_answer(session)
+        session.close()
+        file.seek(0)
+        require(file.read() == before, "the library has changed")
+
+
+@case("record changed by another program while it is edited")
+def record_changed_elsewhere(session):
+    path = started(session, "")
+    editor = use.open_editor(session)
+    use.again(session, "F2", lambda: use.has_keyboard(session, use.field(session, editor, "Scale Name")), "the name")
+    session.hands.write("Mine")
+    change(path, "UPDATE Scales SET ScaleDescription = 'Theirs' WHERE ScaleName = 'Major';")
+    use.apply(session)
+    session.until(lambda: session.told("changed elsewhere") or session.told("another"), "a word about the record")
+    found = use.rows(path, "SELECT ScaleName, ScaleDescription FROM Scales WHERE ScaleID = 1")
+    require(found[0][1] == "Theirs", f"the other change is gone: {found}, {session.said}")
+    session.consents = False
+    use.leave(session, "Scales")
+    session.close()
