@@ -61,13 +61,28 @@ TEST(ReducedPainting, PaintsAWindowAndItsControlsAtTheRatioOfTheScreen) {
   EXPECT_EQ(RedOf(window.PaintedAt(0.7)), QRect(35, 28, 35, 28));
 }
 
-TEST(ReducedPainting, EndsWithTheLastDotOfTheWindow) {
-  // 85 pixels at 0.7 are 59.5 dots, and 83 are 58.1.
-  BoxedWindow window({85, 83});
-  window.setGraphicsEffect(new ReducedPainting(window));
-  const QImage image = window.PaintedAt(0.7);
-  EXPECT_EQ(RedOf(image).bottomRight(), image.rect().bottomRight());
-  EXPECT_EQ(image.pixelColor(image.width() - 1, 0), QColor(Qt::white));
+class OutlinedWindow : public QWidget {
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QPainter painter(this);
+    painter.setPen(Qt::red);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
+};
+
+TEST(ReducedPainting, KeepsTheLowestLineOfTheWindow) {
+  // The heights end at every part of a dot.
+  for (int side = 60; side < 70; ++side) {
+    OutlinedWindow window;
+    window.resize(side, side);
+    window.setGraphicsEffect(new ReducedPainting(window));
+    const int dots = qRound(side * 0.7);
+    QImage image(dots, dots, QImage::Format_RGB32);
+    image.setDevicePixelRatio(0.7);
+    window.render(&image);
+    const QColor ground = image.pixelColor(dots / 2, dots / 2);
+    EXPECT_NE(image.pixelColor(dots / 2, dots - 1), ground) << side;
+  }
 }
 
 TEST(ReducedPainting, LeavesRatiosOfOneAndMoreToQt) {
