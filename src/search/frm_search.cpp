@@ -45,9 +45,7 @@ void SetInk(QLabel* label, const QColor& ink) {
 class frmSearch::Watcher : public SearchWatcher {
  public:
   explicit Watcher(frmSearch& form) : form_(&form) { clock_.start(); }
-  ~Watcher() override {
-    if (isBusy_) QGuiApplication::restoreOverrideCursor();
-  }
+  ~Watcher() override { Watcher::HasEnded(); }
   Watcher(const Watcher&) = delete;
   Watcher& operator=(const Watcher&) = delete;
 
@@ -61,6 +59,10 @@ class frmSearch::Watcher : public SearchWatcher {
     // The clock costs more than a record does.
     if (++records_ % kRecordsBetweenClocks == 0 && clock_.elapsed() >= nextEvents_) TakeEvents();
     return IsThere() && !form_->stopRequested_;
+  }
+
+  void HasEnded() override {
+    if (std::exchange(isBusy_, false)) QGuiApplication::restoreOverrideCursor();
   }
 
   [[nodiscard]] bool IsThere() const { return !form_.isNull(); }
@@ -178,7 +180,9 @@ void frmSearch::MoveClearOfTheText(QWidget& box) const {
   const int below = text.bottom() + 1 + kGap;
   const int above = text.top() - kGap - titleBar - box.height();
   const bool fitsBelow = below + titleBar + box.height() <= available.bottom() + 1;
-  if (fitsBelow || above >= available.top()) box.move(box.x(), fitsBelow ? below : above);
+  // Before it is on the screen the box has no frame yet, and its title bar comes above the place that it is given.
+  const int missing = box.frameGeometry().height() == box.height() ? titleBar : 0;
+  if (fitsBelow || above >= available.top()) box.move(box.x(), (fitsBelow ? below : above) + missing);
 }
 
 void frmSearch::MoveClearOfTheName() {

@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QToolTip>
+#include <utility>
 
 #include "core/deferred_failure.h"
 
@@ -42,9 +43,7 @@ bool IsInput(QEvent::Type type) {
 class WindowWatcher : public QObject, public SearchWatcher {
  public:
   explicit WindowWatcher(QWidget& place) : place_(&place), window_(place.window()) { clock_.start(); }
-  ~WindowWatcher() override {
-    if (isBusy_) QGuiApplication::restoreOverrideCursor();
-  }
+  ~WindowWatcher() override { WindowWatcher::HasEnded(); }
   WindowWatcher(const WindowWatcher&) = delete;
   WindowWatcher& operator=(const WindowWatcher&) = delete;
 
@@ -57,6 +56,10 @@ class WindowWatcher : public QObject, public SearchWatcher {
     return !place_.isNull() && !isStopped_;
   }
 
+  void HasEnded() override {
+    if (std::exchange(isBusy_, false)) QGuiApplication::restoreOverrideCursor();
+  }
+
   bool eventFilter(QObject* watched, QEvent* event) override {
     const auto type = event->type();
     if (type == QEvent::Close && watched == window_) isStopped_ = true;
@@ -67,10 +70,7 @@ class WindowWatcher : public QObject, public SearchWatcher {
 
  private:
   void TakeEvents() {
-    if (!isBusy_) {
-      isBusy_ = true;
-      QGuiApplication::setOverrideCursor(Qt::BusyCursor);
-    }
+    if (!std::exchange(isBusy_, true)) QGuiApplication::setOverrideCursor(Qt::BusyCursor);
     QCoreApplication::instance()->installEventFilter(this);
     QCoreApplication::processEvents();
     QCoreApplication::instance()->removeEventFilter(this);

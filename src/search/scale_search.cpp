@@ -55,6 +55,12 @@ void ScaleSearch::StandAfterCurrent(ScaleCursor& rows) {
 }
 
 SearchResult ScaleSearch::Walk(ScaleCursor& rows, NamePattern& pattern, OnWrap onWrap) {
+  SearchResult result = TestRecords(rows, pattern, onWrap);
+  watcher_.HasEnded();
+  return result;
+}
+
+SearchResult ScaleSearch::TestRecords(ScaleCursor& rows, NamePattern& pattern, OnWrap onWrap) {
   // A bookmark says which record it is without counting those before it, and still does when some of them go.
   const data::Bookmark start = rows.GetBookmark();
   bool hasWrapped = false;

@@ -59,6 +59,8 @@ class SearchWatcher {
   virtual void SetMessage(const std::string& text) = 0;
   /// Asked before each record is tested; false ends the search then and there, without a message.
   [[nodiscard]] virtual bool GoesOn() = 0;
+  /// No record is tested any more; a message may follow.
+  virtual void HasEnded() = 0;
 };
 
 enum class SearchOutcome { kNothingAsked, kFound, kNoMatch, kStopped };
@@ -91,6 +93,7 @@ class ScaleSearch {
   /// Behind the current record, wrapped; on the first when no record is current or it is gone.
   void StandAfterCurrent(ScaleCursor& rows);
   SearchResult Walk(ScaleCursor& rows, NamePattern& pattern, OnWrap onWrap);
+  SearchResult TestRecords(ScaleCursor& rows, NamePattern& pattern, OnWrap onWrap);
 
   ScaleSource& source_;
   SearchWatcher& watcher_;

@@ -22,6 +22,7 @@ class PatientWatcher : public SearchWatcher {
  public:
   void SetMessage(const std::string& text) override { message_ = text; }
   [[nodiscard]] bool GoesOn() override { return true; }
+  void HasEnded() override {}
   std::string message_;
 };
 

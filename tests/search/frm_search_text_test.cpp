@@ -10,10 +10,13 @@
 #include <QScreen>
 #include <QTest>
 #include <QTimer>
+#include <chrono>
+#include <thread>
 
 #include "core/recording_msg_box.h"
 #include "search/fake_scales.h"
 #include "search/frm_search.h"
+#include "search/pointer_watching_msg_box.h"
 
 namespace tonalith::search {
 namespace {
@@ -63,6 +66,21 @@ TEST_F(FrmSearchText, IsSelectedWhenTheDialogOpens) {
     form_->cmdCancel_Click();
   });
   form_->ShowModal();
+}
+
+TEST(FrmSearchPointer, IsNotBusyOverTheMessageAfterALongSearch) {
+  auto scales = std::make_unique<FakeScales>("Major,Dorian");
+  constexpr std::int64_t kRecords = 170;
+  for (std::int64_t key = 3; key < kRecords; ++key) scales->rows_[key] = "Minor";
+  scales->onTest_ = [] { std::this_thread::sleep_for(std::chrono::milliseconds(2)); };
+  PointerWatchingMsgBox box;
+  frmSearch form(std::move(scales), box, nullptr);
+  form.findChild<QLineEdit*>(QStringLiteral("txtSearch"))->setText(QStringLiteral("nothing"));
+  bool wasBusy = false;
+  QTimer::singleShot(0, &form, [&] { wasBusy = QGuiApplication::overrideCursor() != nullptr; });
+  form.cmdSearch_Click();
+  EXPECT_TRUE(wasBusy);
+  EXPECT_EQ(box.wasBusy, false);
 }
 
 TEST_F(FrmSearchText, IsNotCoveredByAMessageBox) {

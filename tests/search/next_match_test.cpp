@@ -15,6 +15,7 @@
 
 #include "core/recording_msg_box.h"
 #include "search/fake_scales.h"
+#include "search/pointer_watching_msg_box.h"
 
 namespace tonalith::search {
 namespace {
@@ -33,8 +34,8 @@ class NextMatch : public testing::Test {
   ~NextMatch() override { QToolTip::hideText(); }
   SearchOutcome Find(const char* text) { return FindNextMatch(scales_, text, box_, *window_).outcome; }
   /// Makes the walk so slow, and the records so many, that it would take minutes.
-  void MakeSlow() {
-    for (std::int64_t key = 4; key < 100000; ++key) scales_.rows_[key] = "Major";
+  void MakeSlow(std::int64_t records = 100000) {
+    for (std::int64_t key = 4; key < records; ++key) scales_.rows_[key] = "Major";
     scales_.onTest_ = [this] {
       ++tested_;
       std::this_thread::sleep_for(std::chrono::milliseconds(2));
@@ -87,6 +88,17 @@ TEST_F(NextMatch, EscapeStopsALongWalkAndOtherKeysAreDropped) {
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
   QTest::keyClick(line_, Qt::Key_A);
   EXPECT_EQ(line_->text(), QStringLiteral("a"));
+}
+
+TEST_F(NextMatch, PointerIsNotBusyOverTheMessageAfterALongWalk) {
+  constexpr std::int64_t kAThirdOfASecond = 170;
+  MakeSlow(kAThirdOfASecond);
+  bool wasBusy = false;
+  QTimer::singleShot(0, window_.get(), [&] { wasBusy = QGuiApplication::overrideCursor() != nullptr; });
+  PointerWatchingMsgBox box;
+  FindNextMatch(scales_, "nothing", box, *window_);
+  EXPECT_TRUE(wasBusy);
+  EXPECT_EQ(box.wasBusy, false);
 }
 
 TEST_F(NextMatch, ClosingTheWindowStopsALongWalk) {

@@ -23,8 +23,10 @@ class RecordingWatcher : public SearchWatcher {
  public:
   void SetMessage(const std::string& text) override { message_ = text; }
   [[nodiscard]] bool GoesOn() override { return remaining_-- > 0; }
+  void HasEnded() override { ++ends_; }
   std::string message_;
   int remaining_ = 1000;
+  int ends_ = 0;
 };
 
 class ScaleSearchTest : public testing::Test {
@@ -253,6 +255,16 @@ TEST_F(ScaleSearchTest, StoppedSearchSaysNothingAndMovesNothing) {
   EXPECT_EQ(result_.outcome, SearchOutcome::kStopped);
   EXPECT_EQ(scales_.current_, 1);
   EXPECT_THAT(box_.Messages(), IsEmpty());
+}
+
+TEST_F(ScaleSearchTest, WatcherHearsOnceThatTheSearchHasEnded) {
+  Make("A,B,C", "A");
+  Search("b");
+  EXPECT_EQ(watcher_.ends_, 1);
+  Search("x");
+  EXPECT_EQ(watcher_.ends_, 2);
+  FindNext("x");
+  EXPECT_EQ(watcher_.ends_, 3);
 }
 
 TEST_F(ScaleSearchTest, FindNextWithANewTextTestsTheFirstRecordFirst) {

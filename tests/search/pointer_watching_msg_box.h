@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// A message box that answers OK and notes whether the pointer said that the program is busy while it was shown.
+
+#pragma once
+
+#include <QGuiApplication>
+#include <optional>
+
+#include "core/msg_box.h"
+
+namespace tonalith::search {
+
+struct PointerWatchingMsgBox : core::MsgBox {
+  using MsgBox::Show;
+  core::MsgBoxAnswer Show(const std::string& /*text*/, core::MsgBoxStyle /*style*/,
+                          const std::string& /*title*/) override {
+    wasBusy = QGuiApplication::overrideCursor() != nullptr;
+    return core::MsgBoxAnswer::kOk;
+  }
+
+  /// Empty before the first message.
+  std::optional<bool> wasBusy;
+};
+
+}  // namespace tonalith::search
