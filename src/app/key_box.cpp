@@ -20,11 +20,12 @@
 namespace tonalith::app {
 namespace {
 
-/// The keys that walk through the records wherever the focus is; a text box would keep some of them for itself.
-bool MovesTheRecord(const QKeyEvent& event) {
+/// Shortcuts of the window that a text box would keep for itself: the keys that walk through the records, and Ctrl+E,
+/// which moves the cursor to the end of a line.
+bool IsForTheWindow(const QKeyEvent& event) {
   const bool control = event.modifiers() == Qt::ControlModifier;
   return event.key() == Qt::Key_PageUp || event.key() == Qt::Key_PageDown ||
-         (control && (event.key() == Qt::Key_Home || event.key() == Qt::Key_End));
+         (control && (event.key() == Qt::Key_Home || event.key() == Qt::Key_End || event.key() == Qt::Key_E));
 }
 
 /// Names a key of the keyboard. The symbol differs between press and release when Shift is released first; the scan
@@ -134,7 +135,7 @@ bool KeyBox::eventFilter(QObject* watched, QEvent* event) {
   // The box has the focus and hands keys on to its text, so all of them pass here.
   switch (event->type()) {
     case QEvent::ShortcutOverride:
-      if (!MovesTheRecord(*static_cast<QKeyEvent*>(event))) break;
+      if (!IsForTheWindow(*static_cast<QKeyEvent*>(event))) break;
       event->ignore();
       return true;
     case QEvent::KeyPress:
