@@ -22,6 +22,35 @@ void LeanUnseen(QPainter& painter) {
   painter.setTransform(QTransform(1, kLean, kLean, 1, 0, 0), true);
 }
 
+/// Fusion makes every edge darker than the window's ground. A desktop's own style knows its dark palette.
+bool NeedsEdges(const QStyle& style, const QPalette& palette) {
+  const QStyle* undermost = &style;
+  while (const auto* const proxy = qobject_cast<const QProxyStyle*>(undermost)) undermost = proxy->baseStyle();
+  return undermost->name() == QLatin1String("fusion") && controls::IsDark(palette);
+}
+
+bool IsPopUpEdge(QStyle::PrimitiveElement element, const QWidget* widget) {
+  const bool isOfAList = element == QStyle::PE_Frame && widget != nullptr && widget->windowType() == Qt::Popup;
+  return isOfAList || element == QStyle::PE_PanelMenu || element == QStyle::PE_FrameMenu;
+}
+
+void DrawEdge(const QStyleOption& option, QPainter& painter) {
+  painter.setPen(controls::OutlineInk(option.palette));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+}
+
+bool IsSeparator(const QStyleOption& option) {
+  const auto* const entry = qstyleoption_cast<const QStyleOptionMenuItem*>(&option);
+  return entry != nullptr && entry->menuItemType == QStyleOptionMenuItem::Separator && entry->text.isEmpty();
+}
+
+void DrawSeparator(const QStyleOption& option, QPainter& painter) {
+  constexpr int kIndent = 5;
+  painter.fillRect(option.rect.left() + kIndent, option.rect.center().y(), option.rect.width() - 2 * kIndent, 1,
+                   controls::OutlineInk(option.palette));
+}
+
 }  // namespace
 
 void ProgramStyle::polish(QWidget* widget) {
@@ -38,6 +67,9 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
                                const QWidget* widget) const {
   const bool isBar = element == CE_MenuBarEmptyArea || element == CE_MenuBarItem;
   if (element != CE_MenuBarEmptyArea) LateIconStyle::drawControl(element, option, painter, widget);
+  if (element == CE_MenuItem && IsSeparator(*option) && NeedsEdges(*this, option->palette)) {
+    DrawSeparator(*option, *painter);
+  }
   const bool isHighlighted = element == CE_MenuBarItem && option->state.testFlag(State_Selected);
   if (!isBar || isHighlighted) return;
   constexpr int kBeyondTheGap = 2;
@@ -58,6 +90,10 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
   painter->save();
   if (element == PE_PanelButtonCommand && IsReduced(*painter)) LeanUnseen(*painter);
   LateIconStyle::drawPrimitive(element, option, painter, widget);
+  painter->restore();
+  if (!IsPopUpEdge(element, widget) || !NeedsEdges(*this, option->palette)) return;
+  painter->save();
+  DrawEdge(*option, *painter);
   painter->restore();
 }
 

@@ -21,15 +21,16 @@ class ProgramStyle : public platform::LateIconStyle {
   /// Called by Qt for every widget before it is first shown. Windows on a screen with less than one pixel for each of
   /// theirs are painted at that size.
   void polish(QWidget* widget) override;
-  /// These two keep a style from shrinking pictures that it has painted at scale 1.
+  /// These two keep a style from shrinking pictures that it has painted at scale 1. The first also gives the pop-ups of
+  /// a dark palette a visible edge.
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget = nullptr) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                           const QWidget* widget = nullptr) const override;
   /// Called by Qt for the palette of the system, at the start and whenever it changes.
   void polish(QPalette& palette) override;
-  /// Closes the gaps that a style leaves in the border of a menu bar, one after each entry, where the screen has more
-  /// than one pixel for each of the widget.
+  /// Separates the entries of a menu visibly in a dark palette, and closes the gaps that a style leaves in the border
+  /// of a menu bar, one after each entry, where the screen has more than one pixel for each of the widget.
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                    const QWidget* widget = nullptr) const override;
 };

@@ -80,6 +80,15 @@ TEST(ProgramStyle, BorderOfAMenuBarHasNoGapsOnAScreenOfFinePixels) {
   EXPECT_EQ(Probe(QStringLiteral("program"), fine)[QStringLiteral("menu-border-colours")], QLatin1String("1"));
 }
 
+TEST(ProgramStyle, EdgesOfMenusAndListsAreVisibleInADarkPalette) {
+  constexpr int kGround = 38;
+  constexpr int kClearlyLighter = 30;
+  Answers program = Probe(QStringLiteral("program"), {});
+  for (const char* const what : {"dark-menu-edge", "dark-list-edge", "dark-separator"}) {
+    EXPECT_GE(program[QLatin1String(what)].toInt(), kGround + kClearlyLighter) << what;
+  }
+}
+
 TEST(ProgramStyle, IsFusionWhereNoDesktopHasAStyleOfItsOwn) {
   EXPECT_EQ(Probe(QStringLiteral("program"), {})[QStringLiteral("style")], QLatin1String("fusion"));
 }

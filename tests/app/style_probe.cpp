@@ -5,6 +5,7 @@
 // start, "style_probe program" those of Tonalith as it starts. Further arguments go to the application.
 
 #include <QApplication>
+#include <QFrame>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -121,12 +122,45 @@ void PrintMenuBorder(const QWidget& window) {
   Print("menu-border-colours", QString::number(most));
 }
 
+/// The lightest grey on the edge and in a separator of a menu in a dark palette, and the grey of its ground.
+void PrintDarkMenu() {
+  QPalette dark;
+  dark.setColor(QPalette::Window, QColor(38, 38, 38));
+  dark.setColor(QPalette::Base, QColor(29, 29, 29));
+  for (const auto role : {QPalette::WindowText, QPalette::Text}) dark.setColor(role, QColor(240, 240, 240));
+  const QStyle* const style = QApplication::style();
+  const auto lightest = [&](const auto& draw) {
+    QImage image(40, 11, QImage::Format_RGB32);
+    image.fill(dark.color(QPalette::Base));
+    QPainter painter(&image);
+    draw(painter);
+    painter.end();
+    int grey = 0;
+    for (int y = 0; y < image.height(); ++y) grey = qMax(grey, qGray(image.pixel(20, y)));
+    return QString::number(grey);
+  };
+  QStyleOptionMenuItem option;
+  option.rect = QRect(0, 0, 40, 11);
+  option.palette = dark;
+  option.menuItemType = QStyleOptionMenuItem::Separator;
+  const QFrame popUp(nullptr, Qt::Popup);
+  Print("dark-menu-edge", lightest([&](QPainter& p) { style->drawPrimitive(QStyle::PE_FrameMenu, &option, &p); }));
+  Print("dark-list-edge", lightest([&](QPainter& p) {
+          QStyleOptionFrame frame;
+          frame.rect = option.rect;
+          frame.palette = dark;
+          style->drawPrimitive(QStyle::PE_Frame, &frame, &p, &popUp);
+        }));
+  Print("dark-separator", lightest([&](QPainter& p) { style->drawControl(QStyle::CE_MenuItem, &option, &p); }));
+}
+
 void PrintAll(const QWidget* window) {
   Print("style", UndermostStyle()->name());
   Print("class", QLatin1String(UndermostStyle()->metaObject()->className()));
   PrintMetrics();
   PrintPictures();
   PrintPalettes(window);
+  PrintDarkMenu();
   if (window != nullptr) PrintMenuBorder(*window);
   Print("music", tonalith::controls::MusicFont::Shared().Origin());
   std::fflush(stdout);
