@@ -33,14 +33,20 @@ void RemovePicTemp(QWidget& form) {
 class PrintDesk::ComposedView {
  public:
   ComposedView(const MainControls& controls, QWidget& form)
-      : c_(controls), form_(form), focus_(form.focusWidget()), updates_(form.updatesEnabled()) {
+      : c_(controls),
+        form_(form),
+        focus_(form.focusWidget()),
+        updates_(form.updatesEnabled()),
+        wasInstallShown_(!controls.lblInstall->isHidden()) {
     form_.setUpdatesEnabled(false);
     c_.printPic->lower();
     c_.printPic->show();
     for (QWidget* const control : HiddenOnPaper()) control->hide();
+    c_.lblInstall->hide();
   }
   ~ComposedView() {
     for (QWidget* const control : HiddenOnPaper()) control->show();
+    c_.lblInstall->setVisible(wasInstallShown_);
     c_.Data1->show();
     c_.cmbTranspose->show();
     c_.printPic->hide();
@@ -59,6 +65,7 @@ class PrintDesk::ComposedView {
   QWidget& form_;
   QPointer<QWidget> focus_;
   bool updates_;
+  bool wasInstallShown_;
 };
 
 PrintDesk::PrintDesk(const MainControls& controls, QWidget& form, Tools tools)

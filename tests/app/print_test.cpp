@@ -49,7 +49,7 @@ TEST_F(Printing, FailureOfAnyStepIsReportedWhenTheWindowIsBack) {
   StartOn({"Major", "2212221"});
   C().cmdPrint->setFocus();
   for (const char* const step : {"width", "height", "paint", "end"}) {
-    script_.Mend();
+    script_.Repair();
     script_.Break(step);
     box_.Forget();
     Print();
@@ -206,6 +206,21 @@ TEST_F(Printing, ViewThatCannotBeComposedIsPrintedAsItStands) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
+TEST_F(Printing, WhatInstallReportsIsNotPrintedAndComesBack) {
+  StartOn({"Dorian", "2122212"});
+  C().lblInstall->setText(QStringLiteral("3 scales added from 1 pack"));
+  std::vector<bool> isHidden;
+  const auto staff = [&] { isHidden.push_back(C().lblInstall->isHidden()); };
+  desk_ = std::make_unique<PrintDesk>(C(), Window(), PrintDesk::Tools{service_, box_, staff});
+  Print();
+  ASSERT_FALSE(isHidden.empty());
+  EXPECT_TRUE(isHidden.front());
+  EXPECT_FALSE(C().lblInstall->isHidden());
+  C().lblInstall->hide();
+  Print();
+  EXPECT_TRUE(C().lblInstall->isHidden());
+}
+
 TEST_F(Printing, WithoutAPrinterThePageBecomesAPdfFile) {
   StartOn({"Dorian", "2122212"});
   service_.hasPrinter = false;
@@ -221,7 +236,7 @@ TEST_F(Printing, PrintsAgainAfterAFailure) {
   StartOn({"Dorian", "2122212"});
   script_.Break("end");
   Print();
-  script_.Mend();
+  script_.Repair();
   Print();
   EXPECT_EQ(script_.pages, 1);
 }

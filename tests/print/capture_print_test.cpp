@@ -84,7 +84,7 @@ TEST_F(CapturePrintTest, EarlierPictureIsNotPrintedInItsPlace) {
 
 TEST_F(CapturePrintTest, FailureOfAnyStepIsReported) {
   for (const char* const step : {"scale mode", "resolution", "paint", "end"}) {
-    script_.Mend();
+    script_.Repair();
     script_.Break(step);
     box_.Forget();
     Print();

@@ -160,7 +160,7 @@ TEST_F(FrmPrintTest, FailingPrinterIsReportedAndTheWindowStaysForAnother) {
   EXPECT_THAT(box_.Messages(), ElementsAre(Message{"paint broke", core::MsgBoxStyle::kOkOnly, ""}));
   EXPECT_TRUE(form_->isVisible());
   EXPECT_EQ(Status(), "Nothing was printed.");
-  script_.Mend();
+  script_.Repair();
   Click("cmdPrint");
   EXPECT_EQ(script_.pages, 1);
 }
@@ -184,7 +184,7 @@ TEST_F(FrmPrintTest, FailureAfterASavedPageNoLongerSaysThatItIsSaved) {
     EXPECT_EQ(Status(), "Nothing was printed.") << step;
     EXPECT_THAT(box_.Messages(), SizeIs(1)) << step;
     box_.Forget();
-    script_.Mend();
+    script_.Repair();
     delete form_.data();
   }
 }

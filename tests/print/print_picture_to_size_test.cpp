@@ -97,7 +97,7 @@ TEST_F(PrintPictureToSizeTest, PrintsWhatStandsOnTheSource) {
 
 TEST_F(PrintPictureToSizeTest, FailureOfAnyStepIsReportedOnceAndPicTempIsGone) {
   for (const char* const step : {"width", "height", "paint", "end"}) {
-    script_.Mend();
+    script_.Repair();
     script_.Break(step);
     box_.Forget();
     Print();

@@ -22,7 +22,7 @@ class PrintScript {
  public:
   /// Every step of that name throws failure 482 with the text "<step> broke".
   void Break(const std::string& step) { broken_.insert(step); }
-  void Mend() { broken_.clear(); }
+  void Repair() { broken_.clear(); }
   /// Runs when the step is taken, before it fails or succeeds.
   void During(const std::string& step, std::function<void()> what) { during_[step] = std::move(what); }
 
