@@ -75,12 +75,16 @@ TEST(RecordSetEdit, WritesAnEditWhenUpdated) {
 
 TEST(RecordSetEdit, ChangesOnlyTheFieldsThatWereSet) {
   EditedScales scales(LockType::kOptimistic);
+  // They notice a field that is written, also with the content that it has.
+  std::string triggers = "CREATE TABLE Written (Field TEXT);";
+  for (const std::string field : {"ScaleName", "ScaleTypeID", "ScaleDescription", "StartNote", "ScaleIntervals"}) {
+    triggers += "CREATE TRIGGER Notice" + field + " INSTEAD OF UPDATE OF " + field +
+                " ON ScalesQuery BEGIN INSERT INTO Written VALUES ('" + field + "'); END;";
+  }
+  RunRaw(scales.Path(), triggers);
   scales->SetFieldValue("ScaleDescription", "Brighter.");
-  RunRaw(scales.Path(), "UPDATE Scales SET StartNote = 'E' WHERE ScaleID = 1");
-  // Without it the change made elsewhere is a conflict.
-  scales->Resync();
   scales->Update();
-  EXPECT_EQ(scales.InFile("SELECT StartNote FROM Scales WHERE ScaleID = 1"), "E");
+  EXPECT_EQ(scales.InFile("SELECT group_concat(Field) FROM Written"), "ScaleDescription");
 }
 
 TEST(RecordSetEdit, HasNothingPendingWhenAFieldTakesTheContentThatItHas) {
