@@ -144,7 +144,7 @@ void PrintDarkMenu() {
   option.palette = dark;
   option.menuItemType = QStyleOptionMenuItem::Separator;
   const QFrame popUp(nullptr, Qt::Popup);
-  Print("dark-menu-edge", lightest([&](QPainter& p) { style->drawPrimitive(QStyle::PE_FrameMenu, &option, &p); }));
+  Print("dark-menu-edge", lightest([&](QPainter& p) { style->drawPrimitive(QStyle::PE_PanelMenu, &option, &p); }));
   Print("dark-list-edge", lightest([&](QPainter& p) {
           QStyleOptionFrame frame;
           frame.rect = option.rect;
