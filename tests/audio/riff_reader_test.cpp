@@ -50,6 +50,17 @@ TEST(RiffReader, PadsAShorterCodeWithBlanks) {
   EXPECT_EQ(StringToFOURCC("RIFF"), 0x46464952U);
 }
 
+TEST(RiffReader, SeeksBackToTheStart) {
+  OpenRiff file(Riff(Chunk("data", Number(1, 4))));
+  RiffReader reader = file.Reader();
+  const std::uint64_t size = reader.Remaining();
+  MMCKINFO outer;
+  ASSERT_EQ(reader.Descend(outer), Descent::kEntered);
+  EXPECT_EQ(reader.Remaining(), size - 12);
+  EXPECT_EQ(reader.Seek(0), 0);
+  EXPECT_EQ(reader.Remaining(), size);
+}
+
 TEST(RiffReader, AnOuterChunkThatEndsBeforeItsFormHasNone) {
   Bytes bytes = Text("RIFF");
   const Bytes size = Number(4, 4);

@@ -284,5 +284,14 @@ TEST(SoundManager, HasNoSlotOutsideItsTable) {
   EXPECT_THROW(static_cast<void>(rig.sounds.Buffer(33)), core::Failure);
 }
 
+TEST(StopSoundBuffer, StopsTheFirstAndTheLastSlotWithAllOthers) {
+  SoundRig rig;
+  for (const std::int32_t slot : {1, SoundManager::kBufferCount}) {
+    rig.sounds.LoadSoundBuffer(slot, "a.wav", BufferFlags::kPlayOnLoad);
+  }
+  rig.sounds.StopSoundBuffer(SoundManager::kAllBuffers);
+  EXPECT_EQ(rig.script.Count("reset"), 2);
+}
+
 }  // namespace
 }  // namespace tonalith::audio
