@@ -13,6 +13,7 @@
 #include <QTransform>
 #include <algorithm>
 
+#include "controls/font_outlines.h"
 #include "controls/music_shapes.h"
 
 namespace tonalith::controls {
@@ -93,8 +94,8 @@ QPainterPath PlacedClef(const QPainterPath& clef, double belowLine) {
   return place.map(clef);
 }
 
-double BelowLineOf(const QRawFont& font) {
-  const bool euterpe = font.familyName().compare(QLatin1String("Euterpe"), Qt::CaseInsensitive) == 0;
+double BelowLineOf(const QString& family) {
+  const bool euterpe = family.compare(QLatin1String("Euterpe"), Qt::CaseInsensitive) == 0;
   return euterpe ? kEuterpeBelowLine : kUsualBelowLine;
 }
 
@@ -144,30 +145,31 @@ MusicFont MusicFont::Placed(QString origin, const Outlines& signs, double belowL
   return font;
 }
 
-std::optional<MusicFont> MusicFont::FromRaw(QString origin, const QRawFont& raw) {
-  if (!raw.isValid()) return std::nullopt;
+std::optional<MusicFont> MusicFont::FromGlyphs(QString origin, const QString& family, const GlyphSource& glyphOf) {
   Outlines signs;
   for (std::size_t i = 0; i < signs.size(); ++i) {
     const Sign& sign = kAllSigns.at(i);
-    signs.at(i) = sign.code == kSharp ? sign.painted() : GlyphOf(raw, sign.character);
+    signs.at(i) = sign.code == kSharp ? sign.painted() : glyphOf(sign.character);
     if (signs.at(i).isEmpty()) return std::nullopt;
   }
-  return Placed(std::move(origin), signs, BelowLineOf(raw));
+  return Placed(std::move(origin), signs, BelowLineOf(family));
 }
 
 std::optional<MusicFont> MusicFont::FromFile(const QString& fileName) {
-  // A font is read into memory whole: no folder, no pipe that nobody writes to, nothing without an end.
+  // No folder, no pipe that nobody writes to, nothing without an end.
   constexpr qint64 kLargestFont = qint64{64} << 20;
   const QFileInfo file(fileName);
   if (!file.isFile() || file.size() > kLargestFont) return std::nullopt;
-  return FromRaw(fileName, QRawFont(fileName, kOutlineEm, QFont::PreferNoHinting));
+  const FontOutlines outlines(fileName);
+  return FromGlyphs(fileName, outlines.Family(),
+                    [&outlines](char32_t character) { return outlines.Of(character, kOutlineEm); });
 }
 
 std::optional<MusicFont> MusicFont::FromFamily(const QString& family) {
   const QRawFont raw = RawOf(family);
   if (!raw.isValid()) return std::nullopt;
   if (raw.familyName().compare(family, Qt::CaseInsensitive) != 0) return std::nullopt;
-  return FromRaw(family, raw);
+  return FromGlyphs(family, raw.familyName(), [&raw](char32_t character) { return GlyphOf(raw, character); });
 }
 
 std::optional<MusicFont> MusicFont::FromAnyFamily() {

@@ -26,13 +26,12 @@
 #include <QPainterPath>
 #include <QString>
 #include <array>
+#include <functional>
 #include <optional>
 #include <string_view>
 
 #include "controls/drawing_surface_font.h"
 #include "controls/music_codes.h"
-
-class QRawFont;
 
 namespace tonalith::controls {
 
@@ -68,7 +67,9 @@ class MusicFont {
   };
 
   [[nodiscard]] const Glyph* Find(char code) const;
-  static std::optional<MusicFont> FromRaw(QString origin, const QRawFont& raw);
+  /// Gives the outline of a character, or an empty one.
+  using GlyphSource = std::function<QPainterPath(char32_t)>;
+  static std::optional<MusicFont> FromGlyphs(QString origin, const QString& family, const GlyphSource& glyphOf);
   /// `belowLine` is the share of the clef's height below its G line.
   static MusicFont Placed(QString origin, const Outlines& signs, double belowLine);
 

@@ -84,7 +84,7 @@ TEST_F(About, TellsWhatItIsBuiltOnWithTheLicenceThatAsksForIt) {
   Open();
   const std::string notices = Notices().toPlainText().toStdString();
   for (const char* const name :
-       {"Qt 6", "SQLite:", "SQLiteCpp", "libmdb", "GLib", "OpenAL Soft", "CHMLib", "Euterpe"}) {
+       {"Qt 6", "SQLite:", "SQLiteCpp", "libmdb", "GLib", "OpenAL Soft", "CHMLib", "FreeType", "Euterpe"}) {
     EXPECT_THAT(notices, HasSubstr(name));
   }
   EXPECT_THAT(notices, HasSubstr("Sebastien Rombauts"));
@@ -103,6 +103,7 @@ TEST_F(About, NamesEveryLibraryAndFontThatTheProgramRunsOn) {
                                                     {"mdbtools-dev", "libmdb3"},
                                                     {"libopenal-dev", "libopenal1"},
                                                     {"libchm-dev", "libchm1"},
+                                                    {"libfreetype-dev", "libfreetype6"},
                                                     {"fonts-dejavu-core", "fonts-dejavu-core"},
                                                     {"fonts-oflb-euterpe", "fonts-oflb-euterpe"}};
   const std::regex library("build\t((?:lib|qt6|mdb|fonts)[^\t|]*)\t([^\n]*)");
@@ -116,7 +117,7 @@ TEST_F(About, NamesEveryLibraryAndFontThatTheProgramRunsOn) {
     ASSERT_NE(entry, named.end()) << found[1] << " needs a notice in content/notices, and its name here";
     EXPECT_THAT(notices, HasSubstr(entry->second));
   }
-  EXPECT_EQ(count, 8);
+  EXPECT_EQ(count, 9);
 }
 
 TEST_F(About, ASecondClickShowsTheSameWindow) {

@@ -125,6 +125,7 @@ TEST(Packages, EveryLibraryThatTheBuildLooksForComesFromAPackageOfTheTable) {
                                                     {"OPENAL", "libopenal-dev"},
                                                     {"LIBMDB", "mdbtools-dev"},
                                                     {"Chm", "libchm-dev"},
+                                                    {"Freetype", "libfreetype-dev"},
                                                     {"Threads", "g++"},
                                                     {"Svg", "qt6-svg-dev"},
                                                     {"Python3", "python3-gi"}};
