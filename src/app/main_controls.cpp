@@ -23,7 +23,8 @@ void Describe(QWidget* widget, const QString& tooltip) {
 /// So many pixels below the neck.
 int BelowNeck(int pixels) { return views::FretboardView::DesignRect().bottom() + 1 + pixels; }
 
-// Few sizes and two weights: every further one is another font to be looked up and read while the window opens.
+// Bold text of any size shares one font; of other text, every further size is another font to be looked up and read
+// while the window opens.
 FittingLabel* MakeLabel(const char* name, const QRect& place, FittingLabel::Sizes sizes, QFont::Weight weight,
                         QWidget* client) {
   auto* const label = new FittingLabel(QLatin1String(name), sizes, weight, client);

@@ -15,6 +15,8 @@ namespace {
 constexpr int kChipMargin = 9;
 /// The chip below a dark text on a dark window: the colour of dry sand, on which pure blue keeps 4.5 to 1.
 constexpr QRgb kChip = 0xFFDCCBB0;
+/// The size in which bold text is laid out, whatever its size on the screen: that of most bold texts of a window.
+constexpr int kBoldLayoutPixels = 14;
 
 }  // namespace
 
@@ -46,8 +48,27 @@ QFont FittingLabel::FontOf(int pixels) const {
   return sized;
 }
 
+// Bold text is not hinted, so it looks the same laid out at one size and painted at another. A font of each size would
+// be looked up and read by itself, and the first one before the window can be painted.
+int FittingLabel::LayoutPixels(int pixels) const { return weight_ == QFont::Bold ? kBoldLayoutPixels : pixels; }
+
+double FittingLabel::Magnification(int pixels) const { return static_cast<double>(pixels) / LayoutPixels(pixels); }
+
+QFont FittingLabel::LayoutFont(int pixels) const {
+  QFont laidOut = FontOf(LayoutPixels(pixels));
+  // Distances in pixels are not to grow with the text.
+  const double magnification = Magnification(pixels);
+  laidOut.setWordSpacing(laidOut.wordSpacing() / magnification);
+  if (laidOut.letterSpacingType() == QFont::AbsoluteSpacing) {
+    laidOut.setLetterSpacing(QFont::AbsoluteSpacing, laidOut.letterSpacing() / magnification);
+  }
+  return laidOut;
+}
+
 bool FittingLabel::LayOut(QTextLayout& layout, int pixels) const {
-  layout.setFont(FontOf(pixels));
+  const double boxWidth = width() / Magnification(pixels);
+  const double boxHeight = height() / Magnification(pixels);
+  layout.setFont(LayoutFont(pixels));
   layout.setText(WithLineSeparators(text()));
   QTextOption option;
   option.setWrapMode(QTextOption::WordWrap);
@@ -56,14 +77,14 @@ bool FittingLabel::LayOut(QTextLayout& layout, int pixels) const {
   bool withinWidth = true;
   layout.beginLayout();
   for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-    line.setLineWidth(width());
+    line.setLineWidth(boxWidth);
     line.setPosition(QPointF(0, bottom));
     bottom += line.height();
-    withinWidth = withinWidth && line.naturalTextWidth() <= width();
-    if (bottom > height()) break;
+    withinWidth = withinWidth && line.naturalTextWidth() <= boxWidth;
+    if (bottom > boxHeight) break;
   }
   layout.endLayout();
-  return withinWidth && bottom <= height();
+  return withinWidth && bottom <= boxHeight;
 }
 
 const FittingLabel::Fit& FittingLabel::FitNow() const {
@@ -82,8 +103,9 @@ bool FittingLabel::NeedsChip() const {
 }
 
 void FittingLabel::PaintChip(QPainter& painter) const {
-  const QFontMetrics metrics(FontOf(FitNow().pixels));
-  const int textWidth = metrics.horizontalAdvance(text());
+  const int pixels = FitNow().pixels;
+  const QFontMetricsF metrics(LayoutFont(pixels));
+  const int textWidth = qRound(metrics.horizontalAdvance(text()) * Magnification(pixels));
   const int margin = std::clamp((width() - textWidth) / 2, 0, kChipMargin);
   const int chipWidth = std::min(width(), textWidth + 2 * margin);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -95,15 +117,17 @@ void FittingLabel::PaintChip(QPainter& painter) const {
 
 void FittingLabel::PaintElided(QPainter& painter, const QTextLayout& layout) const {
   const QFontMetricsF metrics(layout.font());
+  const double magnification = Magnification(FitNow().pixels);
   int shown = 0;
-  while (shown < layout.lineCount() && layout.lineAt(shown).rect().bottom() <= height()) ++shown;
+  while (shown < layout.lineCount() && layout.lineAt(shown).rect().bottom() <= height() / magnification) ++shown;
   const int last = std::max(0, shown - 1);
   for (int i = 0; i < last; ++i) layout.lineAt(i).draw(&painter, QPointF(0, 0));
   if (layout.lineCount() == 0) return;
   const QTextLine line = layout.lineAt(last);
   const QString rest = layout.text().mid(line.textStart()).replace(QChar(QChar::LineSeparator), QLatin1Char(' '));
   painter.setFont(layout.font());
-  painter.drawText(QPointF(0, line.position().y() + line.ascent()), metrics.elidedText(rest, Qt::ElideRight, width()));
+  painter.drawText(QPointF(0, line.position().y() + line.ascent()),
+                   metrics.elidedText(rest, Qt::ElideRight, width() / magnification));
 }
 
 void FittingLabel::changeEvent(QEvent* event) {
@@ -116,6 +140,8 @@ void FittingLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   if (NeedsChip()) PaintChip(painter);
   painter.setPen(ink_.isValid() ? ink_ : palette().color(QPalette::WindowText));
+  const double magnification = Magnification(fit.pixels);
+  painter.scale(magnification, magnification);
   if (fit.fits) {
     fit.layout->draw(&painter, QPointF(0, 0));
   } else {

@@ -56,6 +56,10 @@ class FittingLabel : public QLabel {
   };
 
   [[nodiscard]] QFont FontOf(int pixels) const;
+  /// The size in which text of a size is laid out, and how much larger it is painted than that.
+  [[nodiscard]] int LayoutPixels(int pixels) const;
+  [[nodiscard]] double Magnification(int pixels) const;
+  [[nodiscard]] QFont LayoutFont(int pixels) const;
   /// Lays the text out at a size; true when all of it is within the box.
   bool LayOut(QTextLayout& layout, int pixels) const;
   [[nodiscard]] const Fit& FitNow() const;

@@ -86,6 +86,14 @@ TEST_F(FittingLabelTest, FittedFontIsTheLabelsOwnInTheFittedSizeAndTheGivenWeigh
   EXPECT_TRUE(largerMetrics.horizontalAdvance(text) > 300 || largerMetrics.height() > 30);
 }
 
+TEST_F(FittingLabelTest, TextIsAsWideAsInAFontOfItsSize) {
+  label_.setText(QStringLiteral("HIHI"));
+  ASSERT_EQ(label_.FittedPixelSize(), 30);
+  // The last stem ends before the advance does.
+  const double width = QFontMetricsF(label_.FittedFont()).tightBoundingRect(label_.text()).right();
+  EXPECT_NEAR(RightmostInk(label_) + 1, width, 1.5);
+}
+
 TEST_F(FittingLabelTest, LineBreaksBreakLines) {
   label_.setText(QStringLiteral("a\r\nb"));
   const int two = label_.FittedPixelSize();
