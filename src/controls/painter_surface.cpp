@@ -39,10 +39,10 @@ Span Snapped(double from, double to) {
 
 }  // namespace
 
-void FillSnapped(QPainter& painter, const QRectF& pixels, const QBrush& brush) {
+void FillSnapped(QPainter& painter, const QRectF& pixels, const QColor& colour) {
   const QTransform toDevice = painter.deviceTransform();
   if (toDevice.type() > QTransform::TxScale) {
-    painter.fillRect(pixels, brush);
+    painter.fillRect(pixels, colour);
     return;
   }
   const QRectF device = toDevice.mapRect(pixels);
@@ -57,7 +57,7 @@ void FillSnapped(QPainter& painter, const QRectF& pixels, const QBrush& brush) {
   const int dots = qRound(down.length);
   for (int done = 0; done < dots; done += kDotsAtOnce) {
     const QRectF slab(across.from, down.from + done, across.length, std::min(kDotsAtOnce, dots - done));
-    painter.fillRect(fromDevice.mapRect(slab), brush);
+    painter.fillRect(fromDevice.mapRect(slab), colour);
   }
   if (isSmooth) painter.setRenderHint(QPainter::Antialiasing);
 }

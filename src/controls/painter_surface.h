@@ -32,6 +32,6 @@ class PainterSurface : public DrawingSurface {
 };
 
 /// Fills a rectangle in pixels at scale 1 so that its edges fall on device dots and nothing thinner than a dot is lost.
-void FillSnapped(QPainter& painter, const QRectF& pixels, const QBrush& brush);
+void FillSnapped(QPainter& painter, const QRectF& pixels, const QColor& colour);
 
 }  // namespace tonalith::controls

@@ -59,6 +59,28 @@ void PaintLitRim(QPainter& painter, NotePicture picture) {
   painter.drawRoundedRect(rim, radius, radius);
 }
 
+/// From pixels of the note to the dots of its image.
+void ScaleToDots(QPainter& painter, QSize dots) {
+  painter.scale(1.0 * dots.width() / kSide, 1.0 * dots.height() / kSide);
+}
+
+/// The picture alone, of a size in dots: the two pictures take longer to paint than the names on them.
+const QImage& NamelessImage(NotePicture picture, QSize dots) {
+  static std::map<std::tuple<NotePicture, int, int>, QImage> images;
+  const std::tuple key(picture, dots.width(), dots.height());
+  const auto known = images.find(key);
+  if (known != images.end()) return known->second;
+  QImage image(dots, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  ScaleToDots(painter, dots);
+  controls::PainterSurface surface(painter);
+  surface.SetScaleMode(controls::ScaleMode::kPixels);
+  surface.PaintPicture(PictureOf(picture), 0, 0);
+  painter.end();
+  return images.emplace(key, std::move(image)).first->second;
+}
+
 /// One finished image for each picture, name and size in dots; there are only two dozen of them for 96 notes, and as
 /// many lit ones. At a scale that is no whole number, notes of one size differ by a dot.
 const QImage& SharedImage(const NoteImage& note, QSize dots) {
@@ -68,12 +90,11 @@ const QImage& SharedImage(const NoteImage& note, QSize dots) {
                 note.IsLit());
   const auto known = images.find(key);
   if (known != images.end()) return known->second;
-  QImage image(dots, QImage::Format_ARGB32_Premultiplied);
-  image.fill(Qt::transparent);
+  QImage image = NamelessImage(note.Picture(), dots);
   QPainter painter(&image);
-  painter.scale(1.0 * dots.width() / kSide, 1.0 * dots.height() / kSide);
+  ScaleToDots(painter, dots);
   controls::PainterSurface surface(painter);
-  note.DrawOn(surface);
+  if (note.NameDrawn()) DrawNoteName(surface, note.Tag(), kSide);
   if (note.IsLit()) PaintLitRim(painter, note.Picture());
   painter.end();
   return images.emplace(key, std::move(image)).first->second;
