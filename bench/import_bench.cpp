@@ -16,9 +16,9 @@
 #include <string>
 #include <string_view>
 
-#include "core/recording_msg_box.h"
 #include "data/data_pack_import.h"
 #include "measuring.h"
+#include "support/recording_msg_box.h"
 
 namespace {
 
@@ -40,7 +40,7 @@ struct Place {
   }
   void Renew() const { fs::copy_file(shipped, database, fs::copy_options::overwrite_existing); }
   void Import() const {
-    core::RecordingMsgBox box;
+    tests::RecordingMsgBox box;
     NobodysWindow window;
     data::DataPackImport import(folder.Path().string(), box, window);
     import.ImportDataPack(pack.string());

@@ -14,12 +14,12 @@
 #include <vector>
 
 #include "controls/data_control.h"
-#include "core/recording_msg_box.h"
 #include "data/scale_database.h"
 #include "measuring.h"
 #include "search/data_control_scales.h"
 #include "search/frm_search.h"
 #include "search/like_matcher.h"
+#include "support/recording_msg_box.h"
 
 namespace {
 
@@ -44,7 +44,7 @@ int main(int argc, char** argv) {
   const std::string path = (folder.Path() / "library.mdb").string();
   bench::MakeLibrary(path, bench::Scales(), "Scale number ");
 
-  core::RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   controls::DataControl data1(QStringLiteral("Data1"), {}, box, nullptr);
   data1.SetConnectionString(data::FullConnectionString(path));
   data1.SetRecordSource(std::string(data::kAllScalesStatement));

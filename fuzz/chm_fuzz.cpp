@@ -26,7 +26,7 @@ namespace {
 using namespace tonalith;  // NOLINT(google-build-using-namespace)
 using namespace std::chrono_literals;
 
-constexpr data::ReadingLimits kLimits{1s, 2s, std::uint64_t{64} << 20};
+constexpr sandbox::Limits kLimits{1s, 2s, std::uint64_t{64} << 20};
 
 void Demand(bool holds) {
   if (!holds) std::abort();

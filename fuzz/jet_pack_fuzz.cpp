@@ -24,9 +24,9 @@
 #include <vector>
 
 #include "core/failure.h"
-#include "data/jet_file.h"
-#include "data/jet_stream.h"
-#include "data/reading_process.h"
+#include "jet/jet_file.h"
+#include "jet/jet_stream.h"
+#include "sandbox/child_process.h"
 #include "support/temp_folder.h"
 
 namespace {
@@ -46,11 +46,11 @@ void Require(bool condition, const char* rule) {
 }
 
 // Every row has a value for every column of its table.
-class Checker : public data::JetVisitor {
+class Checker : public jet::JetVisitor {
  public:
-  void OnObject(const data::JetObject& /*object*/) override {}
-  void OnTable(const data::JetTable& table) override { columns_ = table.columns.size(); }
-  void OnRow(std::vector<data::Value> values) override {
+  void OnObject(const jet::JetObject& /*object*/) override {}
+  void OnTable(const jet::JetTable& table) override { columns_ = table.columns.size(); }
+  void OnRow(std::vector<core::Value> values) override {
     Require(values.size() == columns_, "a row has a value for every column");
   }
 
@@ -61,8 +61,8 @@ class Checker : public data::JetVisitor {
 // What a stream holds, as a stream again; as far as it could be understood.
 std::vector<std::uint8_t> Again(Input stream) {
   std::vector<std::uint8_t> bytes;
-  data::JetStreamWriter writer([&](Input piece) { bytes.insert(bytes.end(), piece.begin(), piece.end()); });
-  const data::ByteSource source = [&](std::span<std::uint8_t> buffer) {
+  jet::JetStreamWriter writer([&](Input piece) { bytes.insert(bytes.end(), piece.begin(), piece.end()); });
+  const jet::ByteSource source = [&](std::span<std::uint8_t> buffer) {
     // In pieces, as a pipe gives them.
     const std::size_t size = std::min({buffer.size(), stream.size(), std::size_t{61}});
     std::copy_n(stream.begin(), size, buffer.begin());
@@ -70,7 +70,7 @@ std::vector<std::uint8_t> Again(Input stream) {
     return size;
   };
   try {
-    data::ReadJetStream(source, kBudget, writer);
+    jet::ReadJetStream(source, kBudget, writer);
     writer.Finish();
   } catch (const core::Failure& failure) {
     writer.Refuse(failure.Description());
@@ -84,7 +84,7 @@ std::string ContentOf(const std::string& path) {
 }
 
 const std::string& Pack(std::uint8_t choice) {
-  static const std::string folder = TONALITH_SOURCE_DIR "/tests/data/fixtures/";
+  static const std::string folder = TONALITH_SOURCE_DIR "/tests/jet/fixtures/";
   static const std::array<std::string, 2> packs = {ContentOf(folder + "DataPack_Jet2000.mdb"),
                                                    ContentOf(folder + "DataPack_Jet2003.mdb")};
   return packs.at(choice % packs.size());
@@ -113,11 +113,11 @@ void ReadFile(const std::string& content) {
   static const std::ptrdiff_t before = OpenFiles();
   const std::ptrdiff_t children = Children();
   Checker checker;
-  data::ReadingLimits limits;
+  sandbox::Limits limits;
   limits.silence = std::chrono::seconds(1);
   limits.total = std::chrono::seconds(3);
   try {
-    data::ReadJetFile(path, checker, limits);
+    jet::ReadJetFile(path, checker, limits);
   } catch (const core::Failure& failure) {
     Require(failure.Description().starts_with("The file '" + path + "' cannot be read: "), "a failure names the file");
   }

@@ -14,9 +14,9 @@
 #include "audio/shipped_recording.h"
 #include "audio/sound_manager.h"
 #include "audio/wave_file.h"
-#include "core/recording_msg_box.h"
-#include "platform/scripted/scripted_audio.h"
-#include "platform/threaded/stereo_sound.h"
+#include "platform/sound/stereo_sound.h"
+#include "support/recording_msg_box.h"
+#include "support/scripted_audio.h"
 
 namespace {
 
@@ -89,9 +89,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   BorrowedFiles files(bytes);
   audio::IsShippedRecording(*files.Open("fuzz.wav"));
   DecodingOutput output;
-  platform::AudioScript script;
-  platform::ScriptedNoticeWindows windows(script);
-  core::RecordingMsgBox box;
+  tests::AudioScript script;
+  tests::ScriptedNoticeWindows windows(script);
+  tests::RecordingMsgBox box;
   audio::SoundManager sounds(files, output, windows, box);
   const bool loaded = sounds.LoadSoundBuffer(1, "fuzz.wav", audio::BufferFlags::kPlayOnLoad);
   const audio::SoundBuffer& buffer = sounds.Buffer(1);

@@ -15,7 +15,7 @@
 #include "core/failure.h"
 #include "data/scale_database.h"
 #include "help/mod_html_help.h"
-#include "platform/posix/posix_file_input.h"
+#include "platform/system/posix_file_input.h"
 
 namespace tonalith::app {
 namespace {

@@ -13,17 +13,17 @@
 
 #include "app/notices.h"
 #include "app/program_icon.h"
-#include "controls/field_panel.h"
-#include "controls/plain_label.h"
-#include "controls/theme.h"
-#include "controls/window_front.h"
+#include "paint/theme.h"
+#include "windows/field_panel.h"
+#include "windows/plain_label.h"
+#include "windows/window_front.h"
 
 namespace tonalith::app {
 namespace {
 
-using controls::FieldPanel;
-using controls::MakePlainLabel;
-using controls::PanelButton;
+using windows::FieldPanel;
+using windows::MakePlainLabel;
+using windows::PanelButton;
 
 constexpr int kIconSide = 64;
 constexpr int kTextWidth = 580;
@@ -121,8 +121,8 @@ void frmAbout::LayOut() {
 }
 
 void frmAbout::ApplyTheme() {
-  setPalette(controls::WarmPalette(QApplication::palette()));
-  for (QLabel* const label : {lblVersion_, lblLicence_}) SetInk(label, controls::SecondaryInk(palette()));
+  setPalette(paint::WarmPalette(QApplication::palette()));
+  for (QLabel* const label : {lblVersion_, lblLicence_}) SetInk(label, paint::SecondaryInk(palette()));
   QFont large = font();
   large.setPointSizeF(large.pointSizeF() * 1.8);
   large.setBold(true);
@@ -153,7 +153,7 @@ void frmAbout::cmdClose_Click() { close(); }
 void ShowAbout(const std::string& appFolder, QWidget& owner) {
   // One that was closed is there until events are handled, but no longer the one to show.
   for (auto* const open : owner.findChildren<frmAbout*>(Qt::FindDirectChildrenOnly)) {
-    if (open->isVisible()) return controls::BringToFront(*open);
+    if (open->isVisible()) return windows::BringToFront(*open);
   }
   (new frmAbout(appFolder, &owner))->open();
 }

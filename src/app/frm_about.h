@@ -10,7 +10,7 @@
 #include <QDialog>
 #include <string>
 
-#include "controls/panel_button.h"
+#include "windows/panel_button.h"
 
 class QLabel;
 class QLineEdit;
@@ -44,7 +44,7 @@ class frmAbout : public QDialog {
   QLineEdit* txtFolder_ = nullptr;
   QLabel* lblNotices_ = nullptr;
   QTextEdit* txtNotices_ = nullptr;
-  controls::PanelButton* cmdClose_ = nullptr;
+  windows::PanelButton* cmdClose_ = nullptr;
 };
 
 /// Shows the window of `owner`; one that is open comes to the front.

@@ -14,15 +14,15 @@
 #include "app/damaged_scale.h"
 #include "app/frm_about.h"
 #include "app/main_shortcuts.h"
-#include "controls/shown_text.h"
-#include "controls/theme.h"
-#include "controls/window_front.h"
 #include "core/deferred_failure.h"
 #include "core/field_limits.h"
 #include "core/paths.h"
 #include "core/scale_record.h"
 #include "editor/frm_scales.h"
 #include "help/mod_html_help.h"
+#include "paint/theme.h"
+#include "windows/shown_text.h"
+#include "windows/window_front.h"
 
 namespace tonalith::app {
 namespace {
@@ -37,7 +37,7 @@ constexpr const char* kDesignRecordSource =
 }  // namespace
 
 frmTonalith::frmTonalith(const FormServices& services)
-    : QMainWindow(nullptr, controls::kFixedSizeWindow),
+    : QMainWindow(nullptr, windows::kFixedSizeWindow),
       services_(services),
       desk_(c_, AudioFolder),
       playback_(services.sounds, services.scaleSounds, desk_, services.events, services.msgBox),
@@ -68,8 +68,8 @@ frmTonalith::~frmTonalith() {
 
 void frmTonalith::BindControls() {
   const auto bind = [this](const char* field, auto* control, std::size_t longest) {
-    c_.Data1->Bind(field, [control, longest](const data::Value& value) {
-      control->setText(controls::ShownText(value.TextOr({}), longest));
+    c_.Data1->Bind(field, [control, longest](const core::Value& value) {
+      control->setText(windows::ShownText(value.TextOr({}), longest));
     });
   };
   // Names were not limited in older libraries: those that can be printed on one page are shown in full.
@@ -204,7 +204,7 @@ void frmTonalith::cmdEdit_Click() {
 void frmTonalith::mEditor_Click() { cmdEdit_Click(); }
 
 void frmTonalith::BringToFront() {
-  if (isVisible()) controls::BringToFront(*this);
+  if (isVisible()) windows::BringToFront(*this);
 }
 
 PackInstall::Place frmTonalith::InstallPlace() {
@@ -363,7 +363,7 @@ void frmTonalith::keyPressEvent(QKeyEvent* event) {
   if (event->key() != Qt::Key_F1) QMainWindow::keyPressEvent(event);
 }
 
-void frmTonalith::ApplyTheme() { setPalette(controls::WarmPalette(QApplication::palette())); }
+void frmTonalith::ApplyTheme() { setPalette(paint::WarmPalette(QApplication::palette())); }
 
 bool frmTonalith::event(QEvent* event) {
   // The application's palette does not reach changeEvent.
@@ -377,7 +377,7 @@ bool frmTonalith::event(QEvent* event) {
 bool frmTonalith::HasCurrentRecord() const { return c_.Data1->HasRecord(); }
 
 std::optional<std::string> frmTonalith::ScaleIntervals() {
-  const data::Value pattern = c_.Data1->FieldValue(core::scale_field::kIntervals);
+  const core::Value pattern = c_.Data1->FieldValue(core::scale_field::kIntervals);
   if (pattern.IsNull()) return std::nullopt;
   return pattern.AsText();
 }

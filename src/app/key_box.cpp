@@ -12,10 +12,10 @@
 #include <optional>
 #include <utility>
 
-#include "controls/drawing_surface_font.h"
-#include "controls/panel_painting.h"
-#include "controls/theme.h"
 #include "core/typed_note.h"
+#include "paint/drawing_surface_font.h"
+#include "paint/panel_painting.h"
+#include "paint/theme.h"
 
 namespace tonalith::app {
 namespace {
@@ -37,7 +37,7 @@ quint64 KeyId(const QKeyEvent& event) {
 
 /// Keeps 4.5:1 on the ground of the box in either theme.
 QColor MarkInk(const QPalette& palette) {
-  return controls::IsDark(palette) ? QColor(0xFF, 0x9A, 0x8A) : QColor(0xB3, 0x1B, 0x1B);
+  return paint::IsDark(palette) ? QColor(0xFF, 0x9A, 0x8A) : QColor(0xB3, 0x1B, 0x1B);
 }
 
 }  // namespace
@@ -46,7 +46,7 @@ KeyBox::KeyBox(const QString& name, QWidget* parent) : QComboBox(parent) {
   setObjectName(name);
   setEditable(true);
   // Of the text alone: a font for all of the box makes Qt build the list, which may never be opened.
-  lineEdit()->setFont(controls::BoldFont(font(), 14));
+  lineEdit()->setFont(paint::BoldFont(font(), 14));
   setInsertPolicy(QComboBox::NoInsert);
   setMaxVisibleItems(12);
   // Completion would put another text in the place of the one that is being typed.
@@ -190,9 +190,9 @@ void KeyBox::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), 4, 4);
   } else {
     const bool focus = hasFocus() || lineEdit()->hasFocus();
-    controls::PaintPanel(painter, rect(), ground, controls::OutlineInk(palette()), focus);
+    paint::PaintPanel(painter, rect(), ground, paint::OutlineInk(palette()), focus);
   }
-  controls::PaintDropArrow(painter, rect(), palette());
+  paint::PaintDropArrow(painter, rect(), palette());
 }
 
 }  // namespace tonalith::app

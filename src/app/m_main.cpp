@@ -4,12 +4,12 @@
 #include "app/m_main.h"
 
 #include "app/screen_fit.h"
-#include "controls/screen_room.h"
 #include "core/deferred_failure.h"
 #include "core/paths.h"
 #include "core/text.h"
 #include "data/jet_conversion.h"
 #include "data/shipped_rows.h"
+#include "windows/screen_room.h"
 
 namespace tonalith::app {
 namespace {
@@ -59,7 +59,7 @@ std::unique_ptr<frmTonalith> OpenScaleDatabase(const FormServices& services) {
   if (opened) failure.Try([&] { form->BindData(); });
   failure.Try([&] { form->Controls().fretboard->PositionNotes(); });
   form->UpdateForm();
-  if (const auto room = controls::RoomOn(form->screen())) AddScrollBars(*form, *room);
+  if (const auto room = windows::RoomOn(form->screen())) AddScrollBars(*form, *room);
   form->show();
   if (!failure.Pending()) {
     const std::string notice = services.database.ScaleConnection()->NoticeText();

@@ -6,13 +6,13 @@
 #include <QLineEdit>
 
 #include "app/frm_tonalith.h"
-#include "controls/theme.h"
+#include "paint/theme.h"
 
 namespace tonalith::app {
 namespace {
 
-using controls::FittingLabel;
-using controls::PanelButton;
+using windows::FittingLabel;
+using windows::PanelButton;
 
 /// The tooltip is what a control says about itself, to the eye and to assistive technology.
 void Describe(QWidget* widget, const QString& tooltip) {
@@ -116,11 +116,11 @@ MainControls MakeMainControls(QWidget* client, core::MsgBox& msgBox) {
 }
 
 void ApplyInk(const MainControls& c, const QPalette& palette) {
-  c.lblScaleType->SetInk(controls::SiennaInk(palette));
-  c.lblScaleNotes->SetInk(controls::SiennaInk(palette));
-  c.lblScaleDescription->SetInk(controls::SecondaryInk(palette));
-  c.Label3->SetInk(controls::SecondaryInk(palette));
-  c.lblInstall->SetInk(controls::SiennaInk(palette));
+  c.lblScaleType->SetInk(paint::SiennaInk(palette));
+  c.lblScaleNotes->SetInk(paint::SiennaInk(palette));
+  c.lblScaleDescription->SetInk(paint::SecondaryInk(palette));
+  c.Label3->SetInk(paint::SecondaryInk(palette));
+  c.lblInstall->SetInk(paint::SiennaInk(palette));
 }
 
 }  // namespace tonalith::app

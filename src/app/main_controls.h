@@ -8,12 +8,12 @@
 
 #include "app/key_box.h"
 #include "controls/data_control.h"
-#include "controls/fitting_label.h"
-#include "controls/panel_button.h"
 #include "core/msg_box.h"
 #include "print/picture_box.h"
 #include "views/fretboard_view.h"
 #include "views/staff_view.h"
+#include "windows/fitting_label.h"
+#include "windows/panel_button.h"
 
 class QLineEdit;
 
@@ -25,23 +25,23 @@ struct MainControls {
   [[nodiscard]] static int ClientHeight();
 
   controls::DataControl* Data1 = nullptr;
-  controls::FittingLabel* Label1 = nullptr;
-  controls::FittingLabel* lblScaleType = nullptr;
-  controls::FittingLabel* lblScaleDescription = nullptr;
+  windows::FittingLabel* Label1 = nullptr;
+  windows::FittingLabel* lblScaleType = nullptr;
+  windows::FittingLabel* lblScaleDescription = nullptr;
   QLineEdit* txtScaleID = nullptr;
   QLineEdit* txtInterval = nullptr;
   KeyBox* cmbTranspose = nullptr;
-  controls::FittingLabel* lblTranspose = nullptr;
-  controls::FittingLabel* lblScaleNotes = nullptr;
-  controls::FittingLabel* lblStatus = nullptr;
-  controls::FittingLabel* Label3 = nullptr;
+  windows::FittingLabel* lblTranspose = nullptr;
+  windows::FittingLabel* lblScaleNotes = nullptr;
+  windows::FittingLabel* lblStatus = nullptr;
+  windows::FittingLabel* Label3 = nullptr;
   /// What an install is doing, and what it has come to.
-  controls::FittingLabel* lblInstall = nullptr;
-  controls::PanelButton* cmdEdit = nullptr;
-  controls::PanelButton* cmdUpdate = nullptr;
-  controls::PanelButton* cmdListen = nullptr;
-  controls::PanelButton* cmdPrint = nullptr;
-  controls::PanelButton* cmdInstall = nullptr;
+  windows::FittingLabel* lblInstall = nullptr;
+  windows::PanelButton* cmdEdit = nullptr;
+  windows::PanelButton* cmdUpdate = nullptr;
+  windows::PanelButton* cmdListen = nullptr;
+  windows::PanelButton* cmdPrint = nullptr;
+  windows::PanelButton* cmdInstall = nullptr;
   print::PictureBox* printPic = nullptr;
   views::FretboardView* fretboard = nullptr;
   views::StaffView* staff = nullptr;

@@ -9,13 +9,13 @@
 #include <algorithm>
 #include <cmath>
 
-#include "controls/theme.h"
+#include "paint/theme.h"
 
 namespace tonalith::app {
 namespace {
 
-using controls::FittingLabel;
-using controls::SurfaceFont;
+using paint::SurfaceFont;
+using windows::FittingLabel;
 
 /// The description is as large on paper as its place allows, up to the first size. Below the second the page grows.
 constexpr int kLargestDescription = 16;
@@ -36,25 +36,25 @@ constexpr double kAboveNotice = 8;
 /// Around everything that is printed: the discs and strings end on whole pixels of their own.
 constexpr int kMargin = 2;
 
-controls::RecordingSurface& PageOf(const MainControls& c) { return c.printPic->Surface(); }
+paint::RecordingSurface& PageOf(const MainControls& c) { return c.printPic->Surface(); }
 
 QPalette Paper() {
   QPalette paper;
   paper.setColor(QPalette::Window, Qt::white);
-  paper.setColor(QPalette::WindowText, QColor(controls::ToRgb(controls::kInk)));
+  paper.setColor(QPalette::WindowText, QColor(paint::ToRgb(paint::kInk)));
   return paper;
 }
 
-controls::Bgr ToBgr(const QColor& colour) {
+paint::Bgr ToBgr(const QColor& colour) {
   return {static_cast<std::uint32_t>(colour.blue() << 16 | colour.green() << 8 | colour.red())};
 }
 
 SurfaceFont FontLike(const QFont& font) {
-  return {QFontInfo(font).family().toStdString(), controls::Pixels(font.pixelSize()), font.bold()};
+  return {QFontInfo(font).family().toStdString(), paint::Pixels(font.pixelSize()), font.bold()};
 }
 
 SurfaceFont FontLike(const QWidget& widget, double pixels, bool bold) {
-  return {QFontInfo(widget.font()).family().toStdString(), controls::Pixels(pixels), bold};
+  return {QFontInfo(widget.font()).family().toStdString(), paint::Pixels(pixels), bold};
 }
 
 /// A text without what cannot be seen at its end. Blanks at its front belong to its place.
@@ -65,8 +65,8 @@ QString WithoutEnd(QString text) {
 
 /// The lines of a text, broken between words and, where a word is wider than a line, within it.
 std::vector<std::string> Wrapped(const QString& plain, const SurfaceFont& font, double width) {
-  const QString text = controls::WithLineSeparators(plain);
-  QTextLayout layout(text, controls::ToQFont(font));
+  const QString text = windows::WithLineSeparators(plain);
+  QTextLayout layout(text, paint::ToQFont(font));
   QTextOption option;
   option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
   layout.setTextOption(option);
@@ -87,8 +87,8 @@ std::vector<std::string> Wrapped(const QString& plain, const SurfaceFont& font, 
 PageComposer::PageComposer(const MainControls& controls) : c_(controls), view_(View()) {
   const QPalette paper = Paper();
   const QColor ink = paper.color(QPalette::WindowText);
-  const QColor second = controls::SecondaryInk(paper);
-  const QColor sienna = controls::SiennaInk(paper);
+  const QColor second = paint::SecondaryInk(paper);
+  const QColor sienna = paint::SiennaInk(paper);
   WriteBelow(*c_.Label1, ink);
   WriteBelow(*c_.lblScaleType, sienna);
   Write(*c_.lblScaleDescription, DescriptionFont(), second);
@@ -122,7 +122,7 @@ SurfaceFont PageComposer::DescriptionFont() const {
   for (int pixels = kLargestDescription; pixels > kSmallestDescription; --pixels) {
     SurfaceFont font = FontLike(label, pixels, false);
     const auto lines = static_cast<double>(Wrapped(WithoutEnd(label.text()), font, label.width()).size());
-    if (lines * controls::CellOf(font).height <= label.height()) return font;
+    if (lines * paint::CellOf(font).height <= label.height()) return font;
   }
   return FontLike(label, kSmallestDescription, false);
 }
@@ -135,7 +135,7 @@ void PageComposer::WriteBelow(const FittingLabel& label, const QColor& ink) {
 
 void PageComposer::Write(const FittingLabel& label, const SurfaceFont& font, const QColor& ink) {
   if (label.isHidden()) return;
-  const double height = controls::CellOf(font).height;
+  const double height = paint::CellOf(font).height;
   double top = label.y() + down_;
   for (std::string& text : Wrapped(WithoutEnd(label.text()), font, label.width())) {
     lines_.push_back({static_cast<double>(label.x()), top, font, ink, std::move(text)});
@@ -151,37 +151,37 @@ void PageComposer::WriteKey() {
   const QWidget& box = *c_.cmbTranspose;
   const double left = box.x();
   const double top = box.y() + down_;
-  lines_.push_back({left, top, FontLike(box, kKeyCaptionPixels, false), controls::SecondaryInk(paper),
+  lines_.push_back({left, top, FontLike(box, kKeyCaptionPixels, false), paint::SecondaryInk(paper),
                     QCoreApplication::translate("tonalith::app::frmTonalith", "Key").toStdString()});
   const QString key = c_.cmbTranspose->currentText();
   int pixels = kKeyPixels;
-  while (pixels > kSmallestKey && controls::WidthOf(FontLike(box, pixels, true), key.toStdString()) > kKeyWidth) {
+  while (pixels > kSmallestKey && paint::WidthOf(FontLike(box, pixels, true), key.toStdString()) > kKeyWidth) {
     --pixels;
   }
   const SurfaceFont font = FontLike(box, pixels, true);
   double lineTop = top + kKeyBelowCaption;
   for (std::string& line : Wrapped(key, font, kKeyWidth)) {
     lines_.push_back({left, lineTop, font, paper.color(QPalette::WindowText), std::move(line)});
-    lineTop += controls::CellOf(font).height;
+    lineTop += paint::CellOf(font).height;
   }
   columnBottom_ = std::max(columnBottom_, lineTop);
 }
 
 void PageComposer::WriteFretNumbers() {
   const SurfaceFont font = FontLike(*c_.fretboard, kFretNumberPixels, false);
-  const QColor ink = controls::SecondaryInk(Paper());
+  const QColor ink = paint::SecondaryInk(Paper());
   for (const int fret : c_.fretboard->Layout().NumberedFrets()) {
     const QRectF box = c_.fretboard->FretNumberBox(fret).translated(0, neckDown_);
     const std::string text = std::to_string(fret);
-    lines_.push_back({box.center().x() - controls::WidthOf(font, text) / 2,
-                      box.center().y() - controls::CellOf(font).height / 2, font, ink, text});
+    lines_.push_back({box.center().x() - paint::WidthOf(font, text) / 2,
+                      box.center().y() - paint::CellOf(font).height / 2, font, ink, text});
   }
 }
 
 void PageComposer::BeginPage() const {
   c_.printPic->setGeometry(view_.adjusted(0, 0, 0, static_cast<int>(neckDown_)));
   c_.printPic->SetPicture(nullptr);
-  PageOf(c_).SetScaleMode(controls::ScaleMode::kPixels);
+  PageOf(c_).SetScaleMode(paint::ScaleMode::kPixels);
   PageOf(c_).Cls();
 }
 
@@ -192,7 +192,7 @@ void PageComposer::DrawStringsAndFrets() const {
 }
 
 void PageComposer::WriteLabels() const {
-  controls::DrawingSurface& page = PageOf(c_);
+  paint::DrawingSurface& page = PageOf(c_);
   for (const Line& line : lines_) {
     if (line.text.empty()) continue;
     page.SetFontName(line.font.name);
@@ -209,7 +209,7 @@ void PageComposer::CopyNoteImages(const std::function<void()>& between) const {
   for (int index = 0; index < c_.fretboard->Layout().NoteCount(); ++index) {
     const views::NoteImage& image = c_.fretboard->Image(index);
     if (image.isHidden()) continue;
-    controls::RecordingSurface picture;
+    paint::RecordingSurface picture;
     image.DrawOn(picture);
     const QPoint place = image.pos() + c_.fretboard->pos() - view_.topLeft();
     print::BitBlt(PageOf(c_), place.x(), place.y() + neckDown_, picture);

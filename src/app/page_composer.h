@@ -35,13 +35,13 @@ class PageComposer {
   struct Line {
     double left = 0;
     double top = 0;
-    controls::SurfaceFont font;
+    paint::SurfaceFont font;
     QColor ink;
     std::string text;
   };
 
-  void Write(const controls::FittingLabel& label, const controls::SurfaceFont& font, const QColor& ink);
-  void WriteBelow(const controls::FittingLabel& label, const QColor& ink);
+  void Write(const windows::FittingLabel& label, const paint::SurfaceFont& font, const QColor& ink);
+  void WriteBelow(const windows::FittingLabel& label, const QColor& ink);
   void WriteKey();
   void WriteFretNumbers();
   [[nodiscard]] double NeckTop() const;
@@ -49,7 +49,7 @@ class PageComposer {
   /// The part of the client area that goes on paper, at a page that has not grown: as little empty room around the
   /// drawings and texts as possible, since the page is filled with it.
   [[nodiscard]] QRect View() const;
-  [[nodiscard]] controls::SurfaceFont DescriptionFont() const;
+  [[nodiscard]] paint::SurfaceFont DescriptionFont() const;
 
   const MainControls& c_;
   QRect view_;

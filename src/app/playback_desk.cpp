@@ -23,7 +23,7 @@ QString InUsersLanguage(const std::string& caption) {
 }  // namespace
 
 std::optional<std::string> PlaybackDesk::CurrentField(int position) {
-  const data::Value value = c_.Data1->FieldValue(position);
+  const core::Value value = c_.Data1->FieldValue(position);
   if (value.IsNull()) return std::nullopt;
   return value.AsText();
 }

@@ -23,13 +23,13 @@
 #include "audio/octave_note_player.h"
 #include "core/deferred_failure.h"
 #include "help/window_help_engine.h"
-#include "platform/notices/notice_queue.h"
-#include "platform/openal/open_al_mixer.h"
-#include "platform/posix/posix_file_input.h"
 #include "platform/qt/qt_event_pump.h"
 #include "platform/qt/qt_msg_box.h"
-#include "platform/qt_print/qt_print_service.h"
-#include "platform/std/std_system.h"
+#include "platform/qt/qt_print_service.h"
+#include "platform/sound/open_al_mixer.h"
+#include "platform/system/notice_queue.h"
+#include "platform/system/posix_file_input.h"
+#include "platform/system/std_system.h"
 
 namespace tonalith::app {
 namespace {

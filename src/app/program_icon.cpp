@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "controls/colours.h"
+#include "paint/colours.h"
 
 namespace tonalith::app {
 namespace {
@@ -72,8 +72,8 @@ void PaintNotes(QPainter& painter, int size) {
     painter.setBrush(QColor::fromRgba(colour));
     painter.drawRoundedRect(place.adjusted(rim, rim, -rim, -rim), radius - rim, radius - rim);
   };
-  note(keyPlace, controls::kAccent, controls::kAccentRim, std::max(key * 0.27, 2.0));
-  note(discPlace, controls::kNote, controls::kNoteRim, disc / 2);
+  note(keyPlace, paint::kAccent, paint::kAccentRim, std::max(key * 0.27, 2.0));
+  note(discPlace, paint::kNote, paint::kNoteRim, disc / 2);
 }
 
 }  // namespace

@@ -7,8 +7,8 @@
 #include <QPainter>
 #include <QStyleOption>
 
-#include "controls/reduced_painting.h"
-#include "controls/theme.h"
+#include "paint/theme.h"
+#include "windows/reduced_painting.h"
 
 namespace tonalith::app {
 namespace {
@@ -26,7 +26,7 @@ void LeanUnseen(QPainter& painter) {
 bool NeedsEdges(const QStyle& style, const QPalette& palette) {
   const QStyle* undermost = &style;
   while (const auto* const proxy = qobject_cast<const QProxyStyle*>(undermost)) undermost = proxy->baseStyle();
-  return undermost->name() == QLatin1String("fusion") && controls::IsDark(palette);
+  return undermost->name() == QLatin1String("fusion") && paint::IsDark(palette);
 }
 
 bool IsPopUpEdge(QStyle::PrimitiveElement element, const QWidget* widget) {
@@ -35,7 +35,7 @@ bool IsPopUpEdge(QStyle::PrimitiveElement element, const QWidget* widget) {
 }
 
 void DrawEdge(const QStyleOption& option, QPainter& painter) {
-  painter.setPen(controls::OutlineInk(option.palette));
+  painter.setPen(paint::OutlineInk(option.palette));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
 }
@@ -48,19 +48,19 @@ bool IsSeparator(const QStyleOption& option) {
 void DrawSeparator(const QStyleOption& option, QPainter& painter) {
   constexpr int kIndent = 5;
   painter.fillRect(option.rect.left() + kIndent, option.rect.center().y(), option.rect.width() - 2 * kIndent, 1,
-                   controls::OutlineInk(option.palette));
+                   paint::OutlineInk(option.palette));
 }
 
 }  // namespace
 
 void ProgramStyle::polish(QWidget* widget) {
   LateIconStyle::polish(widget);
-  controls::ReducedPainting::Install(*widget);
+  windows::ReducedPainting::Install(*widget);
 }
 
 void ProgramStyle::polish(QPalette& palette) {
   LateIconStyle::polish(palette);
-  palette = controls::WarmPalette(palette);
+  palette = paint::WarmPalette(palette);
 }
 
 void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

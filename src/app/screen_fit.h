@@ -4,7 +4,7 @@
 // Fits the main window, whose layout is fixed, onto a small screen: the whole program is drawn at a smaller scale, down
 // to kSmallestScale, and below that the window gets scroll bars. Qt reads its scale once, before it knows the screen: a
 // program that finds its screen too small starts itself again with a smaller one. What Qt does not do at a scale below
-// 1, controls::ReducedPainting does.
+// 1, windows::ReducedPainting does.
 // Also keeps scale settings out that Qt would take but cannot draw with. User-interface thread.
 
 #pragma once

@@ -5,7 +5,7 @@
 
 #include <QPainter>
 
-#include "controls/colours.h"
+#include "paint/colours.h"
 
 namespace tonalith::controls {
 
@@ -38,7 +38,7 @@ void ArrowButton::paintEvent(QPaintEvent* /*event*/) {
   }
   // Only for somebody who walks by keyboard: after a click the ring says nothing new.
   if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
-    painter.setPen(QPen(QColor(kAccent), 2));
+    painter.setPen(QPen(QColor(paint::kAccent), 2));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(box.adjusted(1, 1, -1, -1), 4, 4);
   }

@@ -11,9 +11,9 @@
 
 #include "controls/accessible_data_control.h"
 #include "controls/arrow_button.h"
-#include "controls/panel_painting.h"
-#include "controls/theme.h"
 #include "data/data_failure.h"
+#include "paint/panel_painting.h"
+#include "paint/theme.h"
 
 namespace tonalith::controls {
 
@@ -55,7 +55,7 @@ void DataControl::Report(core::DeferredFailure& failure, core::MsgBox& msgBox) {
   failure.ReportDescription(msgBox);
 }
 
-void DataControl::Bind(const std::string& field, std::function<void(const data::Value&)> take) {
+void DataControl::Bind(const std::string& field, std::function<void(const core::Value&)> take) {
   bindings_.push_back({field, std::move(take)});
 }
 
@@ -63,14 +63,14 @@ bool DataControl::HasRecord() const {
   return recordset_ != nullptr && recordset_->IsOpen() && !recordset_->IsBof() && !recordset_->IsEof();
 }
 
-data::Value DataControl::FieldValue(int index) const {
-  return HasRecord() ? recordset_->FieldValue(index) : data::Value::Null();
+core::Value DataControl::FieldValue(int index) const {
+  return HasRecord() ? recordset_->FieldValue(index) : core::Value::Null();
 }
 
 void DataControl::TakeRow() {
   const bool row = HasRecord();
   for (const Binding& binding : bindings_) {
-    binding.take(row ? recordset_->FieldValue(binding.field) : data::Value::Null());
+    binding.take(row ? recordset_->FieldValue(binding.field) : core::Value::Null());
   }
   TellPosition(*this);
   if (quiet_ == 0) Q_EMIT Moved();
@@ -188,7 +188,7 @@ void DataControl::AddNew(const FieldValues& defaults) {
   TakeRow();
 }
 
-void DataControl::SetFieldValue(const std::string& field, const data::Value& value) {
+void DataControl::SetFieldValue(const std::string& field, const core::Value& value) {
   OpenRecordset().SetFieldValue(field, value);
   refusal_.clear();
 }
@@ -254,7 +254,7 @@ void DataControl::SetBookmarkIfThere(data::Bookmark bookmark) {
 
 void DataControl::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  PaintPanel(painter, rect(), palette().color(QPalette::Button), OutlineInk(palette()), false);
+  paint::PaintPanel(painter, rect(), palette().color(QPalette::Button), paint::OutlineInk(palette()), false);
 }
 
 }  // namespace tonalith::controls

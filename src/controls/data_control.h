@@ -50,10 +50,10 @@ class DataControl : public QFrame {
   [[nodiscard]] data::RecordSet* Recordset() const { return recordset_.get(); }
   [[nodiscard]] bool HasRecord() const;
   /// A field of the current row by its position; null without a current row.
-  [[nodiscard]] data::Value FieldValue(int index) const;
+  [[nodiscard]] core::Value FieldValue(int index) const;
 
   /// `take` gets the field's value whenever the current row changes, null when there is none.
-  void Bind(const std::string& field, std::function<void(const data::Value&)> take);
+  void Bind(const std::string& field, std::function<void(const core::Value&)> take);
 
   void MoveFirst();
   void MovePrevious();
@@ -64,11 +64,11 @@ class DataControl : public QFrame {
   void SetBookmarkIfThere(data::Bookmark bookmark);
 
   /// The fields and contents with which a new row starts.
-  using FieldValues = std::vector<std::pair<std::string, data::Value>>;
+  using FieldValues = std::vector<std::pair<std::string, core::Value>>;
   /// Begins a new row, pending, and makes it current.
   void AddNew(const FieldValues& defaults);
   /// Changes a field of the current row, pending. The bound controls are not told: one of them is where it comes from.
-  void SetFieldValue(const std::string& field, const data::Value& value);
+  void SetFieldValue(const std::string& field, const core::Value& value);
   /// Deletes the current row at once; the next one becomes current, the new last one where there is none, or none. A
   /// new row is only dropped: the row before it is current again.
   void Delete();
@@ -119,7 +119,7 @@ class DataControl : public QFrame {
  private:
   struct Binding {
     std::string field;
-    std::function<void(const data::Value&)> take;
+    std::function<void(const core::Value&)> take;
   };
   /// `name` in English, whatever the user's language is.
   void AddArrow(const char* name, int kind, Move step);

@@ -13,9 +13,9 @@
 namespace tonalith::controls {
 namespace {
 
-data::Value ValueOf(const QString& text, FieldBinding::Kind kind) {
+core::Value ValueOf(const QString& text, FieldBinding::Kind kind) {
   if (kind == FieldBinding::Kind::kNumber) {
-    if (text.trimmed().isEmpty()) return data::Value::Null();
+    if (text.trimmed().isEmpty()) return core::Value::Null();
     bool isNumber = false;
     const qlonglong number = text.toLongLong(&isNumber);
     if (isNumber) return std::int64_t{number};
@@ -50,7 +50,7 @@ FieldBinding::FieldBinding(DataControl& data, std::string field, Kind kind, core
 }
 
 void FieldBinding::Start() {
-  data_.Bind(field_, [this](const data::Value& value) { TakeValue(value); });
+  data_.Bind(field_, [this](const core::Value& value) { TakeValue(value); });
 }
 
 QString FieldBinding::Shorten(const std::string& content) {
@@ -66,7 +66,7 @@ QString FieldBinding::Shorten(const std::string& content) {
   return text;
 }
 
-void FieldBinding::TakeValue(const data::Value& value) {
+void FieldBinding::TakeValue(const core::Value& value) {
   const QString text = Shorten(value.TextOr({}));
   const QString before = shown_;
   // A box that shows the value already keeps its cursor and what can be undone in it.

@@ -16,7 +16,7 @@
 #include <string>
 
 #include "core/msg_box.h"
-#include "data/value.h"
+#include "core/value.h"
 
 class QLineEdit;
 class QPlainTextEdit;
@@ -57,7 +57,7 @@ class FieldBinding : public QObject {
   void Start();
   /// What the box shows of a content.
   QString Shorten(const std::string& content);
-  void TakeValue(const data::Value& value);
+  void TakeValue(const core::Value& value);
   void TakeTyped();
   void Write(const QString& text);
 
@@ -67,7 +67,7 @@ class FieldBinding : public QObject {
   core::MsgBox& msgBox_;
   std::function<QString()> readBox_;
   std::function<void(const QString&)> writeBox_;
-  data::Value taken_;
+  core::Value taken_;
   QString takenText_;
   QString shown_;
   qsizetype longestShown_ = std::numeric_limits<qsizetype>::max();

@@ -13,6 +13,11 @@ Failure Failure::Overflow() { return {failure_number::kOverflow, "Overflow"}; }
 Failure Failure::SubscriptOutOfRange() { return {failure_number::kSubscriptOutOfRange, "Subscript out of range"}; }
 Failure Failure::TypeMismatch() { return {failure_number::kTypeMismatch, "Type mismatch"}; }
 Failure Failure::InvalidUseOfNull() { return {failure_number::kInvalidUseOfNull, "Invalid use of Null"}; }
+Failure Failure::FileNotFound(const std::string& path) { return Unspecified("Could not find file '" + path + "'."); }
+Failure Failure::UnrecognizedFormat(const std::string& path) {
+  return Unspecified("Unrecognized database format '" + path + "'.");
+}
+Failure Failure::Unspecified(std::string description) { return {failure_number::kUnspecified, std::move(description)}; }
 
 Failure Failure::FromCurrentException() {
   try {

@@ -22,6 +22,7 @@ inline constexpr std::int32_t kSubscriptOutOfRange = 9;
 inline constexpr std::int32_t kTypeMismatch = 13;
 inline constexpr std::int32_t kInternalError = 51;
 inline constexpr std::int32_t kInvalidUseOfNull = 94;
+inline constexpr std::int32_t kUnspecified = -2147467259;
 }  // namespace failure_number
 
 class Failure : public std::exception {
@@ -38,6 +39,10 @@ class Failure : public std::exception {
   static Failure SubscriptOutOfRange();
   static Failure TypeMismatch();
   static Failure InvalidUseOfNull();
+  static Failure FileNotFound(const std::string& path);
+  static Failure UnrecognizedFormat(const std::string& path);
+  /// A failure without a number of its own.
+  static Failure Unspecified(std::string description);
 
   /// The exception that is being handled, as a Failure: itself, out of memory (7), or an internal error (51) with the
   /// exception's own text. Call it inside a catch block only.

@@ -46,22 +46,17 @@ Failure RowChanged() {
 }
 Failure Cancelled() { return {number::kCancelled, "The operation was cancelled."}; }
 Failure NumbersUsedUp(const std::string& path) {
-  return Unspecified("No new record can be saved in '" + path +
-                     "', because the highest possible record number is in use.");
+  return Failure::Unspecified("No new record can be saved in '" + path +
+                              "', because the highest possible record number is in use.");
 }
 Failure ViewAsTable(const std::string& path, const std::string& table) {
-  return Unspecified("In the database '" + path + "', '" + table + "' is a stored query instead of a table.");
+  return Failure::Unspecified("In the database '" + path + "', '" + table + "' is a stored query instead of a table.");
 }
 Failure NoTransaction() { return {number::kNoTransaction, "No transaction is active."}; }
 Failure TransactionActive() {
   return {number::kTransactionActive, "Only one transaction can be active on a connection."};
 }
 Failure SyntaxError(const std::string& words) { return {number::kSyntax, words}; }
-Failure FileNotFound(const std::string& path) { return {number::kUnspecified, "Could not find file '" + path + "'."}; }
-Failure UnrecognizedFormat(const std::string& path) {
-  return {number::kUnspecified, "Unrecognized database format '" + path + "'."};
-}
-Failure Unspecified(const std::string& words) { return {number::kUnspecified, words}; }
 
 namespace {
 
@@ -89,13 +84,13 @@ Failure FromStatementError(const std::string& words, const std::string& path) {
 Failure FromConstraint(int extendedCode, const std::string& words) {
   switch (extendedCode) {
     case SQLITE_CONSTRAINT_TRIGGER:
-      return Unspecified(words);
+      return Failure::Unspecified(words);
     case SQLITE_CONSTRAINT_PRIMARYKEY:
     case SQLITE_CONSTRAINT_ROWID:
     case SQLITE_CONSTRAINT_UNIQUE:
-      return Unspecified("The record was not saved, because another record has the same key.");
+      return Failure::Unspecified("The record was not saved, because another record has the same key.");
     default:
-      return Unspecified("The record was not saved: " + words + ".");
+      return Failure::Unspecified("The record was not saved: " + words + ".");
   }
 }
 
@@ -107,22 +102,24 @@ Failure FromEngine(const SQLite::Exception& exception, const std::string& path) 
   switch (code) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-      return Unspecified("Could not use '" + path + "'; file already in use.");
+      return Failure::Unspecified("Could not use '" + path + "'; file already in use.");
     case SQLITE_READONLY:
-      return Unspecified("Cannot update. The database '" + path + "' or its folder is read-only.");
+      return Failure::Unspecified("Cannot update. The database '" + path + "' or its folder is read-only.");
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
     case SQLITE_AUTH:
-      return Unspecified("The file '" + path + "' or its folder does not allow this access.");
+      return Failure::Unspecified("The file '" + path + "' or its folder does not allow this access.");
     case SQLITE_FULL:
-      return Unspecified("The disk that holds '" + path + "' is full. Nothing was saved.");
+      return Failure::Unspecified("The disk that holds '" + path + "' is full. Nothing was saved.");
     case SQLITE_IOERR:
-      return Unspecified("The file '" + path + "' could not be read or written, because the disk reports an error.");
+      return Failure::Unspecified("The file '" + path +
+                                  "' could not be read or written, because the disk reports an error.");
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-      return UnrecognizedFormat(path);
+      return Failure::UnrecognizedFormat(path);
     case SQLITE_INTERRUPT:
-      return Unspecified("The database '" + path + "' takes too long to answer. It may be damaged or made to do harm.");
+      return Failure::Unspecified("The database '" + path +
+                                  "' takes too long to answer. It may be damaged or made to do harm.");
     case SQLITE_NOMEM:
       return {core::failure_number::kOutOfMemory, "Out of memory"};
     case SQLITE_MISMATCH:
@@ -132,7 +129,7 @@ Failure FromEngine(const SQLite::Exception& exception, const std::string& path) 
     case SQLITE_ERROR:
       return FromStatementError(words, path);
     default:
-      return Unspecified("The database '" + path + "' reports: " + words + ".");
+      return Failure::Unspecified("The database '" + path + "' reports: " + words + ".");
   }
 }
 

@@ -28,7 +28,6 @@ inline constexpr std::int32_t kAlreadyOpen = 3705;
 inline constexpr std::int32_t kUnknownProvider = 3706;
 inline constexpr std::int32_t kInvalidConnection = 3709;
 inline constexpr std::int32_t kCancelled = 3712;
-inline constexpr std::int32_t kUnspecified = -2147467259;
 inline constexpr std::int32_t kInvalidBookmark = -2147217906;
 inline constexpr std::int32_t kUnknownField = -2147217904;
 inline constexpr std::int32_t kSyntax = -2147217900;
@@ -69,10 +68,6 @@ core::Failure ViewAsTable(const std::string& path, const std::string& table);
 core::Failure NoTransaction();
 core::Failure TransactionActive();
 core::Failure SyntaxError(const std::string& words);
-core::Failure FileNotFound(const std::string& path);
-core::Failure UnrecognizedFormat(const std::string& path);
-/// A failure without a number of its own.
-core::Failure Unspecified(const std::string& words);
 
 /// What the engine reported about the file at `path`. A refusal by the stored query keeps the words of its trigger.
 core::Failure FromEngine(const SQLite::Exception& exception, const std::string& path);

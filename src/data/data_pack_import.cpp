@@ -59,7 +59,8 @@ std::vector<std::string> DataPackImport::ListDataPacks() const {
     }
   }
   const bool isAbsent = error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
-  if (error && !isAbsent) throw Unspecified("The folder '" + folder + "' cannot be read: " + error.message() + ".");
+  if (error && !isAbsent)
+    throw core::Failure::Unspecified("The folder '" + folder + "' cannot be read: " + error.message() + ".");
   return packs;
 }
 

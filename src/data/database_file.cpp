@@ -15,8 +15,8 @@
 
 #include "core/failure.h"
 #include "data/data_failure.h"
-#include "data/jet_file.h"
-#include "data/open_file.h"
+#include "jet/jet_file.h"
+#include "jet/open_file.h"
 
 namespace tonalith::data {
 namespace {
@@ -26,7 +26,7 @@ using namespace std::string_view_literals;
 constexpr std::string_view kSignature = "SQLite format 3\0"sv;
 
 core::Failure CannotBeOpened(const std::string& path, const std::string& reason) {
-  return Unspecified("The file '" + path + "' cannot be opened: " + reason + ".");
+  return core::Failure::Unspecified("The file '" + path + "' cannot be opened: " + reason + ".");
 }
 
 // What the engine keeps beside a database it opens whatever it is, and waits at a pipe until somebody writes to it.
@@ -43,29 +43,32 @@ void RequireOrdinaryCompanions(const std::string& path) {
 }  // namespace
 
 std::string RequireDatabaseFile(const std::string& dataSource) {
-  if (dataSource.empty()) throw Unspecified("The connection string names no data source.");
-  if (dataSource.find('\0') != std::string::npos) throw FileNotFound(dataSource.substr(0, dataSource.find('\0')));
+  if (dataSource.empty()) throw core::Failure::Unspecified("The connection string names no data source.");
+  if (dataSource.find('\0') != std::string::npos)
+    throw core::Failure::FileNotFound(dataSource.substr(0, dataSource.find('\0')));
   std::error_code error;
   std::string path = std::filesystem::absolute(dataSource, error).lexically_normal().string();
-  if (error) throw FileNotFound(dataSource);
+  if (error) throw core::Failure::FileNotFound(dataSource);
 
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) {
-    if (errno == ENOENT || errno == ENOTDIR) throw FileNotFound(path);
-    throw Unspecified("The file '" + path + "' cannot be reached: " + std::generic_category().message(errno) + ".");
+    if (errno == ENOENT || errno == ENOTDIR) throw core::Failure::FileNotFound(path);
+    throw core::Failure::Unspecified("The file '" + path +
+                                     "' cannot be reached: " + std::generic_category().message(errno) + ".");
   }
-  if (S_ISDIR(status.st_mode)) throw Unspecified("'" + path + "' is a folder, not a database file.");
-  if (!S_ISREG(status.st_mode)) throw UnrecognizedFormat(path);
+  if (S_ISDIR(status.st_mode)) throw core::Failure::Unspecified("'" + path + "' is a folder, not a database file.");
+  if (!S_ISREG(status.st_mode)) throw core::Failure::UnrecognizedFormat(path);
 
-  const OpenFile file(path);
+  const jet::OpenFile file(path);
   if (file.Descriptor() < 0) throw CannotBeOpened(path, std::generic_category().message(errno));
   std::array<char, kSignature.size()> begin{};
   const ssize_t size = ::read(file.Descriptor(), begin.data(), begin.size());
   if (size < 0) {
-    throw Unspecified("The file '" + path + "' cannot be read: " + std::generic_category().message(errno) + ".");
+    throw core::Failure::Unspecified("The file '" + path +
+                                     "' cannot be read: " + std::generic_category().message(errno) + ".");
   }
   const bool isOurs = std::string_view(begin.data(), static_cast<std::size_t>(size)) == kSignature;
-  if (!isOurs && !IsJetFile(path)) throw UnrecognizedFormat(path);
+  if (!isOurs && !jet::IsJetFile(path)) throw core::Failure::UnrecognizedFormat(path);
   if (isOurs) RequireOrdinaryCompanions(path);
   return path;
 }
@@ -73,7 +76,7 @@ std::string RequireDatabaseFile(const std::string& dataSource) {
 void RequireWholePages(const std::string& path, int pageSize) {
   std::error_code error;
   const std::uintmax_t length = std::filesystem::file_size(path, error);
-  if (error || length % static_cast<std::uintmax_t>(pageSize) != 0) throw UnrecognizedFormat(path);
+  if (error || length % static_cast<std::uintmax_t>(pageSize) != 0) throw core::Failure::UnrecognizedFormat(path);
 }
 
 }  // namespace tonalith::data

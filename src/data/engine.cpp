@@ -16,7 +16,6 @@
 #include "data/connection.h"
 #include "data/data_failure.h"
 #include "data/database_file.h"
-#include "data/jet_file.h"
 #include "data/jet_tables.h"
 #include "data/long_fields.h"
 #include "data/processor_time.h"
@@ -24,6 +23,7 @@
 #include "data/schema.h"
 #include "data/sql_dialect.h"
 #include "data/sql_tokens.h"
+#include "jet/jet_file.h"
 
 namespace tonalith::data {
 namespace {
@@ -53,7 +53,7 @@ void RemoveStaleJournal(SQLite::Database& database, const std::string& path) {
 }
 
 // A statement is bound anew before each use, so it may point to what outlives only this one.
-void BindInPlace(SQLite::Statement& statement, int index, const Value& value) {
+void BindInPlace(SQLite::Statement& statement, int index, const core::Value& value) {
   if (const auto* const text = std::get_if<std::string>(&value.Raw())) {
     statement.bindNoCopy(index, *text);
   } else {
@@ -89,7 +89,7 @@ Engine::Engine(std::string path, bool readOnly, const std::function<void(std::in
 }
 
 void Engine::OpenDatabase(bool readOnly, const std::function<void(std::int64_t rows)>& whileReading) {
-  isJetCopy_ = IsJetFile(path_);
+  isJetCopy_ = jet::IsJetFile(path_);
   if (isJetCopy_) {
     database_ = OpenJetCopy(path_, whileReading);
   } else if (readOnly) {
@@ -184,7 +184,7 @@ SQLite::Statement& Engine::Prepared(const std::string& sql) {
   return *statements_.emplace(sql, std::move(statement)).first->second;
 }
 
-void Engine::Query(const std::string& sql, std::span<const Value> bindings,
+void Engine::Query(const std::string& sql, std::span<const core::Value> bindings,
                    const std::function<void(SQLite::Statement&)>& onRow) {
   try {
     SQLite::Statement& statement = Prepared(sql);
@@ -214,7 +214,7 @@ bool Engine::AreNumbersUsedUp() {
   }
 }
 
-void Engine::Execute(const std::string& sql, std::span<const Value> bindings) {
+void Engine::Execute(const std::string& sql, std::span<const core::Value> bindings) {
   ++changes_;
   Query(sql, bindings, [](SQLite::Statement&) {});
 }
@@ -250,13 +250,13 @@ bool Engine::IsNumberedTable(const std::string& name) {
   return true;
 }
 
-void BindValue(SQLite::Statement& statement, int index, const Value& value) {
+void BindValue(SQLite::Statement& statement, int index, const core::Value& value) {
   std::visit(
       [&](const auto& content) {
         using Content = std::decay_t<decltype(content)>;
         if constexpr (std::is_same_v<Content, std::monostate>) {
           statement.bind(index);
-        } else if constexpr (std::is_same_v<Content, Bytes>) {
+        } else if constexpr (std::is_same_v<Content, core::Bytes>) {
           statement.bind(index, content.data(), static_cast<int>(content.size()));
         } else {
           statement.bind(index, content);
@@ -265,7 +265,7 @@ void BindValue(SQLite::Statement& statement, int index, const Value& value) {
       value.Raw());
 }
 
-void ReadColumn(const SQLite::Column& column, Value& value) {
+void ReadColumn(const SQLite::Column& column, core::Value& value) {
   switch (column.getType()) {
     case SQLITE_INTEGER:
       value = column.getInt64();
@@ -280,16 +280,16 @@ void ReadColumn(const SQLite::Column& column, Value& value) {
     }
     case SQLITE_BLOB: {
       const auto* begin = static_cast<const std::uint8_t*>(column.getBlob());
-      value = begin == nullptr ? Bytes{} : Bytes(begin, begin + column.getBytes());
+      value = begin == nullptr ? core::Bytes{} : core::Bytes(begin, begin + column.getBytes());
       break;
     }
     default:
-      value = Value::Null();
+      value = core::Value::Null();
   }
 }
 
-Value ReadColumn(const SQLite::Column& column) {
-  Value value;
+core::Value ReadColumn(const SQLite::Column& column) {
+  core::Value value;
   ReadColumn(column, value);
   return value;
 }

@@ -20,9 +20,9 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/value.h"
 #include "data/file_state.h"
 #include "data/schema_guard.h"
-#include "data/value.h"
 
 namespace tonalith::data {
 
@@ -57,10 +57,10 @@ class Engine {
   [[nodiscard]] bool IsScaleDatabase() const { return isScaleDatabase_; }
 
   /// Runs a statement and hands every row to `onRow`, which must not use the engine.
-  void Query(const std::string& sql, std::span<const Value> bindings,
+  void Query(const std::string& sql, std::span<const core::Value> bindings,
              const std::function<void(SQLite::Statement&)>& onRow);
   /// Runs a statement that writes.
-  void Execute(const std::string& sql, std::span<const Value> bindings = {});
+  void Execute(const std::string& sql, std::span<const core::Value> bindings = {});
   /// Undoes the transaction that is under way, if there is one.
   void RollBack() noexcept;
   /// The names of the columns that a statement would give. Runs nothing.
@@ -101,12 +101,12 @@ class Engine {
 };
 
 /// Puts a value in the place of a statement's parameter; the first one is number 1.
-void BindValue(SQLite::Statement& statement, int index, const Value& value);
+void BindValue(SQLite::Statement& statement, int index, const core::Value& value);
 
 /// The content of a column of the row on which its statement stands.
-Value ReadColumn(const SQLite::Column& column);
+core::Value ReadColumn(const SQLite::Column& column);
 /// The same into `value`, where a text takes the place of another without new memory.
-void ReadColumn(const SQLite::Column& column, Value& value);
+void ReadColumn(const SQLite::Column& column, core::Value& value);
 
 /// A write that is whole or not at all. Takes the file for writing at once, unless a transaction is under way already,
 /// of which it then is a part. Undone by its destructor if Commit was not reached.

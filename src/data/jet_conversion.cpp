@@ -16,7 +16,6 @@
 #include "core/failure.h"
 #include "data/data_failure.h"
 #include "data/engine.h"
-#include "data/jet_file.h"
 #include "data/jet_tables.h"
 #include "data/kept_file.h"
 #include "data/long_fields.h"
@@ -24,6 +23,7 @@
 #include "data/sql_dialect.h"
 #include "data/sql_tokens.h"
 #include "data/whole_number.h"
+#include "jet/jet_file.h"
 
 namespace tonalith::data {
 namespace {
@@ -39,38 +39,38 @@ bool IsScaleTable(const std::string& name) { return SameName(name, "Scales") || 
 
 // The stored query is part of every scale database, and its triggers hold what the relationship between its two tables
 // asks for. That one bears the name that joins theirs.
-bool HasEquivalent(const JetObject& object) {
+bool HasEquivalent(const jet::JetObject& object) {
   if (object.kind == "stored query") return SameName(object.name, "ScalesQuery");
   return object.kind == "relationship" && SameName(object.name, "ScaleTypesScales");
 }
 
 // A column has its own way of holding a number, as text or with a fraction; what it says must be the same.
-bool SaysTheSame(const Value& given, const Value& stored) {
-  const Value a = WithoutEmptyFraction(given);
-  const Value b = WithoutEmptyFraction(stored);
+bool SaysTheSame(const core::Value& given, const core::Value& stored) {
+  const core::Value a = WithoutEmptyFraction(given);
+  const core::Value b = WithoutEmptyFraction(stored);
   if (a == b) return true;
-  const bool isPlain =
-      !a.IsNull() && !b.IsNull() && !std::holds_alternative<Bytes>(a.Raw()) && !std::holds_alternative<Bytes>(b.Raw());
+  const bool isPlain = !a.IsNull() && !b.IsNull() && !std::holds_alternative<core::Bytes>(a.Raw()) &&
+                       !std::holds_alternative<core::Bytes>(b.Raw());
   return isPlain && a.AsText() == b.AsText();
 }
 
-std::string ReadBackStatement(const JetTable& table) {
+std::string ReadBackStatement(const jet::JetTable& table) {
   std::string columns;
-  for (const JetColumn& column : table.columns) columns += (columns.empty() ? "" : ", ") + QuoteName(column.name);
+  for (const jet::JetColumn& column : table.columns) columns += (columns.empty() ? "" : ", ") + QuoteName(column.name);
   return "SELECT " + columns + " FROM " + QuoteName(table.name) + " WHERE " + kRowNumber + " = ?";
 }
 
 // Fills an empty scale database with what a Jet file holds.
-class Filling : public JetVisitor {
+class Filling : public jet::JetVisitor {
  public:
   Filling(SQLite::Database& database, std::string path, const std::function<void(ConversionStep)>& onStep)
       : database_(database), path_(std::move(path)), onStep_(onStep) {}
 
-  void OnObject(const JetObject& object) override {
+  void OnObject(const jet::JetObject& object) override {
     if (!HasEquivalent(object)) inTheWay_.push_back(object.kind + " '" + object.name + "'");
   }
 
-  void OnTable(const JetTable& table) override {
+  void OnTable(const jet::JetTable& table) override {
     RequireNothingInTheWay();
     onStep_(ConversionStep::kFilling);
     table_ = table;
@@ -85,7 +85,7 @@ class Filling : public JetVisitor {
     readBack_ = std::make_unique<SQLite::Statement>(database_, ReadBackStatement(table));
   }
 
-  void OnRow(std::vector<Value> values) override {
+  void OnRow(std::vector<core::Value> values) override {
     if (++row_ % kRowsPerStep == 0) onStep_(ConversionStep::kFilling);
     std::transform(values.begin(), values.end(), values.begin(), WithoutEmptyFraction);
     try {
@@ -104,7 +104,7 @@ class Filling : public JetVisitor {
     for (const char* name : {"ScaleTypes", "Scales"}) {
       const bool isThere = std::any_of(scaleTables_.begin(), scaleTables_.end(),
                                        [&](const std::string& table) { return SameName(table, name); });
-      if (!isThere) throw Unspecified("It has no table '" + std::string(name) + "'.");
+      if (!isThere) throw core::Failure::Unspecified("It has no table '" + std::string(name) + "'.");
     }
   }
 
@@ -114,11 +114,11 @@ class Filling : public JetVisitor {
     std::string words = "A scale database cannot hold ";
     for (std::size_t i = 0; i < std::min(inTheWay_.size(), kMostNamed); ++i) words += (i ? ", " : "") + inTheWay_[i];
     if (inTheWay_.size() > kMostNamed) words += " and " + std::to_string(inTheWay_.size() - kMostNamed) + " more";
-    throw Unspecified(words + ".");
+    throw core::Failure::Unspecified(words + ".");
   }
 
-  void AddColumns(const JetTable& table) {
-    for (const JetColumn& column : table.columns) {
+  void AddColumns(const jet::JetTable& table) {
+    for (const jet::JetColumn& column : table.columns) {
       if (sqlite3_table_column_metadata(database_.getHandle(), "main", table.name.c_str(), column.name.c_str(), nullptr,
                                         nullptr, nullptr, nullptr, nullptr) == SQLITE_OK) {
         continue;
@@ -127,12 +127,12 @@ class Filling : public JetVisitor {
     }
   }
 
-  void RequireStored(const std::vector<Value>& values) {
+  void RequireStored(const std::vector<core::Value>& values) {
     readBack_->bind(1, static_cast<std::int64_t>(database_.getLastInsertRowid()));
     readBack_->executeStep();
     for (std::size_t i = 0; i < values.size(); ++i) {
       if (SaysTheSame(values[i], ReadColumn(readBack_->getColumn(static_cast<int>(i))))) continue;
-      const bool isPlain = !values[i].IsNull() && !std::holds_alternative<Bytes>(values[i].Raw());
+      const bool isPlain = !values[i].IsNull() && !std::holds_alternative<core::Bytes>(values[i].Raw());
       throw RowFailure("The field '" + table_.columns[i].name + "' cannot hold " +
                        (isPlain ? "'" + values[i].AsText() + "'" : "what is in it") + " as it stands.");
     }
@@ -140,7 +140,7 @@ class Filling : public JetVisitor {
   }
 
   [[nodiscard]] core::Failure RowFailure(const std::string& words) const {
-    return Unspecified("Row " + std::to_string(row_) + " of the table '" + table_.name + "': " + words);
+    return core::Failure::Unspecified("Row " + std::to_string(row_) + " of the table '" + table_.name + "': " + words);
   }
 
   SQLite::Database& database_;
@@ -148,7 +148,7 @@ class Filling : public JetVisitor {
   const std::function<void(ConversionStep)>& onStep_;
   std::vector<std::string> inTheWay_;
   std::vector<std::string> scaleTables_;
-  JetTable table_;
+  jet::JetTable table_;
   std::size_t row_ = 0;
   std::unique_ptr<JetRowWriter> writer_;
   std::unique_ptr<SQLite::Statement> readBack_;
@@ -158,7 +158,9 @@ void RemoveUnfinished(const std::string& unfinished) {
   for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
     std::error_code error;
     fs::remove(unfinished + ending, error);
-    if (error) throw Unspecified("The file '" + unfinished + ending + "' cannot be removed: " + error.message() + ".");
+    if (error)
+      throw core::Failure::Unspecified("The file '" + unfinished + ending + "' cannot be removed: " + error.message() +
+                                       ".");
   }
 }
 
@@ -174,7 +176,7 @@ void MakeConverted(const std::string& path, const std::string& unfinished,
     sqlite3_limit(database.getHandle(), SQLITE_LIMIT_LENGTH, kLongestField);
     SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
     Filling filling(database, path, onStep);
-    ReadJetFile(path, filling);
+    jet::ReadJetFile(path, filling);
     filling.RequireComplete();
     transaction.commit();
   } catch (const SQLite::Exception& exception) {
@@ -196,7 +198,8 @@ std::string Convert(const std::string& path, const std::function<void(Conversion
     const auto changed = fs::last_write_time(path);
     MakeConverted(path, unfinished, onStep);
     onStep(ConversionStep::kFilled);
-    if (fs::last_write_time(path) != changed) throw Unspecified("It was changed by another program meanwhile.");
+    if (fs::last_write_time(path) != changed)
+      throw core::Failure::Unspecified("It was changed by another program meanwhile.");
     std::string kept = KeepBeside(path, kKeptLabel);
     PutStrayCompanionsAside(path);
     onStep(ConversionStep::kKept);
@@ -217,12 +220,12 @@ std::string Convert(const std::string& path, const std::function<void(Conversion
 
 std::optional<std::string> ConvertMainDatabaseIfJet(const std::string& path,
                                                     const std::function<void(ConversionStep)>& onStep) {
-  if (!IsJetFile(path)) return {};
+  if (!jet::IsJetFile(path)) return {};
   // Through a link the file itself is converted, where it lies.
   const std::string file = fs::canonical(path).string();
   const FileHold hold(file);
   // Another program of ours may have been at it while this one waited.
-  if (!IsJetFile(file)) return {};
+  if (!jet::IsJetFile(file)) return {};
   return Convert(
       file, onStep ? onStep : [](ConversionStep) {});
 }

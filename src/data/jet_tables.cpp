@@ -23,43 +23,43 @@ constexpr const char* kCreateStoredQuery =
     "ScaleTypes.ScaleTypeNo AS ScaleTypeNo, ScaleTypes.ScaleTypeName AS ScaleTypeName "
     "FROM Scales INNER JOIN ScaleTypes ON ScaleTypes.ScaleTypeID = Scales.ScaleTypeID ORDER BY Scales.ScaleID";
 
-const char* TypeOf(JetContent content) {
+const char* TypeOf(jet::JetContent content) {
   switch (content) {
-    case JetContent::kYesNo:
-    case JetContent::kWholeNumber:
+    case jet::JetContent::kYesNo:
+    case jet::JetContent::kWholeNumber:
       return " INTEGER";
-    case JetContent::kFraction:
+    case jet::JetContent::kFraction:
       return " REAL";
-    case JetContent::kDecimal:
+    case jet::JetContent::kDecimal:
       return "";  // A type would make numbers of decimals that no number holds exactly.
-    case JetContent::kDate:
+    case jet::JetContent::kDate:
       return " TEXT";
-    case JetContent::kText:
+    case jet::JetContent::kText:
       return " TEXT COLLATE NOCASE";
-    case JetContent::kBytes:
+    case jet::JetContent::kBytes:
       return " BLOB";
   }
   return "";
 }
 
-std::string FillStatement(const JetTable& table) {
+std::string FillStatement(const jet::JetTable& table) {
   std::vector<std::string> fields;
-  for (const JetColumn& column : table.columns) fields.push_back(QuoteName(column.name));
+  for (const jet::JetColumn& column : table.columns) fields.push_back(QuoteName(column.name));
   return InsertStatement(QuoteName(table.name), fields);
 }
 
-class Copier : public JetVisitor {
+class Copier : public jet::JetVisitor {
  public:
   explicit Copier(SQLite::Database& database) : database_(database) {}
 
-  void OnObject(const JetObject& object) override {
+  void OnObject(const jet::JetObject& object) override {
     if (SameName(object.name, kStoredQuery)) database_.exec(kCreateStoredQuery);
   }
-  void OnTable(const JetTable& table) override {
+  void OnTable(const jet::JetTable& table) override {
     CreateTableFor(database_, table);
     writer_.emplace(database_, table);
   }
-  void OnRow(std::vector<Value> values) override {
+  void OnRow(std::vector<core::Value> values) override {
     writer_->Write(values);
     ++rows_;
   }
@@ -73,18 +73,19 @@ class Copier : public JetVisitor {
 
 }  // namespace
 
-std::string ColumnDefinition(const JetColumn& column) { return QuoteName(column.name) + TypeOf(column.content); }
+std::string ColumnDefinition(const jet::JetColumn& column) { return QuoteName(column.name) + TypeOf(column.content); }
 
-void CreateTableFor(SQLite::Database& database, const JetTable& table) {
+void CreateTableFor(SQLite::Database& database, const jet::JetTable& table) {
   std::string columns;
-  for (const JetColumn& column : table.columns) columns += (columns.empty() ? "" : ", ") + ColumnDefinition(column);
+  for (const jet::JetColumn& column : table.columns)
+    columns += (columns.empty() ? "" : ", ") + ColumnDefinition(column);
   database.exec("CREATE TABLE " + QuoteName(table.name) + " (" + columns + ")");
 }
 
-JetRowWriter::JetRowWriter(SQLite::Database& database, const JetTable& table)
+JetRowWriter::JetRowWriter(SQLite::Database& database, const jet::JetTable& table)
     : insert_(database, FillStatement(table)) {}
 
-void JetRowWriter::Write(const std::vector<Value>& values) {
+void JetRowWriter::Write(const std::vector<core::Value>& values) {
   for (std::size_t i = 0; i < values.size(); ++i) BindValue(insert_, static_cast<int>(i) + 1, values[i]);
   insert_.exec();
   insert_.reset();
@@ -98,7 +99,7 @@ std::unique_ptr<SQLite::Database> OpenJetCopy(const std::string& path,
   SQLite::Transaction transaction(*database);
   std::function<void()> whileWaiting;
   if (whileReading) whileWaiting = [&] { whileReading(copier.Rows()); };
-  ReadJetFile(path, copier, {}, whileWaiting);
+  jet::ReadJetFile(path, copier, {}, whileWaiting);
   transaction.commit();
   database->exec("PRAGMA query_only = ON");
   return database;

@@ -16,20 +16,20 @@
 #include <string>
 #include <vector>
 
-#include "data/jet_file.h"
+#include "jet/jet_file.h"
 
 namespace tonalith::data {
 
 /// A column as it stands in CREATE TABLE.
-std::string ColumnDefinition(const JetColumn& column);
+std::string ColumnDefinition(const jet::JetColumn& column);
 
-void CreateTableFor(SQLite::Database& database, const JetTable& table);
+void CreateTableFor(SQLite::Database& database, const jet::JetTable& table);
 
 /// Adds rows to a table that has at least the columns of `table`.
 class JetRowWriter {
  public:
-  JetRowWriter(SQLite::Database& database, const JetTable& table);
-  void Write(const std::vector<Value>& values);
+  JetRowWriter(SQLite::Database& database, const jet::JetTable& table);
+  void Write(const std::vector<core::Value>& values);
 
  private:
   SQLite::Statement insert_;
@@ -37,7 +37,7 @@ class JetRowWriter {
 
 /// What a Jet file holds, in a private database that is gone when it is closed and takes no changes. A stored query
 /// ScalesQuery comes along where the file has one. Its pages lie in a temporary file, so memory does not grow with
-/// them. `whileReading` is called with the rows read so far, as ReadingProcess calls.
+/// them. `whileReading` is called with the rows read so far, as ChildProcess calls.
 std::unique_ptr<SQLite::Database> OpenJetCopy(const std::string& path,
                                               const std::function<void(std::int64_t rows)>& whileReading = {});
 

@@ -26,7 +26,8 @@ namespace {
 namespace fs = std::filesystem;
 
 core::Failure FileFailure(const std::string& path, const std::string& what, int error) {
-  return Unspecified("The file '" + path + "' cannot be " + what + ": " + std::generic_category().message(error) + ".");
+  return core::Failure::Unspecified("The file '" + path + "' cannot be " + what + ": " +
+                                    std::generic_category().message(error) + ".");
 }
 
 void Sync(const std::string& path, int flags) {
@@ -107,7 +108,7 @@ FileHold::FileHold(const std::string& path, std::chrono::milliseconds patience)
   while (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR)) {
     if (std::chrono::steady_clock::now() >= end) {
       ::close(descriptor_);
-      throw Unspecified("Could not use '" + path + "'; file already in use.");
+      throw core::Failure::Unspecified("Could not use '" + path + "'; file already in use.");
     }
     std::this_thread::sleep_for(kBetweenTries);
   }

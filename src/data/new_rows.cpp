@@ -33,7 +33,7 @@ std::uint64_t MarkOf(std::string_view text) {
 }
 
 // Nothing for what a column may turn into a text of its own.
-std::optional<std::uint64_t> MarkOf(const Value& value) {
+std::optional<std::uint64_t> MarkOf(const core::Value& value) {
   if (const auto* const text = std::get_if<std::string>(&value.Raw())) return MarkOf(std::string_view(*text));
   if (std::holds_alternative<std::int64_t>(value.Raw())) return MarkOf(std::string_view(value.AsText()));
   return {};
@@ -58,7 +58,7 @@ void NewRows::Add(std::int64_t number) {
   if (!mark || waiting_ == kRowsAtOnce) Write();
 }
 
-bool NewRows::MayHold(const Value& key) const {
+bool NewRows::MayHold(const core::Value& key) const {
   if (waiting_ == 0) return false;
   const std::optional<std::uint64_t> mark = MarkOf(key);
   const auto end = marks_.begin() + static_cast<std::ptrdiff_t>(waiting_);
@@ -84,7 +84,7 @@ bool NewRows::WriteAll(std::size_t rows) {
 }
 
 void NewRows::Write() {
-  const std::span<const Value> values(values_);
+  const std::span<const core::Value> values(values_);
   const std::size_t rows = std::exchange(waiting_, 0);
   if (WriteAll(rows)) return;
   for (std::size_t row = 0; row < rows; ++row) {

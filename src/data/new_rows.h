@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "data/value.h"
+#include "core/value.h"
 
 namespace tonalith::data {
 
@@ -28,11 +28,11 @@ class NewRows {
           std::optional<std::size_t> keyField);
 
   /// Where the values of the next row go, one for each field, whatever they hold before. Add takes them.
-  [[nodiscard]] Value* NextRow() { return values_.data() + waiting_ * fieldCount_; }
+  [[nodiscard]] core::Value* NextRow() { return values_.data() + waiting_ * fieldCount_; }
   /// `number` is what RefusedRow calls it.
   void Add(std::int64_t number = 0);
   /// Whether a row that waits may be found by that key. True where it is hard to tell; never false by mistake.
-  [[nodiscard]] bool MayHold(const Value& key) const;
+  [[nodiscard]] bool MayHold(const core::Value& key) const;
   /// Writes what waits.
   void Write();
   /// The number of the row whose content the database has refused in a call that threw; nothing where the failure has
@@ -50,7 +50,7 @@ class NewRows {
   std::string insertOne_;
   std::size_t fieldCount_;
   std::optional<std::size_t> keyField_;
-  std::vector<Value> values_;
+  std::vector<core::Value> values_;
   std::array<std::uint64_t, kRowsAtOnce> marks_{};
   std::array<std::int64_t, kRowsAtOnce> numbers_{};
   std::size_t waiting_ = 0;

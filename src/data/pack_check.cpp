@@ -9,10 +9,10 @@
 
 #include "core/field_limits.h"
 #include "core/text.h"
-#include "data/content_budget.h"
 #include "data/data_failure.h"
 #include "data/engine.h"
 #include "data/sql_tokens.h"
+#include "jet/content_budget.h"
 
 namespace tonalith::data {
 namespace {
@@ -48,7 +48,7 @@ std::size_t LimitOf(std::string_view column) {
 }
 
 // Ready for words after it.
-std::string OfOwner(const Value& owner) {
+std::string OfOwner(const core::Value& owner) {
   const auto* const name = std::get_if<std::string>(&owner.Raw());
   if (name == nullptr) return "";
   const std::vector<std::string_view> characters =
@@ -63,61 +63,63 @@ std::size_t DigitsOf(std::string_view pattern) {
 }
 
 void RequireStoredColumns(Engine& pack, const std::string& table) {
-  const Value name = table;
+  const core::Value name = table;
   std::string calculated;
   pack.Query("SELECT name FROM pragma_table_xinfo(?) WHERE hidden IN (2, 3)", {&name, 1},
              [&](SQLite::Statement& row) { calculated = row.getColumn(0).getString(); });
   if (calculated.empty()) return;
-  throw Unspecified("The column '" + calculated + "' of the table '" + table +
-                    "' is calculated in this pack, not stored.");
+  throw core::Failure::Unspecified("The column '" + calculated + "' of the table '" + table +
+                                   "' is calculated in this pack, not stored.");
 }
 
 }  // namespace
 
 void RequirePlainTable(Engine& pack, const std::string& table) {
-  const Value name = table;
+  const core::Value name = table;
   std::string type = "table";
   pack.Query("SELECT type FROM pragma_table_list WHERE schema = 'main' AND name = ? COLLATE NOCASE", {&name, 1},
              [&](SQLite::Statement& row) { type = row.getColumn(0).getString(); });
-  if (type == "view") throw Unspecified("'" + table + "' is a stored query in this pack, not a table.");
-  if (type != "table") throw Unspecified("'" + table + "' is not an ordinary table in this pack.");
+  if (type == "view") throw core::Failure::Unspecified("'" + table + "' is a stored query in this pack, not a table.");
+  if (type != "table") throw core::Failure::Unspecified("'" + table + "' is not an ordinary table in this pack.");
   RequireStoredColumns(pack, table);
 }
 
 void RisingRows::Require(std::int64_t row) {
-  if (latest_ && row <= *latest_) throw UnrecognizedFormat(path_);
+  if (latest_ && row <= *latest_) throw core::Failure::UnrecognizedFormat(path_);
   latest_ = row;
 }
 
-PackBudget::PackBudget(std::uint64_t fileSize) : fileSize_(fileSize), left_(ContentBudget(fileSize)) {}
+PackBudget::PackBudget(std::uint64_t fileSize) : fileSize_(fileSize), left_(jet::ContentBudget(fileSize)) {}
 
 void PackBudget::Take(std::uint64_t bytes) {
   if (bytes >= left_) {
-    throw Unspecified("The pack gives more than a file of " + std::to_string(fileSize_) + " bytes can hold.");
+    throw core::Failure::Unspecified("The pack gives more than a file of " + std::to_string(fileSize_) +
+                                     " bytes can hold.");
   }
   // A row without fields counts too, so that the walk ends.
   left_ -= bytes + 1;
 }
 
-std::uint64_t SizeOf(const Value& value) {
+std::uint64_t SizeOf(const core::Value& value) {
   if (const auto* const text = std::get_if<std::string>(&value.Raw())) return text->size();
-  if (const auto* const bytes = std::get_if<Bytes>(&value.Raw())) return bytes->size();
+  if (const auto* const bytes = std::get_if<core::Bytes>(&value.Raw())) return bytes->size();
   return value.IsNull() ? 1 : sizeof(std::int64_t);
 }
 
 FieldLimit::FieldLimit(std::string_view column)
     : characters_(LimitOf(column)), isPattern_(SameName(column, "ScaleIntervals")) {}
 
-void FieldLimit::Require(const Value& value, const Value& owner) const {
+void FieldLimit::Require(const core::Value& value, const core::Value& owner) const {
   const std::uint64_t size = SizeOf(value);
   if (size <= (isPattern_ ? core::kMostPatternDigits : characters_)) return;
   const auto* const text = std::get_if<std::string>(&value.Raw());
   if (isPattern_ && text != nullptr && DigitsOf(*text) > core::kMostPatternDigits) {
-    throw Unspecified("The pattern" + OfOwner(owner) + " has more than " + std::to_string(core::kMostPatternDigits) +
-                      " digits.");
+    throw core::Failure::Unspecified("The pattern" + OfOwner(owner) + " has more than " +
+                                     std::to_string(core::kMostPatternDigits) + " digits.");
   }
   if ((text == nullptr ? size : core::CharacterCount(*text)) > characters_) {
-    throw Unspecified("The field" + OfOwner(owner) + " is longer than " + std::to_string(characters_) + " characters.");
+    throw core::Failure::Unspecified("The field" + OfOwner(owner) + " is longer than " + std::to_string(characters_) +
+                                     " characters.");
   }
 }
 

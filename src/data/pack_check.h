@@ -15,7 +15,7 @@
 #include <string_view>
 
 #include "core/failure.h"
-#include "data/value.h"
+#include "core/value.h"
 
 namespace tonalith::data {
 
@@ -50,14 +50,14 @@ class PackBudget {
 };
 
 /// The bytes that a value counts as.
-std::uint64_t SizeOf(const Value& value);
+std::uint64_t SizeOf(const core::Value& value);
 
 /// The longest content of one column, by its name.
 class FieldLimit {
  public:
   explicit FieldLimit(std::string_view column);
   /// Throws for content that is longer. `owner` is the name of the scale or type to which it belongs.
-  void Require(const Value& value, const Value& owner) const;
+  void Require(const core::Value& value, const core::Value& owner) const;
 
  private:
   std::size_t characters_;

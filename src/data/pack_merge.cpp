@@ -43,7 +43,7 @@ std::string DataSourceValue(const std::string& path) {
 }
 
 // Into the memory of the value that was there.
-void CopyValue(const Value& from, Value& to) {
+void CopyValue(const core::Value& from, core::Value& to) {
   to = from;
   if (std::holds_alternative<double>(to.Raw())) to = WithoutEmptyFraction(to);
 }
@@ -85,8 +85,8 @@ void PackMerge::Run() {
   main_->OpenEngine().Execute(kImportCache);
   main_->BeginTrans();
   PackBudget budget(BytesOf(pack_->OpenEngine().Path()));
-  const auto numberOf = [](const Value& number, Value& key) { key = number.AsInt32(); };
-  const auto nameOf = [](const Value& name, Value& key) {
+  const auto numberOf = [](const core::Value& number, core::Value& key) { key = number.AsInt32(); };
+  const auto nameOf = [](const core::Value& name, core::Value& key) {
     if (const auto* const text = std::get_if<std::string>(&name.Raw())) return key.SetText(*text);
     key = name.TextOr("");
   };
@@ -128,8 +128,8 @@ std::int64_t PackMerge::MergeTable(const TableRules& rules, PackBudget& budget) 
   ScaleNames scaleNames(main_->OpenEngine());
   ScaleNames* const names = isKeySet ? nullptr : &scaleNames;
   std::int64_t added = 0;
-  Value wanted;
-  const auto merge = [&](std::int64_t row, std::span<const Value> values) {
+  core::Value wanted;
+  const auto merge = [&](std::int64_t row, std::span<const core::Value> values) {
     try {
       if (!hasKey) throw UnknownItem();
       rules.keyOfField(values[key], wanted);
@@ -138,7 +138,7 @@ std::int64_t PackMerge::MergeTable(const TableRules& rules, PackBudget& budget) 
     }
     if (newRows.MayHold(wanted)) newRows.Write();
     if (!MainHas(lookUp, wanted, names)) {
-      Value* value = newRows.NextRow();
+      core::Value* value = newRows.NextRow();
       for (std::size_t i = 0; i < copied; ++i) CopyValue(values[i], *value++);
       if (isKeySet) *value = wanted;
       newRows.Add(row);
@@ -166,7 +166,7 @@ std::vector<std::string> PackMerge::CopiedFields(const TableRules& rules) const 
   return fields;
 }
 
-bool PackMerge::MainHas(const std::string& statement, const Value& key, ScaleNames* names) {
+bool PackMerge::MainHas(const std::string& statement, const core::Value& key, ScaleNames* names) {
   bool isThere = names != nullptr && names->Has(key.AsText());
   if (isThere) return true;
   main_->OpenEngine().Query(statement, {&key, 1}, [&](SQLite::Statement&) { isThere = true; });

@@ -43,7 +43,7 @@ class PackMerge {
     std::string table;
     /// The field by which the main table is asked for a row, and what it is asked for.
     std::string key;
-    std::function<void(const Value& field, Value& key)> keyOfField;
+    std::function<void(const core::Value& field, core::Value& key)> keyOfField;
     /// The field that is not copied: a type's number is its key, a scale gets a number of the main database.
     std::string ownNumber;
     /// The field by which messages call a row.
@@ -53,7 +53,7 @@ class PackMerge {
   std::int64_t MergeTable(const TableRules& rules, PackBudget& budget);
   [[nodiscard]] std::vector<std::string> CopiedFields(const TableRules& rules) const;
   /// `names` where the key is a scale's name.
-  bool MainHas(const std::string& statement, const Value& key, ScaleNames* names);
+  bool MainHas(const std::string& statement, const core::Value& key, ScaleNames* names);
 
   std::string path_;
   OnRows onRead_;

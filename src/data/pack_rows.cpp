@@ -39,7 +39,7 @@ std::vector<std::string> PackRows::ColumnsOf(Engine& pack, const std::string& ta
 }
 
 void PackRows::ForEach(PackBudget& budget,
-                       const std::function<void(std::int64_t row, std::span<const Value> values)>& onRow) {
+                       const std::function<void(std::int64_t row, std::span<const core::Value> values)>& onRow) {
   RisingRows rising(pack_.Path());
   bool isReading = true;
   try {
@@ -64,7 +64,7 @@ void PackRows::ForEach(PackBudget& budget,
 }
 
 void PackRows::RequireLimits() const {
-  static const Value kNoName;
+  static const core::Value kNoName;
   for (std::size_t i = 0; i < values_.size(); ++i) {
     try {
       limits_[i].Require(values_[i], name_ ? values_[*name_] : kNoName);
@@ -86,7 +86,7 @@ core::Failure PackRows::HugeFieldInNextRow() {
       break;
     }
   }
-  return At(place, Unspecified("The field is longer than " + std::to_string(kLongestField) + " bytes."));
+  return At(place, core::Failure::Unspecified("The field is longer than " + std::to_string(kLongestField) + " bytes."));
 }
 
 }  // namespace tonalith::data

@@ -14,9 +14,9 @@
 #include <string>
 #include <vector>
 
+#include "core/value.h"
 #include "data/engine.h"
 #include "data/pack_check.h"
-#include "data/value.h"
 
 namespace tonalith::data {
 
@@ -31,7 +31,8 @@ class PackRows {
 
   /// Hands each row to `onRow`, in the order of the file: its number, from 1, and its values in the order of the
   /// columns. The values stay until the next row comes.
-  void ForEach(PackBudget& budget, const std::function<void(std::int64_t row, std::span<const Value> values)>& onRow);
+  void ForEach(PackBudget& budget,
+               const std::function<void(std::int64_t row, std::span<const core::Value> values)>& onRow);
 
  private:
   void RequireLimits() const;
@@ -43,7 +44,7 @@ class PackRows {
   std::optional<std::size_t> name_;
   bool isNumbered_;
   std::vector<FieldLimit> limits_;
-  std::vector<Value> values_;
+  std::vector<core::Value> values_;
   std::int64_t row_ = 0;
 };
 

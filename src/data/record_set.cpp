@@ -255,8 +255,8 @@ int RecordSet::RequireField(std::string_view name) const {
   return *index;
 }
 
-const Value& RecordSet::FieldValue(int index) const {
-  static const Value kNull;
+const core::Value& RecordSet::FieldValue(int index) const {
+  static const core::Value kNull;
   RequireField(index);
   const auto at = static_cast<std::size_t>(index);
   if (!isNew_ && place_ != Place::kRow) throw NoCurrentRecord();
@@ -264,6 +264,6 @@ const Value& RecordSet::FieldValue(int index) const {
   return isNew_ ? kNull : row_->values.at(at);
 }
 
-const Value& RecordSet::FieldValue(std::string_view name) const { return FieldValue(RequireField(name)); }
+const core::Value& RecordSet::FieldValue(std::string_view name) const { return FieldValue(RequireField(name)); }
 
 }  // namespace tonalith::data

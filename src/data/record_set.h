@@ -19,7 +19,7 @@
 #include <string_view>
 #include <vector>
 
-#include "data/value.h"
+#include "core/value.h"
 
 namespace tonalith::data {
 
@@ -88,10 +88,10 @@ class RecordSet {
   /// The index of a field by its name in any case; nothing when there is none.
   [[nodiscard]] std::optional<int> FindField(std::string_view name) const;
   /// The content in the current row, the pending one where there is one.
-  [[nodiscard]] const Value& FieldValue(int index) const;
-  [[nodiscard]] const Value& FieldValue(std::string_view name) const;
-  void SetFieldValue(int index, Value value);
-  void SetFieldValue(std::string_view name, Value value);
+  [[nodiscard]] const core::Value& FieldValue(int index) const;
+  [[nodiscard]] const core::Value& FieldValue(std::string_view name) const;
+  void SetFieldValue(int index, core::Value value);
+  void SetFieldValue(std::string_view name, core::Value value);
 
   /// Begins a new row of null fields and makes it current; fields that are not set take the columns' defaults.
   void AddNew();
@@ -138,7 +138,7 @@ class RecordSet {
   std::optional<std::int64_t> count_;
   std::uint64_t changesSeen_ = 0;
   bool isNew_ = false;
-  std::vector<std::optional<Value>> pending_;
+  std::vector<std::optional<core::Value>> pending_;
 };
 
 }  // namespace tonalith::data

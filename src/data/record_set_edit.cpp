@@ -20,9 +20,9 @@ namespace {
 // The names and contents of the fields that were set, side by side.
 struct SetFields {
   std::vector<std::string> names;
-  std::vector<Value> values;
+  std::vector<core::Value> values;
 
-  SetFields(const std::vector<std::string>& fields, const std::vector<std::optional<Value>>& pending) {
+  SetFields(const std::vector<std::string>& fields, const std::vector<std::optional<core::Value>>& pending) {
     for (std::size_t i = 0; i < pending.size(); ++i) {
       if (!pending[i]) continue;
       names.push_back(QuoteName(fields[i]));
@@ -40,7 +40,7 @@ std::string UpdateStatement(const Selection::Walk& walk, const std::vector<std::
 // A stored query's triggers do not tell how many rows they changed, so the row is looked for first.
 void RequireRow(Engine& engine, const Selection::Walk& walk, std::int64_t key) {
   bool exists = false;
-  const Value binding = key;
+  const core::Value binding = key;
   engine.Query("SELECT 1 FROM " + walk.source + " WHERE " + walk.key + " = ?", {&binding, 1},
                [&](SQLite::Statement&) { exists = true; });
   if (!exists) throw RowVanished();
@@ -61,7 +61,7 @@ void RecordSet::RequireUpdatable() const {
   if (lockType_ == LockType::kReadOnly || !selection_->walk) throw UpdatingNotSupported();
 }
 
-void RecordSet::SetFieldValue(int index, Value value) {
+void RecordSet::SetFieldValue(int index, core::Value value) {
   RequireUpdatable();
   RequireField(index);
   if (!isNew_ && place_ != Place::kRow) throw NoCurrentRecord();
@@ -75,7 +75,7 @@ void RecordSet::SetFieldValue(int index, Value value) {
   if (!isAnySet) pending_.clear();
 }
 
-void RecordSet::SetFieldValue(std::string_view name, Value value) {
+void RecordSet::SetFieldValue(std::string_view name, core::Value value) {
   RequireOpen();
   SetFieldValue(RequireField(name), std::move(value));
 }
@@ -138,8 +138,8 @@ void RecordSet::Insert() {
   guard.Commit();
 
   // A row that the condition or filter of the record set leaves out is current all the same until the next move.
-  auto fallback = std::make_shared<Row>(Row{key, std::vector<Value>(selection_->fields.size())});
-  for (std::size_t i = 0; i < pending_.size(); ++i) fallback->values[i] = pending_[i].value_or(Value::Null());
+  auto fallback = std::make_shared<Row>(Row{key, std::vector<core::Value>(selection_->fields.size())});
+  for (std::size_t i = 0; i < pending_.size(); ++i) fallback->values[i] = pending_[i].value_or(core::Value::Null());
   isNew_ = false;
   pending_.clear();
   NoteOwnChange();
@@ -186,7 +186,7 @@ void RecordSet::Delete() {
   if (place_ != Place::kRow) throw NoCurrentRecord();
   Engine& engine = OpenEngine();
   const Selection::Walk& walk = *selection_->walk;
-  const Value key = row_->key;
+  const core::Value key = row_->key;
   WriteGuard guard(engine);
   RequireRow(engine, walk, row_->key);
   engine.Execute("DELETE FROM " + walk.source + " WHERE " + walk.key + " = ?", {&key, 1});

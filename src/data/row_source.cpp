@@ -70,7 +70,7 @@ std::vector<SQLite::Column> ColumnsOf(SQLite::Statement& statement) {
   return columns;
 }
 
-Rows ReadRows(Engine& engine, const std::string& sql, std::span<const Value> bindings, Rows spare) {
+Rows ReadRows(Engine& engine, const std::string& sql, std::span<const core::Value> bindings, Rows spare) {
   SpareRows spares(std::move(spare));
   Rows rows;
   // A column reads the row on which its statement stands, so one of each serves all rows.
@@ -170,7 +170,7 @@ class KeyedRows : public RowSource {
 
   std::int64_t CountUpTo(std::int64_t key) override {
     std::int64_t count = 0;
-    const Value limit = key;
+    const core::Value limit = key;
     engine_.Query(countUpTo_, {&limit, 1}, [&](SQLite::Statement& row) { count = row.getColumn(0).getInt64(); });
     return count;
   }
@@ -198,7 +198,7 @@ class KeyedRows : public RowSource {
     Rows before = std::move(rows_);
     Forget();
     try {
-      const std::array<Value, 2> bindings = {from, block};
+      const std::array<core::Value, 2> bindings = {from, block};
       const FieldLimit limit(engine_, kLongestFieldInBlock);
       rows_ = ReadRows(engine_, direction.wholeFields, bindings, std::move(before));
     } catch (const FieldTooLong&) {
@@ -211,7 +211,7 @@ class KeyedRows : public RowSource {
   }
 
   Rows ReadLongRow(const Direction& direction, std::int64_t from) {
-    const std::array<Value, 2> bindings = {from, std::int64_t{1}};
+    const std::array<core::Value, 2> bindings = {from, std::int64_t{1}};
     try {
       const FieldLimit limit(engine_, kLongestWholeField);
       return ReadRows(engine_, direction.wholeFields, bindings, {});
@@ -220,7 +220,7 @@ class KeyedRows : public RowSource {
     }
   }
 
-  Rows ReadCutRow(const Direction& direction, std::span<const Value> bindings) {
+  Rows ReadCutRow(const Direction& direction, std::span<const core::Value> bindings) {
     try {
       return ReadRows(engine_, direction.make(selection_, filter_, FieldForm::kCut), bindings, {});
     } catch (const FieldTooLong&) {
@@ -236,7 +236,7 @@ class KeyedRows : public RowSource {
     };
     const bool isRight = (rows_.empty() || rows_.front()->key == from || isBeyond(rows_.front()->key, from)) &&
                          std::adjacent_find(rows_.begin(), rows_.end(), isOutOfOrder) == rows_.end();
-    if (!isRight) throw UnrecognizedFormat(engine_.Path());
+    if (!isRight) throw core::Failure::UnrecognizedFormat(engine_.Path());
   }
 
   // A run without rows in it says nothing of the other side of its key.

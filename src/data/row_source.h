@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "core/value.h"
 #include "data/long_fields.h"
-#include "data/value.h"
 
 namespace tonalith::data {
 
@@ -22,7 +22,7 @@ class Engine;
 
 struct Row {
   std::int64_t key = 0;
-  std::vector<Value> values;
+  std::vector<core::Value> values;
 };
 using RowPointer = std::shared_ptr<const Row>;
 

@@ -29,7 +29,7 @@ constexpr std::int64_t kNoNumber = 0;
 
 void ScaleNames::Read() {
   if (isRead_) return;
-  const Value pattern = std::string(kOtherLetters);
+  const core::Value pattern = std::string(kOtherLetters);
   engine_.Query(kNamesWithOtherLetters, {&pattern, 1}, [this](SQLite::Statement& row) {
     others_[core::UpperCase(row.getColumn(1).getString())].push_back(row.getColumn(0).getInt64());
   });
@@ -55,19 +55,19 @@ void ScaleNames::Add(std::string_view name) {
 
 bool ScaleNames::TableHas(const std::string& name, std::int64_t except) {
   bool isThere = false;
-  const std::array<Value, 2> bindings = {Value(name), Value(except)};
+  const std::array<core::Value, 2> bindings = {core::Value(name), core::Value(except)};
   engine_.Query(kOtherScaleOfTheName, bindings, [&](SQLite::Statement&) { isThere = true; });
   return isThere;
 }
 
 void RequireFreeName(Engine& engine, std::string_view source, const std::vector<std::string>& names,
-                     const std::vector<Value>& values, std::int64_t except) {
+                     const std::vector<core::Value>& values, std::int64_t except) {
   if (!SameName(source, QuoteName("ScalesQuery"))) return;
   for (std::size_t i = 0; i < names.size(); ++i) {
     const auto* const name = std::get_if<std::string>(&values[i].Raw());
     if (name == nullptr || !SameName(names[i], QuoteName(kName))) continue;
     if (ScaleNames(engine).Has(*name, except)) {
-      throw Unspecified("There is a scale of this name already.");
+      throw core::Failure::Unspecified("There is a scale of this name already.");
     }
   }
 }

@@ -15,7 +15,7 @@
 #include <string_view>
 #include <vector>
 
-#include "data/value.h"
+#include "core/value.h"
 
 namespace tonalith::data {
 
@@ -43,6 +43,6 @@ class ScaleNames {
 /// Throws the failure of the database's own guard when one of `values` is the name of another scale than number
 /// `except`. `source` is the quoted name of what is written.
 void RequireFreeName(Engine& engine, std::string_view source, const std::vector<std::string>& names,
-                     const std::vector<Value>& values, std::int64_t except);
+                     const std::vector<core::Value>& values, std::int64_t except);
 
 }  // namespace tonalith::data

@@ -15,10 +15,10 @@
 
 #include "core/failure.h"
 #include "data/database_file.h"
-#include "data/jet_file.h"
 #include "data/long_fields.h"
 #include "data/processor_time.h"
 #include "data/schema.h"
+#include "jet/jet_file.h"
 
 namespace tonalith::data {
 namespace {
@@ -135,7 +135,7 @@ void Renew(SQLite::Database& database, std::span<const ShippedRow> rows) {
 void RenewShippedRows(const std::string& path, std::span<const ShippedRow> rows) {
   try {
     const std::string file = RequireDatabaseFile(path);
-    if (IsJetFile(file)) return;
+    if (jet::IsJetFile(file)) return;
     SQLite::Database database(file, SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX);
     sqlite3* const handle = database.getHandle();
     sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);

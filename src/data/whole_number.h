@@ -9,12 +9,12 @@
 #include <cmath>
 #include <cstdint>
 
-#include "data/value.h"
+#include "core/value.h"
 
 namespace tonalith::data {
 
 /// The value itself, or the whole number that a fraction without a rest is.
-inline Value WithoutEmptyFraction(Value value) {
+inline core::Value WithoutEmptyFraction(core::Value value) {
   constexpr double kExact = 9007199254740992.0;
   const auto* number = std::get_if<double>(&value.Raw());
   if (number == nullptr || std::trunc(*number) != *number || std::abs(*number) > kExact) return value;

@@ -11,8 +11,8 @@
 #include <QKeyEvent>
 #include <QShortcut>
 
-#include "controls/theme.h"
-#include "controls/window_front.h"
+#include "paint/theme.h"
+#include "windows/window_front.h"
 
 namespace tonalith::editor {
 namespace {
@@ -31,11 +31,11 @@ QList<QKeySequence> RedoKeys() {
 }  // namespace
 
 frmScales::frmScales(const EditorServices& services, QWidget* parent)
-    : QWidget(parent, controls::kFixedSizeWindow), services_(services), patternNotes_(services.msgBox) {
+    : QWidget(parent, windows::kFixedSizeWindow), services_(services), patternNotes_(services.msgBox) {
   setObjectName(QStringLiteral("frmScales"));
   setWindowTitle(tr("Scales"));
   setAttribute(Qt::WA_DeleteOnClose);
-  setPalette(controls::WarmPalette(QApplication::palette()));
+  setPalette(paint::WarmPalette(QApplication::palette()));
   c_ = MakeScalesControls(this, services_.msgBox);
   ApplyInk(c_, palette());
   OpenRecords();
@@ -81,7 +81,7 @@ void frmScales::WireHandlers() {
     // note0_Click to note11_Click.
     connect(note, &QAbstractButton::clicked, this, [this, note] { ScaleLabelClick(note->objectName().toStdString()); });
   }
-  const auto press = [this](const controls::PanelButton* button, void (frmScales::*handler)()) {
+  const auto press = [this](const windows::PanelButton* button, void (frmScales::*handler)()) {
     connect(button, &QAbstractButton::clicked, this, handler);
   };
   press(c_.cmdModify, &frmScales::cmdModify_Click);
@@ -145,7 +145,7 @@ void frmScales::closeEvent(QCloseEvent* event) {
 }
 
 void frmScales::ApplyTheme() {
-  setPalette(controls::WarmPalette(QApplication::palette()));
+  setPalette(paint::WarmPalette(QApplication::palette()));
   ApplyInk(c_, palette());
 }
 

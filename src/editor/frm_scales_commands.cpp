@@ -112,15 +112,15 @@ void frmScales::cmdApply_Click() {
 }
 
 controls::DataControl::FieldValues frmScales::NewRecord() const {
-  data::Value type =
-      c_.datPrimaryRS->HasRecord() ? c_.datPrimaryRS->Recordset()->FieldValue("ScaleTypeID") : data::Value::Null();
+  core::Value type =
+      c_.datPrimaryRS->HasRecord() ? c_.datPrimaryRS->Recordset()->FieldValue("ScaleTypeID") : core::Value::Null();
   if (type.IsNull() && c_.Combo1->count() > 0) type = std::int64_t{c_.Combo1->NumberAt(0).toLongLong()};
-  data::Value sort;
+  core::Value sort;
   if (!type.IsNull()) sort = NextSortNumber(c_.datPrimaryRS->ConnectionString(), type.AsInt());
   return {{"ScaleTypeID", type},
           {"StartNote", kNewStartNote},
           {"ScaleIntervals", kNewIntervals},
-          {"Chord", data::Value::YesNo(false)},
+          {"Chord", core::Value::YesNo(false)},
           {"Sort", sort}};
 }
 

@@ -6,8 +6,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 
-#include "controls/colours.h"
 #include "core/text.h"
+#include "paint/colours.h"
 
 namespace tonalith::editor {
 namespace {
@@ -73,10 +73,10 @@ void NoteButton::paintEvent(QPaintEvent* /*event*/) {
   const qreal corner = selected ? 14 : 5;
   const QRectF box = QRectF(rect()).adjusted(4, 4, -4, -4);
   painter.setPen(QPen(QColor(selected || hover ? kSelectedFrame : kUnselectedFrame), selected ? 2.6 : 1.2));
-  painter.setBrush(QColor(controls::ToRgb(colours_.back)));
+  painter.setBrush(QColor(paint::ToRgb(colours_.back)));
   painter.drawRoundedRect(box, corner, corner);
   if (hasFocus()) {
-    painter.setPen(QPen(QColor(controls::kAccent), 2));
+    painter.setPen(QPen(QColor(paint::kAccent), 2));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), corner + 3, corner + 3);
   }
@@ -85,7 +85,7 @@ void NoteButton::paintEvent(QPaintEvent* /*event*/) {
   captionFont.setPixelSize(19);
   captionFont.setWeight(QFont::Bold);
   painter.setFont(captionFont);
-  painter.setPen(QColor(controls::ToRgb(colours_.fore)));
+  painter.setPen(QColor(paint::ToRgb(colours_.fore)));
   painter.drawText(box, Qt::AlignCenter, text());
 }
 

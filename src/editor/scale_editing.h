@@ -12,9 +12,9 @@
 #include <string>
 #include <string_view>
 
-#include "controls/colours.h"
 #include "core/msg_box.h"
 #include "core/note_model.h"
+#include "paint/colours.h"
 
 namespace tonalith::editor {
 
@@ -25,8 +25,8 @@ using NoteSelection = std::bitset<kNoteCount>;
 
 /// The colours of a note button. They are its state: text in black is a selected note.
 struct NoteColours {
-  controls::Bgr fore;
-  controls::Bgr back;
+  paint::Bgr fore;
+  paint::Bgr back;
   friend constexpr bool operator==(const NoteColours&, const NoteColours&) = default;
 };
 inline constexpr NoteColours kSelectedColours{{0x000000}, {0xCCFFCC}};

@@ -3,9 +3,9 @@
 
 #include "editor/scale_editor.h"
 
-#include "controls/window_front.h"
 #include "core/deferred_failure.h"
 #include "editor/frm_scales.h"
+#include "windows/window_front.h"
 
 namespace tonalith::editor {
 void ShowScaleEditor(QPointer<frmScales>& place, const EditorServices& services, QWidget* parent) {
@@ -13,7 +13,7 @@ void ShowScaleEditor(QPointer<frmScales>& place, const EditorServices& services,
   failure.Try([&] {
     // Between the closing of an editor and its end it is there, but no longer the one to show.
     if (place.isNull() || place->IsUnloaded()) place = new frmScales(services, parent);
-    controls::BringToFront(*place);
+    windows::BringToFront(*place);
   });
   failure.ReportDescription(services.msgBox);
 }

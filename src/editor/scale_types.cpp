@@ -34,7 +34,7 @@ std::vector<ScaleType> ReadScaleTypes(const std::string& connectionString) {
 std::int64_t NextSortNumber(const std::string& connectionString, std::int64_t scaleTypeId) {
   const auto rows = OpenRows(connectionString, "SELECT max(CAST(Sort AS INTEGER)) FROM Scales WHERE ScaleTypeID = " +
                                                    std::to_string(scaleTypeId));
-  const data::Value highest = rows->FieldValue(0);
+  const core::Value highest = rows->FieldValue(0);
   return highest.IsNull() ? 1 : highest.AsInt() + 1;
 }
 

@@ -7,21 +7,21 @@
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
-#include "controls/field_panel.h"
-#include "controls/plain_label.h"
-#include "controls/theme.h"
 #include "core/field_limits.h"
 #include "editor/frm_scales.h"
 #include "editor/text_boxes.h"
+#include "paint/theme.h"
+#include "windows/field_panel.h"
+#include "windows/plain_label.h"
 
 namespace tonalith::editor {
 namespace {
 
 using controls::DataControl;
 using controls::FieldBinding;
-using controls::FieldPanel;
-using controls::MakePlainLabel;
-using controls::PanelButton;
+using windows::FieldPanel;
+using windows::MakePlainLabel;
+using windows::PanelButton;
 
 struct FieldDesign {
   const char* field;
@@ -85,12 +85,12 @@ void MakeChordBox(ScalesControls& c, QWidget* form) {
   c.chkFields = new QCheckBox(form);
   c.chkFields->setObjectName(QStringLiteral("chkFields(6)"));
   c.chkFields->setAccessibleName(SpokenName(frmScales::tr(kFields[field::kChord].caption)));
-  c.datPrimaryRS->Bind("Chord", [box = c.chkFields](const data::Value& value) {
+  c.datPrimaryRS->Bind("Chord", [box = c.chkFields](const core::Value& value) {
     const std::string text = value.TextOr("0");
     box->setChecked(text != "0" && !text.empty());
   });
   QObject::connect(c.chkFields, &QCheckBox::clicked, c.datPrimaryRS, [data = c.datPrimaryRS](bool checked) {
-    if (data->HasRecord()) data->SetFieldValue("Chord", data::Value::YesNo(checked));
+    if (data->HasRecord()) data->SetFieldValue("Chord", core::Value::YesNo(checked));
   });
 }
 
@@ -115,7 +115,7 @@ void MakeUnboundControls(ScalesControls& c, QWidget* form) {
   const QString type = frmScales::tr("Scale Type:");
   c.txtScaleType = MakeLine(QStringLiteral("txtScaleType"), type, form);
   c.txtScaleType->setReadOnly(true);
-  c.datPrimaryRS->Bind("ScaleTypeName", [box = c.txtScaleType](const data::Value& value) {
+  c.datPrimaryRS->Bind("ScaleTypeName", [box = c.txtScaleType](const core::Value& value) {
     box->setText(QString::fromStdString(value.TextOr({})).left(core::kLongestTypeName));
   });
   c.Combo1 = new TypeBox(QStringLiteral("Combo1"), form);
@@ -130,7 +130,7 @@ void MakeUnboundControls(ScalesControls& c, QWidget* form) {
   c.txtNotesToUse = MakeLine(QStringLiteral("txtNotesToUse"), frmScales::tr("Notes To Use:"), form);
   c.txtNotesToUse->hide();
   // A long notice gets smaller; it never makes the form wider.
-  c.lblNotice = new controls::FittingLabel(QStringLiteral("lblNotice"), {13, 9}, QFont::Normal, form);
+  c.lblNotice = new windows::FittingLabel(QStringLiteral("lblNotice"), {13, 9}, QFont::Normal, form);
   c.lblNotice->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   c.lblNotice->setFixedHeight(20);
 }
@@ -289,12 +289,12 @@ void ApplyInk(const ScalesControls& c, const QPalette& palette) {
   // The panel around a box paints its ground and shows by it whether the box can be edited; the ink is the same.
   boxes.setColor(QPalette::Base, Qt::transparent);
   boxes.setColor(QPalette::Disabled, QPalette::Text, palette.color(QPalette::Active, QPalette::Text));
-  boxes.setColor(QPalette::PlaceholderText, controls::SecondaryInk(palette));
+  boxes.setColor(QPalette::PlaceholderText, paint::SecondaryInk(palette));
   for (const TextField& field : c.txtFields) {
     if (field.box != nullptr) field.box->setPalette(boxes);
   }
   for (QLineEdit* const line : {c.txtScaleType, c.txtIntervals, c.txtScaleIntervalTones}) line->setPalette(boxes);
-  c.lblNotice->SetInk(controls::SiennaInk(palette));
+  c.lblNotice->SetInk(paint::SiennaInk(palette));
 }
 
 }  // namespace tonalith::editor

@@ -15,10 +15,10 @@
 
 #include "controls/data_control.h"
 #include "controls/field_binding.h"
-#include "controls/fitting_label.h"
-#include "controls/panel_button.h"
 #include "editor/note_button.h"
 #include "editor/type_box.h"
+#include "windows/fitting_label.h"
+#include "windows/panel_button.h"
 
 namespace tonalith::editor {
 
@@ -57,15 +57,15 @@ struct ScalesControls {
   QLineEdit* txtScaleIntervalTones = nullptr;
   QLineEdit* txtNotesToUse = nullptr;
   NoteKeyboard* keyboard = nullptr;
-  controls::FittingLabel* lblNotice = nullptr;
+  windows::FittingLabel* lblNotice = nullptr;
   QWidget* picButtons = nullptr;
-  controls::PanelButton* cmdAdd = nullptr;
-  controls::PanelButton* cmdUpdate = nullptr;
-  controls::PanelButton* cmdDelete = nullptr;
-  controls::PanelButton* cmdRefresh = nullptr;
-  controls::PanelButton* cmdClose = nullptr;
-  controls::PanelButton* cmdModify = nullptr;
-  controls::PanelButton* cmdApply = nullptr;
+  windows::PanelButton* cmdAdd = nullptr;
+  windows::PanelButton* cmdUpdate = nullptr;
+  windows::PanelButton* cmdDelete = nullptr;
+  windows::PanelButton* cmdRefresh = nullptr;
+  windows::PanelButton* cmdClose = nullptr;
+  windows::PanelButton* cmdModify = nullptr;
+  windows::PanelButton* cmdApply = nullptr;
 
   [[nodiscard]] NoteButton* Note(int number) const { return keyboard->Notes().at(static_cast<std::size_t>(number)); }
 };

@@ -30,7 +30,7 @@ struct ChangesOfRecord {
   /// The record on which Modify brings the changes back; nothing where the form was empty.
   std::optional<data::Bookmark> place;
   std::array<Field, kFieldCount> fields;
-  data::Value chord;
+  core::Value chord;
   /// The notes that waited for Apply; nothing where none did.
   std::optional<NoteSelection> notes;
   EditHistory history;

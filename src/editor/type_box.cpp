@@ -7,9 +7,9 @@
 #include <QEvent>
 #include <QPainter>
 
-#include "controls/panel_painting.h"
-#include "controls/theme.h"
 #include "core/field_limits.h"
+#include "paint/panel_painting.h"
+#include "paint/theme.h"
 
 namespace tonalith::editor {
 
@@ -39,12 +39,12 @@ bool TypeBox::eventFilter(QObject* watched, QEvent* event) {
 
 void TypeBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  controls::PaintPanel(painter, rect(), palette().color(QPalette::Base), controls::OutlineInk(palette()), hasFocus());
+  paint::PaintPanel(painter, rect(), palette().color(QPalette::Base), paint::OutlineInk(palette()), hasFocus());
   const QRect place = rect().adjusted(11, 0, -30, 0);
   painter.setPen(palette().color(QPalette::Text));
   painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
                    fontMetrics().elidedText(currentText(), Qt::ElideRight, place.width()));
-  controls::PaintDropArrow(painter, rect(), palette());
+  paint::PaintDropArrow(painter, rect(), palette());
 }
 
 }  // namespace tonalith::editor

@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "data/data_failure.h"
+#include "core/failure.h"
 #include "help/chm_reader.h"
 #include "help/chm_stream.h"
 
@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 /// What the headers of the smallest file take.
 constexpr std::uint64_t kSmallestChmFile = 96;
 
-core::Failure Damaged() { return data::Unspecified("it is truncated or damaged"); }
+core::Failure Damaged() { return core::Failure::Unspecified("it is truncated or damaged"); }
 
 class StreamReader {
  public:
@@ -82,11 +82,11 @@ class StreamReader {
 
 void RequireLikelySize(const std::string& path) {
   std::error_code error;
-  if (!fs::is_regular_file(path, error)) throw data::Unspecified("it is no file");
+  if (!fs::is_regular_file(path, error)) throw core::Failure::Unspecified("it is no file");
   const std::uint64_t size = fs::file_size(path, error);
-  if (error) throw data::Unspecified(error.message());
+  if (error) throw core::Failure::Unspecified(error.message());
   if (size < kSmallestChmFile) throw Damaged();
-  if (size > kLargestChmFile) throw data::Unspecified("it is larger than a help file can be");
+  if (size > kLargestChmFile) throw core::Failure::Unspecified("it is larger than a help file can be");
 }
 
 }  // namespace
@@ -95,10 +95,10 @@ ChmObjects ReadChmStream(const std::function<std::size_t(std::span<std::uint8_t>
   return StreamReader(source).ReadAll();
 }
 
-ChmObjects ReadChmFile(const std::string& path, const data::ReadingLimits& limits) {
+ChmObjects ReadChmFile(const std::string& path, const sandbox::Limits& limits) {
   try {
     RequireLikelySize(path);
-    data::ReadingProcess process([&path](int pipe) { WriteChmObjects(path, pipe); }, limits);
+    sandbox::ChildProcess process([&path](int pipe) { WriteChmObjects(path, pipe); }, limits);
     return ReadChmStream([&process](std::span<std::uint8_t> buffer) { return process.Read(buffer); });
   } catch (const core::Failure& failure) {
     throw core::Failure(failure.Number(), "The file '" + path + "' cannot be read: " + failure.Description() + ".");

@@ -14,7 +14,7 @@
 #include <span>
 #include <string>
 
-#include "data/reading_process.h"
+#include "sandbox/child_process.h"
 
 namespace tonalith::help {
 
@@ -29,10 +29,10 @@ inline constexpr std::size_t kMostChmObjects = 20'000;
 inline constexpr std::size_t kLongestChmPath = 1024;
 
 /// What a help window may keep its user waiting for.
-inline constexpr data::ReadingLimits kChmReadingLimits{std::chrono::seconds{5}, std::chrono::seconds{10},
-                                                       std::uint64_t{256} << 20};
+inline constexpr sandbox::Limits kChmReadingLimits{std::chrono::seconds{5}, std::chrono::seconds{10},
+                                                   std::uint64_t{256} << 20};
 
-ChmObjects ReadChmFile(const std::string& path, const data::ReadingLimits& limits = kChmReadingLimits);
+ChmObjects ReadChmFile(const std::string& path, const sandbox::Limits& limits = kChmReadingLimits);
 
 /// The far end of the reading: takes the stream that the reading process writes, and trusts none of it. `source` fills
 /// the front of a buffer and tells how much of it; 0 when there is no more.

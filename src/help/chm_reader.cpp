@@ -12,10 +12,10 @@
 #include <string_view>
 #include <vector>
 
-#include "data/data_failure.h"
-#include "data/reading_process.h"
+#include "core/failure.h"
 #include "help/chm_file.h"
 #include "help/chm_stream.h"
+#include "sandbox/child_process.h"
 
 namespace tonalith::help {
 namespace {
@@ -59,7 +59,7 @@ void WriteHead(const chmUnitInfo& unit, int pipe) {
   PutLength(head, path.size());
   PutLength(head, unit.length);
   head.insert(head.end(), path.begin(), path.end());
-  data::WriteAll(pipe, head);
+  sandbox::WriteAll(pipe, head);
 }
 
 void WriteObject(chmFile* file, chmUnitInfo& unit, int pipe) {
@@ -68,8 +68,8 @@ void WriteObject(chmFile* file, chmUnitInfo& unit, int pipe) {
   for (std::uint64_t at = 0; at < unit.length;) {
     const auto wanted = static_cast<std::int64_t>(std::min<std::uint64_t>(buffer.size(), unit.length - at));
     const std::int64_t size = ::chm_retrieve_object(file, &unit, buffer.data(), at, wanted);
-    if (size <= 0 || size > wanted) throw data::Unspecified(std::string(unit.path) + " cannot be read");
-    data::WriteAll(pipe, std::span(buffer).first(static_cast<std::size_t>(size)));
+    if (size <= 0 || size > wanted) throw core::Failure::Unspecified(std::string(unit.path) + " cannot be read");
+    sandbox::WriteAll(pipe, std::span(buffer).first(static_cast<std::size_t>(size)));
     at += static_cast<std::uint64_t>(size);
   }
 }
@@ -78,16 +78,16 @@ void WriteObject(chmFile* file, chmUnitInfo& unit, int pipe) {
 
 void WriteChmObjects(const std::string& path, int pipe) {
   const OpenChm file(::chm_open(path.c_str()));
-  if (file == nullptr) throw data::Unspecified("it is no help file");
+  if (file == nullptr) throw core::Failure::Unspecified("it is no help file");
   Found found;
   const int outcome = ::chm_enumerate(file.get(), CHM_ENUMERATE_ALL, Collect, &found);
-  if (outcome == 0 || found.isTooMuch) throw data::Unspecified("its list of objects is damaged");
+  if (outcome == 0 || found.isTooMuch) throw core::Failure::Unspecified("its list of objects is damaged");
   // In the order of the file, so that each compressed block is opened once.
   std::sort(found.units.begin(), found.units.end(), [](const chmUnitInfo& a, const chmUnitInfo& b) {
     return a.space != b.space ? a.space < b.space : a.start < b.start;
   });
   for (chmUnitInfo& unit : found.units) WriteObject(file.get(), unit, pipe);
-  data::WriteAll(pipe, std::array{kChmEndMark});
+  sandbox::WriteAll(pipe, std::array{kChmEndMark});
 }
 
 }  // namespace tonalith::help

@@ -2,7 +2,7 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // The near end of reading a help file: chmlib, and the writing of what it finds into a pipe (help/chm_stream.h). Runs
-// inside a data::ReadingProcess only; a damaged file may end that process in any way.
+// inside a sandbox::ChildProcess only; a damaged file may end that process in any way.
 
 #pragma once
 

@@ -12,13 +12,13 @@
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include "controls/theme.h"
 #include "help/contents_panel.h"
 #include "help/find_bar.h"
 #include "help/help_browser.h"
 #include "help/help_button.h"
 #include "help/index_panel.h"
 #include "help/search_panel.h"
+#include "paint/theme.h"
 
 namespace tonalith::help {
 namespace {
@@ -152,9 +152,9 @@ void frmHelp::AddShortcuts() {
 }
 
 void frmHelp::ApplyTheme() {
-  setPalette(controls::WarmPalette(QApplication::palette()));
+  setPalette(paint::WarmPalette(QApplication::palette()));
   QPalette lines = palette();
-  lines.setColor(QPalette::WindowText, controls::OutlineInk(palette()));
+  lines.setColor(QPalette::WindowText, paint::OutlineInk(palette()));
   for (auto* const line : findChildren<QFrame*>(QStringLiteral("HelpLine"))) line->setPalette(lines);
 }
 

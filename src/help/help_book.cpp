@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "data/data_failure.h"
+#include "core/failure.h"
 #include "help/help_address.h"
 #include "help/markup.h"
 #include "help/site_map.h"
@@ -108,7 +108,7 @@ HelpPlace HelpBook::FindDefault(const std::string& named) const {
   candidates.push_back({"/index.html", {}});
   const auto found =
       std::find_if(candidates.begin(), candidates.end(), [this](const HelpPlace& place) { return HasPage(place); });
-  if (found == candidates.end()) throw data::Unspecified("The help file has no page to open at.");
+  if (found == candidates.end()) throw core::Failure::Unspecified("The help file has no page to open at.");
   return *found;
 }
 

@@ -6,7 +6,7 @@
 #include <QKeySequence>
 #include <QPainter>
 
-#include "controls/colours.h"
+#include "paint/colours.h"
 
 namespace tonalith::help {
 namespace {
@@ -104,7 +104,7 @@ void HelpButton::paintEvent(QPaintEvent* /*event*/) {
   }
   painter.setBrush(Qt::NoBrush);
   if (hasFocus()) {
-    painter.setPen(QPen(QColor(controls::kAccent), 2));
+    painter.setPen(QPen(QColor(paint::kAccent), 2));
     painter.drawRoundedRect(box.adjusted(1, 1, -1, -1), 5, 5);
   }
   painter.translate(QRectF(rect()).center());

@@ -5,15 +5,15 @@
 
 #include <QStringList>
 
-#include "controls/colours.h"
-#include "controls/theme.h"
+#include "paint/colours.h"
+#include "paint/theme.h"
 
 namespace tonalith::help {
 namespace {
 
 /// The page's ground with a breath of a box's own colour.
 QColor BoxGround(const QPalette& palette, const QColor& colour) {
-  return controls::Mix(palette.color(QPalette::Base), colour, controls::IsDark(palette) ? 0.22F : 0.10F);
+  return paint::Mix(palette.color(QPalette::Base), colour, paint::IsDark(palette) ? 0.22F : 0.10F);
 }
 
 class Sheet {
@@ -40,7 +40,7 @@ QString Margins(const Sheet& sheet, double above, double below) {
 
 void AddText(Sheet& sheet, const QPalette& palette) {
   const QString ink = palette.color(QPalette::Text).name();
-  const QString second = controls::SecondaryInk(palette).name();
+  const QString second = paint::SecondaryInk(palette).name();
   sheet.Rule("body", QStringLiteral("color:%1;font-size:%2;").arg(ink, sheet.Size(1)));
   sheet.Rule("p,ul,ol", Margins(sheet, 0, 0.75) + QStringLiteral("line-height:140%;"));
   sheet.Rule("li,dd", Margins(sheet, 0, 0.3) + QStringLiteral("line-height:135%;"));
@@ -55,7 +55,7 @@ void AddText(Sheet& sheet, const QPalette& palette) {
   heading("h2", 1.35, 1.5, 0.5);
   heading("h3", 1.1, 1.2, 0.35);
   heading("h4,h5,h6", 1.0, 1.0, 0.3);
-  sheet.Rule("a", QStringLiteral("color:%1;text-decoration:underline;").arg(controls::SiennaInk(palette).name()));
+  sheet.Rule("a", QStringLiteral("color:%1;text-decoration:underline;").arg(paint::SiennaInk(palette).name()));
   sheet.Rule(".figcaption,.tablecaption,.footer,.small",
              QStringLiteral("color:%1;font-size:%2;").arg(second, sheet.Size(0.88)));
 }
@@ -99,10 +99,10 @@ void AddBoxes(Sheet& sheet, const QPalette& palette) {
         QStringLiteral("padding:%1;background-color:%2;").arg(sheet.Size(0.75), BoxGround(palette, edge).name()) +
             Lines({QStringLiteral("left")}, QStringLiteral("4px"), edge));
   };
-  box("td.note", controls::kNote);
+  box("td.note", paint::kNote);
   box("td.tip", 0xFF4C8C4A);
-  box("td.warning", controls::kAccent);
-  box("td.message", controls::kAmber);
+  box("td.warning", paint::kAccent);
+  box("td.message", paint::kAmber);
   box("td.example", 0xFF8C7A5B);
   sheet.Rule("td.code",
              QStringLiteral("padding:%1;background-color:%2;").arg(sheet.Size(0.6), Tint(palette, 0.06F).name()) +
@@ -112,7 +112,7 @@ void AddBoxes(Sheet& sheet, const QPalette& palette) {
 }  // namespace
 
 QColor Tint(const QPalette& palette, float share) {
-  return controls::Mix(palette.color(QPalette::Base), palette.color(QPalette::Text), share);
+  return paint::Mix(palette.color(QPalette::Base), palette.color(QPalette::Text), share);
 }
 
 QString PageStyle(const QPalette& palette, double pixels) {
@@ -125,7 +125,7 @@ QString PageStyle(const QPalette& palette, double pixels) {
 }
 
 QColor HitGround(const QPalette& palette) {
-  return controls::IsDark(palette) ? QColor(0x6b, 0x47, 0x00) : QColor(0xff, 0xe3, 0x8a);
+  return paint::IsDark(palette) ? QColor(0x6b, 0x47, 0x00) : QColor(0xff, 0xe3, 0x8a);
 }
 
 int ColumnWidth(double pixels) { return qRound(pixels * 46); }

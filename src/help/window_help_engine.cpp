@@ -7,8 +7,8 @@
 #include <QGuiApplication>
 #include <memory>
 
-#include "controls/window_front.h"
 #include "core/deferred_failure.h"
+#include "windows/window_front.h"
 
 namespace tonalith::help {
 namespace {
@@ -24,7 +24,7 @@ class BusyPointer {
 
 }  // namespace
 
-WindowHelpEngine::WindowHelpEngine(core::MsgBox& msgBox, AddressOpener opener, const data::ReadingLimits& limits)
+WindowHelpEngine::WindowHelpEngine(core::MsgBox& msgBox, AddressOpener opener, const sandbox::Limits& limits)
     : msgBox_(msgBox), opener_(std::move(opener)), limits_(limits) {
   if (!opener_) opener_ = [](const QUrl& url) { return QDesktopServices::openUrl(url); };
 }
@@ -46,7 +46,7 @@ platform::HelpWindowHandle WindowHelpEngine::HtmlHelpA(platform::HelpWindowHandl
   // A window that was closed is there until events are handled, but no longer the one to show.
   if (window_.isNull() || !window_->isVisible()) window_ = new frmHelp(msgBox_, opener_, QWidget::find(caller));
   window_->ShowBook(std::move(book));
-  controls::BringToFront(*window_);
+  windows::BringToFront(*window_);
   lastError_ = help_error::kNone;
   return window_->winId();
 }

@@ -29,7 +29,7 @@ class WindowHelpEngine : public platform::HelpEngine {
  public:
   /// Addresses outside the file go to the system's own programs, or to `opener` where one is given.
   explicit WindowHelpEngine(core::MsgBox& msgBox, AddressOpener opener = {},
-                            const data::ReadingLimits& limits = kChmReadingLimits);
+                            const sandbox::Limits& limits = kChmReadingLimits);
 
   platform::HelpWindowHandle HtmlHelpA(platform::HelpWindowHandle caller, const std::string& file,
                                        std::uint32_t command, std::uintptr_t data) override;
@@ -41,7 +41,7 @@ class WindowHelpEngine : public platform::HelpEngine {
  private:
   core::MsgBox& msgBox_;
   AddressOpener opener_;
-  data::ReadingLimits limits_;
+  sandbox::Limits limits_;
   QPointer<frmHelp> window_;
   std::uint32_t lastError_ = help_error::kNone;
 };

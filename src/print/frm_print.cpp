@@ -13,20 +13,20 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "controls/plain_label.h"
-#include "controls/screen_room.h"
-#include "controls/theme.h"
-#include "controls/window_front.h"
 #include "core/deferred_failure.h"
+#include "paint/theme.h"
 #include "print/print_picture_to_size.h"
+#include "windows/plain_label.h"
+#include "windows/screen_room.h"
+#include "windows/window_front.h"
 
 namespace tonalith::print {
 namespace {
 
-using controls::PanelButton;
 using platform::Paper;
 using platform::PaperOrientation;
 using platform::PaperSize;
+using windows::PanelButton;
 
 /// Above and below a caption together.
 constexpr int kButtonMargins = 14;
@@ -72,12 +72,12 @@ frmPrint::~frmPrint() = default;
 void frmPrint::MakeControls() {
   picture1_ = new PageView(QStringLiteral("Picture1"), QStringLiteral("Shape2"), this);
   cmbPaper_ = MakeChoice("cmbPaper", tr("Paper"), {tr("A4"), tr("Letter")}, this);
-  lblPaper_ = controls::MakePlainLabel(QStringLiteral("lblPaper"), tr("Pa&per"), this);
+  lblPaper_ = windows::MakePlainLabel(QStringLiteral("lblPaper"), tr("Pa&per"), this);
   lblPaper_->setBuddy(cmbPaper_);
   cmbOrientation_ = MakeChoice("cmbOrientation", tr("Orientation"), {tr("Landscape"), tr("Portrait")}, this);
-  lblOrientation_ = controls::MakePlainLabel(QStringLiteral("lblOrientation"), tr("&Orientation"), this);
+  lblOrientation_ = windows::MakePlainLabel(QStringLiteral("lblOrientation"), tr("&Orientation"), this);
   lblOrientation_->setBuddy(cmbOrientation_);
-  lblStatus_ = controls::MakePlainLabel(QStringLiteral("lblStatus"), {}, this);
+  lblStatus_ = windows::MakePlainLabel(QStringLiteral("lblStatus"), {}, this);
   lblStatus_->setWordWrap(true);
   cmdPrint_ = new PanelButton(QStringLiteral("cmdPrint"), tr("P&rint..."), PanelButton::Kind::kMainAction, this);
   cmdPdf_ = new PanelButton(QStringLiteral("cmdPdf"), tr("&Save as PDF..."), PanelButton::Kind::kOrdinary, this);
@@ -109,13 +109,13 @@ void frmPrint::LayOut() {
   QWidget::setTabOrder(cmdPrint_, cmdPdf_);
   QWidget::setTabOrder(cmdPdf_, cmdCancel_);
   cmdPrint_->setFocus();
-  controls::ResizeWithinScreen(*this, {760, 620});
+  windows::ResizeWithinScreen(*this, {760, 620});
 }
 
 void frmPrint::ApplyTheme() {
-  setPalette(controls::WarmPalette(QApplication::palette()));
+  setPalette(paint::WarmPalette(QApplication::palette()));
   QPalette ink = palette();
-  ink.setColor(QPalette::WindowText, controls::SecondaryInk(palette()));
+  ink.setColor(QPalette::WindowText, paint::SecondaryInk(palette()));
   lblStatus_->setPalette(ink);
   for (PanelButton* const button : {cmdPrint_, cmdPdf_, cmdCancel_}) {
     button->setMinimumHeight(button->fontMetrics().height() + kButtonMargins);
@@ -236,7 +236,7 @@ void frmPrint::ShowModal() {
 }
 
 void frmPrint::BringToFront() {
-  if (isVisible()) controls::BringToFront(*this);
+  if (isVisible()) windows::BringToFront(*this);
 }
 
 }  // namespace tonalith::print

@@ -13,13 +13,13 @@
 #include <functional>
 #include <string>
 
-#include "controls/panel_button.h"
 #include "core/held_messages.h"
 #include "core/msg_box.h"
 #include "platform/print_service.h"
 #include "print/page_view.h"
 #include "print/picture_box.h"
 #include "print/print_fitting.h"
+#include "windows/panel_button.h"
 
 class QComboBox;
 class QLabel;
@@ -89,9 +89,9 @@ class frmPrint : public QDialog {
   QLabel* lblOrientation_ = nullptr;
   QComboBox* cmbOrientation_ = nullptr;
   QLabel* lblStatus_ = nullptr;
-  controls::PanelButton* cmdPrint_ = nullptr;
-  controls::PanelButton* cmdPdf_ = nullptr;
-  controls::PanelButton* cmdCancel_ = nullptr;
+  windows::PanelButton* cmdPrint_ = nullptr;
+  windows::PanelButton* cmdPdf_ = nullptr;
+  windows::PanelButton* cmdCancel_ = nullptr;
 };
 
 }  // namespace tonalith::print

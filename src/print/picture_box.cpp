@@ -5,12 +5,12 @@
 
 #include <QPainter>
 
-#include "controls/painter_surface.h"
+#include "paint/painter_surface.h"
 
 namespace tonalith::print {
 namespace {
 
-using controls::RecordingSurface;
+using paint::RecordingSurface;
 
 class RecordedImage : public platform::PrintablePicture {
  public:
@@ -20,7 +20,7 @@ class RecordedImage : public platform::PrintablePicture {
   [[nodiscard]] double Width() const override { return width_; }
   [[nodiscard]] double Height() const override { return height_; }
   void PaintOn(QPainter& painter) const override {
-    controls::PainterSurface surface(painter);
+    paint::PainterSurface surface(painter);
     recording_.ReplayOn(surface);
   }
 
@@ -50,7 +50,7 @@ void PictureBox::paintEvent(QPaintEvent* /*event*/) {
   if (const auto image = Image()) image->PaintOn(painter);
 }
 
-void BitBlt(controls::DrawingSurface& target, double left, double top, const RecordingSurface& source) {
+void BitBlt(paint::DrawingSurface& target, double left, double top, const RecordingSurface& source) {
   source.ReplayOn(target, {left, top});
 }
 

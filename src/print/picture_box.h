@@ -10,7 +10,7 @@
 #include <QWidget>
 #include <memory>
 
-#include "controls/recording_surface.h"
+#include "paint/recording_surface.h"
 #include "platform/printer.h"
 
 namespace tonalith::print {
@@ -31,8 +31,8 @@ class PictureBox : public QWidget {
   [[nodiscard]] double ScaleHeight() const { return height() - 2 * BorderWidth(); }
 
   /// The surface to draw on. Call update() when the box is on the screen.
-  [[nodiscard]] controls::RecordingSurface& Surface() { return surface_; }
-  [[nodiscard]] const controls::RecordingSurface& Surface() const { return surface_; }
+  [[nodiscard]] paint::RecordingSurface& Surface() { return surface_; }
+  [[nodiscard]] const paint::RecordingSurface& Surface() const { return surface_; }
 
   /// What was drawn so far becomes the box's picture; null takes the picture away.
   void SetPicture(std::shared_ptr<const platform::PrintablePicture> picture) { picture_ = std::move(picture); }
@@ -46,12 +46,12 @@ class PictureBox : public QWidget {
  private:
   [[nodiscard]] int BorderWidth() const { return BorderStyle ? 1 : 0; }
 
-  controls::RecordingSurface surface_;
+  paint::RecordingSurface surface_;
   std::shared_ptr<const platform::PrintablePicture> picture_;
 };
 
 /// Copies what stands on `source` to `target`, with the source's origin at (left, top) in pixels. What stands there
 /// already stays underneath.
-void BitBlt(controls::DrawingSurface& target, double left, double top, const controls::RecordingSurface& source);
+void BitBlt(paint::DrawingSurface& target, double left, double top, const paint::RecordingSurface& source);
 
 }  // namespace tonalith::print

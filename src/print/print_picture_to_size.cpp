@@ -21,7 +21,7 @@ constexpr double kPixelsPerInch = 96;
 /// Dots of a captured window to one of its pixels: enough for a page.
 constexpr double kCaptureScale = 4;
 
-class CapturedWindow : public controls::SurfacePicture {
+class CapturedWindow : public paint::SurfacePicture {
  public:
   explicit CapturedWindow(QImage image) : image_(std::move(image)) {}
   [[nodiscard]] std::string Name() const override { return "window"; }

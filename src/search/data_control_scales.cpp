@@ -45,7 +45,7 @@ class RecordSetCursor : public ScaleCursor {
   }
 
   [[nodiscard]] std::optional<std::string_view> ScaleName() override {
-    const data::Value& name = rows_->FieldValue(scaleNameField_);
+    const core::Value& name = rows_->FieldValue(scaleNameField_);
     if (name.IsNull()) return {};
     if (const auto* const text = std::get_if<std::string>(&name.Raw())) return *text;
     converted_ = name.AsText();

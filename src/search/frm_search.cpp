@@ -17,16 +17,16 @@
 #include <QVBoxLayout>
 #include <utility>
 
-#include "controls/field_panel.h"
-#include "controls/plain_label.h"
-#include "controls/theme.h"
-#include "controls/window_front.h"
 #include "core/deferred_failure.h"
+#include "paint/theme.h"
+#include "windows/field_panel.h"
+#include "windows/plain_label.h"
+#include "windows/window_front.h"
 
 namespace tonalith::search {
 namespace {
 
-using controls::PanelButton;
+using windows::PanelButton;
 
 constexpr const char* kTag = "Tag";
 /// Above and below a caption together.
@@ -100,15 +100,15 @@ frmSearch::frmSearch(std::unique_ptr<ScaleSource> scales, core::MsgBox& msgBox, 
 frmSearch::~frmSearch() = default;
 
 void frmSearch::MakeControls() {
-  lblSearch_ = controls::MakePlainLabel(QStringLiteral("lblSearch"), tr("Search"), this);
+  lblSearch_ = windows::MakePlainLabel(QStringLiteral("lblSearch"), tr("Search"), this);
   txtSearch_ = new QLineEdit(this);
   txtSearch_->setObjectName(QStringLiteral("txtSearch"));
   txtSearch_->setFrame(false);
   txtSearch_->setAccessibleName(tr("Search"));
   lblSearch_->setBuddy(txtSearch_);
-  lblHelp_ = controls::MakePlainLabel(QStringLiteral("lblHelp"),
-                                      tr("Use terms that use wildcards like *Melodic in the text search"), this);
-  lblMessage_ = controls::MakePlainLabel(QStringLiteral("lblMessage"), {}, this);
+  lblHelp_ = windows::MakePlainLabel(QStringLiteral("lblHelp"),
+                                     tr("Use terms that use wildcards like *Melodic in the text search"), this);
+  lblMessage_ = windows::MakePlainLabel(QStringLiteral("lblMessage"), {}, this);
   QFont messageFont = lblMessage_->font();
   messageFont.setWeight(QFont::DemiBold);
   lblMessage_->setFont(messageFont);
@@ -126,7 +126,7 @@ void frmSearch::LayOut() {
   auto* const textRow = new QHBoxLayout;
   textRow->setSpacing(12);
   textRow->addWidget(lblSearch_);
-  textRow->addWidget(new controls::FieldPanel(txtSearch_, this, 6), 1);
+  textRow->addWidget(new windows::FieldPanel(txtSearch_, this, 6), 1);
   rows->addLayout(textRow);
   rows->addWidget(lblHelp_);
   rows->addSpacing(4);
@@ -143,9 +143,9 @@ void frmSearch::LayOut() {
 }
 
 void frmSearch::ApplyTheme() {
-  setPalette(controls::WarmPalette(QApplication::palette()));
-  SetInk(lblHelp_, controls::SecondaryInk(palette()));
-  SetInk(lblMessage_, controls::SiennaInk(palette()));
+  setPalette(paint::WarmPalette(QApplication::palette()));
+  SetInk(lblHelp_, paint::SecondaryInk(palette()));
+  SetInk(lblMessage_, paint::SiennaInk(palette()));
   // The line is kept free while it is empty: nothing jumps when the search wraps.
   lblMessage_->setMinimumHeight(lblMessage_->fontMetrics().height());
   for (PanelButton* const button : {cmdSearch_, cmdCancel_}) {
@@ -204,7 +204,7 @@ void frmSearch::ShowModal() {
 }
 
 void frmSearch::BringToFront() {
-  if (isVisible()) controls::BringToFront(*this);
+  if (isVisible()) windows::BringToFront(*this);
 }
 
 std::string frmSearch::SearchText() const { return txtSearch_->text().toStdString(); }

@@ -13,10 +13,10 @@
 #include <memory>
 #include <string>
 
-#include "controls/panel_button.h"
 #include "core/msg_box.h"
 #include "search/scale_search.h"
 #include "search/search_dialog.h"
+#include "windows/panel_button.h"
 
 class QCloseEvent;
 class QLabel;
@@ -79,8 +79,8 @@ class frmSearch : public QDialog, public SearchDialog {
   QLineEdit* txtSearch_ = nullptr;
   QLabel* lblHelp_ = nullptr;
   QLabel* lblMessage_ = nullptr;
-  controls::PanelButton* cmdSearch_ = nullptr;
-  controls::PanelButton* cmdCancel_ = nullptr;
+  windows::PanelButton* cmdSearch_ = nullptr;
+  windows::PanelButton* cmdCancel_ = nullptr;
 };
 
 }  // namespace tonalith::search

@@ -12,7 +12,7 @@
 namespace tonalith::views {
 namespace {
 
-using controls::Twips;
+using paint::Twips;
 
 constexpr Twips kFirstStringY{4200};
 constexpr Twips kStringRight{15510};

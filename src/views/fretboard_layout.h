@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-#include "controls/twips.h"
 #include "core/neck.h"
+#include "paint/twips.h"
 
 namespace tonalith::views {
 
@@ -28,20 +28,20 @@ struct NotePlace {
 };
 
 struct LineGeometry {
-  controls::Twips x1;
-  controls::Twips y1;
-  controls::Twips x2;
-  controls::Twips y2;
+  paint::Twips x1;
+  paint::Twips y1;
+  paint::Twips x2;
+  paint::Twips y2;
 };
 
 enum class Move { kLeft, kRight, kUp, kDown, kHome, kEnd };
 
 class FretboardLayout {
  public:
-  static constexpr controls::Twips kImageSize{435};
-  static constexpr controls::Twips kPositionStep{940};
-  static constexpr controls::Twips kBaseLeft{600};
-  static constexpr controls::Twips kStringSpacing{480};
+  static constexpr paint::Twips kImageSize{435};
+  static constexpr paint::Twips kPositionStep{940};
+  static constexpr paint::Twips kBaseLeft{600};
+  static constexpr paint::Twips kStringSpacing{480};
 
   explicit FretboardLayout(const core::Neck& neck = core::Neck::Standard());
 
@@ -54,20 +54,20 @@ class FretboardLayout {
 
   /// The place of a note image, from the left edge of its row's base image and its string line's y1. Left is a 16-bit
   /// number: beyond 32767 it throws failure 6.
-  [[nodiscard]] static controls::Twips Left(controls::Twips baseLeft, int position);
-  [[nodiscard]] static controls::Twips Top(controls::Twips lineY1);
+  [[nodiscard]] static paint::Twips Left(paint::Twips baseLeft, int position);
+  [[nodiscard]] static paint::Twips Top(paint::Twips lineY1);
   /// The x of the fret line behind a note image, and the place of the marker below it.
-  [[nodiscard]] static controls::Twips FretX(controls::Twips imageLeft);
-  [[nodiscard]] static controls::Twips MarkerLeft(controls::Twips imageLeft);
-  [[nodiscard]] static controls::Twips MarkerTop(controls::Twips fret1Y2);
+  [[nodiscard]] static paint::Twips FretX(paint::Twips imageLeft);
+  [[nodiscard]] static paint::Twips MarkerLeft(paint::Twips imageLeft);
+  [[nodiscard]] static paint::Twips MarkerTop(paint::Twips fret1Y2);
 
   /// Where the lines stand at design time: each string's, the nut and the first fret.
   [[nodiscard]] static LineGeometry StringLine(int row);
   [[nodiscard]] LineGeometry NutLine() const;
   [[nodiscard]] LineGeometry FirstFret() const;
   /// The upper and the lower edge of all that belongs to a neck of so many strings, the fret numbers below it included.
-  [[nodiscard]] static controls::Twips AreaTop();
-  [[nodiscard]] static controls::Twips AreaBottom(int strings);
+  [[nodiscard]] static paint::Twips AreaTop();
+  [[nodiscard]] static paint::Twips AreaBottom(int strings);
 
   /// The frets that carry an inlay.
   [[nodiscard]] static bool HasInlay(int fret);

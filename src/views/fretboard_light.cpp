@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "controls/colours.h"
+#include "paint/colours.h"
 #include "views/fretboard_view.h"
 
 namespace tonalith::views {
@@ -49,7 +49,7 @@ void FretboardView::PaintGlow(QPainter& painter) const {
     const double radius = Image(index).Picture() == NotePicture::kKeyNote ? 7.5 : disc.width() / 2;
     // Thinner towards the outside.
     for (int reach = kGlow; reach > 0; --reach) {
-      QColor light(controls::kAmber);
+      QColor light(paint::kAmber);
       light.setAlpha(70);
       painter.setBrush(light);
       painter.drawRoundedRect(disc.adjusted(-reach, -reach, reach, reach), radius + reach, radius + reach);

@@ -17,7 +17,7 @@
 namespace tonalith::views {
 namespace {
 
-using controls::Twips;
+using paint::Twips;
 
 constexpr Twips kMarkerAboveNote{480};
 
@@ -63,8 +63,8 @@ void FretboardView::PositionNote(int index) {
   PlaceOnView(image, left, top);
   image.show();
   if (note.position <= 1) return;
-  const controls::LineControl& fret1 = *frets_.front();
-  controls::LineControl& fret = *frets_[static_cast<std::size_t>(note.position - 1)];
+  const views::LineControl& fret1 = *frets_.front();
+  views::LineControl& fret = *frets_[static_cast<std::size_t>(note.position - 1)];
   fret.x1 = fret.x2 = FretboardLayout::FretX(left);
   fret.y1 = fret1.y1;
   fret.y2 = fret1.y2;
@@ -128,7 +128,7 @@ void FretboardView::ShowScaleNotes(const std::string& startNote, const core::Int
 
 void FretboardView::UpdateOpenStrings() {
   // They reach beyond the images that come and go.
-  const int nut = controls::NearestPixel(nut_->x1) - DesignRect().left();
+  const int nut = paint::NearestPixel(nut_->x1) - DesignRect().left();
   update(0, 0, nut, height());
 }
 
@@ -152,7 +152,7 @@ void FretboardView::FlashNotes(const std::string& controlName) {
   failure.Try([&] { playMarker_->show(); });
   failure.Try([&] {
     const QWidget& control = ControlNamed(controlName);
-    playMarker_->move(control.x(), control.y() - controls::TwipsToPixels(kMarkerAboveNote));
+    playMarker_->move(control.x(), control.y() - paint::TwipsToPixels(kMarkerAboveNote));
     playMarker_->raise();
   });
   failure.Try([&] {

@@ -8,17 +8,17 @@
 #include <QPainter>
 #include <QPainterPath>
 
-#include "controls/colours.h"
-#include "controls/device_scale.h"
-#include "controls/theme.h"
 #include "core/failure.h"
+#include "paint/colours.h"
+#include "paint/device_scale.h"
+#include "paint/theme.h"
 #include "views/accessible_views.h"
 
 namespace tonalith::views {
 namespace {
 
-using controls::LineControl;
-using controls::Twips;
+using paint::Twips;
+using views::LineControl;
 
 constexpr int kWidth = 1080;
 constexpr double kHalfImage = 14.5;
@@ -40,8 +40,8 @@ class PlayMarker : public QWidget {
     triangle.lineTo(23.5, 15);
     triangle.lineTo(14.5, 29);
     triangle.closeSubpath();
-    painter.setPen(QPen(QColor(controls::kAmberRim), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(QColor(controls::kAmber));
+    painter.setPen(QPen(QColor(paint::kAmberRim), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(QColor(paint::kAmber));
     painter.drawPath(triangle);
   }
 };
@@ -80,8 +80,8 @@ FretboardView::~FretboardView() {
 
 QRect FretboardView::DesignRect() {
   static const int strings = core::Neck::Standard().Strings();
-  const int top = controls::NearestPixel(FretboardLayout::AreaTop());
-  return {0, top, kWidth, controls::NearestPixel(FretboardLayout::AreaBottom(strings)) - top};
+  const int top = paint::NearestPixel(FretboardLayout::AreaTop());
+  return {0, top, kWidth, paint::NearestPixel(FretboardLayout::AreaBottom(strings)) - top};
 }
 
 void FretboardView::SetNotePlayer(platform::NotePlayer* player, std::string appFolder) {
@@ -134,7 +134,7 @@ void FretboardView::BuildMarkers() {
     auto* marker = new FretNumber(QString::number(fret), this);
     marker->setObjectName(Numbered("fretPosition", fret));
     marker->setToolTip((fret == 3 ? tr("The %1rd Fret") : tr("The %1th Fret")).arg(fret));
-    marker->resize(controls::NearestPixel(FretboardLayout::kImageSize), kFretNumberHeight);
+    marker->resize(paint::NearestPixel(FretboardLayout::kImageSize), kFretNumberHeight);
     markers_[fret] = marker;
   }
   playMarker_ = new PlayMarker(this);
@@ -156,7 +156,7 @@ QWidget& FretboardView::ControlNamed(const std::string& name) const {
 }
 
 void FretboardView::PlaceOnView(QWidget& widget, Twips left, Twips top) const {
-  widget.move(QPoint(controls::NearestPixel(left), controls::NearestPixel(top)) - DesignRect().topLeft());
+  widget.move(QPoint(paint::NearestPixel(left), paint::NearestPixel(top)) - DesignRect().topLeft());
 }
 
 std::vector<bool> FretboardView::VisibleNotes() const {
@@ -167,23 +167,23 @@ std::vector<bool> FretboardView::VisibleNotes() const {
 
 NeckGeometry FretboardView::Geometry() const {
   NeckGeometry neck;
-  const double nutX = controls::ExactPixels(nut_->x1);
-  neck.nut = QRectF(QPointF(nutX - kNutWidth / 2, controls::ExactPixels(nut_->y1)),
-                    QPointF(nutX + kNutWidth / 2, controls::ExactPixels(nut_->y2)));
-  neck.wood = QRectF(QPointF(nutX + 2, controls::ExactPixels(frets_.front()->y1)),
-                     QPointF(controls::ExactPixels(strings_.front()->x2), controls::ExactPixels(frets_.front()->y2)));
+  const double nutX = paint::ExactPixels(nut_->x1);
+  neck.nut = QRectF(QPointF(nutX - kNutWidth / 2, paint::ExactPixels(nut_->y1)),
+                    QPointF(nutX + kNutWidth / 2, paint::ExactPixels(nut_->y2)));
+  neck.wood = QRectF(QPointF(nutX + 2, paint::ExactPixels(frets_.front()->y1)),
+                     QPointF(paint::ExactPixels(strings_.front()->x2), paint::ExactPixels(frets_.front()->y2)));
   // A string runs through the middle of its discs; its line's y1 only says where the discs are.
   for (const LineControl* string : strings_) {
-    neck.strings.push_back(controls::NearestPixel(FretboardLayout::Top(string->y1)) + kHalfImage);
+    neck.strings.push_back(paint::NearestPixel(FretboardLayout::Top(string->y1)) + kHalfImage);
   }
-  neck.openLeft = controls::ExactPixels(strings_.front()->x1) + kHalfImage;
+  neck.openLeft = paint::ExactPixels(strings_.front()->x1) + kHalfImage;
   for (int row = 1; row <= layout_.Rows(); ++row) neck.open.push_back(!Image(layout_.IndexAt(row, 0)).isHidden());
-  neck.stringsRight = controls::ExactPixels(strings_.front()->x2);
+  neck.stringsRight = paint::ExactPixels(strings_.front()->x2);
   const double middle = (neck.strings.front() + neck.strings.back()) / 2;
-  const double toDouble = controls::ExactPixels(FretboardLayout::kStringSpacing);
+  const double toDouble = paint::ExactPixels(FretboardLayout::kStringSpacing);
   for (int fret = 1; fret < layout_.Positions(); ++fret) {
-    neck.frets.push_back(controls::ExactPixels(frets_[static_cast<std::size_t>(fret - 1)]->x1));
-    const double x = controls::NearestPixel(FretboardLayout::Left(FretboardLayout::kBaseLeft, fret)) + kHalfImage;
+    neck.frets.push_back(paint::ExactPixels(frets_[static_cast<std::size_t>(fret - 1)]->x1));
+    const double x = paint::NearestPixel(FretboardLayout::Left(FretboardLayout::kBaseLeft, fret)) + kHalfImage;
     if (FretboardLayout::HasDoubleInlay(fret)) {
       neck.inlays.emplace_back(x, middle - toDouble);
       neck.inlays.emplace_back(x, middle + toDouble);
@@ -195,9 +195,9 @@ NeckGeometry FretboardView::Geometry() const {
 }
 
 QRectF FretboardView::FretNumberBox(int fret) const {
-  const double x = controls::NearestPixel(FretboardLayout::Left(FretboardLayout::kBaseLeft, fret)) + kHalfImage;
-  const double width = controls::NearestPixel(FretboardLayout::kImageSize);
-  const double top = controls::NearestPixel(FretboardLayout::MarkerTop(frets_.front()->y2));
+  const double x = paint::NearestPixel(FretboardLayout::Left(FretboardLayout::kBaseLeft, fret)) + kHalfImage;
+  const double width = paint::NearestPixel(FretboardLayout::kImageSize);
+  const double top = paint::NearestPixel(FretboardLayout::MarkerTop(frets_.front()->y2));
   return {x - width / 2, top, width, kFretNumberHeight};
 }
 
@@ -227,7 +227,7 @@ void FretboardView::PaintFocusRing(QPainter& painter) const {
     painter.drawRoundedRect(box, radius, radius);
   };
   ring(1.6, 4.6, QColor(0x14, 0x0a, 0x06));
-  ring(1.6, 2.4, QColor(controls::kAmber));
+  ring(1.6, 2.4, QColor(paint::kAmber));
 }
 
 void FretboardView::paintEvent(QPaintEvent* /*event*/) {
@@ -238,17 +238,17 @@ void FretboardView::paintEvent(QPaintEvent* /*event*/) {
     neck_.setDevicePixelRatio(scale);
     neck_.fill(Qt::transparent);
     QPainter painter(&neck_);
-    controls::ScaleToDevice(painter);
+    paint::ScaleToDevice(painter);
     painter.translate(-DesignRect().topLeft());
     PaintNeck(painter, geometry);
   }
   QPainter painter(this);
-  controls::SnapOrigin(painter);
+  paint::SnapOrigin(painter);
   painter.drawPixmap(QPointF(0, 0), neck_);
   painter.save();
   painter.translate(-DesignRect().topLeft());
   PaintOpenStrings(painter, geometry);
-  PaintFretNumbers(painter, controls::SecondaryInk(palette()));
+  PaintFretNumbers(painter, paint::SecondaryInk(palette()));
   painter.restore();
   PaintGlow(painter);
   PaintFocusRing(painter);

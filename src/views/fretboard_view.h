@@ -18,11 +18,11 @@
 #include <string>
 #include <vector>
 
-#include "controls/line_control.h"
 #include "core/msg_box.h"
 #include "core/scale_construction.h"
 #include "platform/note_player.h"
 #include "views/fretboard_layout.h"
+#include "views/line_control.h"
 #include "views/neck_painter.h"
 #include "views/note_image.h"
 
@@ -104,7 +104,7 @@ class FretboardView : public QWidget, private platform::NotePlayerNotifier {
   void BuildMarkers();
   NoteImage* MakeImage(const QString& name, const std::string& tag);
   void PositionNote(int index);
-  void PlaceOnView(QWidget& widget, controls::Twips left, controls::Twips top) const;
+  void PlaceOnView(QWidget& widget, paint::Twips left, paint::Twips top) const;
   void ShowScaleNotes(const std::string& startNote, const core::IntervalPattern& pattern);
   [[nodiscard]] std::string StartNoteOf(const std::string& keyText) const;
   void SetTabStop(int index);
@@ -123,12 +123,12 @@ class FretboardView : public QWidget, private platform::NotePlayerNotifier {
   std::function<void()> eventPump_;
   FretboardLayout layout_;
   std::vector<NoteImage*> images_;
-  std::vector<NoteImage*> extraImages_;          // imgE6..imgE9, imgE13..imgE15
-  std::vector<NoteImage*> labelImages_;          // imgLabel, elements 0..11
-  std::vector<controls::LineControl*> strings_;  // Line1.. by row; the line after the last is the nut.
-  controls::LineControl* nut_ = nullptr;
-  std::vector<controls::LineControl*> frets_;  // fret1.. by fret
-  std::map<int, QLabel*> markers_;             // fretPosition3.. by fret
+  std::vector<NoteImage*> extraImages_;       // imgE6..imgE9, imgE13..imgE15
+  std::vector<NoteImage*> labelImages_;       // imgLabel, elements 0..11
+  std::vector<views::LineControl*> strings_;  // Line1.. by row; the line after the last is the nut.
+  views::LineControl* nut_ = nullptr;
+  std::vector<views::LineControl*> frets_;  // fret1.. by fret
+  std::map<int, QLabel*> markers_;          // fretPosition3.. by fret
   QWidget* playMarker_ = nullptr;
   QPixmap neck_;
   int tabStop_ = -1;

@@ -11,7 +11,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "controls/painter_surface.h"
+#include "paint/painter_surface.h"
 
 namespace tonalith::views {
 namespace {
@@ -65,8 +65,8 @@ void FillDownward(QPainter& painter, const QRectF& area, const Blend& blend, Ins
     const double y = area.top() + i * stripe;
     const double middle = y + stripe / 2;
     const double in = inset(std::min(middle - area.top(), area.bottom() - middle));
-    controls::FillSnapped(painter, QRectF(area.left() + in, y, area.width() - 2 * in, stripe),
-                          ColourAt(blend, (middle - area.top()) / area.height()));
+    paint::FillSnapped(painter, QRectF(area.left() + in, y, area.width() - 2 * in, stripe),
+                       ColourAt(blend, (middle - area.top()) / area.height()));
   }
 }
 
@@ -76,8 +76,8 @@ void FillAcross(QPainter& painter, const QRectF& area, const Blend& blend) {
   const int stripes = qRound(area.width() / stripe);
   for (int i = 0; i < stripes; ++i) {
     const double x = area.left() + i * stripe;
-    controls::FillSnapped(painter, QRectF(x, area.top(), stripe, area.height()),
-                          ColourAt(blend, (x + stripe / 2 - area.left()) / area.width()));
+    paint::FillSnapped(painter, QRectF(x, area.top(), stripe, area.height()),
+                       ColourAt(blend, (x + stripe / 2 - area.left()) / area.width()));
   }
 }
 
@@ -111,8 +111,8 @@ void PaintWood(QPainter& painter, const QRectF& wood) {
     const QRectF streak = QRectF(left, top, length, 0.5 + grain.Next()).intersected(inside);
     const bool light = grain.Next() > 0.5;
     const int strength = 8 + static_cast<int>(26 * grain.Next());
-    controls::FillSnapped(painter, streak,
-                          light ? QColor(0x9a, 0x68, 0x4a, strength) : QColor(0x10, 0x08, 0x04, 2 * strength));
+    paint::FillSnapped(painter, streak,
+                       light ? QColor(0x9a, 0x68, 0x4a, strength) : QColor(0x10, 0x08, 0x04, 2 * strength));
   }
 }
 
@@ -130,7 +130,7 @@ void PaintInlay(QPainter& painter, QPointF middle) {
 
 void PaintFret(QPainter& painter, double x, const QRectF& wood) {
   const QRectF wire(x - kFretWidth / 2, wood.top(), kFretWidth, wood.height());
-  controls::FillSnapped(painter, wire.translated(kFretWidth, 0).adjusted(0, 0, -1.5, 0), QColor(0, 0, 0, 70));
+  paint::FillSnapped(painter, wire.translated(kFretWidth, 0).adjusted(0, 0, -1.5, 0), QColor(0, 0, 0, 70));
   FillAcross(painter, wire,
              {{0, QColor(0x9a, 0x9d, 0xa3)}, {0.4, QColor(0xf4, 0xf5, 0xf7)}, {1, QColor(0x83, 0x86, 0x8c)}});
 }
@@ -198,7 +198,7 @@ void PaintOutlinedNeck(QPainter& painter, const NeckGeometry& neck) {
   for (const QPointF& inlay : neck.inlays) painter.drawEllipse(inlay, kInlayRadius, kInlayRadius);
   for (const double fret : neck.frets) {
     const QRectF wire(fret - kFretLineWidth / 2, neck.wood.top(), kFretLineWidth, neck.wood.height());
-    controls::FillSnapped(painter, wire, kFretLine);
+    paint::FillSnapped(painter, wire, kFretLine);
   }
   painter.setPen(QPen(kBoardLine, 1));
   painter.setBrush(Qt::NoBrush);
@@ -209,12 +209,11 @@ void PaintOutlinedNeck(QPainter& painter, const NeckGeometry& neck) {
   for (std::size_t index = 0; index < neck.strings.size(); ++index) {
     const double gauge = kGaugeShare * GaugeOf(index);
     const double left = IsOpen(neck, index) ? neck.openLeft : neck.nut.left();
-    controls::FillSnapped(painter, {left, neck.strings[index] - gauge / 2, neck.stringsRight - left, gauge},
-                          kStringLine);
+    paint::FillSnapped(painter, {left, neck.strings[index] - gauge / 2, neck.stringsRight - left, gauge}, kStringLine);
   }
 }
 
-class NeckPicture : public controls::SurfacePicture {
+class NeckPicture : public paint::SurfacePicture {
  public:
   explicit NeckPicture(NeckGeometry neck) : neck_(std::move(neck)) {}
   [[nodiscard]] std::string Name() const override { return "neck"; }
@@ -226,7 +225,7 @@ class NeckPicture : public controls::SurfacePicture {
 
 }  // namespace
 
-std::shared_ptr<const controls::SurfacePicture> NeckOnPaper(NeckGeometry neck) {
+std::shared_ptr<const paint::SurfacePicture> NeckOnPaper(NeckGeometry neck) {
   return std::make_shared<const NeckPicture>(std::move(neck));
 }
 

@@ -12,7 +12,7 @@
 #include <memory>
 #include <vector>
 
-#include "controls/drawing_surface.h"
+#include "paint/drawing_surface.h"
 
 namespace tonalith::views {
 
@@ -39,6 +39,6 @@ void PaintNeck(QPainter& painter, const NeckGeometry& neck, NeckLook look = Neck
 void PaintOpenStrings(QPainter& painter, const NeckGeometry& neck);
 
 /// The neck for paper as a picture that stands by itself, placed as the geometry says.
-std::shared_ptr<const controls::SurfacePicture> NeckOnPaper(NeckGeometry neck);
+std::shared_ptr<const paint::SurfacePicture> NeckOnPaper(NeckGeometry neck);
 
 }  // namespace tonalith::views

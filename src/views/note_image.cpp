@@ -10,13 +10,13 @@
 #include <memory>
 #include <tuple>
 
-#include "controls/device_scale.h"
-#include "controls/painter_surface.h"
+#include "paint/device_scale.h"
+#include "paint/painter_surface.h"
 
 namespace tonalith::views {
 namespace {
 
-using controls::DrawingSurface;
+using paint::DrawingSurface;
 
 constexpr int kSide = 29;  // 435 twips.
 constexpr double kMiddle = kSide / 2.0;
@@ -24,25 +24,25 @@ constexpr double kNamePixels = 14;
 constexpr double kNameTop = 5;
 
 /// The key note: a rounded square in the accent.
-class KeyNotePicture : public controls::SurfacePicture {
+class KeyNotePicture : public paint::SurfacePicture {
  public:
   [[nodiscard]] std::string Name() const override { return "key-note"; }
   void PaintOn(QPainter& painter) const override {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor(controls::kAccentRim), 1.5));
-    painter.setBrush(QColor(controls::kAccent));
+    painter.setPen(QPen(QColor(paint::kAccentRim), 1.5));
+    painter.setBrush(QColor(paint::kAccent));
     painter.drawRoundedRect(QRectF(0.75, 0.75, kSide - 1.5, kSide - 1.5), 7.5, 7.5);
   }
 };
 
 /// Any other note of the scale: a circle.
-class ScaleNotePicture : public controls::SurfacePicture {
+class ScaleNotePicture : public paint::SurfacePicture {
  public:
   [[nodiscard]] std::string Name() const override { return "scale-note"; }
   void PaintOn(QPainter& painter) const override {
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor(controls::kNoteRim), 1.2));
-    painter.setBrush(QColor(controls::kNote));
+    painter.setPen(QPen(QColor(paint::kNoteRim), 1.2));
+    painter.setBrush(QColor(paint::kNote));
     painter.drawEllipse(QPointF(kMiddle, kMiddle), kMiddle - 0.75, kMiddle - 0.75);
   }
 };
@@ -52,7 +52,7 @@ void PaintLitRim(QPainter& painter, NotePicture picture) {
   constexpr double kWidth = 3;
   constexpr double kInset = kWidth / 2;
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(QColor(controls::kAmber), kWidth));
+  painter.setPen(QPen(QColor(paint::kAmber), kWidth));
   painter.setBrush(Qt::NoBrush);
   const QRectF rim(kInset, kInset, kSide - kWidth, kSide - kWidth);
   const double radius = picture == NotePicture::kKeyNote ? 6.5 : rim.width() / 2;
@@ -74,8 +74,8 @@ const QImage& NamelessImage(NotePicture picture, QSize dots) {
   image.fill(Qt::transparent);
   QPainter painter(&image);
   ScaleToDots(painter, dots);
-  controls::PainterSurface surface(painter);
-  surface.SetScaleMode(controls::ScaleMode::kPixels);
+  paint::PainterSurface surface(painter);
+  surface.SetScaleMode(paint::ScaleMode::kPixels);
   surface.PaintPicture(PictureOf(picture), 0, 0);
   painter.end();
   return images.emplace(key, std::move(image)).first->second;
@@ -93,7 +93,7 @@ const QImage& SharedImage(const NoteImage& note, QSize dots) {
   QImage image = NamelessImage(note.Picture(), dots);
   QPainter painter(&image);
   ScaleToDots(painter, dots);
-  controls::PainterSurface surface(painter);
+  paint::PainterSurface surface(painter);
   if (note.NameDrawn()) DrawNoteName(surface, note.Tag(), kSide);
   if (note.IsLit()) PaintLitRim(painter, note.Picture());
   painter.end();
@@ -102,7 +102,7 @@ const QImage& SharedImage(const NoteImage& note, QSize dots) {
 
 }  // namespace
 
-std::shared_ptr<const controls::SurfacePicture> PictureOf(NotePicture picture) {
+std::shared_ptr<const paint::SurfacePicture> PictureOf(NotePicture picture) {
   static const auto keyNote = std::make_shared<const KeyNotePicture>();
   static const auto scaleNote = std::make_shared<const ScaleNotePicture>();
   switch (picture) {
@@ -117,11 +117,11 @@ std::shared_ptr<const controls::SurfacePicture> PictureOf(NotePicture picture) {
 }
 
 void DrawNoteName(DrawingSurface& surface, const std::string& tag, double scaleWidth) {
-  surface.SetScaleMode(controls::ScaleMode::kPixels);
-  surface.SetFontSize(controls::Pixels(kNamePixels));
-  controls::SetFontNameOrDefault(surface, "Tahoma");
+  surface.SetScaleMode(paint::ScaleMode::kPixels);
+  surface.SetFontSize(paint::Pixels(kNamePixels));
+  paint::SetFontNameOrDefault(surface, "Tahoma");
   surface.SetFontBold(true);
-  surface.SetForeColor(controls::kWhite);
+  surface.SetForeColor(paint::kWhite);
   surface.SetCurrentX((scaleWidth - surface.TextWidth(tag)) / 2);
   surface.SetCurrentY(kNameTop);
   surface.Print(tag);
@@ -162,7 +162,7 @@ void NoteImage::SetLit(bool isLit) {
 }
 
 void NoteImage::DrawOn(DrawingSurface& surface) const {
-  surface.SetScaleMode(controls::ScaleMode::kPixels);
+  surface.SetScaleMode(paint::ScaleMode::kPixels);
   surface.Cls();
   surface.PaintPicture(PictureOf(picture_), 0, 0);
   if (nameDrawn_) DrawNoteName(surface, tag_, kSide);
@@ -172,7 +172,7 @@ QSize NoteImage::sizeHint() const { return {kSide, kSide}; }
 
 void NoteImage::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const QRect dots = controls::DotsOf(painter, rect());
+  const QRect dots = paint::DotsOf(painter, rect());
   if (dots.isEmpty()) return;
   painter.drawImage(painter.deviceTransform().inverted().mapRect(QRectF(dots)), SharedImage(*this, dots.size()));
 }

@@ -11,8 +11,8 @@
 #include <QAbstractButton>
 #include <string>
 
-#include "controls/drawing_surface.h"
-#include "controls/twips.h"
+#include "paint/drawing_surface.h"
+#include "paint/twips.h"
 
 namespace tonalith::views {
 
@@ -42,14 +42,14 @@ class NoteImage : public QAbstractButton {
   [[nodiscard]] bool IsLit() const { return isLit_; }
 
   /// What the image shows, drawn on a surface of its own size.
-  void DrawOn(controls::DrawingSurface& surface) const;
+  void DrawOn(paint::DrawingSurface& surface) const;
 
   /// Its place in twips of the form's client area. The view keeps the widget there.
-  controls::Twips Left;
-  controls::Twips Top;
-  controls::Twips ScaleTop;
-  controls::Twips Width{435};
-  controls::Twips Height{435};
+  paint::Twips Left;
+  paint::Twips Top;
+  paint::Twips ScaleTop;
+  paint::Twips Width{435};
+  paint::Twips Height{435};
   bool AutoSize = false;
   bool AutoRedraw = false;
 
@@ -67,9 +67,9 @@ class NoteImage : public QAbstractButton {
 };
 
 /// Writes a note name on a note image's surface, `scaleWidth` pixels wide: 14 pixels, bold, white, centred.
-void DrawNoteName(controls::DrawingSurface& surface, const std::string& tag, double scaleWidth);
+void DrawNoteName(paint::DrawingSurface& surface, const std::string& tag, double scaleWidth);
 
 /// The picture behind a number of the picture list, 29 pixels square; null for none.
-std::shared_ptr<const controls::SurfacePicture> PictureOf(NotePicture picture);
+std::shared_ptr<const paint::SurfacePicture> PictureOf(NotePicture picture);
 
 }  // namespace tonalith::views

@@ -11,8 +11,8 @@
 namespace tonalith::views {
 namespace {
 
-using controls::DrawingSurface;
-using controls::TwipsToPixels;
+using paint::DrawingSurface;
+using paint::TwipsToPixels;
 
 void DrawStaffLines(DrawingSurface& target, const Staff& on) {
   for (int line = 0; line < staff::kLines; ++line) {
@@ -22,8 +22,8 @@ void DrawStaffLines(DrawingSurface& target, const Staff& on) {
 }
 
 void DrawClef(DrawingSurface& target, const Staff& on) {
-  target.SetFontName(std::string(controls::kMusicFontName));
-  target.SetFontSize(controls::Points(staff::kFontPoints));
+  target.SetFontName(std::string(paint::kMusicFontName));
+  target.SetFontSize(paint::Points(staff::kFontPoints));
   target.SetFontBold(false);
   target.SetCurrentX(TwipsToPixels(staff::kClefX));
   target.SetCurrentY(on.ClefY());
@@ -38,13 +38,13 @@ void DrawLedgerLines(DrawingSurface& target, const Staff& on, int step, std::int
 }
 
 void DrawNote(DrawingSurface& target, const std::string& name, std::int32_t x, std::int32_t y) {
-  std::string glyphs(1, controls::kWholeNote);
+  std::string glyphs(1, paint::kWholeNote);
   target.SetCurrentX(x);
   target.SetCurrentY(y - TwipsToPixels(staff::kNudge));
   if (name.back() == '#') {
     target.SetCurrentX(x);
     target.SetCurrentY(y + TwipsToPixels(staff::kNudge));
-    glyphs += controls::kSharp;
+    glyphs += paint::kSharp;
   }
   target.Print(glyphs);
 }
@@ -55,7 +55,7 @@ void ScoreHandler(DrawingSurface* scoreTarget, std::int16_t keyIndex, const std:
                   std::string& scaleNotes) {
   if (scoreTarget == nullptr) return;
   DrawingSurface& target = *scoreTarget;
-  target.SetScaleMode(controls::ScaleMode::kPixels);
+  target.SetScaleMode(paint::ScaleMode::kPixels);
   target.Cls();
   std::vector<std::int16_t> keys = KeyList(keyIndex, intervals);
   // No scale has more notes; those of a damaged one would be far beyond the card.
@@ -63,7 +63,7 @@ void ScoreHandler(DrawingSurface* scoreTarget, std::int16_t keyIndex, const std:
   const Staff& on = kTrebleStaff;
   DrawStaffLines(target, on);
   DrawClef(target, on);
-  const auto textHeight = static_cast<std::int32_t>(target.TextHeight(std::string(1, controls::kWholeNote)));
+  const auto textHeight = static_cast<std::int32_t>(target.TextHeight(std::string(1, paint::kWholeNote)));
   scaleNotes.clear();
   StaffWalk walk(on.clef);
   int column = 0;

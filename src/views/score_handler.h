@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "controls/drawing_surface.h"
+#include "paint/drawing_surface.h"
 
 namespace tonalith::views {
 
@@ -19,7 +19,7 @@ namespace tonalith::views {
 /// is not drawn. `scaleNotes` (the caption of lblScaleNotes) becomes the note names, each preceded by one blank; it is
 /// emptied only after the clef stands. At most core::kMostPatternDigits notes are written. Throws failure 9 for an
 /// empty interval list and for a key outside -12..11.
-void ScoreHandler(controls::DrawingSurface* scoreTarget, std::int16_t keyIndex,
-                  const std::vector<std::int16_t>& intervals, std::string& scaleNotes);
+void ScoreHandler(paint::DrawingSurface* scoreTarget, std::int16_t keyIndex, const std::vector<std::int16_t>& intervals,
+                  std::string& scaleNotes);
 
 }  // namespace tonalith::views

@@ -9,8 +9,8 @@
 namespace tonalith::views {
 namespace {
 
-using controls::Twips;
-using controls::TwipsToPixels;
+using paint::Twips;
+using paint::TwipsToPixels;
 
 constexpr int kStepsPerOctave = 7;
 constexpr int kTopLineStep = 2 * (staff::kLines - 1);

@@ -13,25 +13,25 @@
 #include <string>
 #include <vector>
 
-#include "controls/music_codes.h"
-#include "controls/twips.h"
+#include "paint/music_codes.h"
+#include "paint/twips.h"
 
 namespace tonalith::views {
 
 namespace staff {
-inline constexpr controls::Twips kLineSpacing{150};
-inline constexpr controls::Twips kStep{75};
+inline constexpr paint::Twips kLineSpacing{150};
+inline constexpr paint::Twips kStep{75};
 inline constexpr int kLines = 5;
-inline constexpr controls::Twips kLeft{11150};
-inline constexpr controls::Twips kRight{15500};
-inline constexpr controls::Twips kClefX{11500};
-inline constexpr controls::Twips kFirstColumn{11950};
-inline constexpr controls::Twips kColumnStep{275};
-inline constexpr controls::Twips kLedgerBefore{50};
-inline constexpr controls::Twips kLedgerAfter{250};
-inline constexpr controls::Twips kNudge{5};
+inline constexpr paint::Twips kLeft{11150};
+inline constexpr paint::Twips kRight{15500};
+inline constexpr paint::Twips kClefX{11500};
+inline constexpr paint::Twips kFirstColumn{11950};
+inline constexpr paint::Twips kColumnStep{275};
+inline constexpr paint::Twips kLedgerBefore{50};
+inline constexpr paint::Twips kLedgerAfter{250};
+inline constexpr paint::Twips kNudge{5};
 /// How far above the line that it names a clef is printed.
-inline constexpr controls::Twips kClefRise{750};
+inline constexpr paint::Twips kClefRise{750};
 inline constexpr std::int32_t kGlyphOffset = -650;
 inline constexpr double kFontPoints = 24;
 }  // namespace staff
@@ -49,12 +49,12 @@ struct Clef {
 };
 
 /// Its sign curls round the line of the G.
-inline constexpr Clef kTreble{QT_TRANSLATE_NOOP("tonalith::views::StaffView", "Treble clef"), controls::kTrebleClef, 2,
+inline constexpr Clef kTreble{QT_TRANSLATE_NOOP("tonalith::views::StaffView", "Treble clef"), paint::kTrebleClef, 2,
                               -2};
 
 struct Staff {
   Clef clef;
-  controls::Twips topLine;
+  paint::Twips topLine;
 
   /// Lines are counted from the top, from 0. Pixels.
   [[nodiscard]] std::int32_t LineY(int line) const;
@@ -65,11 +65,11 @@ struct Staff {
   [[nodiscard]] std::int32_t GlyphY(int step, std::int32_t textHeight) const;
 
  private:
-  [[nodiscard]] controls::Twips At(int step) const;
+  [[nodiscard]] paint::Twips At(int step) const;
 };
 
 /// The staff of the main window.
-inline constexpr Staff kTrebleStaff{kTreble, controls::Twips{1850}};
+inline constexpr Staff kTrebleStaff{kTreble, paint::Twips{1850}};
 
 /// The key list: the key, then one element for each interval but the last, wrapped at the octave. Throws failure 9 for
 /// an empty interval list.

@@ -6,8 +6,8 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "controls/painter_surface.h"
-#include "controls/panel_painting.h"
+#include "paint/painter_surface.h"
+#include "paint/panel_painting.h"
 #include "views/accessible_views.h"
 #include "views/score_handler.h"
 #include "views/staff_layout.h"
@@ -22,10 +22,10 @@ constexpr double kNoticePixels = 14;
 /// How far the staff lines run on behind the last note of a scale that is longer than they are.
 constexpr double kLinesBehindLastNote = 10;
 
-double LinesEnd() { return controls::TwipsToPixels(staff::kRight); }
+double LinesEnd() { return paint::TwipsToPixels(staff::kRight); }
 
 /// The ink of a drawing; the staff lines run on below a scale that is longer than they are.
-QRectF InkOf(const controls::RecordingSurface& drawing) {
+QRectF InkOf(const paint::RecordingSurface& drawing) {
   QRectF ink = drawing.InkBounds();
   if (ink.right() > LinesEnd()) ink.setRight(ink.right() + kLinesBehindLastNote);
   return ink;
@@ -43,32 +43,31 @@ QTransform OnCard(const QRectF& ink) {
   return fit;
 }
 
-void PaintStaff(QPainter& painter, const controls::RecordingSurface& drawing) {
+void PaintStaff(QPainter& painter, const paint::RecordingSurface& drawing) {
   const QRectF ink = InkOf(drawing);
   painter.save();
   painter.setTransform(OnCard(ink), true);
   if (ink.right() > LinesEnd()) {
     for (int line = 0; line < staff::kLines; ++line) {
       const double y = kTrebleStaff.LineY(line);
-      controls::FillSnapped(painter, {LinesEnd(), y, ink.right() - LinesEnd(), 1},
-                            QColor(controls::ToRgb(controls::kInk)));
+      paint::FillSnapped(painter, {LinesEnd(), y, ink.right() - LinesEnd(), 1}, QColor(paint::ToRgb(paint::kInk)));
     }
   }
-  controls::PainterSurface surface(painter);
+  paint::PainterSurface surface(painter);
   drawing.ReplayOn(surface);
   painter.restore();
 }
 
-class StaffPicture : public controls::SurfacePicture {
+class StaffPicture : public paint::SurfacePicture {
  public:
-  StaffPicture(std::string name, controls::RecordingSurface drawing)
+  StaffPicture(std::string name, paint::RecordingSurface drawing)
       : name_(std::move(name)), drawing_(std::move(drawing)) {}
   [[nodiscard]] std::string Name() const override { return name_; }
   void PaintOn(QPainter& painter) const override { PaintStaff(painter, drawing_); }
 
  private:
   std::string name_;
-  controls::RecordingSurface drawing_;
+  paint::RecordingSurface drawing_;
 };
 
 }  // namespace
@@ -83,7 +82,7 @@ StaffView::StaffView(QWidget* parent) : QWidget(parent) {
 QRect StaffView::DesignRect() { return {722, 62, 334, 150}; }
 
 void StaffView::Draw(std::int16_t keyIndex, const std::vector<std::int16_t>& intervals, std::string& scaleNotes) {
-  drawing_.SetForeColor(controls::kInk);
+  drawing_.SetForeColor(paint::kInk);
   Announce({});
   update();
   ScoreHandler(&drawing_, keyIndex, intervals, scaleNotes);
@@ -104,10 +103,10 @@ QRectF StaffView::InkOnCard() const {
 void StaffView::ShowNotice(const QString& notice) {
   Clear();
   const std::string text = notice.toStdString();
-  drawing_.SetScaleMode(controls::ScaleMode::kPixels);
-  drawing_.SetForeColor(controls::kInk);
-  controls::SetFontNameOrDefault(drawing_, "Tahoma");
-  drawing_.SetFontSize(controls::Pixels(kNoticePixels));
+  drawing_.SetScaleMode(paint::ScaleMode::kPixels);
+  drawing_.SetForeColor(paint::kInk);
+  paint::SetFontNameOrDefault(drawing_, "Tahoma");
+  drawing_.SetFontSize(paint::Pixels(kNoticePixels));
   drawing_.SetFontBold(true);
   const QRect card = DesignRect();
   drawing_.SetCurrentX(card.center().x() - drawing_.TextWidth(text) / 2);
@@ -121,13 +120,13 @@ void StaffView::Announce(const std::string& notes) {
   setAccessibleName(tr(kTrebleStaff.clef.name) + QLatin1Char(':') + list);
 }
 
-std::shared_ptr<const controls::SurfacePicture> StaffView::Picture() const {
+std::shared_ptr<const paint::SurfacePicture> StaffView::Picture() const {
   return std::make_shared<const StaffPicture>(accessibleName().toStdString(), drawing_);
 }
 
 void StaffView::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  controls::PaintPanel(painter, rect(), QColor(controls::kStaffPaper), QColor(controls::kStaffPaperRim), false);
+  paint::PaintPanel(painter, rect(), QColor(paint::kStaffPaper), QColor(paint::kStaffPaperRim), false);
   painter.translate(-DesignRect().topLeft());
   PaintStaff(painter, drawing_);
 }

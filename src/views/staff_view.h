@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-#include "controls/recording_surface.h"
+#include "paint/recording_surface.h"
 
 namespace tonalith::views {
 
@@ -35,13 +35,13 @@ class StaffView : public QWidget {
   /// Clears the card and writes a sentence on it instead of a staff.
   void ShowNotice(const QString& notice);
 
-  [[nodiscard]] const controls::RecordingSurface& Drawing() const { return drawing_; }
+  [[nodiscard]] const paint::RecordingSurface& Drawing() const { return drawing_; }
   /// The rectangle of the ink as it is painted, in pixels of the form's client area.
   [[nodiscard]] QRectF InkOnCard() const;
 
   /// The drawing in pixels of the form's client area without the card, for paper, as a picture that stands by itself
   /// and does not change with the view. One that is larger than the card is scaled as on the screen.
-  [[nodiscard]] std::shared_ptr<const controls::SurfacePicture> Picture() const;
+  [[nodiscard]] std::shared_ptr<const paint::SurfacePicture> Picture() const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -49,7 +49,7 @@ class StaffView : public QWidget {
  private:
   void Announce(const std::string& notes);
 
-  controls::RecordingSurface drawing_;
+  paint::RecordingSurface drawing_;
 };
 
 }  // namespace tonalith::views

@@ -15,7 +15,7 @@
 #include "app/frm_about.h"
 #include "app/main_window_fixture.h"
 #include "app/notices.h"
-#include "controls/theme.h"
+#include "paint/theme.h"
 
 namespace tonalith::app {
 namespace {
@@ -182,7 +182,7 @@ TEST_F(About, FollowsTheThemeWhileItIsOpenAndKeepsTheNoticesReadable) {
     // Qt tells windows of a new palette only while the application's own loop runs.
     QEvent change(QEvent::ApplicationPaletteChange);
     QCoreApplication::sendEvent(&about, &change);
-    const QPalette warm = controls::WarmPalette(system);
+    const QPalette warm = paint::WarmPalette(system);
     EXPECT_EQ(about.palette().color(QPalette::Window), warm.color(QPalette::Window));
     EXPECT_EQ(Notices().palette().color(QPalette::Text), warm.color(QPalette::Text));
   }

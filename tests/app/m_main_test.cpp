@@ -9,7 +9,7 @@
 #include <map>
 
 #include "core/failure.h"
-#include "core/recording_msg_box.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::app {
 namespace {
@@ -49,7 +49,7 @@ class StartUp : public testing::Test {
   void Move(const std::string& appFolder) { SetWorkingDirectory(appFolder, drives_, directory_, box_); }
   ScriptedDrives drives_;
   ScriptedDirectory directory_;
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
 };
 
 TEST_F(StartUp, DriveOfAShareIsTheFirstLetterThatIsMappedToItInAnyCase) {
@@ -99,7 +99,7 @@ TEST_F(StartUp, FailureIsAPlainMessageAndTheNextStepStillRuns) {
   directory_.failing_ = "C:";
   Move("C:\\Tonalith");
   EXPECT_THAT(directory_.log_, ElementsAre("directory C:\\Tonalith"));
-  using Message = core::RecordingMsgBox::Message;
+  using Message = tests::RecordingMsgBox::Message;
   EXPECT_THAT(box_.Messages(), ElementsAre(Message{"Error: Device unavailable", core::MsgBoxStyle::kOkOnly, ""}));
 }
 

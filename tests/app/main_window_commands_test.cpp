@@ -12,8 +12,8 @@
 #include <fstream>
 
 #include "app/main_window_fixture.h"
-#include "controls/theme.h"
 #include "editor/frm_scales.h"
+#include "paint/theme.h"
 #include "print/frm_print.h"
 #include "search/frm_search.h"
 
@@ -22,7 +22,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Message = core::RecordingMsgBox::Message;
+using Message = tests::RecordingMsgBox::Message;
 
 class Commands : public MainWindowTest {
  protected:
@@ -116,8 +116,8 @@ TEST_F(Commands, ThemeOfTheSystemReachesEveryOpenWindow) {
     QApplication::setPalette(system);
     QEvent change(QEvent::ApplicationPaletteChange);
     QCoreApplication::sendEvent(&form, &change);
-    EXPECT_EQ(controls::IsDark(form.palette()), isDark) << form.objectName().toStdString();
-    EXPECT_EQ(form.palette().color(QPalette::Window), controls::WarmPalette(system).color(QPalette::Window));
+    EXPECT_EQ(paint::IsDark(form.palette()), isDark) << form.objectName().toStdString();
+    EXPECT_EQ(form.palette().color(QPalette::Window), paint::WarmPalette(system).color(QPalette::Window));
   };
   const auto expectBoth = [&](QWidget& form) {
     expectTheme(form, QPalette(QColor(0x30, 0x30, 0x30)), true);

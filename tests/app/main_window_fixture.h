@@ -13,13 +13,13 @@
 #include <vector>
 
 #include "app/m_main.h"
-#include "core/recording_msg_box.h"
-#include "platform/notices/notice_queue.h"
-#include "platform/posix/posix_file_input.h"
 #include "platform/qt/qt_event_pump.h"
-#include "platform/scripted/scripted_help_engine.h"
-#include "platform/scripted/scripted_printer.h"
-#include "platform/silent/silent_mixer.h"
+#include "platform/sound/silent_mixer.h"
+#include "platform/system/notice_queue.h"
+#include "platform/system/posix_file_input.h"
+#include "support/recording_msg_box.h"
+#include "support/scripted_help_engine.h"
+#include "support/scripted_printer.h"
 #include "support/temp_folder.h"
 
 namespace tonalith::app {
@@ -60,15 +60,15 @@ class MainWindowTest : public testing::Test {
   [[nodiscard]] std::string Path(const std::string& file) const { return (temp_.Path() / file).string(); }
 
   tests::TempFolder temp_;
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
   RecordingNotePlayer player_;
   platform::PosixFileInput files_;
   audio::ScaleSoundFiles scaleSounds_{files_};
   platform::NoticeQueue notices_;
   platform::QtEventPump events_;
-  platform::PrintScript printed_;
-  platform::ScriptedPrintService printing_{printed_};
-  platform::ScriptedHelpEngine help_;
+  tests::PrintScript printed_;
+  tests::ScriptedPrintService printing_{printed_};
+  tests::ScriptedHelpEngine help_;
   std::unique_ptr<platform::QtNoticeJoint> joint_;
   std::unique_ptr<platform::WaveOutput> output_;
   std::unique_ptr<audio::SoundManager> sounds_;

@@ -22,7 +22,7 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-using Message = core::RecordingMsgBox::Message;
+using Message = tests::RecordingMsgBox::Message;
 
 const fs::path kFixtures = fs::path(TONALITH_SOURCE_DIR) / "tests" / "data" / "fixtures";
 

@@ -15,8 +15,8 @@
 #include "app/page_composer.h"
 #include "app/print_desk.h"
 #include "core/failure.h"
-#include "platform/qt_print/qt_print_service.h"
-#include "platform/scripted/scripted_printer.h"
+#include "platform/qt/qt_print_service.h"
+#include "support/scripted_printer.h"
 
 namespace tonalith::app {
 
@@ -45,7 +45,7 @@ class Printing : public MainWindowTest {
                                                                         }});
   }
   void Print() {
-    platform::ScriptedPrinter printer(script_, 16000, 11000);
+    tests::ScriptedPrinter printer(script_, 16000, 11000);
     desk_->PrintView(printer);
   }
   std::string PrintPdf(platform::Paper paper = kLandscape) {
@@ -90,8 +90,8 @@ class Printing : public MainWindowTest {
   }
   std::string Page() { return C().printPic->Surface().AsText(); }
 
-  platform::PrintScript script_;
-  platform::ScriptedPrintService service_{script_};
+  tests::PrintScript script_;
+  tests::ScriptedPrintService service_{script_};
   std::unique_ptr<PrintDesk> desk_;
   int staffs_ = 0;
   bool staffBreaks_ = false;

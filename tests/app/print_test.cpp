@@ -4,7 +4,7 @@
 // Printing from the main window: what becomes of the window meanwhile, and what is said when a step fails.
 
 #include "app/print_fixture.h"
-#include "controls/ink.h"
+#include "support/ink.h"
 
 namespace tonalith::app {
 namespace {
@@ -14,7 +14,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
-using Message = core::RecordingMsgBox::Message;
+using Message = tests::RecordingMsgBox::Message;
 
 TEST_F(Printing, HidesWhatDoesNotBelongOnPaperWhileItPrintsAndShowsItAgain) {
   StartOn({"Major", "2212221"});
@@ -23,7 +23,7 @@ TEST_F(Printing, HidesWhatDoesNotBelongOnPaperWhileItPrintsAndShowsItAgain) {
     ++looked;
     for (const QWidget* const control : NotOnPaper()) EXPECT_TRUE(control->isHidden());
     EXPECT_FALSE(C().printPic->isHidden());
-    EXPECT_EQ(C().printPic->Surface().GetScaleMode(), controls::ScaleMode::kPixels);
+    EXPECT_EQ(C().printPic->Surface().GetScaleMode(), paint::ScaleMode::kPixels);
     EXPECT_FALSE(Window().updatesEnabled()) << "nothing of this is to be seen";
     EXPECT_THAT(Window().findChildren<QWidget*>(QStringLiteral("picTemp"), Qt::FindDirectChildrenOnly), SizeIs(1));
     EXPECT_EQ(staffs_, 1);
@@ -78,7 +78,7 @@ TEST_F(Printing, MessageComesWhenTheControlsAreBack) {
   };
   PrintDesk desk(C(), Window(), {service_, looking, [] {}});
   script_.Break("end");
-  platform::ScriptedPrinter printer(script_, 16000, 11000);
+  tests::ScriptedPrinter printer(script_, 16000, 11000);
   desk.PrintView(printer);
   EXPECT_EQ(looked, 1);
 }
@@ -195,7 +195,7 @@ TEST_F(Printing, WindowMayGoWhileAFailureIsTold) {
 
 TEST_F(Printing, ViewThatCannotBeComposedIsPrintedAsItStands) {
   StartOn({"Dorian", "2122212"});
-  platform::ScriptedPrinter printer(script_, 16000, 11000);
+  tests::ScriptedPrinter printer(script_, 16000, 11000);
   desk_->CaptureView({printer, box_});
   ASSERT_THAT(script_.painted, SizeIs(1));
   EXPECT_THAT(script_.Record(), testing::StartsWith("scale mode 3\npaint at 0,0 "));

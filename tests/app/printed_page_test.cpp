@@ -6,7 +6,7 @@
 #include <QFontInfo>
 
 #include "app/print_fixture.h"
-#include "controls/ink.h"
+#include "support/ink.h"
 #include "support/pdf_file.h"
 
 namespace tonalith::app {
@@ -187,10 +187,10 @@ TEST_F(Printing, NoteNamesStandUnderTheStepLineAsOnTheScreen) {
   StartOn({"Minor triad", "345"}, 2);
   Print();
   const std::string page = Page();
-  controls::RecordingSurface surface;
-  surface.SetScaleMode(controls::ScaleMode::kPixels);
+  paint::RecordingSurface surface;
+  surface.SetScaleMode(paint::ScaleMode::kPixels);
   surface.SetFontName(QFontInfo(C().lblScaleNotes->font()).family().toStdString());
-  surface.SetFontSize(controls::Pixels(14));
+  surface.SetFontSize(paint::Pixels(14));
   surface.SetFontBold(true);
   EXPECT_NEAR(104 + surface.TextWidth(" "), 108, 1.5) << "the blank moves the names to the right";
   EXPECT_THAT(page, HasSubstr("print \" D F A\" at 104,"));

@@ -8,7 +8,7 @@
 #include <QScrollBar>
 
 #include "app/main_window_fixture.h"
-#include "core/recording_msg_box.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::app {
 namespace {
@@ -64,7 +64,7 @@ TEST(ScreenFit, TakesAScaleThatCannotBeUsedOutOfTheEnvironmentAndSaysSo) {
   char* arguments[] = {program.data(), nullptr};
   const ScreenFit fit(1, arguments);
   EXPECT_FALSE(qEnvironmentVariableIsSet("QT_SCALE_FACTOR"));
-  core::RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   fit.Report(box);
   ASSERT_EQ(box.Messages().size(), 1U);
   EXPECT_EQ(
@@ -80,7 +80,7 @@ TEST(ScreenFit, KeepsAScaleThatCanBeUsed) {
   const ScreenFit fit(1, arguments);
   EXPECT_EQ(qgetenv("QT_SCALE_FACTOR"), "1.5");
   qunsetenv("QT_SCALE_FACTOR");
-  core::RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   fit.Report(box);
   EXPECT_TRUE(box.Messages().empty());
 }

@@ -21,7 +21,7 @@
 #include <string_view>
 
 #include "app/program.h"
-#include "controls/music_font.h"
+#include "paint/music_font.h"
 
 namespace {
 
@@ -162,7 +162,7 @@ void PrintAll(const QWidget* window) {
   PrintPalettes(window);
   PrintDarkMenu();
   if (window != nullptr) PrintMenuBorder(*window);
-  Print("music", tonalith::controls::MusicFont::Shared().Origin());
+  Print("music", tonalith::paint::MusicFont::Shared().Origin());
   std::fflush(stdout);
 }
 

@@ -22,12 +22,12 @@
 
 #include "app/frm_about.h"
 #include "app/main_window_fixture.h"
-#include "controls/fitting_label.h"
-#include "controls/panel_button.h"
 #include "editor/frm_scales.h"
 #include "help/frm_help.h"
 #include "print/frm_print.h"
 #include "search/frm_search.h"
+#include "windows/fitting_label.h"
+#include "windows/panel_button.h"
 
 namespace tonalith::app {
 namespace {
@@ -115,12 +115,12 @@ int WidthOf(const QString& caption, QFont font, QFont::Weight weight) {
 }
 
 bool IsClipped(const QWidget& widget) {
-  if (const auto* label = qobject_cast<const controls::FittingLabel*>(&widget)) return label->IsElided();
+  if (const auto* label = qobject_cast<const windows::FittingLabel*>(&widget)) return label->IsElided();
   if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
     return label->wordWrap() ? label->heightForWidth(label->width()) > label->height()
                              : label->sizeHint().width() > label->width();
   }
-  if (const auto* button = qobject_cast<const controls::PanelButton*>(&widget)) {
+  if (const auto* button = qobject_cast<const windows::PanelButton*>(&widget)) {
     return WidthOf(button->text(), button->FittedFont(), button->FittedFont().weight()) > button->width() - 8;
   }
   if (const auto* line = qobject_cast<const QLineEdit*>(&widget)) {

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "audio/wave_bytes.h"
-#include "platform/scripted/scripted_audio.h"
+#include "support/scripted_audio.h"
 
 namespace tonalith::audio {
 namespace {
@@ -23,10 +23,10 @@ struct Rig {
     script.Forget();
     return record;
   }
-  platform::AudioScript script;
-  platform::ScriptedFileInput files{script};
-  platform::ScriptedNoticeWindows windows{script};
-  platform::ScriptedWaveOutput output{script, windows};
+  tests::AudioScript script;
+  tests::ScriptedFileInput files{script};
+  tests::ScriptedNoticeWindows windows{script};
+  tests::ScriptedWaveOutput output{script, windows};
   OctaveNotePlayer player;
 };
 
@@ -169,10 +169,10 @@ TEST(OctaveNotePlayer, PlaysAFileThatIsLargerThanItsMemoryWithoutKeepingIt) {
 }
 
 TEST(OctaveNotePlayer, ReleasesItsDeviceWhenItGoes) {
-  platform::AudioScript script;
-  platform::ScriptedFileInput files(script);
-  platform::ScriptedNoticeWindows windows(script);
-  platform::ScriptedWaveOutput output(script, windows);
+  tests::AudioScript script;
+  tests::ScriptedFileInput files(script);
+  tests::ScriptedNoticeWindows windows(script);
+  tests::ScriptedWaveOutput output(script, windows);
   files.Put("1.wav", Wave({}, Number(0, 4)));
   { OctaveNotePlayer(files, output, windows).Play("1.wav"); }
   EXPECT_TRUE(output.OpenDevices().empty());

@@ -19,7 +19,7 @@ namespace tonalith::audio {
 /// A window with a neck in standard tuning; what is done to it goes into the record.
 class ScriptedStage : public PlaybackStage {
  public:
-  explicit ScriptedStage(platform::AudioScript& script) : script_(script) {
+  explicit ScriptedStage(tests::AudioScript& script) : script_(script) {
     const int open[] = {4, 11, 7, 2, 9, 4};
     for (std::size_t image = 0; image < 96; ++image) {
       const auto note = static_cast<std::size_t>(open[image / 16]) + image % 16;
@@ -55,7 +55,7 @@ class ScriptedStage : public PlaybackStage {
   std::array<std::string, 96> tags;
 
  private:
-  platform::AudioScript& script_;
+  tests::AudioScript& script_;
 };
 
 /// Every wait lets the sounding note end, after whatever the test does at that wait.

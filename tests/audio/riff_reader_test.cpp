@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "audio/wave_bytes.h"
-#include "platform/scripted/scripted_audio.h"
+#include "support/scripted_audio.h"
 
 namespace tonalith::audio {
 namespace {
@@ -35,11 +35,11 @@ class OpenRiff {
     return "found " + std::to_string(data.cksize) + " at " + std::to_string(data.dwDataOffset);
   }
 
-  platform::AudioScript& Script() { return script_; }
+  tests::AudioScript& Script() { return script_; }
 
  private:
-  platform::AudioScript script_;
-  platform::ScriptedFileInput files_{script_};
+  tests::AudioScript script_;
+  tests::ScriptedFileInput files_{script_};
   std::unique_ptr<platform::InputFile> file_;
 };
 

@@ -24,8 +24,8 @@ using Samples = std::vector<std::byte>;
 testing::Bytes BytesOf(const std::string& file) { return testing::Text(file); }
 
 Samples SamplesOf(const testing::Bytes& file) {
-  platform::AudioScript script;
-  platform::ScriptedFileInput files(script);
+  tests::AudioScript script;
+  tests::ScriptedFileInput files(script);
   files.Put("file", file);
   const auto open = files.Open("file");
   WaveFile wave(*open);
@@ -36,8 +36,8 @@ Samples SamplesOf(const testing::Bytes& file) {
 }
 
 bool IsShipped(const testing::Bytes& file) {
-  platform::AudioScript script;
-  platform::ScriptedFileInput files(script);
+  tests::AudioScript script;
+  tests::ScriptedFileInput files(script);
   files.Put("file", file);
   return IsShippedRecording(*files.Open("file"));
 }

@@ -180,11 +180,11 @@ TEST(PlayToneNotes, EndsAtOnceWhenItIsCancelledInAWait) {
 
 TEST(PlayToneNotes, EndsWithoutAMessageWhenItIsCancelledInAMessageBox) {
   Rig rig;
-  struct ClosingMsgBox : core::RecordingMsgBox {
+  struct ClosingMsgBox : tests::RecordingMsgBox {
     using core::MsgBox::Show;
     core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override {
       if (then) then();
-      return core::RecordingMsgBox::Show(text, style, title);
+      return tests::RecordingMsgBox::Show(text, style, title);
     }
     std::function<void()> then;
   } box;

@@ -252,12 +252,12 @@ TEST(TerminateSoundManager, LeavesTheWindowsHandleStoredSoThatNoOtherIsMade) {
 }
 
 TEST(SoundManager, ReleasesEverythingQuietlyWhenItGoes) {
-  platform::AudioScript script;
-  platform::ScriptedFileInput files(script);
-  platform::ScriptedNoticeWindows windows(script);
-  platform::ScriptedWaveOutput output(script, windows);
+  tests::AudioScript script;
+  tests::ScriptedFileInput files(script);
+  tests::ScriptedNoticeWindows windows(script);
+  tests::ScriptedWaveOutput output(script, windows);
   testing::RecordingNotifier notifier(script);
-  core::RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   files.Put("a.wav", testing::Wave({}, testing::Number(0, 4)));
   {
     SoundManager sounds(files, output, windows, box);

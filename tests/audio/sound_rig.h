@@ -11,14 +11,14 @@
 #include "audio/scale_sound_files.h"
 #include "audio/sound_manager.h"
 #include "audio/wave_bytes.h"
-#include "core/recording_msg_box.h"
-#include "platform/scripted/scripted_audio.h"
+#include "support/recording_msg_box.h"
+#include "support/scripted_audio.h"
 
 namespace tonalith::testing {
 
 class RecordingNotifier : public audio::SoundManagerNotifier {
  public:
-  explicit RecordingNotifier(platform::AudioScript& script) : script_(script) {}
+  explicit RecordingNotifier(tests::AudioScript& script) : script_(script) {}
   void SoundLoaded(std::int32_t BufferIndex) override { Note("SoundLoaded", BufferIndex); }
   void SoundPlayStart(std::int32_t BufferIndex) override { Note("SoundPlayStart", BufferIndex); }
   void SoundPlayEnd(std::int32_t BufferIndex) override { Note("SoundPlayEnd", BufferIndex); }
@@ -32,21 +32,21 @@ class RecordingNotifier : public audio::SoundManagerNotifier {
     script_.Note(line);
     if (then) then(line);
   }
-  platform::AudioScript& script_;
+  tests::AudioScript& script_;
 };
 
 /// A message box whose messages stand in the record too.
-class NotingMsgBox : public core::RecordingMsgBox {
+class NotingMsgBox : public tests::RecordingMsgBox {
  public:
-  explicit NotingMsgBox(platform::AudioScript& script) : script_(script) {}
+  explicit NotingMsgBox(tests::AudioScript& script) : script_(script) {}
   using core::MsgBox::Show;
   core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override {
     script_.Note("message '" + text + "'");
-    return core::RecordingMsgBox::Show(text, style, title);
+    return tests::RecordingMsgBox::Show(text, style, title);
   }
 
  private:
-  platform::AudioScript& script_;
+  tests::AudioScript& script_;
 };
 
 struct SoundRig {
@@ -63,10 +63,10 @@ struct SoundRig {
     return record;
   }
 
-  platform::AudioScript script;
-  platform::ScriptedFileInput files{script};
-  platform::ScriptedNoticeWindows windows{script};
-  platform::ScriptedWaveOutput output{script, windows};
+  tests::AudioScript script;
+  tests::ScriptedFileInput files{script};
+  tests::ScriptedNoticeWindows windows{script};
+  tests::ScriptedWaveOutput output{script, windows};
   NotingMsgBox box{script};
   RecordingNotifier notifier{script};
   audio::ScaleSoundFiles scaleSounds{files};

@@ -11,8 +11,8 @@
 #include <fstream>
 
 #include "audio/wave_bytes.h"
-#include "platform/posix/posix_file_input.h"
-#include "platform/scripted/scripted_audio.h"
+#include "platform/system/posix_file_input.h"
+#include "support/scripted_audio.h"
 
 namespace tonalith::audio {
 namespace {
@@ -42,8 +42,8 @@ Outcome ReadAll(platform::InputFile& file) {
 }
 
 Outcome ReadAll(const Bytes& bytes) {
-  platform::AudioScript script;
-  platform::ScriptedFileInput files(script);
+  tests::AudioScript script;
+  tests::ScriptedFileInput files(script);
   files.Put("file", bytes);
   return ReadAll(*files.Open("file"));
 }

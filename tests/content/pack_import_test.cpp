@@ -14,8 +14,8 @@
 #include <vector>
 
 #include "content/scale_library.h"
-#include "core/recording_msg_box.h"
 #include "data/data_pack_import.h"
+#include "support/recording_msg_box.h"
 #include "support/temp_folder.h"
 
 namespace tonalith::content_tests {
@@ -110,7 +110,7 @@ class ShippedPacks : public ::testing::Test {
   tests::TempFolder folder_;
   fs::path before_;
   std::vector<std::string> packs_;
-  core::RecordingMsgBox msgBox_;
+  tests::RecordingMsgBox msgBox_;
   SilentObserver observer_;
   data::DataPackImport import_{folder_.Path().string(), msgBox_, observer_};
 };

@@ -16,8 +16,8 @@
 #include <QToolTip>
 
 #include "core/failure.h"
-#include "core/recording_msg_box.h"
 #include "data/schema.h"
+#include "support/recording_msg_box.h"
 #include "support/temp_folder.h"
 
 namespace tonalith::controls {
@@ -35,7 +35,7 @@ class DataControlTest : public testing::Test {
         "INSERT INTO Scales(ScaleID, ScaleName, ScaleTypeID) VALUES (3, 'A', 1), (5, 'A', 1), (9, NULL, 1)");
     control_.SetConnectionString("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path_.string());
     control_.SetRecordSource("SELECT * FROM ScalesQuery");
-    control_.Bind("ScaleID", [this](const data::Value& id) { shown_.push_back(id.TextOr("-")); });
+    control_.Bind("ScaleID", [this](const core::Value& id) { shown_.push_back(id.TextOr("-")); });
   }
   void Execute(const std::string& statements) {
     SQLite::Database db(path_.string(), SQLite::OPEN_READWRITE);
@@ -47,7 +47,7 @@ class DataControlTest : public testing::Test {
 
   tests::TempFolder temp_;
   std::filesystem::path path_ = temp_.Path() / "scales.mdb";
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
   DataControl control_;
   std::vector<std::string> shown_;
 };

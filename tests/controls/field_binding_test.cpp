@@ -15,8 +15,8 @@
 
 #include "controls/data_control.h"
 #include "core/failure.h"
-#include "core/recording_msg_box.h"
 #include "data/schema.h"
+#include "support/recording_msg_box.h"
 #include "support/temp_folder.h"
 
 namespace tonalith::controls {
@@ -47,7 +47,7 @@ class FieldBindingTest : public testing::Test {
 
   tests::TempFolder temp_;
   std::string path_ = temp_ / "scales.mdb";
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
   DataControl control_{QStringLiteral("Data1"), QStringLiteral("Scales"), box_, nullptr};
   QLineEdit name_;
   QLineEdit sort_;
@@ -75,7 +75,7 @@ TEST_F(FieldBindingTest, PutsWhatIsTypedIntoThePendingEdit) {
   QTest::keyClicks(&name_, QStringLiteral("bc"));
   EXPECT_EQ(edited.count(), 2);
   EXPECT_EQ(edited.at(1).at(0).toString(), QStringLiteral("Ab"));
-  EXPECT_EQ(control_.FieldValue(1), data::Value("Abc"));
+  EXPECT_EQ(control_.FieldValue(1), core::Value("Abc"));
   EXPECT_EQ(Saved(), "A 1 text\nB 2 null\n");
   control_.MoveNext();
   EXPECT_EQ(Saved(), "Abc 1 text\nB 2 null\n");
@@ -102,11 +102,11 @@ TEST_F(FieldBindingTest, LeavesLineBreaksAsTheDatabaseHasThem) {
 TEST_F(FieldBindingTest, MakesNumbersOfNumbersAndNullOfNothing) {
   control_.Refresh();
   sortField_->SetText(QStringLiteral(" 12 "));
-  EXPECT_EQ(control_.FieldValue(7), data::Value(12));
+  EXPECT_EQ(control_.FieldValue(7), core::Value(12));
   sortField_->SetText({});
   EXPECT_TRUE(control_.FieldValue(7).IsNull());
   sortField_->SetText(QStringLiteral("last"));
-  EXPECT_EQ(control_.FieldValue(7), data::Value("last"));
+  EXPECT_EQ(control_.FieldValue(7), core::Value("last"));
 }
 
 TEST_F(FieldBindingTest, SaysWhyTypingIsInVain) {
@@ -124,7 +124,7 @@ TEST_F(FieldBindingTest, KeepsARefusedEditAndRemembersThatItWasRefused) {
   EXPECT_TRUE(control_.IsEditRefused());
   control_.RunMove(&DataControl::MoveNext);
   EXPECT_EQ(box_.Texts(), "There is a scale of this name already.\n");
-  EXPECT_EQ(control_.FieldValue(0), data::Value(1)) << "still there";
+  EXPECT_EQ(control_.FieldValue(0), core::Value(1)) << "still there";
   nameField_->SetText(QStringLiteral("C"));
   EXPECT_FALSE(control_.IsEditRefused());
   control_.CancelUpdate();

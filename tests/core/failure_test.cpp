@@ -11,12 +11,12 @@
 
 #include "core/deferred_failure.h"
 #include "core/held_messages.h"
-#include "core/recording_msg_box.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::core {
 namespace {
 
-using Message = RecordingMsgBox::Message;
+using Message = tests::RecordingMsgBox::Message;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -47,7 +47,7 @@ TEST(FailureTest, OtherExceptionsBecomeFailuresThatKeepTheirText) {
 }
 
 TEST(DeferredFailureTest, RunsTheNextStepAfterAFailingOneAndReportsTheLatestOnce) {
-  RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   DeferredFailure deferred;
   int ran = 0;
   EXPECT_FALSE(deferred.Try([] { throw Failure::Overflow(); }));
@@ -63,7 +63,7 @@ TEST(DeferredFailureTest, RunsTheNextStepAfterAFailingOneAndReportsTheLatestOnce
 }
 
 TEST(DeferredFailureTest, ReportsNumberAndDescriptionInTheStyleAskedFor) {
-  RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   DeferredFailure deferred;
   deferred.Try([] { throw Failure::SubscriptOutOfRange(); });
   deferred.ReportNumberAndDescription(box, MsgBoxStyle::kCritical);
@@ -71,7 +71,7 @@ TEST(DeferredFailureTest, ReportsNumberAndDescriptionInTheStyleAskedFor) {
 }
 
 TEST(DeferredFailureTest, ReportsAFailureOnceWithItsNumberToo) {
-  RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   DeferredFailure deferred;
   deferred.Try([] { throw Failure::Overflow(); });
   deferred.ReportNumberAndDescription(box);
@@ -82,7 +82,7 @@ TEST(DeferredFailureTest, ReportsAFailureOnceWithItsNumberToo) {
 }
 
 TEST(DeferredFailureTest, SaysNothingWhenNothingFailedOrWhenItWasCleared) {
-  RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   DeferredFailure deferred;
   deferred.ReportDescription(box);
   deferred.Try([] { throw Failure::Overflow(); });
@@ -95,7 +95,7 @@ TEST(HeldMessagesTest, ShowsWhatItHeldOnceAndInItsOrder) {
   HeldMessages held;
   EXPECT_EQ(held.Show("first", MsgBoxStyle::kYesNo, "title"), MsgBoxAnswer::kOk);
   held.Show("second");
-  RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   held.ShowAll(box);
   held.ShowAll(box);
   EXPECT_THAT(box.Messages(),
@@ -103,7 +103,7 @@ TEST(HeldMessagesTest, ShowsWhatItHeldOnceAndInItsOrder) {
 }
 
 TEST(MsgBoxTest, RecordedBoxAnswersFromItsScriptAndThenWithTheDefaultButton) {
-  RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   box.AnswerNext(MsgBoxAnswer::kYes);
   const MsgBoxStyle askNo = MsgBoxStyle::kYesNo | MsgBoxStyle::kQuestion | MsgBoxStyle::kDefaultButton2;
   EXPECT_EQ(box.Show("?", askNo, "t"), MsgBoxAnswer::kYes);

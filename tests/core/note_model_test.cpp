@@ -10,20 +10,20 @@
 
 #include "core/current_scale.h"
 #include "core/failure.h"
-#include "core/recording_msg_box.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::core {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Message = RecordingMsgBox::Message;
+using Message = tests::RecordingMsgBox::Message;
 
 constexpr MsgBoxStyle kPlain = MsgBoxStyle::kOkOnly;
 
 class NoteModel : public testing::Test {
  protected:
-  RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
 };
 
 TEST_F(NoteModel, EveryNameHasItsNumberAndEveryNumberItsName) {

@@ -7,14 +7,14 @@
 #include <gtest/gtest.h>
 
 #include "core/failure.h"
-#include "core/recording_msg_box.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::core {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Message = RecordingMsgBox::Message;
+using Message = tests::RecordingMsgBox::Message;
 
 constexpr const char* kMajor = "2212221";
 
@@ -23,7 +23,7 @@ class ScaleConstruction : public testing::Test {
   std::string At(int start, IntervalPattern pattern, int position) {
     return ScaleArray(static_cast<NoteNumber>(start), "1", pattern, static_cast<std::int16_t>(position), box_);
   }
-  RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
 };
 
 TEST_F(ScaleConstruction, MajorOnCWalksFromCToCAndThenIsEmpty) {

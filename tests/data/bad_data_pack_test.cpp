@@ -108,27 +108,27 @@ TEST_F(BadDataPackTest, NeverWritesAPackNorBesideIt) {
   const std::string plain = MakePack("DataPack_A.mdb", kAddScale);
   const std::string older = MakePack("DataPack_B.mdb", "PRAGMA user_version = 0");
   const std::string logged = MakePack("DataPack_C.mdb", "PRAGMA journal_mode = WAL; PRAGMA user_version = 1");
-  const std::string jet = CopyPack(kJet2000, "DataPack_D.mdb");
+  const std::string jet = CopyPack(jet::kJet2000, "DataPack_D.mdb");
   for (const std::string& pack : {plain, older, logged, jet}) {
-    const std::string before = ContentOfFile(pack);
+    const std::string before = jet::ContentOfFile(pack);
     const auto time = fs::last_write_time(pack);
     Install(pack);
     EXPECT_EQ(Shown(), Imported(pack));
-    EXPECT_EQ(ContentOfFile(pack), before);
+    EXPECT_EQ(jet::ContentOfFile(pack), before);
     EXPECT_EQ(fs::last_write_time(pack), time);
   }
   EXPECT_EQ(std::distance(fs::directory_iterator(Packs()), {}), 4);
 }
 
 TEST_F(BadDataPackTest, RefusesADamagedJetPackInWords) {
-  std::string content = ContentOfFile(kJet2003);
-  content.resize(content.size() - 3 * kJetPage);
+  std::string content = jet::ContentOfFile(jet::kJet2003);
+  content.resize(content.size() - 3 * jet::kJetPage);
   std::ofstream(Packs() + "DataPack_A.mdb", std::ios::binary) << content;
-  const std::string before = ContentOfFile(Main());
+  const std::string before = jet::ContentOfFile(Main());
   Install(Packs() + "DataPack_A.mdb");
   EXPECT_THAT(Shown(), StartsWith("Error importing " + Packs() + "DataPack_A.mdb\nThe file '" + Packs() +
                                   "DataPack_A.mdb' cannot be read: it is "));
-  EXPECT_EQ(ContentOfFile(Main()), before);
+  EXPECT_EQ(jet::ContentOfFile(Main()), before);
 }
 
 TEST_F(BadDataPackTest, LeavesNothingBehindWhenKilledHalfWay) {

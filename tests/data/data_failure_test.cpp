@@ -51,7 +51,7 @@ TEST(DataFailure, SaysInWordsOfItsOwnWhatTheEngineReportsAboutAFile) {
 TEST(DataFailure, KeepsTheNumbersThatMemoryAndTypesHaveEverywhere) {
   EXPECT_EQ(FromEngine(SQLite::Exception("words", SQLITE_NOMEM), "").Number(), core::failure_number::kOutOfMemory);
   EXPECT_EQ(FromEngine(SQLite::Exception("words", SQLITE_MISMATCH), "").Number(), 13);
-  EXPECT_EQ(FromEngine(SQLite::Exception("words", SQLITE_FULL), "").Number(), failure_number::kUnspecified);
+  EXPECT_EQ(FromEngine(SQLite::Exception("words", SQLITE_FULL), "").Number(), core::failure_number::kUnspecified);
 }
 
 TEST(DataFailure, TellsWhichRuleARecordBreaks) {

@@ -13,26 +13,16 @@
 #include <memory>
 #include <string>
 
-#include "core/failure.h"
 #include "data/connection.h"
 #include "data/record_set.h"
 #include "data/scale_database.h"
 #include "data/schema.h"
+#include "support/failure_of.h"
 #include "support/temp_folder.h"
 
 namespace tonalith::data {
 
-/// Runs `step` and gives the failure that it throws; fails the test when it throws none.
-template <class Step>
-core::Failure FailureOf(Step step) {
-  try {
-    step();
-  } catch (const core::Failure& failure) {
-    return failure;
-  }
-  ADD_FAILURE() << "no failure was thrown";
-  return {0, ""};
-}
+using tests::FailureOf;
 
 /// Runs SQL of the engine on a file without the data room.
 inline void RunRaw(const std::string& path, const std::string& sql) {

@@ -13,10 +13,10 @@
 #include <string>
 #include <vector>
 
-#include "core/recording_msg_box.h"
 #include "data/data_fixture.h"
 #include "data/data_pack_import.h"
-#include "data/jet_fixture.h"
+#include "jet/jet_fixture.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::data {
 
@@ -75,16 +75,16 @@ class DataPackImportTest : public ::testing::Test {
   static std::string Imported(const std::string& path) { return "Imported data pack: \n" + path + "\n"; }
 
   void ExpectRefused(const std::string& path, const std::string& why) {
-    const std::string before = ContentOfFile(Main());
+    const std::string before = jet::ContentOfFile(Main());
     Install(path);
     EXPECT_EQ(Shown(), "Error importing " + path + "\n" + why + "\n");
-    EXPECT_EQ(ContentOfFile(Main()), before);
+    EXPECT_EQ(jet::ContentOfFile(Main()), before);
   }
 
   DatabaseFolder program_;
   std::string main_ = program_.Path();
   std::filesystem::path before_;
-  core::RecordingMsgBox msgBox_;
+  tests::RecordingMsgBox msgBox_;
   CountingObserver observer_;
   DataPackImport import_{program_.Folder(), msgBox_, observer_};
 };

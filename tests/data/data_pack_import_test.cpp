@@ -32,8 +32,8 @@ TEST_F(DataPackImportTest, AddsTypesUnderTheirNumbersAndScalesUnderNewOnes) {
 TEST_F(DataPackImportTest, TellsInTheInformationStyleUnderTheProgramsTitle) {
   const std::string pack = MakePack("DataPack_Folk.mdb", kAddScale);
   Install(pack);
-  EXPECT_THAT(msgBox_.Messages(), ElementsAre(core::RecordingMsgBox::Message{"Imported data pack: \n" + pack,
-                                                                             core::MsgBoxStyle::kInformation, ""}));
+  EXPECT_THAT(msgBox_.Messages(), ElementsAre(tests::RecordingMsgBox::Message{"Imported data pack: \n" + pack,
+                                                                              core::MsgBoxStyle::kInformation, ""}));
 }
 
 TEST_F(DataPackImportTest, CountsPacksThatArrivedAndTheScalesThatTheyHaveAdded) {
@@ -48,14 +48,14 @@ TEST_F(DataPackImportTest, CountsPacksThatArrivedAndTheScalesThatTheyHaveAdded) 
 TEST_F(DataPackImportTest, EndsWithoutAMessageWhereItsObserverStopsIt) {
   MakePack("DataPack_A.mdb", ManyScales(2000));
   MakePack("DataPack_B.mdb", ManyScales(2000));
-  const std::string before = ContentOfFile(Main());
+  const std::string before = jet::ContentOfFile(Main());
   observer_.onProgress = [] { throw ImportStopped(); };
   InstallAll();
   EXPECT_TRUE(import_.IsStopped());
   EXPECT_EQ(Shown(), "");
   EXPECT_EQ(observer_.calls, 1);
   EXPECT_EQ(observer_.packsDone, 0);
-  EXPECT_EQ(ContentOfFile(Main()), before);
+  EXPECT_EQ(jet::ContentOfFile(Main()), before);
 }
 
 TEST_F(DataPackImportTest, TellsAFailureInTheCriticalStyle) {
@@ -197,7 +197,7 @@ TEST_F(DataPackImportTest, GoesOnBehindAPackThatFails) {
 }
 
 TEST_F(DataPackImportTest, ImportsTheFirstJetPack) {
-  const std::string pack = CopyPack(kJet2000, "DataPack_Jet2000.mdb");
+  const std::string pack = CopyPack(jet::kJet2000, "DataPack_Jet2000.mdb");
   Install(pack);
   EXPECT_EQ(Shown(), Imported(pack));
   EXPECT_EQ(Ask("SELECT group_concat(ScaleTypeID || ScaleTypeName) FROM ScaleTypes"),
@@ -215,7 +215,7 @@ TEST_F(DataPackImportTest, ImportsTheFirstJetPack) {
 }
 
 TEST_F(DataPackImportTest, ImportsTheSecondJetPack) {
-  const std::string pack = CopyPack(kJet2003, "DataPack_Jet2003.mdb");
+  const std::string pack = CopyPack(jet::kJet2003, "DataPack_Jet2003.mdb");
   Install(pack);
   EXPECT_EQ(Shown(), Imported(pack));
   EXPECT_EQ(Ask("SELECT count(*) FROM Scales WHERE ScaleName LIKE 'Fixture Row ___' AND ScaleTypeID = 402"), "270");

@@ -13,15 +13,15 @@
 #include <string>
 
 #include "core/field_limits.h"
-#include "core/recording_msg_box.h"
 #include "data/schema_guard.h"
 #include "data_fixture.h"
+#include "support/recording_msg_box.h"
 #include "support/timed.h"
 
 namespace tonalith::data {
 namespace {
 
-using core::RecordingMsgBox;
+using tests::RecordingMsgBox;
 
 constexpr const char* kEndless = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) ";
 constexpr const char* kFields =
@@ -73,7 +73,7 @@ TEST(HostileLibrary, EndlessStoredQueryIsReplacedByOurOwnWithANotice) {
                             "SELECT i AS ScaleID, 'n' AS ScaleName, " + kFields);
   const std::string before = ContentOf(folder.Path());
   Soon([&] {
-    RecordingMsgBox msgBox;
+    tests::RecordingMsgBox msgBox;
     ScaleDatabase database(folder.Folder(), msgBox);
     database.OpenShared();
     EXPECT_EQ(NamesIn(*database.ScaleRecordset()), kFourNames);
@@ -224,7 +224,7 @@ TEST(HostileLibrary, NameOfSomeMegabytesIsWholeSoThatItIsFound) {
   RecordSet records;
   records.Open("SELECT * FROM ScalesQuery", folder.Open());
   EXPECT_EQ(FieldText(records, 1).size(), 3'000'000U);
-  RecordingMsgBox msgBox;
+  tests::RecordingMsgBox msgBox;
   ScaleDatabase database(folder.Folder(), msgBox);
   EXPECT_EQ(database.GetScaleIntervalsFromDB(FieldText(records, 1)).size(), 7U);
 }

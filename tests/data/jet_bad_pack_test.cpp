@@ -27,18 +27,18 @@ class BadJetPackTest : public DataPackImportTest {
 };
 
 TEST_F(BadJetPackTest, SaysThatItIsEncrypted) {
-  const std::string pack = WritePack(ContentWith(kJet2000, {{0x3E, 0x01}}));
+  const std::string pack = WritePack(jet::ContentWith(jet::kJet2000, {{0x3E, 0x01}}));
   ExpectRefused(pack, CannotBeRead(pack) + "encrypted. Save it without encryption and try again.");
 }
 
 TEST_F(BadJetPackTest, SaysThatItHasAPassword) {
-  const std::string pack = WritePack(ContentWith(kJet2003, {{0x42, 'a'}}));
+  const std::string pack = WritePack(jet::ContentWith(jet::kJet2003, {{0x42, 'a'}}));
   ExpectRefused(pack, CannotBeRead(pack) + "protected with a password. Remove the password and try again.");
 }
 
 TEST_F(BadJetPackTest, SaysThatItIsTruncatedWhereverItEnds) {
-  const std::string whole = ContentOfFile(kJet2000);
-  for (std::size_t size = 100; size < whole.size(); size += 3 * kJetPage - 17) {
+  const std::string whole = jet::ContentOfFile(jet::kJet2000);
+  for (std::size_t size = 100; size < whole.size(); size += 3 * jet::kJetPage - 17) {
     const std::string pack = WritePack(whole.substr(0, size));
     Install(pack);
     const std::string shown = Shown();
@@ -49,7 +49,7 @@ TEST_F(BadJetPackTest, SaysThatItIsTruncatedWhereverItEnds) {
 }
 
 TEST_F(BadJetPackTest, SaysWhichTableIsMissing) {
-  std::string content = ContentOfFile(kJet2000);
+  std::string content = jet::ContentOfFile(jet::kJet2000);
   const std::string wide("S\0c\0a\0l\0e\0T\0y\0p\0e\0s\0", 20);
   content.replace(content.find(wide), 2, std::string("X\0", 2));
   const std::string pack = WritePack(content);
@@ -58,15 +58,15 @@ TEST_F(BadJetPackTest, SaysWhichTableIsMissing) {
 
 // Whatever the bytes are: one message, and a main database that is sound.
 TEST_F(BadJetPackTest, SurvivesEveryKindOfDamage) {
-  const std::string whole = ContentOfFile(kJet2000);
-  const std::string main = ContentOfFile(Main());
+  const std::string whole = jet::ContentOfFile(jet::kJet2000);
+  const std::string main = jet::ContentOfFile(Main());
   int refused = 0;
   for (unsigned seed = 0; seed < 30; ++seed) {
     std::mt19937 random(seed);
     std::string content = whole;
     for (std::size_t change = 1 + random() % 24; change > 0; --change) {
-      const std::size_t page = random() % (whole.size() / kJetPage);
-      content[page * kJetPage + random() % (seed % 2 == 0 ? 64 : kJetPage)] = static_cast<char>(random());
+      const std::size_t page = random() % (whole.size() / jet::kJetPage);
+      content[page * jet::kJetPage + random() % (seed % 2 == 0 ? 64 : jet::kJetPage)] = static_cast<char>(random());
     }
     const std::string pack = WritePack(content);
     Install(pack);
@@ -77,14 +77,14 @@ TEST_F(BadJetPackTest, SurvivesEveryKindOfDamage) {
     }
     ++refused;
     EXPECT_THAT(shown, StartsWith("Error importing " + pack + "\n")) << seed;
-    EXPECT_EQ(ContentOfFile(Main()), main) << seed;
+    EXPECT_EQ(jet::ContentOfFile(Main()), main) << seed;
   }
   ExpectAtRest(Main());
   EXPECT_GT(refused, 5);
 }
 
 TEST_F(BadJetPackTest, LeavesNothingWhereverTheDiskFillsUp) {
-  const std::string pack = CopyPack(kJet2003, "DataPack_A.mdb");
+  const std::string pack = CopyPack(jet::kJet2003, "DataPack_A.mdb");
   const std::string before = ContentOfDatabase(Main());
   PackDisk disk;
   int refusals = 0;

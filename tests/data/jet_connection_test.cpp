@@ -10,7 +10,7 @@
 
 #include "data/data_failure.h"
 #include "data/data_fixture.h"
-#include "data/jet_fixture.h"
+#include "jet/jet_fixture.h"
 
 namespace tonalith::data {
 namespace {
@@ -22,26 +22,26 @@ std::shared_ptr<Connection> OpenJet(const std::string& path) {
 }
 
 TEST(JetConnection, OpensRecordSetsOverItsTables) {
-  const auto connection = OpenJet(kJet2000);
+  const auto connection = OpenJet(jet::kJet2000);
   RecordSet types;
   types.Open("SELECT * FROM ScaleTypes", connection, CursorType::kStatic, LockType::kReadOnly);
   EXPECT_EQ(Lines(types, {"ScaleTypeID", "ScaleTypeNo", "ScaleTypeName"}),
             "401 | 401 | Fixture modes\n1 | 1 | A name the main database has under another word\n");
   RecordSet scales;
-  scales.Open("SELECT * FROM Scales", OpenJet(kJet2003), CursorType::kStatic, LockType::kReadOnly);
+  scales.Open("SELECT * FROM Scales", OpenJet(jet::kJet2003), CursorType::kStatic, LockType::kReadOnly);
   EXPECT_EQ(scales.RecordCount(), 270);
   EXPECT_EQ(scales.FieldCount(), 13);
 }
 
 TEST(JetConnection, ComparesTextWithoutRegardToCase) {
   RecordSet scales;
-  scales.Open("SELECT ScaleIntervals FROM Scales WHERE ScaleName = 'FERRYMAN''S LAMENT'", OpenJet(kJet2000));
+  scales.Open("SELECT ScaleIntervals FROM Scales WHERE ScaleName = 'FERRYMAN''S LAMENT'", OpenJet(jet::kJet2000));
   EXPECT_EQ(FieldText(scales, 0), "2131221");
 }
 
 TEST(JetConnection, TakesNoChanges) {
   const tests::TempFolder folder;
-  const std::string path = folder.Write("a.mdb", ContentOfFile(kJet2000));
+  const std::string path = folder.Write("a.mdb", jet::ContentOfFile(jet::kJet2000));
   const auto connection = OpenJet(path);
   EXPECT_TRUE(connection->IsReadOnly());
   RecordSet scales;
@@ -49,19 +49,19 @@ TEST(JetConnection, TakesNoChanges) {
   scales.SetFieldValue("ScaleName", "x");
   EXPECT_EQ(FailureOf([&] { scales.Update(); }).Description(),
             "Cannot update. The database '" + path + "' or its folder is read-only.");
-  EXPECT_EQ(ContentOfFile(path), ContentOfFile(kJet2000));
+  EXPECT_EQ(jet::ContentOfFile(path), jet::ContentOfFile(jet::kJet2000));
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
 }
 
 TEST(JetConnection, KnowsNoStoredQueryWhereTheFileHasNone) {
   RecordSet scales;
-  EXPECT_EQ(FailureOf([&] { scales.Open("SELECT * FROM ScalesQuery", OpenJet(kJet2000)); }).Number(),
+  EXPECT_EQ(FailureOf([&] { scales.Open("SELECT * FROM ScalesQuery", OpenJet(jet::kJet2000)); }).Number(),
             failure_number::kUnknownTable);
 }
 
 TEST(JetConnection, NamesADamagedFileInItsFailure) {
   const tests::TempFolder folder;
-  const std::string path = folder.Write("a.mdb", ContentOfFile(kJet2000).substr(0, 20 * kJetPage));
+  const std::string path = folder.Write("a.mdb", jet::ContentOfFile(jet::kJet2000).substr(0, 20 * jet::kJetPage));
   EXPECT_THAT(FailureOf([&] { OpenJet(path); }).Description(),
               ::testing::StartsWith("The file '" + path + "' cannot be read: it is damaged"));
 }

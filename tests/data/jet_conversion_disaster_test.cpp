@@ -15,9 +15,9 @@
 #include <set>
 
 #include "data/jet_conversion.h"
-#include "data/jet_file.h"
 #include "data/pack_disaster_fixture.h"
 #include "data/pack_disk.h"
+#include "jet/jet_file.h"
 
 namespace tonalith::data {
 namespace {
@@ -39,13 +39,13 @@ class JetConversionDisaster : public ::testing::Test {
     return names;
   }
   void ExpectUnchanged() const {
-    EXPECT_EQ(ContentOfFile(path_), content_);
+    EXPECT_EQ(jet::ContentOfFile(path_), content_);
     EXPECT_EQ(Names(), std::set<std::string>{std::string(kDatabaseFileName)});
   }
   void ExpectConverted() const {
     EXPECT_EQ(AskRaw(path_, "SELECT count(*) || ' ' || sum(ScaleID) FROM Scales"), "5 15");
     ExpectAtRest(path_);
-    EXPECT_EQ(ContentOfFile(folder_ / "TonalithDB97 (Jet file before conversion).mdb"), content_);
+    EXPECT_EQ(jet::ContentOfFile(folder_ / "TonalithDB97 (Jet file before conversion).mdb"), content_);
     EXPECT_EQ(Names().size(), 2U);
   }
   [[nodiscard]] std::string Refusal() const {
@@ -57,7 +57,7 @@ class JetConversionDisaster : public ::testing::Test {
 
   tests::TempFolder folder_;
   std::string path_ = folder_ / kDatabaseFileName;
-  std::string content_ = ContentOfFile(kJet2000);
+  std::string content_ = jet::ContentOfFile(jet::kJet2000);
 };
 
 TEST_F(JetConversionDisaster, ChangesNothingWhereverTheDiskFillsUp) {
@@ -92,7 +92,7 @@ TEST_F(JetConversionDisaster, IsMadeGoodAtTheNextStartWhereverItWasKilled) {
       ConvertMainDatabaseIfJet(path_);
     });
     if (!isKilled) break;
-    ASSERT_EQ(ContentOfFile(path_), content_) << step;
+    ASSERT_EQ(jet::ContentOfFile(path_), content_) << step;
     ASSERT_TRUE(ConvertMainDatabaseIfJet(path_).has_value());
     ExpectConverted();
   }
@@ -105,11 +105,11 @@ TEST_F(JetConversionDisaster, SaysThatARealDiskIsFull) {
   const SmallDisk disk(temp.Path().string(), 1024);
   if (!disk.IsThere()) GTEST_SKIP() << "this system lets nobody mount a file system";
   const std::string path = temp / kDatabaseFileName;
-  fs::copy_file(kJet2000, path);
+  fs::copy_file(jet::kJet2000, path);
   disk.FillUp(24);
   EXPECT_THAT(FailureOf([&] { ConvertMainDatabaseIfJet(path); }).Description(),
               ::testing::EndsWith("The disk that holds '" + path + ".converting' is full. Nothing was saved."));
-  EXPECT_EQ(ContentOfFile(path), content_);
+  EXPECT_EQ(jet::ContentOfFile(path), content_);
   EXPECT_FALSE(fs::exists(path + ".converting"));
   disk.MakeRoom();
   EXPECT_TRUE(ConvertMainDatabaseIfJet(path).has_value());
@@ -129,7 +129,7 @@ TEST_F(JetConversionDisaster, LeavesAFileAloneThatAnotherProgramHasChangedMeanwh
 }
 
 TEST_F(JetConversionDisaster, RefusesAnEncryptedFileAndChangesNothing) {
-  content_ = ContentWith(kJet2000, {{0x3E, 0x01}});
+  content_ = jet::ContentWith(jet::kJet2000, {{0x3E, 0x01}});
   PutJetFile();
   EXPECT_EQ(Refusal(), CannotBeConverted() + "The file '" + path_ +
                            "' cannot be read: it is encrypted. Save it without encryption and try again.");

@@ -13,8 +13,8 @@
 #include <set>
 
 #include "data/data_fixture.h"
-#include "data/jet_file.h"
-#include "data/jet_fixture.h"
+#include "jet/jet_file.h"
+#include "jet/jet_fixture.h"
 
 namespace tonalith::data {
 namespace {
@@ -27,7 +27,7 @@ using ::testing::StartsWith;
 // A folder whose main database is a Jet file.
 class JetFolder {
  public:
-  explicit JetFolder(const std::string& content = ContentOfFile(kJet2003)) : content_(content) {
+  explicit JetFolder(const std::string& content = jet::ContentOfFile(jet::kJet2003)) : content_(content) {
     static_cast<void>(folder_.Write(kDatabaseFileName, content));
   }
 
@@ -40,14 +40,14 @@ class JetFolder {
   }
   /// The Jet file is untouched, and alone.
   void ExpectUnchanged() const {
-    EXPECT_EQ(ContentOfFile(Path()), content_);
+    EXPECT_EQ(jet::ContentOfFile(Path()), content_);
     EXPECT_EQ(Names(), std::set<std::string>{std::string(kDatabaseFileName)});
   }
   /// The database is complete, and the Jet file is there under its other name.
   void ExpectConverted() const {
     EXPECT_EQ(AskRaw(Path(), "SELECT count(*) || ' ' || sum(ScaleID) FROM Scales"), "270 40620");
     EXPECT_EQ(AskRaw(Path(), "PRAGMA integrity_check"), "ok");
-    EXPECT_EQ(ContentOfFile(Kept()), content_);
+    EXPECT_EQ(jet::ContentOfFile(Kept()), content_);
     EXPECT_EQ(Names().size(), 2U);
   }
 
@@ -58,9 +58,9 @@ class JetFolder {
 
 TEST(JetConversion, LeavesEverythingAloneThatIsNoJetFile) {
   const DatabaseFolder ours;
-  const std::string before = ContentOfFile(ours.Path());
+  const std::string before = jet::ContentOfFile(ours.Path());
   EXPECT_FALSE(ConvertMainDatabaseIfJet(ours.Path()).has_value());
-  EXPECT_EQ(ContentOfFile(ours.Path()), before);
+  EXPECT_EQ(jet::ContentOfFile(ours.Path()), before);
   EXPECT_FALSE(ConvertMainDatabaseIfJet(ours.Path() + ".absent").has_value());
 }
 
@@ -69,7 +69,7 @@ TEST(JetConversion, MakesAScaleDatabaseAndKeepsTheJetFileBesideIt) {
   EXPECT_EQ(ConvertMainDatabaseIfJet(folder.Path()), folder.Kept());
   folder.ExpectConverted();
   EXPECT_EQ(AskRaw(folder.Path(), "PRAGMA application_id"), std::to_string(kApplicationId));
-  EXPECT_TRUE(IsJetFile(folder.Kept()));
+  EXPECT_TRUE(jet::IsJetFile(folder.Kept()));
 }
 
 TEST(JetConversion, HappensOnce) {
@@ -89,7 +89,7 @@ TEST(JetConversion, CarriesFieldsOverThatOnlyTheJetFileHas) {
 }
 
 TEST(JetConversion, GivesADatabaseThatCanBeEdited) {
-  const JetFolder folder(ContentOfFile(kJet2000));
+  const JetFolder folder(jet::ContentOfFile(jet::kJet2000));
   ASSERT_TRUE(ConvertMainDatabaseIfJet(folder.Path()).has_value());
   const auto connection = std::make_shared<Connection>();
   connection->Open(FullConnectionString(folder.Path()));
@@ -114,8 +114,8 @@ TEST(JetConversion, GivesADatabaseThatCanBeEdited) {
 }
 
 TEST(JetConversion, RefusesADamagedFileAndChangesNothing) {
-  std::string content = ContentOfFile(kJet2003);
-  content.resize(content.size() - kJetPage);
+  std::string content = jet::ContentOfFile(jet::kJet2003);
+  content.resize(content.size() - jet::kJetPage);
   const JetFolder folder(content);
   EXPECT_THAT(FailureOf([&] { ConvertMainDatabaseIfJet(folder.Path()); }).Description(),
               AllOf(StartsWith("The Jet database '" + folder.Path() +
@@ -142,12 +142,12 @@ std::size_t PlaceInCatalog(const std::string& content, const std::string& name) 
 }
 
 std::string ContentWithName(const std::string& path, const std::string& from, const std::string& to) {
-  std::string content = ContentOfFile(path);
+  std::string content = jet::ContentOfFile(path);
   return content.replace(PlaceInCatalog(content, from), 2 * from.size(), Wide(to));
 }
 
 std::string ContentWithType(const std::string& path, const std::string& name, std::int16_t type) {
-  std::string content = ContentOfFile(path);
+  std::string content = jet::ContentOfFile(path);
   const std::size_t place = PlaceInCatalog(content, name) - kTypeBeforeName;
   content.at(place) = static_cast<char>(type & 0xFF);
   content.at(place + 1) = static_cast<char>(type >> 8);
@@ -155,14 +155,14 @@ std::string ContentWithType(const std::string& path, const std::string& name, st
 }
 
 TEST(JetConversion, RefusesAFileWithoutATableOfScaleTypes) {
-  const JetFolder folder(ContentWithName(kJet2003, "ScaleTypes", "ScaleThing"));
+  const JetFolder folder(ContentWithName(jet::kJet2003, "ScaleTypes", "ScaleThing"));
   EXPECT_THAT(FailureOf([&] { ConvertMainDatabaseIfJet(folder.Path()); }).Description(),
               EndsWith("nothing was changed. It has no table 'ScaleTypes'."));
   folder.ExpectUnchanged();
 }
 
 TEST(JetConversion, CarriesATableOverThatOnlyTheJetFileHas) {
-  std::string content = ContentWithName(kJet2003, "MSysNavPaneGroups", "Players and Bands");
+  std::string content = ContentWithName(jet::kJet2003, "MSysNavPaneGroups", "Players and Bands");
   content.at(PlaceInCatalog(content, "Players and Bands") - kFlagsBeforeName) = 0;
   const JetFolder folder(content);
   ASSERT_TRUE(ConvertMainDatabaseIfJet(folder.Path()).has_value());
@@ -174,7 +174,7 @@ TEST(JetConversion, SaysWhatAScaleDatabaseCannotHoldAndChangesNothing) {
   const std::vector<std::pair<std::int16_t, std::string>> kinds = {
       {5, "stored query"}, {6, "linked table"}, {8, "relationship"}, {-32768, "form"}, {-32764, "report"}};
   for (const auto& [type, words] : kinds) {
-    const JetFolder folder(ContentWithType(kJet2003, "SummaryInfo", type));
+    const JetFolder folder(ContentWithType(jet::kJet2003, "SummaryInfo", type));
     EXPECT_THAT(FailureOf([&] { ConvertMainDatabaseIfJet(folder.Path()); }).Description(),
                 EndsWith("nothing was changed. A scale database cannot hold " + words + " 'SummaryInfo'."));
     folder.ExpectUnchanged();
@@ -182,7 +182,7 @@ TEST(JetConversion, SaysWhatAScaleDatabaseCannotHoldAndChangesNothing) {
 }
 
 TEST(JetConversion, TakesTheStoredQueryForItsOwn) {
-  std::string content = ContentWithType(kJet2003, "SummaryInfo", 5);
+  std::string content = ContentWithType(jet::kJet2003, "SummaryInfo", 5);
   content.replace(PlaceInCatalog(content, "SummaryInfo"), 22, Wide("ScalesQuery"));
   const JetFolder folder(content);
   EXPECT_TRUE(ConvertMainDatabaseIfJet(folder.Path()).has_value());
@@ -191,7 +191,7 @@ TEST(JetConversion, TakesTheStoredQueryForItsOwn) {
 
 TEST(JetConversion, RefusesTwoTypesOfOneNumber) {
   // The numbers of the types stand at the front of their rows, twice in each: as key and as number of the type.
-  std::string content = ContentOfFile(kJet2000);
+  std::string content = jet::ContentOfFile(jet::kJet2000);
   const std::string row("\x91\x01\0\0\x91\x01\0\0", 8);
   const std::size_t place = content.find(row);
   ASSERT_NE(place, std::string::npos);
@@ -207,10 +207,10 @@ TEST(JetConversion, RefusesTwoTypesOfOneNumber) {
 TEST(JetConversion, RefusesAValueThatWouldNotStandAsItIs) {
   // The first row of a page ends with it, and its last byte says which fields are not null: the type has no number now,
   // and the database would give it one.
-  std::string content = ContentOfFile(kJet2000);
+  std::string content = jet::ContentOfFile(jet::kJet2000);
   const std::size_t place = content.find(std::string("\x91\x01\0\0\x91\x01\0\0", 8));
   ASSERT_NE(place, std::string::npos);
-  char& present = content.at((place / kJetPage + 1) * kJetPage - 1);
+  char& present = content.at((place / jet::kJetPage + 1) * jet::kJetPage - 1);
   ASSERT_EQ(present, 7);
   present = 6;
   const JetFolder folder(content);
@@ -241,7 +241,7 @@ TEST(JetConversion, PutsTheJournalOfAnotherDatabaseAside) {
   std::ofstream(folder.Path() + "-journal") << "of a database that lay here before";
   ASSERT_TRUE(ConvertMainDatabaseIfJet(folder.Path()).has_value());
   EXPECT_FALSE(fs::exists(folder.Path() + "-journal"));
-  EXPECT_EQ(ContentOfFile(folder.Path() + "-journal.kept"), "of a database that lay here before");
+  EXPECT_EQ(jet::ContentOfFile(folder.Path() + "-journal.kept"), "of a database that lay here before");
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM Scales"), "270");
 }
 
@@ -278,9 +278,9 @@ TEST(JetConversion, IsMadeGoodAtTheNextStartWhereverItWasKilled) {
     const JetFolder folder;
     ConvertAndBeKilled(folder.Path(), [last](ConversionStep step) { return step == last; });
     const bool isDone = last == ConversionStep::kReplaced;
-    EXPECT_EQ(IsJetFile(folder.Path()), !isDone);
+    EXPECT_EQ(jet::IsJetFile(folder.Path()), !isDone);
     if (!isDone) {
-      EXPECT_EQ(ContentOfFile(folder.Path()), ContentOfFile(kJet2003));
+      EXPECT_EQ(jet::ContentOfFile(folder.Path()), jet::ContentOfFile(jet::kJet2003));
     }
     EXPECT_EQ(ConvertMainDatabaseIfJet(folder.Path()).has_value(), !isDone);
     folder.ExpectConverted();
@@ -302,8 +302,8 @@ TEST(JetConversion, IsTheFileBeforeOrAfterAtEveryMoment) {
     ::usleep(static_cast<useconds_t>(delay) * 10'000);
     ::kill(process, SIGKILL);
     ::waitpid(process, nullptr, 0);
-    if (IsJetFile(folder.Path())) {
-      EXPECT_EQ(ContentOfFile(folder.Path()), ContentOfFile(kJet2003));
+    if (jet::IsJetFile(folder.Path())) {
+      EXPECT_EQ(jet::ContentOfFile(folder.Path()), jet::ContentOfFile(jet::kJet2003));
     } else {
       EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM Scales"), "270");
     }

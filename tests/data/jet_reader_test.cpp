@@ -3,7 +3,7 @@
 
 // What the reading process runs, run in this one: files whose damage is known and harms nobody.
 
-#include "data/jet_reader.h"
+#include "jet/jet_reader.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -16,7 +16,7 @@
 #include "data/connection.h"
 #include "data/data_failure.h"
 #include "data/data_fixture.h"
-#include "data/jet_fixture.h"
+#include "jet/jet_fixture.h"
 
 namespace tonalith::data {
 namespace {
@@ -33,14 +33,14 @@ class Listing : public JetVisitor {
  public:
   void OnObject(const JetObject& object) override { objects.push_back(object.kind + " " + object.name); }
   void OnTable(const JetTable& table) override { tables.push_back(table.name); }
-  void OnRow(std::vector<Value>) override {}
+  void OnRow(std::vector<core::Value>) override {}
 
   std::vector<std::string> objects;
   std::vector<std::string> tables;
 };
 
 std::string WithScalesAs(int kind) {
-  std::string content = ContentOfFile(kJet2000);
+  std::string content = jet::ContentOfFile(jet::kJet2000);
   content.at(kKindOfScales) = static_cast<char>(kind & 0xFF);
   content.at(kKindOfScales + 1) = static_cast<char>(kind >> 8 & 0xFF);
   return content;
@@ -68,7 +68,7 @@ TEST(JetReader, NamesEveryKindOfObjectThatIsNoTable) {
 TEST(JetReader, LeavesOutWhatBelongsToTheSystem) {
   const tests::TempFolder folder;
   Listing whole;
-  ReadWithLibmdb(kJet2000, whole);
+  ReadWithLibmdb(jet::kJet2000, whole);
   EXPECT_THAT(whole.tables, Contains("Scales"));
   Listing listing;
   ReadWithLibmdb(folder.Write("a.mdb", WithScalesAs(3)), listing);
@@ -89,21 +89,21 @@ TEST(JetReader, GivesNoTableWhereTheFileHasAQueryOfThatName) {
 }
 
 TEST(JetReader, RefusesWhatItMustNotOrCannotRead) {
-  EXPECT_EQ(RefusalOf(ContentWith(kJet2000, {{0x3E, 0x01}})),
+  EXPECT_EQ(RefusalOf(jet::ContentWith(jet::kJet2000, {{0x3E, 0x01}})),
             "it is encrypted. Save it without encryption and try again");
-  EXPECT_EQ(RefusalOf(ContentWith(kJet2003, {{0x42, 'a'}})),
+  EXPECT_EQ(RefusalOf(jet::ContentWith(jet::kJet2003, {{0x42, 'a'}})),
             "it is protected with a password. Remove the password and try again");
-  EXPECT_EQ(RefusalOf(ContentWith(kJet2000, {{kVersion, 0x70}})),
+  EXPECT_EQ(RefusalOf(jet::ContentWith(jet::kJet2000, {{kVersion, 0x70}})),
             "it is damaged in its header, or of a version that is not known here");
 }
 
 // Read as the oldest format, the same bytes are a password, unless they are nothing at all.
 TEST(JetReader, KnowsThePasswordOfTheOldestFormat) {
-  EXPECT_EQ(RefusalOf(ContentWith(kJet2000, {{kVersion, 0x01}})),
+  EXPECT_EQ(RefusalOf(jet::ContentWith(jet::kJet2000, {{kVersion, 0x01}})),
             "it is protected with a password. Remove the password and try again");
   // The day on which the fixture was made stands where no password is.
   constexpr std::size_t kPassword = 0x42;
-  std::string content = ContentWith(kJet2000, {{kVersion, 0x01}});
+  std::string content = jet::ContentWith(jet::kJet2000, {{kVersion, 0x01}});
   for (std::size_t i = 0; i < 20; i += 4) {
     content.at(kPassword + i) = static_cast<char>(content.at(kPassword + i) ^ 0xFF);
     content.at(kPassword + i + 1) = static_cast<char>(content.at(kPassword + i + 1) ^ 0x94);

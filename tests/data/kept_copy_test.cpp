@@ -12,8 +12,8 @@
 #include <string>
 
 #include "data/data_fixture.h"
-#include "data/jet_fixture.h"
 #include "data/kept_file.h"
+#include "jet/jet_fixture.h"
 #include "support/refused_calls.h"
 
 namespace tonalith::data {
@@ -46,7 +46,7 @@ TEST_F(KeptCopy, StandsBesideTheFileWithAllThatIsInIt) {
   for (const int error : {EPERM, EOPNOTSUPP, EMLINK}) {
     fs::remove(folder_ / "tune (old).mdb");
     EXPECT_EQ(Keep(error), folder_ / "tune (old).mdb");
-    EXPECT_EQ(ContentOfFile(folder_ / "tune (old).mdb"), "la");
+    EXPECT_EQ(jet::ContentOfFile(folder_ / "tune (old).mdb"), "la");
     EXPECT_EQ(fs::hard_link_count(path_), 1U) << "a second name, not a copy";
     EXPECT_FALSE(fs::exists(folder_ / "tune (old).mdb.unfinished"));
   }
@@ -61,8 +61,8 @@ TEST_F(KeptCopy, IsMadeOnce) {
 TEST_F(KeptCopy, LeavesAnotherFileOfThatNameAsItIs) {
   const std::string other = folder_.Write("tune (old).mdb", "do");
   EXPECT_EQ(Keep(), folder_ / "tune (old) 2.mdb");
-  EXPECT_EQ(ContentOfFile(other), "do");
-  EXPECT_EQ(ContentOfFile(folder_ / "tune (old) 2.mdb"), "la");
+  EXPECT_EQ(jet::ContentOfFile(other), "do");
+  EXPECT_EQ(jet::ContentOfFile(folder_ / "tune (old) 2.mdb"), "la");
 }
 
 TEST_F(KeptCopy, IsNotTriedWhenTheDiskHasNoRoom) {

@@ -16,17 +16,17 @@
 #include <fstream>
 #include <string>
 
-#include "core/recording_msg_box.h"
 #include "data/scale_database.h"
 #include "data_fixture.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::data {
 namespace {
 
 namespace fs = std::filesystem;
-using core::RecordingMsgBox;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using tests::RecordingMsgBox;
 
 /// The entries of this process's table of open files that lead to a path.
 int OpenFilesOf(const std::string& path) {
@@ -68,7 +68,7 @@ class KeptEngineTest : public testing::Test {
   }
 
   DatabaseFolder folder_;
-  RecordingMsgBox msgBox_;
+  tests::RecordingMsgBox msgBox_;
   ScaleDatabase database_{folder_.Folder(), msgBox_};
 };
 

@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "data/data_fixture.h"
-#include "data/jet_fixture.h"
+#include "jet/jet_fixture.h"
 
 namespace tonalith::data {
 namespace {
@@ -19,8 +19,8 @@ TEST(KeptFile, GetsASecondNameBesideItsOwn) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("tune.mdb", "la");
   EXPECT_EQ(KeepBeside(path, " (old)"), folder / "tune (old).mdb");
-  EXPECT_EQ(ContentOfFile(folder / "tune (old).mdb"), "la");
-  EXPECT_EQ(ContentOfFile(path), "la");
+  EXPECT_EQ(jet::ContentOfFile(folder / "tune (old).mdb"), "la");
+  EXPECT_EQ(jet::ContentOfFile(path), "la");
 }
 
 TEST(KeptFile, KeepsItsNameWhenItIsKeptAlready) {
@@ -36,7 +36,7 @@ TEST(KeptFile, NeverTakesTheNameOfAnotherFile) {
   const std::string other = folder.Write("tune (old).mdb", "do");
   fs::create_directory(folder / "tune (old) 2.mdb");
   EXPECT_EQ(KeepBeside(path, " (old)"), folder / "tune (old) 3.mdb");
-  EXPECT_EQ(ContentOfFile(other), "do");
+  EXPECT_EQ(jet::ContentOfFile(other), "do");
 }
 
 TEST(KeptFile, IsCopiedWhole) {
@@ -44,7 +44,7 @@ TEST(KeptFile, IsCopiedWhole) {
   const std::string path = folder.Write("tune.mdb", std::string(100'000, 'x'));
   const std::string copy = folder / "copy.mdb";
   CopyDurably(path, copy);
-  EXPECT_EQ(ContentOfFile(copy), ContentOfFile(path));
+  EXPECT_EQ(jet::ContentOfFile(copy), jet::ContentOfFile(path));
   EXPECT_FALSE(fs::exists(copy + ".unfinished"));
   EXPECT_EQ(FailureOf([&] { CopyDurably(path, copy); }).Description(),
             "The file '" + copy + "' cannot be made: File exists.");
@@ -54,7 +54,7 @@ TEST(KeptFile, IsReplacedByAnotherUnderItsName) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("tune.mdb", "la");
   ReplaceDurably(folder.Write("new.mdb", "do"), path);
-  EXPECT_EQ(ContentOfFile(path), "do");
+  EXPECT_EQ(jet::ContentOfFile(path), "do");
   EXPECT_FALSE(fs::exists(folder / "new.mdb"));
 }
 

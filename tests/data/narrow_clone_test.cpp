@@ -187,11 +187,12 @@ TEST(NarrowClone, ReadsEachRowAnewWhateverTheOneBeforeItHeld) {
   records.Open("SELECT * FROM Mixed", folder.Open());
   const auto behind = records.Clone({"content"});
   for (int i = 1; !records.IsEof(); records.MoveNext(), ++i) {
-    const Value expected[] = {Value::Null(), std::int64_t{i}, i + 0.5, "text " + std::to_string(i), Bytes{1, 2}};
+    const core::Value expected[] = {core::Value::Null(), std::int64_t{i}, i + 0.5, "text " + std::to_string(i),
+                                    core::Bytes{1, 2}};
     ASSERT_EQ(records.FieldValue(0), expected[i % 5]) << i;
     if (i % 97 == 0) behind->MoveNext();
   }
-  EXPECT_EQ(behind->FieldValue(0), Value(std::int64_t{21}));
+  EXPECT_EQ(behind->FieldValue(0), core::Value(std::int64_t{21}));
 }
 
 }  // namespace

@@ -15,8 +15,8 @@ namespace {
 
 class NewRowsTest : public testing::Test {
  protected:
-  void Add(Value name, std::int64_t sort = 0) {
-    Value* const row = rows_.NextRow();
+  void Add(core::Value name, std::int64_t sort = 0) {
+    core::Value* const row = rows_.NextRow();
     row[0] = std::move(name);
     row[1] = sort;
     rows_.Add();
@@ -71,7 +71,7 @@ TEST_F(NewRowsTest, SayOfEveryKeyThatTheEngineWouldFindThatTheyMayHoldIt) {
 TEST_F(NewRowsTest, AreWrittenAtOnceWhereTheColumnMayTurnTheKeyIntoATextOfItsOwn) {
   Add(0.1);
   EXPECT_EQ(Ask("SELECT ScaleName FROM Scales"), "0.1");
-  Add(Value::Null());
+  Add(core::Value::Null());
   EXPECT_EQ(Count(), "2");
 }
 

@@ -132,10 +132,10 @@ TEST_F(ForeignTablesTest, RunsNoTriggerOfThePackNorOfItsStoredQuery) {
       "CREATE TRIGGER d AFTER DELETE ON Scales BEGIN DELETE FROM ScaleTypes; END;"
       "CREATE VIEW ScalesQuery AS SELECT * FROM Scales;"
       "CREATE TRIGGER e INSTEAD OF INSERT ON ScalesQuery BEGIN DELETE FROM Scales; END;");
-  const std::string before = ContentOfFile(pack);
+  const std::string before = jet::ContentOfFile(pack);
   Install(pack);
   EXPECT_EQ(Shown(), Imported(pack));
-  EXPECT_EQ(ContentOfFile(pack), before);
+  EXPECT_EQ(jet::ContentOfFile(pack), before);
   EXPECT_EQ(Ask("SELECT count(*) || ' ' || (SELECT count(*) FROM ScaleTypes) FROM Scales"), "5 3");
   EXPECT_EQ(Ask("SELECT count(*) FROM sqlite_master WHERE type = 'trigger'"), "3") << "the program's own";
 }
@@ -174,7 +174,7 @@ TEST_F(ForeignTablesTest, BringsTextsOfEveryKindUnharmed) {
 }
 
 TEST_F(ForeignTablesTest, RefusesATruncatedPackWhereverItEnds) {
-  const std::string whole = ContentOfFile(MakePack("DataPack_A.mdb", PackOfManyPages()));
+  const std::string whole = jet::ContentOfFile(MakePack("DataPack_A.mdb", PackOfManyPages()));
   const std::string pack = Packs() + "DataPack_B.mdb";
   for (std::size_t size = 0; size < whole.size(); size += 2500) {
     std::ofstream(pack, std::ios::binary) << whole.substr(0, size);
@@ -184,9 +184,9 @@ TEST_F(ForeignTablesTest, RefusesATruncatedPackWhereverItEnds) {
 
 // Zeros where rows were read as rows of number 0, which come before those that were read already.
 TEST_F(ForeignTablesTest, ComesToAnEndWhereTheNumbersOfRowsLeadBack) {
-  const std::string whole = ContentOfFile(MakePack("DataPack_A.mdb", PackOfManyPages()));
+  const std::string whole = jet::ContentOfFile(MakePack("DataPack_A.mdb", PackOfManyPages()));
   const std::string pack = Packs() + "DataPack_B.mdb";
-  const std::string main = ContentOfFile(Main());
+  const std::string main = jet::ContentOfFile(Main());
   int refused = 0;
   for (std::size_t gone = 100; gone < 4096; gone += 400) {
     std::ofstream(pack, std::ios::binary) << whole.substr(0, whole.size() - gone) << std::string(gone, '\0');
@@ -195,7 +195,7 @@ TEST_F(ForeignTablesTest, ComesToAnEndWhereTheNumbersOfRowsLeadBack) {
     if (shown != Imported(pack)) {
       ++refused;
       EXPECT_EQ(shown, "Error importing " + pack + "\nUnrecognized database format '" + pack + "'.\n");
-      EXPECT_EQ(ContentOfFile(Main()), main);
+      EXPECT_EQ(jet::ContentOfFile(Main()), main);
     }
     std::ofstream(Main(), std::ios::binary) << main;
   }
@@ -204,9 +204,9 @@ TEST_F(ForeignTablesTest, ComesToAnEndWhereTheNumbersOfRowsLeadBack) {
 
 // Damage that hits nothing that is read goes unnoticed, and may; whatever is hit, the main database is sound.
 TEST_F(ForeignTablesTest, SurvivesEveryKindOfDamage) {
-  const std::string whole = ContentOfFile(MakePack("DataPack_A.mdb", PackOfManyPages()));
+  const std::string whole = jet::ContentOfFile(MakePack("DataPack_A.mdb", PackOfManyPages()));
   const std::string pack = Packs() + "DataPack_B.mdb";
-  const std::string main = ContentOfFile(Main());
+  const std::string main = jet::ContentOfFile(Main());
   int refused = 0;
   for (unsigned seed = 0; seed < 60; ++seed) {
     std::mt19937 random(seed);
@@ -225,7 +225,7 @@ TEST_F(ForeignTablesTest, SurvivesEveryKindOfDamage) {
     ++refused;
     EXPECT_THAT(shown, StartsWith("Error importing " + pack + "\n")) << seed;
     EXPECT_GT(shown.size(), pack.size() + 30) << seed;
-    EXPECT_EQ(ContentOfFile(Main()), main) << seed;
+    EXPECT_EQ(jet::ContentOfFile(Main()), main) << seed;
   }
   ExpectAtRest(Main());
   EXPECT_GT(refused, 10);

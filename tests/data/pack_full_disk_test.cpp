@@ -83,7 +83,7 @@ TEST_F(FullDiskTest, KeepsAnEditAndTheRecordWhereverASaveIsBrokenOff) {
       disk.MakeRoom();
       ASSERT_EQ(failure.Description(), IsFull());
       ASSERT_TRUE(records.IsEditPending());
-      ASSERT_EQ(records.FieldValue("ScaleName"), Value("Ionian"));
+      ASSERT_EQ(records.FieldValue("ScaleName"), core::Value("Ionian"));
       ASSERT_EQ(ContentOfDatabase(Main()), before);
       ExpectAtRest(Main());
     }
@@ -110,13 +110,13 @@ TEST_F(FullDiskTest, KeepsANewRecordPendingWhereverItsSaveIsBrokenOff) {
     } catch (const core::Failure& failure) {
       disk.MakeRoom();
       ASSERT_EQ(failure.Description(), IsFull());
-      ASSERT_EQ(records.FieldValue("ScaleName"), Value("New"));
+      ASSERT_EQ(records.FieldValue("ScaleName"), core::Value("New"));
       ASSERT_EQ(ContentOfDatabase(Main()), before);
     }
     disk.MakeRoom();
   }
   EXPECT_GT(refusals, 5);
-  EXPECT_EQ(records.FieldValue("ScaleID"), Value(std::int64_t{8}));
+  EXPECT_EQ(records.FieldValue("ScaleID"), core::Value(std::int64_t{8}));
   EXPECT_EQ(Ask("SELECT count(*) || max(ScaleID) FROM Scales"), "58") << "no number was used up by the refusals";
 }
 
@@ -162,7 +162,7 @@ TEST(SmallDisk, FailsTheImportAndTheSaveInWordsAndKeepsWhatWasThere) {
   const std::string before = ContentOfDatabase(path);
   const fs::path folder = fs::current_path();
   fs::current_path(temp.Path());
-  core::RecordingMsgBox msgBox;
+  tests::RecordingMsgBox msgBox;
   CountingObserver observer;
   DataPackImport import(temp.Path().string(), msgBox, observer);
 

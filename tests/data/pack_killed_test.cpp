@@ -29,7 +29,7 @@ class KilledTest : public DataPackImportTest {
   /// Runs `work` on the same database again and again, killed one step later each time, until it runs to its end.
   /// Gives the number of kills.
   int KillAtEveryStepOf(const std::function<void()>& work) const {
-    const std::string file = ContentOfFile(Main());
+    const std::string file = jet::ContentOfFile(Main());
     const std::string before = ContentOfDatabase(Main());
     int kills = 0;
     for (;; ++kills) {
@@ -63,7 +63,7 @@ TEST_F(KilledTest, ImportsAPackWhollyOrNotAtAll) {
 }
 
 TEST_F(KilledTest, ImportsAJetPackWhollyOrNotAtAll) {
-  const std::string pack = CopyPack(kJet2000, "DataPack_A.mdb");
+  const std::string pack = CopyPack(jet::kJet2000, "DataPack_A.mdb");
   EXPECT_GT(KillAtEveryStepOf([&] { Install(pack); }), 5);
   EXPECT_EQ(Ask("SELECT count(*) || ' ' || (SELECT count(*) FROM ScaleTypes) FROM Scales"), "8 3");
 }

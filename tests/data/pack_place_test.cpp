@@ -91,7 +91,7 @@ TEST_F(PackPlaceTest, FollowsALinkToAPack) {
 }
 
 TEST_F(PackPlaceTest, SaysThatAPackCannotBeReadAndGoesOn) {
-  for (const std::string& pack : {MakePack("DataPack_A.mdb", kAddScale), CopyPack(kJet2000, "DataPack_B.mdb")}) {
+  for (const std::string& pack : {MakePack("DataPack_A.mdb", kAddScale), CopyPack(jet::kJet2000, "DataPack_B.mdb")}) {
     fs::permissions(pack, fs::perms::none);
     EXPECT_EQ(ShownToNobody([&] { Install(pack); }),
               Failed(pack, "The file '" + pack + "' cannot be opened: Permission denied."));
@@ -162,8 +162,8 @@ TEST_F(PackPlaceTest, SaysThatAnotherProgramHoldsThePack) {
 TEST_F(PackPlaceTest, TakesOnePackUnderTwoNamesForOne) {
   MakePack("DataPack_A.mdb", std::string(kAddType) + kAddScale);
   fs::copy_file(Packs() + "DataPack_A.mdb", Packs() + "DataPack_B.mdb");
-  CopyPack(kJet2003, "DataPack_C.mdb");
-  CopyPack(kJet2003, "DataPack_D.mdb");
+  CopyPack(jet::kJet2003, "DataPack_C.mdb");
+  CopyPack(jet::kJet2003, "DataPack_D.mdb");
   EXPECT_EQ(InstallAll().size(), 4U);
   const std::string once = ContentOfDatabase(Main());
   EXPECT_EQ(Ask("SELECT count(*) FROM Scales"), "275");
@@ -175,7 +175,7 @@ TEST_F(PackPlaceTest, TakesOnePackUnderTwoNamesForOne) {
 
 TEST_F(PackPlaceTest, FillsAnEmptyDatabase) {
   RunRaw(Main(), "DELETE FROM Scales; DELETE FROM ScaleTypes");
-  const std::string pack = CopyPack(kJet2000, "DataPack_A.mdb");
+  const std::string pack = CopyPack(jet::kJet2000, "DataPack_A.mdb");
   const std::string empty = MakePack("DataPack_B.mdb", "");
   EXPECT_EQ(InstallAll().size(), 2U);
   EXPECT_EQ(Ask("SELECT count(*) || ' ' || (SELECT count(*) FROM ScaleTypes) FROM Scales"), "5 2");

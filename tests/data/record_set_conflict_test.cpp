@@ -39,7 +39,7 @@ TEST_F(RecordSetConflict, TheSecondSaveIsRefusedAndKeepsItsEdit) {
   EXPECT_EQ(failure.Description(),
             "The record was not saved, because it has been changed elsewhere since it was read.");
   EXPECT_EQ(Row(), "Theirs, Bright.");
-  EXPECT_EQ(mine_.FieldValue("ScaleName"), Value("Mine"));
+  EXPECT_EQ(mine_.FieldValue("ScaleName"), core::Value("Mine"));
   EXPECT_EQ(FailureOf([&] { mine_.MoveNext(); }).Number(), failure_number::kRowChanged);
 }
 
@@ -56,8 +56,8 @@ TEST_F(RecordSetConflict, AfterResyncTheEditIsSavedOverTheOtherOne) {
   theirs_.SetFieldValue("ScaleDescription", "Theirs.");
   theirs_.UpdateBatch();
   mine_.Resync();
-  EXPECT_EQ(mine_.FieldValue("ScaleName"), Value("Mine"));
-  EXPECT_EQ(mine_.FieldValue("ScaleDescription"), Value("Theirs."));
+  EXPECT_EQ(mine_.FieldValue("ScaleName"), core::Value("Mine"));
+  EXPECT_EQ(mine_.FieldValue("ScaleDescription"), core::Value("Theirs."));
   mine_.UpdateBatch();
   EXPECT_EQ(Row(), "Mine, Theirs.");
 }
@@ -68,7 +68,7 @@ TEST_F(RecordSetConflict, ResyncWithoutTheEditShowsTheOtherOne) {
   theirs_.UpdateBatch();
   mine_.CancelUpdate();
   mine_.Resync();
-  EXPECT_EQ(mine_.FieldValue("ScaleName"), Value("Theirs"));
+  EXPECT_EQ(mine_.FieldValue("ScaleName"), core::Value("Theirs"));
 }
 
 TEST_F(RecordSetConflict, AChangeOfAnotherRowIsNone) {

@@ -64,7 +64,7 @@ TEST(RecordSetEdit, WritesAnEditWhenUpdated) {
   scales->MoveNext();
   scales->SetFieldValue("ScaleDescription", "Darker.");
   EXPECT_TRUE(scales->IsEditPending());
-  EXPECT_EQ(scales->FieldValue("ScaleDescription"), Value("Darker."));
+  EXPECT_EQ(scales->FieldValue("ScaleDescription"), core::Value("Darker."));
   EXPECT_EQ(scales.InFile("SELECT ScaleDescription FROM Scales WHERE ScaleID = 2"), "Dark.");
   scales->Update();
   EXPECT_FALSE(scales->IsEditPending());
@@ -119,10 +119,10 @@ TEST(RecordSetEdit, StaysOnTheRowWithItsEditWhenAMoveCannotSaveIt) {
   scales->SetFieldValue("ScaleName", "major");
   EXPECT_EQ(FailureOf([&] { scales->MoveNext(); }).Description(), "There is a scale of this name already.");
   EXPECT_EQ(FailureOf([&] { scales->MoveFirst(); }).Description(), "There is a scale of this name already.");
-  EXPECT_EQ(FailureOf([&] { scales->SetFilter("Chord=True"); }).Number(), failure_number::kUnspecified);
-  EXPECT_EQ(FailureOf([&] { scales->SetBookmark({1}); }).Number(), failure_number::kUnspecified);
+  EXPECT_EQ(FailureOf([&] { scales->SetFilter("Chord=True"); }).Number(), core::failure_number::kUnspecified);
+  EXPECT_EQ(FailureOf([&] { scales->SetBookmark({1}); }).Number(), core::failure_number::kUnspecified);
   EXPECT_EQ(Here(*scales), "major");
-  EXPECT_EQ(scales->FieldValue("ScaleID"), Value(2));
+  EXPECT_EQ(scales->FieldValue("ScaleID"), core::Value(2));
   EXPECT_TRUE(scales->IsEditPending());
   scales->SetFieldValue("ScaleName", "Major two");
   scales->MoveNext();
@@ -159,8 +159,8 @@ TEST(RecordSetEdit, AddsARowAndStandsOnIt) {
   EXPECT_FALSE(scales->IsEof());
   EXPECT_TRUE(scales->FieldValue("ScaleID").IsNull());
   scales->Update();
-  EXPECT_EQ(scales->FieldValue("ScaleID"), Value(8));
-  EXPECT_EQ(scales->FieldValue("ScaleTypeName"), Value("Common scales"));
+  EXPECT_EQ(scales->FieldValue("ScaleID"), core::Value(8));
+  EXPECT_EQ(scales->FieldValue("ScaleTypeName"), core::Value("Common scales"));
   EXPECT_EQ(scales->AbsolutePosition(), 5);
   EXPECT_EQ(scales->RecordCount(), 5);
   EXPECT_EQ(scales.Names(), "Major, Minor, Major triad, Minor triad, Tritone");
@@ -171,7 +171,7 @@ TEST(RecordSetEdit, AddsARowWithTheNumberThatItWasGiven) {
   SetNewScale(*scales, "Tritone");
   scales->SetFieldValue("ScaleID", 5);
   scales->Update();
-  EXPECT_EQ(scales->FieldValue("ScaleID"), Value(5));
+  EXPECT_EQ(scales->FieldValue("ScaleID"), core::Value(5));
   EXPECT_EQ(scales->AbsolutePosition(), 4);
   EXPECT_EQ(scales.Names(), "Major, Minor, Major triad, Tritone, Minor triad");
 }
@@ -182,7 +182,7 @@ TEST(RecordSetEdit, KeepsANewRowPendingWhenItIsRefused) {
   EXPECT_EQ(FailureOf([&] { scales->UpdateBatch(); }).Description(), "There is a scale of this name already.");
   EXPECT_EQ(FailureOf([&] { scales->MoveFirst(); }).Description(), "There is a scale of this name already.");
   EXPECT_TRUE(scales->IsEditPending());
-  EXPECT_EQ(scales->FieldValue("ScaleIntervals"), Value("66"));
+  EXPECT_EQ(scales->FieldValue("ScaleIntervals"), core::Value("66"));
   scales->SetFieldValue("ScaleName", "Tritone");
   scales->UpdateBatch();
   EXPECT_EQ(scales.Names(), "Major, Minor, Major triad, Minor triad, Tritone");
@@ -281,7 +281,7 @@ TEST(RecordSetEdit, NeverGivesTheNumberOfADeletedScaleAgain) {
   scales->Delete();
   SetNewScale(*scales, "Tritone");
   scales->Update();
-  EXPECT_EQ(scales->FieldValue("ScaleID"), Value(8));
+  EXPECT_EQ(scales->FieldValue("ScaleID"), core::Value(8));
   EXPECT_EQ(FailureOf([&] { scales->SetBookmark(last); }).Number(), failure_number::kInvalidBookmark);
 }
 
@@ -324,9 +324,9 @@ TEST(RecordSetEdit, WritesTextOfEveryKindAsItIs) {
   EditedScales scales(LockType::kOptimistic);
   const std::string text = "'); DROP TABLE Scales; -- \" % _ \t Ünïcödé 音";
   scales->SetFieldValue("ScaleName", text);
-  scales->SetFieldValue("ScaleDescription", Value());
+  scales->SetFieldValue("ScaleDescription", core::Value());
   scales->Update();
-  EXPECT_EQ(scales->FieldValue("ScaleName"), Value(text));
+  EXPECT_EQ(scales->FieldValue("ScaleName"), core::Value(text));
   EXPECT_EQ(scales.InFile("SELECT ScaleName FROM Scales WHERE ScaleID = 1"), text);
   EXPECT_EQ(scales.InFile("SELECT ScaleDescription IS NULL FROM Scales WHERE ScaleID = 1"), "1");
 }
@@ -350,9 +350,9 @@ TEST(RecordSetEdit, WritesTheTablesThemselvesWithoutGuards) {
   scales.SetFieldValue("ScaleName", "Major");
   scales.SetFieldValue("ScaleIntervals", "no digits");
   scales.Update();
-  EXPECT_EQ(scales.FieldValue("ScaleID"), Value(8));
-  EXPECT_EQ(scales.FieldValue("StartNote"), Value("C"));
-  EXPECT_EQ(scales.FieldValue("Chord"), Value(0));
+  EXPECT_EQ(scales.FieldValue("ScaleID"), core::Value(8));
+  EXPECT_EQ(scales.FieldValue("StartNote"), core::Value("C"));
+  EXPECT_EQ(scales.FieldValue("Chord"), core::Value(0));
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM Scales WHERE ScaleName = 'Major'"), "2");
 }
 
@@ -386,7 +386,7 @@ TEST(RecordSetEdit, LeavesTheStateBeforeOrAfterAWriteWhenTheProgramIsKilled) {
     records.Open("ScalesQuery", folder.Open());
     const std::string note = records.FieldValue("StartNote").AsText();
     const std::string expected = note == "C" ? "Bright." : "state " + note;
-    EXPECT_EQ(records.FieldValue("ScaleDescription"), Value(expected));
+    EXPECT_EQ(records.FieldValue("ScaleDescription"), core::Value(expected));
     EXPECT_EQ(records.RecordCount(), 4);
     EXPECT_EQ(AskRaw(folder.Path(), "PRAGMA integrity_check"), "ok");
   }

@@ -149,12 +149,12 @@ TEST(RecordSetSource, ReadsEveryKindOfContent) {
   connection->Open(FullConnectionString(path));
   RecordSet records;
   records.Open("Kinds", connection);
-  EXPECT_EQ(records.FieldValue(0), Value());
-  EXPECT_EQ(records.FieldValue(1), Value(7));
-  EXPECT_EQ(records.FieldValue(2), Value(1.5));
-  EXPECT_EQ(records.FieldValue(3), Value("text"));
-  EXPECT_EQ(records.FieldValue(4), Value(Bytes{0x00, 0xFF}));
-  EXPECT_EQ(records.FieldValue(5), Value(Bytes{}));
+  EXPECT_EQ(records.FieldValue(0), core::Value());
+  EXPECT_EQ(records.FieldValue(1), core::Value(7));
+  EXPECT_EQ(records.FieldValue(2), core::Value(1.5));
+  EXPECT_EQ(records.FieldValue(3), core::Value("text"));
+  EXPECT_EQ(records.FieldValue(4), core::Value(core::Bytes{0x00, 0xFF}));
+  EXPECT_EQ(records.FieldValue(5), core::Value(core::Bytes{}));
 }
 
 TEST(RecordSetSource, ShowsTheRowsThatMeetItsFilter) {

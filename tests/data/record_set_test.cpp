@@ -110,7 +110,7 @@ TEST(RecordSet, FindsFieldsByNameInAnyCase) {
   const DatabaseFolder folder;
   RecordSet records;
   records.Open("ScalesQuery", folder.Open());
-  EXPECT_EQ(records.FieldValue("scaleName"), Value("Major"));
+  EXPECT_EQ(records.FieldValue("scaleName"), core::Value("Major"));
   EXPECT_EQ(records.FindField("SCALEINTERVALS"), 5);
   EXPECT_FALSE(records.FindField("Scale"));
   EXPECT_EQ(FailureOf([&] { (void)records.FieldValue("Scale"); }).Number(), 3265);

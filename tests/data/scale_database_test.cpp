@@ -10,17 +10,17 @@
 #include <string>
 #include <vector>
 
-#include "core/recording_msg_box.h"
 #include "data_fixture.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::data {
 namespace {
 
 using core::MsgBoxStyle;
-using core::RecordingMsgBox;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Message = RecordingMsgBox::Message;
+using tests::RecordingMsgBox;
+using Message = tests::RecordingMsgBox::Message;
 
 constexpr const char* kNoRecordMessage =
     "3021: Either BOF or EOF is True, or the current record has been deleted. Requested operation requires a current "
@@ -35,7 +35,7 @@ TEST(ScaleDatabase, BuildsItsStatementsToTheLetter) {
 }
 
 TEST(ScaleDatabase, FindsItsFileInTheProgramsFolder) {
-  RecordingMsgBox msgBox;
+  tests::RecordingMsgBox msgBox;
   const ScaleDatabase database("/music/tonalith", msgBox);
   EXPECT_EQ(database.AppFolder(), "/music/tonalith");
   EXPECT_EQ(database.GetDBPath(), "/music/tonalith");
@@ -44,7 +44,7 @@ TEST(ScaleDatabase, FindsItsFileInTheProgramsFolder) {
 
 TEST(ScaleDatabase, FindsItsFileWhateverTheCurrentFolderIs) {
   const DatabaseFolder folder;
-  RecordingMsgBox msgBox;
+  tests::RecordingMsgBox msgBox;
   ScaleDatabase database(folder.Folder(), msgBox);
   const auto before = std::filesystem::current_path();
   std::filesystem::current_path("/");
@@ -55,7 +55,7 @@ TEST(ScaleDatabase, FindsItsFileWhateverTheCurrentFolderIs) {
 
 TEST(ScaleDatabase, OpensTheSharedConnectionAndRecordSetOnTheFirstScale) {
   const DatabaseFolder folder;
-  RecordingMsgBox msgBox;
+  tests::RecordingMsgBox msgBox;
   ScaleDatabase database(folder.Folder(), msgBox);
   EXPECT_EQ(database.ScaleConnection(), nullptr);
   database.OpenShared();
@@ -70,7 +70,7 @@ TEST(ScaleDatabase, OpensTheSharedConnectionAndRecordSetOnTheFirstScale) {
 
 TEST(ScaleDatabase, OpensEmptyTables) {
   const DatabaseFolder folder("");
-  RecordingMsgBox msgBox;
+  tests::RecordingMsgBox msgBox;
   ScaleDatabase database(folder.Folder(), msgBox);
   database.OpenShared();
   EXPECT_TRUE(database.ScaleRecordset()->IsEof());
@@ -78,7 +78,7 @@ TEST(ScaleDatabase, OpensEmptyTables) {
 
 TEST(ScaleDatabase, ThrowsWhenTheSharedFileIsMissing) {
   const tests::TempFolder folder;
-  RecordingMsgBox msgBox;
+  tests::RecordingMsgBox msgBox;
   ScaleDatabase database(folder.Path().string(), msgBox);
   const core::Failure failure = FailureOf([&] { database.OpenShared(); });
   EXPECT_EQ(failure.NumberAndDescription(),
@@ -91,7 +91,7 @@ TEST(ScaleDatabase, ThrowsWhenTheSharedFileHasNoStoredQuery) {
   const tests::TempFolder folder;
   SQLite::Database(folder / "TonalithDB97.mdb", SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
       .exec("CREATE TABLE x (y)");
-  RecordingMsgBox msgBox;
+  tests::RecordingMsgBox msgBox;
   ScaleDatabase database(folder.Path().string(), msgBox);
   EXPECT_EQ(FailureOf([&] { database.OpenShared(); }).Description(),
             "The database '" + (folder / "TonalithDB97.mdb") + "' has no table or stored query 'ScalesQuery'.");
@@ -99,7 +99,7 @@ TEST(ScaleDatabase, ThrowsWhenTheSharedFileHasNoStoredQuery) {
 
 TEST(ScaleDatabase, HandsOutConnectionsOfTheirOwn) {
   const DatabaseFolder folder;
-  RecordingMsgBox msgBox;
+  tests::RecordingMsgBox msgBox;
   ScaleDatabase database(folder.Folder(), msgBox);
   const auto first = database.OpenScaleConnection();
   const auto second = database.OpenScaleConnection();
@@ -111,7 +111,7 @@ TEST(ScaleDatabase, HandsOutConnectionsOfTheirOwn) {
 
 TEST(ScaleDatabase, SaysThatTheConnectionFailedAndGivesNothing) {
   const tests::TempFolder folder;
-  RecordingMsgBox msgBox;
+  tests::RecordingMsgBox msgBox;
   ScaleDatabase database(folder.Path().string(), msgBox);
   EXPECT_EQ(database.OpenScaleConnection(), nullptr);
   EXPECT_THAT(msgBox.Messages(), ElementsAre(Message{"Database connection failed: Could not find file '" +
@@ -130,7 +130,7 @@ class ScaleQuestions : public testing::Test {
   )sql";
 
   DatabaseFolder folder_{kRows};
-  RecordingMsgBox msgBox_;
+  tests::RecordingMsgBox msgBox_;
   ScaleDatabase database_{folder_.Folder(), msgBox_};
 };
 

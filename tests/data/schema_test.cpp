@@ -54,7 +54,8 @@ TEST(Schema, MakesNoDatabaseInThePlaceOfAFile) {
   const std::string path = folder.Write("there.mdb", "somebody's");
   EXPECT_EQ(FailureOf([&] { CreateScaleDatabase(path); }).Description(), "There is a file '" + path + "' already.");
   EXPECT_EQ(std::filesystem::file_size(path), 10U);
-  EXPECT_EQ(FailureOf([&] { CreateScaleDatabase(folder / "none/x.mdb"); }).Number(), failure_number::kUnspecified);
+  EXPECT_EQ(FailureOf([&] { CreateScaleDatabase(folder / "none/x.mdb"); }).Number(),
+            core::failure_number::kUnspecified);
 }
 
 constexpr std::array<SchemaRevision, 3> kThreeRevisions = {{

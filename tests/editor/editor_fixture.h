@@ -14,8 +14,8 @@
 #include <memory>
 #include <string>
 
-#include "core/recording_msg_box.h"
 #include "editor/frm_scales.h"
+#include "support/recording_msg_box.h"
 #include "support/temp_folder.h"
 
 namespace tonalith::editor {
@@ -25,12 +25,12 @@ inline constexpr const char* kEditHint = "Choose notes and press Apply (Ctrl+Ent
 inline constexpr const char* kKeep = "Are you sure you want to keep these changes?\n";
 
 /// Records what was shown, and can do something while a box stands on the screen.
-class BusyMsgBox : public core::RecordingMsgBox {
+class BusyMsgBox : public tests::RecordingMsgBox {
  public:
-  using core::RecordingMsgBox::Show;
+  using tests::RecordingMsgBox::Show;
   core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override {
     if (const auto meanwhile = std::exchange(meanwhile_, {})) meanwhile();
-    return RecordingMsgBox::Show(text, style, title);
+    return tests::RecordingMsgBox::Show(text, style, title);
   }
   void Meanwhile(std::function<void()> act) { meanwhile_ = std::move(act); }
 

@@ -8,9 +8,9 @@
 #include <QScopeGuard>
 #include <QTest>
 
-#include "controls/colours.h"
 #include "editor/editor_fixture.h"
 #include "editor/text_boxes.h"
+#include "paint/colours.h"
 
 namespace tonalith::editor {
 namespace {
@@ -141,7 +141,7 @@ TEST_F(FormLook, CanBeReadWhenTheSystemTurnsDarkAndWhenItTurnsLightAgain) {
     int lines = 0;
     for (const QLineEdit* const line : Form().findChildren<QLineEdit*>()) {
       if (!line->isVisible()) continue;
-      EXPECT_GE(controls::ContrastRatio(line->palette().color(QPalette::Text), paper), 4.5)
+      EXPECT_GE(paint::ContrastRatio(line->palette().color(QPalette::Text), paper), 4.5)
           << line->objectName().toStdString() << " on " << paper.name().toStdString();
       ++lines;
     }

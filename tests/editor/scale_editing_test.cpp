@@ -7,7 +7,7 @@
 
 #include <sstream>
 
-#include "core/recording_msg_box.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::editor {
 namespace {
@@ -51,10 +51,10 @@ TEST(StepWordsText, PutsABlankInFrontOfEachWord) {
 }
 
 TEST(NoteColours, AreStatedAsBlueGreenRed) {
-  EXPECT_EQ(controls::ToRgb(kSelectedColours.back), 0xFFCCFFCCU);
-  EXPECT_EQ(controls::ToRgb(kSelectedColours.fore), 0xFF000000U);
-  EXPECT_EQ(controls::ToRgb(kUnselectedColours.back), 0xFFFFFFFFU);
-  EXPECT_EQ(controls::ToRgb(kUnselectedColours.fore), 0xFFC4C4C4U);
+  EXPECT_EQ(paint::ToRgb(kSelectedColours.back), 0xFFCCFFCCU);
+  EXPECT_EQ(paint::ToRgb(kSelectedColours.fore), 0xFF000000U);
+  EXPECT_EQ(paint::ToRgb(kUnselectedColours.back), 0xFFFFFFFFU);
+  EXPECT_EQ(paint::ToRgb(kUnselectedColours.fore), 0xFFC4C4C4U);
 }
 TEST(NoteColours, ToggleThereAndBack) {
   EXPECT_EQ(Toggled(kSelectedColours), kUnselectedColours);
@@ -66,7 +66,7 @@ TEST(NoteColours, ToggleThereAndBack) {
 }
 
 TEST(PatternNotes, AreBuiltFromC) {
-  core::RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   PatternNotes notes(box);
   EXPECT_EQ(notes.Of("1", "2212221"), Notes("C D E F G A B"));
   EXPECT_EQ(notes.Of("2", "345"), Notes("C D# G"));
@@ -74,11 +74,11 @@ TEST(PatternNotes, AreBuiltFromC) {
   EXPECT_EQ(box.Texts(), "");
 }
 TEST(PatternNotes, FoldASecondOctaveOntoTheTwelveButtons) {
-  core::RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   EXPECT_EQ(PatternNotes(box).Of("1", "4334"), Notes("C D E G A#"));
 }
 TEST(PatternNotes, TellOfAPatternThatCannotBeBuiltOnce) {
-  core::RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   PatternNotes notes(box);
   for (int i = 0; i < 3; ++i) EXPECT_TRUE(notes.Of("1", "22x").none());
   EXPECT_EQ(box.Texts(), "13 Type mismatch\n");
@@ -91,14 +91,14 @@ TEST(NotesOfTyped, SayNothingWhileSomebodyTypes) {
 }
 
 TEST(NoteExistsInScale, BuildsTheScaleOnTheNoteItself) {
-  core::RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   EXPECT_TRUE(NoteExistsInScale("C#", "2212221", box));
   EXPECT_TRUE(NoteExistsInScale("C", "", box));
   EXPECT_FALSE(NoteExistsInScale("Db", "2212221", box)) << "no note name, and C D E F G A B has no such text";
   EXPECT_EQ(box.Texts(), "");
 }
 TEST(NoteExistsInScale, IsFalseAndToldOnceForAPatternThatCannotBeBuilt) {
-  core::RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   EXPECT_FALSE(NoteExistsInScale("C", "x", box));
   EXPECT_EQ(box.Texts(), "13 Type mismatch\n");
 }

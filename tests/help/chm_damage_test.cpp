@@ -23,7 +23,7 @@ namespace {
 using namespace std::chrono_literals;
 using std::chrono::steady_clock;
 
-constexpr data::ReadingLimits kShortLimits{2s, 3s, std::uint64_t{64} << 20};
+constexpr sandbox::Limits kShortLimits{2s, 3s, std::uint64_t{64} << 20};
 
 class DamagedChm : public testing::Test {
  protected:

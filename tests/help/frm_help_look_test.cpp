@@ -16,14 +16,14 @@
 #include <algorithm>
 #include <vector>
 
-#include "controls/colours.h"
-#include "controls/theme.h"
-#include "core/recording_msg_box.h"
 #include "help/book_fixture.h"
 #include "help/frm_help.h"
 #include "help/help_browser.h"
 #include "help/help_pictures.h"
 #include "help/help_style.h"
+#include "paint/colours.h"
+#include "paint/theme.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::help {
 namespace {
@@ -48,7 +48,7 @@ class FrmHelpLookTest : public testing::Test {
     QCoreApplication::processEvents();
   }
 
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
   frmHelp form_{box_, [](const QUrl&) { return true; }, nullptr};
 };
 
@@ -68,10 +68,10 @@ TEST_F(FrmHelpLookTest, TextCanBeReadOnLightAndDarkSystems) {
   for (const QPalette& system : {QPalette(QColor(0xef, 0xef, 0xef)), DarkPalette()}) {
     SetSystem(system);
     const QColor ground = form_.Page()->palette().color(QPalette::Base);
-    EXPECT_EQ(controls::IsDark(form_.Page()->palette()), controls::IsDark(system));
+    EXPECT_EQ(paint::IsDark(form_.Page()->palette()), paint::IsDark(system));
     const auto inks = Inks(*form_.Page()->document());
     ASSERT_FALSE(inks.empty());
-    for (const QColor& ink : inks) EXPECT_GE(controls::ContrastRatio(ink, ground), 4.5) << ink.name().toStdString();
+    for (const QColor& ink : inks) EXPECT_GE(paint::ContrastRatio(ink, ground), 4.5) << ink.name().toStdString();
   }
 }
 
@@ -98,8 +98,8 @@ TEST_F(FrmHelpLookTest, ColoursOfTheFileDoNotBreakADarkSystem) {
 
 TEST_F(FrmHelpLookTest, MarkedTextCanBeRead) {
   for (const QPalette& system : {QPalette(QColor(0xef, 0xef, 0xef)), DarkPalette()}) {
-    const QPalette palette = controls::WarmPalette(system);
-    EXPECT_GE(controls::ContrastRatio(palette.color(QPalette::Text), HitGround(palette)), 4.5);
+    const QPalette palette = paint::WarmPalette(system);
+    EXPECT_GE(paint::ContrastRatio(palette.color(QPalette::Text), HitGround(palette)), 4.5);
   }
 }
 

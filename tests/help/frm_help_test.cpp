@@ -19,9 +19,9 @@
 #include <QWheelEvent>
 #include <vector>
 
-#include "core/recording_msg_box.h"
 #include "help/book_fixture.h"
 #include "help/help_browser.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::help {
 namespace {
@@ -30,7 +30,7 @@ using core::MsgBoxAnswer;
 using core::MsgBoxStyle;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Message = core::RecordingMsgBox::Message;
+using Message = tests::RecordingMsgBox::Message;
 
 QString Wide(const char* text) { return QString::fromUtf8(text); }
 
@@ -88,7 +88,7 @@ class FrmHelpTest : public testing::Test {
   }
   [[nodiscard]] std::string FoundWords() const { return Find<QLabel>("lblPlaces")->text().toStdString(); }
 
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
   std::vector<std::string> opened_;
   bool opens_ = true;
   QPointer<frmHelp> form_;

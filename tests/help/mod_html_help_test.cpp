@@ -9,8 +9,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/recording_msg_box.h"
-#include "platform/scripted/scripted_help_engine.h"
+#include "support/recording_msg_box.h"
+#include "support/scripted_help_engine.h"
 #include "support/temp_folder.h"
 
 namespace tonalith::help {
@@ -19,7 +19,7 @@ namespace {
 using core::MsgBoxStyle;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Message = core::RecordingMsgBox::Message;
+using Message = tests::RecordingMsgBox::Message;
 
 constexpr platform::HelpWindowHandle kCaller = 77;
 
@@ -42,8 +42,8 @@ class HelpCommand : public testing::Test {
   }
 
   tests::TempFolder folder_;
-  core::RecordingMsgBox box_;
-  platform::ScriptedHelpEngine engine_;
+  tests::RecordingMsgBox box_;
+  tests::ScriptedHelpEngine engine_;
 };
 
 TEST_F(HelpCommand, HandsTheFullPathToTheEngineAndReadsTheLastErrorRightAfter) {

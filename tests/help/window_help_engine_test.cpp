@@ -10,10 +10,10 @@
 #include <QTest>
 #include <filesystem>
 
-#include "core/recording_msg_box.h"
 #include "help/book_fixture.h"
 #include "help/help_browser.h"
 #include "help/mod_html_help.h"
+#include "support/recording_msg_box.h"
 #include "support/temp_folder.h"
 
 namespace tonalith::help {
@@ -33,7 +33,7 @@ class WindowHelpEngineTest : public testing::Test {
   }
 
   tests::TempFolder folder_;
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
   QWidget caller_;
   WindowHelpEngine engine_{box_, [](const QUrl&) { return true; }};
 };

@@ -94,11 +94,12 @@ TEST(ProgramMessages, AreRaisedByTriggers) {
 }
 
 TEST(ProgramMessages, StandInVariablesAndConstants) {
-  EXPECT_THAT(Messages("std::string words = \"It holds \"; words += \" and more\"; throw Unspecified(words + \".\");"),
+  EXPECT_THAT(Messages("std::string words = \"It holds \"; words += \" and more\"; throw "
+                       "core::Failure::Unspecified(words + \".\");"),
               UnorderedElementsAre("It holds", "and more"));
   EXPECT_THAT(Messages("== a.h\nconst char* kQuestion = \"Sure?\";\n== b.cpp\nmsgBox.Show(kQuestion);\n"),
               UnorderedElementsAre("Sure?"));
-  EXPECT_THAT(Messages("std::string name = \"none\"; throw Unspecified(name.substr(1));"), IsEmpty());
+  EXPECT_THAT(Messages("std::string name = \"none\"; throw core::Failure::Unspecified(name.substr(1));"), IsEmpty());
 }
 
 }  // namespace

@@ -74,7 +74,8 @@ TEST(QuotedTexts, AQuotationThatTheProgramDoesNotHaveIsFound) {
 }
 
 TEST(QuotedTexts, AMessageWithoutAnExplanationIsFound) {
-  const Sources sources = SourcesFrom("== a.cpp\nmsgBox.Show(\"No way.\"); throw Unspecified(\"Gone.\");\n");
+  const Sources sources =
+      SourcesFrom("== a.cpp\nmsgBox.Show(\"No way.\"); throw core::Failure::Unspecified(\"Gone.\");\n");
   EXPECT_THAT(Unexplained(MessagesOf(sources), {"No way."}), ElementsAre("a.cpp: Gone."));
 }
 

@@ -10,7 +10,6 @@
 #include <filesystem>
 #include <regex>
 
-#include "core/recording_msg_box.h"
 #include "core/scale_construction.h"
 #include "core/step_words.h"
 #include "data/data_pack_import.h"
@@ -18,6 +17,7 @@
 #include "data/schema.h"
 #include "help_text/help_folder.h"
 #include "search/like_matcher.h"
+#include "support/recording_msg_box.h"
 #include "support/temp_folder.h"
 
 namespace tonalith::help_text {
@@ -185,7 +185,7 @@ TEST(WorkedExamples, TheDataPackThatTheReaderWritesInstalls) {
   const std::string pack = program / "DataPacks/DataPack_Folk.mdb";
   SQLite::Database(pack, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(packs.front().text);
 
-  core::RecordingMsgBox msgBox;
+  tests::RecordingMsgBox msgBox;
   NoObserver observer;
   data::DataPackImport(program.Path().string(), msgBox, observer).GetAvailableDataPacks();
 

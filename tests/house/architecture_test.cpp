@@ -5,25 +5,32 @@
 
 #include <algorithm>
 
+#include "house/arrows.h"
 #include "house/room_table.h"
 
 namespace tonalith::house {
 namespace {
 
+using Arrows = std::map<std::string, std::set<std::string>>;
+
 /// Whether `from` reaches `to` over one arrow or more.
-bool Reaches(const RoomTable& table, const std::string& from, const std::string& to) {
-  const std::vector<std::string>& used = table.Named(from)->rooms;
-  return std::any_of(used.begin(), used.end(),
-                     [&](const std::string& room) { return room == to || Reaches(table, room, to); });
+bool Reaches(const Arrows& arrows, const std::string& from, const std::string& to) {
+  const auto found = arrows.find(from);
+  return found != arrows.end() && std::any_of(found->second.begin(), found->second.end(), [&](const std::string& room) {
+           return room == to || Reaches(arrows, room, to);
+         });
 }
 
-/// The picture of the rooms: every arrow that does not follow from others.
-std::string Picture(const RoomTable& table) {
+/// The picture of the rooms under `root`: every arrow of their #include lines that does not follow from others.
+std::string Picture(const RoomTable& table, const Path& root) {
+  const Arrows arrows = IncludedRooms(table, root);
   std::string picture = "```mermaid\nflowchart TD\n";
   for (const Room& room : table.Rooms()) {
-    for (const std::string& used : room.rooms) {
-      const bool follows = std::any_of(room.rooms.begin(), room.rooms.end(), [&](const std::string& other) {
-        return other != used && Reaches(table, other, used);
+    const auto found = arrows.find(room.name);
+    if (found == arrows.end()) continue;
+    for (const std::string& used : found->second) {
+      const bool follows = std::any_of(found->second.begin(), found->second.end(), [&](const std::string& other) {
+        return other != used && Reaches(arrows, other, used);
       });
       picture += follows ? std::string() : "  " + room.name + " --> " + used + "\n";
     }
@@ -31,11 +38,11 @@ std::string Picture(const RoomTable& table) {
   return picture + "```\n";
 }
 
-TEST(Architecture, ThePictureOfTheRoomsIsTheTableOfTheRooms) {
-  const RoomTable table = RoomTable::Read(ProjectRoot() / "docs/rooms.tsv");
-  const std::string page = ReadFile(ProjectRoot() / "docs/architecture.md");
-  EXPECT_THAT(page, ::testing::HasSubstr(Picture(table))) << "docs/architecture.md has to show this:\n"
-                                                          << Picture(table);
+TEST(Architecture, ThePictureOfTheRoomsShowsTheIncludesOfTheSources) {
+  const std::string picture = Picture(RoomTable::Read(ProjectRoot() / "docs/rooms.tsv"), ProjectRoot());
+  EXPECT_THAT(ReadFile(ProjectRoot() / "docs/architecture.md"), ::testing::HasSubstr(picture))
+      << "docs/architecture.md has to show this:\n"
+      << picture;
 }
 
 TEST(Architecture, APictureLeavesOutArrowsThatFollowFromOthers) {
@@ -43,8 +50,11 @@ TEST(Architecture, APictureLeavesOutArrowsThatFollowFromOthers) {
       "== rooms.tsv\n"
       "low\tl\tsrc/low\t-\t-\t-\n"
       "high\th\tsrc/high\tlow\t-\t-\n"
-      "top\tt\tsrc/top\tlow high\t-\t-\n");
-  EXPECT_EQ(Picture(RoomTable::Read(tree.Root() / "rooms.tsv")),
+      "top\tt\tsrc/top\tlow high\t-\t-\n"
+      "== src/low/low.h\n#include <string>\n"
+      "== src/high/high.h\n#include \"low/low.h\"\n"
+      "== src/top/top.h\n#include \"high/high.h\"\n#include \"low/low.h\"\n");
+  EXPECT_EQ(Picture(RoomTable::Read(tree.Root() / "rooms.tsv"), tree.Root()),
             "```mermaid\nflowchart TD\n  high --> low\n  top --> high\n```\n");
 }
 

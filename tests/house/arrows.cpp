@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <regex>
-#include <set>
 
 namespace tonalith::house {
 namespace {
@@ -119,52 +118,104 @@ bool StandsIn(const Room& room, const Path& folder) {
   return room.folder == folder || room.folder.rfind(folder.generic_string() + "/", 0) == 0;
 }
 
+struct Include {
+  Path file;  ///< relative to the root
+  int line = 0;
+  std::string header;
+};
+
+std::vector<Include> IncludesOf(const Path& root) {
+  static const std::regex pattern(R"(\s*#\s*include\s*[<"]([^>"]+)[>"].*)");
+  std::vector<Include> includes;
+  for (const Path& file : ProjectFiles(root / "src")) {
+    int number = 0;
+    for (const std::string& line : LinesOf(root / "src" / file)) {
+      ++number;
+      std::smatch match;
+      if (std::regex_match(line, match, pattern)) includes.push_back({"src" / file, number, match[1]});
+    }
+  }
+  return includes;
+}
+
+struct Links {
+  Path file;  ///< relative to the root
+  std::string target;
+  std::vector<std::string> links;
+};
+
+std::vector<Links> AllLinks(const Path& root) {
+  std::vector<Links> all;
+  for (const Path& file : ProjectFiles(root / "src")) {
+    if (file.filename() != "CMakeLists.txt") continue;
+    for (const Call& call : CallsOf(root / "src" / file)) {
+      auto [target, links] = LinksOf(call);
+      if (!target.empty()) all.push_back({"src" / file, target, std::move(links)});
+    }
+  }
+  return all;
+}
+
 }  // namespace
 
 std::vector<std::string> WrongIncludes(const RoomTable& table, const Path& root) {
-  static const std::regex pattern(R"(\s*#\s*include\s*[<"]([^>"]+)[>"].*)");
   std::vector<std::string> faults;
-  for (const Path& file : ProjectFiles(root / "src")) {
-    const Path inProject = "src" / file;
-    int number = 0;
-    for (const std::string& line : LinesOf(root / inProject)) {
-      ++number;
-      std::smatch match;
-      if (!std::regex_match(line, match, pattern)) {
-        continue;
-      }
-      const std::string fault = WrongInclude(table, root, inProject, match[1]);
-      if (!fault.empty()) {
-        faults.push_back(inProject.generic_string() + ":" + std::to_string(number) + ": " + fault);
-      }
-    }
+  for (const Include& include : IncludesOf(root)) {
+    const std::string fault = WrongInclude(table, root, include.file, include.header);
+    if (fault.empty()) continue;
+    faults.push_back(include.file.generic_string() + ":" + std::to_string(include.line) + ": " + fault);
   }
   return faults;
 }
 
 std::vector<std::string> WrongLinks(const RoomTable& table, const Path& root) {
   std::vector<std::string> faults;
-  for (const Path& file : ProjectFiles(root / "src")) {
-    if (file.filename() != "CMakeLists.txt") {
+  for (const auto& [file, target, links] : AllLinks(root)) {
+    const Room* const room = table.OfTarget(target);
+    if (room == nullptr || !StandsIn(*room, file.parent_path())) {
+      faults.push_back(file.generic_string() + ": " + target + " is no room of this folder");
       continue;
     }
-    const Path inProject = "src" / file;
-    for (const Call& call : CallsOf(root / inProject)) {
-      const auto [target, links] = LinksOf(call);
-      if (target.empty()) {
-        continue;
-      }
-      const Room* const room = table.OfTarget(target);
-      if (room == nullptr || !StandsIn(*room, inProject.parent_path())) {
-        faults.push_back(inProject.generic_string() + ": " + target + " is no room of this folder");
-        continue;
-      }
-      for (const std::string& link : links) {
-        const std::string fault = LinkFault(table, *room, link);
-        if (!fault.empty()) {
-          faults.push_back(inProject.generic_string() + ": " + fault);
-        }
-      }
+    for (const std::string& link : links) {
+      const std::string fault = LinkFault(table, *room, link);
+      if (!fault.empty()) faults.push_back(file.generic_string() + ": " + fault);
+    }
+  }
+  return faults;
+}
+
+std::map<std::string, std::set<std::string>> IncludedRooms(const RoomTable& table, const Path& root) {
+  std::map<std::string, std::set<std::string>> included;
+  for (const Include& include : IncludesOf(root)) {
+    const Room* const room = table.OfFile(include.file);
+    const Path own = OwnHeader(root, include.file, include.header);
+    const Room* const used = own.empty() ? nullptr : table.OfFile(own);
+    if (room != nullptr && used != nullptr && room != used) included[room->name].insert(used->name);
+  }
+  return included;
+}
+
+std::vector<std::string> UnusedPermissions(const RoomTable& table, const Path& root) {
+  std::map<std::string, std::set<std::string>> headers;
+  for (const Include& include : IncludesOf(root)) {
+    if (const Room* const room = table.OfFile(include.file)) headers[room->name].insert(include.header);
+  }
+  std::map<std::string, std::set<std::string>> links;
+  for (const Links& call : AllLinks(root)) links[call.target].insert(call.links.begin(), call.links.end());
+
+  std::map<std::string, std::set<std::string>> included = IncludedRooms(table, root);
+  std::vector<std::string> faults;
+  for (const Room& room : table.Rooms()) {
+    for (const std::string& used : room.rooms) {
+      if (included[room.name].count(used) == 0) faults.push_back(room.name + " never includes " + used);
+    }
+    for (const std::string& library : room.libraries) {
+      if (links[room.target].count(library) == 0) faults.push_back(room.name + " never links " + library);
+    }
+    for (const std::string& head : room.headers) {
+      const std::set<std::string>& seen = headers[room.name];
+      const auto first = seen.lower_bound(head);
+      if (first == seen.end() || first->rfind(head, 0) != 0) faults.push_back(room.name + " never includes " + head);
     }
   }
   return faults;

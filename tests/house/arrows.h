@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Holds the arrows of src/ against the table of rooms: every #include line, and every link in every CMakeLists.txt. The
-// answer is one line of text for each arrow that the table does not have, naming file, line and what is wrong; no line
-// means that all is well. Reads files only; owns nothing.
+// Compares the arrows of src/ with the table of rooms: every #include line, and every link in every CMakeLists.txt.
+// Each function returns one line of text for each fault and an empty list if there is none. Reads files only.
 
 #pragma once
 
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -19,5 +20,11 @@ std::vector<std::string> WrongIncludes(const RoomTable& table, const Path& root)
 
 /// Links between rooms and to libraries, whether given to tonalith_room or to target_link_libraries.
 std::vector<std::string> WrongLinks(const RoomTable& table, const Path& root);
+
+/// What the table permits and nobody uses: rooms and headers that no file includes, libraries that no target links.
+std::vector<std::string> UnusedPermissions(const RoomTable& table, const Path& root);
+
+/// The rooms that the files of each room really include, by name, without the room itself.
+std::map<std::string, std::set<std::string>> IncludedRooms(const RoomTable& table, const Path& root);
 
 }  // namespace tonalith::house

@@ -42,9 +42,22 @@ TEST(Arrows, EveryIncludeOfTheProjectIsInTheTable) {
 
 TEST(Arrows, EveryLinkOfTheProjectIsInTheTable) { EXPECT_THAT(WrongLinks(ProjectTable(), ProjectRoot()), IsEmpty()); }
 
+TEST(Arrows, EveryPermissionOfTheTableIsUsed) {
+  EXPECT_THAT(UnusedPermissions(ProjectTable(), ProjectRoot()), IsEmpty());
+}
+
+TEST(Arrows, APermissionThatNobodyUsesIsFound) {
+  const TemporaryTree tree(std::string(kTable) +
+                           "== src/top/a.cpp\n#include \"low/low.h\"\n"
+                           "== src/low/CMakeLists.txt\ntonalith_room(low SOURCES low.cpp LINKS SQLiteCpp)\n");
+  EXPECT_THAT(UnusedPermissions(RoomTable::Read(tree.Root() / "rooms.tsv"), tree.Root()),
+              ElementsAre("low never includes SQLiteCpp/", "low never includes sqlite3.h", "high never includes low",
+                          "high never links Qt6::Widgets", "top never includes high"));
+}
+
 TEST(Arrows, CoreDataAndAudioKnowNoQt) {
   const RoomTable table = ProjectTable();
-  for (const char* const name : {"core", "data", "audio", "ports"}) {
+  for (const char* const name : {"core", "voice", "sandbox", "jet", "data", "audio", "ports"}) {
     const Room* const room = table.Named(name);
     ASSERT_NE(room, nullptr) << name;
     EXPECT_FALSE(std::any_of(room->headers.begin(), room->headers.end(), [](const auto& h) { return h[0] == 'Q'; }));

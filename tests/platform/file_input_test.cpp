@@ -11,9 +11,9 @@
 #include <fstream>
 
 #include "audio/wave_bytes.h"
-#include "platform/posix/local_time_of_day.h"
-#include "platform/posix/posix_file_input.h"
-#include "platform/scripted/scripted_audio.h"
+#include "platform/system/local_time_of_day.h"
+#include "platform/system/posix_file_input.h"
+#include "support/scripted_audio.h"
 
 namespace tonalith::platform {
 namespace {
@@ -60,8 +60,8 @@ struct ScriptedHost {
   }
   [[nodiscard]] static std::string Missing() { return "missing"; }
   FileInput& Files() { return files; }
-  AudioScript script;
-  ScriptedFileInput files{script};
+  tests::AudioScript script;
+  tests::ScriptedFileInput files{script};
 };
 
 Bytes Counting(std::size_t size) {

@@ -10,8 +10,8 @@
 #include <new>
 #include <vector>
 
-#include "platform/notices/notice_queue.h"
-#include "platform/silent/silent_mixer.h"
+#include "platform/sound/silent_mixer.h"
+#include "platform/system/notice_queue.h"
 #include "platform/wave_output_fixture.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "platform/notices/notice_queue.h"
+#include "platform/system/notice_queue.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@
 
 #include "platform/event_pump_conformance.h"
 #include "platform/notice_windows_conformance.h"
-#include "platform/scripted/scripted_audio.h"
+#include "support/scripted_audio.h"
 
 namespace tonalith::testing {
 namespace {
@@ -24,12 +24,12 @@ struct QueueHost {
 struct ScriptedHost {
   platform::NoticeWindows& Windows() { return windows; }
   void RunEvents() { windows.Dispatch(); }
-  platform::AudioScript script;
-  platform::ScriptedNoticeWindows windows{script};
+  tests::AudioScript script;
+  tests::ScriptedNoticeWindows windows{script};
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(NoticeQueue, NoticeWindowsConformance, QueueHost);
-INSTANTIATE_TYPED_TEST_SUITE_P(ScriptedNoticeWindows, NoticeWindowsConformance, ScriptedHost);
+INSTANTIATE_TYPED_TEST_SUITE_P(tests::ScriptedNoticeWindows, NoticeWindowsConformance, ScriptedHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(NoticeQueue, EventPumpConformance, QueueHost);
 
 TEST(NoticeQueue, WakesTheLoopAfterEachPosting) {

@@ -11,8 +11,8 @@
 #include <cstdlib>
 #include <thread>
 
-#include "platform/openal/open_al_mixer.h"
 #include "platform/processor_time.h"
+#include "platform/sound/open_al_mixer.h"
 #include "platform/wave_output_conformance.h"
 #include "support/timed.h"
 

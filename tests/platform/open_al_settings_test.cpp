@@ -3,7 +3,7 @@
 
 // The settings are made once in a process, so each case has a child process, which tells what it sees by how it ends.
 
-#include "platform/openal/open_al_settings.h"
+#include "platform/sound/open_al_settings.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>

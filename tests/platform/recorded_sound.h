@@ -15,10 +15,10 @@
 
 #include "audio/sound_manager.h"
 #include "audio/wave_bytes.h"
-#include "core/recording_msg_box.h"
-#include "platform/notices/notice_queue.h"
-#include "platform/openal/open_al_mixer.h"
-#include "platform/posix/posix_file_input.h"
+#include "platform/sound/open_al_mixer.h"
+#include "platform/system/notice_queue.h"
+#include "platform/system/posix_file_input.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::testing {
 

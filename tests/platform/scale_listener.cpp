@@ -136,7 +136,7 @@ const std::vector<ListenedScale>& ListenedScales() {
 Recording RecordScale(const std::string& folder, const std::string& key, const std::string& pattern,
                       std::string& messages) {
   RecordingPath();
-  core::RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   platform::PosixFileInput files;
   platform::NoticeQueue queue;
   auto output = platform::MakeOpenAlWaveOutput(queue, nullptr);

@@ -94,7 +94,7 @@ class ScaleRecording : public ::testing::Test {
 
   SoundFolder folder_;
   Stage stage_{folder_};
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
   Recording recording_;
   std::vector<Stretch> stretches_;
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "platform/std/std_system.h"
+#include "platform/system/std_system.h"
 
 #include <gtest/gtest.h>
 

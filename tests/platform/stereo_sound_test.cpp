@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "platform/threaded/stereo_sound.h"
+#include "platform/sound/stereo_sound.h"
 
 #include <gtest/gtest.h>
 

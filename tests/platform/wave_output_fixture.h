@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "audio/wave_bytes.h"
-#include "platform/notices/notice_queue.h"
+#include "platform/system/notice_queue.h"
 #include "platform/wave_output.h"
 
 namespace tonalith::testing {

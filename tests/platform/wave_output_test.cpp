@@ -10,9 +10,9 @@
 #include <thread>
 
 #include "platform/processor_time.h"
-#include "platform/scripted/scripted_audio.h"
-#include "platform/silent/silent_mixer.h"
+#include "platform/sound/silent_mixer.h"
 #include "platform/wave_output_conformance.h"
+#include "support/scripted_audio.h"
 #include "support/timed.h"
 
 namespace tonalith::testing {
@@ -28,9 +28,9 @@ struct ScriptedHost {
     if (duration.count() > 0) output.FinishAll();
     windows.Dispatch();
   }
-  platform::AudioScript script;
-  platform::ScriptedNoticeWindows windows{script};
-  platform::ScriptedWaveOutput output{script, windows};
+  tests::AudioScript script;
+  tests::ScriptedNoticeWindows windows{script};
+  tests::ScriptedWaveOutput output{script, windows};
 };
 
 struct SilentHost : RealTimeHost {

@@ -7,10 +7,10 @@
 #include <QLabel>
 #include <QPainter>
 
-#include "controls/ink.h"
-#include "core/recording_msg_box.h"
-#include "platform/scripted/scripted_printer.h"
 #include "print/print_picture_to_size.h"
+#include "support/ink.h"
+#include "support/recording_msg_box.h"
+#include "support/scripted_printer.h"
 
 namespace tonalith::print {
 namespace {
@@ -18,7 +18,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-using Message = core::RecordingMsgBox::Message;
+using Message = tests::RecordingMsgBox::Message;
 
 constexpr const char* kNothing = "Bitmap creation failed \xE2\x80\x94 nothing to print.";
 
@@ -43,9 +43,9 @@ class CapturePrintTest : public testing::Test {
   QWidget view_;
   QWidget form_;
   PictureBox* printPic_ = new PictureBox(QStringLiteral("printPic"), &form_);
-  core::RecordingMsgBox box_;
-  platform::PrintScript script_;
-  platform::ScriptedPrinter printer_{script_, 10000, 8000};
+  tests::RecordingMsgBox box_;
+  tests::PrintScript script_;
+  tests::ScriptedPrinter printer_{script_, 10000, 8000};
 };
 
 TEST_F(CapturePrintTest, PrintsTheViewInItsOwnSizeAtTheTopLeft) {

@@ -13,13 +13,13 @@
 #include <QTest>
 #include <memory>
 
-#include "controls/colours.h"
-#include "controls/ink.h"
-#include "controls/panel_button.h"
 #include "core/failure.h"
-#include "core/recording_msg_box.h"
-#include "platform/scripted/scripted_printer.h"
+#include "paint/colours.h"
 #include "print/print_picture_to_size.h"
+#include "support/ink.h"
+#include "support/recording_msg_box.h"
+#include "support/scripted_printer.h"
+#include "windows/panel_button.h"
 
 namespace tonalith::print {
 namespace {
@@ -28,15 +28,15 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
-using Message = core::RecordingMsgBox::Message;
+using Message = tests::RecordingMsgBox::Message;
 
 /// The print helper on a page of 1000 x 500 pixels that is one black frame.
 class FrmPrintTest : public testing::Test {
  protected:
   FrmPrintTest() {
     page_.resize(1000, 500);
-    controls::DrawingSurface& surface = page_.Surface();
-    surface.SetScaleMode(controls::ScaleMode::kPixels);
+    paint::DrawingSurface& surface = page_.Surface();
+    surface.SetScaleMode(paint::ScaleMode::kPixels);
     for (int row = 0; row < 20; ++row) {
       surface.Line(0, row, 1000, row);
       surface.Line(0, 480 + row, 1000, 480 + row);
@@ -66,9 +66,9 @@ class FrmPrintTest : public testing::Test {
   PageView& Picture1() { return Find<PageView>("Picture1"); }
   platform::PrintPlace Place() { return Picture1().Painted().at(0).place; }
 
-  core::RecordingMsgBox box_;
-  platform::PrintScript script_;
-  platform::ScriptedPrintService service_{script_};
+  tests::RecordingMsgBox box_;
+  tests::PrintScript script_;
+  tests::ScriptedPrintService service_{script_};
   QWidget host_;
   PictureBox page_{QStringLiteral("printPic"), nullptr};
   QPointer<frmPrint> form_;
@@ -205,10 +205,10 @@ TEST_F(FrmPrintTest, WithoutAPrinterEnterSavesThePage) {
   EXPECT_EQ(script_.pages, 1);
   EXPECT_TRUE(form_->isVisible()) << "printing would have closed the window";
   const auto kindOf = [this](const char* name) {
-    return form_->findChild<controls::PanelButton*>(QLatin1String(name))->ButtonKind();
+    return form_->findChild<windows::PanelButton*>(QLatin1String(name))->ButtonKind();
   };
-  EXPECT_EQ(kindOf("cmdPdf"), controls::PanelButton::Kind::kMainAction);
-  EXPECT_EQ(kindOf("cmdPrint"), controls::PanelButton::Kind::kOrdinary);
+  EXPECT_EQ(kindOf("cmdPdf"), windows::PanelButton::Kind::kMainAction);
+  EXPECT_EQ(kindOf("cmdPrint"), windows::PanelButton::Kind::kOrdinary);
 }
 
 TEST_F(FrmPrintTest, SystemThatCannotNameItsPrintersCountsAsOneWithout) {
@@ -297,7 +297,7 @@ TEST_F(FrmPrintTest, SheetIsWhiteInADarkThemeAndTextsCanBeRead) {
   const QPoint corner = Picture1().SheetPlace().toRect().bottomRight() - QPoint(4, 4);
   EXPECT_EQ(dots.pixelColor(corner), QColor(Qt::white));
   const QPalette ink = Find<QLabel>("lblStatus").palette();
-  EXPECT_GE(controls::ContrastRatio(ink.color(QPalette::WindowText), form_->palette().color(QPalette::Window)), 4.5);
+  EXPECT_GE(paint::ContrastRatio(ink.color(QPalette::WindowText), form_->palette().color(QPalette::Window)), 4.5);
   QPalette light;
   light.setColor(QPalette::Window, QColor(0xee, 0xee, 0xee));
   light.setColor(QPalette::WindowText, QColor(0x20, 0x20, 0x20));

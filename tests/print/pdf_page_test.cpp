@@ -8,11 +8,11 @@
 
 #include <filesystem>
 
-#include "controls/ink.h"
-#include "core/recording_msg_box.h"
-#include "platform/qt_print/qt_print_service.h"
+#include "platform/qt/qt_print_service.h"
 #include "print/print_picture_to_size.h"
+#include "support/ink.h"
 #include "support/pdf_file.h"
+#include "support/recording_msg_box.h"
 #include "support/temp_folder.h"
 
 namespace tonalith::print {
@@ -42,12 +42,12 @@ class PdfPage : public testing::TestWithParam<PageCase> {
   std::string Print(int width, int height) {
     const std::string file = temp_ / "page.pdf";
     source_->resize(width, height);
-    controls::DrawingSurface& surface = source_->Surface();
-    surface.SetScaleMode(controls::ScaleMode::kPixels);
+    paint::DrawingSurface& surface = source_->Surface();
+    surface.SetScaleMode(paint::ScaleMode::kPixels);
     surface.Cls();
     for (const int y : {0, height - 1}) surface.Line(0, y, width, y);
     for (const int x : {0, width - 1}) surface.Line(x, 0, x, height);
-    surface.SetFontSize(controls::Pixels(40));
+    surface.SetFontSize(paint::Pixels(40));
     surface.SetCurrentX(20);
     surface.SetCurrentY(20);
     surface.Print("Selectable: \xC2\xBD \xE2\x99\xAF D#");
@@ -72,7 +72,7 @@ class PdfPage : public testing::TestWithParam<PageCase> {
   tests::TempFolder temp_;
   QWidget form_;
   PictureBox* source_ = new PictureBox(QStringLiteral("source"), &form_);
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
 };
 
 TEST_P(PdfPage, WidePictureFillsNinetyPercentOfTheWidthAndSitsAtFifteen) {

@@ -7,7 +7,7 @@
 
 #include <QPainter>
 
-#include "controls/ink.h"
+#include "support/ink.h"
 
 namespace tonalith::print {
 namespace {
@@ -17,7 +17,7 @@ class PictureBoxTest : public testing::Test {
  protected:
   PictureBoxTest() {
     box_.resize(100, 60);
-    box_.Surface().SetScaleMode(controls::ScaleMode::kPixels);
+    box_.Surface().SetScaleMode(paint::ScaleMode::kPixels);
     box_.Surface().Line(10, 20, 90, 20);
   }
   PictureBox box_{QStringLiteral("box"), nullptr};
@@ -58,14 +58,14 @@ TEST_F(PictureBoxTest, EmptyBoxAndBoxThatKeepsNothingHaveNoImage) {
 }
 
 TEST_F(PictureBoxTest, CopyGoesToItsPlaceAndLeavesWhatIsThere) {
-  box_.Surface().SetFontSize(controls::Pixels(14));
+  box_.Surface().SetFontSize(paint::Pixels(14));
   box_.Surface().SetFontBold(true);
-  box_.Surface().SetForeColor(controls::Bgr{0xFF0000});
+  box_.Surface().SetForeColor(paint::Bgr{0xFF0000});
   box_.Surface().SetCurrentX(4);
   box_.Surface().SetCurrentY(5);
   box_.Surface().Print("F#");
-  controls::RecordingSurface target;
-  target.SetScaleMode(controls::ScaleMode::kPixels);
+  paint::RecordingSurface target;
+  target.SetScaleMode(paint::ScaleMode::kPixels);
   target.Line(1, 1, 2, 1);
   BitBlt(target, 100, 200.5, box_.Surface());
   EXPECT_EQ(target.AsText(),

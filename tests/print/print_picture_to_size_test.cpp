@@ -9,9 +9,9 @@
 #include <QPainter>
 #include <memory>
 
-#include "controls/ink.h"
-#include "core/recording_msg_box.h"
-#include "platform/scripted/scripted_printer.h"
+#include "support/ink.h"
+#include "support/recording_msg_box.h"
+#include "support/scripted_printer.h"
 
 namespace tonalith::print {
 namespace {
@@ -19,7 +19,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-using Message = core::RecordingMsgBox::Message;
+using Message = tests::RecordingMsgBox::Message;
 
 PictureBox* PicTemp(const QWidget& form) { return form.findChild<PictureBox*>(QStringLiteral("picTemp")); }
 
@@ -29,16 +29,16 @@ class PrintPictureToSizeTest : public testing::Test {
   PrintPictureToSizeTest() {
     form_.setGeometry(40, 50, 300, 200);
     source_->resize(100, 50);
-    source_->Surface().SetScaleMode(controls::ScaleMode::kPixels);
+    source_->Surface().SetScaleMode(paint::ScaleMode::kPixels);
     source_->Surface().Line(0, 0, 100, 0);
   }
   void Print() { PrintPictureToSize({printer_, box_}, form_, *source_, 90, 15, 15); }
 
   QWidget form_;
   PictureBox* source_ = new PictureBox(QStringLiteral("source"), &form_);
-  core::RecordingMsgBox box_;
-  platform::PrintScript script_;
-  platform::ScriptedPrinter printer_{script_, 10000, 8000};
+  tests::RecordingMsgBox box_;
+  tests::PrintScript script_;
+  tests::ScriptedPrinter printer_{script_, 10000, 8000};
 };
 
 TEST_F(PrintPictureToSizeTest, PaintsOncePerPageAndEndsTheDocument) {

@@ -11,7 +11,7 @@
 #include <filesystem>
 
 #include "core/failure.h"
-#include "platform/qt_print/page_output.h"
+#include "platform/qt/page_output.h"
 #include "support/temp_folder.h"
 
 namespace tonalith::platform {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "platform/qt_print/qt_print_service.h"
+#include "platform/qt/qt_print_service.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

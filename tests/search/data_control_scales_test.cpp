@@ -8,8 +8,8 @@
 #include <gtest/gtest.h>
 
 #include "core/failure.h"
-#include "core/recording_msg_box.h"
 #include "data/schema.h"
+#include "support/recording_msg_box.h"
 #include "support/temp_folder.h"
 
 namespace tonalith::search {
@@ -37,7 +37,7 @@ class DataControlScalesTest : public testing::Test {
         "(9, 'By', 1)");
     control_.SetConnectionString("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path_.string());
     control_.SetRecordSource("SELECT * FROM ScalesQuery");
-    control_.Bind("ScaleName", [this](const data::Value& name) { shown_.push_back(name.TextOr("-")); });
+    control_.Bind("ScaleName", [this](const core::Value& name) { shown_.push_back(name.TextOr("-")); });
   }
   void Execute(const std::string& statements) const {
     SQLite::Database db(path_.string(), SQLite::OPEN_READWRITE);
@@ -50,7 +50,7 @@ class DataControlScalesTest : public testing::Test {
 
   tests::TempFolder temp_;
   std::filesystem::path path_ = temp_.Path() / "scales.mdb";
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
   controls::DataControl control_;
   DataControlScales scales_{control_};
   PatientWatcher watcher_;

@@ -13,8 +13,8 @@
 #include <QTimer>
 #include <thread>
 
-#include "core/recording_msg_box.h"
 #include "search/fake_scales.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::search {
 namespace {
@@ -63,7 +63,7 @@ class FrmSearchTest : public testing::Test {
     };
   }
 
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
   FakeScales* scales_ = nullptr;
   std::unique_ptr<frmSearch> form_;
   int tested_ = 0;
@@ -135,7 +135,7 @@ TEST_F(FrmSearchTest, BlankTextOnlyEmptiesTheStatusLine) {
 TEST_F(FrmSearchTest, NoMatchIsToldInAnInformationBox) {
   Type("nothing");
   form_->cmdSearch_Click();
-  const core::RecordingMsgBox::Message expected{"No matches found.", core::MsgBoxStyle::kInformation, ""};
+  const tests::RecordingMsgBox::Message expected{"No matches found.", core::MsgBoxStyle::kInformation, ""};
   EXPECT_THAT(box_.Messages(), ElementsAre(expected));
 }
 
@@ -143,7 +143,7 @@ TEST_F(FrmSearchTest, MalformedListIsToldInAPlainBox) {
   Show();
   Type("[abc");
   Click("cmdSearch");
-  const core::RecordingMsgBox::Message expected{"Invalid pattern string", core::MsgBoxStyle::kOkOnly, ""};
+  const tests::RecordingMsgBox::Message expected{"Invalid pattern string", core::MsgBoxStyle::kOkOnly, ""};
   EXPECT_THAT(box_.Messages(), ElementsAre(expected));
   EXPECT_EQ(scales_->TakeLog(), "");
   EXPECT_EQ(Text()->selectedText(), Wide("[abc"));

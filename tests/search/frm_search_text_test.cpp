@@ -13,7 +13,6 @@
 #include <chrono>
 #include <thread>
 
-#include "core/recording_msg_box.h"
 #include "search/fake_scales.h"
 #include "search/frm_search.h"
 #include "search/pointer_watching_msg_box.h"
@@ -45,7 +44,7 @@ class FrmSearchText : public testing::Test {
     return box.frameGeometry();
   }
 
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
   FakeScales* scales_ = nullptr;
   std::unique_ptr<frmSearch> form_;
   QLineEdit* text_ = nullptr;

@@ -13,7 +13,6 @@
 #include <QToolTip>
 #include <thread>
 
-#include "core/recording_msg_box.h"
 #include "search/fake_scales.h"
 #include "search/pointer_watching_msg_box.h"
 
@@ -22,7 +21,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Message = core::RecordingMsgBox::Message;
+using Message = tests::RecordingMsgBox::Message;
 
 class NextMatch : public testing::Test {
  protected:
@@ -43,7 +42,7 @@ class NextMatch : public testing::Test {
   }
 
   FakeScales scales_{"Major,Dorian,Melodic Minor"};
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
   std::unique_ptr<QWidget> window_;
   QLineEdit* line_;
   int tested_ = 0;

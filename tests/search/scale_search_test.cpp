@@ -7,15 +7,15 @@
 #include <gtest/gtest.h>
 
 #include "core/failure.h"
-#include "core/recording_msg_box.h"
 #include "search/fake_scales.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::search {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Message = core::RecordingMsgBox::Message;
+using Message = tests::RecordingMsgBox::Message;
 
 constexpr const char* kWrapText = "You have searched all the records once";
 
@@ -51,7 +51,7 @@ class ScaleSearchTest : public testing::Test {
 
   FakeScales scales_;
   RecordingWatcher watcher_;
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
   SearchResult result_;
   std::string tag_;
 };

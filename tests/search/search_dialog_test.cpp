@@ -8,14 +8,14 @@
 
 #include <stdexcept>
 
-#include "core/recording_msg_box.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::search {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Message = core::RecordingMsgBox::Message;
+using Message = tests::RecordingMsgBox::Message;
 
 /// What happens while the dialog is shown, and what became of it.
 struct Script {
@@ -54,7 +54,7 @@ class RunSearchTest : public testing::Test {
         place_, [this] { return std::make_unique<ScriptedDialog>(script_); }, text_, box_);
   }
   Script script_;
-  core::RecordingMsgBox box_;
+  tests::RecordingMsgBox box_;
   std::unique_ptr<SearchDialog> place_;
   std::string text_;
 };

@@ -15,9 +15,9 @@
 #include <iostream>
 #include <memory>
 
-#include "core/recording_msg_box.h"
 #include "data/scale_database.h"
 #include "data/shipped_rows.h"
+#include "support/recording_msg_box.h"
 #include "torture/finding.h"
 #include "torture/kill_account.h"
 #include "torture/playground.h"
@@ -124,7 +124,7 @@ Library Examine(const Places& places, long& journals) {
   };
   if (fs::exists(journal)) ++journals;
   make();
-  core::RecordingMsgBox messages;
+  tests::RecordingMsgBox messages;
   std::make_unique<data::ScaleDatabase>(copy.string(), messages)->OpenShared();
   make();
   const LibraryFile file((copy / places.Library().filename()).string(), LibraryFile::Open::kForWriting);

@@ -6,7 +6,7 @@
 #include <QLineEdit>
 
 #include "app/frm_tonalith.h"
-#include "controls/music_font.h"
+#include "paint/music_font.h"
 #include "torture/finding.h"
 #include "torture/music.h"
 
@@ -61,10 +61,10 @@ void CheckNeck(const app::frmTonalith& form, const Cell& pattern, const Key& key
   }
 }
 
-int Printed(const controls::RecordingSurface& drawing, char glyph) {
+int Printed(const paint::RecordingSurface& drawing, char glyph) {
   int count = 0;
-  for (const controls::DrawCommand& command : drawing.Commands()) {
-    const auto* const print = std::get_if<controls::PrintCommand>(&command);
+  for (const paint::DrawCommand& command : drawing.Commands()) {
+    const auto* const print = std::get_if<paint::PrintCommand>(&command);
     if (print != nullptr && print->text.find(glyph) != std::string::npos) ++count;
   }
   return count;
@@ -79,13 +79,13 @@ void CheckStaff(const MainControls& c, const Cell& pattern, const Key& key) {
     if (name.size() > 1) ++sharps;
   }
   RequireText("the list of notes", c.lblScaleNotes->text(), names ? label : "Scale Notes");
-  const controls::RecordingSurface& drawing = c.staff->Drawing();
-  const int notes = Printed(drawing, controls::kWholeNote);
+  const paint::RecordingSurface& drawing = c.staff->Drawing();
+  const int notes = Printed(drawing, paint::kWholeNote);
   const int wanted = names ? static_cast<int>(names->size()) : 0;
   Require(notes == wanted, "the staff has another number of notes",
           std::to_string(notes) + " instead of " + std::to_string(wanted));
-  Require(Printed(drawing, controls::kSharp) == sharps, "the staff has another number of sharps",
-          std::to_string(Printed(drawing, controls::kSharp)) + " instead of " + std::to_string(sharps));
+  Require(Printed(drawing, paint::kSharp) == sharps, "the staff has another number of sharps",
+          std::to_string(Printed(drawing, paint::kSharp)) + " instead of " + std::to_string(sharps));
 }
 
 void CheckEmpty(const MainControls& c) {

@@ -50,7 +50,7 @@ class FretboardFocus : public testing::Test, public platform::NotePlayer {
     return focus == nullptr ? "nothing" : focus->objectName().toStdString();
   }
 
-  core::RecordingMsgBox msgBox_;
+  tests::RecordingMsgBox msgBox_;
   std::string played_;
   QWidget window_;
   QLineEdit before_{&window_};

@@ -10,7 +10,7 @@
 #include <optional>
 #include <string>
 
-#include "core/recording_msg_box.h"
+#include "support/recording_msg_box.h"
 #include "views/fretboard_view.h"
 
 namespace tonalith::tests {

@@ -12,9 +12,9 @@
 namespace tonalith::views {
 namespace {
 
-using controls::Twips;
 using core::Neck;
 using core::Pitch;
+using paint::Twips;
 
 /// The names of a row, open string first, separated by single blanks.
 std::string TagsOfRow(const FretboardLayout& layout, int row) {

@@ -24,7 +24,7 @@ class FretboardLight : public testing::Test {
     view_.SetNotePlayer(&player_, "/tonalith");
     view_.PositionNotes();
   }
-  core::RecordingMsgBox msgBox_;
+  tests::RecordingMsgBox msgBox_;
   SilentPlayer player_;
   FretboardView view_{msgBox_};
 };

@@ -9,16 +9,16 @@
 #include <array>
 #include <cstdio>
 
-#include "controls/colours.h"
-#include "controls/ink.h"
-#include "controls/painter_surface.h"
-#include "controls/recording_surface.h"
+#include "paint/colours.h"
+#include "paint/painter_surface.h"
+#include "paint/recording_surface.h"
+#include "support/ink.h"
 #include "views/fretboard_in_text.h"
 
 namespace tonalith::views {
 namespace {
 
-using controls::ContrastRatio;
+using paint::ContrastRatio;
 using tests::OneScale;
 
 constexpr double kMiddle = 14.5;
@@ -31,7 +31,7 @@ QImage NotePicture29(NotePicture picture, const std::string& tag, bool named, do
   image.setDevicePixelRatio(scale);
   image.fill(Qt::transparent);
   QPainter painter(&image);
-  controls::PainterSurface surface(painter);
+  paint::PainterSurface surface(painter);
   note.DrawOn(surface);
   return image;
 }
@@ -52,10 +52,10 @@ TEST(NotePictures, DrawANameInTheOrderOfTheProcedure) {
   NoteImage note(QStringLiteral("img"), "F#", nullptr);
   note.SetPicture(NotePicture::kKeyNote);
   note.DrawName();
-  controls::RecordingSurface surface;
+  paint::RecordingSurface surface;
   note.DrawOn(surface);
   const double width = surface.TextWidth("F#");
-  const std::string font = controls::FontIsInstalled("Tahoma") ? "Tahoma" : "MS Sans Serif";
+  const std::string font = paint::FontIsInstalled("Tahoma") ? "Tahoma" : "MS Sans Serif";
   std::array<char, 16> x{};
   std::snprintf(x.data(), x.size(), "%.2f", (29 - width) / 2);
   EXPECT_EQ(surface.AsText(), "picture key-note at 0,0\ncolour &HFFFFFF\nfont \"" + font +
@@ -63,14 +63,14 @@ TEST(NotePictures, DrawANameInTheOrderOfTheProcedure) {
 }
 
 TEST(NotePictures, KeepTheirNamesReadable) {
-  EXPECT_GE(ContrastRatio(Qt::white, QColor(controls::kAccent)), 4.5);
-  EXPECT_GE(ContrastRatio(Qt::white, QColor(controls::kNote)), 4.5);
-  EXPECT_EQ(QColor(controls::kNote), QColor(0x2f, 0x5d, 0x62));
+  EXPECT_GE(ContrastRatio(Qt::white, QColor(paint::kAccent)), 4.5);
+  EXPECT_GE(ContrastRatio(Qt::white, QColor(paint::kNote)), 4.5);
+  EXPECT_EQ(QColor(paint::kNote), QColor(0x2f, 0x5d, 0x62));
 }
 
 TEST(NotePictures, PaintTheirDiscInTheColourThatTheContrastWasComputedFor) {
-  EXPECT_EQ(NotePicture29(NotePicture::kKeyNote, "", false, 1).pixelColor(5, 14), QColor(controls::kAccent));
-  EXPECT_EQ(NotePicture29(NotePicture::kScaleNote, "", false, 1).pixelColor(5, 14), QColor(controls::kNote));
+  EXPECT_EQ(NotePicture29(NotePicture::kKeyNote, "", false, 1).pixelColor(5, 14), QColor(paint::kAccent));
+  EXPECT_EQ(NotePicture29(NotePicture::kScaleNote, "", false, 1).pixelColor(5, 14), QColor(paint::kNote));
 }
 
 TEST(NotePictures, TellTheKeyNoteApartByItsShape) {
@@ -123,7 +123,7 @@ class FretboardLook : public testing::Test {
     OneScale scale("2212221");
     Refresh(view_, "F#", scale);
   }
-  core::RecordingMsgBox msgBox_;
+  tests::RecordingMsgBox msgBox_;
   FretboardView view_{msgBox_};
 };
 
@@ -232,9 +232,9 @@ TEST_F(FretboardLook, PaintsFretWireWhereTheFretLinesAre) {
   const QImage image = view_.grab().toImage();
   const int y = view_.Image(0).geometry().bottom() + 2;
   for (int fret = 1; fret <= 15; ++fret) {
-    const auto* line = view_.findChild<controls::LineControl*>(QStringLiteral("fret") + QString::number(fret));
-    EXPECT_GT(qGray(image.pixel(qRound(controls::ExactPixels(line->x1)) - 0, y)), 110) << fret;
-    EXPECT_LT(qGray(image.pixel(qRound(controls::ExactPixels(line->x1)) - 8, y)), 90) << fret;
+    const auto* line = view_.findChild<views::LineControl*>(QStringLiteral("fret") + QString::number(fret));
+    EXPECT_GT(qGray(image.pixel(qRound(paint::ExactPixels(line->x1)) - 0, y)), 110) << fret;
+    EXPECT_LT(qGray(image.pixel(qRound(paint::ExactPixels(line->x1)) - 8, y)), 90) << fret;
   }
 }
 

@@ -15,10 +15,10 @@
 namespace tonalith::views {
 namespace {
 
-using controls::LineControl;
-using controls::Twips;
+using paint::Twips;
 using tests::InText;
 using tests::OneScale;
+using views::LineControl;
 
 class RecordingPlayer : public platform::NotePlayer {
  public:
@@ -45,7 +45,7 @@ class FretboardViewTest : public testing::Test {
     return *view_.findChild<QLabel*>(QStringLiteral("fretPosition") + QString::number(fret));
   }
 
-  core::RecordingMsgBox msgBox_;
+  tests::RecordingMsgBox msgBox_;
   RecordingPlayer player_;
   int pumped_ = 0;
   FretboardView view_{msgBox_};
@@ -137,7 +137,7 @@ TEST_F(FretboardViewTest, PlacesAndNamesTheFiveFretMarkers) {
     const Twips left{600 + 940 * fret + 255};
     const Twips top = Line("fret1").y2 + Twips{250};
     EXPECT_EQ(Marker(fret).pos() + FretboardView::DesignRect().topLeft(),
-              QPoint(controls::NearestPixel(left), controls::NearestPixel(top)));
+              QPoint(paint::NearestPixel(left), paint::NearestPixel(top)));
   }
 }
 

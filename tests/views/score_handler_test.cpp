@@ -7,10 +7,10 @@
 
 #include <algorithm>
 
-#include "controls/music_font.h"
-#include "controls/recording_surface.h"
 #include "core/failure.h"
 #include "core/scale_construction.h"
+#include "paint/music_font.h"
+#include "paint/recording_surface.h"
 
 namespace tonalith::views {
 namespace {
@@ -26,7 +26,7 @@ constexpr const char* kStaff =
 
 /// A scale's drawing behind the staff and the clef, and the names, as text.
 std::string Notes(std::int16_t key, std::string_view pattern) {
-  controls::RecordingSurface surface;
+  paint::RecordingSurface surface;
   std::string names = "left over";
   ScoreHandler(&surface, key, core::IntervalsOf(pattern), names);
   const std::string text = surface.AsText();
@@ -119,7 +119,7 @@ TEST(ScoreHandler, RepeatsANoteForAnIntervalOfZero) {
 }
 
 TEST(ScoreHandler, WritesNoMoreNotesThanAScaleCanHave) {
-  controls::RecordingSurface surface;
+  paint::RecordingSurface surface;
   std::string names;
   ScoreHandler(&surface, 0, std::vector<std::int16_t>(10000, 9), names);
   EXPECT_EQ(std::count(names.begin(), names.end(), ' '), 36);
@@ -130,11 +130,11 @@ TEST(ScoreHandler, WritesNoMoreNotesThanAScaleCanHave) {
 }
 
 TEST(ScoreHandler, SwitchesTheTargetToPixelsAndClearsIt) {
-  controls::RecordingSurface surface;
+  paint::RecordingSurface surface;
   surface.Line(15, 15, 30, 15);
   std::string names;
   ScoreHandler(&surface, 0, {12}, names);
-  EXPECT_EQ(surface.GetScaleMode(), controls::ScaleMode::kPixels);
+  EXPECT_EQ(surface.GetScaleMode(), paint::ScaleMode::kPixels);
   EXPECT_EQ(surface.AsText(), kStaff + std::string("line 793,173 812,173\nprint 119 at 796,123\n"));
 }
 
@@ -145,7 +145,7 @@ TEST(ScoreHandler, DrawsNothingWithoutATarget) {
 }
 
 TEST(ScoreHandler, FailsOnAnEmptyIntervalListAfterClearingTheTarget) {
-  controls::RecordingSurface surface;
+  paint::RecordingSurface surface;
   surface.Line(15, 15, 30, 15);
   std::string names = "as before";
   try {
@@ -159,7 +159,7 @@ TEST(ScoreHandler, FailsOnAnEmptyIntervalListAfterClearingTheTarget) {
 }
 
 TEST(ScoreHandler, LeavesWhatItDrewWhenANoteNumberIsOutOfBounds) {
-  controls::RecordingSurface surface;
+  paint::RecordingSurface surface;
   std::string names = "as before";
   EXPECT_THROW(ScoreHandler(&surface, -13, {2, 2}, names), core::Failure);
   EXPECT_EQ(surface.AsText(), kStaff);

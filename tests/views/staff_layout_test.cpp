@@ -90,7 +90,7 @@ TEST(StaffLayout, PrintsTheClefSoThatItCurlsRoundTheLineOfItsG) {
 }
 
 /// An octave and a sixth lower, and the sign names the line of the F: what sets a bass staff apart.
-constexpr Staff kBassStaff{{"Bass clef", 63, 6, 3}, controls::Twips{2900}};
+constexpr Staff kBassStaff{{"Bass clef", 63, 6, 3}, paint::Twips{2900}};
 
 TEST(StaffLayout, PutsAnotherClefAndAnotherPlaceOnTheSameArithmetic) {
   EXPECT_EQ(kBassStaff.LineY(0), 193);

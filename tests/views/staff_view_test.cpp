@@ -9,11 +9,11 @@
 #include <QPainter>
 #include <cmath>
 
-#include "controls/colours.h"
-#include "controls/ink.h"
-#include "controls/painter_surface.h"
 #include "core/failure.h"
 #include "core/scale_construction.h"
+#include "paint/colours.h"
+#include "paint/painter_surface.h"
+#include "support/ink.h"
 #include "views/staff_layout.h"
 
 namespace tonalith::views {
@@ -36,21 +36,21 @@ TEST_P(StaffAtScale, PutsEveryHeadOnItsLineOrInItsSpace) {
   const double scale = GetParam();
   // One note a column: its key decides the step. The lines are left out by looking at heads between the lines' ends.
   for (std::int16_t key = 0; key < 12; ++key) {
-    controls::RecordingSurface heads;
+    paint::RecordingSurface heads;
     StaffView view;
     Write(view, key, "75");
-    for (const controls::DrawCommand& command : view.Drawing().Commands()) {
-      const auto* print = std::get_if<controls::PrintCommand>(&command);
+    for (const paint::DrawCommand& command : view.Drawing().Commands()) {
+      const auto* print = std::get_if<paint::PrintCommand>(&command);
       if (print == nullptr || print->text.front() != 'w') continue;
       const QImage image = tests::Painted(1080, 250, scale, [&](QPainter& painter) {
-        controls::RecordingSurface one;
-        one.SetScaleMode(controls::ScaleMode::kPixels);
+        paint::RecordingSurface one;
+        one.SetScaleMode(paint::ScaleMode::kPixels);
         one.SetFontName(print->font.name);
         one.SetFontSize(print->font.size);
         one.SetCurrentX(print->at.x);
         one.SetCurrentY(print->at.y);
         one.Print("w");
-        controls::PainterSurface surface(painter);
+        paint::PainterSurface surface(painter);
         one.ReplayOn(surface);
       });
       const int column = print->at.x < 800 ? 0 : 1;
@@ -106,12 +106,12 @@ TEST_P(StaffAtScale, PaintsItsLinesWithoutGrey) {
 }
 
 /// The glyphs of a drawing without its lines, at a scale factor.
-QImage GlyphsOf(const controls::RecordingSurface& drawing, double scale) {
+QImage GlyphsOf(const paint::RecordingSurface& drawing, double scale) {
   return tests::Painted(1080, 250, scale, [&](QPainter& painter) {
-    controls::PainterSurface surface(painter);
-    surface.SetScaleMode(controls::ScaleMode::kPixels);
-    for (const controls::DrawCommand& command : drawing.Commands()) {
-      const auto* print = std::get_if<controls::PrintCommand>(&command);
+    paint::PainterSurface surface(painter);
+    surface.SetScaleMode(paint::ScaleMode::kPixels);
+    for (const paint::DrawCommand& command : drawing.Commands()) {
+      const auto* print = std::get_if<paint::PrintCommand>(&command);
       if (print == nullptr) continue;
       surface.SetFontName(print->font.name);
       surface.SetFontSize(print->font.size);
@@ -129,9 +129,9 @@ TEST_P(StaffAtScale, KeepsEverySharpBeforeItsOwnHeadAndClearOfBothNeighbours) {
       StaffView view;
       Write(view, key, pattern);
       const QImage glyphs = GlyphsOf(view.Drawing(), scale);
-      for (const controls::DrawCommand& command : view.Drawing().Commands()) {
-        const auto* print = std::get_if<controls::PrintCommand>(&command);
-        if (print == nullptr || print->text.back() != controls::kSharp) continue;
+      for (const paint::DrawCommand& command : view.Drawing().Commands()) {
+        const auto* print = std::get_if<paint::PrintCommand>(&command);
+        if (print == nullptr || print->text.back() != paint::kSharp) continue;
         // From the last pixels of the head before to the first ones of its own head.
         std::string columns;
         for (int x = qRound((print->at.x - 7) * scale); x < qRound((print->at.x + 6) * scale); ++x) {
@@ -242,7 +242,7 @@ TEST(StaffView, LooksTheSameInLightAndDark) {
   const QImage light = view.grab(view.rect().adjusted(8, 8, -8, -8)).toImage();
   view.setPalette(QPalette(QColor(0x22, 0x22, 0x22)));
   EXPECT_EQ(view.grab(view.rect().adjusted(8, 8, -8, -8)).toImage(), light);
-  EXPECT_GE(controls::ContrastRatio(QColor(controls::ToRgb(controls::kInk)), QColor(controls::kStaffPaper)), 12);
+  EXPECT_GE(paint::ContrastRatio(QColor(paint::ToRgb(paint::kInk)), QColor(paint::kStaffPaper)), 12);
 }
 
 }  // namespace

@@ -19,10 +19,10 @@
 namespace tonalith::make_database {
 namespace {
 
+using core::Value;
 using data::CursorType;
 using data::LockType;
 using data::RecordSet;
-using data::Value;
 
 // A file that is taken away again unless it was kept under its final name.
 class TemporaryFile {

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "audio/shipped_recording.h"
-#include "platform/posix/posix_file_input.h"
+#include "platform/system/posix_file_input.h"
 
 namespace tonalith::synth {
 namespace {

@@ -10,13 +10,13 @@
 #include <string>
 
 #include "app/m_main.h"
-#include "core/recording_msg_box.h"
-#include "platform/notices/notice_queue.h"
-#include "platform/posix/posix_file_input.h"
 #include "platform/qt/qt_event_pump.h"
-#include "platform/scripted/scripted_help_engine.h"
-#include "platform/scripted/scripted_printer.h"
-#include "platform/silent/silent_mixer.h"
+#include "platform/sound/silent_mixer.h"
+#include "platform/system/notice_queue.h"
+#include "platform/system/posix_file_input.h"
+#include "support/recording_msg_box.h"
+#include "support/scripted_help_engine.h"
+#include "support/scripted_printer.h"
 
 namespace tonalith::unplugged {
 
@@ -29,7 +29,7 @@ struct UnpluggedWindow {
   /// Opens the window on the database in `folder`.
   explicit UnpluggedWindow(const std::string& folder) : database(folder, box) {}
 
-  core::RecordingMsgBox box;
+  tests::RecordingMsgBox box;
   NobodysPlayer player;
   platform::PosixFileInput files;
   platform::NoticeQueue notices;
@@ -37,9 +37,9 @@ struct UnpluggedWindow {
   std::unique_ptr<platform::WaveOutput> output = platform::MakeSilentWaveOutput(notices);
   audio::ScaleSoundFiles scaleSounds{files};
   audio::SoundManager sounds{scaleSounds, *output, notices, box};
-  platform::PrintScript printed;
-  platform::ScriptedPrintService printing{printed};
-  platform::ScriptedHelpEngine help;
+  tests::PrintScript printed;
+  tests::ScriptedPrintService printing{printed};
+  tests::ScriptedHelpEngine help;
   data::ScaleDatabase database;
   std::unique_ptr<app::frmTonalith> window =
       app::OpenScaleDatabase({database, box, player, sounds, scaleSounds, events, printing, help});

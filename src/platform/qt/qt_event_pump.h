@@ -9,7 +9,7 @@
 #include <QObject>
 
 #include "platform/event_pump.h"
-#include "platform/notices/notice_queue.h"
+#include "platform/system/notice_queue.h"
 
 namespace tonalith::platform {
 

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The codes under which the music font keeps the signs of the staff, and the font's name. Constants only.
+
+#pragma once
+
+#include <string_view>
+
+namespace tonalith::paint {
+
+inline constexpr std::string_view kMusicFontName = "Maestro";
+inline constexpr char kTrebleClef = 38;
+inline constexpr char kWholeNote = 119;
+inline constexpr char kSharp = 73;
+
+}  // namespace tonalith::paint

@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "paint/painter_surface.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "paint/music_font.h"
+
+namespace tonalith::paint {
+namespace {
+
+/// Puts the painter's state back at the end of its scope.
+class PainterStateKeeper {
+ public:
+  explicit PainterStateKeeper(QPainter& painter) : painter_(painter) { painter_.save(); }
+  ~PainterStateKeeper() { painter_.restore(); }
+  PainterStateKeeper(const PainterStateKeeper&) = delete;
+  PainterStateKeeper& operator=(const PainterStateKeeper&) = delete;
+
+ private:
+  QPainter& painter_;
+};
+
+struct Span {
+  double from = 0;
+  double length = 0;
+};
+
+/// A span of device dots. Thin ones keep their thickness wherever they fall, so that like lines look alike; long ones
+/// keep both ends.
+Span Snapped(double from, double to) {
+  constexpr double kThin = 8;
+  const double start = std::round(from);
+  const double length = to - from < kThin ? std::round(to - from) : std::round(to) - start;
+  return {start, std::max(1.0, length)};
+}
+
+}  // namespace
+
+void FillSnapped(QPainter& painter, const QRectF& pixels, const QColor& colour) {
+  const QTransform toDevice = painter.deviceTransform();
+  if (toDevice.type() > QTransform::TxScale) {
+    painter.fillRect(pixels, colour);
+    return;
+  }
+  const QRectF device = toDevice.mapRect(pixels);
+  const Span across = Snapped(device.left(), device.right());
+  const Span down = Snapped(device.top(), device.bottom());
+  const QTransform fromDevice = toDevice.inverted();
+  // Whole dots have no edges to be smoothed, but Qt would take the long way to find that out.
+  const bool isSmooth = painter.testRenderHint(QPainter::Antialiasing);
+  if (isSmooth) painter.setRenderHint(QPainter::Antialiasing, false);
+  // Higher than this, Qt starts threads to blend the rows, which costs more than the blending.
+  constexpr int kDotsAtOnce = 64;
+  const int dots = qRound(down.length);
+  for (int done = 0; done < dots; done += kDotsAtOnce) {
+    const QRectF slab(across.from, down.from + done, across.length, std::min(kDotsAtOnce, dots - done));
+    painter.fillRect(fromDevice.mapRect(slab), colour);
+  }
+  if (isSmooth) painter.setRenderHint(QPainter::Antialiasing);
+}
+
+void PainterSurface::DoCls() {
+  if (ground_.style() == Qt::NoBrush) return;
+  const PainterStateKeeper keeper(painter_);
+  painter_.resetTransform();
+  painter_.fillRect(painter_.viewport(), ground_);
+}
+
+void PainterSurface::DoPrint(PixelPoint at, std::string_view text, const SurfaceFont& font, Bgr colour) {
+  const PainterStateKeeper keeper(painter_);
+  painter_.setRenderHint(QPainter::Antialiasing);
+  const QColor ink(ToRgb(colour));
+  if (IsMusicFont(font)) {
+    painter_.translate(at.x, at.y);
+    painter_.fillPath(MusicFont::Shared().Outline(text, EmPixels(font.size)), ink);
+    return;
+  }
+  painter_.setPen(ink);
+  painter_.setFont(ToQFont(font));
+  painter_.drawText(QPointF(at.x, at.y + CellOf(font).baseline),
+                    QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+}
+
+void PainterSurface::DoLine(PixelPoint from, PixelPoint to, Bgr colour) {
+  const PainterStateKeeper keeper(painter_);
+  const QColor ink(ToRgb(colour));
+  if (from.x != to.x && from.y != to.y) {
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setPen(QPen(ink, 1));
+    painter_.drawLine(QPointF(from.x + 0.5, from.y + 0.5), QPointF(to.x + 0.5, to.y + 0.5));
+    return;
+  }
+  const auto [left, right] = std::minmax(from.x, to.x);
+  const auto [top, bottom] = std::minmax(from.y, to.y);
+  FillSnapped(painter_, {left, top, std::max(1.0, right - left), std::max(1.0, bottom - top)}, ink);
+}
+
+void PainterSurface::DoPaintPicture(PixelPoint at, const std::shared_ptr<const SurfacePicture>& picture) {
+  const PainterStateKeeper keeper(painter_);
+  painter_.translate(at.x, at.y);
+  picture->PaintOn(painter_);
+}
+
+}  // namespace tonalith::paint

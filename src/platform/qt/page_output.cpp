@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "platform/qt/page_output.h"
+
+#include <QFileInfo>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QSaveFile>
+
+#include "core/failure.h"
+#include "platform/printer.h"
+
+namespace tonalith::platform {
+namespace {
+
+class PrinterOutput : public PageOutput {
+ public:
+  explicit PrinterOutput(std::unique_ptr<QPrinter> printer) : printer_(std::move(printer)) {}
+
+  QPagedPaintDevice& Device() override { return *printer_; }
+  void Finish() override {
+    if (printer_->printerState() != QPrinter::Error) return;
+    throw core::Failure(kPrinterError, "The printer " + Destination().toStdString() + " did not take the page.");
+  }
+  void Discard() override { printer_->abort(); }
+  [[nodiscard]] QString Destination() const override { return printer_->printerName(); }
+
+ private:
+  std::unique_ptr<QPrinter> printer_;
+};
+
+class PdfOutput : public PageOutput {
+ public:
+  PdfOutput(const QString& fileName, const QString& title, const QPageLayout& layout) : file_(fileName) {
+    // A file takes the place of what has its name; a device or a folder is not to be lost to that.
+    const QFileInfo there(fileName);
+    if (there.exists() && !there.isFile()) throw CannotWrite(QStringLiteral("there is something else of that name"));
+    if (!file_.open(QIODevice::WriteOnly)) throw CannotWrite(file_.errorString());
+    writer_ = std::make_unique<QPdfWriter>(&file_);
+    writer_->setTitle(title);
+    writer_->setCreator(QStringLiteral("Tonalith"));
+    writer_->setPageLayout(layout);
+  }
+
+  QPagedPaintDevice& Device() override { return *writer_; }
+  void Finish() override {
+    writer_.reset();
+    // What is still in the buffer may be what the disk has no room for; a commit alone would not tell.
+    const bool isWritten = file_.error() == QFileDevice::NoError && file_.flush();
+    if (!isWritten || !file_.commit()) throw CannotWrite(file_.errorString());
+  }
+  void Discard() override { file_.cancelWriting(); }
+  [[nodiscard]] QString Destination() const override { return file_.fileName(); }
+
+ private:
+  [[nodiscard]] core::Failure CannotWrite(const QString& why) const {
+    return {kPrinterError,
+            "The file " + file_.fileName().toStdString() + " could not be written: " + why.toStdString()};
+  }
+
+  // The writer goes first: it writes when it ends.
+  QSaveFile file_;
+  std::unique_ptr<QPdfWriter> writer_;
+};
+
+}  // namespace
+
+std::unique_ptr<PageOutput> MakePrinterOutput(std::unique_ptr<QPrinter> printer) {
+  return std::make_unique<PrinterOutput>(std::move(printer));
+}
+
+std::unique_ptr<PageOutput> MakePdfOutput(const QString& fileName, const QString& title, const QPageLayout& layout) {
+  return std::make_unique<PdfOutput>(fileName, title, layout);
+}
+
+}  // namespace tonalith::platform

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The system's default sound device through OpenAL Soft, with one context that is current on the thread that opened it;
+// all calls are made there. Sounds go to the left and right channel as they are: unity gain, no position, no limiter. A
+// device can get lost at any time; then its sounds stop and IsConnected says so.
+
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <optional>
+
+#include "platform/sound/open_al_library.h"
+#include "platform/sound/stereo_sound.h"
+
+namespace tonalith::platform {
+
+/// One sound in the device.
+struct OpenAlVoice {
+  ALuint source = 0;
+  ALuint buffer = 0;
+};
+
+class OpenAlDevice {
+ public:
+  /// Null when there is no device.
+  static std::unique_ptr<OpenAlDevice> Open();
+  OpenAlDevice(const OpenAlDevice&) = delete;
+  OpenAlDevice& operator=(const OpenAlDevice&) = delete;
+  /// Closes the device; what was not heard yet is not heard.
+  ~OpenAlDevice();
+
+  [[nodiscard]] bool IsConnected() const;
+  /// The length of one mixing period.
+  [[nodiscard]] std::chrono::nanoseconds Period() const { return period_; }
+
+  /// Whether Rest would change anything.
+  [[nodiscard]] bool CanGoToRest() const { return canRest_ && !isResting_; }
+  /// Stops the mixing while nothing plays, and starts it again. A device that cannot rest goes on mixing silence.
+  void Rest();
+  void Wake();
+
+  /// Starts a sound. Nothing when the device does not take it.
+  std::optional<OpenAlVoice> Play(const StereoSound& sound);
+  [[nodiscard]] static bool IsOver(const OpenAlVoice& voice);
+  /// The frames that were mixed.
+  [[nodiscard]] static std::size_t FramesDone(const OpenAlVoice& voice);
+  /// Lets a voice fade to silence within one mixing period.
+  static void FadeOut(const OpenAlVoice& voice);
+  static void Release(const OpenAlVoice& voice);
+
+ private:
+  OpenAlDevice(ALCdevice* device, ALCcontext* context);
+  std::optional<OpenAlVoice> MakeVoice(const StereoSound& sound) const;
+
+  ALCdevice* device_;
+  ALCcontext* context_;
+  std::chrono::nanoseconds period_{};
+  ALint resampler_ = -1;
+  bool canRest_ = false;
+  bool isResting_ = false;
+};
+
+}  // namespace tonalith::platform

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "platform/sound/open_al_mixer.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/sound/open_al_settings.h"
+
+namespace tonalith::platform {
+namespace {
+
+using std::chrono::milliseconds;
+using std::chrono::nanoseconds;
+
+/// How often a missing device is asked for at most.
+constexpr milliseconds kAttemptPause(1000);
+/// How long the device goes on mixing after the last sound, so that the next one starts at once and what is still on
+/// its way to the speaker is heard.
+constexpr milliseconds kIdleBeforeRest(2000);
+/// How long a sound may run over before its device counts as hung.
+constexpr milliseconds kHungAfter(1500);
+/// How soon the loss of a device in the middle of a long sound is seen.
+constexpr milliseconds kLongestLook(250);
+constexpr milliseconds kShortestLook(2);
+
+}  // namespace
+
+OpenAlMixer::~OpenAlMixer() {
+  for (const auto& [id, voice] : voices_) OpenAlDevice::Release(voice.inDevice);
+  for (const Fading& fading : fading_) OpenAlDevice::Release(fading.inDevice);
+}
+
+void OpenAlMixer::Start(VoiceId voice, std::shared_ptr<const StereoSound> sound, SteadyTime asked) {
+  EnsureDevice();
+  std::optional<OpenAlVoice> inDevice;
+  if (device_) inDevice = device_->Play(*sound);
+  if (!inDevice) {
+    silence_.Start(voice, std::move(sound), asked);
+    return;
+  }
+  const SteadyTime now = std::chrono::steady_clock::now();
+  Voice started{*inDevice, sound->Frames(), sound->rate, now + sound->Duration(), now};
+  Look(started, now);
+  voices_[voice] = started;
+}
+
+void OpenAlMixer::Stop(VoiceId voice) {
+  silence_.Stop(voice);
+  const auto found = voices_.find(voice);
+  if (found == voices_.end()) return;
+  OpenAlDevice::FadeOut(found->second.inDevice);
+  // The change is heard from the next period on and takes that period's length.
+  fading_.push_back({found->second.inDevice, std::chrono::steady_clock::now() + 3 * device_->Period()});
+  voices_.erase(found);
+}
+
+void OpenAlMixer::Collect(SteadyTime now, std::vector<VoiceId>& ended) {
+  if (device_ && !device_->IsConnected()) GiveUpDevice();
+  CollectVoices(now, ended);
+  CollectFaded(now);
+  silence_.Collect(now, ended);
+  RestWhenIdle(now);
+}
+
+void OpenAlMixer::CollectVoices(SteadyTime now, std::vector<VoiceId>& ended) {
+  bool isHung = false;
+  for (auto next = voices_.begin(); next != voices_.end();) {
+    const auto at = next++;
+    auto& [id, voice] = *at;
+    if (!OpenAlDevice::IsOver(voice.inDevice)) {
+      isHung = isHung || now > voice.end + kHungAfter;
+      Look(voice, now);
+      continue;
+    }
+    // A device that was lost a moment ago stops its sounds too early.
+    if (!device_->IsConnected() && voice.end > now) {
+      silence_.TakeOver(id, voice.end);
+    } else {
+      ended.push_back(id);
+    }
+    OpenAlDevice::Release(voice.inDevice);
+    voices_.erase(at);
+  }
+  if (isHung) AbandonDevice();
+}
+
+void OpenAlMixer::CollectFaded(SteadyTime now) {
+  std::erase_if(fading_, [now](const Fading& fading) {
+    if (fading.silentFrom > now) return false;
+    OpenAlDevice::Release(fading.inDevice);
+    return true;
+  });
+}
+
+void OpenAlMixer::RestWhenIdle(SteadyTime now) {
+  if (!device_ || !device_->CanGoToRest() || !voices_.empty() || !fading_.empty()) {
+    restAt_.reset();
+    return;
+  }
+  if (!restAt_) restAt_ = now + kIdleBeforeRest;
+  if (*restAt_ > now) return;
+  device_->Rest();
+  restAt_.reset();
+}
+
+std::optional<SteadyTime> OpenAlMixer::NextDue() const {
+  std::optional<SteadyTime> due = silence_.NextDue();
+  const auto orEarlier = [&due](SteadyTime time) { due = due ? std::min(*due, time) : time; };
+  for (const auto& [id, voice] : voices_) orEarlier(voice.nextLook);
+  for (const Fading& fading : fading_) orEarlier(fading.silentFrom);
+  if (restAt_) orEarlier(*restAt_);
+  return due;
+}
+
+/// The end is expected where the frames that are left bring it; near to it, looks are as close as the periods are.
+void OpenAlMixer::Look(Voice& voice, SteadyTime now) const {
+  const std::size_t done = std::min(OpenAlDevice::FramesDone(voice.inDevice), voice.frames);
+  const std::chrono::duration<double> left(static_cast<double>(voice.frames - done) / voice.rate);
+  const nanoseconds wait = std::chrono::duration_cast<nanoseconds>(left) - device_->Period();
+  voice.nextLook = now + std::clamp<nanoseconds>(wait, kShortestLook, kLongestLook);
+}
+
+void OpenAlMixer::EnsureDevice() {
+  if (device_ && !device_->IsConnected()) GiveUpDevice();
+  const SteadyTime now = std::chrono::steady_clock::now();
+  if (!device_ && (!nextAttempt_ || *nextAttempt_ <= now)) {
+    nextAttempt_ = now + kAttemptPause;
+    device_ = OpenAlDevice::Open();
+    Report(device_ ? SoundDevice::kFound : SoundDevice::kMissing);
+  }
+  restAt_.reset();
+  if (device_) device_->Wake();
+}
+
+void OpenAlMixer::GiveUpDevice() {
+  LeaveVoicesToSilence();
+  device_.reset();
+}
+
+void OpenAlMixer::AbandonDevice() {
+  // Closing it would wait for what hangs. It stays as it is to the end of the process.
+  static auto& abandoned = *new std::vector<std::unique_ptr<OpenAlDevice>>();
+  abandoned.push_back(std::move(device_));
+  LeaveVoicesToSilence();
+}
+
+void OpenAlMixer::LeaveVoicesToSilence() {
+  for (const auto& [id, voice] : voices_) {
+    silence_.TakeOver(id, voice.end);
+    if (device_) OpenAlDevice::Release(voice.inDevice);
+  }
+  for (const Fading& fading : fading_) {
+    if (device_) OpenAlDevice::Release(fading.inDevice);
+  }
+  voices_.clear();
+  fading_.clear();
+  restAt_.reset();
+  nextAttempt_.reset();
+  Report(SoundDevice::kMissing);
+}
+
+void OpenAlMixer::Report(SoundDevice device) {
+  // A device that is there from the start is nothing to talk about.
+  const SoundDevice before = reported_.value_or(SoundDevice::kFound);
+  reported_ = device;
+  if (device != before && report_) report_(device);
+}
+
+std::unique_ptr<WaveOutput> MakeOpenAlWaveOutput(NoticeWindows& windows, SoundDeviceObserver* observer) {
+  PrepareOpenAl();
+  return std::make_unique<ThreadedWaveOutput>(std::make_unique<OpenAlMixer>(), windows, observer);
+}
+
+}  // namespace tonalith::platform

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// Mixes all voices into one sound device. The device is opened with the first sound, rests when nothing has played for
+// a while, and is given up when it gets lost; then sounds go on in silence, each to its own end, and a later sound
+// tries for the device again. Sleeping is the caller's: NextDue says until when. Owned by its output, on whose thread
+// all calls are made; never fails.
+
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "platform/sound/open_al_device.h"
+#include "platform/sound/silent_mixer.h"
+#include "platform/sound/voice_mixer.h"
+
+namespace tonalith::platform {
+
+class OpenAlMixer : public VoiceMixer {
+ public:
+  OpenAlMixer() = default;
+  OpenAlMixer(const OpenAlMixer&) = delete;
+  OpenAlMixer& operator=(const OpenAlMixer&) = delete;
+  ~OpenAlMixer() override;
+
+  void Attach(std::function<void(SoundDevice)> report) override { report_ = std::move(report); }
+  void Start(VoiceId voice, std::shared_ptr<const StereoSound> sound, SteadyTime asked) override;
+  void Stop(VoiceId voice) override;
+  void Collect(SteadyTime now, std::vector<VoiceId>& ended) override;
+  [[nodiscard]] std::optional<SteadyTime> NextDue() const override;
+
+ private:
+  struct Voice {
+    OpenAlVoice inDevice;
+    std::size_t frames = 0;
+    std::uint32_t rate = 0;
+    /// When it ends at the latest, by the clock of the system.
+    SteadyTime end;
+    SteadyTime nextLook;
+  };
+  struct Fading {
+    OpenAlVoice inDevice;
+    SteadyTime silentFrom;
+  };
+
+  void EnsureDevice();
+  void GiveUpDevice();
+  void AbandonDevice();
+  void LeaveVoicesToSilence();
+  void Look(Voice& voice, SteadyTime now) const;
+  void CollectVoices(SteadyTime now, std::vector<VoiceId>& ended);
+  void CollectFaded(SteadyTime now);
+  void RestWhenIdle(SteadyTime now);
+  void Report(SoundDevice device);
+
+  std::unique_ptr<OpenAlDevice> device_;
+  std::map<VoiceId, Voice> voices_;
+  std::vector<Fading> fading_;
+  SilentMixer silence_;
+  std::function<void(SoundDevice)> report_;
+  std::optional<SoundDevice> reported_;
+  std::optional<SteadyTime> nextAttempt_;
+  std::optional<SteadyTime> restAt_;
+};
+
+/// Wave output on the system's default sound device. Opens nothing yet. To be made early in the program: it calls
+/// PrepareOpenAl.
+std::unique_ptr<WaveOutput> MakeOpenAlWaveOutput(NoticeWindows& windows, SoundDeviceObserver* observer);
+
+}  // namespace tonalith::platform

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// A mixer that nobody hears: every sound takes as long as it would, then it has ended. What plays on a machine without
+// a sound device, and what a lost device leaves behind. Owned by its output or by another mixer, on whose thread all
+// calls are made; never fails.
+
+#pragma once
+
+#include <map>
+#include <memory>
+#include <vector>
+
+#include "platform/sound/threaded_wave_output.h"
+#include "platform/sound/voice_mixer.h"
+
+namespace tonalith::platform {
+
+class SilentMixer : public VoiceMixer {
+ public:
+  void Attach(std::function<void(SoundDevice)> report) override;
+  void Start(VoiceId voice, std::shared_ptr<const StereoSound> sound, SteadyTime asked) override;
+  void Stop(VoiceId voice) override;
+  void Collect(SteadyTime now, std::vector<VoiceId>& ended) override;
+  [[nodiscard]] std::optional<SteadyTime> NextDue() const override;
+
+  /// Goes on in silence with a sound that began elsewhere.
+  void TakeOver(VoiceId voice, SteadyTime end) { ends_[voice] = end; }
+
+ private:
+  std::map<VoiceId, SteadyTime> ends_;
+};
+
+/// A wave output that keeps real time and never sounds.
+std::unique_ptr<WaveOutput> MakeSilentWaveOutput(NoticeWindows& windows);
+
+}  // namespace tonalith::platform

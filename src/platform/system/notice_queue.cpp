@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "platform/system/notice_queue.h"
+
+#include <utility>
+
+namespace tonalith::platform {
+
+WindowHandle NoticeQueue::CreateWindow(const WindowDescription& /*description*/) {
+  const std::lock_guard lock(mutex_);
+  ++lastWindow_;
+  windows_[lastWindow_] = [](WindowHandle, std::uint32_t, std::uintptr_t, std::intptr_t) { return std::intptr_t{0}; };
+  return lastWindow_;
+}
+
+WindowProcedure NoticeQueue::SetWindowProcedure(WindowHandle window, WindowProcedure procedure) {
+  const std::lock_guard lock(mutex_);
+  const auto found = windows_.find(window);
+  if (found == windows_.end()) return {};
+  return std::exchange(found->second, std::move(procedure));
+}
+
+std::intptr_t NoticeQueue::CallWindowProcedure(const WindowProcedure& previous, WindowHandle window,
+                                               std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) {
+  return previous ? previous(window, message, wParam, lParam) : 0;
+}
+
+void NoticeQueue::DestroyWindow(WindowHandle window) {
+  const std::lock_guard lock(mutex_);
+  windows_.erase(window);
+  std::erase_if(notices_, [window](const Notice& notice) { return notice.window == window; });
+}
+
+void NoticeQueue::PostNotice(WindowHandle window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) {
+  const std::lock_guard lock(mutex_);
+  if (!windows_.contains(window)) return;
+  notices_.push_back({window, message, wParam, lParam});
+  posted_.notify_one();
+  if (wakeUp_) wakeUp_();
+}
+
+void NoticeQueue::WaitForEvents() {
+  std::unique_lock lock(mutex_);
+  posted_.wait(lock, [this] { return !notices_.empty(); });
+  lock.unlock();
+  Dispatch();
+}
+
+void NoticeQueue::WaitForEvents(std::chrono::milliseconds limit) {
+  std::unique_lock lock(mutex_);
+  posted_.wait_for(lock, limit, [this] { return !notices_.empty(); });
+  lock.unlock();
+  Dispatch();
+}
+
+void NoticeQueue::Dispatch() {
+  std::unique_lock lock(mutex_);
+  for (std::size_t waiting = notices_.size(); waiting > 0 && !notices_.empty(); --waiting) {
+    const Notice notice = notices_.front();
+    notices_.pop_front();
+    const auto found = windows_.find(notice.window);
+    if (found == windows_.end()) continue;
+    // A copy: the procedure may swap itself out or destroy its window.
+    const WindowProcedure procedure = found->second;
+    lock.unlock();
+    if (procedure) procedure(notice.window, notice.message, notice.wParam, notice.lParam);
+    lock.lock();
+  }
+}
+
+void NoticeQueue::SetWakeUp(std::function<void()> wakeUp) {
+  const std::lock_guard lock(mutex_);
+  wakeUp_ = std::move(wakeUp);
+}
+
+}  // namespace tonalith::platform

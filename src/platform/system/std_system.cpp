@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "platform/system/std_system.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "core/failure.h"
+
+namespace tonalith::platform {
+
+std::optional<NetworkConnection> NoNetworkDrives::ConnectionOf(const std::string& /*drive*/) const {
+  return std::nullopt;
+}
+
+void StdWorkingDirectory::MakeDriveCurrent(const std::string& /*drive*/) {
+  // One tree holds every directory: ChangeTo says all that there is to say.
+}
+
+void StdWorkingDirectory::ChangeTo(const std::string& directory) {
+  constexpr std::int32_t kPathNotFound = 76;
+  std::error_code error;
+  std::filesystem::current_path(directory, error);
+  if (error) throw core::Failure(kPathNotFound, "Path not found: " + directory + " (" + error.message() + ")");
+}
+
+}  // namespace tonalith::platform

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The push button of Tonalith's windows: a flat rounded panel in the palette's colours, or filled with the accent for
+// the one main action of a window. Painted, so that it is crisp at any scale factor. Owned by its parent widget;
+// user-interface thread; never fails.
+
+#pragma once
+
+#include <QPushButton>
+
+namespace tonalith::windows {
+
+class PanelButton : public QPushButton {
+  Q_OBJECT
+
+ public:
+  enum class Kind { kOrdinary, kMainAction };
+
+  PanelButton(const QString& name, const QString& caption, Kind kind, QWidget* parent);
+
+  [[nodiscard]] Kind ButtonKind() const { return kind_; }
+  void SetKind(Kind kind);
+
+  [[nodiscard]] QSize sizeHint() const override;
+  /// The font of the caption: the button's own, or as much smaller as a long caption needs where the place is fixed.
+  [[nodiscard]] QFont FittedFont() const;
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Kind kind_;
+};
+
+}  // namespace tonalith::windows

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+#include "paint/theme.h"
+
+#include <gtest/gtest.h>
+
+#include "paint/colours.h"
+
+namespace tonalith::paint {
+namespace {
+
+QPalette Light() {
+  QPalette palette(QColor(0xef, 0xef, 0xef));
+  palette.setColor(QPalette::WindowText, QColor(0x20, 0x20, 0x20));
+  return palette;
+}
+
+QPalette Dark() {
+  QPalette palette(QColor(0x30, 0x30, 0x34));
+  palette.setColor(QPalette::WindowText, QColor(0xe0, 0xe0, 0xe0));
+  return palette;
+}
+
+TEST(Theme, LightSystemGetsTheWarmPaperGroundAndDarkOneADarkGround) {
+  EXPECT_EQ(WarmPalette(Light()).color(QPalette::Window), QColor(0xf6, 0xf4, 0xf0));
+  EXPECT_FALSE(IsDark(WarmPalette(Light())));
+  EXPECT_TRUE(IsDark(WarmPalette(Dark())));
+}
+
+TEST(Theme, EveryInkCanBeReadOnItsGround) {
+  for (const QPalette& system : {Light(), Dark()}) {
+    const QPalette warm = WarmPalette(system);
+    const QColor ground = warm.color(QPalette::Window);
+    EXPECT_GE(ContrastRatio(SecondaryInk(warm), ground), 4.5);
+    EXPECT_GE(ContrastRatio(SiennaInk(warm), ground), 4.5);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::WindowText), ground), 7.0);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::ButtonText), warm.color(QPalette::Button)), 7.0);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::Text), warm.color(QPalette::Base)), 7.0);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::HighlightedText), warm.color(QPalette::Highlight)), 4.5);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::ToolTipText), warm.color(QPalette::ToolTipBase)), 7.0);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::PlaceholderText), warm.color(QPalette::Base)), 4.5);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::Link), warm.color(QPalette::Base)), 4.5);
+    EXPECT_GE(ContrastRatio(warm.color(QPalette::Disabled, QPalette::ButtonText), warm.color(QPalette::Button)), 3.0);
+  }
+}
+
+TEST(Theme, InkCanBeReadOnAGroundThatIsNeitherLightNorDark) {
+  QPalette grey(QColor(0x84, 0x84, 0x84));
+  grey.setColor(QPalette::Window, QColor(0x84, 0x84, 0x84));
+  grey.setColor(QPalette::WindowText, Qt::black);
+  EXPECT_GE(ContrastRatio(SecondaryInk(grey), grey.color(QPalette::Window)), 4.5);
+  EXPECT_GE(ContrastRatio(SiennaInk(grey), grey.color(QPalette::Window)), 4.5);
+}
+
+TEST(Theme, WindowThatIsNotTheActiveOneLooksTheSame) {
+  for (const QPalette& system : {Light(), Dark()}) {
+    const QPalette warm = WarmPalette(system);
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button, QPalette::WindowText, QPalette::Text,
+                            QPalette::ButtonText, QPalette::Highlight, QPalette::HighlightedText}) {
+      EXPECT_EQ(warm.color(QPalette::Inactive, role), warm.color(QPalette::Active, role)) << role;
+    }
+  }
+}
+
+TEST(Theme, EveryGroundAndSelectionIsWarm) {
+  for (const QPalette& system : {Light(), Dark()}) {
+    const QPalette warm = WarmPalette(system);
+    for (const auto role : {QPalette::Window, QPalette::AlternateBase, QPalette::ToolTipBase, QPalette::Highlight,
+                            QPalette::Light, QPalette::Mid, QPalette::Dark}) {
+      const QColor colour = warm.color(role);
+      EXPECT_GE(colour.red(), colour.green()) << role;
+      EXPECT_GT(colour.red(), colour.blue()) << role;
+    }
+  }
+}
+
+TEST(Theme, PaletteThatIsWarmAlreadyStaysAsItIs) {
+  for (const QPalette& system : {Light(), Dark()}) EXPECT_EQ(WarmPalette(WarmPalette(system)), WarmPalette(system));
+}
+
+TEST(Theme, PaletteOfStrongContrastIsLeftAlone) {
+  QPalette strong(Qt::black);
+  strong.setColor(QPalette::WindowText, Qt::white);
+  EXPECT_EQ(WarmPalette(strong), strong);
+}
+
+TEST(Theme, WhiteOnTheAccentCanBeRead) { EXPECT_GE(ContrastRatio(Qt::white, QColor(kAccent)), 4.5); }
+
+}  // namespace
+}  // namespace tonalith::paint

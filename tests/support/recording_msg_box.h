@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// A message box for tests: it records what was shown and answers from a script, or with the default button of the
+// style once the script is used up. Owned by the test; one thread; never fails.
+
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "core/msg_box.h"
+
+namespace tonalith::tests {
+
+class RecordingMsgBox : public core::MsgBox {
+ public:
+  struct Message {
+    std::string text;
+    core::MsgBoxStyle style = core::MsgBoxStyle::kOkOnly;
+    std::string title;
+    bool operator==(const Message&) const = default;
+  };
+
+  using MsgBox::Show;
+  core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override {
+    messages_.push_back({text, style, title});
+    if (answers_.empty()) return DefaultAnswer(style);
+    const core::MsgBoxAnswer answer = answers_.front();
+    answers_.pop_front();
+    return answer;
+  }
+
+  void AnswerNext(core::MsgBoxAnswer answer) { answers_.push_back(answer); }
+  [[nodiscard]] const std::vector<Message>& Messages() const { return messages_; }
+  void Forget() { messages_.clear(); }
+
+  /// The texts alone, one a line: the readable form for assertions.
+  [[nodiscard]] std::string Texts() const {
+    std::string all;
+    for (const Message& message : messages_) all += message.text + "\n";
+    return all;
+  }
+
+ private:
+  static core::MsgBoxAnswer DefaultAnswer(core::MsgBoxStyle style) {
+    const int value = static_cast<int>(style);
+    const bool second = (value & static_cast<int>(core::MsgBoxStyle::kDefaultButton2)) != 0;
+    switch (value & 0xF) {
+      case static_cast<int>(core::MsgBoxStyle::kOkCancel):
+        return second ? core::MsgBoxAnswer::kCancel : core::MsgBoxAnswer::kOk;
+      case static_cast<int>(core::MsgBoxStyle::kYesNo):
+        return second ? core::MsgBoxAnswer::kNo : core::MsgBoxAnswer::kYes;
+      default:
+        return core::MsgBoxAnswer::kOk;
+    }
+  }
+
+  std::vector<Message> messages_;
+  std::deque<core::MsgBoxAnswer> answers_;
+};
+
+}  // namespace tonalith::tests

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+// SPDX-FileCopyrightText: 2026 The Tonalith authors
+
+// The audio ports for tests: files from memory, wave outputs and windows that write down what is asked of them. One
+// AudioScript belongs to them all: it holds the joint record in its order and says which step fails, by the step's name
+// and count: "open file", "read", "seek", "size", "create window", "set procedure", "call procedure", "destroy window",
+// "open", "prepare", "write", "reset", "unprepare", "close". One thread only.
+
+#pragma once
+
+#include <deque>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/file_input.h"
+#include "platform/notice_window.h"
+#include "platform/wave_output.h"
+
+namespace tonalith::tests {
+
+class AudioScript {
+ public:
+  /// The `nth` (from 1) step of that name answers with the failure result that its port has.
+  void Refuse(const std::string& step, int nth = 1) { refused_.insert({step, nth}); }
+  /// The `nth` step of that name throws failure 51 with the text "<step> broke".
+  void Break(const std::string& step, int nth = 1) { broken_.insert({step, nth}); }
+
+  /// For the ports below: counts the step, adds a line to the record and throws if the script says so. Returns whether
+  /// the step is refused.
+  bool Refused(const std::string& step, const std::string& line);
+
+  void Note(const std::string& line) { record_ += line + "\n"; }
+  [[nodiscard]] const std::string& Record() const { return record_; }
+  void Forget() { record_.clear(); }
+  /// How often a step was taken.
+  [[nodiscard]] int Count(const std::string& step) const;
+
+ private:
+  std::set<std::pair<std::string, int>> refused_;
+  std::set<std::pair<std::string, int>> broken_;
+  std::map<std::string, int> counts_;
+  std::string record_;
+};
+
+class ScriptedFileInput : public platform::FileInput {
+ public:
+  explicit ScriptedFileInput(AudioScript& script) : script_(script) {}
+
+  void Put(const std::string& path, std::vector<std::byte> content) { files_[path] = std::move(content); }
+  void Remove(const std::string& path) { files_.erase(path); }
+  /// Writes reads and seeks down as well; without it only opening and closing are.
+  void RecordReads() { recordReads_ = true; }
+
+  std::unique_ptr<platform::InputFile> Open(const std::string& path) override;
+
+ private:
+  AudioScript& script_;
+  std::map<std::string, std::vector<std::byte>> files_;
+  bool recordReads_ = false;
+};
+
+class ScriptedNoticeWindows : public platform::NoticeWindows {
+ public:
+  explicit ScriptedNoticeWindows(AudioScript& script) : script_(script) {}
+
+  platform::WindowHandle CreateWindow(const platform::WindowDescription& description) override;
+  platform::WindowProcedure SetWindowProcedure(platform::WindowHandle window,
+                                               platform::WindowProcedure procedure) override;
+  std::intptr_t CallWindowProcedure(const platform::WindowProcedure& previous, platform::WindowHandle window,
+                                    std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) override;
+  void DestroyWindow(platform::WindowHandle window) override;
+  void PostNotice(platform::WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
+                  std::intptr_t lParam) override;
+
+  /// Sends a message straight to the window's procedure and gives its result; 0 for a window that is not there.
+  std::intptr_t Send(platform::WindowHandle window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam);
+  /// Handles the notices that wait. Returns how many there were.
+  int Dispatch();
+
+ private:
+  struct Notice {
+    platform::WindowHandle window;
+    std::uint32_t message;
+    std::uintptr_t wParam;
+    std::intptr_t lParam;
+  };
+  AudioScript& script_;
+  std::map<platform::WindowHandle, platform::WindowProcedure> windows_;
+  std::deque<Notice> notices_;
+  platform::WindowHandle lastWindow_ = platform::kNoWindow;
+};
+
+class ScriptedWaveOutput : public platform::WaveOutput {
+ public:
+  ScriptedWaveOutput(AudioScript& script, platform::NoticeWindows& windows) : script_(script), windows_(windows) {}
+
+  platform::WaveHandle Open(const platform::WaveFormat& format, platform::WindowHandle target) override;
+  void PrepareHeader(platform::WaveHandle device, platform::WAVEHDR& header) override;
+  void Write(platform::WaveHandle device, platform::WAVEHDR& header) override;
+  void Reset(platform::WaveHandle device) override;
+  void UnprepareHeader(platform::WaveHandle device, platform::WAVEHDR& header) override;
+  void Close(platform::WaveHandle device) override;
+
+  /// The device has played its buffer to the end: posts the notice. Nothing happens for one that is not playing.
+  void Finish(platform::WaveHandle device);
+  /// The same for every device that plays.
+  void FinishAll();
+  [[nodiscard]] bool IsPlaying(platform::WaveHandle device) const;
+  /// The devices that are open, in the order of opening.
+  [[nodiscard]] std::vector<platform::WaveHandle> OpenDevices() const;
+  /// What the last Open was given.
+  [[nodiscard]] const platform::WaveFormat& LastFormat() const { return lastFormat_; }
+
+ private:
+  struct Device {
+    platform::WindowHandle target = platform::kNoWindow;
+    bool prepared = false;
+    bool playing = false;
+  };
+  AudioScript& script_;
+  platform::NoticeWindows& windows_;
+  std::map<platform::WaveHandle, Device> devices_;
+  platform::WaveFormat lastFormat_;
+  platform::WaveHandle lastDevice_ = 100;
+};
+
+}  // namespace tonalith::tests
