@@ -64,7 +64,9 @@ endfunction()
 
 # What nearly every window reads.
 set(TONALITH_QT_READS <QAbstractButton> <QApplication> <QLabel> <QLineEdit> <QPainter> <QPointer>)
-tonalith_headers(tonalith_qt_headers READS ${TONALITH_QT_READS} LINKS Qt6::Widgets)
+if(TONALITH_QT)
+  tonalith_headers(tonalith_qt_headers READS ${TONALITH_QT_READS} LINKS Qt6::Widgets)
+endif()
 
 # tonalith_room(core SOURCES ... LINKS ...): the static library tonalith_core. LINKS holds rooms and packages.
 function(tonalith_room name)

@@ -80,6 +80,12 @@ TonalithCheckFuzz() {
   xargs -P "$(nproc)" -n 1 bash -c 'TonalithFuzz "$0"' <<<"$programs"
 }
 
+# The rooms without Qt build and pass their tests where Qt is not found.
+TonalithCheckNoQt() {
+  TonalithBuild no-qt
+  ctest --preset no-qt
+}
+
 # A slice of ./test --torture, always the same.
 TonalithCheckTorture() {
   tests/torture/run build/dev --actions 3000 --kills 50 --seeds 11 --seconds 400 --world short
