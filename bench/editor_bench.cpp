@@ -13,9 +13,9 @@
 #include <vector>
 
 #include "editor/frm_scales.h"
+#include "isolated_window/isolated_window.h"
 #include "measuring.h"
 #include "painting.h"
-#include "unplugged/unplugged_window.h"
 
 namespace {
 
@@ -25,8 +25,8 @@ namespace field = editor::field;
 constexpr double kBound = 16;
 
 /// The main window on the large library, and its editor.
-struct Desk : unplugged::UnpluggedWindow {
-  using UnpluggedWindow::UnpluggedWindow;
+struct Desk : isolated_window::IsolatedWindow {
+  using IsolatedWindow::IsolatedWindow;
 
   editor::frmScales& OpenEditor() {
     window->cmdEdit_Click();

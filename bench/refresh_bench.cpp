@@ -12,17 +12,17 @@
 #include <string>
 #include <vector>
 
+#include "isolated_window/isolated_window.h"
 #include "measuring.h"
 #include "painting.h"
-#include "unplugged/unplugged_window.h"
 
 namespace {
 
 using namespace tonalith;
 
 /// The window on the database beside this program.
-struct Desk : unplugged::UnpluggedWindow {
-  Desk() : UnpluggedWindow(QCoreApplication::applicationDirPath().toStdString()) { bench::Settle(); }
+struct Desk : isolated_window::IsolatedWindow {
+  Desk() : IsolatedWindow(QCoreApplication::applicationDirPath().toStdString()) { bench::Settle(); }
 
   void Refresh() const {
     window->UpdateForm();

@@ -122,7 +122,7 @@ void frmAbout::LayOut() {
 
 void frmAbout::ApplyTheme() {
   setPalette(paint::WarmPalette(QApplication::palette()));
-  for (QLabel* const label : {lblVersion_, lblLicence_}) SetInk(label, paint::SecondaryInk(palette()));
+  for (QLabel* const label : {lblVersion_, lblLicence_}) SetInk(label, paint::SecondaryText(palette()));
   QFont large = font();
   large.setPointSizeF(large.pointSizeF() * 1.8);
   large.setBold(true);

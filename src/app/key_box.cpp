@@ -190,7 +190,7 @@ void KeyBox::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), 4, 4);
   } else {
     const bool focus = hasFocus() || lineEdit()->hasFocus();
-    paint::PaintPanel(painter, rect(), ground, paint::OutlineInk(palette()), focus);
+    paint::PaintPanel(painter, rect(), ground, paint::OutlineColour(palette()), focus);
   }
   paint::PaintDropArrow(painter, rect(), palette());
 }

@@ -9,7 +9,7 @@
 #include "core/text.h"
 #include "data/jet_conversion.h"
 #include "data/shipped_rows.h"
-#include "windows/screen_room.h"
+#include "windows/screen_size.h"
 
 namespace tonalith::app {
 namespace {
@@ -59,7 +59,7 @@ std::unique_ptr<frmTonalith> OpenScaleDatabase(const FormServices& services) {
   if (opened) failure.Try([&] { form->BindData(); });
   failure.Try([&] { form->Controls().fretboard->PositionNotes(); });
   form->UpdateForm();
-  if (const auto room = windows::RoomOn(form->screen())) AddScrollBars(*form, *room);
+  if (const auto room = windows::AvailableSize(form->screen())) AddScrollBars(*form, *room);
   form->show();
   if (!failure.Pending()) {
     const std::string notice = services.database.ScaleConnection()->NoticeText();

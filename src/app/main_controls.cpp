@@ -116,11 +116,11 @@ MainControls MakeMainControls(QWidget* client, core::MsgBox& msgBox) {
 }
 
 void ApplyInk(const MainControls& c, const QPalette& palette) {
-  c.lblScaleType->SetInk(paint::SiennaInk(palette));
-  c.lblScaleNotes->SetInk(paint::SiennaInk(palette));
-  c.lblScaleDescription->SetInk(paint::SecondaryInk(palette));
-  c.Label3->SetInk(paint::SecondaryInk(palette));
-  c.lblInstall->SetInk(paint::SiennaInk(palette));
+  c.lblScaleType->SetTextColour(paint::SiennaText(palette));
+  c.lblScaleNotes->SetTextColour(paint::SiennaText(palette));
+  c.lblScaleDescription->SetTextColour(paint::SecondaryText(palette));
+  c.Label3->SetTextColour(paint::SecondaryText(palette));
+  c.lblInstall->SetTextColour(paint::SiennaText(palette));
 }
 
 }  // namespace tonalith::app

@@ -87,8 +87,8 @@ std::vector<std::string> Wrapped(const QString& plain, const SurfaceFont& font, 
 PageComposer::PageComposer(const MainControls& controls) : c_(controls), view_(View()) {
   const QPalette paper = Paper();
   const QColor ink = paper.color(QPalette::WindowText);
-  const QColor second = paint::SecondaryInk(paper);
-  const QColor sienna = paint::SiennaInk(paper);
+  const QColor second = paint::SecondaryText(paper);
+  const QColor sienna = paint::SiennaText(paper);
   WriteBelow(*c_.Label1, ink);
   WriteBelow(*c_.lblScaleType, sienna);
   Write(*c_.lblScaleDescription, DescriptionFont(), second);
@@ -151,7 +151,7 @@ void PageComposer::WriteKey() {
   const QWidget& box = *c_.cmbTranspose;
   const double left = box.x();
   const double top = box.y() + down_;
-  lines_.push_back({left, top, FontLike(box, kKeyCaptionPixels, false), paint::SecondaryInk(paper),
+  lines_.push_back({left, top, FontLike(box, kKeyCaptionPixels, false), paint::SecondaryText(paper),
                     QCoreApplication::translate("tonalith::app::frmTonalith", "Key").toStdString()});
   const QString key = c_.cmbTranspose->currentText();
   int pixels = kKeyPixels;
@@ -169,7 +169,7 @@ void PageComposer::WriteKey() {
 
 void PageComposer::WriteFretNumbers() {
   const SurfaceFont font = FontLike(*c_.fretboard, kFretNumberPixels, false);
-  const QColor ink = paint::SecondaryInk(Paper());
+  const QColor ink = paint::SecondaryText(Paper());
   for (const int fret : c_.fretboard->Layout().NumberedFrets()) {
     const QRectF box = c_.fretboard->FretNumberBox(fret).translated(0, neckDown_);
     const std::string text = std::to_string(fret);

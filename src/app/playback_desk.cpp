@@ -43,7 +43,7 @@ void PlaybackDesk::LightNote(const std::string& controlName) {
 void PlaybackDesk::DarkenNote() { c_.fretboard->DarkenNote(views::LitBy::kPlayback); }
 
 void PlaybackDesk::ShowStatus(const std::string& caption, audio::StatusColour colour) {
-  c_.lblStatus->SetInk(QColor(colour.red, colour.green, colour.blue));
+  c_.lblStatus->SetTextColour(QColor(colour.red, colour.green, colour.blue));
   c_.lblStatus->setText(InUsersLanguage(caption));
 }
 

@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "app/page_composer.h"
-#include "core/held_messages.h"
+#include "core/deferred_messages.h"
 #include "print/print_picture_to_size.h"
 
 namespace tonalith::app {
@@ -93,7 +93,7 @@ void PrintDesk::PrintView(platform::Printer& printer) {
   if (std::exchange(isComposing_, true)) return;
   core::MsgBox& msgBox = tools_.msgBox;
   core::DeferredFailure failure;
-  core::HeldMessages messages;
+  core::DeferredMessages messages;
   {
     const ComposedView view(c_, form_);
     if (ComposeView(failure)) {

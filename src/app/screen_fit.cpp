@@ -17,7 +17,7 @@
 #include <cstdlib>
 
 #include "app/frm_tonalith.h"
-#include "windows/screen_room.h"
+#include "windows/screen_size.h"
 
 namespace tonalith::app {
 namespace {
@@ -122,7 +122,7 @@ void ScreenFit::RestartIfTooLarge() const {
     return;
   }
   const QScreen* const screen = QGuiApplication::primaryScreen();
-  const std::optional<QSize> room = windows::RoomOn(screen);
+  const std::optional<QSize> room = windows::AvailableSize(screen);
   // Asking for the menu bar's height takes its time, and most screens are large enough for any.
   constexpr int kHighMenuBar = 60;
   const QSize most(MainControls::kClientWidth, MainControls::ClientHeight() + kHighMenuBar);

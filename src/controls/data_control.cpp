@@ -254,7 +254,7 @@ void DataControl::SetBookmarkIfThere(data::Bookmark bookmark) {
 
 void DataControl::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  paint::PaintPanel(painter, rect(), palette().color(QPalette::Button), paint::OutlineInk(palette()), false);
+  paint::PaintPanel(painter, rect(), palette().color(QPalette::Button), paint::OutlineColour(palette()), false);
 }
 
 }  // namespace tonalith::controls

@@ -12,7 +12,7 @@
 #include "data/data_failure.h"
 #include "data/engine.h"
 #include "data/sql_tokens.h"
-#include "jet/content_budget.h"
+#include "jet/content_limit.h"
 
 namespace tonalith::data {
 namespace {
@@ -89,7 +89,7 @@ void RisingRows::Require(std::int64_t row) {
   latest_ = row;
 }
 
-PackBudget::PackBudget(std::uint64_t fileSize) : fileSize_(fileSize), left_(jet::ContentBudget(fileSize)) {}
+PackBudget::PackBudget(std::uint64_t fileSize) : fileSize_(fileSize), left_(jet::ContentLimit(fileSize)) {}
 
 void PackBudget::Take(std::uint64_t bytes) {
   if (bytes >= left_) {

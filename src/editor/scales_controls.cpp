@@ -289,12 +289,12 @@ void ApplyInk(const ScalesControls& c, const QPalette& palette) {
   // The panel around a box paints its ground and shows by it whether the box can be edited; the ink is the same.
   boxes.setColor(QPalette::Base, Qt::transparent);
   boxes.setColor(QPalette::Disabled, QPalette::Text, palette.color(QPalette::Active, QPalette::Text));
-  boxes.setColor(QPalette::PlaceholderText, paint::SecondaryInk(palette));
+  boxes.setColor(QPalette::PlaceholderText, paint::SecondaryText(palette));
   for (const TextField& field : c.txtFields) {
     if (field.box != nullptr) field.box->setPalette(boxes);
   }
   for (QLineEdit* const line : {c.txtScaleType, c.txtIntervals, c.txtScaleIntervalTones}) line->setPalette(boxes);
-  c.lblNotice->SetInk(paint::SiennaInk(palette));
+  c.lblNotice->SetTextColour(paint::SiennaText(palette));
 }
 
 }  // namespace tonalith::editor

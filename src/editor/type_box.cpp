@@ -39,7 +39,7 @@ bool TypeBox::eventFilter(QObject* watched, QEvent* event) {
 
 void TypeBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  paint::PaintPanel(painter, rect(), palette().color(QPalette::Base), paint::OutlineInk(palette()), hasFocus());
+  paint::PaintPanel(painter, rect(), palette().color(QPalette::Base), paint::OutlineColour(palette()), hasFocus());
   const QRect place = rect().adjusted(11, 0, -30, 0);
   painter.setPen(palette().color(QPalette::Text));
   painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,

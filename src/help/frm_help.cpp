@@ -154,7 +154,7 @@ void frmHelp::AddShortcuts() {
 void frmHelp::ApplyTheme() {
   setPalette(paint::WarmPalette(QApplication::palette()));
   QPalette lines = palette();
-  lines.setColor(QPalette::WindowText, paint::OutlineInk(palette()));
+  lines.setColor(QPalette::WindowText, paint::OutlineColour(palette()));
   for (auto* const line : findChildren<QFrame*>(QStringLiteral("HelpLine"))) line->setPalette(lines);
 }
 

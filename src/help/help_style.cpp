@@ -40,7 +40,7 @@ QString Margins(const Sheet& sheet, double above, double below) {
 
 void AddText(Sheet& sheet, const QPalette& palette) {
   const QString ink = palette.color(QPalette::Text).name();
-  const QString second = paint::SecondaryInk(palette).name();
+  const QString second = paint::SecondaryText(palette).name();
   sheet.Rule("body", QStringLiteral("color:%1;font-size:%2;").arg(ink, sheet.Size(1)));
   sheet.Rule("p,ul,ol", Margins(sheet, 0, 0.75) + QStringLiteral("line-height:140%;"));
   sheet.Rule("li,dd", Margins(sheet, 0, 0.3) + QStringLiteral("line-height:135%;"));
@@ -55,7 +55,7 @@ void AddText(Sheet& sheet, const QPalette& palette) {
   heading("h2", 1.35, 1.5, 0.5);
   heading("h3", 1.1, 1.2, 0.35);
   heading("h4,h5,h6", 1.0, 1.0, 0.3);
-  sheet.Rule("a", QStringLiteral("color:%1;text-decoration:underline;").arg(paint::SiennaInk(palette).name()));
+  sheet.Rule("a", QStringLiteral("color:%1;text-decoration:underline;").arg(paint::SiennaText(palette).name()));
   sheet.Rule(".figcaption,.tablecaption,.footer,.small",
              QStringLiteral("color:%1;font-size:%2;").arg(second, sheet.Size(0.88)));
 }

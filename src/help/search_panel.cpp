@@ -48,7 +48,7 @@ class ResultDelegate : public QStyledItemDelegate {
                       QFontMetrics(bold).elidedText(title, Qt::ElideRight, box.width()));
     box.setTop(box.top() + option.fontMetrics.lineSpacing() + 2);
     painter->setFont(option.font);
-    painter->setPen(isSelected ? ink : paint::SecondaryInk(option.palette));
+    painter->setPen(isSelected ? ink : paint::SecondaryText(option.palette));
     painter->drawText(box, Qt::AlignTop | Qt::AlignLeft | Qt::TextWordWrap, index.data(kExtractRole).toString());
   }
 };

@@ -12,7 +12,7 @@
 #include <string_view>
 
 #include "core/failure.h"
-#include "jet/content_budget.h"
+#include "jet/content_limit.h"
 #include "jet/jet_reader.h"
 #include "jet/jet_stream.h"
 #include "jet/open_file.h"
@@ -109,7 +109,7 @@ void ReadJetFile(const std::string& path, JetVisitor& visitor, sandbox::Limits l
     limits.memory += static_cast<std::uint64_t>(header.fileSize) * 2;
     sandbox::ChildProcess process([&](int pipe) { WriteContent(path, pipe); }, limits, whileWaiting);
     ReadJetStream([&](std::span<std::uint8_t> buffer) { return process.Read(buffer); },
-                  ContentBudget(static_cast<std::uint64_t>(header.fileSize)), guarded);
+                  ContentLimit(static_cast<std::uint64_t>(header.fileSize)), guarded);
   } catch (const core::Failure& failure) {
     if (guarded.HasFailed()) throw;
     throw core::Failure(failure.Number(), "The file '" + path + "' cannot be read: " + failure.Description() + ".");

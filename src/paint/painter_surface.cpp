@@ -12,12 +12,12 @@ namespace tonalith::paint {
 namespace {
 
 /// Puts the painter's state back at the end of its scope.
-class PainterStateKeeper {
+class PainterStateGuard {
  public:
-  explicit PainterStateKeeper(QPainter& painter) : painter_(painter) { painter_.save(); }
-  ~PainterStateKeeper() { painter_.restore(); }
-  PainterStateKeeper(const PainterStateKeeper&) = delete;
-  PainterStateKeeper& operator=(const PainterStateKeeper&) = delete;
+  explicit PainterStateGuard(QPainter& painter) : painter_(painter) { painter_.save(); }
+  ~PainterStateGuard() { painter_.restore(); }
+  PainterStateGuard(const PainterStateGuard&) = delete;
+  PainterStateGuard& operator=(const PainterStateGuard&) = delete;
 
  private:
   QPainter& painter_;
@@ -64,13 +64,13 @@ void FillSnapped(QPainter& painter, const QRectF& pixels, const QColor& colour) 
 
 void PainterSurface::DoCls() {
   if (ground_.style() == Qt::NoBrush) return;
-  const PainterStateKeeper keeper(painter_);
+  const PainterStateGuard keeper(painter_);
   painter_.resetTransform();
   painter_.fillRect(painter_.viewport(), ground_);
 }
 
 void PainterSurface::DoPrint(PixelPoint at, std::string_view text, const SurfaceFont& font, Bgr colour) {
-  const PainterStateKeeper keeper(painter_);
+  const PainterStateGuard keeper(painter_);
   painter_.setRenderHint(QPainter::Antialiasing);
   const QColor ink(ToRgb(colour));
   if (IsMusicFont(font)) {
@@ -85,7 +85,7 @@ void PainterSurface::DoPrint(PixelPoint at, std::string_view text, const Surface
 }
 
 void PainterSurface::DoLine(PixelPoint from, PixelPoint to, Bgr colour) {
-  const PainterStateKeeper keeper(painter_);
+  const PainterStateGuard keeper(painter_);
   const QColor ink(ToRgb(colour));
   if (from.x != to.x && from.y != to.y) {
     painter_.setRenderHint(QPainter::Antialiasing);
@@ -99,7 +99,7 @@ void PainterSurface::DoLine(PixelPoint from, PixelPoint to, Bgr colour) {
 }
 
 void PainterSurface::DoPaintPicture(PixelPoint at, const std::shared_ptr<const SurfacePicture>& picture) {
-  const PainterStateKeeper keeper(painter_);
+  const PainterStateGuard keeper(painter_);
   painter_.translate(at.x, at.y);
   picture->PaintOn(painter_);
 }

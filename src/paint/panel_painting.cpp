@@ -28,7 +28,7 @@ void PaintPanel(QPainter& painter, const QRectF& rect, const QColor& fill, const
 
 void PaintDropArrow(QPainter& painter, const QRectF& box, const QPalette& palette) {
   const QPointF tip(box.right() - 15.0, box.center().y() + 3.0);
-  painter.setPen(QPen(SecondaryInk(palette), 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setPen(QPen(SecondaryText(palette), 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.drawPolyline(QPolygonF({tip + QPointF(-5, -6), tip, tip + QPointF(5, -6)}));
 }
 

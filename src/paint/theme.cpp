@@ -65,21 +65,21 @@ QPalette WarmPalette(const QPalette& system) {
   SetGrounds(warm, dark);
   SetTexts(warm, dark);
   SetSelection(warm, dark);
-  warm.setColor(QPalette::PlaceholderText, SecondaryInk(warm));
-  warm.setColor(QPalette::Link, SiennaInk(warm));
-  warm.setColor(QPalette::LinkVisited, SecondaryInk(warm));
+  warm.setColor(QPalette::PlaceholderText, SecondaryText(warm));
+  warm.setColor(QPalette::Link, SiennaText(warm));
+  warm.setColor(QPalette::LinkVisited, SecondaryText(warm));
   return warm;
 }
 
-QColor SecondaryInk(const QPalette& palette) {
+QColor SecondaryText(const QPalette& palette) {
   return Readable(IsDark(palette) ? QColor(0xb9, 0xb0, 0xa5) : QColor(0x5a, 0x53, 0x4b), palette);
 }
 
-QColor SiennaInk(const QPalette& palette) {
+QColor SiennaText(const QPalette& palette) {
   return Readable(IsDark(palette) ? QColor(0xf0, 0xa0, 0x70) : QColor(0xa0, 0x52, 0x2d), palette);
 }
 
-QColor OutlineInk(const QPalette& palette) {
+QColor OutlineColour(const QPalette& palette) {
   return Mix(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.28F);
 }
 

@@ -18,10 +18,10 @@ namespace tonalith::paint {
 [[nodiscard]] QPalette WarmPalette(const QPalette& system);
 
 /// Ink for what stands second: descriptions, fret numbers. At least 4.5:1 on the window ground.
-[[nodiscard]] QColor SecondaryInk(const QPalette& palette);
+[[nodiscard]] QColor SecondaryText(const QPalette& palette);
 /// The sienna of the scale's type and note names. At least 4.5:1 on the window ground.
-[[nodiscard]] QColor SiennaInk(const QPalette& palette);
+[[nodiscard]] QColor SiennaText(const QPalette& palette);
 /// The outline of buttons and boxes.
-[[nodiscard]] QColor OutlineInk(const QPalette& palette);
+[[nodiscard]] QColor OutlineColour(const QPalette& palette);
 
 }  // namespace tonalith::paint

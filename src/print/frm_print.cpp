@@ -17,7 +17,7 @@
 #include "paint/theme.h"
 #include "print/print_picture_to_size.h"
 #include "windows/plain_label.h"
-#include "windows/screen_room.h"
+#include "windows/screen_size.h"
 #include "windows/window_front.h"
 
 namespace tonalith::print {
@@ -115,7 +115,7 @@ void frmPrint::LayOut() {
 void frmPrint::ApplyTheme() {
   setPalette(paint::WarmPalette(QApplication::palette()));
   QPalette ink = palette();
-  ink.setColor(QPalette::WindowText, paint::SecondaryInk(palette()));
+  ink.setColor(QPalette::WindowText, paint::SecondaryText(palette()));
   lblStatus_->setPalette(ink);
   for (PanelButton* const button : {cmdPrint_, cmdPdf_, cmdCancel_}) {
     button->setMinimumHeight(button->fontMetrics().height() + kButtonMargins);
@@ -157,7 +157,7 @@ void frmPrint::UpdatePreview() {
 }
 
 void frmPrint::ShowPreviewMessages() {
-  core::HeldMessages messages = std::exchange(previewMessages_, {});
+  core::DeferredMessages messages = std::exchange(previewMessages_, {});
   messages.ShowAll(order_.msgBox);
 }
 

@@ -13,7 +13,7 @@
 #include <functional>
 #include <string>
 
-#include "core/held_messages.h"
+#include "core/deferred_messages.h"
 #include "core/msg_box.h"
 #include "platform/print_service.h"
 #include "print/page_view.h"
@@ -78,7 +78,7 @@ class frmPrint : public QDialog {
   [[nodiscard]] QString PaperText() const;
 
   PrintOrder order_;
-  core::HeldMessages previewMessages_;
+  core::DeferredMessages previewMessages_;
   bool isAsking_ = false;
   bool isPrinterKnown_ = false;
   bool hasPrinter_ = true;

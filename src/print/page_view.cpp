@@ -47,11 +47,11 @@ PageView::PageView(const QString& name, const QString& shape, QWidget* parent)
 void PageView::Show(const platform::Sheet& sheet, std::vector<PaintedPicture> painted) {
   sheet_ = sheet;
   painted_ = std::move(painted);
-  PlaceShape();
+  UpdateShape();
   update();
 }
 
-QRectF PageView::SheetPlace() const {
+QRectF PageView::SheetRect() const {
   const QRectF room = QRectF(rect()).adjusted(kMargin, kMargin, -kMargin, -kMargin);
   if (sheet_.width <= 0 || sheet_.height <= 0 || room.isEmpty()) return {};
   const double factor = std::min(room.width() / sheet_.width, room.height() / sheet_.height);
@@ -60,8 +60,8 @@ QRectF PageView::SheetPlace() const {
   return place;
 }
 
-void PageView::PlaceShape() {
-  const QRectF sheet = SheetPlace();
+void PageView::UpdateShape() {
+  const QRectF sheet = SheetRect();
   shape_->setVisible(!sheet.isEmpty());
   if (sheet.isEmpty()) return;
   const double factor = sheet.width() / sheet_.width;
@@ -73,11 +73,11 @@ void PageView::PlaceShape() {
 
 void PageView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  PlaceShape();
+  UpdateShape();
 }
 
 void PageView::paintEvent(QPaintEvent* /*event*/) {
-  const QRectF sheet = SheetPlace();
+  const QRectF sheet = SheetRect();
   if (sheet.isEmpty()) return;
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);

@@ -35,7 +35,7 @@ class PageView : public QWidget {
   void Show(const platform::Sheet& sheet, std::vector<PaintedPicture> painted);
 
   /// Where the sheet lies in the widget, in pixels.
-  [[nodiscard]] QRectF SheetPlace() const;
+  [[nodiscard]] QRectF SheetRect() const;
   [[nodiscard]] const std::vector<PaintedPicture>& Painted() const { return painted_; }
   [[nodiscard]] QSize sizeHint() const override { return {640, 480}; }
   [[nodiscard]] QSize minimumSizeHint() const override { return {320, 240}; }
@@ -45,7 +45,7 @@ class PageView : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void PlaceShape();
+  void UpdateShape();
 
   platform::Sheet sheet_;
   std::vector<PaintedPicture> painted_;

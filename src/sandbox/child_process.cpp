@@ -113,7 +113,7 @@ ChildProcess::~ChildProcess() {
 }
 
 // Gives the time that it took.
-steady_clock::duration ChildProcess::TellOfWaiting() {
+steady_clock::duration ChildProcess::CallWhileWaiting() {
   const auto begin = steady_clock::now();
   if (!whileWaiting_ || begin - told_ < kWaitStep) return {};
   whileWaiting_();
@@ -125,7 +125,7 @@ steady_clock::duration ChildProcess::TellOfWaiting() {
 void ChildProcess::WaitForBytes() {
   auto begin = steady_clock::now();
   for (;;) {
-    begin += TellOfWaiting();
+    begin += CallWhileWaiting();
     const auto now = steady_clock::now();
     const auto left =
         std::chrono::duration_cast<milliseconds>(std::min(begin + limits_.silence, start_ + limits_.total) - now);

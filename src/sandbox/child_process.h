@@ -46,7 +46,7 @@ class ChildProcess {
 
  private:
   void WaitForBytes();
-  std::chrono::steady_clock::duration TellOfWaiting();
+  std::chrono::steady_clock::duration CallWhileWaiting();
 
   Limits limits_;
   std::function<void()> whileWaiting_;

@@ -144,8 +144,8 @@ void frmSearch::LayOut() {
 
 void frmSearch::ApplyTheme() {
   setPalette(paint::WarmPalette(QApplication::palette()));
-  SetInk(lblHelp_, paint::SecondaryInk(palette()));
-  SetInk(lblMessage_, paint::SiennaInk(palette()));
+  SetInk(lblHelp_, paint::SecondaryText(palette()));
+  SetInk(lblMessage_, paint::SiennaText(palette()));
   // The line is kept free while it is empty: nothing jumps when the search wraps.
   lblMessage_->setMinimumHeight(lblMessage_->fontMetrics().height());
   for (PanelButton* const button : {cmdSearch_, cmdCancel_}) {

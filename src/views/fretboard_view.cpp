@@ -248,7 +248,7 @@ void FretboardView::paintEvent(QPaintEvent* /*event*/) {
   painter.save();
   painter.translate(-DesignRect().topLeft());
   PaintOpenStrings(painter, geometry);
-  PaintFretNumbers(painter, paint::SecondaryInk(palette()));
+  PaintFretNumbers(painter, paint::SecondaryText(palette()));
   painter.restore();
   PaintGlow(painter);
   PaintFocusRing(painter);

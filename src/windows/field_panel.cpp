@@ -24,7 +24,7 @@ void FieldPanel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   const bool canChange = box_->isEnabled() && !box_->property("readOnly").toBool();
   const auto ground = canChange ? QPalette::Base : QPalette::Window;
-  paint::PaintPanel(painter, rect(), palette().color(QPalette::Active, ground), paint::OutlineInk(palette()),
+  paint::PaintPanel(painter, rect(), palette().color(QPalette::Active, ground), paint::OutlineColour(palette()),
                     box_->hasFocus());
 }
 

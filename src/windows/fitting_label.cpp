@@ -31,7 +31,7 @@ FittingLabel::FittingLabel(const QString& name, Sizes sizes, QFont::Weight weigh
   setTextFormat(Qt::PlainText);
 }
 
-void FittingLabel::SetInk(const QColor& ink) {
+void FittingLabel::SetTextColour(const QColor& ink) {
   ink_ = ink;
   update();
 }

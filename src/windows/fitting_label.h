@@ -31,7 +31,7 @@ class FittingLabel : public QLabel {
 
   /// The colour of the text; the palette's own where none is set. A colour that could not be read on the window's
   /// ground stands on a light chip.
-  void SetInk(const QColor& ink);
+  void SetTextColour(const QColor& ink);
 
   /// The pixel size in which the present text is set.
   [[nodiscard]] int FittedPixelSize() const;

@@ -70,7 +70,7 @@ void PanelButton::paintEvent(QPaintEvent* /*event*/) {
   const bool main = kind_ == Kind::kMainAction && isEnabled();
   const QColor fill =
       Shade(main ? QColor(paint::kAccent) : palette().color(QPalette::Button), isDown(), hover && isEnabled());
-  const QColor outline = main ? QColor(paint::kAccent) : paint::OutlineInk(palette());
+  const QColor outline = main ? QColor(paint::kAccent) : paint::OutlineColour(palette());
 
   QPainter painter(this);
   paint::PaintPanel(painter, rect(), fill, outline, hasFocus() && !main);

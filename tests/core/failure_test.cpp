@@ -10,7 +10,7 @@
 #include <stdexcept>
 
 #include "core/deferred_failure.h"
-#include "core/held_messages.h"
+#include "core/deferred_messages.h"
 #include "support/recording_msg_box.h"
 
 namespace tonalith::core {
@@ -91,8 +91,8 @@ TEST(DeferredFailureTest, SaysNothingWhenNothingFailedOrWhenItWasCleared) {
   EXPECT_THAT(box.Messages(), IsEmpty());
 }
 
-TEST(HeldMessagesTest, ShowsWhatItHeldOnceAndInItsOrder) {
-  HeldMessages held;
+TEST(DeferredMessagesTest, ShowsWhatItHeldOnceAndInItsOrder) {
+  DeferredMessages held;
   EXPECT_EQ(held.Show("first", MsgBoxStyle::kYesNo, "title"), MsgBoxAnswer::kOk);
   held.Show("second");
   tests::RecordingMsgBox box;

@@ -32,8 +32,8 @@ TEST(Theme, EveryInkCanBeReadOnItsGround) {
   for (const QPalette& system : {Light(), Dark()}) {
     const QPalette warm = WarmPalette(system);
     const QColor ground = warm.color(QPalette::Window);
-    EXPECT_GE(ContrastRatio(SecondaryInk(warm), ground), 4.5);
-    EXPECT_GE(ContrastRatio(SiennaInk(warm), ground), 4.5);
+    EXPECT_GE(ContrastRatio(SecondaryText(warm), ground), 4.5);
+    EXPECT_GE(ContrastRatio(SiennaText(warm), ground), 4.5);
     EXPECT_GE(ContrastRatio(warm.color(QPalette::WindowText), ground), 7.0);
     EXPECT_GE(ContrastRatio(warm.color(QPalette::ButtonText), warm.color(QPalette::Button)), 7.0);
     EXPECT_GE(ContrastRatio(warm.color(QPalette::Text), warm.color(QPalette::Base)), 7.0);
@@ -49,8 +49,8 @@ TEST(Theme, InkCanBeReadOnAGroundThatIsNeitherLightNorDark) {
   QPalette grey(QColor(0x84, 0x84, 0x84));
   grey.setColor(QPalette::Window, QColor(0x84, 0x84, 0x84));
   grey.setColor(QPalette::WindowText, Qt::black);
-  EXPECT_GE(ContrastRatio(SecondaryInk(grey), grey.color(QPalette::Window)), 4.5);
-  EXPECT_GE(ContrastRatio(SiennaInk(grey), grey.color(QPalette::Window)), 4.5);
+  EXPECT_GE(ContrastRatio(SecondaryText(grey), grey.color(QPalette::Window)), 4.5);
+  EXPECT_GE(ContrastRatio(SiennaText(grey), grey.color(QPalette::Window)), 4.5);
 }
 
 TEST(Theme, WindowThatIsNotTheActiveOneLooksTheSame) {

@@ -90,7 +90,7 @@ TEST_F(FrmPrintTest, ShowsThePageAsItWillComeOut) {
 TEST_F(FrmPrintTest, PaintsThePageOnTheSheetInItsShares) {
   Show();
   const QImage dots = Picture1().grab().toImage().convertToFormat(QImage::Format_RGB32);
-  const QRectF sheet = Picture1().SheetPlace();
+  const QRectF sheet = Picture1().SheetRect();
   const QRect ink = tests::InkBox(dots, sheet.toRect());
   EXPECT_NEAR((ink.left() - sheet.left()) / sheet.width(), (18 + Place().left) / 842, 0.005);
   EXPECT_NEAR((ink.top() - sheet.top()) / sheet.height(), (18 + Place().top) / 595, 0.005);
@@ -99,7 +99,7 @@ TEST_F(FrmPrintTest, PaintsThePageOnTheSheetInItsShares) {
 
 TEST_F(FrmPrintTest, Shape2OutlinesWhatCanBePrintedOn) {
   Show();
-  const QRectF sheet = Picture1().SheetPlace();
+  const QRectF sheet = Picture1().SheetRect();
   const QRect shape = Find<QWidget>("Shape2").geometry();
   const double factor = sheet.width() / 842;
   EXPECT_NEAR(shape.left(), sheet.left() + 18 * factor, 1.5);
@@ -114,7 +114,7 @@ TEST_F(FrmPrintTest, FollowsPaperAndOrientation) {
   Choose("cmbOrientation", 1);
   EXPECT_DOUBLE_EQ(Place().width, (612 - 36) * 0.9);
   EXPECT_EQ(Status(), "One page, Letter, portrait.");
-  EXPECT_GT(Picture1().SheetPlace().height(), Picture1().SheetPlace().width());
+  EXPECT_GT(Picture1().SheetRect().height(), Picture1().SheetRect().width());
 }
 
 TEST_F(FrmPrintTest, BeginsWithThePaperThatIsUsualHere) {
@@ -294,7 +294,7 @@ TEST_F(FrmPrintTest, SheetIsWhiteInADarkThemeAndTextsCanBeRead) {
   QApplication::setPalette(dark);
   Show();
   const QImage dots = Picture1().grab().toImage();
-  const QPoint corner = Picture1().SheetPlace().toRect().bottomRight() - QPoint(4, 4);
+  const QPoint corner = Picture1().SheetRect().toRect().bottomRight() - QPoint(4, 4);
   EXPECT_EQ(dots.pixelColor(corner), QColor(Qt::white));
   const QPalette ink = Find<QLabel>("lblStatus").palette();
   EXPECT_GE(paint::ContrastRatio(ink.color(QPalette::WindowText), form_->palette().color(QPalette::Window)), 4.5);

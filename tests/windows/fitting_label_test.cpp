@@ -31,7 +31,7 @@ class FittingLabelTest : public testing::Test {
  protected:
   FittingLabelTest() : label_(QStringLiteral("Label1"), {30, 15}, QFont::Bold, nullptr) {
     label_.resize(300, 40);
-    label_.SetInk(Qt::black);
+    label_.SetTextColour(Qt::black);
     QPalette palette = label_.palette();
     palette.setColor(QPalette::Window, Qt::white);
     label_.setPalette(palette);
@@ -115,7 +115,7 @@ TEST_F(FittingLabelTest, InkThatIsTooDarkForTheWindowStandsOnARoundedWarmChip) {
   system.setColor(QPalette::WindowText, Qt::white);
   const QPalette dark = paint::WarmPalette(system);
   label_.setPalette(dark);
-  label_.SetInk(Qt::blue);
+  label_.SetTextColour(Qt::blue);
   label_.setText(QStringLiteral("Stopped"));
   QImage image(label_.size(), QImage::Format_RGB32);
   image.fill(dark.color(QPalette::Window));

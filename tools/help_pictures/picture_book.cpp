@@ -50,7 +50,7 @@ class NoHost : public editor::ScaleEditorHost {
 PictureBook::PictureBook(const fs::path& database) {
   const fs::path folder(folder_.path().toStdString());
   fs::copy_file(database, folder / data::kDatabaseFileName);
-  program_ = std::make_unique<unplugged::UnpluggedWindow>(folder.string());
+  program_ = std::make_unique<isolated_window::IsolatedWindow>(folder.string());
 }
 
 PictureBook::~PictureBook() = default;

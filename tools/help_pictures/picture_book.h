@@ -14,7 +14,7 @@
 #include <memory>
 #include <string>
 
-#include "unplugged/unplugged_window.h"
+#include "isolated_window/isolated_window.h"
 
 namespace tonalith::help_pictures {
 
@@ -37,7 +37,7 @@ class PictureBook {
   [[nodiscard]] QImage PrintPreview();
 
   QTemporaryDir folder_;
-  std::unique_ptr<unplugged::UnpluggedWindow> program_;
+  std::unique_ptr<isolated_window::IsolatedWindow> program_;
 };
 
 }  // namespace tonalith::help_pictures

@@ -52,7 +52,7 @@ std::shared_ptr<data::Connection> OpenFile(const std::filesystem::path& path) {
 }
 
 template <class Step>
-void AtPlace(const TablePlace& place, Step step) {
+void AtPlace(const TableLocation& place, Step step) {
   try {
     step();
   } catch (const core::Failure& failure) {

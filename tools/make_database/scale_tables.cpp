@@ -17,7 +17,7 @@ namespace {
 using Columns = std::vector<std::string>;
 
 struct TableRow {
-  TablePlace place;
+  TableLocation place;
   Columns columns;
 };
 
@@ -33,7 +33,7 @@ Columns SplitAtTabs(const std::string& line) {
   return columns;
 }
 
-void RequireText(const TablePlace& place, std::string_view line) {
+void RequireText(const TableLocation& place, std::string_view line) {
   while (!line.empty()) {
     const std::size_t length = core::WellFormedLength(line);
     if (length == 0) throw TableFailure(place, "the line is not UTF-8");
@@ -45,7 +45,7 @@ void RequireText(const TablePlace& place, std::string_view line) {
 
 std::vector<TableRow> ReadTable(const std::filesystem::path& file, std::initializer_list<std::string_view> header) {
   std::ifstream stream(file, std::ios::binary);
-  TablePlace place{file.string(), 0};
+  TableLocation place{file.string(), 0};
   if (!stream) throw TableFailure(place, "the table cannot be read");
   std::vector<TableRow> rows;
   bool hasHeader = false;
@@ -125,7 +125,7 @@ void NumberRows(std::vector<ScaleRow>& scales) {
 
 }  // namespace
 
-core::Failure TableFailure(const TablePlace& place, const std::string& words) {
+core::Failure TableFailure(const TableLocation& place, const std::string& words) {
   return {core::failure_number::kInvalidProcedureCall, place.file + ":" + std::to_string(place.line) + ": " + words};
 }
 

@@ -17,20 +17,20 @@
 namespace tonalith::make_database {
 
 /// Where a row stands, for messages about it.
-struct TablePlace {
+struct TableLocation {
   std::string file;
   int line = 0;
 };
 
 struct ScaleTypeRow {
-  TablePlace place;
+  TableLocation place;
   std::int64_t scaleTypeId = 0;
   std::int64_t scaleTypeNo = 0;
   std::string scaleTypeName;
 };
 
 struct ScaleRow {
-  TablePlace place;
+  TableLocation place;
   /// Position among all rows of the folder, from 1. Not a column: it follows from the order of the rows.
   std::int64_t scaleId = 0;
   std::string scaleName;
@@ -55,6 +55,6 @@ struct ScaleTables {
 ScaleTables ReadScaleTables(const std::filesystem::path& folder);
 
 /// A failure about a row, with its place in front.
-core::Failure TableFailure(const TablePlace& place, const std::string& words);
+core::Failure TableFailure(const TableLocation& place, const std::string& words);
 
 }  // namespace tonalith::make_database

@@ -18,19 +18,19 @@
 #include "support/scripted_help_engine.h"
 #include "support/scripted_printer.h"
 
-namespace tonalith::unplugged {
+namespace tonalith::isolated_window {
 
-class NobodysPlayer : public platform::NotePlayer {
+class NullNotePlayer : public platform::NotePlayer {
  public:
   void Play(const std::string& /*path*/) override {}
 };
 
-struct UnpluggedWindow {
+struct IsolatedWindow {
   /// Opens the window on the database in `folder`.
-  explicit UnpluggedWindow(const std::string& folder) : database(folder, box) {}
+  explicit IsolatedWindow(const std::string& folder) : database(folder, box) {}
 
   tests::RecordingMsgBox box;
-  NobodysPlayer player;
+  NullNotePlayer player;
   platform::PosixFileInput files;
   platform::NoticeQueue notices;
   platform::QtEventPump events;
@@ -45,4 +45,4 @@ struct UnpluggedWindow {
       app::OpenScaleDatabase({database, box, player, sounds, scaleSounds, events, printing, help});
 };
 
-}  // namespace tonalith::unplugged
+}  // namespace tonalith::isolated_window

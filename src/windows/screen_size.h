@@ -16,7 +16,7 @@ namespace tonalith::windows {
 
 /// The room for the content of a window on `screen`: what panels leave free, without a title bar and a frame. Nothing
 /// where no screen shows the windows, as on the platforms "offscreen" and "minimal".
-[[nodiscard]] std::optional<QSize> RoomOn(const QScreen* screen);
+[[nodiscard]] std::optional<QSize> AvailableSize(const QScreen* screen);
 
 /// Gives `window` the size `wanted`, or as much of it as its screen has room for.
 void ResizeWithinScreen(QWidget& window, QSize wanted);

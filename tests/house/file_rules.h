@@ -15,9 +15,9 @@
 namespace tonalith::house {
 
 /// Faults of one file of the project; `file` is relative to `root`. Files that are no source of ours have none.
-std::vector<std::string> FaultsOf(const Path& root, const Path& file);
+std::vector<std::string> ViolationsOf(const Path& root, const Path& file);
 
 /// The same for every file under `root`.
-std::vector<std::string> FaultsOfAll(const Path& root);
+std::vector<std::string> ViolationsOfAll(const Path& root);
 
 }  // namespace tonalith::house

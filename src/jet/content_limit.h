@@ -12,6 +12,6 @@ namespace tonalith::jet {
 
 /// In bytes. Texts of a Jet file grow when they become UTF-8, and a field that takes a bit or nothing in the file
 /// counts as a byte and more.
-inline std::uint64_t ContentBudget(std::uint64_t fileSize) { return fileSize * 16 + (std::uint64_t{1} << 20); }
+inline std::uint64_t ContentLimit(std::uint64_t fileSize) { return fileSize * 16 + (std::uint64_t{1} << 20); }
 
 }  // namespace tonalith::jet

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "windows/screen_room.h"
+#include "windows/screen_size.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -21,7 +21,7 @@ constexpr QSize kLeastRoom(200, 150);
 
 }  // namespace
 
-std::optional<QSize> RoomOn(const QScreen* screen) {
+std::optional<QSize> AvailableSize(const QScreen* screen) {
   const QString platform = QGuiApplication::platformName();
   const bool isSeen = platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
   if (screen == nullptr || !isSeen) return std::nullopt;
@@ -35,7 +35,7 @@ std::optional<QSize> RoomOn(const QScreen* screen) {
 }
 
 void ResizeWithinScreen(QWidget& window, QSize wanted) {
-  window.resize(wanted.boundedTo(RoomOn(window.screen()).value_or(wanted)));
+  window.resize(wanted.boundedTo(AvailableSize(window.screen()).value_or(wanted)));
 }
 
 }  // namespace tonalith::windows

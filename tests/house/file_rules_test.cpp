@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "house/budgets.h"
+#include "house/file_rules.h"
 
 #include <gmock/gmock.h>
 
@@ -20,7 +20,7 @@ const std::string kParagraph =
 std::vector<std::string> Faults(const std::string& name, const std::string& text) {
   const TemporaryTree tree("== " + name + "\n");
   WriteFile(tree.Root() / name, text);
-  return FaultsOf(tree.Root(), name);
+  return ViolationsOf(tree.Root(), name);
 }
 
 std::string Lines(int count) {
@@ -31,12 +31,12 @@ std::string Lines(int count) {
   return text;
 }
 
-TEST(Budgets, EveryFileOfTheProjectKeepsThem) { EXPECT_THAT(FaultsOfAll(ProjectRoot()), IsEmpty()); }
+TEST(Budgets, EveryFileOfTheProjectKeepsThem) { EXPECT_THAT(ViolationsOfAll(ProjectRoot()), IsEmpty()); }
 
 TEST(Budgets, TheProjectsFilesAreReallyRead) {
   const std::vector<Path> files = ProjectFiles(ProjectRoot());
   EXPECT_THAT(files, ::testing::IsSupersetOf({Path("src/core/failure.h"), Path("run"), Path("test"),
-                                              Path("docs/rooms.tsv"), Path("tests/house/budgets_test.cpp")}));
+                                              Path("docs/rooms.tsv"), Path("tests/house/file_rules_test.cpp")}));
 }
 
 TEST(Budgets, AFileOfFourHundredLinesPassesAndOneMoreFails) {

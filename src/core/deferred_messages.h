@@ -15,7 +15,7 @@
 
 namespace tonalith::core {
 
-class HeldMessages : public MsgBox {
+class DeferredMessages : public MsgBox {
  public:
   using MsgBox::Show;
   MsgBoxAnswer Show(const std::string& text, MsgBoxStyle style, const std::string& title) override {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "house/budgets.h"
+#include "house/file_rules.h"
 
 #include <algorithm>
 #include <cctype>
@@ -75,7 +75,7 @@ bool HasLooseEnd(const std::string& line) {
 
 }  // namespace
 
-std::vector<std::string> FaultsOf(const Path& root, const Path& file) {
+std::vector<std::string> ViolationsOf(const Path& root, const Path& file) {
   if (!IsCode(file) && !IsContent(file)) {
     return {};
   }
@@ -100,10 +100,10 @@ std::vector<std::string> FaultsOf(const Path& root, const Path& file) {
   return faults;
 }
 
-std::vector<std::string> FaultsOfAll(const Path& root) {
+std::vector<std::string> ViolationsOfAll(const Path& root) {
   std::vector<std::string> faults;
   for (const Path& file : ProjectFiles(root)) {
-    const std::vector<std::string> more = FaultsOf(root, file);
+    const std::vector<std::string> more = ViolationsOf(root, file);
     faults.insert(faults.end(), more.begin(), more.end());
   }
   return faults;
