@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Questions about the scale that the window shows, which lives in the database: the core asks for it through a source
-// that the window implements. User-interface thread; failures as each function's line says.
+// Queries on the scale that the window shows. The scale is in the database; the window implements the source that reads
+// it.
 
 #pragma once
 
@@ -15,7 +15,7 @@
 
 namespace tonalith::core {
 
-/// Where NoteExistsInScoreScale finds the current record.
+/// The source of the current record for NoteExistsInScoreScale.
 class CurrentScaleSource {
  public:
   virtual ~CurrentScaleSource() = default;
@@ -23,8 +23,9 @@ class CurrentScaleSource {
   virtual std::string GetScaleIntervalsByID(std::int32_t scaleId) = 0;
 };
 
-/// Whether a note is among the first 13 notes of the current scale, built on the start note `intTP`.
-/// Throws what its source throws.
+/// Whether a note is among the first 13 notes of the current scale, built on the start note `intTP`. Throws what its
+/// source throws.
+/// Kept: see docs/behaviour.md, Functions without callers.
 bool NoteExistsInScoreScale(NoteNumber intTP, std::string_view strNoteVal, CurrentScaleSource& source, MsgBox& msgBox);
 
 }  // namespace tonalith::core

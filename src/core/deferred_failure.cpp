@@ -6,7 +6,7 @@
 namespace tonalith::core {
 
 void DeferredFailure::ReportDescription(MsgBox& msgBox, MsgBoxStyle style) {
-  // Taken before the box is shown: events that the box lets through must not report the same failure again.
+  // Cleared before the box is shown: the box runs the event loop, which must not report the failure again.
   if (const std::optional<Failure> failure = std::exchange(pending_, std::nullopt)) {
     msgBox.Show(failure->Description(), style);
   }

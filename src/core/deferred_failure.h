@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Runs the steps of a procedure that has to go on past a failure. Each step goes through Try; a failing step is
-// abandoned, the latest failure stays pending, the next step runs. At its end the procedure reports what is pending in
-// the form that it owes, or clears it. Lives on the stack of one procedure; not shared between threads.
+// Runs the steps of a procedure that continues after a failure. Each step goes through Try. A failing step is
+// abandoned, its failure replaces the pending one, and the next step runs. At its end the procedure reports or clears
+// the pending failure. Created on the stack of one procedure.
 
 #pragma once
 
@@ -17,7 +17,7 @@ namespace tonalith::core {
 
 class DeferredFailure {
  public:
-  /// Runs `step`. Returns true when it ran to its end; otherwise its failure is pending now.
+  /// Runs `step`. Returns whether it succeeded; otherwise its failure is pending.
   template <class Step>
   bool Try(Step&& step) {
     try {
@@ -32,9 +32,9 @@ class DeferredFailure {
   [[nodiscard]] const std::optional<Failure>& Pending() const { return pending_; }
   void Clear() { pending_.reset(); }
 
-  /// Shows the pending failure's description, if there is one, and clears it.
+  /// Shows and clears the pending failure, if any: its description only.
   void ReportDescription(MsgBox& msgBox, MsgBoxStyle style = MsgBoxStyle::kOkOnly);
-  /// The same with number, ": " and description.
+  /// As ReportDescription, with number, ": " and description.
   void ReportNumberAndDescription(MsgBox& msgBox, MsgBoxStyle style = MsgBoxStyle::kOkOnly);
 
  private:

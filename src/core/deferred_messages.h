@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Keeps messages back until they are wanted: for a procedure whose reports have to wait until everything is in its
-// place again. Every one of them is taken for a report and answered with OK. Owned by the procedure; any thread, one at
-// a time.
+// Stores messages and shows them later, for a procedure that must restore its state before it reports. All messages are
+// assumed to be reports and are answered with OK.
 
 #pragma once
 
@@ -23,7 +22,7 @@ class DeferredMessages : public MsgBox {
     return MsgBoxAnswer::kOk;
   }
 
-  /// Shows and forgets them. Whatever holds the messages may go while one is shown.
+  /// Shows the messages and removes them. Showing one may destroy the object that owns this one.
   void ShowAll(MsgBox& msgBox) {
     for (const Message& message : std::exchange(messages_, {})) msgBox.Show(message.text, message.style, message.title);
   }

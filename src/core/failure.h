@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The one vocabulary of failures: a number and a description that a musician can read. Code throws a Failure; whoever
-// has to report it chooses the form (text alone, or number and text). Plain values, owned by whoever catches them, no
-// thread of their own.
+// The only error type of the program: a number and a description that a musician can read. Code throws a Failure; the
+// code that reports it chooses the form (text alone, or number and text).
 
 #pragma once
 
@@ -13,7 +12,7 @@
 
 namespace tonalith::core {
 
-/// The failure numbers of the program itself. The data layer adds those of its engine (see data/data_failure.h).
+/// The failure numbers of the program itself. data/data_failure.h adds those of the database.
 namespace failure_number {
 inline constexpr std::int32_t kInvalidProcedureCall = 5;
 inline constexpr std::int32_t kOverflow = 6;
@@ -31,7 +30,7 @@ class Failure : public std::exception {
 
   [[nodiscard]] std::int32_t Number() const { return number_; }
   [[nodiscard]] const std::string& Description() const { return description_; }
-  /// Number, ": " and description: the form that most handlers of the main window owe.
+  /// Number, ": " and description, as most handlers of the main window report it.
   [[nodiscard]] std::string NumberAndDescription() const;
   [[nodiscard]] const char* what() const noexcept override { return description_.c_str(); }
 
@@ -44,8 +43,8 @@ class Failure : public std::exception {
   /// A failure without a number of its own.
   static Failure Unspecified(std::string description);
 
-  /// The exception that is being handled, as a Failure: itself, out of memory (7), or an internal error (51) with the
-  /// exception's own text. Call it inside a catch block only.
+  /// The current exception as a Failure: itself, out of memory (7), or an internal error (51) with the text of the
+  /// exception. Call it only in a catch block.
   static Failure FromCurrentException();
 
  private:

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The message box as the program sees it: a text, a style and a title, answered with a button. A port: the window
-// system implements it in platform/, tests record it (core/recording_msg_box.h). Called on the user-interface thread
-// only; Show returns when the box is closed.
+// Port of the message box: a text, a style and a title, answered with a button. The window system implements it in
+// platform/qt; tests record it (support/recording_msg_box.h). User-interface thread only. Show returns when the box is
+// closed.
 
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace tonalith::core {
 
-/// Style values add up: a set of buttons, an icon and the default button.
+/// Style values are added: a set of buttons, an icon and the default button.
 enum class MsgBoxStyle : int {
   kOkOnly = 0,
   kOkCancel = 1,
@@ -33,7 +33,7 @@ class MsgBox {
  public:
   virtual ~MsgBox() = default;
 
-  /// Shows `text` (UTF-8; a line feed is a line break). An empty title stands for the application's title.
+  /// Shows `text` (UTF-8; a line feed is a line break). An empty title means the title of the application.
   virtual MsgBoxAnswer Show(const std::string& text, MsgBoxStyle style, const std::string& title) = 0;
 
   MsgBoxAnswer Show(const std::string& text, MsgBoxStyle style = MsgBoxStyle::kOkOnly) { return Show(text, style, {}); }

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The neck as data: open strings as pitches and a number of positions. The one place that knows how many strings there
-// are and how they are tuned; whatever is counted, named, drawn or played by string and position is derived from it.
-// Notes are numbered string by string, the highest string first, along each from the open string on. Plain values; any
-// thread; never fails.
+// The neck as data: open strings as pitches and a number of positions. The only place that defines the number of
+// strings and their tuning; everything counted, named, drawn or played by string and position is derived from it. Notes
+// are numbered string by string, the highest string first, and along each string from the open string.
 
 #pragma once
 
@@ -24,7 +23,7 @@ struct Pitch {
 struct Neck {
   /// The highest string first.
   std::vector<Pitch> openStrings;
-  /// Those of one string; the open string counts.
+  /// Positions on each string, including the open string.
   int positions = 0;
 
   [[nodiscard]] int Strings() const { return static_cast<int>(openStrings.size()); }

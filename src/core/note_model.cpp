@@ -30,8 +30,10 @@ std::int16_t LastIndexOf(const std::array<std::string_view, kSize>& table, std::
 
 }  // namespace
 
+// Kept: see docs/behaviour.md, Unknown note names read as C.
 NoteNumber CNoteToNumber(std::string_view strNoteToConvert) { return LastIndexOf(kSharpNotes, strNoteToConvert); }
 
+// Kept: see docs/behaviour.md, Two note lookups fail differently.
 std::string CNumberToNote(std::int16_t intNumberToConvert, MsgBox& msgBox) {
   std::string name;
   DeferredFailure failure;
@@ -40,11 +42,13 @@ std::string CNumberToNote(std::int16_t intNumberToConvert, MsgBox& msgBox) {
   return name;
 }
 
+// Kept: see docs/behaviour.md, Two note lookups fail differently.
 std::string CNumberToScore(std::int16_t noteNumber) {
   if (noteNumber < 0 || noteNumber >= std::ssize(kSharpNotes)) return {};
   return std::string(kSharpNotes[static_cast<std::size_t>(noteNumber)]);
 }
 
+// Kept: see docs/behaviour.md, CNumberToScoreNote adds one.
 std::string CNumberToScoreNote(std::int16_t intNumberToConvert, MsgBox& msgBox) {
   std::string name;
   DeferredFailure failure;
@@ -56,6 +60,7 @@ std::string CNumberToScoreNote(std::int16_t intNumberToConvert, MsgBox& msgBox) 
   return name;
 }
 
+// Kept: see docs/behaviour.md, CNoteToScoreNumber takes the last match.
 std::int16_t CNoteToScoreNumber(std::string_view strNoteToConvert) {
   return LastIndexOf(kStaffNotes, strNoteToConvert);
 }

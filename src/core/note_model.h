@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The note model: the twelve note names, their numbers, and the numbering of staff positions. Pitch classes only, every
-// black key spelt with a sharp, names compared exactly. Pure functions over constant tables; the loud ones report a bad
-// index through the message box they are given and return what they have, the quiet ones say in their line what a bad
-// argument gives.
+// The note model: the twelve note names, their numbers, and the numbering of staff positions. Pitch classes only. Black
+// keys have sharp names. Names are compared exactly. Functions with a MsgBox report a bad index in it; the others state
+// their result for a bad argument.
 
 #pragma once
 
@@ -33,13 +32,16 @@ NoteNumber CNoteToNumber(std::string_view strNoteToConvert);
 /// The name of a note number. Outside 0..11: one message, empty text.
 std::string CNumberToNote(std::int16_t intNumberToConvert, MsgBox& msgBox);
 
-/// The quiet twin of CNumberToNote: outside 0..11 it gives empty text and says nothing.
+/// CNumberToNote without a message: outside 0..11 the text is empty.
 std::string CNumberToScore(std::int16_t noteNumber);
 
-/// The staff note one entry above a score number, -1..12 (so -1 is the bottom line's E). Outside: one message, empty.
+/// The staff note one entry above a score number, -1..12 (-1 is the E of the bottom line). Outside: one message, empty
+/// text.
+/// Kept: see docs/behaviour.md, Functions without callers.
 std::string CNumberToScoreNote(std::int16_t intNumberToConvert, MsgBox& msgBox);
 
-/// The score number of a name: the last entry of the staff table that bears it (E is 12, F is 13), 0 if none does.
+/// The score number of a name: its last entry in the staff table (E is 12, F is 13), 0 if there is none.
+/// Kept: see docs/behaviour.md, Functions without callers.
 std::int16_t CNoteToScoreNumber(std::string_view strNoteToConvert);
 
 /// The letter 0..6 (C D E F G A B) of a note number's sharp spelling. Throws failure 9 outside 0..11.

@@ -15,7 +15,8 @@ namespace {
 constexpr int kThreeOctaves = 36;
 constexpr int kTwoOctaves = 24;
 
-/// The sharp note table written on end, `size` entries long.
+/// The sharp note table repeated up to `size` entries.
+/// Kept: see docs/behaviour.md, Three note tables of different length.
 std::string_view TableEntry(int index, int size) {
   if (index < 0 || index >= size) throw Failure::SubscriptOutOfRange();
   return kSharpNotes[static_cast<std::size_t>(index % 12)];
@@ -26,8 +27,8 @@ std::int16_t StepValue(std::string_view character) {
   return static_cast<std::int16_t>(character[0] - '0');
 }
 
-/// One character for each interval and an empty one at the end: what makes the scale close on the note after its last
-/// interval. A null pattern has no list to ask.
+/// One character for each interval and an empty one at the end, which adds the closing note.
+/// Kept: see docs/behaviour.md, A null pattern is an error, an empty one is not.
 std::vector<std::string_view> StepList(const IntervalPattern& pattern) {
   if (!pattern) throw Failure::SubscriptOutOfRange();
   std::vector<std::string_view> steps = Characters(*pattern);
@@ -46,12 +47,15 @@ std::vector<std::string> BuildNotes(NoteNumber start, const std::vector<std::str
   return notes;
 }
 
+// Kept: see docs/behaviour.md, ScaleArray reports without a colon.
 void ReportTrapped(const Failure& failure, MsgBox& msgBox) {
   msgBox.Show(std::to_string(failure.Number()) + " " + failure.Description());
 }
 
 }  // namespace
 
+// Kept: see docs/behaviour.md, ScaleStepType has no effect.
+// Kept: see docs/behaviour.md, Positions past the end hide a bad pattern.
 std::string ScaleArray(NoteNumber StartValue, std::string_view /*ScaleStepType*/, IntervalPattern CustomScaleSteps,
                        std::int16_t Npassed, MsgBox& msgBox) {
   try {
@@ -67,6 +71,7 @@ std::string ScaleArray(NoteNumber StartValue, std::string_view /*ScaleStepType*/
   }
 }
 
+// Kept: see docs/behaviour.md, ScaleStepType has no effect.
 std::vector<std::string> ScaleArrayNotes(NoteNumber StartValue, std::string_view /*ScaleStepType*/,
                                          IntervalPattern CustomScaleSteps, std::int16_t count, MsgBox& msgBox) {
   std::vector<std::string> notes;
@@ -79,6 +84,8 @@ std::vector<std::string> ScaleArrayNotes(NoteNumber StartValue, std::string_view
   return notes;
 }
 
+// Kept: see docs/behaviour.md, ScaleStepType has no effect.
+// Kept: see docs/behaviour.md, Three note tables of different length.
 std::string ScaleMaker(NoteNumber StartValue, std::string_view /*ScaleStepType*/, IntervalPattern CustomScaleSteps,
                        MsgBox& msgBox) {
   DeferredFailure failure;
@@ -95,6 +102,7 @@ std::string ScaleMaker(NoteNumber StartValue, std::string_view /*ScaleStepType*/
   return joined;
 }
 
+// Kept: see docs/behaviour.md, Three note tables of different length.
 std::vector<std::string> WrappedScaleNotes(std::int16_t rootIndex, std::string_view pattern) {
   std::vector<std::string> notes;
   int position = rootIndex % 12;
@@ -113,7 +121,7 @@ bool IsOverlongPattern(std::string_view pattern) {
 
 std::vector<std::int16_t> IntervalsOf(std::string_view pattern) {
   std::vector<std::int16_t> intervals;
-  // Every byte of a character that is no digit is refused as well.
+  // Each byte of a multi-byte character is refused as well.
   for (std::size_t at = 0; at < pattern.size(); ++at) intervals.push_back(StepValue(pattern.substr(at, 1)));
   return intervals;
 }

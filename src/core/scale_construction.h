@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Scale construction: from a start note and an interval pattern (one decimal digit a step, in semitones) to note names.
-// A pattern of n digits describes n + 1 notes, the last being the octave when the digits sum to 12. Transposing is
-// nothing but another start note. Pure functions; failures go where each function's line says.
+// Scale construction: from a start note and an interval pattern (one decimal digit per step, in semitones) to note
+// names. A pattern of n digits describes n + 1 notes; the last is the octave if the digits add up to 12. Transposing
+// means choosing another start note.
 
 #pragma once
 
@@ -18,25 +18,25 @@
 
 namespace tonalith::core {
 
-/// The interval pattern of a record; nothing stands for a null field.
+/// The interval pattern of a record; nullopt for a null field.
 using IntervalPattern = std::optional<std::string_view>;
 
-/// How many scale positions neck and playback ask for: a pattern of up to fifteen digits and its closing note.
+/// The number of scale positions that neck and playback use: a pattern of up to fifteen digits and its closing note.
 inline constexpr std::int16_t kScalePositions = 16;
 
-/// The note name at the 0-based scale position `Npassed`, empty past the scale's end. The table is three octaves long
-/// and not wrapped. `ScaleStepType` has no effect. A null pattern, a character that is no digit and a sum past the
-/// table are reported as "<number> <description>", with an empty result.
+/// The note name at the 0-based scale position `Npassed`, empty past the end of the scale. The note table is three
+/// octaves long and does not wrap. `ScaleStepType` has no effect. A null pattern, a character that is no digit and a
+/// sum past the table are reported as "<number> <description>", and the result is empty.
 std::string ScaleArray(NoteNumber StartValue, std::string_view ScaleStepType, IntervalPattern CustomScaleSteps,
                        std::int16_t Npassed, MsgBox& msgBox);
 
-/// What ScaleArray gives for the positions 0 to `count` - 1, with the scale built once and a failure reported once:
-/// the form in which a view takes a whole scale.
+/// The results of ScaleArray for the positions 0 to `count` - 1. Builds the scale once and reports a failure once.
 std::vector<std::string> ScaleArrayNotes(NoteNumber StartValue, std::string_view ScaleStepType,
                                          IntervalPattern CustomScaleSteps, std::int16_t count, MsgBox& msgBox);
 
-/// All note names of the scale, separated by single blanks, on a table of two octaves. Goes on past failures and shows
-/// the description of the last one at its end.
+/// All note names of the scale, separated by single blanks, from a table of two octaves. Continues after failures and
+/// shows the description of the last one.
+/// Kept: see docs/behaviour.md, Functions without callers.
 std::string ScaleMaker(NoteNumber StartValue, std::string_view ScaleStepType, IntervalPattern CustomScaleSteps,
                        MsgBox& msgBox);
 
@@ -44,8 +44,8 @@ std::string ScaleMaker(NoteNumber StartValue, std::string_view ScaleStepType, In
 /// failure 13 for a character that is no digit and failure 9 for a negative root.
 std::vector<std::string> WrappedScaleNotes(std::int16_t rootIndex, std::string_view pattern);
 
-/// Whether a pattern has more digits than a record may hold. Other programs can write such a record; it is damaged, and
-/// nothing is built, drawn or played from it.
+/// Whether a pattern has more digits than a record may contain. Other programs can write such a record. It counts as
+/// damaged and is not built, drawn or played.
 bool IsOverlongPattern(std::string_view pattern);
 
 /// The semitone counts of a pattern, one for each character. Throws failure 13 for a character that is no digit.

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A scale record as the stored query ScalesQuery gives it: the places of the fields that are read by number instead of
-// by name, counted from 0. Constants only.
+// Field indexes, from 0, of a scale record from the stored query ScalesQuery.
 
 #pragma once
 

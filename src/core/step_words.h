@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Step words: the name of one interval in tones and semitones. "S" is a semitone, "T" a tone, anything else "T" and the
-// half of the digit (T1.5 is three semitones). The decimal separator is always a point. Pure
-// functions; any thread; never fail.
+// Step words: the name of one interval in tones and semitones. "S" is a semitone, "T" a tone, any other interval is "T"
+// and half of the digit (T1.5 is three semitones). The decimal separator is always a point.
 
 #pragma once
 
@@ -13,11 +12,11 @@
 
 namespace tonalith::core {
 
-/// The step word of the character at the 1-based `position` of an interval pattern. Empty, without a message, for a
-/// blank, a character that is no digit, and any position outside the pattern.
+/// The step word of the character at the 1-based `position` of a pattern. Empty, without a message, for a blank, for a
+/// character that is no digit, and for positions outside the pattern.
 std::string CNotesToTones(std::string_view pattern, std::ptrdiff_t position);
 
-/// The words of a whole pattern, each preceded by two blanks, as they stand behind "Scale Steps: ".
+/// The step words of a pattern, each after two blanks, as the window shows them after "Scale Steps: ".
 std::string StepLine(std::string_view pattern);
 
 }  // namespace tonalith::core

@@ -16,7 +16,7 @@ std::size_t SequenceLength(unsigned char lead) {
   return 1;
 }
 
-/// The byte length of the character that starts at `at`; 1 for a byte that is no UTF-8.
+/// The byte length of the character that starts at `at`; 1 for a byte that is not UTF-8.
 std::size_t CharacterLength(std::string_view text, std::size_t at) {
   const std::size_t length = SequenceLength(static_cast<unsigned char>(text[at]));
   if (at + length > text.size()) return 1;
@@ -60,7 +60,7 @@ std::size_t WellFormedLength(std::string_view text) {
   for (std::size_t i = 1; i < length; ++i) {
     if ((byte(i) & 0xC0U) != 0x80U) return 0;
   }
-  // Overlong forms, surrogates and what lies beyond the last character.
+  // Overlong encodings, surrogates, and code points above U+10FFFF.
   const std::uint8_t second = byte(1);
   if ((first == 0xE0 && second < 0xA0) || (first == 0xED && second > 0x9F)) return 0;
   return (first == 0xF0 && second < 0x90) || (first == 0xF4 && second > 0x8F) ? 0 : length;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Small questions about UTF-8 text that several rooms ask. Pure functions; views into the argument live as long as it.
+// Helpers for UTF-8 text. A returned view is valid as long as the argument.
 
 #pragma once
 
@@ -12,22 +12,22 @@
 
 namespace tonalith::core {
 
-/// Without the blanks (character 32 only) at either end.
+/// Removes the blanks (character 32 only) at both ends.
 std::string_view Trim(std::string_view text);
 
-/// The characters of a text, each as its UTF-8 bytes. A byte that is no UTF-8 stands for itself, so nothing is lost.
+/// The characters of a text, each as its UTF-8 bytes. A byte that is not UTF-8 is an entry of its own.
 std::vector<std::string_view> Characters(std::string_view text);
 
-/// Whether two texts are equal without regard to ASCII case.
+/// Whether two texts are equal, ignoring ASCII case.
 bool EqualWithoutCase(std::string_view a, std::string_view b);
 
-/// How many bytes the well-formed character at the front of a text that is not empty takes; 0 when there is none.
+/// The byte length of the well-formed character at the start of a non-empty text; 0 if there is none.
 std::size_t WellFormedLength(std::string_view text);
 
-/// Adds a character, 0 up to 0x10FFFF, to `text` as UTF-8.
+/// Appends a code point, 0 to 0x10FFFF, to `text` as UTF-8.
 void AppendUtf8(std::string& text, char32_t character);
 
-/// The number of entries that Characters would give.
+/// The number of entries that Characters returns.
 std::size_t CharacterCount(std::string_view text);
 
 }  // namespace tonalith::core

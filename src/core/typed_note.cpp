@@ -12,7 +12,7 @@
 namespace tonalith::core {
 namespace {
 
-/// More than the longest spelling takes, blanks included.
+/// Longer than any spelling, blanks included.
 constexpr std::size_t kLongestText = 40;
 
 constexpr int kNotesInAnOctave = 12;

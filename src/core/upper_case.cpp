@@ -14,16 +14,16 @@ namespace {
 
 constexpr char32_t kHighestAscii = 0x7F;
 constexpr char32_t kLastCharacter = 0x10FFFF;
-static_assert(sizeof(wchar_t) == sizeof(char32_t), "the tables are asked for whole characters");
-/// Stray bytes are placed among the surrogates, where no text in UTF-8 has a character.
+static_assert(sizeof(wchar_t) == sizeof(char32_t), "each code point fits in one wchar_t");
+/// Invalid bytes map to surrogates, which valid UTF-8 never contains.
 constexpr char32_t kStrayBytes = 0xDC00;
 
 char32_t UpperAscii(char32_t character) {
   return character >= U'a' && character <= U'z' ? character - U'a' + U'A' : character;
 }
 
-/// The C library's tables of all of Unicode. They do not depend on the user's locale. A system without them is left
-/// with the ASCII letters.
+/// The Unicode tables of the C library; independent of the locale of the user. Without them only ASCII letters are
+/// converted.
 const std::ctype<wchar_t>& UnicodeLetters() {
   static const std::locale locale = [] {
     try {
@@ -35,8 +35,8 @@ const std::ctype<wchar_t>& UnicodeLetters() {
   return std::use_facet<std::ctype<wchar_t>>(locale);
 }
 
-/// Lower case first: that joins letters whose capital has a second small form, or whose capital is never made of the
-/// small.
+/// Converts to lower case first: some upper-case letters have two lower-case forms, and some lower-case letters do not
+/// map back to their upper-case form.
 char32_t Upper(char32_t character, const std::ctype<wchar_t>& letters) {
   if (character <= kHighestAscii) return UpperAscii(character);
   if (character > kLastCharacter) return character;

@@ -31,14 +31,14 @@ std::string Write(Number number) {
   return {buffer.data(), result.ptr};
 }
 
-// 2^63: the first fraction that no longer fits a whole number.
+// 2^63, the first number outside the range of std::int64_t.
 constexpr double kWholeLimit = 9223372036854775808.0;
 
 }  // namespace
 
 void Value::SetText(std::string_view text) {
-  if (auto* const held = std::get_if<std::string>(&content_)) {
-    held->assign(text);
+  if (auto* const current = std::get_if<std::string>(&content_)) {
+    current->assign(text);
   } else {
     content_.emplace<std::string>(text);
   }

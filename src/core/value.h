@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// One field's content as it stands in the database: nothing (null), a whole number, a fractional number, a text (UTF-8)
-// or bytes. A yes/no field is a whole number: no is 0, yes is written as 1, and any other number reads as yes. A plain
-// value; the As functions convert the way a field is read and throw failure 94 for null and 13 for what does not fit.
+// The content of one field: null, an integer, a fraction, a text (UTF-8) or bytes. A yes/no field is an integer: no is
+// 0, yes is written as 1 and read from any number but 0. The As functions convert as a field is read and throw failure
+// 94 for null and 13 for a value that does not convert.
 
 #pragma once
 
@@ -28,23 +28,23 @@ class Value {
   Value(std::string_view text) : content_(std::string(text)) {}   // NOLINT(google-explicit-constructor)
   Value(const char* text) : content_(std::string(text)) {}        // NOLINT(google-explicit-constructor)
   Value(Bytes bytes) : content_(std::move(bytes)) {}              // NOLINT(google-explicit-constructor)
-  Value(bool) = delete;                                           // YesNo says which number yes is
+  Value(bool) = delete;                                           // use YesNo
 
   static Value Null() { return {}; }
   static Value YesNo(bool yes) { return {std::int64_t{yes ? 1 : 0}}; }
 
-  /// As an assignment, in the memory of the text that was there.
+  /// Assigns `text`; reuses the memory of a previous text.
   void SetText(std::string_view text);
 
   [[nodiscard]] bool IsNull() const { return std::holds_alternative<std::monostate>(content_); }
 
-  /// Text as it stands, numbers in decimal (a fraction with a point). Throws 94 for null, 13 for bytes.
+  /// Text unchanged, numbers in decimal (a fraction with a point). Throws 94 for null, 13 for bytes.
   [[nodiscard]] std::string AsText() const;
   /// As AsText, but `otherwise` for null.
   [[nodiscard]] std::string TextOr(std::string otherwise) const;
-  /// Whole numbers, fractions without a rest, and text that is a whole number. Throws 94 for null, 13 for the rest.
+  /// Integers, fractions without a fractional part, and text that is an integer. Throws 94 for null, 13 otherwise.
   [[nodiscard]] std::int64_t AsInt() const;
-  /// As AsInt, in 32 bits. Throws 6 outside their range.
+  /// As AsInt, in 32 bits. Throws 6 outside the range.
   [[nodiscard]] std::int32_t AsInt32() const;
   /// Numbers and text that is a number. Throws as AsInt.
   [[nodiscard]] double AsDouble() const;

@@ -16,11 +16,12 @@
 namespace tonalith::core {
 namespace {
 
-using Message = tests::RecordingMsgBox::Message;
+using tests::RecordingMsgBox;
+using Message = RecordingMsgBox::Message;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(FailureTest, NumbersAreTheClassicOnes) {
+TEST(FailureTest, NumbersAreFixed) {
   EXPECT_EQ(Failure::Overflow().Number(), 6);
   EXPECT_EQ(Failure::SubscriptOutOfRange().Number(), 9);
   EXPECT_EQ(Failure::TypeMismatch().Number(), 13);
@@ -31,13 +32,13 @@ TEST(FailureTest, NumberAndDescriptionAreJoinedByColonAndBlank) {
   EXPECT_EQ(Failure(-2147467259, "Could not find it.").NumberAndDescription(), "-2147467259: Could not find it.");
 }
 
-TEST(FailureTest, ItsTextIsItsDescriptionToWhoeverKnowsOnlyExceptions) {
+TEST(FailureTest, WhatReturnsTheDescription) {
   const Failure failure(7, "Out of memory");
   const std::exception& known = failure;
   EXPECT_STREQ(known.what(), "Out of memory");
 }
 
-TEST(FailureTest, OtherExceptionsBecomeFailuresThatKeepTheirText) {
+TEST(FailureTest, OtherExceptionsBecomeFailuresWithTheirText) {
   DeferredFailure deferred;
   deferred.Try([] { throw std::runtime_error("the disk is full"); });
   ASSERT_TRUE(deferred.Pending().has_value());
@@ -62,16 +63,16 @@ TEST(DeferredFailureTest, RunsTheNextStepAfterAFailingOneAndReportsTheLatestOnce
   EXPECT_THAT(box.Messages(), ElementsAre(Message{"Type mismatch", MsgBoxStyle::kOkOnly, ""}));
 }
 
-TEST(DeferredFailureTest, ReportsNumberAndDescriptionInTheStyleAskedFor) {
-  tests::RecordingMsgBox box;
+TEST(DeferredFailureTest, ReportsNumberAndDescriptionInTheGivenStyle) {
+  RecordingMsgBox box;
   DeferredFailure deferred;
   deferred.Try([] { throw Failure::SubscriptOutOfRange(); });
   deferred.ReportNumberAndDescription(box, MsgBoxStyle::kCritical);
   EXPECT_THAT(box.Messages(), ElementsAre(Message{"9: Subscript out of range", MsgBoxStyle::kCritical, ""}));
 }
 
-TEST(DeferredFailureTest, ReportsAFailureOnceWithItsNumberToo) {
-  tests::RecordingMsgBox box;
+TEST(DeferredFailureTest, ReportsAFailureWithNumberOnce) {
+  RecordingMsgBox box;
   DeferredFailure deferred;
   deferred.Try([] { throw Failure::Overflow(); });
   deferred.ReportNumberAndDescription(box);
@@ -81,8 +82,8 @@ TEST(DeferredFailureTest, ReportsAFailureOnceWithItsNumberToo) {
   EXPECT_THAT(box.Messages(), ElementsAre(Message{"6: Overflow", MsgBoxStyle::kOkOnly, ""}));
 }
 
-TEST(DeferredFailureTest, SaysNothingWhenNothingFailedOrWhenItWasCleared) {
-  tests::RecordingMsgBox box;
+TEST(DeferredFailureTest, ReportsNothingWithoutAFailureOrAfterClear) {
+  RecordingMsgBox box;
   DeferredFailure deferred;
   deferred.ReportDescription(box);
   deferred.Try([] { throw Failure::Overflow(); });
@@ -91,19 +92,19 @@ TEST(DeferredFailureTest, SaysNothingWhenNothingFailedOrWhenItWasCleared) {
   EXPECT_THAT(box.Messages(), IsEmpty());
 }
 
-TEST(DeferredMessagesTest, ShowsWhatItHeldOnceAndInItsOrder) {
-  DeferredMessages held;
-  EXPECT_EQ(held.Show("first", MsgBoxStyle::kYesNo, "title"), MsgBoxAnswer::kOk);
-  held.Show("second");
-  tests::RecordingMsgBox box;
-  held.ShowAll(box);
-  held.ShowAll(box);
+TEST(DeferredMessagesTest, ShowsItsMessagesOnceAndInOrder) {
+  DeferredMessages deferred;
+  EXPECT_EQ(deferred.Show("first", MsgBoxStyle::kYesNo, "title"), MsgBoxAnswer::kOk);
+  deferred.Show("second");
+  RecordingMsgBox box;
+  deferred.ShowAll(box);
+  deferred.ShowAll(box);
   EXPECT_THAT(box.Messages(),
               ElementsAre(Message{"first", MsgBoxStyle::kYesNo, "title"}, Message{"second", MsgBoxStyle::kOkOnly, ""}));
 }
 
-TEST(MsgBoxTest, RecordedBoxAnswersFromItsScriptAndThenWithTheDefaultButton) {
-  tests::RecordingMsgBox box;
+TEST(MsgBoxTest, RecordedBoxAnswersFromItsScriptThenWithTheDefaultButton) {
+  RecordingMsgBox box;
   box.AnswerNext(MsgBoxAnswer::kYes);
   const MsgBoxStyle askNo = MsgBoxStyle::kYesNo | MsgBoxStyle::kQuestion | MsgBoxStyle::kDefaultButton2;
   EXPECT_EQ(box.Show("?", askNo, "t"), MsgBoxAnswer::kYes);

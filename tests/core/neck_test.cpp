@@ -10,7 +10,7 @@
 namespace tonalith::core {
 namespace {
 
-/// The open strings in the notation of musicians, the highest first.
+/// The open strings in scientific pitch notation, the highest first.
 std::string Tuning(const Neck& neck) {
   std::string tuning;
   for (const Pitch pitch : neck.openStrings) {
@@ -21,7 +21,7 @@ std::string Tuning(const Neck& neck) {
   return tuning;
 }
 
-TEST(Neck, IsTunedAsAGuitarIs) { EXPECT_EQ(Tuning(Neck::Standard()), "E4 B3 G3 D3 A2 E2"); }
+TEST(Neck, IsTunedAsAGuitar) { EXPECT_EQ(Tuning(Neck::Standard()), "E4 B3 G3 D3 A2 E2"); }
 
 TEST(Neck, HasSixteenPositionsOnEachOfSixStrings) {
   EXPECT_EQ(Neck::Standard().Strings(), 6);
@@ -29,7 +29,7 @@ TEST(Neck, HasSixteenPositionsOnEachOfSixStrings) {
   EXPECT_EQ(Neck::Standard().Notes(), 96);
 }
 
-TEST(Pitch, CountsSemitonesFromTheCOfOctaveZero) {
+TEST(Pitch, CountsSemitonesFromC0) {
   EXPECT_EQ(Pitch::Of(0, 0).semitones, 0);
   EXPECT_EQ(Pitch::Of(4, 4).semitones, 52);
 }

@@ -17,7 +17,8 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Message = tests::RecordingMsgBox::Message;
+using tests::RecordingMsgBox;
+using Message = RecordingMsgBox::Message;
 
 constexpr MsgBoxStyle kPlain = MsgBoxStyle::kOkOnly;
 
@@ -42,7 +43,7 @@ TEST_F(NoteModel, FlatLowerCaseBlankPaddedAndEmptyNamesReadAsC) {
   }
 }
 
-TEST_F(NoteModel, LoudConversionShowsOneMessageAndReturnsEmpty) {
+TEST_F(NoteModel, ConversionWithMsgBoxShowsOneMessageAndReturnsEmpty) {
   EXPECT_EQ(CNumberToNote(12, box_), "");
   EXPECT_THAT(box_.Messages(), ElementsAre(Message{"Subscript out of range", kPlain, ""}));
   box_.Forget();
@@ -50,7 +51,7 @@ TEST_F(NoteModel, LoudConversionShowsOneMessageAndReturnsEmpty) {
   EXPECT_THAT(box_.Messages(), ElementsAre(Message{"Subscript out of range", kPlain, ""}));
 }
 
-TEST_F(NoteModel, QuietTwinReturnsEmptyWithoutAMessage) {
+TEST_F(NoteModel, ConversionWithoutMsgBoxReturnsEmpty) {
   for (const int number : {12, -1, 32767, -32768}) EXPECT_EQ(CNumberToScore(static_cast<std::int16_t>(number)), "");
 }
 
@@ -82,7 +83,7 @@ TEST_F(NoteModel, NoteToScoreNumberTakesTheLastEntryOfTheName) {
   for (const char* const name : {"", "e", "Db", "x"}) EXPECT_EQ(CNoteToScoreNumber(name), 0) << name;
 }
 
-TEST_F(NoteModel, ThereAndBackIsTheNextStaffEntryAndPastTheTableForF) {
+TEST_F(NoteModel, RoundTripGivesTheNextStaffEntryAndForFAnIndexError) {
   EXPECT_EQ(CNumberToScoreNote(CNoteToScoreNumber("C"), box_), "C#");
   EXPECT_THAT(box_.Messages(), IsEmpty());
   EXPECT_EQ(CNumberToScoreNote(CNoteToScoreNumber("F"), box_), "");
@@ -94,7 +95,7 @@ TEST_F(NoteModel, SharpsShareTheLetterOfTheNaturalBelow) {
   for (std::int16_t number = 0; number < 12; ++number) EXPECT_EQ(NaturalIndex(number), expected[number]);
 }
 
-TEST_F(NoteModel, NaturalIndexOutsideTheTableIsRaisedToTheCaller) {
+TEST_F(NoteModel, NaturalIndexOutsideTheTableThrows) {
   for (const int number : {-1, 12, 32767}) {
     try {
       NaturalIndex(static_cast<std::int16_t>(number));
@@ -119,7 +120,7 @@ class OneScale : public CurrentScaleSource {
   std::string pattern_;
 };
 
-TEST_F(NoteModel, NoteIsInTheScaleWhenOneOfItsNotesBearsTheName) {
+TEST_F(NoteModel, NoteIsInTheScaleIfOneOfItsNotesHasTheName) {
   OneScale major("2212221");
   EXPECT_TRUE(NoteExistsInScoreScale(0, "B", major, box_));
   EXPECT_FALSE(NoteExistsInScoreScale(0, "C#", major, box_));
@@ -128,7 +129,7 @@ TEST_F(NoteModel, NoteIsInTheScaleWhenOneOfItsNotesBearsTheName) {
   EXPECT_THAT(major.asked_, ElementsAre(7, 7, 7, 7));
 }
 
-TEST_F(NoteModel, EmptyNameIsNoNoteOfAScale) {
+TEST_F(NoteModel, EmptyNameIsNotInAScale) {
   // The major scale has eight notes, so the positions from 8 to 12 are past its end.
   OneScale major("2212221");
   EXPECT_FALSE(NoteExistsInScoreScale(0, "", major, box_));
@@ -137,17 +138,17 @@ TEST_F(NoteModel, EmptyNameIsNoNoteOfAScale) {
 }
 
 TEST_F(NoteModel, FourteenthNoteOfALongPatternIsNotFound) {
-  // Thirteen steps: twelve times the start note, and only the fourteenth note is another one.
+  // Thirteen steps: twelve times the start note; only the fourteenth note differs.
   OneScale late("0000000000001");
   EXPECT_FALSE(NoteExistsInScoreScale(0, "C#", late, box_));
   OneScale justInTime("000000000001");
   EXPECT_TRUE(NoteExistsInScoreScale(0, "C#", justInTime, box_));
 }
 
-TEST_F(NoteModel, FirstLookUpOfTheNoteTestReportsABadPatternToo) {
+TEST_F(NoteModel, FirstLookupReportsABadPatternToo) {
   OneScale bad("2x");
   EXPECT_FALSE(NoteExistsInScoreScale(0, "C", bad, box_));
-  // One for the look-up whose answer is not used, and one for each position up to the last that the pattern reaches.
+  // One for the unused lookup, and one for each position up to the last one that the pattern reaches.
   EXPECT_EQ(box_.Texts(), "13 Type mismatch\n13 Type mismatch\n13 Type mismatch\n13 Type mismatch\n13 Type mismatch\n");
 }
 

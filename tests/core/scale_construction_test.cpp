@@ -14,7 +14,8 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Message = tests::RecordingMsgBox::Message;
+using tests::RecordingMsgBox;
+using Message = RecordingMsgBox::Message;
 
 constexpr const char* kMajor = "2212221";
 
@@ -26,7 +27,7 @@ class ScaleConstruction : public testing::Test {
   tests::RecordingMsgBox box_;
 };
 
-TEST_F(ScaleConstruction, MajorOnCWalksFromCToCAndThenIsEmpty) {
+TEST_F(ScaleConstruction, MajorOnCGoesFromCToCAndThenIsEmpty) {
   const char* const expected[] = {"C", "D", "E", "F", "G", "A", "B", "C", "", ""};
   for (int k = 0; k < 10; ++k) EXPECT_EQ(At(0, kMajor, k), expected[k]) << k;
   EXPECT_EQ(At(0, kMajor, 32767), "");
@@ -45,7 +46,7 @@ TEST_F(ScaleConstruction, SumsUpTo24FitEveryStartNoteAnd25DoesNotFitB) {
   EXPECT_THAT(box_.Messages(), ElementsAre(Message{"9 Subscript out of range", MsgBoxStyle::kOkOnly, ""}));
 }
 
-TEST_F(ScaleConstruction, TableHoldsThirtySixEntries) {
+TEST_F(ScaleConstruction, TableHasThirtySixEntries) {
   EXPECT_EQ(At(0, "9998", 4), "B");
   EXPECT_THAT(box_.Messages(), IsEmpty());
   EXPECT_EQ(At(0, "9999", 4), "");
@@ -75,7 +76,7 @@ TEST_F(ScaleConstruction, CharacterThatIsNoDigitIsReportedWithAnEmptyResult) {
 TEST_F(ScaleConstruction, PositionPastTheStepListIsEmptyEvenForABadPattern) {
   EXPECT_EQ(At(0, "2x", 4), "");
   EXPECT_THAT(box_.Messages(), IsEmpty());
-  // A character counts once, however many bytes write it.
+  // A multi-byte character counts once.
   EXPECT_EQ(At(0, "2\xC2\xBD", 4), "");
   EXPECT_THAT(box_.Messages(), IsEmpty());
 }
@@ -90,7 +91,7 @@ TEST_F(ScaleConstruction, StepTypeHasNoEffect) {
   EXPECT_EQ(ScaleArray(0, "Blues", kMajor, 4, box_), ScaleArray(0, "1", kMajor, 4, box_));
 }
 
-TEST_F(ScaleConstruction, WholeScaleEqualsTheWalkOverItsPositions) {
+TEST_F(ScaleConstruction, CompleteScaleEqualsItsSinglePositions) {
   for (const char* const pattern : {"", "3", kMajor, "111111111111", "12"}) {
     const auto notes = ScaleArrayNotes(5, "1", pattern, 16, box_);
     ASSERT_EQ(notes.size(), 16U);
@@ -98,7 +99,7 @@ TEST_F(ScaleConstruction, WholeScaleEqualsTheWalkOverItsPositions) {
   }
 }
 
-TEST_F(ScaleConstruction, WholeScaleReportsABadPatternOnceAndIsEmpty) {
+TEST_F(ScaleConstruction, CompleteScaleReportsABadPatternOnceAndIsEmpty) {
   EXPECT_THAT(ScaleArrayNotes(0, "1", "2x", 3, box_), ElementsAre("", "", ""));
   EXPECT_EQ(box_.Texts(), "13 Type mismatch\n");
 }
@@ -116,7 +117,7 @@ TEST_F(ScaleConstruction, MakerHasTwoOctavesAndReportsTheDescriptionAlone) {
   EXPECT_EQ(box_.Texts(), "Subscript out of range\n");
 }
 
-TEST_F(ScaleConstruction, MakerGoesOnPastACharacterThatIsNoDigit) {
+TEST_F(ScaleConstruction, MakerContinuesAfterACharacterThatIsNoDigit) {
   EXPECT_EQ(ScaleMaker(0, "1", "2x2", box_), "C D D E");
   EXPECT_EQ(box_.Texts(), "Type mismatch\n");
   box_.Forget();
@@ -130,7 +131,7 @@ TEST_F(ScaleConstruction, WrappedNotesStartAtTheRootModuloTwelveAndDoNotRepeatIt
   EXPECT_THAT(WrappedScaleNotes(11, "9999"), ElementsAre("B", "G#", "F", "D"));
 }
 
-TEST_F(ScaleConstruction, WrappedNotesRaiseBadRootsAndBadCharacters) {
+TEST_F(ScaleConstruction, WrappedNotesThrowForBadRootsAndBadCharacters) {
   EXPECT_THROW(WrappedScaleNotes(-1, "2"), Failure);
   EXPECT_THROW(WrappedScaleNotes(0, "2a"), Failure);
 }

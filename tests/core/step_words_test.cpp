@@ -8,7 +8,7 @@
 namespace tonalith::core {
 namespace {
 
-TEST(StepWords, SemitoneAndToneHaveTheirLettersAndTheRestIsHalved) {
+TEST(StepWords, SemitoneAndToneAreLettersAndOthersAreHalved) {
   const char* const words[] = {"T0", "S", "T", "T1.5", "T2", "T2.5", "T3", "T3.5", "T4", "T4.5"};
   for (int digit = 0; digit < 10; ++digit) EXPECT_EQ(CNotesToTones(std::to_string(digit), 1), words[digit]);
 }
@@ -19,14 +19,14 @@ TEST(StepWords, TakeTheCharacterAtTheirPosition) {
   EXPECT_EQ(CNotesToTones("3", 1), "T1.5");
 }
 
-TEST(StepWords, OutsideThePatternTheyAreEmpty) {
+TEST(StepWords, AreEmptyOutsideThePattern) {
   EXPECT_EQ(CNotesToTones("22", 5), "");
   EXPECT_EQ(CNotesToTones("22", 0), "");
   EXPECT_EQ(CNotesToTones("22", -1), "");
   EXPECT_EQ(CNotesToTones("", 1), "");
 }
 
-TEST(StepWords, BlanksAndOtherCharactersAreSilentlyEmpty) {
+TEST(StepWords, AreEmptyForBlanksAndOtherCharacters) {
   for (const char* const pattern : {" ", "x", "-", "\t", "\xC3\xA9"})
     EXPECT_EQ(CNotesToTones(pattern, 1), "") << pattern;
 }

@@ -12,14 +12,14 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(Text, TrimTakesBlanksFromBothEndsOnly) {
+TEST(Text, TrimRemovesBlanksAtBothEndsOnly) {
   EXPECT_EQ(Trim("  a b "), "a b");
   EXPECT_EQ(Trim("   "), "");
   EXPECT_EQ(Trim(""), "");
   EXPECT_EQ(Trim("\ta\t"), "\ta\t");
 }
 
-TEST(Text, CharactersAreWholeSequencesAndStrayBytesStandForThemselves) {
+TEST(Text, CharactersAreCompleteSequencesOrSingleInvalidBytes) {
   EXPECT_THAT(Characters("a\xC3\xA9\xE2\x99\xAF"
                          "b"),
               ElementsAre("a", "\xC3\xA9", "\xE2\x99\xAF", "b"));
@@ -34,7 +34,7 @@ TEST(Text, CountIsTheNumberOfCharacters) {
   EXPECT_EQ(CharacterCount(""), 0U);
 }
 
-TEST(Text, EqualsWithoutRegardToTheCaseOfAsciiLettersAlone) {
+TEST(Text, EqualityIgnoresTheCaseOfAsciiLettersOnly) {
   EXPECT_TRUE(EqualWithoutCase("ScaleName", "sCALEnAME"));
   EXPECT_FALSE(EqualWithoutCase("Scale", "Scales"));
   EXPECT_FALSE(EqualWithoutCase("\xC3\x84", "\xC3\xA4")) << "A and a with dots";
@@ -43,7 +43,7 @@ TEST(Text, EqualsWithoutRegardToTheCaseOfAsciiLettersAlone) {
   EXPECT_TRUE(EqualWithoutCase("AZ", "az"));
 }
 
-TEST(Text, MeasuresTheCharacterAtTheFrontAndRefusesWhatIsNotWellFormed) {
+TEST(Text, MeasuresTheFirstCharacterIfItIsWellFormed) {
   EXPECT_EQ(WellFormedLength("ab"), 1U);
   EXPECT_EQ(WellFormedLength("\xC3\xA9x"), 2U);
   EXPECT_EQ(WellFormedLength("\xE2\x99\xAF"), 3U);

@@ -11,7 +11,7 @@
 namespace tonalith::core {
 namespace {
 
-/// The sharp name of the note that each text, divided by commas, means; "-" for a text that means none.
+/// The sharp names of a comma-separated list of texts; "-" for a text that is no note.
 std::string Read(const std::string& texts) {
   std::string names;
   for (std::size_t at = 0; at <= texts.size();) {
@@ -34,13 +34,13 @@ TEST(TypedNote, ReadsFlats) {
   EXPECT_EQ(Read("D\u266D,b\u266D"), "C# A#");
 }
 
-TEST(TypedNote, ReadsSignsAndWords) {
+TEST(TypedNote, ReadsSymbolsAndWords) {
   EXPECT_EQ(Read("F\u266F,f\u266F,C\u266E"), "F# F# C");
   EXPECT_EQ(Read("F sharp,f-sharp,FSHARP,B flat,b-flat,Eflat,G natural"), "F# F# F# A# A# D# G");
   EXPECT_EQ(Read(" g ,B b"), "G A#");
 }
 
-TEST(TypedNote, ReadsNotesThatCrossANaturalStep) { EXPECT_EQ(Read("Cb,Fb,E#,B#"), "B E F C"); }
+TEST(TypedNote, ReadsAccidentalsAcrossNaturalSemitones) { EXPECT_EQ(Read("Cb,Fb,E#,B#"), "B E F C"); }
 
 TEST(TypedNote, ReadsGermanNamesExceptThatBStaysB) {
   EXPECT_EQ(Read("H,h,B,b"), "B B B B");

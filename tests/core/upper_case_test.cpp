@@ -11,14 +11,14 @@
 namespace tonalith::core {
 namespace {
 
-TEST(UpperCase, RaisesAsciiLettersAndLeavesTheRest) { EXPECT_EQ(UpperCase("az{`@AZ 09"), U"AZ{`@AZ 09"); }
+TEST(UpperCase, ConvertsAsciiLettersOnly) { EXPECT_EQ(UpperCase("az{`@AZ 09"), U"AZ{`@AZ 09"); }
 
-TEST(UpperCase, RaisesLettersOfOtherScripts) {
+TEST(UpperCase, ConvertsLettersOfOtherScripts) {
   EXPECT_EQ(UpperCase("\u00e9\u00fc\u00f8\u00ff\u0159\u0431\u044f\u03b4\U00010428"),
             U"\u00c9\u00dc\u00d8\u0178\u0158\u0411\u042f\u0394\U00010400");
 }
 
-TEST(UpperCase, JoinsLettersThatDifferInCaseOnly) {
+TEST(UpperCase, MapsLettersThatDifferInCaseOnlyToOne) {
   EXPECT_EQ(UpperCase("\u03c2\u03c3\u03a3"), U"\u03a3\u03a3\u03a3");
   EXPECT_EQ(UpperCase("\u01c4\u01c5\u01c6"), U"\u01c4\u01c4\u01c4");
   EXPECT_EQ(UpperCase("\u1e9e"), UpperCase("\u00df"));
@@ -33,18 +33,18 @@ TEST(UpperCase, TellsAsciiFromTheRest) {
 
 TEST(UpperCase, DoesNotDependOnTheLocale) {
   const char* const before = std::setlocale(LC_ALL, nullptr);
-  const std::string kept = before == nullptr ? "C" : before;
+  const std::string previous = before == nullptr ? "C" : before;
   ASSERT_NE(std::setlocale(LC_ALL, "C"), nullptr);
   EXPECT_EQ(UpperCase("\u00e9i"), U"\u00c9I");
-  std::setlocale(LC_ALL, kept.c_str());
+  std::setlocale(LC_ALL, previous.c_str());
 }
 
-TEST(UpperCase, KeepsOneCharacterOneCharacter) {
+TEST(UpperCase, KeepsTheNumberOfCharacters) {
   EXPECT_EQ(UpperCase("\u00df"), U"\u00df");
   EXPECT_EQ(UpperCase("\ufb01\u0149\U0001D11E").size(), 3U);
 }
 
-TEST(UpperCase, KeepsBytesThatAreNoTextApartFromEveryCharacter) {
+TEST(UpperCase, InvalidBytesDifferFromEveryCharacter) {
   const std::u32string stray = UpperCase("a\xe9\xff");
   ASSERT_EQ(stray.size(), 3U);
   EXPECT_NE(stray[1], U'\u00e9');
@@ -53,7 +53,7 @@ TEST(UpperCase, KeepsBytesThatAreNoTextApartFromEveryCharacter) {
   EXPECT_EQ(UpperCase("\xf7\xbf\xbf\xbf").size(), 1U);
 }
 
-TEST(UpperCase, BufferHoldsTheLatestTextOnly) {
+TEST(UpperCase, BufferContainsTheLatestTextOnly) {
   std::u32string buffer = U"before";
   UpperCaseInto(buffer, "d\u00f6");
   EXPECT_EQ(buffer, U"D\u00d6");
