@@ -68,10 +68,10 @@ void WriteContent(const std::string& path, int pipe) {
   }
 }
 
-// Keeps what the visitor throws apart from what the stream has to say.
-class Guarded : public JetVisitor {
+// Records whether an exception comes from the visitor or from reading the stream.
+class ThrowTracker : public JetVisitor {
  public:
-  explicit Guarded(JetVisitor& visitor) : visitor_(visitor) {}
+  explicit ThrowTracker(JetVisitor& visitor) : visitor_(visitor) {}
   void OnObject(const JetObject& object) override {
     Run([&] { visitor_.OnObject(object); });
   }
@@ -81,18 +81,18 @@ class Guarded : public JetVisitor {
   void OnRow(std::vector<core::Value> values) override {
     Run([&] { visitor_.OnRow(std::move(values)); });
   }
-  [[nodiscard]] bool HasFailed() const { return hasFailed_; }
+  [[nodiscard]] bool HasThrown() const { return hasThrown_; }
 
  private:
   template <class Step>
   void Run(Step step) {
-    hasFailed_ = true;
+    hasThrown_ = true;
     step();
-    hasFailed_ = false;
+    hasThrown_ = false;
   }
 
   JetVisitor& visitor_;
-  bool hasFailed_ = false;
+  bool hasThrown_ = false;
 };
 
 }  // namespace
@@ -101,7 +101,7 @@ bool IsJetFile(const std::string& path) { return ReadHeader(path).isJet; }
 
 void ReadJetFile(const std::string& path, JetVisitor& visitor, sandbox::Limits limits,
                  const std::function<void()>& whileWaiting) {
-  Guarded guarded(visitor);
+  ThrowTracker tracker(visitor);
   try {
     const Header header = ReadHeader(path);
     if (!header.isJet) throw core::Failure::Unspecified("it is no Jet file");
@@ -109,9 +109,9 @@ void ReadJetFile(const std::string& path, JetVisitor& visitor, sandbox::Limits l
     limits.memory += static_cast<std::uint64_t>(header.fileSize) * 2;
     sandbox::ChildProcess process([&](int pipe) { WriteContent(path, pipe); }, limits, whileWaiting);
     ReadJetStream([&](std::span<std::uint8_t> buffer) { return process.Read(buffer); },
-                  ContentLimit(static_cast<std::uint64_t>(header.fileSize)), guarded);
+                  ContentLimit(static_cast<std::uint64_t>(header.fileSize)), tracker);
   } catch (const core::Failure& failure) {
-    if (guarded.HasFailed()) throw;
+    if (tracker.HasThrown()) throw;
     throw core::Failure(failure.Number(), "The file '" + path + "' cannot be read: " + failure.Description() + ".");
   }
 }

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Genuine Jet files (version 4 and later, version 3 as far as libmdb knows it): recognised by their content, read from
-// beginning to end, never written. The reading is done in a process of its own, because libmdb trusts its input: a file
-// that makes it crash or run for ever is reported as damaged. All rows arrive or the file is refused: what was read is
-// held against the row numbers and lengths that the file itself gives. Texts arrive as UTF-8, yes/no as 0 or 1, dates
-// as "2026-01-31 17:05:00", amounts of money and decimals as numbers, or as text where a number would round them, OLE
-// objects as their bytes. One thread. Fails by throwing core::Failure with a description that names the file.
+// Genuine Jet files (version 4 and later, version 3 as far as libmdb supports it): recognised by their content, read
+// completely, never written. libmdb does not validate its input, so it runs in a child process; a file that crashes it
+// or never ends is reported as damaged. All rows are read, or the file is refused: the content is checked against the
+// row counts and lengths in the file. Texts are returned as UTF-8, yes/no as 0 or 1, dates as "2026-01-31 17:05:00",
+// money and decimals as numbers, or as text if a number would round them, OLE objects as bytes. Throws core::Failure;
+// the description contains the file name.
 
 #pragma once
 
@@ -33,28 +33,28 @@ struct JetTable {
   bool operator==(const JetTable&) const = default;
 };
 
-/// Something in a Jet file that is no table: its kind in words ("form", "stored query") and its name.
+/// An object of a Jet file that is not a table: its kind as text ("form", "stored query") and its name.
 struct JetObject {
   std::string kind;
   std::string name;
   bool operator==(const JetObject&) const = default;
 };
 
-/// Takes what is in a Jet file, in this order: the other objects, then each of the user's tables with its rows. What it
-/// throws ends the reading.
+/// Receives the content of a Jet file in this order: the objects, then each user table followed by its rows. An
+/// exception of the visitor ends the reading.
 class JetVisitor {
  public:
   virtual ~JetVisitor() = default;
   virtual void OnObject(const JetObject& object) = 0;
   virtual void OnTable(const JetTable& table) = 0;
-  /// A row of the latest table, one value for each of its columns.
+  /// A row of the latest table, with one value per column.
   virtual void OnRow(std::vector<core::Value> values) = 0;
 };
 
-/// Whether a file begins as Jet files do. A file that is not there or cannot be read does not.
+/// Whether a file starts with the signature of a Jet file. False for a file that does not exist or cannot be read.
 bool IsJetFile(const std::string& path);
 
-/// Reads the whole file. A large file gets memory above that of the limits. `whileWaiting` as ChildProcess has it.
+/// Reads the complete file. For a large file the memory limit is raised. `whileWaiting`: see ChildProcess.
 void ReadJetFile(const std::string& path, JetVisitor& visitor, sandbox::Limits limits = {},
                  const std::function<void()>& whileWaiting = {});
 

@@ -15,13 +15,13 @@
 namespace tonalith::jet {
 namespace {
 
-// The table of all objects begins on this page in every Jet file.
+// The catalog table begins on this page in every Jet file.
 constexpr unsigned long kObjectsPage = 2;
 constexpr std::uint32_t kPageMask = 0x00FFFFFF;
-// Marks of tables that belong to the system, or to the program that made the file.
+// Flags of tables that belong to the system or to the program that created the file.
 constexpr std::uint32_t kSystemFlags = 0x80000002;
 
-// Where libmdb leaves the unmasked header of the file.
+// Offsets in the file header, which libmdb decrypts into its page buffer.
 constexpr std::size_t kPasswordOffset = 0x42;
 constexpr std::size_t kPasswordSizeJet3 = 20;
 constexpr std::size_t kPasswordSize = 40;
@@ -32,7 +32,7 @@ struct CloseHandle {
 };
 using Handle = std::unique_ptr<MdbHandle, CloseHandle>;
 
-// Jet 4 masks the password with the day on which the file was made.
+// Jet 4 masks the password with the creation date of the file.
 bool HasPassword(MdbHandle* handle) {
   const std::span<const std::uint8_t> header(handle->pg_buf);
   if (handle->f->jet_version == MDB_VER_JET3) {
@@ -51,7 +51,7 @@ bool HasPassword(MdbHandle* handle) {
 }
 
 Handle OpenHandle(const std::string& path) {
-  // libmdb takes orders from the environment: leave memos out, read texts in another code page.
+  // These variables make libmdb skip memos or read texts in another code page.
   for (const char* name : {"MDBOPTS", "MDBICONV", "MDB_JET3_CHARSET", "MDBPATH"}) ::unsetenv(name);
   Handle handle(mdb_open(path.c_str(), MDB_NOFLAGS));
   if (handle == nullptr)
@@ -99,7 +99,7 @@ std::vector<CatalogRow> ReadCatalog(MdbHandle* handle) {
   return rows;
 }
 
-// The kind of an object as the catalog numbers it; nullptr for what belongs to the system.
+// The kind for a type number of the catalog; nullptr for system objects.
 const char* KindOf(std::int32_t type) {
   switch (type) {
     case 4:
@@ -124,7 +124,7 @@ const char* KindOf(std::int32_t type) {
   }
 }
 
-// Names with a tilde are what a deleted or embedded object has left behind.
+// Names with a tilde belong to deleted or embedded objects.
 bool IsUsers(const CatalogRow& row) {
   return (row.flags & kSystemFlags) == 0 && !row.name.starts_with("~") && !row.name.starts_with("MSys");
 }

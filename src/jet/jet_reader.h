@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Reads a Jet file with libmdb, in this very process: a damaged file may crash it or keep it busy for ever, so it is
-// run in a ChildProcess. libmdb finds pages, rows and fields; values are decoded here, and counts and lengths
-// checked. Private to the data room; one thread, one file at a time. Fails by throwing core::Failure whose description
-// completes "the file cannot be read: ".
+// Reads a Jet file with libmdb in the calling process. A damaged file may crash libmdb or make it loop without end, so
+// call this in a ChildProcess. libmdb finds pages, rows and fields; this room decodes the values and checks counts and
+// lengths. One file at a time.
 
 #pragma once
 

@@ -13,15 +13,15 @@
 namespace tonalith::jet {
 namespace {
 
-// The layout of a data page, as libmdb's document on the format gives it.
+// The layout of a data page, from the format description of libmdb.
 constexpr int kOffsetMask = 0x1FFF;
 constexpr int kDeletedRow = 0x4000;
 constexpr std::size_t kPageTypeOffset = 0;
 constexpr int kOwnerOffset = 4;
 constexpr std::string_view kLongContentOwner = "LVAL";
 
-// A long content is referred to by its length with two flags, the place of its first row, and four bytes without
-// meaning, behind which it may stand itself.
+// A reference to a long value: its length with two flags, the address of its first row, and four unused bytes. An
+// inline value follows the reference.
 constexpr std::size_t kReferenceSize = 12;
 constexpr std::uint32_t kIsInline = 0x80000000;
 constexpr std::uint32_t kIsInOneRow = 0x40000000;
@@ -88,8 +88,7 @@ std::string TakeText(char* text) {
   return text == nullptr ? std::string() : std::string(text);
 }
 
-/// As "{01234567-89AB-CDEF-0123-456789ABCDEF}", the form in which such numbers are written everywhere else; libmdb has
-/// it only without the braces.
+/// With braces, "{01234567-89AB-CDEF-0123-456789ABCDEF}", the usual form; libmdb omits the braces.
 std::string ReplicationId(const unsigned char* page, int start) {
   return "{" + TakeText(mdb_uuid_to_string_fmt(page, start, MDB_NOBRACES_4_2_2_2_6)) + "}";
 }
@@ -128,7 +127,7 @@ void JetRows::ForEach(const std::function<void(std::vector<core::Value>)>& onRow
   rowsRead_ = 0;
   std::uint32_t latest = 0;
   while (mdb_read_next_dpg(definition_.get()) != 0) {
-    // Pages come in rising order; another order would be a circle.
+    // Page numbers must ascend; otherwise the chain could be circular.
     if (definition_->cur_phys_pg <= latest) throw Damaged("its pages");
     latest = definition_->cur_phys_pg;
     ReadPage(onRow);
@@ -225,22 +224,22 @@ core::Bytes JetRows::ReadLong(std::span<const std::uint8_t> reference) {
   if ((flags & kIsInline) != 0) {
     content.assign(reference.begin() + kReferenceSize, reference.end());
   } else if (length > 0) {
-    std::uint32_t place = Number32(reference, 4);
+    std::uint32_t address = Number32(reference, 4);
     const bool isChained = (flags & kIsInOneRow) == 0;
-    // Each row of a chain holds one byte at least, so a circle ends at the length.
-    do AppendLongRow(place, isChained, content, place);
-    while (isChained && place != 0 && content.size() < length);
+    // Each row of a chain has at least one byte, so a circular chain ends at the length.
+    do AppendLongRow(address, isChained, content, address);
+    while (isChained && address != 0 && content.size() < length);
   }
   if (content.size() < length) throw Damaged("a long content");
   content.resize(length);
   return content;
 }
 
-void JetRows::AppendLongRow(std::uint32_t place, bool isChained, core::Bytes& content, std::uint32_t& next) {
+void JetRows::AppendLongRow(std::uint32_t address, bool isChained, core::Bytes& content, std::uint32_t& next) {
   void* buffer = nullptr;
   int start = 0;
   std::size_t size = 0;
-  if (mdb_find_pg_row(handle_, static_cast<int>(place), &buffer, &start, &size) != 0) throw Damaged("a long content");
+  if (mdb_find_pg_row(handle_, static_cast<int>(address), &buffer, &start, &size) != 0) throw Damaged("a long content");
   const std::size_t offset = static_cast<std::size_t>(start & kOffsetMask);
   const std::span<const std::uint8_t> page(static_cast<const std::uint8_t*>(buffer),
                                            static_cast<std::size_t>(handle_->fmt->pg_size));

@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The rows of one table of a Jet file that libmdb has open: every row that is not deleted, in the order of the file's
-// pages, fields decoded. Throws where the table's own number of rows is not met. Private to the data room and to the
-// process that reads; borrows the handle; one thread. Fails by throwing core::Failure whose description completes
-// "the file cannot be read: ".
+// The rows of one table of a Jet file that libmdb has open: all rows that are not deleted, in page order, with decoded
+// fields. Throws if the row count of the table does not match. Used only in the child process.
 
 #pragma once
 
-// libmdb's header includes this one where C++ may not stand, so it has to be there already.
+// Included first, because libmdb includes this header inside extern "C", where C++ templates are not allowed.
 #include <glib.h>
 #include <mdbtools.h>
 
@@ -43,7 +41,7 @@ class JetRows {
   [[nodiscard]] core::Value ReadField(const MdbColumn& column, const MdbField& field);
   [[nodiscard]] core::Value ReadNumber(const MdbColumn& column, int start);
   [[nodiscard]] core::Bytes ReadLong(std::span<const std::uint8_t> reference);
-  void AppendLongRow(std::uint32_t place, bool isChained, core::Bytes& content, std::uint32_t& next);
+  void AppendLongRow(std::uint32_t address, bool isChained, core::Bytes& content, std::uint32_t& next);
   [[nodiscard]] std::string Text(std::span<const std::uint8_t> bytes) const;
 
   MdbHandle* handle_;

@@ -21,10 +21,10 @@ enum class Kind : std::uint8_t { kNull, kWhole, kFraction, kText, kBytes };
 constexpr std::size_t kBuffer = std::size_t{64} << 10;
 constexpr std::uint64_t kMostColumns = 255;
 
-// Reads the parts of a stream, never further than the budget.
+// Reads the parts of a stream, at most `byteLimit` bytes.
 class Decoder {
  public:
-  Decoder(const ByteSource& source, std::uint64_t budget) : source_(source), budget_(budget) {}
+  Decoder(const ByteSource& source, std::uint64_t byteLimit) : source_(source), remainingBytes_(byteLimit) {}
 
   std::uint8_t Byte() {
     std::uint8_t byte = 0;
@@ -43,9 +43,9 @@ class Decoder {
   template <class Container>
   Container Sized() {
     const std::uint64_t size = Number();
-    if (size > budget_) throw DamagedStream();
+    if (size > remainingBytes_) throw DamagedStream();
     Container content;
-    // Grown piece by piece: a length alone is no reason to take memory.
+    // Grows in chunks: the length is untrusted, so it must not decide how much memory is allocated.
     for (std::uint64_t done = 0; done < size;) {
       const std::uint64_t piece = std::min<std::uint64_t>(size - done, kBuffer);
       content.resize(done + piece);
@@ -75,8 +75,8 @@ class Decoder {
 
  private:
   void Bytes(std::span<std::uint8_t> bytes) {
-    if (bytes.size() > budget_) throw DamagedStream();
-    budget_ -= bytes.size();
+    if (bytes.size() > remainingBytes_) throw DamagedStream();
+    remainingBytes_ -= bytes.size();
     while (!bytes.empty()) {
       if (at_ == filled_) Fill();
       const std::size_t piece = std::min(bytes.size(), filled_ - at_);
@@ -93,7 +93,7 @@ class Decoder {
   }
 
   const ByteSource& source_;
-  std::uint64_t budget_;
+  std::uint64_t remainingBytes_;
   std::vector<std::uint8_t> buffer_ = std::vector<std::uint8_t>(kBuffer);
   std::size_t at_ = 0;
   std::size_t filled_ = 0;
@@ -140,9 +140,9 @@ void JetStreamWriter::Finish() {
   Flush();
 }
 
-void JetStreamWriter::Refuse(const std::string& words) {
+void JetStreamWriter::Refuse(const std::string& description) {
   PutByte(static_cast<std::uint8_t>(Part::kRefusal));
-  PutText(words);
+  PutText(description);
   Flush();
 }
 
@@ -193,8 +193,8 @@ void JetStreamWriter::Flush() {
 
 core::Failure DamagedStream() { return core::Failure::Unspecified("it is damaged, and reading it broke off"); }
 
-void ReadJetStream(const ByteSource& source, std::uint64_t budget, JetVisitor& visitor) {
-  Decoder decoder(source, budget);
+void ReadJetStream(const ByteSource& source, std::uint64_t byteLimit, JetVisitor& visitor) {
+  Decoder decoder(source, byteLimit);
   std::optional<std::size_t> columns;
   for (;;) {
     switch (static_cast<Part>(decoder.Byte())) {

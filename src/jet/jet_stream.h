@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The content of a Jet file as a stream of bytes, between the process that reads the file and the program. The reading
-// side trusts nothing: the process on the other end may have run wild, so every length is held against what is left of
-// a budget and every row against its table. Owned by whoever reads or writes; one thread. Fails by throwing
-// core::Failure; DamagedStream is the failure for a stream that breaks off or makes no sense.
+// The content of a Jet file as a byte stream from the child process, which reads the file, to the program. The stream
+// is untrusted input: each length is checked against the remaining limit and each row against its table. Throws
+// core::Failure; DamagedStream for a stream that is truncated or malformed.
 
 #pragma once
 
@@ -19,9 +18,9 @@
 
 namespace tonalith::jet {
 
-/// Puts bytes somewhere, all of them.
+/// Writes all the bytes.
 using ByteSink = std::function<void(std::span<const std::uint8_t>)>;
-/// Fills the front of the buffer and tells how much of it; 0 when there is no more.
+/// Fills the start of the buffer and returns the number of bytes; 0 at the end.
 using ByteSource = std::function<std::size_t(std::span<std::uint8_t>)>;
 
 class JetStreamWriter : public JetVisitor {
@@ -30,9 +29,10 @@ class JetStreamWriter : public JetVisitor {
   void OnObject(const JetObject& object) override;
   void OnTable(const JetTable& table) override;
   void OnRow(std::vector<core::Value> values) override;
-  /// The last words: the content is complete, or what is wrong with it. One of them, once.
+  /// End of the stream: the content is complete (Finish), or the description of a failure (Refuse). Call one of them,
+  /// once.
   void Finish();
-  void Refuse(const std::string& words);
+  void Refuse(const std::string& description);
 
  private:
   void PutByte(std::uint8_t byte);
@@ -48,8 +48,8 @@ class JetStreamWriter : public JetVisitor {
 
 core::Failure DamagedStream();
 
-/// Hands a whole stream to `visitor`. `budget` is the highest number of bytes that it may hold. Throws the words of a
-/// stream that ends in them.
-void ReadJetStream(const ByteSource& source, std::uint64_t budget, JetVisitor& visitor);
+/// Passes a complete stream to `visitor`. `byteLimit` is the maximum number of bytes. Throws the failure at the end of
+/// the stream, if there is one.
+void ReadJetStream(const ByteSource& source, std::uint64_t byteLimit, JetVisitor& visitor);
 
 }  // namespace tonalith::jet

@@ -61,14 +61,14 @@ class Converter {
     char* from = input.data();
     char* to = text.data();
     std::size_t left = input.size();
-    std::size_t room = text.size();
-    if (::iconv(handle_, &from, &left, &to, &room) == static_cast<std::size_t>(-1)) throw BrokenText();
-    text.resize(text.size() - room);
+    std::size_t remaining = text.size();
+    if (::iconv(handle_, &from, &left, &to, &remaining) == static_cast<std::size_t>(-1)) throw BrokenText();
+    text.resize(text.size() - remaining);
     return text;
   }
 
  private:
-  // What iconv_open gives on failure, as its manual has it.
+  // The failure result of iconv_open.
   inline static const iconv_t kNone = reinterpret_cast<iconv_t>(-1);  // NOLINT(performance-no-int-to-ptr)
   iconv_t handle_;
 };
@@ -99,12 +99,12 @@ std::string JetCodePageText(std::span<const std::uint8_t> bytes, int codePage) {
 std::string JetDate(double days) {
   using namespace std::chrono;
   constexpr double kMillisecondsPerDay = 86'400'000.0;
-  // The years 100 to 9999, which are all that the format knows.
+  // The years 100 to 9999, the range of the format.
   if (!(days > -657'435.0 && days < 2'958'466.0))
     throw core::Failure::Unspecified("a date in it lies outside the calendar");
   double whole = std::trunc(days);
   auto inDay = milliseconds(std::llround(std::abs(days - whole) * kMillisecondsPerDay));
-  // The format counts seconds; what is nearer to one than a double can tell at this size is that second.
+  // Times are stored in seconds; a difference of at most 1 ms is a rounding error of the double.
   const auto second = round<seconds>(inDay);
   if (abs(inDay - milliseconds(second)) <= 1ms) inDay = second;
   sys_days day = sys_days(year(1899) / December / 30) + std::chrono::days(static_cast<int>(whole));
@@ -128,7 +128,7 @@ std::string JetDate(double days) {
 }
 
 core::Value JetDecimal(std::string_view text) {
-  // The digits that a double keeps whatever they are.
+  // The number of decimal digits that a double always preserves.
   constexpr std::ptrdiff_t kExactDigits = 15;
   if (text.find('.') != std::string_view::npos) {
     text = text.substr(0, text.find_last_not_of('0') + 1);

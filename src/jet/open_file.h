@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A file that is open for reading and closed with this. Whoever made it asks whether it could be opened; errno then
-// says why not. Private to the data room; one thread; never throws.
+// A file that is open for reading and is closed by the destructor. The caller checks Descriptor(); errno contains the
+// error.
 
 #pragma once
 
@@ -15,7 +15,7 @@ namespace tonalith::jet {
 
 class OpenFile {
  public:
-  /// `flags` come to those of reading, as open(2) has them.
+  /// `flags` are added to those of open(2) for reading.
   explicit OpenFile(const std::string& path, int flags = 0)
       : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | flags)) {}
   ~OpenFile() {
@@ -24,7 +24,7 @@ class OpenFile {
   OpenFile(const OpenFile&) = delete;
   OpenFile& operator=(const OpenFile&) = delete;
 
-  /// Negative where it could not be opened.
+  /// Negative if the file could not be opened.
   [[nodiscard]] int Descriptor() const { return descriptor_; }
 
  private:

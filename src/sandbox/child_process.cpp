@@ -30,11 +30,11 @@ using std::chrono::steady_clock;
 constexpr int kDone = 0;
 constexpr int kThrew = 1;
 
-core::Failure SystemFailure(const char* what) {
-  return core::Failure::Unspecified(std::string(what) + ": " + std::generic_category().message(errno));
+core::Failure SystemFailure(const char* step) {
+  return core::Failure::Unspecified(std::string(step) + ": " + std::generic_category().message(errno));
 }
 
-// Address space in use. A checked build has terabytes of it from the start, so limits are set above what is there.
+// Address space in use. A sanitizer build reserves terabytes at start, so the limit is added to the current use.
 std::uint64_t MemoryInUse() {
   std::uint64_t pages = 0;
   FILE* file = std::fopen("/proc/self/statm", "re");
@@ -54,17 +54,17 @@ void Limit(__rlimit_resource resource, rlim_t value) {
   ::setrlimit(resource, &limit);
 }
 
-void CloseAllBut(int kept) {
+void CloseAllBut(int pipe) {
   for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
-    const int nothing = ::open("/dev/null", O_RDWR);
-    ::dup2(nothing, stream);
-    if (nothing > STDERR_FILENO) ::close(nothing);
+    const int devNull = ::open("/dev/null", O_RDWR);
+    ::dup2(devNull, stream);
+    if (devNull > STDERR_FILENO) ::close(devNull);
   }
-  if (kept > STDERR_FILENO + 1) ::close_range(STDERR_FILENO + 1, static_cast<unsigned>(kept) - 1, 0);
-  ::close_range(static_cast<unsigned>(kept) + 1, ~0U, 0);
+  if (pipe > STDERR_FILENO + 1) ::close_range(STDERR_FILENO + 1, static_cast<unsigned>(pipe) - 1, 0);
+  ::close_range(static_cast<unsigned>(pipe) + 1, ~0U, 0);
 }
 
-// Never returns: nothing of the program that was copied here may run on.
+// Never returns: the copy of the program must not run on.
 [[noreturn]] void RunWork(const std::function<void(int)>& work, int pipe, const Limits& limits) {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
   for (const int signal : {SIGSEGV, SIGBUS, SIGILL, SIGFPE, SIGABRT, SIGPIPE, SIGXCPU, SIGTERM, SIGINT, SIGALRM}) {
@@ -112,14 +112,14 @@ ChildProcess::~ChildProcess() {
   }
 }
 
-// Gives the time that it took.
+// Returns the time that the callback took.
 steady_clock::duration ChildProcess::CallWhileWaiting() {
   const auto begin = steady_clock::now();
-  if (!whileWaiting_ || begin - told_ < kWaitStep) return {};
+  if (!whileWaiting_ || begin - lastCall_ < kWaitStep) return {};
   whileWaiting_();
-  told_ = steady_clock::now();
-  start_ += told_ - begin;
-  return told_ - begin;
+  lastCall_ = steady_clock::now();
+  start_ += lastCall_ - begin;
+  return lastCall_ - begin;
 }
 
 void ChildProcess::WaitForBytes() {

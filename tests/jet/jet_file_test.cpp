@@ -22,7 +22,7 @@ using ::testing::AllOf;
 using ::testing::HasSubstr;
 using ::testing::StartsWith;
 
-// Keeps everything, rows as values.
+// Records everything; rows as values.
 class Recorder : public JetVisitor {
  public:
   struct Table {
@@ -71,7 +71,7 @@ TEST(JetFile, IsKnownByItsContentNotByItsName) {
   EXPECT_FALSE(IsJetFile(folder / "absent.mdb"));
 }
 
-TEST(JetFile, GivesTheUsersTablesWithTheirFieldsAndNothingOfTheSystems) {
+TEST(JetFile, ReturnsUserTablesWithTheirFieldsAndNoSystemTables) {
   const Recorder read = Read(kJet2000);
   ASSERT_EQ(read.tables.size(), 2U);
   const JetTable scales = {"Scales",
@@ -88,14 +88,14 @@ TEST(JetFile, GivesTheUsersTablesWithTheirFieldsAndNothingOfTheSystems) {
   EXPECT_TRUE(read.objects.empty());
 }
 
-TEST(JetFile, BringsEveryLetterOfATextAsUtf8) {
+TEST(JetFile, ReturnsTextsAsUtf8) {
   const auto scales = Read(kJet2000).Of("Scales");
   EXPECT_EQ(scales.At(0, "ScaleName"), core::Value("Ferryman's Lament"));
   EXPECT_EQ(scales.At(1, "ScaleName"), core::Value("Žluťoučký kůň"));
   EXPECT_THAT(scales.At(1, "ScaleDescription").AsText(), AllOf(HasSubstr("Příliš žluťoučký kůň"), HasSubstr("中文")));
 }
 
-TEST(JetFile, BringsALongTextWholeAndKeepsWhatIsNotThere) {
+TEST(JetFile, ReturnsLongTextsCompleteAndNullAsNull) {
   const auto scales = Read(kJet2000).Of("Scales");
   const std::string story = scales.At(4, "ScaleDescription").AsText();
   EXPECT_EQ(story.size(), 5004U);
@@ -104,13 +104,13 @@ TEST(JetFile, BringsALongTextWholeAndKeepsWhatIsNotThere) {
   EXPECT_TRUE(scales.At(2, "ScaleDescription").IsNull());
 }
 
-TEST(JetFile, BringsYesAndNoAsOneAndZero) {
+TEST(JetFile, ReturnsYesAndNoAsOneAndZero) {
   const auto scales = Read(kJet2000).Of("Scales");
   EXPECT_EQ(scales.At(2, "Chord"), core::Value(std::int64_t{1}));
   EXPECT_EQ(scales.At(3, "Chord"), core::Value(std::int64_t{0}));
 }
 
-TEST(JetFile, LeavesDeletedRowsOut) {
+TEST(JetFile, OmitsDeletedRows) {
   const auto scales = Read(kJet2003).Of("Scales");
   ASSERT_EQ(scales.rows.size(), 270U);
   std::size_t at = 0;
@@ -123,7 +123,7 @@ TEST(JetFile, LeavesDeletedRowsOut) {
   }
 }
 
-TEST(JetFile, BringsDatesMoneyFractionsAndBytes) {
+TEST(JetFile, ReturnsDatesMoneyFractionsAndBytes) {
   const auto scales = Read(kJet2003).Of("Scales");
   EXPECT_EQ(scales.At(0, "Composer"), core::Value("Somebody"));
   EXPECT_EQ(scales.At(0, "AddedOn"), core::Value("2001-09-09 01:46:40"));
@@ -132,21 +132,21 @@ TEST(JetFile, BringsDatesMoneyFractionsAndBytes) {
   EXPECT_EQ(scales.table.columns.back(), (JetColumn{"Picture", JetContent::kBytes}));
 }
 
-TEST(JetFile, RefusesAnEncryptedFileInWords) {
+TEST(JetFile, RefusesAnEncryptedFileWithTheReason) {
   const tests::TempFolder folder;
   EXPECT_EQ(
       RefusalOf(folder.Write("a.mdb", ContentWith(kJet2000, {{0x3E, 0x01}}))),
       "The file '" + folder / "a.mdb" + "' cannot be read: it is encrypted. Save it without encryption and try again.");
 }
 
-TEST(JetFile, RefusesAFileWithAPasswordInWords) {
+TEST(JetFile, RefusesAFileWithAPasswordWithTheReason) {
   const tests::TempFolder folder;
   EXPECT_EQ(RefusalOf(folder.Write("a.mdb", ContentWith(kJet2003, {{0x42, 'a'}}))),
             "The file '" + folder / "a.mdb" +
                 "' cannot be read: it is protected with a password. Remove the password and try again.");
 }
 
-TEST(JetFile, RefusesATruncatedFileWhereverItEnds) {
+TEST(JetFile, RefusesAFileTruncatedAtAnyPage) {
   const tests::TempFolder folder;
   const std::string whole = ContentOfFile(kJet2003);
   for (std::size_t size = 64; size < whole.size(); size += size < 2 * kJetPage ? 1000 : kJetPage / 2) {
@@ -155,7 +155,7 @@ TEST(JetFile, RefusesATruncatedFileWhereverItEnds) {
   }
 }
 
-TEST(JetFile, RefusesNoiseBehindAGoodBeginning) {
+TEST(JetFile, RefusesNoiseAfterAValidHeader) {
   const tests::TempFolder folder;
   std::string content = ContentOfFile(kJet2000).substr(0, 20) + std::string(20 * kJetPage - 20, '\0');
   std::mt19937 random(7);
@@ -163,7 +163,7 @@ TEST(JetFile, RefusesNoiseBehindAGoodBeginning) {
   EXPECT_THAT(RefusalOf(folder.Write("a.mdb", content)), HasSubstr("' cannot be read: it is "));
 }
 
-TEST(JetFile, RefusesALongTextWhosePagesAreGone) {
+TEST(JetFile, RefusesALongTextWithMissingPages) {
   const tests::TempFolder folder;
   std::string content = ContentOfFile(kJet2000);
   const std::string story("x\0x\0x\0x\0", 8);
@@ -178,9 +178,9 @@ TEST(JetFile, RefusesALongTextWhosePagesAreGone) {
               HasSubstr("the table 'Scales' cannot be read completely (a long content)"));
 }
 
-TEST(JetFile, RefusesATableThatCountsMoreRowsThanThereAre) {
+TEST(JetFile, RefusesATableWithFewerRowsThanItsCount) {
   const tests::TempFolder folder;
-  // The definition of a table is a page of kind 2; its number of rows stands 16 bytes into it.
+  // A table definition is a page of type 2 with the number of rows at offset 16.
   std::string content = ContentOfFile(kJet2003);
   int tables = 0;
   for (std::size_t page = 0; page < content.size(); page += kJetPage) {
@@ -193,21 +193,20 @@ TEST(JetFile, RefusesATableThatCountsMoreRowsThanThereAre) {
   EXPECT_THAT(RefusalOf(folder.Write("a.mdb", content)), HasSubstr("(270 of 271 rows are there)"));
 }
 
-TEST(JetFile, LetsWhatTheVisitorThrowsThroughAsItIs) {
-  class Angry : public Recorder {
+TEST(JetFile, PassesExceptionsOfTheVisitorUnchanged) {
+  class ThrowingVisitor : public Recorder {
    public:
     void OnRow(std::vector<core::Value>) override { throw core::Failure(123, "no room"); }
-  } angry;
-  EXPECT_EQ(FailureOf([&] { ReadJetFile(kJet2003, angry); }).Description(), "no room");
+  } visitor;
+  EXPECT_EQ(FailureOf([&] { ReadJetFile(kJet2003, visitor); }).Description(), "no room");
 }
 
-TEST(JetFile, ReadsTheSameAgainAndAgain) {
+TEST(JetFile, ReadsTheSameEachTime) {
   const Recorder first = Read(kJet2003);
   for (int i = 0; i < 20; ++i) EXPECT_EQ(Read(kJet2003).Of("Scales").rows, first.Of("Scales").rows);
 }
 
-// Whatever the bytes are, this program lives on and gets an answer in words. Damage that hits nothing that is read goes
-// unnoticed, and may.
+// No damaged byte may crash the program; a failure needs a description. Damage in unused bytes is not detected.
 TEST(JetFile, SurvivesEveryKindOfDamage) {
   const tests::TempFolder folder;
   int refused = 0;

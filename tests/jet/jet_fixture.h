@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What the tests around Jet files share: the two genuine packs, and copies of them changed in given bytes.
+// Shared by the tests of Jet files: the two genuine packs, and copies of them with changed bytes.
 
 #pragma once
 
@@ -24,12 +24,12 @@ inline std::string ContentOfFile(const std::string& path) {
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-/// The content of a file with bytes changed by exclusive or: place and pattern.
+/// The content of a file with some bytes changed by exclusive or: offset and pattern.
 inline std::string ContentWith(const std::string& path,
                                std::initializer_list<std::pair<std::size_t, std::uint8_t>> changes) {
   std::string content = ContentOfFile(path);
-  for (const auto& [place, pattern] : changes) {
-    content.at(place) = static_cast<char>(static_cast<std::uint8_t>(content.at(place)) ^ pattern);
+  for (const auto& [offset, pattern] : changes) {
+    content.at(offset) = static_cast<char>(static_cast<std::uint8_t>(content.at(offset)) ^ pattern);
   }
   return content;
 }

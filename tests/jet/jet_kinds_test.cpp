@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Every kind of field that a Jet file can have, and damage below the level of pages: the table "ScaleTypes" of the
-// older fixture with the kind and the content of its last field written anew, byte by byte.
+// Every field type of a Jet file, and damage within pages: the table "ScaleTypes" of the older fixture with the type
+// and the content of its last field replaced.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -25,7 +25,7 @@ using tests::FailureOf;
 
 using ::testing::ElementsAre;
 
-// The kinds as the format numbers them.
+// The type numbers of the format.
 constexpr int kYesNo = 1;
 constexpr int kByte = 2;
 constexpr int kInteger = 3;
@@ -41,7 +41,7 @@ constexpr int kMemo = 12;
 constexpr int kReplicationId = 15;
 constexpr int kNumeric = 16;
 
-// The definition of the table "ScaleTypes": how many rows and fields it has, and its fields in entries of 25 bytes.
+// The definition of the table "ScaleTypes": its numbers of rows and fields, and its fields in entries of 25 bytes.
 constexpr std::size_t kDefinition = 24 * kJetPage;
 constexpr std::size_t kNextPage = kDefinition + 0x04;
 constexpr std::size_t kRowCount = kDefinition + 0x10;
@@ -52,19 +52,19 @@ constexpr std::size_t kNameEntry = kEntries + 2 * kEntrySize;
 constexpr std::size_t kPrecisionInEntry = 11;
 constexpr std::size_t kNumberInEntry = 5;
 
-// Its rows: the type 401, "Fixture modes", stands last on their page, the other before it. A row ends in where its last
-// field ends, where that begins, the number of such fields, and a bit for each field that is not null.
+// Its rows: type 401, "Fixture modes", is the last row on its page, the other precedes it. A row ends with the end of
+// its last field, the start of that field, the number of such fields, and one bit per field that is not null.
 constexpr std::size_t kName = 27 * kJetPage + 4063;
 constexpr std::size_t kNameInRow = 10;
-constexpr std::size_t kNameRoom = 26;
-constexpr std::size_t kEndOfName = kName + kNameRoom;
+constexpr std::size_t kNameSpace = 26;
+constexpr std::size_t kEndOfName = kName + kNameSpace;
 constexpr std::size_t kPresentInOther = 27 * kJetPage + 4052;
 
 /// Bytes written as "FF 00 7A".
 std::string Hex(const std::string& text) {
-  std::istringstream words(text);
+  std::istringstream stream(text);
   std::string bytes;
-  for (std::string word; words >> word;) bytes += static_cast<char>(std::stoi(word, nullptr, 16));
+  for (std::string word; stream >> word;) bytes += static_cast<char>(std::stoi(word, nullptr, 16));
   return bytes;
 }
 
@@ -74,14 +74,14 @@ std::string Number(std::size_t number, std::size_t size) {
   return bytes;
 }
 
-void Put(std::string& content, std::size_t place, const std::string& bytes) {
-  if (place + bytes.size() > content.size()) throw std::out_of_range("a patch behind the end");
-  content.replace(place, bytes.size(), bytes);
+void Put(std::string& content, std::size_t offset, const std::string& bytes) {
+  if (offset + bytes.size() > content.size()) throw std::out_of_range("a patch past the end");
+  content.replace(offset, bytes.size(), bytes);
 }
 
-/// The fixture where the type's name is a field of another kind, and no other row has any.
+/// The fixture in which the name of the type is a field of another type; it is null in all other rows.
 std::string FileWith(int kind, const std::string& field, int scale = 0) {
-  EXPECT_LE(field.size(), kNameRoom);
+  EXPECT_LE(field.size(), kNameSpace);
   std::string content = ContentOfFile(kJet2000);
   Put(content, kNameEntry, Number(static_cast<std::size_t>(kind), 1));
   if (kind == kNumeric) {
@@ -94,7 +94,7 @@ std::string FileWith(int kind, const std::string& field, int scale = 0) {
   return content;
 }
 
-/// Keeps one table.
+/// Records one table.
 class TableReader : public JetVisitor {
  public:
   TableReader(const std::string& content, std::string name) : name_(std::move(name)) {
@@ -145,7 +145,7 @@ void ExpectRead(const std::vector<Case>& cases) {
   }
 }
 
-TEST(JetKinds, WholeNumbersKeepTheirSignWhereTheyHaveOne) {
+TEST(JetKinds, IntegersKeepTheirSign) {
   const JetContent whole = JetContent::kWholeNumber;
   ExpectRead({{kByte, "00", whole, 0},
               {kByte, "FF", whole, 255},
@@ -155,7 +155,7 @@ TEST(JetKinds, WholeNumbersKeepTheirSignWhereTheyHaveOne) {
               {kLongInteger, "4E 61 BC 00", whole, 12345678}});
 }
 
-TEST(JetKinds, FractionsComeInBothWidths) {
+TEST(JetKinds, FractionsHaveTwoWidths) {
   ExpectRead({{kSingle, "00 00 50 40", JetContent::kFraction, 3.25},
               {kSingle, "00 00 00 BF", JetContent::kFraction, -0.5},
               {kDouble, "00 00 00 00 00 00 0A C0", JetContent::kFraction, -3.25}});
@@ -169,7 +169,7 @@ TEST(JetKinds, MoneyHasFourDecimalsAndIsNeverRounded) {
               {kMoney, "FF FF FF FF FF FF FF 7F", decimal, "922337203685477.5807"}});
 }
 
-// A sign, and sixteen bytes whose groups of four stand in falling order while the bytes of each rise.
+// A sign byte and sixteen bytes: groups of four in descending order, each group little-endian.
 TEST(JetKinds, NumericFieldsHaveTheDecimalsOfTheirDefinition) {
   const JetContent decimal = JetContent::kDecimal;
   const std::string zeros = " 00 00 00 00";
@@ -182,7 +182,7 @@ TEST(JetKinds, NumericFieldsHaveTheDecimalsOfTheirDefinition) {
               {kNumeric, "80" + upper + " FF FF FF FF FF FF FF FF", decimal, "-1844674407370955161.5", 1}});
 }
 
-TEST(JetKinds, DatesTextsAndReplicationNumbersAreText) {
+TEST(JetKinds, DatesTextsAndReplicationIdsAreText) {
   ExpectRead({{kDate, "00 00 00 00 00 00 F4 3F", JetContent::kDate, "1899-12-31 06:00:00"},
               {kText, "42 00 6D 26", JetContent::kText, "B♭"},
               {kText, "FF FE 41 42", JetContent::kText, "AB"},
@@ -197,14 +197,14 @@ TEST(JetKinds, BytesStayBytes) {
               {kOle, "00 00 00 00 00 00 00 00 00 00 00 00", JetContent::kBytes, core::Bytes{}}});
 }
 
-TEST(JetKinds, ALongContentHasTheLengthThatItsReferenceGives) {
+TEST(JetKinds, ALongValueHasTheLengthInItsReference) {
   const JetContent bytes = JetContent::kBytes;
   ExpectRead({{kOle, "02 00 00 80 00 00 00 00 00 00 00 00 01 02 03", bytes, core::Bytes{1, 2}},
               {kOle, "04 00 00 40 00 21 00 00 00 00 00 00", bytes, core::Bytes{'A', 0, ' ', 0}},
               {kMemo, "04 00 00 40 00 21 00 00 00 00 00 00", JetContent::kText, "A "}});
 }
 
-TEST(JetKinds, YesIsWhateverIsNotNull) {
+TEST(JetKinds, YesIsAnyValueButNull) {
   const TableReader types(FileWith(kYesNo, ""), "ScaleTypes");
   EXPECT_EQ(types.table.columns.at(2), (JetColumn{"ScaleTypeName", JetContent::kYesNo}));
   ASSERT_EQ(types.rows.size(), 2U);
@@ -212,7 +212,7 @@ TEST(JetKinds, YesIsWhateverIsNotNull) {
   EXPECT_EQ(types.rows[1].at(2), core::Value::YesNo(false));
 }
 
-TEST(JetKinds, AKindThatIsNotKnownIsRefusedWithItsFieldAndItsTable) {
+TEST(JetKinds, AnUnknownTypeIsRefusedWithItsFieldAndTable) {
   for (const int kind : {0, 13, 14, 17, 18, 19, 200}) {
     EXPECT_EQ(RefusalOf(FileWith(kind, "")),
               "the field 'ScaleTypeName' of the table 'ScaleTypes' is of a kind that is not known here")
@@ -220,7 +220,7 @@ TEST(JetKinds, AKindThatIsNotKnownIsRefusedWithItsFieldAndItsTable) {
   }
 }
 
-TEST(JetKinds, ANumberOfAnotherSizeThanItsKindsIsDamage) {
+TEST(JetKinds, ANumberOfTheWrongSizeIsDamage) {
   const std::vector<std::pair<int, std::size_t>> sizes = {{kByte, 1},   {kInteger, 2},  {kLongInteger, 4},
                                                           {kSingle, 4}, {kDouble, 8},   {kMoney, 8},
                                                           {kDate, 8},   {kNumeric, 17}, {kReplicationId, 16}};
@@ -237,7 +237,7 @@ TEST(JetKinds, AFractionThatIsNoNumberIsDamage) {
   EXPECT_EQ(RefusalOf(FileWith(kDouble, Hex("00 00 00 00 00 00 F8 FF"))), DamageOf("ScaleTypes", "a number"));
 }
 
-TEST(JetKinds, ALongContentWithoutItsReferenceOrItsLengthIsDamage) {
+TEST(JetKinds, ALongValueWithoutItsReferenceOrLengthIsDamage) {
   const std::string damage = DamageOf("ScaleTypes", "a long content");
   for (const int kind : {kMemo, kOle}) {
     EXPECT_EQ(RefusalOf(FileWith(kind, Hex("00 00 00 80 00 00 00 00 00 00 00"))), damage) << "eleven bytes";
@@ -246,7 +246,7 @@ TEST(JetKinds, ALongContentWithoutItsReferenceOrItsLengthIsDamage) {
   }
 }
 
-TEST(JetKinds, RowsAreHeldAgainstTheNumberThatTheTableGives) {
+TEST(JetKinds, RowsAreCheckedAgainstTheCountOfTheTable) {
   std::string content = ContentOfFile(kJet2000);
   Put(content, kRowCount, Number(1, 4));
   EXPECT_EQ(RefusalOf(content), DamageOf("ScaleTypes", "more rows than it says"));
@@ -254,8 +254,8 @@ TEST(JetKinds, RowsAreHeldAgainstTheNumberThatTheTableGives) {
   EXPECT_EQ(RefusalOf(content), DamageOf("ScaleTypes", "2 of 3 rows are there"));
 }
 
-/// The fixture where the table has `count` fields, all but the first three of them added: its definition goes on on
-/// pages at the end of the file.
+/// The fixture in which the table has `count` fields, all but the first three added. The definition continues on pages
+/// at the end of the file.
 std::string FileWithFields(std::size_t count) {
   const std::string whole = ContentOfFile(kJet2000);
   std::string definition = whole.substr(kDefinition, kEntries - kDefinition + 3 * kEntrySize);
@@ -269,11 +269,11 @@ std::string FileWithFields(std::size_t count) {
   Put(content, kDefinition, definition.substr(0, kJetPage));
   Put(content, kFieldCount, Number(count, 2));
   std::size_t link = kNextPage;
-  constexpr std::size_t kRest = kJetPage - 8;
-  for (std::size_t at = kJetPage; at < definition.size(); at += kRest) {
+  constexpr std::size_t kContentSize = kJetPage - 8;
+  for (std::size_t at = kJetPage; at < definition.size(); at += kContentSize) {
     Put(content, link, Number(content.size() / kJetPage, 4));
     link = content.size() + 4;
-    std::string page = Hex("02 01 56 43 00 00 00 00") + definition.substr(at, kRest);
+    std::string page = Hex("02 01 56 43 00 00 00 00") + definition.substr(at, kContentSize);
     page.resize(kJetPage);
     content += page;
   }
@@ -297,8 +297,8 @@ TEST(JetKinds, AFieldWithoutANameIsDamage) {
   EXPECT_EQ(RefusalOf(content), DamageOf("ScaleTypes", "its fields"));
 }
 
-// The description of the last scale, 5,004 letters: a chain over three pages of long contents, one row on each, that
-// begins with the number of the next page; the first row's place stands in the scale.
+// The description of the last scale, 5,004 letters: a chain over three pages of long values with one row each. Each row
+// starts with the number of the next page; the address of the first row is in the scale.
 constexpr std::size_t kFirstPage = 36 * kJetPage;
 constexpr std::size_t kLastPage = 38 * kJetPage;
 constexpr std::size_t kOwnerInPage = 4;
@@ -310,19 +310,19 @@ std::string DescriptionOf(const std::string& content) {
   return TableReader(content, "Scales").rows.back().at(3).AsText();
 }
 
-std::string FixtureWith(std::size_t place, const std::string& bytes) {
+std::string FixtureWith(std::size_t offset, const std::string& bytes) {
   std::string content = ContentOfFile(kJet2000);
-  Put(content, place, bytes);
+  Put(content, offset, bytes);
   return content;
 }
 
-TEST(JetKinds, ALongContentEndsAtItsLengthEvenInACircle) {
+TEST(JetKinds, ALongValueEndsAtItsLengthEvenInACircularChain) {
   const std::string whole = DescriptionOf(ContentOfFile(kJet2000));
   ASSERT_EQ(whole.size(), 5004U);
   EXPECT_EQ(DescriptionOf(FixtureWith(kLastPage + kLastRowInPage, Hex("00 24 00 00"))), whole);
 }
 
-TEST(JetKinds, ALongContentThatLeadsElsewhereIsDamage) {
+TEST(JetKinds, ALongValueThatRefersElsewhereIsDamage) {
   const std::string damage = DamageOf("Scales", "a long content");
   const std::size_t link = kFirstPage + kFirstRowInPage;
   EXPECT_EQ(RefusalOf(FixtureWith(link, Hex("00 00 00 00"))), damage) << "the chain ends too soon";

@@ -18,13 +18,13 @@ namespace {
 
 using tests::FailureOf;
 
-constexpr std::uint64_t kBudget = std::uint64_t{1} << 20;
+constexpr std::uint64_t kByteLimit = std::uint64_t{1} << 20;
 constexpr const char* kDamaged = "it is damaged, and reading it broke off";
 
 using Stream = std::vector<std::uint8_t>;
 
-/// What a visitor was shown, one line for each call.
-class Heard : public JetVisitor {
+/// Records the calls of a visitor, one line per call.
+class CallRecorder : public JetVisitor {
  public:
   void OnObject(const JetObject& object) override { text += object.kind + " " + object.name + "\n"; }
   void OnTable(const JetTable& table) override {
@@ -40,7 +40,7 @@ class Heard : public JetVisitor {
   std::vector<std::vector<core::Value>> rows;
 };
 
-/// Written by `write`, ended by `end`.
+/// A stream with content by `write` and an end by `end`.
 template <class Write, class End>
 Stream Written(Write write, End end) {
   Stream stream;
@@ -55,8 +55,8 @@ Stream Written(Write write) {
   return Written(write, [](JetStreamWriter& writer) { writer.Finish(); });
 }
 
-/// Hands the stream over in pieces of at most `piece` bytes.
-void Read(const Stream& stream, JetVisitor& visitor, std::size_t piece = 4096, std::uint64_t budget = kBudget) {
+/// Reads the stream in chunks of at most `piece` bytes.
+void Read(const Stream& stream, JetVisitor& visitor, std::size_t piece = 4096, std::uint64_t byteLimit = kByteLimit) {
   std::size_t at = 0;
   ReadJetStream(
       [&](std::span<std::uint8_t> buffer) {
@@ -65,17 +65,17 @@ void Read(const Stream& stream, JetVisitor& visitor, std::size_t piece = 4096, s
         at += size;
         return size;
       },
-      budget, visitor);
+      byteLimit, visitor);
 }
 
-std::string Refusal(const Stream& stream, std::uint64_t budget = kBudget) {
-  Heard heard;
-  return FailureOf([&] { Read(stream, heard, 4096, budget); }).Description();
+std::string Refusal(const Stream& stream, std::uint64_t byteLimit = kByteLimit) {
+  CallRecorder recorder;
+  return FailureOf([&] { Read(stream, recorder, 4096, byteLimit); }).Description();
 }
 
 const JetTable kScales{"Scales", {{"ID", JetContent::kWholeNumber}, {"Name", JetContent::kText}}};
 
-TEST(JetStream, BringsObjectsTablesAndRowsInTheirOrderWhateverThePieces) {
+TEST(JetStream, PassesObjectsTablesAndRowsInOrderForAnyChunkSize) {
   const std::vector<core::Value> row{std::int64_t{-7}, "Aeolian ♭"};
   const std::vector<core::Value> other{core::Value::Null(), core::Value(core::Bytes{0, 255})};
   const std::vector<core::Value> third{-0.5, std::numeric_limits<std::int64_t>::min()};
@@ -85,32 +85,32 @@ TEST(JetStream, BringsObjectsTablesAndRowsInTheirOrderWhateverThePieces) {
     for (const auto& values : {row, other, third}) writer.OnRow(values);
   });
   for (const std::size_t piece : {std::size_t{1}, std::size_t{7}, std::size_t{4096}}) {
-    Heard heard;
-    Read(stream, heard, piece);
-    EXPECT_EQ(heard.text, "query ScalesQuery\ntable Scales ID:1 Name:5\n");
-    EXPECT_EQ(heard.rows, (std::vector<std::vector<core::Value>>{row, other, third}));
+    CallRecorder recorder;
+    Read(stream, recorder, piece);
+    EXPECT_EQ(recorder.text, "query ScalesQuery\ntable Scales ID:1 Name:5\n");
+    EXPECT_EQ(recorder.rows, (std::vector<std::vector<core::Value>>{row, other, third}));
   }
 }
 
-TEST(JetStream, BringsATextThatIsLongerThanItsBuffers) {
+TEST(JetStream, PassesATextLongerThanItsBuffers) {
   const std::string text(300'000, 'x');
   const Stream stream = Written([&](JetStreamWriter& writer) {
     writer.OnTable({"Notes", {{"Text", JetContent::kText}}});
     writer.OnRow({text});
   });
-  Heard heard;
-  Read(stream, heard);
-  ASSERT_EQ(heard.rows.size(), 1U);
-  EXPECT_EQ(heard.rows[0][0], core::Value(text));
+  CallRecorder recorder;
+  Read(stream, recorder);
+  ASSERT_EQ(recorder.rows.size(), 1U);
+  EXPECT_EQ(recorder.rows[0][0], core::Value(text));
 }
 
-TEST(JetStream, PassesTheReadersRefusalOnInItsOwnWords) {
+TEST(JetStream, PassesTheFailureOfTheReaderUnchanged) {
   const Stream stream = Written([](JetStreamWriter& writer) { writer.OnTable(kScales); },
                                 [](JetStreamWriter& writer) { writer.Refuse("it is encrypted"); });
   EXPECT_EQ(Refusal(stream), "it is encrypted");
 }
 
-TEST(JetStream, IsDamagedWhereverItBreaksOff) {
+TEST(JetStream, IsDamagedIfTruncatedAnywhere) {
   const Stream stream = Written([](JetStreamWriter& writer) {
     writer.OnTable(kScales);
     writer.OnRow({std::int64_t{1}, "Major"});
@@ -120,7 +120,7 @@ TEST(JetStream, IsDamagedWhereverItBreaksOff) {
   }
 }
 
-TEST(JetStream, RefusesWhatNoWriterWrites) {
+TEST(JetStream, RefusesMalformedStreams) {
   EXPECT_EQ(Refusal({'?'}), kDamaged);
   const auto rowFirst = [](JetStreamWriter& writer) { writer.OnRow({std::int64_t{1}}); };
   EXPECT_EQ(Refusal(Written(rowFirst)), kDamaged) << "a row before its table";
@@ -140,13 +140,13 @@ TEST(JetStream, RefusesWhatNoWriterWrites) {
   EXPECT_EQ(Refusal(Written([&](JetStreamWriter& writer) { writer.OnTable(wide); })), kDamaged) << "too many fields";
 }
 
-TEST(JetStream, IsNotReadBeyondItsBudget) {
+TEST(JetStream, IsNotReadBeyondItsLimit) {
   const Stream stream = Written([](JetStreamWriter& writer) {
     writer.OnTable(kScales);
     writer.OnRow({std::int64_t{1}, std::string(1000, 'x')});
   });
-  Heard heard;
-  EXPECT_NO_THROW(Read(stream, heard, 4096, stream.size()));
+  CallRecorder recorder;
+  EXPECT_NO_THROW(Read(stream, recorder, 4096, stream.size()));
   EXPECT_EQ(Refusal(stream, stream.size() - 1), kDamaged);
   EXPECT_EQ(Refusal(stream, 500), kDamaged);
 }

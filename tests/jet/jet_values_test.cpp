@@ -24,13 +24,13 @@ TEST(JetValues, ReadUtf16InLittleEndianOrder) {
   EXPECT_EQ(JetUnicodeText({}), "");
 }
 
-TEST(JetValues, ReadRunsOfOneByteACharacterBehindTheMark) {
+TEST(JetValues, ReadRunsOfOneBytePerCharacterAfterTheMarker) {
   EXPECT_EQ(JetUnicodeText(RawBytes{0xFF, 0xFE, 'M', 'o', 'd', 'e'}), "Mode");
   EXPECT_EQ(JetUnicodeText(RawBytes{0xFF, 0xFE, 0xE9}), "é");
   EXPECT_EQ(JetUnicodeText(RawBytes{0xFF, 0xFE, 'a', 0, 0x7E, 0x01, 0, 'b'}), "ažb");
 }
 
-TEST(JetValues, RefuseATextThatIsNoUnicode) {
+TEST(JetValues, RefuseATextThatIsNotUnicode) {
   EXPECT_THROW(JetUnicodeText(RawBytes{0x34, 0xD8}), core::Failure);
   EXPECT_THROW(JetUnicodeText(RawBytes{0x1E, 0xDD, 'a', 0}), core::Failure);
   EXPECT_THROW(JetUnicodeText(RawBytes{'a', 0, 'b'}), core::Failure);
@@ -43,7 +43,7 @@ TEST(JetValues, ReadTextsOfACodePage) {
   EXPECT_THROW(JetCodePageText(RawBytes{0xE9}, 7), core::Failure);
 }
 
-TEST(JetValues, CountDaysFromTheEndOf1899) {
+TEST(JetValues, CountDaysFromDecember30Of1899) {
   EXPECT_EQ(JetDate(0.0), "1899-12-30 00:00:00");
   EXPECT_EQ(JetDate(2.5), "1900-01-01 12:00:00");
   EXPECT_EQ(JetDate(46053.711805555555), "2026-01-31 17:05:00");
@@ -51,7 +51,7 @@ TEST(JetValues, CountDaysFromTheEndOf1899) {
   EXPECT_EQ(JetDate(1.0 + 0.25 / 86400), "1899-12-31 00:00:00.250");
 }
 
-TEST(JetValues, LetTheHoursRunForwardBefore1899Too) { EXPECT_EQ(JetDate(-1.25), "1899-12-29 06:00:00"); }
+TEST(JetValues, CountHoursForwardBefore1899Too) { EXPECT_EQ(JetDate(-1.25), "1899-12-29 06:00:00"); }
 
 TEST(JetValues, RefuseADateOutsideTheCalendar) {
   EXPECT_THROW(JetDate(3e6), core::Failure);
@@ -59,7 +59,7 @@ TEST(JetValues, RefuseADateOutsideTheCalendar) {
   EXPECT_THROW(JetDate(std::numeric_limits<double>::quiet_NaN()), core::Failure);
 }
 
-TEST(JetValues, MakeANumberOfADecimalOnlyWhereItIsExact) {
+TEST(JetValues, ConvertADecimalToANumberOnlyIfThatIsExact) {
   EXPECT_EQ(JetDecimal("12.5000"), core::Value(12.5));
   EXPECT_EQ(JetDecimal("-3.0000"), core::Value(std::int64_t{-3}));
   EXPECT_EQ(JetDecimal("0.0000"), core::Value(std::int64_t{0}));

@@ -16,7 +16,6 @@
 #include <string_view>
 #include <vector>
 
-#include "jet/jet_stream.h"
 #include "support/failure_of.h"
 #include "support/refused_calls.h"
 #include "support/temp_folder.h"
@@ -28,7 +27,7 @@ using tests::FailureOf;
 
 using namespace std::chrono_literals;
 
-void Say(int pipe, std::string_view text) {
+void WriteText(int pipe, std::string_view text) {
   if (::write(pipe, text.data(), text.size()) < 0) ::_exit(9);
 }
 
@@ -41,15 +40,15 @@ std::string AllOf(ChildProcess& process) {
 
 bool HasNoChild() { return ::waitpid(-1, nullptr, WNOHANG) < 0 && errno == ECHILD; }
 
-TEST(ChildProcess, BringsWhatTheWorkWrites) {
-  ChildProcess process([](int pipe) { Say(pipe, "twelve notes and a half"); });
+TEST(ChildProcess, ReturnsWhatTheChildWrites) {
+  ChildProcess process([](int pipe) { WriteText(pipe, "twelve notes and a half"); });
   EXPECT_EQ(AllOf(process), "twelve notes and a half");
 }
 
-TEST(ChildProcess, LeavesThisOneAliveWhenTheWorkCrashes) {
+TEST(ChildProcess, ACrashOfTheChildDoesNotEndTheParent) {
   for (const int signal : {SIGSEGV, SIGABRT, SIGKILL, SIGFPE}) {
     ChildProcess process([signal](int pipe) {
-      Say(pipe, "so far");
+      WriteText(pipe, "so far");
       ::raise(signal);
     });
     EXPECT_EQ(AllOf(process), "so far");
@@ -57,7 +56,7 @@ TEST(ChildProcess, LeavesThisOneAliveWhenTheWorkCrashes) {
   EXPECT_TRUE(HasNoChild());
 }
 
-TEST(ChildProcess, SaysWhatTheSystemRefuses) {
+TEST(ChildProcess, ReportsRefusedSystemCalls) {
   if (!tests::CanRefuseCalls()) GTEST_SKIP() << "this system does not let a process refuse its own calls";
   const auto begun = [] {
     const ChildProcess process([](int) {});
@@ -69,12 +68,12 @@ TEST(ChildProcess, SaysWhatTheSystemRefuses) {
   EXPECT_EQ(tests::WithoutCalls({}, 0, begun), "begun");
 }
 
-TEST(ChildProcess, EndsTheWorkThatThrows) {
+TEST(ChildProcess, EndsAChildThatThrows) {
   ChildProcess process([](int) { throw std::runtime_error("out of tune"); });
   EXPECT_EQ(AllOf(process), "");
 }
 
-TEST(ChildProcess, LetsItsUserActWhileItWaitsAndCountsNoneOfThatTime) {
+TEST(ChildProcess, CallsBackWhileWaitingAndDoesNotCountThatTime) {
   Limits limits;
   limits.silence = std::chrono::milliseconds(200);
   limits.total = std::chrono::milliseconds(1000);
@@ -82,7 +81,7 @@ TEST(ChildProcess, LetsItsUserActWhileItWaitsAndCountsNoneOfThatTime) {
   ChildProcess process(
       [](int pipe) {
         ::usleep(100'000);
-        Say(pipe, "late");
+        WriteText(pipe, "late");
       },
       limits,
       [&] {
@@ -92,7 +91,7 @@ TEST(ChildProcess, LetsItsUserActWhileItWaitsAndCountsNoneOfThatTime) {
   EXPECT_GE(calls, 1);
 }
 
-TEST(ChildProcess, ActsAgainAndAgainWhileNothingComes) {
+TEST(ChildProcess, CallsBackRepeatedlyWhileNothingArrives) {
   Limits limits;
   limits.silence = std::chrono::milliseconds(300);
   int calls = 0;
@@ -102,7 +101,7 @@ TEST(ChildProcess, ActsAgainAndAgainWhileNothingComes) {
   EXPECT_GE(calls, 3);
 }
 
-TEST(ChildProcess, EndsWithWhatItsUserThrowsMeanwhile) {
+TEST(ChildProcess, EndsWithTheExceptionOfTheCallback) {
   {
     ChildProcess process([](int) { ::pause(); }, {}, [] { throw std::runtime_error("enough"); });
     std::array<std::uint8_t, 1> buffer{};
@@ -111,7 +110,7 @@ TEST(ChildProcess, EndsWithWhatItsUserThrowsMeanwhile) {
   EXPECT_TRUE(HasNoChild());
 }
 
-TEST(ChildProcess, GivesUpOnSilence) {
+TEST(ChildProcess, TimesOutWithoutBytes) {
   Limits limits;
   limits.silence = 50ms;
   {
@@ -121,27 +120,27 @@ TEST(ChildProcess, GivesUpOnSilence) {
   EXPECT_TRUE(HasNoChild());
 }
 
-TEST(ChildProcess, GivesUpOnWorkThatTalksForEver) {
+TEST(ChildProcess, TimesOutForAnEndlessStream) {
   Limits limits;
   limits.total = 100ms;
   ChildProcess process(
       [](int pipe) {
-        for (;;) Say(pipe, "la");
+        for (;;) WriteText(pipe, "la");
       },
       limits);
   EXPECT_EQ(FailureOf([&] { AllOf(process); }).Description(), "reading it does not come to an end");
 }
 
-TEST(ChildProcess, HoldsTheWorkToItsMemory) {
+TEST(ChildProcess, LimitsTheMemoryOfTheChild) {
   Limits limits;
   limits.memory = std::uint64_t{64} << 20;
   ChildProcess process(
       [](int pipe) {
         const std::vector<char> little(std::size_t{4} << 20, 'a');
-        Say(pipe, little[0] == 'a' ? "little " : "");
-        // Neither malloc nor mmap gives what is above the limit.
+        WriteText(pipe, little[0] == 'a' ? "little " : "");
+        // Neither malloc nor mmap exceeds the limit.
         void* much = std::malloc(std::size_t{1} << 30);
-        Say(pipe, much == nullptr ? "much refused" : "much given");
+        WriteText(pipe, much == nullptr ? "much refused" : "much given");
         std::free(much);
       },
       limits);
@@ -153,77 +152,10 @@ TEST(ChildProcess, InheritsNothingButThePipe) {
   const int opened = ::open("/dev/null", O_RDONLY);
   ChildProcess process([opened](int pipe) {
     const bool isClosed = ::fcntl(opened, F_GETFD) < 0;
-    Say(pipe, isClosed && ::isatty(STDERR_FILENO) == 0 ? "closed" : "open");
+    WriteText(pipe, isClosed && ::isatty(STDERR_FILENO) == 0 ? "closed" : "open");
   });
   EXPECT_EQ(AllOf(process), "closed");
   ::close(opened);
-}
-
-// The other side of the pipe may say anything.
-class NoVisitor : public JetVisitor {
- public:
-  void OnObject(const JetObject&) override {}
-  void OnTable(const JetTable&) override {}
-  void OnRow(std::vector<Value>) override { ++rows; }
-  int rows = 0;
-};
-
-std::string StreamRefusal(std::vector<std::uint8_t> bytes, std::uint64_t budget = 1 << 20) {
-  NoVisitor visitor;
-  const auto source = [&](std::span<std::uint8_t> buffer) {
-    const std::size_t size = std::min(buffer.size(), bytes.size());
-    std::copy_n(bytes.begin(), size, buffer.begin());
-    bytes.erase(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(size));
-    return size;
-  };
-  return FailureOf([&] { ReadJetStream(source, budget, visitor); }).Description();
-}
-
-TEST(JetStream, ComesBackAsItWasWritten) {
-  std::vector<std::uint8_t> bytes;
-  class Echo : public NoVisitor {
-   public:
-    void OnTable(const JetTable& table) override { seen = table; }
-    void OnRow(std::vector<Value> values) override { row = std::move(values); }
-    JetTable seen;
-    std::vector<Value> row;
-  } echo;
-  JetStreamWriter writer(
-      [&](std::span<const std::uint8_t> part) { bytes.insert(bytes.end(), part.begin(), part.end()); });
-  const JetTable table = {"T", {{"a", JetContent::kText}, {"b", JetContent::kBytes}, {"c", JetContent::kFraction}}};
-  const std::vector<Value> row = {Value(std::string("x\0y", 3)), Value(Bytes(100'000, 7)), Value(-0.5)};
-  writer.OnTable(table);
-  writer.OnRow(row);
-  writer.Finish();
-  std::size_t at = 0;
-  ReadJetStream(
-      [&](std::span<std::uint8_t> buffer) {
-        const std::size_t size = std::min({buffer.size(), bytes.size() - at, std::size_t{777}});
-        std::copy_n(bytes.begin() + static_cast<std::ptrdiff_t>(at), size, buffer.begin());
-        at += size;
-        return size;
-      },
-      bytes.size(), echo);
-  EXPECT_EQ(echo.seen, table);
-  EXPECT_EQ(echo.row, row);
-}
-
-TEST(JetStream, BelievesNothing) {
-  const std::string damaged = "it is damaged, and reading it broke off";
-  EXPECT_EQ(StreamRefusal({}), damaged);
-  EXPECT_EQ(StreamRefusal({'?'}), damaged);
-  EXPECT_EQ(StreamRefusal({'R'}), damaged);
-  EXPECT_EQ(StreamRefusal({'O', 255, 255, 255, 255, 255, 255, 255, 255}), damaged);
-  EXPECT_EQ(StreamRefusal({'O', 3, 0, 0, 0, 0, 0, 0, 0, 'a'}), damaged);
-  EXPECT_EQ(StreamRefusal({'T', 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0}), damaged);
-  EXPECT_EQ(StreamRefusal({'E', 2, 0, 0, 0, 0, 0, 0, 0, 'n', 'o'}), "no");
-}
-
-TEST(JetStream, EndsWithItsBudget) {
-  // A table without fields, and its rows for ever.
-  std::vector<std::uint8_t> bytes = {'T', 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0};
-  bytes.insert(bytes.end(), 5000, 'R');
-  EXPECT_EQ(StreamRefusal(bytes, 1000), "it is damaged, and reading it broke off");
 }
 
 }  // namespace
