@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The house's colours that do not follow the system's palette: the neck, the staff card, the accent. Colours travel as
-// &HBBGGRR values where the product names them so, and as QColor where they are painted. Constants and pure functions,
-// any thread; never fails.
+// The colours of Tonalith that do not follow the palette of the system: neck, staff card, accent. Values are &HBBGGRR
+// where a fixed name requires it (docs/behaviour.md), QColor or QRgb for painting.
 
 #pragma once
 
@@ -25,7 +24,7 @@ constexpr QRgb ToRgb(Bgr colour) {
 inline constexpr Bgr kWhite{0xFFFFFF};
 inline constexpr Bgr kBlack{0x000000};
 
-/// The one accent: the key note and the main action. White on it keeps a contrast of 4.5 to 1.
+/// The only accent: the key note and the main action. White on it has a contrast of 4.5 to 1.
 inline constexpr QRgb kAccent = 0xFFD0440E;
 inline constexpr QRgb kAccentRim = 0xFFFFF3E6;
 /// Every other scale note.
@@ -34,12 +33,12 @@ inline constexpr QRgb kNoteRim = 0xFFDFEEEE;
 /// The play marker.
 inline constexpr QRgb kAmber = 0xFFE8A317;
 inline constexpr QRgb kAmberRim = 0xFF6B4700;
-/// Ink, and the card that it stands on.
+/// The colour of music on the staff, and its background.
 inline constexpr Bgr kInk{0x171B1F};
 inline constexpr QRgb kStaffPaper = 0xFFFFFDF9;
 inline constexpr QRgb kStaffPaperRim = 0xFFE4DDD1;
 
-/// The colour that lies `share` (0 to 1) of the way from `a` to `b`.
+/// The colour at `share` (0 to 1) of the way from `a` to `b`.
 QColor Mix(const QColor& a, const QColor& b, float share);
 
 /// The contrast ratio of two colours after WCAG 2.1 (relative luminance), 1 to 21.

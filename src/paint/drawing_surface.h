@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What the views draw on, as a port: clear, current position, print, line, picture and text size, in twips or pixels,
-// on whatever stands behind it: a recording, the screen at any scale factor, a printer's page. The base class keeps the
-// state (scale mode, position, font, colour) and hands finished drawing steps in pixels to its implementation; one
-// pixel is 15 twips or 1/96 inch, never a device dot. A pixel coordinate names the pixel, so its ink is centred half a
-// pixel further. One user at a time, user-interface thread; drawing does not fail.
+// The drawing port of the views: clear, current position, print, line, picture and text size, in twips or pixels.
+// Implementations record, paint on the screen at any scale factor, or paint a printed page. The base class stores the
+// state (scale mode, position, font, colour) and passes drawing steps in pixels to the implementation. One pixel is 15
+// twips or 1/96 inch, never a device dot. A line at a pixel coordinate is centred half a pixel further.
 
 #pragma once
 
@@ -34,7 +33,7 @@ struct PixelPoint {
 class SurfacePicture {
  public:
   virtual ~SurfacePicture() = default;
-  /// How a recording names it.
+  /// The name in a recording.
   [[nodiscard]] virtual std::string Name() const = 0;
   /// Paints it with its top left corner at the painter's origin, in pixels at scale 1.
   virtual void PaintOn(QPainter& painter) const = 0;
@@ -58,7 +57,7 @@ class DrawingSurface {
   /// Prints UTF-8 text with the top left corner of its cell at the current position, which then moves to the start of
   /// the next line.
   void Print(std::string_view text);
-  /// A line one pixel wide, up to its end but without that pixel. The current position moves to its end.
+  /// A line one pixel wide, without its last pixel. The current position moves to its end.
   void Line(double x1, double y1, double x2, double y2);
   void PaintPicture(const std::shared_ptr<const SurfacePicture>& picture, double x, double y);
 

@@ -14,7 +14,7 @@ namespace tonalith::paint {
 namespace {
 
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
-// The cell that missing families are given: that of a screen face like Tahoma, whose ascent is one em.
+// The text cell of missing families: that of a screen font like Tahoma, whose ascent is one em.
 constexpr double kSubstituteAscent = 1.0;
 constexpr double kSubstituteHeight = 1.2;
 
@@ -35,7 +35,7 @@ bool FontIsInstalled(const std::string& fontName) {
   static std::map<std::string, bool> answers;
   const auto known = answers.find(fontName);
   if (known != answers.end()) return known->second;
-  // The list of names alone: matching a font would load the substitute of every family that is missing.
+  // Only lists the names: matching a font would load a substitute for every missing family.
   const bool installed = QFontDatabase::families().contains(QString::fromStdString(fontName), Qt::CaseInsensitive);
   return answers.emplace(fontName, installed).first->second;
 }

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Fonts as a drawing surface knows them: a family name, a size with its unit, and bold. Says which families the system
-// has and how a text is measured, so that the same numbers come out on the screen, on paper and in a recording. A
-// family that is missing is drawn with the application's own font in the text cell of the family that was asked for, so
-// positions that were worked out for that cell still fit. User-interface thread only; nothing here fails.
+// Fonts of a drawing surface: family, size with its unit, and bold; installed families, and text metrics that are equal
+// on screen, on paper and in a recording. A missing family is drawn with the font of the application in the text cell
+// of the missing one, so positions computed for that cell stay valid.
 
 #pragma once
 
@@ -25,7 +24,7 @@ struct FontSize {
 constexpr FontSize Points(double value) { return {value, FontSize::Unit::kPoints}; }
 constexpr FontSize Pixels(double value) { return {value, FontSize::Unit::kPixels}; }
 
-/// The height of the em in pixels at scale 1 (96 pixels to an inch, whatever the screen says).
+/// The height of the em in pixels at scale 1 (96 pixels per inch on every screen).
 double EmPixels(FontSize size);
 
 struct SurfaceFont {
@@ -35,26 +34,26 @@ struct SurfaceFont {
   friend bool operator==(const SurfaceFont&, const SurfaceFont&) = default;
 };
 
-/// The text cell of a font in pixels at scale 1: its height, and how far below its top the baseline lies.
+/// The text cell of a font in pixels at scale 1: its height, and the distance from its top to the baseline.
 struct TextCell {
   double height = 0;
   double baseline = 0;
 };
 
-/// Whether the system has a family of that name (case does not matter). Asked once per process and name.
+/// Whether a family with this name is installed, ignoring case. The result is cached for the lifetime of the process.
 bool FontIsInstalled(const std::string& fontName);
 
-/// Whether it is the music font, whose texts are codes of signs; case does not matter.
+/// Whether this is the music font, whose texts are glyph codes; ignores case.
 bool IsMusicFont(const SurfaceFont& font);
 
 /// Sets the family if it is installed, "MS Sans Serif" if not.
 void SetFontNameOrDefault(DrawingSurface& surface, const std::string& fontName);
 
-/// The font that stands for a surface font, unhinted, so that its widths are the same at every resolution.
+/// The Qt font of a surface font, unhinted, so that widths are equal at every resolution.
 QFont ToQFont(const SurfaceFont& font);
 
-/// `font` in bold, unhinted as well: bold texts of one size share one font with the names on the discs, which is looked
-/// up and read once.
+/// `font` in bold, unhinted. Bold texts of one size share one font with the note names, which is looked up and loaded
+/// once.
 QFont BoldFont(QFont font, int pixels);
 
 TextCell CellOf(const SurfaceFont& font);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The codes under which the music font keeps the signs of the staff, and the font's name. Constants only.
+// The name of the music font and its codes for the glyphs of the staff.
 
 #pragma once
 

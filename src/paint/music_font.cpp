@@ -19,16 +19,16 @@
 namespace tonalith::paint {
 namespace {
 
-constexpr double kDesignEm = 32;  // 24 points at 96 dots to the inch.
+constexpr double kDesignEm = 32;  // 24 points at 96 dots per inch.
 
-// The substitute's cell and places, in pixels at the design em. The header derives them.
+// The text cell and positions of a substitute font, in pixels at kDesignEm. See music_font.h for the derivation.
 constexpr double kCellHeight = 200;
 constexpr double kBaseline = 50;
 constexpr double kStepLine = kBaseline + 0.5;
 constexpr double kHeadMiddle = 6.5;
 
-// Sizes for a staff whose lines are 10 pixels apart. Columns are 18 pixels apart at the least, so a head 11 pixels wide
-// leaves the sharp before the next head its 5 pixels and one pixel on either side.
+// Sizes for a staff whose lines are 10 pixels apart. Columns are at least 18 pixels apart; a notehead 11 pixels wide
+// leaves 5 pixels for the sharp before the next notehead and one pixel on each side of it.
 constexpr double kHeadHeight = 8.67;
 constexpr double kHeadWidth = 11;
 constexpr double kHeadLeft = kHeadMiddle - kHeadWidth / 2;
@@ -37,23 +37,24 @@ constexpr double kClefHeight = 67;
 constexpr double kClefWidth = 22.5;
 constexpr double kClefLeft = 1;
 
-// The share of a clef's height that lies below its G line. Euterpe draws its signs on the bottom line of a staff whose
-// lines are a quarter of the em apart, so the line is 512 units up in a clef that reaches from -749 to 2169. For a font
-// that is not known, the proportions of a usual treble clef.
+// The share of the clef height below its G line. In Euterpe the origin is the bottom line of the staff and lines are a
+// quarter of the em apart, so the G line is at 512 units of a clef that extends from -749 to 2169. For other fonts, the
+// proportions of a usual treble clef.
 constexpr double kEuterpeBelowLine = (749.0 + 512.0) / (749.0 + 2169.0);
 constexpr double kUsualBelowLine = 0.39;
 
-/// One sign of the staff: its code in the music font, its character in any other font, and its shape where none has it.
-/// The sharp is always drawn here: condensed to five pixels, that of a font is no longer legible at scale 1.
-struct Sign {
+/// The sources of a glyph: its code in the music font, its character in other fonts, and the built-in outline. The
+/// sharp always has the built-in outline: condensed to five pixels, that of a font is illegible at scale 1.
+struct GlyphSource {
   char code;
   char32_t character;
   QPainterPath (*painted)();
 };
-constexpr std::array kAllSigns = {Sign{kTrebleClef, 0x1D11E, shapes::TrebleClef},
-                                  Sign{kWholeNote, 0x1D15D, shapes::WholeNote}, Sign{kSharp, 0x266F, shapes::Sharp}};
+constexpr std::array kGlyphSources = {GlyphSource{kTrebleClef, 0x1D11E, shapes::TrebleClef},
+                                      GlyphSource{kWholeNote, 0x1D15D, shapes::WholeNote},
+                                      GlyphSource{kSharp, 0x266F, shapes::Sharp}};
 
-/// Outlines are taken at a size at which the font engine's rounding no longer shows.
+/// A size at which the rounding of the font engine is negligible.
 constexpr double kOutlineEm = 1024;
 
 QPainterPath GlyphOf(const QRawFont& font, char32_t character) {
@@ -68,30 +69,30 @@ QRawFont RawOf(const QString& family) {
   font.setStyleStrategy(QFont::NoFontMerging);
   font.setHintingPreference(QFont::PreferNoHinting);
   font.setPixelSize(static_cast<int>(kOutlineEm));
-  // Where no font is installed, Qt draws boxes, and a raw font of boxes has no name to be asked for.
+  // If no font is installed, Qt draws boxes, and a raw font of boxes has no family name.
   if (QFontInfo(font).family().isEmpty()) return {};
   return QRawFont::fromFont(font);
 }
 
-/// `path` with its box scaled by `factorX` and `factorY` and its middle moved to (x, y).
+/// `path` with its box scaled by `factorX` and `factorY` and centred at (x, y).
 QPainterPath CentredOn(const QPainterPath& path, double factorX, double factorY, double x, double y) {
   const QPointF middle = path.boundingRect().center();
-  QTransform place;
-  place.translate(x, y);
-  place.scale(factorX, factorY);
-  place.translate(-middle.x(), -middle.y());
-  return place.map(path);
+  QTransform transform;
+  transform.translate(x, y);
+  transform.scale(factorX, factorY);
+  transform.translate(-middle.x(), -middle.y());
+  return transform.map(path);
 }
 
 /// The clef with its G line on the step line.
 QPainterPath PlacedClef(const QPainterPath& clef, double belowLine) {
   const QRectF box = clef.boundingRect();
   const double factor = std::min(kClefHeight / box.height(), kClefWidth / box.width());
-  QTransform place;
-  place.translate(kClefLeft, kStepLine);
-  place.scale(factor, factor);
-  place.translate(-box.left(), -(box.bottom() - belowLine * box.height()));
-  return place.map(clef);
+  QTransform transform;
+  transform.translate(kClefLeft, kStepLine);
+  transform.scale(factor, factor);
+  transform.translate(-box.left(), -(box.bottom() - belowLine * box.height()));
+  return transform.map(clef);
 }
 
 double BelowLineOf(const QString& family) {
@@ -100,13 +101,13 @@ double BelowLineOf(const QString& family) {
 }
 
 QString EuterpeFile() {
-  QStringList places{QCoreApplication::applicationDirPath() + QStringLiteral("/fonts/Euterpe.ttf")};
+  QStringList files{QCoreApplication::applicationDirPath() + QStringLiteral("/fonts/Euterpe.ttf")};
   for (const QString& folder : QStandardPaths::standardLocations(QStandardPaths::FontsLocation)) {
-    places << folder + QStringLiteral("/truetype/euterpe/Euterpe.ttf") << folder + QStringLiteral("/Euterpe.ttf");
+    files << folder + QStringLiteral("/truetype/euterpe/Euterpe.ttf") << folder + QStringLiteral("/Euterpe.ttf");
   }
   const auto found =
-      std::find_if(places.cbegin(), places.cend(), [](const QString& file) { return QFile::exists(file); });
-  return found == places.cend() ? QString() : *found;
+      std::find_if(files.cbegin(), files.cend(), [](const QString& file) { return QFile::exists(file); });
+  return found == files.cend() ? QString() : *found;
 }
 
 MusicFont FindMusicFont() {
@@ -129,8 +130,8 @@ const MusicFont& MusicFont::Shared() {
   return font;
 }
 
-MusicFont MusicFont::Placed(QString origin, const Outlines& signs, double belowLine) {
-  const auto& [clef, head, sharp] = signs;
+MusicFont MusicFont::Placed(QString origin, const Outlines& outlines, double belowLine) {
+  const auto& [clef, head, sharp] = outlines;
   MusicFont font;
   font.origin_ = std::move(origin);
   font.cell_ = {kCellHeight, kBaseline};
@@ -139,24 +140,25 @@ MusicFont MusicFont::Placed(QString origin, const Outlines& signs, double belowL
       CentredOn(head, kHeadWidth / headBox.width(), kHeadHeight / headBox.height(), kHeadMiddle, kStepLine);
   const double headEnd = kHeadLeft + kHeadWidth;
   const QPainterPath placedClef = PlacedClef(clef, belowLine);
-  // The pen is at the head's end when the sharp is printed, and stays there: the sharp goes back before the head.
+  // The sharp is printed after the notehead, without an advance: its outline is shifted to the left of the notehead.
   font.glyphs_ = {Glyph{placedClef, placedClef.boundingRect().right() + kClefLeft}, Glyph{placedHead, headEnd},
                   Glyph{sharp.translated(kSharpMiddle - headEnd, kStepLine), 0}};
   return font;
 }
 
-std::optional<MusicFont> MusicFont::FromGlyphs(QString origin, const QString& family, const GlyphSource& glyphOf) {
-  Outlines signs;
-  for (std::size_t i = 0; i < signs.size(); ++i) {
-    const Sign& sign = kAllSigns.at(i);
-    signs.at(i) = sign.code == kSharp ? sign.painted() : glyphOf(sign.character);
-    if (signs.at(i).isEmpty()) return std::nullopt;
+std::optional<MusicFont> MusicFont::FromGlyphs(QString origin, const QString& family,
+                                               const OutlineOfCharacter& outlineOf) {
+  Outlines outlines;
+  for (std::size_t i = 0; i < outlines.size(); ++i) {
+    const GlyphSource& source = kGlyphSources.at(i);
+    outlines.at(i) = source.code == kSharp ? source.painted() : outlineOf(source.character);
+    if (outlines.at(i).isEmpty()) return std::nullopt;
   }
-  return Placed(std::move(origin), signs, BelowLineOf(family));
+  return Placed(std::move(origin), outlines, BelowLineOf(family));
 }
 
 std::optional<MusicFont> MusicFont::FromFile(const QString& fileName) {
-  // No folder, no pipe that nobody writes to, nothing without an end.
+  // Fonts are loaded completely: refuses folders, pipes and endless files.
   constexpr qint64 kLargestFont = qint64{64} << 20;
   const QFileInfo file(fileName);
   if (!file.isFile() || file.size() > kLargestFont) return std::nullopt;
@@ -182,35 +184,36 @@ std::optional<MusicFont> MusicFont::FromAnyFamily() {
 std::optional<MusicFont> MusicFont::FromOwnCodes(const QString& family) {
   const QRawFont raw = RawOf(family);
   if (!raw.isValid()) return std::nullopt;
-  constexpr char32_t kSymbolPage = 0xF000;  // Where fonts with codes of their own keep them.
+  constexpr char32_t kSymbolPage = 0xF000;  // Private-use codes of symbol fonts.
   const double factor = kDesignEm / kOutlineEm;
   const double ascent = raw.ascent() * factor;
   MusicFont result;
   result.origin_ = family;
   result.cell_ = {(raw.ascent() + raw.descent()) * factor, ascent};
-  const QTransform place = QTransform::fromTranslate(0, ascent).scale(factor, factor);
-  for (std::size_t i = 0; i < kSigns; ++i) {
-    auto character = static_cast<char32_t>(static_cast<unsigned char>(kAllSigns[i].code));
+  const QTransform transform = QTransform::fromTranslate(0, ascent).scale(factor, factor);
+  for (std::size_t i = 0; i < kGlyphCount; ++i) {
+    auto character = static_cast<char32_t>(static_cast<unsigned char>(kGlyphSources[i].code));
     if (raw.supportsCharacter(kSymbolPage + character)) character += kSymbolPage;
     const QPainterPath outline = GlyphOf(raw, character);
     if (outline.isEmpty()) return std::nullopt;
     const QList<quint32> glyphs = raw.glyphIndexesForString(QString::fromUcs4(&character, 1));
-    result.glyphs_[i] = {place.map(outline), raw.advancesForGlyphIndexes(glyphs).first().x() * factor};
+    result.glyphs_[i] = {transform.map(outline), raw.advancesForGlyphIndexes(glyphs).first().x() * factor};
   }
   return result;
 }
 
 MusicFont MusicFont::Painted() {
-  Outlines signs;
-  std::transform(kAllSigns.begin(), kAllSigns.end(), signs.begin(), [](const Sign& sign) { return sign.painted(); });
-  const QRectF clef = signs.front().boundingRect();
-  return Placed(QStringLiteral("painted"), signs, clef.bottom() / clef.height());
+  Outlines outlines;
+  std::transform(kGlyphSources.begin(), kGlyphSources.end(), outlines.begin(),
+                 [](const GlyphSource& source) { return source.painted(); });
+  const QRectF clef = outlines.front().boundingRect();
+  return Placed(QStringLiteral("painted"), outlines, clef.bottom() / clef.height());
 }
 
 const MusicFont::Glyph* MusicFont::Find(char code) const {
-  const auto* const sign =
-      std::find_if(kAllSigns.begin(), kAllSigns.end(), [code](const Sign& known) { return known.code == code; });
-  return sign == kAllSigns.end() ? nullptr : &glyphs_[static_cast<std::size_t>(sign - kAllSigns.begin())];
+  const auto* const source = std::find_if(kGlyphSources.begin(), kGlyphSources.end(),
+                                          [code](const GlyphSource& known) { return known.code == code; });
+  return source == kGlyphSources.end() ? nullptr : &glyphs_[static_cast<std::size_t>(source - kGlyphSources.begin())];
 }
 
 TextCell MusicFont::Cell(double emPixels) const {

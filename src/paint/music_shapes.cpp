@@ -9,7 +9,7 @@
 namespace tonalith::paint::shapes {
 namespace {
 
-/// The outline of a pen of a given width drawn along `line`, free of overlaps.
+/// The outline of `line` drawn with a pen of the given width, without overlaps.
 QPainterPath Stroked(const QPainterPath& line, double width) {
   QPainterPathStroker pen;
   pen.setWidth(width);
@@ -57,7 +57,7 @@ QPainterPath WholeNote() {
 }
 
 QPainterPath Sharp() {
-  // Stems and the rows of the bars are whole pixels at scale 1, so that they stay black.
+  // Stems and bars cover complete pixels at scale 1, so that they stay black.
   QPainterPath sharp = Bar(-1.5, 1, -0.5, 1, 7);
   sharp.addPath(Bar(0.5, -1, 1.5, -1, 7));
   sharp.addPath(Bar(-2.5, -2.5, 2.5, -3.5, 1));

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The three signs of the staff as shapes of the program's own, for a system on which no font has them. Ten units to a
-// staff space, y downward, the clef's G line at y = 0. Filled by the winding rule. Pure functions.
+// Built-in outlines of the three glyphs of the staff, for systems without a music font. Ten units per staff space, y
+// downward, the G line of the clef at y = 0. Use the winding fill rule.
 
 #pragma once
 

@@ -11,7 +11,7 @@
 namespace tonalith::paint {
 namespace {
 
-/// Puts the painter's state back at the end of its scope.
+/// Restores the state of the painter at the end of the scope.
 class PainterStateGuard {
  public:
   explicit PainterStateGuard(QPainter& painter) : painter_(painter) { painter_.save(); }
@@ -28,8 +28,8 @@ struct Span {
   double length = 0;
 };
 
-/// A span of device dots. Thin ones keep their thickness wherever they fall, so that like lines look alike; long ones
-/// keep both ends.
+/// A span of device dots. Thin spans have the same thickness at every position, so that equal lines look equal; long
+/// spans have both ends rounded.
 Span Snapped(double from, double to) {
   constexpr double kThin = 8;
   const double start = std::round(from);
@@ -49,10 +49,10 @@ void FillSnapped(QPainter& painter, const QRectF& pixels, const QColor& colour) 
   const Span across = Snapped(device.left(), device.right());
   const Span down = Snapped(device.top(), device.bottom());
   const QTransform fromDevice = toDevice.inverted();
-  // Whole dots have no edges to be smoothed, but Qt would take the long way to find that out.
+  // Snapped rectangles need no antialiasing, but Qt would take the slow path.
   const bool isSmooth = painter.testRenderHint(QPainter::Antialiasing);
   if (isSmooth) painter.setRenderHint(QPainter::Antialiasing, false);
-  // Higher than this, Qt starts threads to blend the rows, which costs more than the blending.
+  // Above this height Qt starts threads to blend the lines, which is slower than the blending.
   constexpr int kDotsAtOnce = 64;
   const int dots = qRound(down.length);
   for (int done = 0; done < dots; done += kDotsAtOnce) {
@@ -63,14 +63,14 @@ void FillSnapped(QPainter& painter, const QRectF& pixels, const QColor& colour) 
 }
 
 void PainterSurface::DoCls() {
-  if (ground_.style() == Qt::NoBrush) return;
-  const PainterStateGuard keeper(painter_);
+  if (background_.style() == Qt::NoBrush) return;
+  const PainterStateGuard guard(painter_);
   painter_.resetTransform();
-  painter_.fillRect(painter_.viewport(), ground_);
+  painter_.fillRect(painter_.viewport(), background_);
 }
 
 void PainterSurface::DoPrint(PixelPoint at, std::string_view text, const SurfaceFont& font, Bgr colour) {
-  const PainterStateGuard keeper(painter_);
+  const PainterStateGuard guard(painter_);
   painter_.setRenderHint(QPainter::Antialiasing);
   const QColor ink(ToRgb(colour));
   if (IsMusicFont(font)) {
@@ -85,7 +85,7 @@ void PainterSurface::DoPrint(PixelPoint at, std::string_view text, const Surface
 }
 
 void PainterSurface::DoLine(PixelPoint from, PixelPoint to, Bgr colour) {
-  const PainterStateGuard keeper(painter_);
+  const PainterStateGuard guard(painter_);
   const QColor ink(ToRgb(colour));
   if (from.x != to.x && from.y != to.y) {
     painter_.setRenderHint(QPainter::Antialiasing);
@@ -99,7 +99,7 @@ void PainterSurface::DoLine(PixelPoint from, PixelPoint to, Bgr colour) {
 }
 
 void PainterSurface::DoPaintPicture(PixelPoint at, const std::shared_ptr<const SurfacePicture>& picture) {
-  const PainterStateGuard keeper(painter_);
+  const PainterStateGuard guard(painter_);
   painter_.translate(at.x, at.y);
   picture->PaintOn(painter_);
 }

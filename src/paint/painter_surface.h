@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A drawing surface on a painter. The painter's transformation says how large a pixel is on the device, so the same
-// drawing is crisp on a screen at any scale factor and on a printer at 600 dots to the inch: text and glyphs are
-// outlines, lines snap to whole device dots. The painter belongs to the caller and has to outlive the surface, which
-// leaves its state as it was. Never fails.
+// A drawing surface on a QPainter. The transformation of the painter defines the size of a pixel, so drawings are crisp
+// on a screen at any scale factor and on a printer at 600 dots per inch: text and glyphs are outlines, lines snap to
+// device dots. The painter must outlive the surface and keeps its state.
 
 #pragma once
 
@@ -17,8 +16,9 @@ namespace tonalith::paint {
 
 class PainterSurface : public DrawingSurface {
  public:
-  /// `ground` is what Cls fills the device with; without one, Cls leaves the device as it is.
-  explicit PainterSurface(QPainter& painter, const QBrush& ground = Qt::NoBrush) : painter_(painter), ground_(ground) {}
+  /// Cls fills the device with `background`; without one it leaves the device unchanged.
+  explicit PainterSurface(QPainter& painter, const QBrush& background = Qt::NoBrush)
+      : painter_(painter), background_(background) {}
 
  protected:
   void DoCls() override;
@@ -28,10 +28,10 @@ class PainterSurface : public DrawingSurface {
 
  private:
   QPainter& painter_;
-  QBrush ground_;
+  QBrush background_;
 };
 
-/// Fills a rectangle in pixels at scale 1 so that its edges fall on device dots and nothing thinner than a dot is lost.
+/// Fills a rectangle in pixels at scale 1. Its edges snap to device dots; it is at least one dot thick.
 void FillSnapped(QPainter& painter, const QRectF& pixels, const QColor& colour);
 
 }  // namespace tonalith::paint

@@ -18,7 +18,7 @@ constexpr qreal kCornerRadius = 6;
 void PaintPanel(QPainter& painter, const QRectF& rect, const QColor& fill, const QColor& outline, bool focusRing) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(Qt::NoPen);
-  // One shape on the other: Qt takes far longer to work out the line around a shape.
+  // Fills two shapes instead of stroking one: Qt is much slower at computing a stroke.
   painter.setBrush(focusRing ? QColor(kAccent) : outline);
   painter.drawRoundedRect(rect, kCornerRadius, kCornerRadius);
   const qreal line = focusRing ? 2.0 : 1.0;

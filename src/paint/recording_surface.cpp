@@ -20,7 +20,7 @@ struct Overloaded : Cases... {
 template <class... Cases>
 Overloaded(Cases...) -> Overloaded<Cases...>;
 
-/// Whole numbers bare, others with two digits behind the point.
+/// Integers without a decimal point, others with two decimals.
 std::string Number(double value) {
   std::array<char, 32> text{};
   const bool whole = value == static_cast<double>(static_cast<std::int64_t>(value));

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A drawing surface that remembers: every step as a command in pixels, readable as text (one command a line) and
-// repeatable on any other surface. Clearing forgets what was drawn before, as it does on paper. Owned by whoever draws;
-// copies are independent. One thread at a time; never fails.
+// A drawing surface that records every step as a command in pixels. Recordings are readable as text (one command per
+// line) and can be replayed on another surface. Cls removes the commands recorded before. Copies are independent. One
+// thread at a time.
 
 #pragma once
 
@@ -38,15 +38,15 @@ class RecordingSurface : public DrawingSurface {
  public:
   [[nodiscard]] const std::vector<DrawCommand>& Commands() const { return commands_; }
 
-  /// One command a line: `line 743,123 1033,123`, `print "F#" at 4,5`, `print 119 73 at 815,113` in the music font,
-  /// `picture note at 0,0`. A line `font ...` stands before the first print of each font and `colour ...` before the
-  /// first step of each colour other than black.
+  /// One command per line: `line 743,123 1033,123`, `print "F#" at 4,5`, `print 119 73 at 815,113` in the music font,
+  /// `picture note at 0,0`. A line `font ...` precedes the first print of each font, `colour ...` the first step of
+  /// each colour other than black.
   [[nodiscard]] std::string AsText() const;
 
-  /// Draws everything again on `target`, whose scale mode becomes pixels, with the origin at `origin` there.
+  /// Draws all commands on `target`, with the origin at `origin`; sets its scale mode to pixels.
   void ReplayOn(DrawingSurface& target, PixelPoint origin = {}) const;
 
-  /// The rectangle that holds the ink of all lines and the ink of all prints in the music font, in pixels.
+  /// The bounding box, in pixels, of all lines and of the glyphs of all prints in the music font.
   [[nodiscard]] QRectF InkBounds() const;
 
  protected:

@@ -8,23 +8,23 @@
 namespace tonalith::paint {
 namespace {
 
-/// `ink`, moved towards the window's text colour until it can be read on the window's ground.
-QColor Readable(QColor ink, const QPalette& palette) {
+/// `text`, moved towards the text colour of the window until it is readable on the window background.
+QColor Readable(QColor text, const QPalette& palette) {
   constexpr double kWanted = 4.6;
-  const QColor ground = palette.color(QPalette::Window);
-  const QColor text = palette.color(QPalette::WindowText);
-  for (int step = 0; step < 10 && ContrastRatio(ink, ground) < kWanted; ++step) ink = Mix(ink, text, 0.2F);
-  return ink;
+  const QColor background = palette.color(QPalette::Window);
+  const QColor windowText = palette.color(QPalette::WindowText);
+  for (int step = 0; step < 10 && ContrastRatio(text, background) < kWanted; ++step) text = Mix(text, windowText, 0.2F);
+  return text;
 }
 
-void SetGrounds(QPalette& warm, bool dark) {
+void SetBackgrounds(QPalette& warm, bool dark) {
   const QColor window = dark ? QColor(0x26, 0x22, 0x1f) : QColor(0xf6, 0xf4, 0xf0);
   warm.setColor(QPalette::Window, window);
   warm.setColor(QPalette::Base, dark ? QColor(0x1d, 0x1a, 0x18) : QColor(0xff, 0xff, 0xff));
   warm.setColor(QPalette::AlternateBase, dark ? QColor(0x2b, 0x27, 0x23) : QColor(0xfa, 0xf8, 0xf4));
   warm.setColor(QPalette::Button, dark ? QColor(0x36, 0x31, 0x2c) : QColor(0xff, 0xff, 0xff));
   warm.setColor(QPalette::ToolTipBase, dark ? QColor(0x3d, 0x37, 0x31) : QColor(0xff, 0xfa, 0xee));
-  // The edges that a style draws: lit and shaded sides of the same ground.
+  // The edges drawn by a style: lighter and darker sides of the background.
   warm.setColor(QPalette::Light, Mix(window, Qt::white, dark ? 0.16F : 0.8F));
   warm.setColor(QPalette::Midlight, Mix(window, Qt::white, dark ? 0.1F : 0.4F));
   warm.setColor(QPalette::Mid, Mix(window, Qt::black, dark ? 0.3F : 0.25F));
@@ -62,7 +62,7 @@ QPalette WarmPalette(const QPalette& system) {
   }
   QPalette warm = system;
   const bool dark = IsDark(system);
-  SetGrounds(warm, dark);
+  SetBackgrounds(warm, dark);
   SetTexts(warm, dark);
   SetSelection(warm, dark);
   warm.setColor(QPalette::PlaceholderText, SecondaryText(warm));

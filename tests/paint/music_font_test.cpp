@@ -32,7 +32,7 @@ QImage Print(const MusicFont& font, std::string_view codes, double scale) {
   });
 }
 
-/// What the process has taken at most so far, in KiB.
+/// The peak memory of the process, in KiB.
 long MemoryAtMost() {
   rusage usage{};
   ::getrusage(RUSAGE_SELF, &usage);
@@ -48,7 +48,7 @@ struct Case {
 MusicFont Found() { return MusicFont::Shared(); }
 MusicFont AnyFamily() { return MusicFont::FromAnyFamily().value(); }
 
-/// What holds for every font that stands in for the music font, at every scale factor.
+/// Requirements for every substitute of the music font, at every scale factor.
 class SubstituteMusicFont : public testing::TestWithParam<Case> {
  protected:
   [[nodiscard]] QImage Printed(std::string_view codes) const {
@@ -57,7 +57,7 @@ class SubstituteMusicFont : public testing::TestWithParam<Case> {
   [[nodiscard]] double Scale() const { return GetParam().scale; }
 };
 
-TEST_P(SubstituteMusicFont, ReportsTheCellThatTheStaffArithmeticPresumes) {
+TEST_P(SubstituteMusicFont, ReportsTheCellThatTheStaffLayoutAssumes) {
   const MusicFont font = GetParam().font();
   EXPECT_DOUBLE_EQ(font.Cell(kEm).height, 200);
   EXPECT_DOUBLE_EQ(font.Cell(kEm).baseline, 50);
@@ -75,16 +75,16 @@ TEST_P(SubstituteMusicFont, CentresTheWholeNoteOnTheStepLineAndOnTheLedgerLine) 
   EXPECT_NEAR(ink.height(), 9 * Scale(), 1 + 0.5 * Scale()) << "a head fills its space";
 }
 
-TEST_P(SubstituteMusicFont, CurlsTheClefRoundTheGLine) {
+TEST_P(SubstituteMusicFont, CurlsTheClefAroundTheGLine) {
   const QImage image = Printed("&");
   const QRectF ink = tests::InkBox(image, image.rect());
   ASSERT_FALSE(ink.isEmpty());
-  // It crosses the line as outer curve, inner curl, stem and belly; it rises above the staff and hangs below it.
+  // The clef crosses the G line as outer curve, inner curl, stem and belly; it extends above and below the staff.
   const int gLine = static_cast<int>(kStepLine * Scale());
   EXPECT_GE(tests::InkRuns(image, gLine, 0, image.width()), 3);
   EXPECT_LT(ink.top(), (kStepLine - 30) * Scale());
   EXPECT_GT(ink.bottom(), (kStepLine + 15) * Scale());
-  // The belly is widest round the line: its outer curve reaches both sides there.
+  // The belly is widest near the line, where its outer curve reaches both sides.
   const QRectF belly = tests::InkBox(image, QRect(0, gLine - qRound(3 * Scale()), image.width(), qRound(6 * Scale())));
   EXPECT_GT(belly.width(), 0.85 * ink.width());
 }
@@ -92,7 +92,7 @@ TEST_P(SubstituteMusicFont, CurlsTheClefRoundTheGLine) {
 TEST_P(SubstituteMusicFont, EndsTheClefBeforeTheFirstColumn) {
   const QRectF ink = GetParam().font().Outline("&", kEm).boundingRect();
   EXPECT_GE(ink.left(), 0);
-  EXPECT_LT(ink.right(), 796 - 3 - 766) << "the first ledger line begins 27 pixels behind the clef's position";
+  EXPECT_LT(ink.right(), 796 - 3 - 766) << "the first ledger line starts 27 pixels after the clef's position";
 }
 
 TEST_P(SubstituteMusicFont, CentresTheSharpOnTheStepLine) {
@@ -101,7 +101,7 @@ TEST_P(SubstituteMusicFont, CentresTheSharpOnTheStepLine) {
   EXPECT_GT(sharp.height(), 14);
 }
 
-TEST_P(SubstituteMusicFont, PutsTheSharpBeforeItsHeadWithAPixelFreeOnEitherSide) {
+TEST_P(SubstituteMusicFont, PutsTheSharpBeforeItsHeadWithAPixelOnEachSide) {
   const MusicFont font = GetParam().font();
   const QRectF head = font.Outline("w", kEm).boundingRect();
   const QRectF sharp = font.Outline("I", kEm).boundingRect().translated(font.Width("w", kEm), 0);
@@ -112,7 +112,7 @@ TEST_P(SubstituteMusicFont, PutsTheSharpBeforeItsHeadWithAPixelFreeOnEitherSide)
   EXPECT_DOUBLE_EQ(font.Width("wI", kEm), font.Width("w", kEm));
 }
 
-TEST_P(SubstituteMusicFont, LeavesEmptyDotsOnEitherSideOfTheSharp) {
+TEST_P(SubstituteMusicFont, LeavesEmptyDotsOnEachSideOfTheSharp) {
   const MusicFont font = GetParam().font();
   const QImage image = tests::Painted(60, 120, Scale(), [&](QPainter& painter) {
     painter.setRenderHint(QPainter::Antialiasing);
@@ -149,7 +149,7 @@ TEST_P(SubstituteMusicFont, DrawsASharpThatShowsTwoStemsAndTwoBars) {
   EXPECT_EQ(bars, 2);
 }
 
-TEST_P(SubstituteMusicFont, LeavesNoInkForOtherCodes) {
+TEST_P(SubstituteMusicFont, DrawsNothingForOtherCodes) {
   EXPECT_TRUE(GetParam().font().Outline("xyz", kEm).isEmpty());
   EXPECT_DOUBLE_EQ(GetParam().font().Width("xyz", kEm), 0);
 }
@@ -168,18 +168,18 @@ std::vector<Case> Cases() {
 INSTANTIATE_TEST_SUITE_P(Fonts, SubstituteMusicFont, testing::ValuesIn(Cases()),
                          [](const auto& which) { return which.param.name; });
 
-TEST(MusicFont, IsFoundAsARealFontWhereTheProgramsPackagesAreInstalled) {
+TEST(MusicFont, IsARealFontIfThePackagesAreInstalled) {
   EXPECT_TRUE(MusicFont::Shared().Origin().contains(QLatin1String("Euterpe"), Qt::CaseInsensitive))
       << MusicFont::Shared().Origin().toStdString();
 }
 
-TEST(MusicFont, IsNothingFromAFileThatIsMissingOrNoFont) {
+TEST(MusicFont, IsNulloptForAFileThatIsMissingOrNoFont) {
   EXPECT_FALSE(MusicFont::FromFile(QString()).has_value());
   EXPECT_FALSE(MusicFont::FromFile(QStringLiteral("/no/such/font.ttf")).has_value());
   EXPECT_FALSE(MusicFont::FromFile(QStringLiteral(TONALITH_SOURCE_DIR "/CMakeLists.txt")).has_value());
 }
 
-TEST(MusicFont, IsNothingFromAFolderAPipeOrAFileWithoutAnEnd) {
+TEST(MusicFont, IsNulloptForAFolderAPipeOrAnEndlessFile) {
   const QTemporaryDir folder;
   const QString path = folder.filePath(QStringLiteral("Euterpe.ttf"));
   ASSERT_TRUE(QDir().mkdir(path));
@@ -196,7 +196,7 @@ TEST(MusicFont, IsNothingFromAFolderAPipeOrAFileWithoutAnEnd) {
   EXPECT_LT(MemoryAtMost() - before, 64L << 10) << "in KiB";
 }
 
-TEST(MusicFont, IsNothingFromAFamilyThatIsMissing) {
+TEST(MusicFont, IsNulloptForAMissingFamily) {
   EXPECT_FALSE(MusicFont::FromFamily(QStringLiteral("No Such Family")).has_value());
 }
 
@@ -210,7 +210,7 @@ TEST(MusicFont, IsTheSameFromTheFamilyAsFromTheFile) {
   EXPECT_NEAR(fromFamily.bottom(), fromFile.bottom(), 0.1);
 }
 
-TEST(MusicFont, KeepsTheOwnCellAndWidthsOfAFontThatHasTheCodes) {
+TEST(MusicFont, UsesTheCellAndWidthsOfAFontWithTheCodes) {
   QFont plain;
   plain.setHintingPreference(QFont::PreferNoHinting);
   plain.setPixelSize(static_cast<int>(kEm));
@@ -222,7 +222,7 @@ TEST(MusicFont, KeepsTheOwnCellAndWidthsOfAFontThatHasTheCodes) {
   EXPECT_NEAR(font.Cell(kEm).baseline, metrics.ascent(), 1);
   EXPECT_NEAR(font.Width("w", kEm), metrics.horizontalAdvance(QLatin1Char('w')), 0.5);
   const QRectF ink = font.Outline("w", kEm).boundingRect();
-  EXPECT_NEAR(ink.bottom(), metrics.ascent(), 1) << "a w stands on the baseline";
+  EXPECT_NEAR(ink.bottom(), metrics.ascent(), 1) << "a w is on the baseline";
 }
 
 }  // namespace

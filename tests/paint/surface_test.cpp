@@ -24,7 +24,7 @@ RecordingSurface InPixels() {
   return surface;
 }
 
-TEST(RecordingSurface, WritesOneCommandALine) {
+TEST(RecordingSurface, WritesOneCommandPerLine) {
   RecordingSurface surface = InPixels();
   surface.Line(743, 123, 1033, 123);
   surface.SetFontName("Maestro");
@@ -82,7 +82,7 @@ TEST(RecordingSurface, MovesToTheNextLineAfterAPrint) {
   EXPECT_DOUBLE_EQ(surface.CurrentY(), 27);
 }
 
-TEST(RecordingSurface, ForgetsWhatWasDrawnWhenItIsCleared) {
+TEST(RecordingSurface, RemovesItsCommandsWhenCleared) {
   RecordingSurface surface = InPixels();
   surface.Line(1, 1, 5, 1);
   surface.Cls();
@@ -91,7 +91,7 @@ TEST(RecordingSurface, ForgetsWhatWasDrawnWhenItIsCleared) {
   EXPECT_TRUE(surface.InkBounds().isNull());
 }
 
-TEST(RecordingSurface, DrawsTheSameAgainOnAnotherSurface) {
+TEST(RecordingSurface, ReplaysOnAnotherSurface) {
   RecordingSurface first = InPixels();
   first.SetForeColor(Bgr{0xFF0000});
   first.Line(1, 2, 30, 2);
@@ -145,7 +145,7 @@ TEST_P(PainterSurfaceAtScale, PrintsTextOnTheBaselineOfItsCell) {
   EXPECT_NEAR(ink.bottom() + 1, (5 + 28) * scale, 1);
 }
 
-TEST_P(PainterSurfaceAtScale, LeavesThePainterAsItWas) {
+TEST_P(PainterSurfaceAtScale, RestoresTheStateOfThePainter) {
   tests::Painted(40, 20, GetParam(), [](QPainter& painter) {
     painter.translate(3, 4);
     const QTransform before = painter.transform();
@@ -163,7 +163,7 @@ TEST_P(PainterSurfaceAtScale, LeavesThePainterAsItWas) {
 
 INSTANTIATE_TEST_SUITE_P(Scales, PainterSurfaceAtScale, testing::Values(1.0, 1.25, 1.5, 2.0, 6.25));
 
-TEST(PainterSurface, ClearsItsDeviceWithItsGround) {
+TEST(PainterSurface, ClearsItsDeviceWithItsBackground) {
   const QImage image = tests::Painted(10, 10, 1, [](QPainter& painter) {
     painter.fillRect(0, 0, 10, 10, Qt::black);
     PainterSurface surface(painter, Qt::white);
@@ -172,7 +172,7 @@ TEST(PainterSurface, ClearsItsDeviceWithItsGround) {
   EXPECT_TRUE(tests::InkBox(image, image.rect()).isNull());
 }
 
-TEST(FontChoice, KnowsAnInstalledFamilyWhateverItsCase) {
+TEST(FontChoice, FindsAnInstalledFamilyInAnyCase) {
   const std::string family = QFont().family().toStdString();
   const bool installed = FontIsInstalled(family);
   EXPECT_EQ(FontIsInstalled(QString::fromStdString(family).toUpper().toStdString()), installed);
@@ -181,7 +181,7 @@ TEST(FontChoice, KnowsAnInstalledFamilyWhateverItsCase) {
   EXPECT_FALSE(FontIsInstalled(""));
 }
 
-TEST(FontChoice, TakesTheDefaultFamilyForAMissingOne) {
+TEST(FontChoice, UsesTheDefaultFamilyForAMissingOne) {
   RecordingSurface surface;
   SetFontNameOrDefault(surface, "No Such Family");
   EXPECT_EQ(surface.Font().name, "MS Sans Serif");
@@ -205,7 +205,7 @@ TEST(Colours, ReadBlueFromTheHighByte) {
   EXPECT_EQ(ToRgb(Bgr{0x7F7F7F}), qRgb(127, 127, 127));
 }
 
-TEST(Colours, KnowTheContrastOfBlackOnWhite) {
+TEST(Colours, ComputeTheContrastOfBlackOnWhite) {
   EXPECT_NEAR(ContrastRatio(Qt::black, Qt::white), 21, 0.01);
   EXPECT_NEAR(ContrastRatio(Qt::white, Qt::white), 1, 0.01);
 }

@@ -22,13 +22,13 @@ QPalette Dark() {
   return palette;
 }
 
-TEST(Theme, LightSystemGetsTheWarmPaperGroundAndDarkOneADarkGround) {
+TEST(Theme, LightSystemGetsAPaperBackgroundAndDarkOneADarkBackground) {
   EXPECT_EQ(WarmPalette(Light()).color(QPalette::Window), QColor(0xf6, 0xf4, 0xf0));
   EXPECT_FALSE(IsDark(WarmPalette(Light())));
   EXPECT_TRUE(IsDark(WarmPalette(Dark())));
 }
 
-TEST(Theme, EveryInkCanBeReadOnItsGround) {
+TEST(Theme, EveryTextIsReadableOnItsBackground) {
   for (const QPalette& system : {Light(), Dark()}) {
     const QPalette warm = WarmPalette(system);
     const QColor ground = warm.color(QPalette::Window);
@@ -45,7 +45,7 @@ TEST(Theme, EveryInkCanBeReadOnItsGround) {
   }
 }
 
-TEST(Theme, InkCanBeReadOnAGroundThatIsNeitherLightNorDark) {
+TEST(Theme, TextIsReadableOnAMediumBackground) {
   QPalette grey(QColor(0x84, 0x84, 0x84));
   grey.setColor(QPalette::Window, QColor(0x84, 0x84, 0x84));
   grey.setColor(QPalette::WindowText, Qt::black);
@@ -53,7 +53,7 @@ TEST(Theme, InkCanBeReadOnAGroundThatIsNeitherLightNorDark) {
   EXPECT_GE(ContrastRatio(SiennaText(grey), grey.color(QPalette::Window)), 4.5);
 }
 
-TEST(Theme, WindowThatIsNotTheActiveOneLooksTheSame) {
+TEST(Theme, InactiveWindowLooksTheSame) {
   for (const QPalette& system : {Light(), Dark()}) {
     const QPalette warm = WarmPalette(system);
     for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button, QPalette::WindowText, QPalette::Text,
@@ -63,7 +63,7 @@ TEST(Theme, WindowThatIsNotTheActiveOneLooksTheSame) {
   }
 }
 
-TEST(Theme, EveryGroundAndSelectionIsWarm) {
+TEST(Theme, EveryBackgroundAndSelectionIsWarm) {
   for (const QPalette& system : {Light(), Dark()}) {
     const QPalette warm = WarmPalette(system);
     for (const auto role : {QPalette::Window, QPalette::AlternateBase, QPalette::ToolTipBase, QPalette::Highlight,
@@ -75,17 +75,17 @@ TEST(Theme, EveryGroundAndSelectionIsWarm) {
   }
 }
 
-TEST(Theme, PaletteThatIsWarmAlreadyStaysAsItIs) {
+TEST(Theme, WarmPaletteIsUnchanged) {
   for (const QPalette& system : {Light(), Dark()}) EXPECT_EQ(WarmPalette(WarmPalette(system)), WarmPalette(system));
 }
 
-TEST(Theme, PaletteOfStrongContrastIsLeftAlone) {
+TEST(Theme, HighContrastPaletteIsUnchanged) {
   QPalette strong(Qt::black);
   strong.setColor(QPalette::WindowText, Qt::white);
   EXPECT_EQ(WarmPalette(strong), strong);
 }
 
-TEST(Theme, WhiteOnTheAccentCanBeRead) { EXPECT_GE(ContrastRatio(Qt::white, QColor(kAccent)), 4.5); }
+TEST(Theme, WhiteIsReadableOnTheAccent) { EXPECT_GE(ContrastRatio(Qt::white, QColor(kAccent)), 4.5); }
 
 }  // namespace
 }  // namespace tonalith::paint

@@ -10,7 +10,7 @@
 namespace tonalith::paint {
 namespace {
 
-TEST(Twips, BecomeWholePixelsRoundedTowardZero) {
+TEST(Twips, BecomeIntegerPixelsRoundedTowardZero) {
   EXPECT_EQ(TwipsToPixels(2450), 163);
   EXPECT_EQ(TwipsToPixels(50), 3);
   EXPECT_EQ(TwipsToPixels(250), 16);
@@ -25,7 +25,7 @@ TEST(Twips, RoundTowardZeroBelowZeroAsWell) {
   EXPECT_EQ(TwipsToPixels(-2450), -163);
 }
 
-TEST(Twips, TakeTheWholeRangeOf32Bits) {
+TEST(Twips, SupportTheFullRangeOf32Bits) {
   EXPECT_EQ(TwipsToPixels(std::numeric_limits<std::int32_t>::max()), 143165576);
   EXPECT_EQ(TwipsToPixels(std::numeric_limits<std::int32_t>::min()), -143165576);
 }
