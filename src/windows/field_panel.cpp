@@ -12,10 +12,10 @@
 
 namespace tonalith::windows {
 
-FieldPanel::FieldPanel(QWidget* box, QWidget* parent, int room) : QWidget(parent), box_(box) {
-  constexpr int kBesideBox = 8;
+FieldPanel::FieldPanel(QWidget* box, QWidget* parent, int padding) : QWidget(parent), box_(box) {
+  constexpr int kSideMargin = 8;
   auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(kBesideBox, room, kBesideBox, room);
+  row->setContentsMargins(kSideMargin, padding, kSideMargin, padding);
   row->addWidget(box);
   box->installEventFilter(this);
 }

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The rounded panel around a text box or a list box, painted like the buttons beside it, with the focus ring while the
-// box has the focus, and flat while its content cannot be changed. Takes the box as its child; hidden and shown with
-// it. Owned by its parent widget; user-interface thread; never fails.
+// The rounded panel around a text box or a list box, painted like a button, with a focus ring if the box has the focus,
+// and flat if its content is read-only. The box becomes its child; both are shown and hidden together.
 
 #pragma once
 
@@ -15,8 +14,8 @@ class FieldPanel : public QWidget {
   Q_OBJECT
 
  public:
-  /// `room` is kept free above and below the box, in pixels.
-  FieldPanel(QWidget* box, QWidget* parent, int room = 5);
+  /// `padding` is the free space above and below the box, in pixels.
+  FieldPanel(QWidget* box, QWidget* parent, int padding = 5);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

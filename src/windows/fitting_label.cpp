@@ -13,7 +13,7 @@ namespace tonalith::windows {
 namespace {
 
 constexpr int kChipMargin = 9;
-/// The chip below a dark text on a dark window: the colour of dry sand, on which pure blue keeps 4.5 to 1.
+/// The chip under a dark text on a dark window: the colour of dry sand, on which pure blue has a contrast of 4.5 to 1.
 constexpr QRgb kChip = 0xFFDCCBB0;
 /// The size in which bold text is laid out, whatever its size on the screen: that of most bold texts of a window.
 constexpr int kBoldLayoutPixels = 14;
@@ -31,8 +31,8 @@ FittingLabel::FittingLabel(const QString& name, Sizes sizes, QFont::Weight weigh
   setTextFormat(Qt::PlainText);
 }
 
-void FittingLabel::SetTextColour(const QColor& ink) {
-  ink_ = ink;
+void FittingLabel::SetTextColour(const QColor& colour) {
+  textColour_ = colour;
   update();
 }
 
@@ -99,8 +99,8 @@ const FittingLabel::Fit& FittingLabel::FitNow() const {
 
 bool FittingLabel::NeedsChip() const {
   constexpr double kLeastContrast = 3.0;
-  return ink_.isValid() && !text().isEmpty() &&
-         paint::ContrastRatio(ink_, palette().color(QPalette::Window)) < kLeastContrast;
+  return textColour_.isValid() && !text().isEmpty() &&
+         paint::ContrastRatio(textColour_, palette().color(QPalette::Window)) < kLeastContrast;
 }
 
 void FittingLabel::PaintChip(QPainter& painter) const {
@@ -140,7 +140,7 @@ void FittingLabel::paintEvent(QPaintEvent* /*event*/) {
   const Fit& fit = FitNow();
   QPainter painter(this);
   if (NeedsChip()) PaintChip(painter);
-  painter.setPen(ink_.isValid() ? ink_ : palette().color(QPalette::WindowText));
+  painter.setPen(textColour_.isValid() ? textColour_ : palette().color(QPalette::WindowText));
   const double magnification = Magnification(fit.pixels);
   painter.scale(magnification, magnification);
   if (fit.fits) {

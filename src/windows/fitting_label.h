@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A label whose text always fits its box: it is set in the largest size between two bounds at which it fits, wrapped
-// where the box is high enough, and only below the smallest size it ends in an ellipsis. The whole text stays available
-// to assistive technology. Plain text only. Owned by its parent widget; user-interface thread; never fails.
+// A label whose text always fits: it uses the largest size between two bounds at which the text fits, wraps it if the
+// label is high enough, and elides it only at the smallest size. Assistive technology gets the complete text. Plain
+// text only.
 
 #pragma once
 
@@ -15,7 +15,7 @@
 
 namespace tonalith::windows {
 
-/// The text as a layout takes it: its line ends, of whatever kind, made separators of lines.
+/// The text for a QTextLayout: line ends of any kind become line separators.
 QString WithLineSeparators(QString text);
 
 class FittingLabel : public QLabel {
@@ -29,15 +29,15 @@ class FittingLabel : public QLabel {
 
   FittingLabel(const QString& name, Sizes sizes, QFont::Weight weight, QWidget* parent);
 
-  /// The colour of the text; the palette's own where none is set. A colour that could not be read on the window's
-  /// ground stands on a light chip.
-  void SetTextColour(const QColor& ink);
+  /// The colour of the text; without one, that of the palette. A colour that is unreadable on the window background
+  /// gets a light chip.
+  void SetTextColour(const QColor& colour);
 
-  /// The pixel size in which the present text is set.
+  /// The pixel size of the current text.
   [[nodiscard]] int FittedPixelSize() const;
-  /// The same as a font.
+  /// The font of the current text.
   [[nodiscard]] QFont FittedFont() const { return FontOf(FittedPixelSize()); }
-  /// Whether the text is too long even at the smallest size.
+  /// Whether the text does not fit at the smallest size.
   [[nodiscard]] bool IsElided() const;
 
  protected:
@@ -51,7 +51,7 @@ class FittingLabel : public QLabel {
     int height = -1;
     int pixels = 0;
     bool fits = true;
-    /// The text as it is painted; of one that does not fit, all that there was room for.
+    /// The painted text; if it does not fit, the lines that do.
     std::unique_ptr<QTextLayout> layout;
   };
 
@@ -60,7 +60,7 @@ class FittingLabel : public QLabel {
   [[nodiscard]] int LayoutPixels(int pixels) const;
   [[nodiscard]] double Magnification(int pixels) const;
   [[nodiscard]] QFont LayoutFont(int pixels) const;
-  /// Lays the text out at a size; true when all of it is within the box.
+  /// Lays out the text at a size; returns whether all of it fits.
   bool LayOut(QTextLayout& layout, int pixels) const;
   [[nodiscard]] const Fit& FitNow() const;
   [[nodiscard]] bool NeedsChip() const;
@@ -69,7 +69,7 @@ class FittingLabel : public QLabel {
 
   Sizes sizes_;
   QFont::Weight weight_;
-  QColor ink_;
+  QColor textColour_;
   mutable Fit fit_;
 };
 

@@ -15,7 +15,7 @@
 namespace tonalith::windows {
 namespace {
 
-/// Left and right of a caption together.
+/// The sum of the margins left and right of a caption.
 constexpr int kCaptionMargins = 8;
 constexpr int kSmallestPixels = 9;
 
@@ -39,8 +39,8 @@ void PanelButton::SetKind(Kind kind) {
 
 bool PanelButton::event(QEvent* event) {
   if (event->type() != QEvent::Shortcut) return QPushButton::event(event);
-  // Qt shows such a button pressed for a moment before it acts, and what is typed in that moment would go into the box
-  // that has the focus: in the editor, with Alt+A, into the name of the record that was there before.
+  // Qt shows the button pressed for a moment before it acts. Keys typed in that moment would go into the focused box:
+  // in the editor, after Alt+A, into the name of the previous record.
   click();
   return true;
 }
@@ -56,8 +56,8 @@ QFont PanelButton::FittedFont() const {
     pixels = qMax(14, pixels);
     fitted = paint::BoldFont(fitted, pixels);
   }
-  const int room = width() - kCaptionMargins;
-  while (pixels > kSmallestPixels && QFontMetrics(fitted).size(Qt::TextShowMnemonic, text()).width() > room) {
+  const int available = width() - kCaptionMargins;
+  while (pixels > kSmallestPixels && QFontMetrics(fitted).size(Qt::TextShowMnemonic, text()).width() > available) {
     fitted.setPixelSize(--pixels);
   }
   return fitted;

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The push button of Tonalith's windows: a flat rounded panel in the palette's colours, or filled with the accent for
-// the one main action of a window. Painted, so that it is crisp at any scale factor. Owned by its parent widget;
-// user-interface thread; never fails.
+// The push button of all windows: a flat rounded panel in the colours of the palette, or filled with the accent for the
+// only main action of a window. Painted, so that it is crisp at any scale factor.
 
 #pragma once
 
@@ -23,7 +22,7 @@ class PanelButton : public QPushButton {
   void SetKind(Kind kind);
 
   [[nodiscard]] QSize sizeHint() const override;
-  /// The font of the caption: the button's own, or as much smaller as a long caption needs where the place is fixed.
+  /// The font of the caption: the font of the button, reduced if a long caption needs it.
   [[nodiscard]] QFont FittedFont() const;
 
  protected:

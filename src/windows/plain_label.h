@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The label of a form: shows its text as it is written, whatever looks like markup in it. User-interface thread; never
-// fails.
+// A label that shows its text literally, without interpreting markup.
 
 #pragma once
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// How much room a window has on its screen. Sizes are logical pixels, as widgets have them. User-interface thread;
-// never fails.
+// The space for a window on its screen, in logical pixels.
 
 #pragma once
 
@@ -14,11 +13,11 @@ class QWidget;
 
 namespace tonalith::windows {
 
-/// The room for the content of a window on `screen`: what panels leave free, without a title bar and a frame. Nothing
-/// where no screen shows the windows, as on the platforms "offscreen" and "minimal".
+/// The space for the content of a window on `screen`, without panels, title bar and frame. nullopt on platforms that
+/// show no windows ("offscreen", "minimal").
 [[nodiscard]] std::optional<QSize> AvailableSize(const QScreen* screen);
 
-/// Gives `window` the size `wanted`, or as much of it as its screen has room for.
+/// Resizes `window` to `wanted`, limited to the available size of its screen.
 void ResizeWithinScreen(QWidget& window, QSize wanted);
 
 }  // namespace tonalith::windows

@@ -11,7 +11,7 @@ namespace tonalith::windows {
 
 QString ShownText(std::string_view text, std::size_t longest) {
   constexpr std::size_t kLargestCharacter = 4;
-  // Enough bytes for one character too many; the rest is not even looked at.
+  // Enough bytes for one character too many; the rest is not decoded.
   const std::string_view front = text.substr(0, (longest + 1) * kLargestCharacter);
   const std::vector<std::string_view> characters = core::Characters(front);
   const auto toQString = [](std::string_view part) {

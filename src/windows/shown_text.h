@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A text of a record as a window shows it. Other programs can write texts of any length into a library, and laying out
-// megabytes takes many seconds, so only what a record may hold is shown. The record stays as it is. Pure function, any
-// thread; never fails.
+// A text of a record, limited for display. Other programs can write texts of any length into a library, and laying out
+// megabytes takes many seconds. The record is not changed. Any thread.
 
 #pragma once
 
@@ -13,7 +12,7 @@
 
 namespace tonalith::windows {
 
-/// UTF-8 text, cut to `longest` characters of which the last is an ellipsis if it has more.
+/// UTF-8 text, cut to `longest` characters; a cut text ends in an ellipsis.
 QString ShownText(std::string_view text, std::size_t longest);
 
 }  // namespace tonalith::windows

@@ -30,10 +30,10 @@ class FieldPanelLook : public testing::Test {
     QApplication::processEvents();
   }
 
-  /// The colour beside the box, where the panel itself shows.
-  [[nodiscard]] QColor Ground() { return panel_.grab().toImage().pixelColor(4, panel_.height() / 2); }
-  /// The colour of its rim, in the middle of the left side.
-  [[nodiscard]] QColor Rim() { return panel_.grab().toImage().pixelColor(1, panel_.height() / 2); }
+  /// The colour next to the box, where the panel is visible.
+  [[nodiscard]] QColor Background() { return panel_.grab().toImage().pixelColor(4, panel_.height() / 2); }
+  /// The colour of the outline, in the middle of the left side.
+  [[nodiscard]] QColor Outline() { return panel_.grab().toImage().pixelColor(1, panel_.height() / 2); }
 
   QWidget form_;
   QLineEdit other_;
@@ -41,22 +41,22 @@ class FieldPanelLook : public testing::Test {
   FieldPanel panel_{box_, nullptr};
 };
 
-TEST_F(FieldPanelLook, StandsOnTheGroundOfBoxesAndIsFlatWhileItsContentCannotBeChanged) {
-  EXPECT_EQ(Ground(), QColor(Qt::yellow));
+TEST_F(FieldPanelLook, HasTheBoxBackgroundAndIsFlatWhileReadOnly) {
+  EXPECT_EQ(Background(), QColor(Qt::yellow));
   box_->setReadOnly(true);
-  EXPECT_EQ(Ground(), QColor(Qt::darkCyan));
+  EXPECT_EQ(Background(), QColor(Qt::darkCyan));
   box_->setReadOnly(false);
   box_->setEnabled(false);
-  EXPECT_EQ(Ground(), QColor(Qt::darkCyan));
+  EXPECT_EQ(Background(), QColor(Qt::darkCyan));
 }
 
-TEST_F(FieldPanelLook, WearsTheFocusRingWhileItsBoxHasTheFocus) {
-  EXPECT_NE(Rim(), QColor(paint::kAccent));
+TEST_F(FieldPanelLook, ShowsTheFocusRingWhileItsBoxHasTheFocus) {
+  EXPECT_NE(Outline(), QColor(paint::kAccent));
   box_->setFocus();
   ASSERT_TRUE(box_->hasFocus());
-  EXPECT_EQ(Rim(), QColor(paint::kAccent));
+  EXPECT_EQ(Outline(), QColor(paint::kAccent));
   other_.setFocus();
-  EXPECT_NE(Rim(), QColor(paint::kAccent));
+  EXPECT_NE(Outline(), QColor(paint::kAccent));
 }
 
 TEST_F(FieldPanelLook, IsHiddenAndShownWithItsBox) {
@@ -66,7 +66,7 @@ TEST_F(FieldPanelLook, IsHiddenAndShownWithItsBox) {
   EXPECT_FALSE(panel_.isHidden());
 }
 
-TEST_F(FieldPanelLook, KeepsAsMuchRoomAboveAndBelowTheBoxAsItIsTold) {
+TEST_F(FieldPanelLook, HasTheGivenPaddingAboveAndBelowTheBox) {
   const FieldPanel roomy(new QLineEdit, nullptr, 9);
   EXPECT_EQ(roomy.sizeHint().height() - panel_.sizeHint().height(), 8) << "twice 9 instead of 5";
 }

@@ -14,7 +14,7 @@
 namespace tonalith::windows {
 namespace {
 
-/// The columns of a rendered label that hold ink.
+/// The rightmost painted column of a rendered label.
 int RightmostInk(FittingLabel& label) {
   QImage image(label.size(), QImage::Format_RGB32);
   image.fill(Qt::white);
@@ -45,7 +45,7 @@ TEST_F(FittingLabelTest, ShortTextIsSetInTheLargestSize) {
   EXPECT_FALSE(label_.IsElided());
 }
 
-TEST_F(FittingLabelTest, LongerTextIsSetSmallerAndStaysWhole) {
+TEST_F(FittingLabelTest, LongerTextIsSmallerAndComplete) {
   label_.setText(QStringLiteral("Phrygian dominant flat four"));
   EXPECT_LT(label_.FittedPixelSize(), 30);
   EXPECT_FALSE(label_.IsElided());
@@ -54,7 +54,7 @@ TEST_F(FittingLabelTest, LongerTextIsSetSmallerAndStaysWhole) {
   EXPECT_LT(right, 300);
 }
 
-TEST_F(FittingLabelTest, TextThatNoSizeHoldsEndsInAnEllipsisInsideTheBox) {
+TEST_F(FittingLabelTest, TextTooLongForAnySizeEndsInAnEllipsisInsideTheBox) {
   label_.setText(QString(200, QLatin1Char('W')));
   EXPECT_EQ(label_.FittedPixelSize(), 15);
   EXPECT_TRUE(label_.IsElided());
@@ -62,7 +62,7 @@ TEST_F(FittingLabelTest, TextThatNoSizeHoldsEndsInAnEllipsisInsideTheBox) {
   EXPECT_EQ(label_.text().size(), 200);
 }
 
-TEST_F(FittingLabelTest, FittedFontIsTheLabelsOwnInTheFittedSizeAndTheGivenWeight) {
+TEST_F(FittingLabelTest, FittedFontIsTheLabelFontInTheFittedSizeAndGivenWeight) {
   QFont spaced = label_.font();
   spaced.setLetterSpacing(QFont::AbsoluteSpacing, 2);
   spaced.setPixelSize(11);
@@ -101,7 +101,7 @@ TEST_F(FittingLabelTest, LineBreaksBreakLines) {
   EXPECT_LT(two, label_.FittedPixelSize());
 }
 
-TEST_F(FittingLabelTest, AnotherFontIsFittedAnew) {
+TEST_F(FittingLabelTest, AnotherFontIsFittedAgain) {
   label_.setText(QStringLiteral("Phrygian"));
   ASSERT_EQ(label_.FittedPixelSize(), 30);
   QFont wide = label_.font();
@@ -110,7 +110,7 @@ TEST_F(FittingLabelTest, AnotherFontIsFittedAnew) {
   EXPECT_LT(label_.FittedPixelSize(), 30);
 }
 
-TEST_F(FittingLabelTest, InkThatIsTooDarkForTheWindowStandsOnARoundedWarmChip) {
+TEST_F(FittingLabelTest, TextTooDarkForTheWindowGetsARoundedWarmChip) {
   QPalette system(QColor(0x30, 0x30, 0x34));
   system.setColor(QPalette::WindowText, Qt::white);
   const QPalette dark = paint::WarmPalette(system);
