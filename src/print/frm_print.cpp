@@ -28,7 +28,7 @@ using platform::PaperOrientation;
 using platform::PaperSize;
 using windows::PanelButton;
 
-/// Above and below a caption together.
+/// The sum of the margins above and below a caption.
 constexpr int kButtonMargins = 14;
 
 QComboBox* MakeChoice(const char* name, const QString& accessibleName, const QStringList& entries, QWidget* parent) {
@@ -54,7 +54,7 @@ frmPrint::frmPrint(PrintOrder order, const PictureBox& page, QWidget* parent)
   ApplyTheme();
   core::DeferredFailure failure;
   failure.Try([this] { cmbPaper_->setCurrentIndex(order_.printing.UsualPaperSize() == PaperSize::kLetter ? 1 : 0); });
-  failure.Clear();  // A4 stands there then.
+  failure.Clear();  // A4 is the default.
   UpdatePreview();
   for (QComboBox* const choice : {cmbPaper_, cmbOrientation_}) {
     connect(choice, &QComboBox::currentIndexChanged, this, [this] {
@@ -124,11 +124,11 @@ void frmPrint::ApplyTheme() {
 
 bool frmPrint::event(QEvent* event) {
   const auto type = event->type();
-  const bool isLook =
+  const bool isAppearanceChange =
       type == QEvent::ApplicationPaletteChange || type == QEvent::ThemeChange || type == QEvent::FontChange;
   const bool isReady = cmdCancel_ != nullptr;
-  if (isReady && isLook) ApplyTheme();
-  // An event may destroy the window: nothing of it is used afterwards.
+  if (isReady && isAppearanceChange) ApplyTheme();
+  // The event may destroy the window; do not access members afterwards.
   return QDialog::event(event);
 }
 
@@ -163,15 +163,15 @@ void frmPrint::ShowPreviewMessages() {
 
 void frmPrint::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
-  // Asking the system for its printers may take a while: the page is on the screen before.
-  if (!std::exchange(isPrinterKnown_, true)) QTimer::singleShot(0, this, &frmPrint::LookForPrinter);
+  // Querying the printers of the system may take a while, so the page is shown first.
+  if (!std::exchange(isPrinterKnown_, true)) QTimer::singleShot(0, this, &frmPrint::DetectPrinter);
 }
 
-void frmPrint::LookForPrinter() {
+void frmPrint::DetectPrinter() {
   core::DeferredFailure failure;
   hasPrinter_ = false;
   failure.Try([this] { hasPrinter_ = order_.printing.HasPrinter(); });
-  failure.Clear();  // The dialog that prints will say what is wrong.
+  failure.Clear();  // The print dialog reports the cause.
   ShowMainAction();
   ShowPaper();
 }
@@ -197,7 +197,7 @@ void frmPrint::ShowStatus(const QString& text) {
   QAccessible::updateAccessibility(&alert);
 }
 
-void frmPrint::AskAndPrint(Question ask, AfterPrinting afterwards) {
+void frmPrint::AskAndPrint(RequestPrinter ask, AfterPrinting afterwards) {
   if (std::exchange(isAsking_, true)) return;
   const QPointer<frmPrint> self(this);
   core::MsgBox& msgBox = order_.msgBox;
@@ -218,7 +218,7 @@ void frmPrint::AskAndPrint(Question ask, AfterPrinting afterwards) {
   });
   if (!self.isNull()) {
     isAsking_ = false;
-    // What was saved before may still be shown.
+    // The status may still show the previous file.
     if (failure.Pending()) ShowStatus(tr("Nothing was printed."));
   }
   failure.ReportDescription(msgBox);

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The print helper: shows the page as it will come out, on A4 or Letter, landscape or portrait, and sends it to a
-// printer or into a PDF file. The preview is made by the procedure that prints. A page that went to a printer closes
-// the window; after a PDF file it stays. Escape and the close box cancel, which prints nothing. The window may be
-// destroyed at any time, also while it asks for a printer. Failures are shown as their description. Owned by its parent
-// or by whoever shows it; user-interface thread.
+// The print helper: a preview of the page on A4 or Letter, landscape or portrait, which it sends to a printer or saves
+// as a PDF file. The preview uses the procedure that prints. Printing closes the window; saving does not. Escape and
+// the close button cancel without printing. The window may be destroyed at any time, also while it waits for the dialog
+// of the system. Failures are shown as their description.
 
 #pragma once
 
@@ -32,7 +31,7 @@ struct PrintOrder {
   /// The document's title, UTF-8.
   std::string title;
   PrintShares shares;
-  /// Prints the page on a printer and reports its own failures.
+  /// Prints the page on a printer and shows its own failures.
   std::function<void(platform::Printer&)> print;
 };
 
@@ -40,11 +39,11 @@ class frmPrint : public QDialog {
   Q_OBJECT
 
  public:
-  /// Shows what stands on `page` now.
+  /// Shows the current content of `page`.
   frmPrint(PrintOrder order, const PictureBox& page, QWidget* parent);
   ~frmPrint() override;
 
-  /// Returns when the window is closed or gone.
+  /// Returns when the window is closed or destroyed.
   void ShowModal();
   void BringToFront();
 
@@ -59,20 +58,20 @@ class frmPrint : public QDialog {
   bool event(QEvent* event) override;
 
  private:
-  using Question = std::unique_ptr<platform::Printer> (platform::PrintService::*)(const platform::PrintJob&);
+  using RequestPrinter = std::unique_ptr<platform::Printer> (platform::PrintService::*)(const platform::PrintJob&);
   enum class AfterPrinting { kClose, kStay };
 
   void MakeControls();
   void LayOut();
   void ApplyTheme();
   void UpdatePreview();
-  /// What the preview had to say; the window may be gone afterwards.
+  /// Shows the messages of the preview; this may destroy the window.
   void ShowPreviewMessages();
-  void LookForPrinter();
-  /// What Enter does: printing, or saving where there is no printer. The focus goes along unless it was taken
-  /// elsewhere.
+  void DetectPrinter();
+  /// Makes printing the default button, or saving if there is no printer. The focus follows if it is on the other
+  /// button.
   void ShowMainAction();
-  void AskAndPrint(Question ask, AfterPrinting afterwards);
+  void AskAndPrint(RequestPrinter ask, AfterPrinting afterwards);
   void ShowStatus(const QString& text);
   void ShowPaper();
   [[nodiscard]] QString PaperText() const;

@@ -10,7 +10,7 @@
 namespace tonalith::print {
 namespace {
 
-/// Around the sheet, for its shadow.
+/// The margin around the sheet, for its shadow.
 constexpr double kMargin = 10;
 constexpr int kShadowSteps = 6;
 const QColor kSheetRim(0xc8, 0xc2, 0xb8);
@@ -52,12 +52,13 @@ void PageView::Show(const platform::Sheet& sheet, std::vector<PaintedPicture> pa
 }
 
 QRectF PageView::SheetRect() const {
-  const QRectF room = QRectF(rect()).adjusted(kMargin, kMargin, -kMargin, -kMargin);
-  if (sheet_.width <= 0 || sheet_.height <= 0 || room.isEmpty()) return {};
-  const double factor = std::min(room.width() / sheet_.width, room.height() / sheet_.height);
-  QRectF place(0, 0, std::floor(sheet_.width * factor), std::floor(sheet_.height * factor));
-  place.moveTo(std::floor(room.center().x() - place.width() / 2), std::floor(room.center().y() - place.height() / 2));
-  return place;
+  const QRectF available = QRectF(rect()).adjusted(kMargin, kMargin, -kMargin, -kMargin);
+  if (sheet_.width <= 0 || sheet_.height <= 0 || available.isEmpty()) return {};
+  const double factor = std::min(available.width() / sheet_.width, available.height() / sheet_.height);
+  QRectF sheet(0, 0, std::floor(sheet_.width * factor), std::floor(sheet_.height * factor));
+  sheet.moveTo(std::floor(available.center().x() - sheet.width() / 2),
+               std::floor(available.center().y() - sheet.height() / 2));
+  return sheet;
 }
 
 void PageView::UpdateShape() {

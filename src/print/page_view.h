@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A printed page on the screen: the sheet, white in every theme, as large as the widget allows, with what will be
-// painted on it, and a shape around the part that can be printed on. Owned by its parent widget; user-interface
-// thread; never fails.
+// A printed page on the screen: a sheet that is white in every theme, as large as the widget allows, with the pictures
+// to print and a frame around its printable area.
 
 #pragma once
 
@@ -14,7 +13,7 @@
 
 namespace tonalith::print {
 
-/// A thin dashed frame that lets the mouse through.
+/// A thin dashed frame that ignores the mouse.
 class FrameShape : public QWidget {
   Q_OBJECT
 
@@ -29,12 +28,12 @@ class PageView : public QWidget {
   Q_OBJECT
 
  public:
-  /// `shape` is the name of the shape around the printable area.
+  /// `shape` is the object name of the frame around the printable area.
   PageView(const QString& name, const QString& shape, QWidget* parent);
 
   void Show(const platform::Sheet& sheet, std::vector<PaintedPicture> painted);
 
-  /// Where the sheet lies in the widget, in pixels.
+  /// The rectangle of the sheet in the widget, in pixels.
   [[nodiscard]] QRectF SheetRect() const;
   [[nodiscard]] const std::vector<PaintedPicture>& Painted() const { return painted_; }
   [[nodiscard]] QSize sizeHint() const override { return {640, 480}; }

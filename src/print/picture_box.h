@@ -2,8 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // A picture box: a control to draw on, with a persistent image that can be copied to another box and printed. The image
-// is a recording of what was drawn, not dots, so it is as sharp on a printer as on the screen, and its text stays text.
-// It stands on white paper in every theme. Owned by its parent widget; user-interface thread; drawing does not fail.
+// is a recording, not pixels, so it is sharp on a printer and its text stays text. The background is white in every
+// theme.
 
 #pragma once
 
@@ -21,23 +21,23 @@ class PictureBox : public QWidget {
  public:
   PictureBox(const QString& name, QWidget* parent);
 
-  /// What is drawn here stays; without it, nothing is kept and the box is empty.
+  /// Whether drawings are stored; otherwise the box is empty.
   bool AutoRedraw = true;
-  /// A thin line around the image; it takes one pixel of each side from the inner size.
+  /// A border of one pixel, which reduces the inner size.
   bool BorderStyle = false;
 
   /// The inner size, in pixels.
   [[nodiscard]] double ScaleWidth() const { return width() - 2 * BorderWidth(); }
   [[nodiscard]] double ScaleHeight() const { return height() - 2 * BorderWidth(); }
 
-  /// The surface to draw on. Call update() when the box is on the screen.
+  /// The surface to draw on. If the box is visible, call update() after drawing.
   [[nodiscard]] paint::RecordingSurface& Surface() { return surface_; }
   [[nodiscard]] const paint::RecordingSurface& Surface() const { return surface_; }
 
-  /// What was drawn so far becomes the box's picture; null takes the picture away.
+  /// Sets the picture of the box; null removes it.
   void SetPicture(std::shared_ptr<const platform::PrintablePicture> picture) { picture_ = std::move(picture); }
   [[nodiscard]] const std::shared_ptr<const platform::PrintablePicture>& Picture() const { return picture_; }
-  /// The drawing as it stands now, in the inner size. Later drawing does not change it. Null for an empty box.
+  /// A copy of the current drawing, in the inner size. Null for an empty box.
   [[nodiscard]] std::shared_ptr<const platform::PrintablePicture> Image() const;
 
  protected:
@@ -50,8 +50,8 @@ class PictureBox : public QWidget {
   std::shared_ptr<const platform::PrintablePicture> picture_;
 };
 
-/// Copies what stands on `source` to `target`, with the source's origin at (left, top) in pixels. What stands there
-/// already stays underneath.
+/// Draws the commands of `source` on `target`, with the origin at (left, top) in pixels. Existing content of `target`
+/// stays underneath.
 void BitBlt(paint::DrawingSurface& target, double left, double top, const paint::RecordingSurface& source);
 
 }  // namespace tonalith::print

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A printer without paper: it keeps what would have been painted on a sheet, in points from the corner of the sheet's
-// printable area, so that a preview is made by the very procedure that prints. User-interface thread; never fails.
+// A printer for the preview: records the pictures to print, in points from the corner of the printable area, so that
+// the preview uses the procedure that prints.
 
 #pragma once
 
@@ -22,7 +22,7 @@ class PreviewPrinter : public platform::Printer {
  public:
   explicit PreviewPrinter(const platform::Sheet& sheet) : sheet_(sheet) {}
 
-  /// Its unit is the point, whatever the mode.
+  /// The unit is always the point.
   void SetScaleMode(platform::PrinterScaleMode /*mode*/) override {}
   [[nodiscard]] double ScaleWidth() override { return sheet_.printable.width; }
   [[nodiscard]] double ScaleHeight() override { return sheet_.printable.height; }

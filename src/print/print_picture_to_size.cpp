@@ -18,7 +18,7 @@ using platform::PrintPlace;
 
 constexpr std::int32_t kInvalidPicture = 481;
 constexpr double kPixelsPerInch = 96;
-/// Dots of a captured window to one of its pixels: enough for a page.
+/// Dots per pixel of a captured window: enough for a page.
 constexpr double kCaptureScale = 4;
 
 class CapturedWindow : public paint::SurfacePicture {
@@ -34,7 +34,7 @@ class CapturedWindow : public paint::SurfacePicture {
   QImage image_;
 };
 
-/// The window rendered into dots; null where there is nothing to render.
+/// An image of the window; null for a window without size.
 QImage PrintWindow(QWidget& view) {
   QImage image((QSizeF(view.size()) * kCaptureScale).toSize(), QImage::Format_ARGB32_Premultiplied);
   if (image.isNull()) return image;
@@ -56,6 +56,7 @@ void CaptureInto(PictureBox& printPic, QWidget& view) {
 
 }  // namespace
 
+// Kept: see docs/behaviour.md, picTemp is a control.
 void PrintPictureToSize(const PrintTools& tools, QWidget& form, const PictureBox& source, std::int16_t sizeShare,
                         std::int16_t verticalShare, std::int16_t horizontalShare) {
   core::DeferredFailure failure;

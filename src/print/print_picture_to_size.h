@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Printing a picture box, fitted to the page or as it is. Knows nothing of scales: any form, any picture box. Both
-// procedures go on past failures and show what is pending in a message box at their end. Printer and message box are
-// the caller's. User-interface thread.
+// Prints a picture box, fitted to the page or in its own size. Independent of scales: any form, any picture box. Both
+// functions continue after failures and show the pending one in a message box at the end.
 
 #pragma once
 
@@ -20,13 +19,13 @@ struct PrintTools {
   core::MsgBox& msgBox;
 };
 
-/// Prints the image of `source` on one page, as large as `sizeShare` percent of the printable area allow, at
-/// `verticalShare` and `horizontalShare` percent of what is left over. Until it returns the form has a child "picTemp".
+/// Prints the image of `source` on one page, at most `sizeShare` percent of the printable area, at `verticalShare` and
+/// `horizontalShare` percent of the remaining space. Until it returns, the form has a child "picTemp".
 void PrintPictureToSize(const PrintTools& tools, QWidget& form, const PictureBox& source, std::int16_t sizeShare,
                         std::int16_t verticalShare, std::int16_t horizontalShare);
 
-/// Prints `view` as it is on the screen: captures it into `printPic`, whose image is printed at the page's top left
-/// corner in its own size. A view that cannot be captured prints nothing and says so.
+/// Prints `view` as on the screen: captures it into `printPic` and prints that image at the top left corner of the page
+/// in its own size. If the view cannot be captured, prints nothing and shows a message.
 void CapturePrint(const PrintTools& tools, QWidget& view, PictureBox& printPic);
 
 }  // namespace tonalith::print

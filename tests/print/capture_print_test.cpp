@@ -22,7 +22,7 @@ using Message = tests::RecordingMsgBox::Message;
 
 constexpr const char* kNothing = "Bitmap creation failed \xE2\x80\x94 nothing to print.";
 
-/// A white window of 96 x 48 pixels, an inch by half an inch, with a black patch at (12, 6) of 24 x 12.
+/// A white window of 96 x 48 pixels (one inch by half an inch) with a black patch of 24 x 12 at (12, 6).
 class CapturePrintTest : public testing::Test {
  protected:
   CapturePrintTest() {
@@ -66,7 +66,7 @@ TEST_F(CapturePrintTest, PrintsWhatTheViewShows) {
   EXPECT_EQ(tests::InkBox(dots, dots.rect()), QRect(48, 24, 96, 48));
 }
 
-TEST_F(CapturePrintTest, ViewThatCannotBeCapturedPrintsNothingAndSaysSo) {
+TEST_F(CapturePrintTest, ViewThatCannotBeCapturedPrintsNothingWithAMessage) {
   view_.resize(0, 0);
   Print();
   EXPECT_THAT(box_.Messages(), ElementsAre(Message{kNothing, core::MsgBoxStyle::kOkOnly, ""}));
@@ -74,7 +74,7 @@ TEST_F(CapturePrintTest, ViewThatCannotBeCapturedPrintsNothingAndSaysSo) {
   EXPECT_EQ(script_.pages, 0);
 }
 
-TEST_F(CapturePrintTest, EarlierPictureIsNotPrintedInItsPlace) {
+TEST_F(CapturePrintTest, EarlierPictureIsNotPrintedInstead) {
   Print();
   view_.resize(0, 0);
   Print();

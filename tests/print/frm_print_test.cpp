@@ -30,7 +30,7 @@ using testing::IsEmpty;
 using testing::SizeIs;
 using Message = tests::RecordingMsgBox::Message;
 
-/// The print helper on a page of 1000 x 500 pixels that is one black frame.
+/// The print helper with a page of 1000 x 500 pixels that is a black frame.
 class FrmPrintTest : public testing::Test {
  protected:
   FrmPrintTest() {
@@ -75,10 +75,10 @@ class FrmPrintTest : public testing::Test {
   int prints_ = 0;
 };
 
-TEST_F(FrmPrintTest, ShowsThePageAsItWillComeOut) {
+TEST_F(FrmPrintTest, ShowsThePageAsItPrints) {
   Show();
   ASSERT_THAT(Picture1().Painted(), SizeIs(1));
-  // A4 lying: 806 x 559 points can be printed on.
+  // A4 landscape: the printable area is 806 x 559 points.
   EXPECT_DOUBLE_EQ(Place().width, 806 * 0.9);
   EXPECT_DOUBLE_EQ(Place().left, 806 * 0.1 * 0.15);
   EXPECT_DOUBLE_EQ(Place().top, (559 - 806 * 0.45) * 0.15);
@@ -87,7 +87,7 @@ TEST_F(FrmPrintTest, ShowsThePageAsItWillComeOut) {
   EXPECT_EQ(form_->findChild<PictureBox*>(QStringLiteral("picTemp")), nullptr);
 }
 
-TEST_F(FrmPrintTest, PaintsThePageOnTheSheetInItsShares) {
+TEST_F(FrmPrintTest, PaintsThePageOnTheSheetAtItsShares) {
   Show();
   const QImage dots = Picture1().grab().toImage().convertToFormat(QImage::Format_RGB32);
   const QRectF sheet = Picture1().SheetRect();
@@ -97,7 +97,7 @@ TEST_F(FrmPrintTest, PaintsThePageOnTheSheetInItsShares) {
   EXPECT_NEAR(ink.width() / sheet.width(), Place().width / 842, 0.005);
 }
 
-TEST_F(FrmPrintTest, Shape2OutlinesWhatCanBePrintedOn) {
+TEST_F(FrmPrintTest, Shape2OutlinesThePrintableArea) {
   Show();
   const QRectF sheet = Picture1().SheetRect();
   const QRect shape = Find<QWidget>("Shape2").geometry();
@@ -117,14 +117,14 @@ TEST_F(FrmPrintTest, FollowsPaperAndOrientation) {
   EXPECT_GT(Picture1().SheetRect().height(), Picture1().SheetRect().width());
 }
 
-TEST_F(FrmPrintTest, BeginsWithThePaperThatIsUsualHere) {
+TEST_F(FrmPrintTest, StartsWithTheUsualPaper) {
   service_.usualPaperSize = platform::PaperSize::kLetter;
   Show();
   EXPECT_EQ(form_->ChosenPaper(),
             (platform::Paper{platform::PaperSize::kLetter, platform::PaperOrientation::kLandscape}));
 }
 
-TEST_F(FrmPrintTest, PrintAsksForAPrinterPrintsOnceAndCloses) {
+TEST_F(FrmPrintTest, PrintOpensTheDialogPrintsOnceAndCloses) {
   Show();
   Choose("cmbOrientation", 1);
   Click("cmdPrint");
@@ -134,7 +134,7 @@ TEST_F(FrmPrintTest, PrintAsksForAPrinterPrintsOnceAndCloses) {
   EXPECT_EQ(form_->result(), QDialog::Accepted);
 }
 
-TEST_F(FrmPrintTest, CancellingTheSystemsDialogPrintsNothingAndStays) {
+TEST_F(FrmPrintTest, CancellingTheSystemDialogPrintsNothingAndStaysOpen) {
   service_.userCancels = true;
   Show();
   Click("cmdPrint");
@@ -144,7 +144,7 @@ TEST_F(FrmPrintTest, CancellingTheSystemsDialogPrintsNothingAndStays) {
   EXPECT_EQ(Status(), "One page, A4, landscape.");
 }
 
-TEST_F(FrmPrintTest, SavingAsPdfStaysOpenAndSaysWhere) {
+TEST_F(FrmPrintTest, SavingAsPdfStaysOpenAndShowsTheFile) {
   Show();
   Click("cmdPdf");
   EXPECT_EQ(script_.pages, 1);
@@ -153,7 +153,7 @@ TEST_F(FrmPrintTest, SavingAsPdfStaysOpenAndSaysWhere) {
   EXPECT_EQ(Find<QAbstractButton>("cmdCancel").text().toStdString(), "Close");
 }
 
-TEST_F(FrmPrintTest, FailingPrinterIsReportedAndTheWindowStaysForAnother) {
+TEST_F(FrmPrintTest, FailingPrinterIsReportedAndTheWindowStaysOpen) {
   script_.Break("paint");
   Show();
   Click("cmdPrint");
@@ -174,7 +174,7 @@ TEST_F(FrmPrintTest, FailingDialogIsReported) {
   EXPECT_TRUE(form_->isVisible());
 }
 
-TEST_F(FrmPrintTest, FailureAfterASavedPageNoLongerSaysThatItIsSaved) {
+TEST_F(FrmPrintTest, FailureAfterASavedPageReplacesTheStatus) {
   for (const char* const step : {"ask pdf", "paint"}) {
     Show();
     Click("cmdPdf");
@@ -189,7 +189,7 @@ TEST_F(FrmPrintTest, FailureAfterASavedPageNoLongerSaysThatItIsSaved) {
   }
 }
 
-TEST_F(FrmPrintTest, WithoutAPrinterItSaysSoAndStillMakesPdfFiles) {
+TEST_F(FrmPrintTest, WithoutAPrinterTheStatusShowsItAndPdfStillWorks) {
   service_.hasPrinter = false;
   Show();
   EXPECT_EQ(Status(), "One page, A4, landscape. No printer is set up here; the page can be saved as a PDF file.");
@@ -211,7 +211,7 @@ TEST_F(FrmPrintTest, WithoutAPrinterEnterSavesThePage) {
   EXPECT_EQ(kindOf("cmdPrint"), windows::PanelButton::Kind::kOrdinary);
 }
 
-TEST_F(FrmPrintTest, SystemThatCannotNameItsPrintersCountsAsOneWithout) {
+TEST_F(FrmPrintTest, SystemThatCannotListItsPrintersHasNone) {
   script_.Break("has printer");
   script_.Break("usual paper");
   Show();
@@ -230,7 +230,7 @@ TEST_F(FrmPrintTest, EscapeAndCancelPrintNothing) {
   EXPECT_EQ(form_->result(), QDialog::Rejected);
 }
 
-TEST_F(FrmPrintTest, CanBeDestroyedWhileItAsks) {
+TEST_F(FrmPrintTest, CanBeDestroyedWhileTheSystemDialogIsOpen) {
   Show();
   script_.During("ask printer", [this] { delete form_.data(); });
   Click("cmdPrint");
@@ -239,7 +239,7 @@ TEST_F(FrmPrintTest, CanBeDestroyedWhileItAsks) {
   EXPECT_EQ(script_.pages, 0);
 }
 
-TEST_F(FrmPrintTest, SecondRequestWhileItAsksIsNotTaken) {
+TEST_F(FrmPrintTest, SecondRequestWhileTheSystemDialogIsOpenIsIgnored) {
   Show();
   script_.During("ask printer", [this] {
     script_.During("ask printer", [] { FAIL() << "asked twice"; });
@@ -250,7 +250,7 @@ TEST_F(FrmPrintTest, SecondRequestWhileItAsksIsNotTaken) {
   EXPECT_EQ(prints_, 1);
 }
 
-TEST_F(FrmPrintTest, BroughtToTheFrontItComesOutOfItsIcon) {
+TEST_F(FrmPrintTest, BringToFrontRestoresTheMinimisedWindow) {
   Show();
   form_->BringToFront();
   EXPECT_FALSE(form_->isMinimized());
@@ -263,7 +263,7 @@ TEST_F(FrmPrintTest, BroughtToTheFrontItComesOutOfItsIcon) {
   EXPECT_FALSE(form_->isVisible());
 }
 
-TEST_F(FrmPrintTest, IsReachedByKeysFromEndToEnd) {
+TEST_F(FrmPrintTest, CanBeUsedByKeyboardAlone) {
   Show();
   QStringList order;
   form_->activateWindow();
@@ -280,14 +280,14 @@ TEST_F(FrmPrintTest, IsReachedByKeysFromEndToEnd) {
   EXPECT_EQ(prints_, 1);
 }
 
-TEST_F(FrmPrintTest, EveryControlSaysWhatItIs) {
+TEST_F(FrmPrintTest, EveryControlHasAnAccessibleName) {
   Show();
   EXPECT_EQ(Find<QWidget>("cmbPaper").accessibleName().toStdString(), "Paper");
   EXPECT_EQ(Find<QWidget>("cmbOrientation").accessibleName().toStdString(), "Orientation");
   EXPECT_EQ(form_->windowTitle().toStdString(), "Print");
 }
 
-TEST_F(FrmPrintTest, SheetIsWhiteInADarkThemeAndTextsCanBeRead) {
+TEST_F(FrmPrintTest, SheetIsWhiteInADarkThemeAndTextsAreReadable) {
   QPalette dark;
   dark.setColor(QPalette::Window, QColor(0x30, 0x30, 0x30));
   dark.setColor(QPalette::WindowText, QColor(0xee, 0xee, 0xee));
@@ -302,7 +302,7 @@ TEST_F(FrmPrintTest, SheetIsWhiteInADarkThemeAndTextsCanBeRead) {
   light.setColor(QPalette::Window, QColor(0xee, 0xee, 0xee));
   light.setColor(QPalette::WindowText, QColor(0x20, 0x20, 0x20));
   QApplication::setPalette(light);
-  QEvent change(QEvent::ApplicationPaletteChange);  // Qt sends it from its own loop only.
+  QEvent change(QEvent::ApplicationPaletteChange);  // Qt sends it only from its event loop.
   QCoreApplication::sendEvent(form_, &change);
   EXPECT_GT(form_->palette().color(QPalette::Window).lightness(), 200) << "follows the system";
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What comes out on paper, measured on PDF files that somebody else's program turns into dots.
+// The printed page, measured in PDF files that another program renders.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -33,7 +33,7 @@ struct PageCase {
 
 void PrintTo(const PageCase& page, std::ostream* out) { *out << page.name; }
 
-/// A picture whose ink reaches all its edges: a frame, with a text inside.
+/// A picture that is painted up to all its edges: a frame with a text inside.
 class PdfPage : public testing::TestWithParam<PageCase> {
  protected:
   static constexpr int kDotsPerInch = 150;
@@ -58,7 +58,7 @@ class PdfPage : public testing::TestWithParam<PageCase> {
     return file;
   }
 
-  /// The ink of the printed page as shares of its printable area.
+  /// The painted part of the printed page as shares of its printable area.
   QRectF InkShares(const std::string& file) {
     const QImage page = tests::PdfFile(file).Page(kDotsPerInch);
     const QRectF ink = tests::InkBox(page, page.rect());
@@ -75,7 +75,7 @@ class PdfPage : public testing::TestWithParam<PageCase> {
   tests::RecordingMsgBox box_;
 };
 
-TEST_P(PdfPage, WidePictureFillsNinetyPercentOfTheWidthAndSitsAtFifteen) {
+TEST_P(PdfPage, WidePictureFills90PercentOfTheWidthAt15Percent) {
   const QRectF ink = InkShares(Print(1600, 400));
   EXPECT_NEAR(ink.width(), 0.9, 0.005);
   EXPECT_NEAR(ink.left(), 0.1 * 0.15, 0.005);
@@ -85,7 +85,7 @@ TEST_P(PdfPage, WidePictureFillsNinetyPercentOfTheWidthAndSitsAtFifteen) {
   EXPECT_NEAR(ink.height(), 0.9 * width / 4 / height, 0.005);
 }
 
-TEST_P(PdfPage, TallPictureFillsNinetyPercentOfTheHeightAndSitsAtFifteen) {
+TEST_P(PdfPage, TallPictureFills90PercentOfTheHeightAt15Percent) {
   const QRectF ink = InkShares(Print(400, 1600));
   EXPECT_NEAR(ink.height(), 0.9, 0.005);
   EXPECT_NEAR(ink.top(), 0.1 * 0.15, 0.005);

@@ -28,7 +28,7 @@ TEST_F(PictureBoxTest, ImageHasTheInnerSizeAndIsPaintedAtAnyResolution) {
   ASSERT_NE(image, nullptr);
   EXPECT_EQ(image->Width(), 100);
   EXPECT_EQ(image->Height(), 60);
-  // Six dots to a pixel: the line is six dots thick and sharp.
+  // Six dots per pixel: the line is six dots thick and sharp.
   const QImage dots = tests::Painted(100, 60, 6, [&](QPainter& painter) { image->PaintOn(painter); });
   EXPECT_EQ(tests::InkBox(dots, dots.rect()), QRect(60, 120, 480, 6));
   EXPECT_EQ(tests::Darkness(dots, 100, 119), 0);
@@ -42,14 +42,14 @@ TEST_F(PictureBoxTest, ImageDoesNotChangeWithLaterDrawing) {
   EXPECT_EQ(tests::InkBox(dots, dots.rect()), QRect(10, 20, 80, 1));
 }
 
-TEST_F(PictureBoxTest, BorderTakesAPixelOfEachSide) {
+TEST_F(PictureBoxTest, BorderReducesEachSideByAPixel) {
   box_.BorderStyle = true;
   EXPECT_EQ(box_.ScaleWidth(), 98);
   EXPECT_EQ(box_.ScaleHeight(), 58);
   EXPECT_EQ(box_.Image()->Width(), 98);
 }
 
-TEST_F(PictureBoxTest, EmptyBoxAndBoxThatKeepsNothingHaveNoImage) {
+TEST_F(PictureBoxTest, EmptyBoxAndBoxWithoutAutoRedrawHaveNoImage) {
   box_.AutoRedraw = false;
   EXPECT_EQ(box_.Image(), nullptr);
   box_.AutoRedraw = true;
@@ -57,7 +57,7 @@ TEST_F(PictureBoxTest, EmptyBoxAndBoxThatKeepsNothingHaveNoImage) {
   EXPECT_EQ(box_.Image(), nullptr);
 }
 
-TEST_F(PictureBoxTest, CopyGoesToItsPlaceAndLeavesWhatIsThere) {
+TEST_F(PictureBoxTest, CopyGoesToItsPositionAndKeepsExistingContent) {
   box_.Surface().SetFontSize(paint::Pixels(14));
   box_.Surface().SetFontBold(true);
   box_.Surface().SetForeColor(paint::Bgr{0xFF0000});
@@ -76,7 +76,7 @@ TEST_F(PictureBoxTest, CopyGoesToItsPlaceAndLeavesWhatIsThere) {
             "print \"F#\" at 104,205.50\n");
 }
 
-TEST_F(PictureBoxTest, StandsOnWhitePaperInADarkTheme) {
+TEST_F(PictureBoxTest, IsWhiteInADarkTheme) {
   QPalette dark;
   dark.setColor(QPalette::Window, Qt::black);
   dark.setColor(QPalette::WindowText, Qt::white);

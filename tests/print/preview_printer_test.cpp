@@ -19,7 +19,7 @@ class Dot : public platform::PrintablePicture {
 
 PreviewPrinter OnSheet() { return PreviewPrinter({600, 500, {20, 20, 560, 460}}); }
 
-TEST(PreviewPrinter, OffersThePrintableAreaInPointsWhateverTheUnit) {
+TEST(PreviewPrinter, HasThePrintableAreaInPointsForAnyUnit) {
   PreviewPrinter printer = OnSheet();
   for (const auto mode : {platform::PrinterScaleMode::kPixels, platform::PrinterScaleMode::kTwips}) {
     printer.SetScaleMode(mode);
@@ -29,7 +29,7 @@ TEST(PreviewPrinter, OffersThePrintableAreaInPointsWhateverTheUnit) {
   }
 }
 
-TEST(PreviewPrinter, KeepsWhatIsPaintedAndWhereInItsOrder) {
+TEST(PreviewPrinter, RecordsPicturesAndRectanglesInOrder) {
   PreviewPrinter printer = OnSheet();
   const auto first = std::make_shared<Dot>();
   const auto second = std::make_shared<Dot>();

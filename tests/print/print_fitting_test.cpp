@@ -20,7 +20,7 @@ void ExpectPlace(const PrintPlace& place, const PrintPlace& wanted) {
 }
 
 TEST(PrintFitting, LimitsAWidePictureByNinetyPercentOfTheWidth) {
-  // 1000 x 900 / 1000 = 900 wide, 450 high; 100 and 950 are left over.
+  // 1000 x 900 / 1000 = 900 wide, 450 high; 100 and 950 remain.
   ExpectPlace(FitPicture({1000, 500}, {1000, 1400}, {90, 15, 15}), {15, 142.5, 900, 450});
 }
 
@@ -32,12 +32,12 @@ TEST(PrintFitting, FillsBothWhenThePictureHasThePagesProportions) {
   ExpectPlace(FitPicture({40, 30}, {400, 300}, {90, 15, 15}), {6, 4.5, 360, 270});
 }
 
-TEST(PrintFitting, EnlargesAndReducesAlike) {
+TEST(PrintFitting, EnlargesAndReduces) {
   ExpectPlace(FitPicture({1, 1}, {200, 100}, {50, 0, 0}), {0, 0, 50, 50});
   ExpectPlace(FitPicture({10000, 10000}, {200, 100}, {50, 0, 0}), {0, 0, 50, 50});
 }
 
-TEST(PrintFitting, PutsShareZeroAtTheTopLeftAndAHundredAtTheBottomRight) {
+TEST(PrintFitting, PutsShare0AtTheTopLeftAnd100AtTheBottomRight) {
   ExpectPlace(FitPicture({100, 50}, {1000, 1000}, {80, 0, 100}), {200, 0, 800, 400});
   ExpectPlace(FitPicture({100, 50}, {1000, 1000}, {80, 100, 0}), {0, 600, 800, 400});
 }
@@ -50,7 +50,7 @@ TEST(PrintFitting, SplitsTheFreeSpaceFifteenToEightyFive) {
   EXPECT_NEAR(place.top / below, 15.0 / 85.0, 1e-12);
 }
 
-TEST(PrintFitting, TakesSharesAbove100AsTheyAre) {
+TEST(PrintFitting, AcceptsSharesAbove100) {
   ExpectPlace(FitPicture({100, 100}, {100, 200}, {200, 50, 50}), {-50, 0, 200, 200});
 }
 

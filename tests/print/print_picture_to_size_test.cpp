@@ -52,7 +52,7 @@ TEST_F(PrintPictureToSizeTest, PaintsOncePerPageAndEndsTheDocument) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
-TEST_F(PrintPictureToSizeTest, UsesThePrintersOwnUnits) {
+TEST_F(PrintPictureToSizeTest, UsesTheUnitsOfThePrinter) {
   printer_.SetScaleMode(platform::PrinterScaleMode::kPixels);
   script_.Forget();
   Print();
@@ -61,7 +61,7 @@ TEST_F(PrintPictureToSizeTest, UsesThePrintersOwnUnits) {
             "end\n");
 }
 
-TEST_F(PrintPictureToSizeTest, PicTempStandsBesideTheFormWhileItPrints) {
+TEST_F(PrintPictureToSizeTest, PicTempIsNextToTheFormWhilePrinting) {
   int seen = 0;
   for (const char* const step : {"width", "paint", "end"}) {
     script_.During(step, [&] {
@@ -81,13 +81,13 @@ TEST_F(PrintPictureToSizeTest, PicTempStandsBesideTheFormWhileItPrints) {
   EXPECT_EQ(PicTemp(form_), nullptr);
 }
 
-TEST_F(PrintPictureToSizeTest, TakesTheInnerSizeOfTheSource) {
+TEST_F(PrintPictureToSizeTest, UsesTheInnerSizeOfTheSource) {
   source_->BorderStyle = true;
   script_.During("width", [&] { EXPECT_EQ(PicTemp(form_)->size(), QSize(98, 48)); });
   Print();
 }
 
-TEST_F(PrintPictureToSizeTest, PrintsWhatStandsOnTheSource) {
+TEST_F(PrintPictureToSizeTest, PrintsTheContentOfTheSource) {
   Print();
   ASSERT_THAT(script_.painted, SizeIs(1));
   const QImage dots =
@@ -95,7 +95,7 @@ TEST_F(PrintPictureToSizeTest, PrintsWhatStandsOnTheSource) {
   EXPECT_EQ(tests::InkBox(dots, dots.rect()), QRect(0, 0, 200, 2));
 }
 
-TEST_F(PrintPictureToSizeTest, FailureOfAnyStepIsReportedOnceAndPicTempIsGone) {
+TEST_F(PrintPictureToSizeTest, FailureOfAnyStepIsReportedOnceAndPicTempIsDeleted) {
   for (const char* const step : {"width", "height", "paint", "end"}) {
     script_.Repair();
     script_.Break(step);
@@ -108,7 +108,7 @@ TEST_F(PrintPictureToSizeTest, FailureOfAnyStepIsReportedOnceAndPicTempIsGone) {
   }
 }
 
-TEST_F(PrintPictureToSizeTest, GoesOnToTheEndOfTheDocumentPastAFailure) {
+TEST_F(PrintPictureToSizeTest, EndsTheDocumentAfterAFailure) {
   script_.Break("paint");
   Print();
   EXPECT_EQ(script_.Record(),
@@ -116,7 +116,7 @@ TEST_F(PrintPictureToSizeTest, GoesOnToTheEndOfTheDocumentPastAFailure) {
             "end\n");
 }
 
-TEST_F(PrintPictureToSizeTest, EmptySourcePrintsNothingAndSaysSo) {
+TEST_F(PrintPictureToSizeTest, EmptySourcePrintsNothingWithAMessage) {
   source_->Surface().Cls();
   Print();
   EXPECT_THAT(box_.Messages(), ElementsAre(Message{"Invalid picture", core::MsgBoxStyle::kOkOnly, ""}));
@@ -124,14 +124,14 @@ TEST_F(PrintPictureToSizeTest, EmptySourcePrintsNothingAndSaysSo) {
   EXPECT_EQ(PicTemp(form_), nullptr);
 }
 
-TEST_F(PrintPictureToSizeTest, SourceWithoutExtentPrintsNothingAndSaysSo) {
+TEST_F(PrintPictureToSizeTest, SourceWithoutSizePrintsNothingWithAMessage) {
   source_->resize(0, 0);
   Print();
   EXPECT_THAT(box_.Messages(), ElementsAre(Message{"Division by zero", core::MsgBoxStyle::kOkOnly, ""}));
   EXPECT_EQ(script_.pages, 0);
 }
 
-TEST_F(PrintPictureToSizeTest, FormThatGoesWhileItPrintsTakesPicTempWithIt) {
+TEST_F(PrintPictureToSizeTest, FormDestroyedWhilePrintingDestroysPicTemp) {
   auto form = std::make_unique<QWidget>();
   script_.During("end", [&] { form.reset(); });
   PrintPictureToSize({printer_, box_}, *form, *source_, 90, 15, 15);

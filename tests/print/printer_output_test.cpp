@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The output to a printer. Qt's printer that writes into a file stands in for one with paper: its states are the same.
+// The output to a printer, tested with a QPrinter that writes into a file: its states are the same.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ namespace {
 
 class PrinterOutput : public testing::Test {
  protected:
-  /// Makes the output and paints a page on it, if the printer takes one.
+  /// Creates the output and paints a page on it, if the printer accepts one.
   std::unique_ptr<PageOutput> Painted(const std::string& file) {
     auto printer = std::make_unique<QPrinter>();
     printer->setOutputFormat(QPrinter::PdfFormat);
@@ -43,7 +43,7 @@ TEST_F(PrinterOutput, SendsThePageThatWasPainted) {
   EXPECT_EQ(output->Destination(), printer_->printerName());
 }
 
-TEST_F(PrinterOutput, SaysWhichPrinterDidNotTakeThePage) {
+TEST_F(PrinterOutput, ReportsThePrinterThatRefusedThePage) {
   const auto output = Painted((temp_.Path() / "no such folder" / "page.pdf").string());
   ASSERT_EQ(printer_->printerState(), QPrinter::Error);
   try {
@@ -55,7 +55,7 @@ TEST_F(PrinterOutput, SaysWhichPrinterDidNotTakeThePage) {
   }
 }
 
-TEST_F(PrinterOutput, TakesAPageBackWithoutFailing) {
+TEST_F(PrinterOutput, CancelsAPageWithoutFailing) {
   const auto output = Painted((temp_.Path() / "page.pdf").string());
   EXPECT_NO_THROW(output->Discard());
 }

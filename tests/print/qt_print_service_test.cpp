@@ -28,7 +28,7 @@ namespace {
 namespace fs = std::filesystem;
 using testing::HasSubstr;
 
-/// A grey sheet of paper; it may break while it is painted.
+/// A grey rectangle; can throw while it is painted.
 class Patch : public PrintablePicture {
  public:
   explicit Patch(bool breaks = false) : breaks_(breaks) {}
@@ -49,7 +49,7 @@ std::string ContentOf(const std::string& file) {
   return content.str();
 }
 
-/// While it lives, no file of this process grows beyond a hundred bytes: a disk without room.
+/// During its lifetime no file of this process can exceed a hundred bytes, as on a full disk.
 class SmallFiles {
  public:
   SmallFiles() : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
@@ -88,7 +88,7 @@ class QtPrintServiceTest : public testing::Test {
   static void Paint(Printer& printer, bool breaks = false) {
     printer.PaintPicture(std::make_shared<Patch>(breaks), {0, 0, 1000, 1000});
   }
-  /// Does something to the dialog once it is shown.
+  /// Calls `act` on the dialog after it is shown.
   template <class Dialog, class Act>
   static void Then(Act act) {
     QTimer::singleShot(0, qApp, [act] {
@@ -121,7 +121,7 @@ TEST_F(QtPrintServiceTest, PrinterMeasuresInTwipsAndInDots) {
   EXPECT_GE(printer->DotsPerInch(), 600);
 }
 
-TEST_F(QtPrintServiceTest, FileIsThereWhenTheDocumentHasEnded) {
+TEST_F(QtPrintServiceTest, FileExistsAfterTheEndOfTheDocument) {
   const std::string file = temp_ / "page.pdf";
   const auto printer = ToFile(file);
   Paint(*printer);
@@ -133,14 +133,14 @@ TEST_F(QtPrintServiceTest, FileIsThereWhenTheDocumentHasEnded) {
   EXPECT_EQ(tests::PdfFile(file).Info("Title"), "A page");
 }
 
-TEST_F(QtPrintServiceTest, DocumentThatIsNotEndedLeavesTheOldFileAlone) {
+TEST_F(QtPrintServiceTest, UnfinishedDocumentDoesNotChangeTheOldFile) {
   const std::string file = temp_.Write("page.pdf", "old");
   Paint(*ToFile(file));
   EXPECT_EQ(ContentOf(file), "old");
   EXPECT_EQ(std::distance(fs::directory_iterator(temp_.Path()), fs::directory_iterator()), 1);
 }
 
-TEST_F(QtPrintServiceTest, EndWithoutAPictureSendsNothing) {
+TEST_F(QtPrintServiceTest, EndWithoutAPicturePrintsNothing) {
   const std::string file = temp_ / "page.pdf";
   const auto printer = ToFile(file);
   printer->EndDoc();
@@ -148,7 +148,7 @@ TEST_F(QtPrintServiceTest, EndWithoutAPictureSendsNothing) {
   EXPECT_FALSE(fs::exists(file));
 }
 
-TEST_F(QtPrintServiceTest, PictureThatBreaksIsNotSent) {
+TEST_F(QtPrintServiceTest, PictureThatThrowsIsNotPrinted) {
   const std::string file = temp_ / "page.pdf";
   const auto printer = ToFile(file);
   EXPECT_THROW(Paint(*printer, true), core::Failure);
@@ -157,7 +157,7 @@ TEST_F(QtPrintServiceTest, PictureThatBreaksIsNotSent) {
   EXPECT_FALSE(fs::exists(file));
 }
 
-TEST_F(QtPrintServiceTest, FileThatCannotBeWrittenIsAFailureWithItsName) {
+TEST_F(QtPrintServiceTest, UnwritableFileIsAFailureWithItsName) {
   const std::string file = temp_ / "no folder/page.pdf";
   try {
     ToFile(file);
@@ -168,7 +168,7 @@ TEST_F(QtPrintServiceTest, FileThatCannotBeWrittenIsAFailureWithItsName) {
   }
 }
 
-TEST_F(QtPrintServiceTest, FileThatFindsNoRoomIsAFailureAndTheOldOneStays) {
+TEST_F(QtPrintServiceTest, FullDiskIsAFailureAndKeepsTheOldFile) {
   const std::string file = temp_.Write("page.pdf", "old");
   const auto printer = ToFile(file);
   {
@@ -180,33 +180,33 @@ TEST_F(QtPrintServiceTest, FileThatFindsNoRoomIsAFailureAndTheOldOneStays) {
   EXPECT_EQ(ContentOf(file), "old");
 }
 
-TEST_F(QtPrintServiceTest, FolderOfThatNameIsAFailureAndStays) {
+TEST_F(QtPrintServiceTest, FolderWithThatNameIsAFailureAndStays) {
   fs::create_directory(temp_.Path() / "page.pdf");
   EXPECT_THROW(ToFile(temp_ / "page.pdf"), core::Failure);
   EXPECT_TRUE(fs::is_directory(temp_.Path() / "page.pdf"));
 }
 
-TEST_F(QtPrintServiceTest, DeviceOfThatNameIsAFailureAndStays) {
+TEST_F(QtPrintServiceTest, DeviceWithThatNameIsAFailureAndStays) {
   if (!fs::is_character_file("/dev/null")) GTEST_SKIP() << "no device to try";
   EXPECT_THROW(ToFile("/dev/null"), core::Failure);
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
-TEST_F(QtPrintServiceTest, CancelledDialogsGiveNoPrinter) {
+TEST_F(QtPrintServiceTest, CancelledDialogsReturnNoPrinter) {
   Then<QPrintDialog>([](QPrintDialog& dialog) { dialog.reject(); });
   EXPECT_EQ(service_.AskForPrinter({"A page", kPaper}), nullptr);
   Then<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
   EXPECT_EQ(service_.AskForPdfFile({"A page", kPaper}), nullptr);
 }
 
-TEST_F(QtPrintServiceTest, DialogThatGoesWithItsWindowGivesNoPrinter) {
+TEST_F(QtPrintServiceTest, DialogDestroyedWithItsWindowReturnsNoPrinter) {
   Then<QPrintDialog>([](QPrintDialog& dialog) { delete &dialog; });
   EXPECT_EQ(service_.AskForPrinter({"A page", kPaper}), nullptr);
   Then<QFileDialog>([](QFileDialog& dialog) { delete &dialog; });
   EXPECT_EQ(service_.AskForPdfFile({"A page", kPaper}), nullptr);
 }
 
-TEST_F(QtPrintServiceTest, SaveAsPdfSuggestsTheTitleAndAddsTheEnding) {
+TEST_F(QtPrintServiceTest, SaveAsPdfSuggestsTheTitleAndAddsTheExtension) {
   Then<QFileDialog>([this](QFileDialog& dialog) {
     EXPECT_THAT(dialog.selectedFiles().value(0).toStdString(), testing::EndsWith("/Dorian in F#.pdf"));
     dialog.selectFile(QString::fromStdString(temp_ / "chosen"));
