@@ -13,7 +13,7 @@ namespace {
 
 using Arrows = std::map<std::string, std::set<std::string>>;
 
-/// Whether `from` reaches `to` over one arrow or more.
+/// Whether a path of arrows leads from `from` to `to`.
 bool Reaches(const Arrows& arrows, const std::string& from, const std::string& to) {
   const auto found = arrows.find(from);
   return found != arrows.end() && std::any_of(found->second.begin(), found->second.end(), [&](const std::string& room) {
@@ -21,7 +21,7 @@ bool Reaches(const Arrows& arrows, const std::string& from, const std::string& t
          });
 }
 
-/// The picture of the rooms under `root`: every arrow of their #include lines that does not follow from others.
+/// The diagram of the rooms under `root`: all arrows of their #include lines except those implied by others.
 std::string Picture(const RoomTable& table, const Path& root) {
   const Arrows arrows = IncludedRooms(table, root);
   std::string picture = "```mermaid\nflowchart TD\n";
@@ -38,14 +38,14 @@ std::string Picture(const RoomTable& table, const Path& root) {
   return picture + "```\n";
 }
 
-TEST(Architecture, ThePictureOfTheRoomsShowsTheIncludesOfTheSources) {
+TEST(Architecture, TheDiagramShowsTheIncludesOfTheSources) {
   const std::string picture = Picture(RoomTable::Read(ProjectRoot() / "docs/rooms.tsv"), ProjectRoot());
   EXPECT_THAT(ReadFile(ProjectRoot() / "docs/architecture.md"), ::testing::HasSubstr(picture))
       << "docs/architecture.md has to show this:\n"
       << picture;
 }
 
-TEST(Architecture, APictureLeavesOutArrowsThatFollowFromOthers) {
+TEST(Architecture, ADiagramOmitsArrowsThatOthersImply) {
   const TemporaryTree tree(
       "== rooms.tsv\n"
       "low\tl\tsrc/low\t-\t-\t-\n"

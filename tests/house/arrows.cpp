@@ -20,12 +20,12 @@ bool IsStandardHeader(const std::string& header) {
 bool MayInclude(const Room& room, const std::string& header) {
   return IsStandardHeader(header) ||
          std::any_of(room.headers.begin(), room.headers.end(), [&](const std::string& head) {
-           const bool whole = head.size() > 2 && head.compare(head.size() - 2, 2, ".h") == 0;
-           return whole ? header == head : header.rfind(head, 0) == 0;
+           const bool isFileName = head.size() > 2 && head.compare(head.size() - 2, 2, ".h") == 0;
+           return isFileName ? header == head : header.rfind(head, 0) == 0;
          });
 }
 
-/// The file of src/ that an include line reaches, relative to the root; empty for everything foreign.
+/// The file of src/ that an include line refers to, relative to the root; empty for foreign headers.
 Path OwnHeader(const Path& root, const Path& includer, const std::string& header) {
   const std::array<Path, 2> candidates{Path("src") / header, includer.parent_path() / header};
   for (const Path& candidate : candidates) {
@@ -36,7 +36,7 @@ Path OwnHeader(const Path& root, const Path& includer, const std::string& header
   return {};
 }
 
-/// What is wrong with this include line of a file of this room; empty when nothing is.
+/// The violation of an include line in a file of the project; empty if there is none.
 std::string WrongInclude(const RoomTable& table, const Path& root, const Path& file, const std::string& header) {
   const Room* const room = table.OfFile(file);
   if (room == nullptr) {
@@ -56,7 +56,7 @@ std::string WrongInclude(const RoomTable& table, const Path& root, const Path& f
   return MayUse(*room, *used) ? std::string() : room->name + " may not use " + used->name + ": " + header;
 }
 
-std::string LinkFault(const RoomTable& table, const Room& room, const std::string& link) {
+std::string LinkViolation(const RoomTable& table, const Room& room, const std::string& link) {
   static const std::set<std::string> keywords{"PUBLIC", "PRIVATE", "INTERFACE", "tonalith_options"};
   if (keywords.count(link) != 0) {
     return {};
@@ -77,7 +77,7 @@ struct Call {
   std::vector<std::string> arguments;
 };
 
-/// The commands of a CMake file with their arguments; comments and quotes taken off.
+/// The commands of a CMake file with their arguments, without comments and quotes.
 std::vector<Call> CallsOf(const Path& file) {
   std::string text;
   for (const std::string& line : LinesOf(file)) {
@@ -91,7 +91,7 @@ std::vector<Call> CallsOf(const Path& file) {
   return calls;
 }
 
-/// The target of a call that links, and the links themselves; an empty target for any other call.
+/// The target of a command that links, and its links; an empty target for other commands.
 std::pair<std::string, std::vector<std::string>> LinksOf(const Call& call) {
   if (call.arguments.empty()) {
     return {};
@@ -114,7 +114,7 @@ std::pair<std::string, std::vector<std::string>> LinksOf(const Call& call) {
   return {"tonalith_" + call.arguments[0], links};
 }
 
-bool StandsIn(const Room& room, const Path& folder) {
+bool IsInFolder(const Room& room, const Path& folder) {
   return room.folder == folder || room.folder.rfind(folder.generic_string() + "/", 0) == 0;
 }
 
@@ -159,29 +159,29 @@ std::vector<Links> AllLinks(const Path& root) {
 }  // namespace
 
 std::vector<std::string> WrongIncludes(const RoomTable& table, const Path& root) {
-  std::vector<std::string> faults;
+  std::vector<std::string> violations;
   for (const Include& include : IncludesOf(root)) {
-    const std::string fault = WrongInclude(table, root, include.file, include.header);
-    if (fault.empty()) continue;
-    faults.push_back(include.file.generic_string() + ":" + std::to_string(include.line) + ": " + fault);
+    const std::string violation = WrongInclude(table, root, include.file, include.header);
+    if (violation.empty()) continue;
+    violations.push_back(include.file.generic_string() + ":" + std::to_string(include.line) + ": " + violation);
   }
-  return faults;
+  return violations;
 }
 
 std::vector<std::string> WrongLinks(const RoomTable& table, const Path& root) {
-  std::vector<std::string> faults;
+  std::vector<std::string> violations;
   for (const auto& [file, target, links] : AllLinks(root)) {
     const Room* const room = table.OfTarget(target);
-    if (room == nullptr || !StandsIn(*room, file.parent_path())) {
-      faults.push_back(file.generic_string() + ": " + target + " is no room of this folder");
+    if (room == nullptr || !IsInFolder(*room, file.parent_path())) {
+      violations.push_back(file.generic_string() + ": " + target + " is no room of this folder");
       continue;
     }
     for (const std::string& link : links) {
-      const std::string fault = LinkFault(table, *room, link);
-      if (!fault.empty()) faults.push_back(file.generic_string() + ": " + fault);
+      const std::string violation = LinkViolation(table, *room, link);
+      if (!violation.empty()) violations.push_back(file.generic_string() + ": " + violation);
     }
   }
-  return faults;
+  return violations;
 }
 
 std::map<std::string, std::set<std::string>> IncludedRooms(const RoomTable& table, const Path& root) {
@@ -204,21 +204,22 @@ std::vector<std::string> UnusedPermissions(const RoomTable& table, const Path& r
   for (const Links& call : AllLinks(root)) links[call.target].insert(call.links.begin(), call.links.end());
 
   std::map<std::string, std::set<std::string>> included = IncludedRooms(table, root);
-  std::vector<std::string> faults;
+  std::vector<std::string> violations;
   for (const Room& room : table.Rooms()) {
     for (const std::string& used : room.rooms) {
-      if (included[room.name].count(used) == 0) faults.push_back(room.name + " never includes " + used);
+      if (included[room.name].count(used) == 0) violations.push_back(room.name + " never includes " + used);
     }
     for (const std::string& library : room.libraries) {
-      if (links[room.target].count(library) == 0) faults.push_back(room.name + " never links " + library);
+      if (links[room.target].count(library) == 0) violations.push_back(room.name + " never links " + library);
     }
     for (const std::string& head : room.headers) {
       const std::set<std::string>& seen = headers[room.name];
       const auto first = seen.lower_bound(head);
-      if (first == seen.end() || first->rfind(head, 0) != 0) faults.push_back(room.name + " never includes " + head);
+      if (first == seen.end() || first->rfind(head, 0) != 0)
+        violations.push_back(room.name + " never includes " + head);
     }
   }
-  return faults;
+  return violations;
 }
 
 }  // namespace tonalith::house

@@ -46,7 +46,7 @@ TEST(Arrows, EveryPermissionOfTheTableIsUsed) {
   EXPECT_THAT(UnusedPermissions(ProjectTable(), ProjectRoot()), IsEmpty());
 }
 
-TEST(Arrows, APermissionThatNobodyUsesIsFound) {
+TEST(Arrows, AnUnusedPermissionIsFound) {
   const TemporaryTree tree(std::string(kTable) +
                            "== src/top/a.cpp\n#include \"low/low.h\"\n"
                            "== src/low/CMakeLists.txt\ntonalith_room(low SOURCES low.cpp LINKS SQLiteCpp)\n");
@@ -55,7 +55,7 @@ TEST(Arrows, APermissionThatNobodyUsesIsFound) {
                           "high never links Qt6::Widgets", "top never includes high"));
 }
 
-TEST(Arrows, CoreDataAndAudioKnowNoQt) {
+TEST(Arrows, CoreDataAndAudioDoNotUseQt) {
   const RoomTable table = ProjectTable();
   for (const char* const name : {"core", "voice", "sandbox", "jet", "data", "audio", "ports"}) {
     const Room* const room = table.Named(name);
@@ -66,7 +66,7 @@ TEST(Arrows, CoreDataAndAudioKnowNoQt) {
   }
 }
 
-TEST(Arrows, TheSmallWindowsDoNotKnowTheMainWindow) {
+TEST(Arrows, TheSmallWindowsDoNotUseTheMainWindow) {
   const RoomTable table = ProjectTable();
   for (const char* const name : {"editor", "search", "print", "help"}) {
     ASSERT_NE(table.Named(name), nullptr) << name;
@@ -74,7 +74,7 @@ TEST(Arrows, TheSmallWindowsDoNotKnowTheMainWindow) {
   }
 }
 
-TEST(Arrows, DownwardAndOwnAndStandardIncludesAreFine) {
+TEST(Arrows, DownwardOwnAndStandardIncludesAreAllowed) {
   EXPECT_THAT(IncludesOf("== src/high/a.cpp\n"
                          "#include \"high/high.h\"\n"
                          "#include \"high.h\"\n"
@@ -88,12 +88,12 @@ TEST(Arrows, DownwardAndOwnAndStandardIncludesAreFine) {
               IsEmpty());
 }
 
-TEST(Arrows, AnIncludeThatPointsUpIsFound) {
+TEST(Arrows, AnIncludeOfAHigherRoomIsFound) {
   EXPECT_THAT(IncludesOf("== src/low/a.cpp\n#include <string>\n#include \"high/high.h\"\n"),
               ElementsAre("src/low/a.cpp:2: low may not use high: high/high.h"));
 }
 
-TEST(Arrows, AnIncludeThatPointsUpThroughTheFileSystemIsFound) {
+TEST(Arrows, AnIncludeOfAHigherRoomByRelativePathIsFound) {
   EXPECT_THAT(IncludesOf("== src/low/a.cpp\n#include \"../high/high.h\"\n"),
               ElementsAre("src/low/a.cpp:1: low may not use high: ../high/high.h"));
 }
@@ -110,7 +110,7 @@ TEST(Arrows, AFileInNoRoomIsFound) {
       ElementsAre("src/attic/a.h:1: this file stands in no room", "src/top/b.cpp:1: attic/a.h stands in no room"));
 }
 
-TEST(Arrows, LinksThatTheTableHasAreFine) {
+TEST(Arrows, LinksInTheTableAreAllowed) {
   EXPECT_THAT(LinksOf("== src/low/CMakeLists.txt\n"
                       "tonalith_room(low SOURCES low.cpp LINKS SQLiteCpp)\n"
                       "== src/high/CMakeLists.txt\n"
@@ -122,7 +122,7 @@ TEST(Arrows, LinksThatTheTableHasAreFine) {
               IsEmpty());
 }
 
-TEST(Arrows, ALinkThatPointsUpIsFound) {
+TEST(Arrows, ALinkToAHigherRoomIsFound) {
   EXPECT_THAT(LinksOf("== src/low/CMakeLists.txt\n"
                       "tonalith_room(low SOURCES low.cpp LINKS tonalith_high)\n"
                       "target_link_libraries(tonalith_low PRIVATE tonalith_top Qt6::Widgets)\n"),
@@ -141,7 +141,7 @@ TEST(Arrows, ATargetThatIsNoRoomIsFound) {
                           "src/high/CMakeLists.txt: tonalith_low is no room of this folder"));
 }
 
-TEST(RoomTable, ReadsTheProjectsRoomsFromTheGroundUp) {
+TEST(RoomTable, ReadsTheRoomsOfTheProjectFromTheLowestUp) {
   const std::vector<Room> rooms = ProjectTable().Rooms();
   ASSERT_THAT(rooms, ::testing::Not(IsEmpty()));
   EXPECT_EQ(rooms.front().name, "core");
@@ -163,7 +163,7 @@ void ReadTable(const std::string& rows) {
   static_cast<void>(RoomTable::Read(tree.Root() / "rooms.tsv"));
 }
 
-TEST(RoomTable, RefusesACircleARoomThatStandsTwiceAndAShortRow) {
+TEST(RoomTable, RefusesACycleADuplicateRoomAndAShortRow) {
   EXPECT_THROW(ReadTable("a\tt_a\tsrc/a\tb\t-\t-\nb\tt_b\tsrc/b\ta\t-\t-\n"), std::runtime_error);
   EXPECT_THROW(ReadTable("a\tt_a\tsrc/a\t-\t-\t-\na\tt_b\tsrc/b\t-\t-\t-\n"), std::runtime_error);
   EXPECT_THROW(ReadTable("a\tt_a\tsrc/a\t-\t-\n"), std::runtime_error);

@@ -36,7 +36,7 @@ Outcome Bash(const std::string& script) {
   return outcome;
 }
 
-/// tools/packages.sh over a small table and over stand-ins for the system's commands, which `system` may redefine.
+/// Runs tools/packages.sh with a small table and fakes of the system commands, which `system` may redefine.
 Outcome Require(const std::string& system, const std::string& call = "TonalithRequire build") {
   const TemporaryTree tree(
       "== tools/packages.tsv\n"
@@ -59,18 +59,18 @@ Outcome Require(const std::string& system, const std::string& call = "TonalithRe
       system + "\n" + call + "\necho reached the end\n");
 }
 
-TEST(Packages, NothingIsSaidAndNothingDoneWhenAllAreThere) {
+TEST(Packages, NothingIsPrintedOrDoneIfAllAreInstalled) {
   const Outcome outcome = Require("dpkg-query() { printf 'compiler installed\\nnew-name installed\\n'; return 1; }");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.text, "reached the end\n");
 }
 
-TEST(Packages, APackageThatWasRemovedButLeftItsSettingsIsMissing) {
+TEST(Packages, APackageWithOnlyItsConfigurationLeftIsMissing) {
   const Outcome outcome = Require("dpkg-query() { printf 'compiler config-files\\nnew-name installed\\n'; }");
   EXPECT_THAT(outcome.text, HasSubstr("Installing: compiler\n"));
 }
 
-TEST(Packages, TheNameThatThisReleaseKnowsIsInstalled) {
+TEST(Packages, TheNameThatThisReleaseOffersIsInstalled) {
   const Outcome outcome = Require("");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_THAT(outcome.text, HasSubstr("Installing: old-name|new-name\n"));
@@ -78,18 +78,18 @@ TEST(Packages, TheNameThatThisReleaseKnowsIsInstalled) {
   EXPECT_THAT(outcome.text, HasSubstr("reached the end\n"));
 }
 
-TEST(Packages, OnlyTheGroupsThatWereAskedForAreLookedAt) {
+TEST(Packages, OnlyTheRequestedGroupsAreChecked) {
   EXPECT_THAT(Require("").text, Not(HasSubstr("picture")));
   EXPECT_THAT(Require("", "TonalithRequire build other").text, HasSubstr("new-name picture\n"));
 }
 
-TEST(Packages, AFailedInstallationIsTriedOnceMore) {
+TEST(Packages, AFailedInstallationIsRetriedOnce) {
   const Outcome outcome = Require("env() { if [[ ! -e $root/once ]]; then touch \"$root/once\"; return 100; fi; }");
   EXPECT_EQ(outcome.status, 0);
   EXPECT_THAT(outcome.text, HasSubstr("Once more, after a short rest.\nreached the end\n"));
 }
 
-TEST(Packages, AnInstallationThatFailsTwiceEndsWithItsLog) {
+TEST(Packages, AnInstallationThatFailsTwicePrintsItsLog) {
   const Outcome outcome = Require("env() { echo 'no such mirror'; return 100; }");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.text,
@@ -97,25 +97,25 @@ TEST(Packages, AnInstallationThatFailsTwiceEndsWithItsLog) {
   EXPECT_THAT(outcome.text, Not(HasSubstr("reached the end")));
 }
 
-TEST(Packages, AnybodyButRootGoesThroughSudo) {
+TEST(Packages, UsersOtherThanRootUseSudo) {
   const Outcome outcome = Require("id() { echo 1000; }\nsudo() { echo \"sudo: $1 ${*: -1}\" >&3; }");
   EXPECT_THAT(outcome.text, HasSubstr("sudo: apt-get update\n"));
   EXPECT_THAT(outcome.text, HasSubstr("sudo: env new-name\n"));
 }
 
-TEST(Packages, AnotherSystemIsToldWhatIsNeeded) {
+TEST(Packages, OtherSystemsGetAListOfPackages) {
   const Outcome outcome = Require("command() { [[ $2 != apt-get ]]; }");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.text, HasSubstr("compiler old-name|new-name"));
   EXPECT_THAT(outcome.text, Not(HasSubstr("reached the end")));
 }
 
-TEST(Packages, TheCheckCanBeLeftOut) {
+TEST(Packages, TheCheckCanBeSkipped) {
   const Outcome outcome = Require("export TONALITH_SKIP_PACKAGES=1");
   EXPECT_EQ(outcome.text, "reached the end\n");
 }
 
-TEST(Packages, EveryLibraryThatTheBuildLooksForComesFromAPackageOfTheTable) {
+TEST(Packages, EveryLibraryOfTheBuildHasAPackageInTheTable) {
   const std::map<std::string, std::string> packages{{"SQLiteCpp", "libsqlitecpp-dev"},
                                                     {"SQLite3", "libsqlite3-dev"},
                                                     {"Qt6", "qt6-base-dev"},
@@ -152,7 +152,7 @@ TEST(Packages, EveryLibraryThatTheBuildLooksForComesFromAPackageOfTheTable) {
   EXPECT_GE(found, 4);
 }
 
-TEST(Commands, EveryScriptIsGoodBashAndTheCommandsCanBeRun) {
+TEST(Commands, EveryScriptIsValidBashAndTheCommandsAreExecutable) {
   for (const char* const name : {"run", "test", ".ci/run", "tools/coverage"}) {
     const Path file = ProjectRoot() / name;
     EXPECT_NE(fs::status(file).permissions() & fs::perms::owner_exec, fs::perms::none) << name;
@@ -165,7 +165,7 @@ TEST(Commands, EveryScriptIsGoodBashAndTheCommandsCanBeRun) {
   }
 }
 
-/// tools/coverage's table over `counted`, rows of path, lines and lines that ran, and over `bounds`.
+/// The table that tools/coverage prints for `counted` (path, lines, executed lines) and `bounds`.
 Outcome CoverageTable(const std::string& bounds, const std::string& counted) {
   const TemporaryTree tree("== tools/packages.sh\n== tools/build.sh\n== build/coverage/lines.csv\n");
   WriteFile(tree.Root() / "tools/coverage", ReadFile(ProjectRoot() / "tools/coverage"));
@@ -174,14 +174,14 @@ Outcome CoverageTable(const std::string& bounds, const std::string& counted) {
   return Bash("bash '" + (tree.Root() / "tools/coverage").string() + "' --again");
 }
 
-TEST(CoverageTable, PassesWhereEveryFileAndEveryRoomMeetsItsBound) {
+TEST(CoverageTable, PassesIfEveryFileAndEveryRoomMeetsItsBound) {
   const Outcome outcome = CoverageTable("src/core/*\t95\nsrc/*\t85\n", "src/core/a.cpp,100,95\nsrc/app/b.cpp,100,85\n");
   EXPECT_EQ(outcome.status, 0) << outcome.text;
   EXPECT_THAT(outcome.text, Not(HasSubstr("below")));
   EXPECT_THAT(outcome.text, HasSubstr("90.0 %")) << "both together";
 }
 
-TEST(CoverageTable, FailsForAFileBelowTheBoundOfTheFirstPatternThatFitsIt) {
+TEST(CoverageTable, FailsForAFileBelowTheBoundOfItsFirstPattern) {
   const Outcome outcome =
       CoverageTable("src/core/a.*\t95\nsrc/*\t85\n", "src/core/a.cpp,1000,949\nsrc/core/b.cpp,100,86\n");
   EXPECT_EQ(outcome.status, 1);
@@ -189,14 +189,14 @@ TEST(CoverageTable, FailsForAFileBelowTheBoundOfTheFirstPatternThatFitsIt) {
   EXPECT_THAT(outcome.text, HasSubstr("\n1 of the bounds"));
 }
 
-TEST(CoverageTable, FailsForARoomWhoseFilesAreTooFewTogether) {
+TEST(CoverageTable, FailsForARoomBelowItsBound) {
   const Outcome outcome =
       CoverageTable("src/core/a.cpp\t0\nsrc/*\t85\n", "src/core/a.cpp,100,10\nsrc/core/b.cpp,10,10\n");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.text, HasSubstr("18.1 %  below its bound of 85 %"));
 }
 
-TEST(CoverageTable, FailsForABoundOfNothing) {
+TEST(CoverageTable, FailsForAPatternWithoutFiles) {
   const Outcome outcome = CoverageTable("src/gone.cpp\t85\nsrc/*\t85\n", "src/core/a.cpp,10,10\n");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.text, HasSubstr("src/gone.cpp of tools/coverage.tsv fits nothing"));
@@ -206,13 +206,13 @@ TEST(Presets, ATestPresetThatFindsNoTestFails) {
   const std::string presets = ReadFile(ProjectRoot() / "CMakePresets.json");
   EXPECT_THAT(presets, HasSubstr(R"("noTestsAction": "error")"));
   const std::string testPresets = presets.substr(presets.find("\"testPresets\""));
-  // A preset is named by a word; what a filter calls a name is a pattern.
+  // Preset names are words; the names in filters are patterns.
   const std::regex named(R"re("name": "[a-z])re");
   const std::regex inherits(R"re("inherits": "base")re");
   const auto count = [&](const std::regex& pattern) {
     return std::distance(std::sregex_iterator(testPresets.begin(), testPresets.end(), pattern), std::sregex_iterator());
   };
-  // All but the base itself.
+  // All presets except the base.
   EXPECT_EQ(count(named), count(inherits) + 1);
 }
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kFileLines = 400;
 constexpr std::size_t kHeaderLines = 150;
-constexpr std::size_t kParagraphLetters = 30;
+constexpr std::size_t kParagraphCharacters = 30;
 
 bool IsCode(const Path& file) {
   static const std::set<std::string> endings{".cpp", ".h", ".cmake", ".sh", ".py"};
@@ -28,8 +28,7 @@ bool IsContent(const Path& file) {
 
 bool IsSourceHeader(const Path& file) { return file.extension() == ".h" && *file.begin() == "src"; }
 
-/// Both licence lines stand at the top; a script's first line and the opening of a marked-up file may stand before
-/// them.
+/// Both licence lines must be at the top; a shebang line or the opening of a markup file may precede them.
 bool HasLicence(const std::vector<std::string>& lines) {
   std::string head;
   for (std::size_t i = 0; i < std::min<std::size_t>(lines.size(), 5); ++i) {
@@ -40,24 +39,24 @@ bool HasLicence(const std::vector<std::string>& lines) {
          head.find("SPDX-FileCopyrightText: 2026 The Tonalith authors") != std::string::npos;
 }
 
-/// After the licence lines a header has an empty line and a paragraph.
+/// A header has an empty line and a paragraph after the licence lines.
 bool HasParagraph(const std::vector<std::string>& lines) {
   if (lines.size() < 4 || !lines[2].empty()) {
     return false;
   }
-  std::size_t letters = 0;
+  std::size_t characters = 0;
   for (std::size_t i = 3; i < lines.size() && lines[i].rfind("//", 0) == 0; ++i) {
-    letters += lines[i].size();
+    characters += lines[i].size();
   }
-  return letters >= kParagraphLetters;
+  return characters >= kParagraphCharacters;
 }
 
 bool IsWordPart(const std::string& line, std::size_t at) {
   return at < line.size() && (std::isalnum(static_cast<unsigned char>(line[at])) != 0 || line[at] == '_');
 }
 
-bool HasLooseEnd(const std::string& line) {
-  // Written in pieces, so that this file does not find itself.
+bool HasWorkMarker(const std::string& line) {
+  // Written in parts, so that the rule does not match this file.
   static const std::vector<std::string> words{
       "TO"
       "DO",
@@ -79,34 +78,34 @@ std::vector<std::string> ViolationsOf(const Path& root, const Path& file) {
   if (!IsCode(file) && !IsContent(file)) {
     return {};
   }
-  std::vector<std::string> faults;
-  const auto fault = [&](const std::string& text) { faults.push_back(file.generic_string() + ": " + text); };
+  std::vector<std::string> violations;
+  const auto report = [&](const std::string& text) { violations.push_back(file.generic_string() + ": " + text); };
   const std::vector<std::string> lines = LinesOf(root / file);
-  const std::size_t budget = file.extension() == ".h" ? kHeaderLines : kFileLines;
-  if (IsCode(file) && lines.size() > budget) {
-    fault(std::to_string(lines.size()) + " lines, " + std::to_string(budget) + " are allowed");
+  const std::size_t limit = file.extension() == ".h" ? kHeaderLines : kFileLines;
+  if (IsCode(file) && lines.size() > limit) {
+    report(std::to_string(lines.size()) + " lines, " + std::to_string(limit) + " are allowed");
   }
   if (!HasLicence(lines)) {
-    fault("no licence lines at the top");
+    report("no licence lines at the top");
   }
   if (IsSourceHeader(file) && !HasParagraph(lines)) {
-    fault("no paragraph after the licence lines");
+    report("no paragraph after the licence lines");
   }
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    if (HasLooseEnd(lines[i])) {
-      fault("a loose end in line " + std::to_string(i + 1));
+    if (HasWorkMarker(lines[i])) {
+      report("a loose end in line " + std::to_string(i + 1));
     }
   }
-  return faults;
+  return violations;
 }
 
 std::vector<std::string> ViolationsOfAll(const Path& root) {
-  std::vector<std::string> faults;
+  std::vector<std::string> violations;
   for (const Path& file : ProjectFiles(root)) {
     const std::vector<std::string> more = ViolationsOf(root, file);
-    faults.insert(faults.end(), more.begin(), more.end());
+    violations.insert(violations.end(), more.begin(), more.end());
   }
-  return faults;
+  return violations;
 }
 
 }  // namespace tonalith::house

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The budgets and habits of a source file that can be read off its lines: length, licence lines, the paragraph that
-// opens a header, and no loose ends. The answer is one line of text for each fault; no line means that all is well.
-// clang-tidy holds the length of functions. Reads files only; owns nothing.
+// Rules for a source file that its lines show: length, licence lines, the opening paragraph of a header, no work
+// markers. Returns one line of text per violation. clang-tidy limits the length of functions.
 
 #pragma once
 
@@ -14,10 +13,10 @@
 
 namespace tonalith::house {
 
-/// Faults of one file of the project; `file` is relative to `root`. Files that are no source of ours have none.
+/// Violations in one file of the project; `file` is relative to `root`. Empty for files that are not source.
 std::vector<std::string> ViolationsOf(const Path& root, const Path& file);
 
-/// The same for every file under `root`.
+/// Violations in all files under `root`.
 std::vector<std::string> ViolationsOfAll(const Path& root);
 
 }  // namespace tonalith::house

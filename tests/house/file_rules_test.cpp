@@ -16,8 +16,8 @@ const std::string kParagraph =
     "// A paragraph that says what this is, what it guarantees, who owns it, which thread it lives on,\n"
     "// and how it fails.\n";
 
-/// A file of this name with this text, and what the rules find in it. Unlike a tree's text it may hold empty lines.
-std::vector<std::string> Faults(const std::string& name, const std::string& text) {
+/// The violations in a file with this name and text. In contrast to a TemporaryTree text it may contain empty lines.
+std::vector<std::string> Violations(const std::string& name, const std::string& text) {
   const TemporaryTree tree("== " + name + "\n");
   WriteFile(tree.Root() / name, text);
   return ViolationsOf(tree.Root(), name);
@@ -31,50 +31,50 @@ std::string Lines(int count) {
   return text;
 }
 
-TEST(Budgets, EveryFileOfTheProjectKeepsThem) { EXPECT_THAT(ViolationsOfAll(ProjectRoot()), IsEmpty()); }
+TEST(FileRules, EveryFileOfTheProjectFollowsThem) { EXPECT_THAT(ViolationsOfAll(ProjectRoot()), IsEmpty()); }
 
-TEST(Budgets, TheProjectsFilesAreReallyRead) {
+TEST(FileRules, TheFilesOfTheProjectAreRead) {
   const std::vector<Path> files = ProjectFiles(ProjectRoot());
   EXPECT_THAT(files, ::testing::IsSupersetOf({Path("src/core/failure.h"), Path("run"), Path("test"),
                                               Path("docs/rooms.tsv"), Path("tests/house/file_rules_test.cpp")}));
 }
 
-TEST(Budgets, AFileOfFourHundredLinesPassesAndOneMoreFails) {
-  EXPECT_THAT(Faults("src/core/a.cpp", kLicence + Lines(398)), IsEmpty());
-  EXPECT_THAT(Faults("src/core/a.cpp", kLicence + Lines(399)),
+TEST(FileRules, AFileOfFourHundredLinesPassesAndOneMoreFails) {
+  EXPECT_THAT(Violations("src/core/a.cpp", kLicence + Lines(398)), IsEmpty());
+  EXPECT_THAT(Violations("src/core/a.cpp", kLicence + Lines(399)),
               ElementsAre("src/core/a.cpp: 401 lines, 400 are allowed"));
 }
 
-TEST(Budgets, AHeaderOfOneHundredAndFiftyLinesPassesAndOneMoreFails) {
-  EXPECT_THAT(Faults("tests/core/a.h", kLicence + Lines(148)), IsEmpty());
-  EXPECT_THAT(Faults("tests/core/a.h", kLicence + Lines(149)),
+TEST(FileRules, AHeaderOfOneHundredAndFiftyLinesPassesAndOneMoreFails) {
+  EXPECT_THAT(Violations("tests/core/a.h", kLicence + Lines(148)), IsEmpty());
+  EXPECT_THAT(Violations("tests/core/a.h", kLicence + Lines(149)),
               ElementsAre("tests/core/a.h: 151 lines, 150 are allowed"));
 }
 
-TEST(Budgets, ATableMayBeLong) {
-  EXPECT_THAT(Faults("content/a.tsv", "# SPDX-License-Identifier: CC0-1.0\n" + kLicence + Lines(900)), IsEmpty());
+TEST(FileRules, ATableMayBeLong) {
+  EXPECT_THAT(Violations("content/a.tsv", "# SPDX-License-Identifier: CC0-1.0\n" + kLicence + Lines(900)), IsEmpty());
 }
 
-TEST(Budgets, EveryFileOpensWithTheLicenceLines) {
-  EXPECT_THAT(Faults("src/core/a.cpp", Lines(3)), ElementsAre("src/core/a.cpp: no licence lines at the top"));
-  EXPECT_THAT(Faults("content/a.svg", "<svg/>\n"), ElementsAre("content/a.svg: no licence lines at the top"));
-  EXPECT_THAT(Faults("run", "#!/bin/sh\n" + kLicence), IsEmpty());
-  EXPECT_THAT(Faults("docs/a.png", "no text"), IsEmpty());
+TEST(FileRules, EveryFileStartsWithTheLicenceLines) {
+  EXPECT_THAT(Violations("src/core/a.cpp", Lines(3)), ElementsAre("src/core/a.cpp: no licence lines at the top"));
+  EXPECT_THAT(Violations("content/a.svg", "<svg/>\n"), ElementsAre("content/a.svg: no licence lines at the top"));
+  EXPECT_THAT(Violations("run", "#!/bin/sh\n" + kLicence), IsEmpty());
+  EXPECT_THAT(Violations("docs/a.png", "no text"), IsEmpty());
 }
 
-TEST(Budgets, AHeaderOfTheSourceSaysWhatItIs) {
-  EXPECT_THAT(Faults("src/core/a.h", kLicence + "\n" + kParagraph), IsEmpty());
-  EXPECT_THAT(Faults("src/core/a.h", kLicence + "\n// Short.\n"),
+TEST(FileRules, AHeaderOfSrcHasAParagraph) {
+  EXPECT_THAT(Violations("src/core/a.h", kLicence + "\n" + kParagraph), IsEmpty());
+  EXPECT_THAT(Violations("src/core/a.h", kLicence + "\n// Short.\n"),
               ElementsAre("src/core/a.h: no paragraph after the licence lines"));
-  EXPECT_THAT(Faults("src/core/a.h", kLicence + kParagraph),
+  EXPECT_THAT(Violations("src/core/a.h", kLicence + kParagraph),
               ElementsAre("src/core/a.h: no paragraph after the licence lines"));
 }
 
-TEST(Budgets, NoLooseEndsAreLeftInTheText) {
+TEST(FileRules, NoWorkMarkersAreInTheText) {
   const std::string word = std::string("TO") + "DO";
-  EXPECT_THAT(Faults("src/core/a.cpp", kLicence + "int a;\n// " + word + ": later\n"),
+  EXPECT_THAT(Violations("src/core/a.cpp", kLicence + "int a;\n// " + word + ": later\n"),
               ElementsAre("src/core/a.cpp: a loose end in line 4"));
-  EXPECT_THAT(Faults("src/core/a.cpp", kLicence + "int my" + word + "List;\n"), IsEmpty());
+  EXPECT_THAT(Violations("src/core/a.cpp", kLicence + "int my" + word + "List;\n"), IsEmpty());
 }
 
 }  // namespace

@@ -42,8 +42,8 @@ RoomTable RoomTable::Read(const Path& file) {
 const Room* RoomTable::OfFile(const Path& file) const {
   const Room* found = nullptr;
   for (const Room& room : rooms_) {
-    const bool holds = file == room.folder || file.generic_string().rfind(room.folder + "/", 0) == 0;
-    if (holds && (found == nullptr || room.folder.size() > found->folder.size())) {
+    const bool contains = file == room.folder || file.generic_string().rfind(room.folder + "/", 0) == 0;
+    if (contains && (found == nullptr || room.folder.size() > found->folder.size())) {
       found = &room;
     }
   }

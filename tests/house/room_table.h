@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The table docs/rooms.tsv in memory: which room may use which. Read once, then a plain value. A row that does not have
-// six columns, names a room twice or uses a room that does not stand above it throws std::runtime_error with the row,
-// which also keeps the arrows free of circles.
+// The table docs/rooms.tsv as a value: which room may use which. A row that does not have six columns, repeats a room
+// or uses a room that is not above it throws std::runtime_error with the row; so the arrows have no cycles.
 
 #pragma once
 
@@ -29,7 +28,7 @@ class RoomTable {
 
   [[nodiscard]] const std::vector<Room>& Rooms() const { return rooms_; }
 
-  /// The room whose folder (or one file) holds this path, relative to the project's root; the deepest, or null.
+  /// The room that contains this path, relative to the root of the project: the one with the deepest folder, or null.
   [[nodiscard]] const Room* OfFile(const Path& file) const;
   [[nodiscard]] const Room* OfTarget(const std::string& target) const;
   [[nodiscard]] const Room* Named(const std::string& name) const;
@@ -38,7 +37,7 @@ class RoomTable {
   std::vector<Room> rooms_;
 };
 
-/// Whether `user` may use `used`; a room may always use itself.
+/// Whether `user` may use `used`; a room may use itself.
 bool MayUse(const Room& user, const Room& used);
 
 }  // namespace tonalith::house

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Stands in for _exit in the test programs of a coverage build (the linker puts it there): the counters are written
-// before the process goes, or all that a reading process ran would count as never run. What the process has set itself
-// as limits is lifted first; they would keep it from writing.
+// Replaces _exit in the test programs of a coverage build (through the linker) and writes the coverage counters first;
+// otherwise the lines that a child process ran would not count. Resource limits that the process has set are lifted,
+// because they would prevent the writing.
 
 #include <sys/resource.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The failure that a step throws, for tests of failures.
+// Returns the failure that a step throws.
 
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace tonalith::tests {
 
-/// Runs `step` and gives the failure that it throws; fails the test when it throws none.
+/// Runs `step` and returns the failure that it throws; fails the test if it throws none.
 template <class Step>
 core::Failure FailureOf(Step step) {
   try {

@@ -35,7 +35,7 @@ std::vector<PdfFont> PdfFile::Fonts() const {
   std::string line;
   for (int number = 0; std::getline(lines, line); ++number) {
     if (number < 2) continue;
-    // From the end: emb, sub, uni and the two numbers of the object.
+    // The last columns: emb, sub, uni and the two object numbers.
     const QStringList words = QString::fromStdString(line).simplified().split(QLatin1Char(' '));
     const auto yes = [&words](qsizetype fromEnd) { return words.at(words.size() - fromEnd) == QLatin1String("yes"); };
     fonts.push_back({words.at(0).toStdString(), yes(5), yes(3)});

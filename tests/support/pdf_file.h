@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Reads a PDF file with poppler's programs, as somebody else's reader would: its text, its fonts, its title, its page
-// as dots. Throws std::runtime_error when a program is not there or does not take the file.
+// Reads a PDF file with the programs of poppler, independently of Qt: text, fonts, title, and the page as an image.
+// Throws std::runtime_error if a program is missing or refuses the file.
 
 #pragma once
 
@@ -22,12 +22,12 @@ class PdfFile {
  public:
   explicit PdfFile(std::string path) : path_(std::move(path)) {}
 
-  /// All text of the file, one blank between words.
+  /// All text of the file, with one blank between words.
   [[nodiscard]] std::string Text() const;
   [[nodiscard]] std::vector<PdfFont> Fonts() const;
-  /// A line of pdfinfo, such as "Title" or "Pages".
+  /// A field of pdfinfo, such as "Title" or "Pages".
   [[nodiscard]] std::string Info(const std::string& field) const;
-  /// The first page, on white.
+  /// The first page on a white background.
   [[nodiscard]] QImage Page(int dotsPerInch) const;
 
  private:

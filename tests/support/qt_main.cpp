@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The main function of test programs that need a QApplication. Runs without a screen unless a platform is asked for.
+// The main function of test programs that need a QApplication. Uses the offscreen platform unless another one is set.
 
 #include <gmock/gmock.h>
 

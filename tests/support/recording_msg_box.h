@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A message box for tests: it records what was shown and answers from a script, or with the default button of the
-// style once the script is used up. Owned by the test; one thread; never fails.
+// A message box for tests: records the messages and answers from a script, then with the default button of the style.
 
 #pragma once
 
@@ -36,7 +35,7 @@ class RecordingMsgBox : public core::MsgBox {
   [[nodiscard]] const std::vector<Message>& Messages() const { return messages_; }
   void Forget() { messages_.clear(); }
 
-  /// The texts alone, one a line: the readable form for assertions.
+  /// The texts only, one per line, for assertions.
   [[nodiscard]] std::string Texts() const {
     std::string all;
     for (const Message& message : messages_) all += message.text + "\n";

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A process to which the system refuses some of its calls, as it does where something is missing or used up. The step
-// runs in a process of its own, which is gone afterwards. Nothing of the tests may run in it but the step.
+// Runs a step in a child process in which the system refuses some calls, as if a resource were missing or exhausted.
+// Only the step may run in the child.
 
 #pragma once
 
@@ -25,7 +25,7 @@ namespace tonalith::tests {
 
 inline constexpr int kCannotRefuse = 77;
 
-/// Every later call of these numbers ends with `error`. Cannot be taken back.
+/// All later system calls with these numbers fail with `error`. Cannot be undone.
 inline bool RefuseCalls(std::initializer_list<long> calls, int error) {
   std::vector<sock_filter> steps{BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr))};
   for (const long call : calls) {
@@ -38,8 +38,8 @@ inline bool RefuseCalls(std::initializer_list<long> calls, int error) {
          ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &program, 0, 0) == 0;
 }
 
-/// The words of `step`, or of the failure that it throws, where those calls are refused; empty where that cannot be
-/// arranged.
+/// The result of `step`, or the text of its exception, with these calls refused; empty if the system does not support
+/// this.
 inline std::string WithoutCalls(std::initializer_list<long> calls, int error,
                                 const std::function<std::string()>& step) {
   std::array<int, 2> ends{};
@@ -47,27 +47,27 @@ inline std::string WithoutCalls(std::initializer_list<long> calls, int error,
   const pid_t process = ::fork();
   if (process == 0) {
     if (!RefuseCalls(calls, error)) ::_exit(kCannotRefuse);
-    std::string words;
+    std::string text;
     try {
-      words = step();
+      text = step();
     } catch (const std::exception& failure) {
-      words = failure.what();
+      text = failure.what();
     }
-    const bool isTold = ::write(ends[1], words.data(), words.size()) == static_cast<ssize_t>(words.size());
-    ::_exit(isTold ? 0 : 1);
+    const bool isWritten = ::write(ends[1], text.data(), text.size()) == static_cast<ssize_t>(text.size());
+    ::_exit(isWritten ? 0 : 1);
   }
   ::close(ends[1]);
-  std::array<char, 1024> words{};
-  const ssize_t size = ::read(ends[0], words.data(), words.size());
+  std::array<char, 1024> text{};
+  const ssize_t size = ::read(ends[0], text.data(), text.size());
   ::close(ends[0]);
   int status = 0;
   ::waitpid(process, &status, 0);
   if (WIFEXITED(status) && WEXITSTATUS(status) == kCannotRefuse) return "";
   if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) return "the process ended badly";
-  return {words.data(), static_cast<std::size_t>(size > 0 ? size : 0)};
+  return {text.data(), static_cast<std::size_t>(size > 0 ? size : 0)};
 }
 
-/// Whether this system lets a process refuse its own calls.
+/// Whether this system supports it.
 inline bool CanRefuseCalls() {
   return WithoutCalls({}, 0, [] { return "can"; }) == "can";
 }

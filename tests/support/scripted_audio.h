@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The audio ports for tests: files from memory, wave outputs and windows that write down what is asked of them. One
-// AudioScript belongs to them all: it holds the joint record in its order and says which step fails, by the step's name
-// and count: "open file", "read", "seek", "size", "create window", "set procedure", "call procedure", "destroy window",
-// "open", "prepare", "write", "reset", "unprepare", "close". One thread only.
+// Fakes of the audio ports: files in memory, wave outputs and windows that record their calls. They share one
+// AudioScript, which contains the common record and decides which step fails, by name and count: "open file", "read",
+// "seek", "size", "create window", "set procedure", "call procedure", "destroy window", "open", "prepare", "write",
+// "reset", "unprepare", "close". One thread.
 
 #pragma once
 
@@ -23,19 +23,19 @@ namespace tonalith::tests {
 
 class AudioScript {
  public:
-  /// The `nth` (from 1) step of that name answers with the failure result that its port has.
+  /// The `nth` step (from 1) with that name returns the failure result of its port.
   void Refuse(const std::string& step, int nth = 1) { refused_.insert({step, nth}); }
-  /// The `nth` step of that name throws failure 51 with the text "<step> broke".
+  /// The `nth` step with that name throws failure 51 with the text "<step> broke".
   void Break(const std::string& step, int nth = 1) { broken_.insert({step, nth}); }
 
-  /// For the ports below: counts the step, adds a line to the record and throws if the script says so. Returns whether
-  /// the step is refused.
+  /// For the fakes: counts the step, records a line and throws if the script says so. Returns whether the step is
+  /// refused.
   bool Refused(const std::string& step, const std::string& line);
 
   void Note(const std::string& line) { record_ += line + "\n"; }
   [[nodiscard]] const std::string& Record() const { return record_; }
   void Forget() { record_.clear(); }
-  /// How often a step was taken.
+  /// The number of calls of a step.
   [[nodiscard]] int Count(const std::string& step) const;
 
  private:
@@ -51,7 +51,7 @@ class ScriptedFileInput : public platform::FileInput {
 
   void Put(const std::string& path, std::vector<std::byte> content) { files_[path] = std::move(content); }
   void Remove(const std::string& path) { files_.erase(path); }
-  /// Writes reads and seeks down as well; without it only opening and closing are.
+  /// Records reads and seeks as well, not only opening and closing.
   void RecordReads() { recordReads_ = true; }
 
   std::unique_ptr<platform::InputFile> Open(const std::string& path) override;
@@ -75,9 +75,9 @@ class ScriptedNoticeWindows : public platform::NoticeWindows {
   void PostNotice(platform::WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
                   std::intptr_t lParam) override;
 
-  /// Sends a message straight to the window's procedure and gives its result; 0 for a window that is not there.
+  /// Calls the procedure of a window and returns its result; 0 if the window does not exist.
   std::intptr_t Send(platform::WindowHandle window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam);
-  /// Handles the notices that wait. Returns how many there were.
+  /// Delivers the posted messages and returns their number.
   int Dispatch();
 
  private:
@@ -104,14 +104,14 @@ class ScriptedWaveOutput : public platform::WaveOutput {
   void UnprepareHeader(platform::WaveHandle device, platform::WAVEHDR& header) override;
   void Close(platform::WaveHandle device) override;
 
-  /// The device has played its buffer to the end: posts the notice. Nothing happens for one that is not playing.
+  /// Simulates the end of the buffer: posts the message of a playing device. No effect on others.
   void Finish(platform::WaveHandle device);
-  /// The same for every device that plays.
+  /// Finish for all playing devices.
   void FinishAll();
   [[nodiscard]] bool IsPlaying(platform::WaveHandle device) const;
-  /// The devices that are open, in the order of opening.
+  /// The open devices, in the order of opening.
   [[nodiscard]] std::vector<platform::WaveHandle> OpenDevices() const;
-  /// What the last Open was given.
+  /// The format of the last Open.
   [[nodiscard]] const platform::WaveFormat& LastFormat() const { return lastFormat_; }
 
  private:

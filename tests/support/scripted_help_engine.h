@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The help engine for tests: it writes each call down as a line and answers with what it was told to. One thread.
+// A fake of the help engine: records each call as a line and returns the scripted result.
 
 #pragma once
 

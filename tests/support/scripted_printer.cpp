@@ -27,7 +27,7 @@ std::string TextOf(const platform::PrintPlace& place) {
 void PrintScript::Take(const std::string& step) {
   const auto what = during_.find(step);
   if (what != during_.end()) {
-    const auto run = what->second;  // It may put another one in its place.
+    const auto run = what->second;  // It may replace itself.
     run();
   }
   if (broken_.count(step) != 0) throw core::Failure(platform::kPrinterError, step + " broke");

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Printing for tests: a printer and a print service that write down what is asked of them and fail at any step. One
-// PrintScript belongs to them all. Steps are "scale mode", "width", "height", "resolution", "paint", "end" of the
-// printer and "has printer", "usual paper", "sheet", "ask printer", "ask pdf" of the service. One thread only.
+// Fakes of the printer and the print service: record their calls and can fail at any step. They share one PrintScript.
+// Steps of the printer: "scale mode", "width", "height", "resolution", "paint", "end"; of the service: "has printer",
+// "usual paper", "sheet", "ask printer", "ask pdf". One thread.
 
 #pragma once
 
@@ -20,25 +20,25 @@ namespace tonalith::tests {
 
 class PrintScript {
  public:
-  /// Every step of that name throws failure 482 with the text "<step> broke".
+  /// All steps with that name throw failure 482 with the text "<step> broke".
   void Break(const std::string& step) { broken_.insert(step); }
   void Repair() { broken_.clear(); }
-  /// Runs when the step is taken, before it fails or succeeds.
+  /// Runs in the step, before it fails or succeeds.
   void During(const std::string& step, std::function<void()> what) { during_[step] = std::move(what); }
 
-  /// For the ports below.
+  /// For the fakes.
   void Take(const std::string& step);
   void Note(const std::string& line) { record_ += line + "\n"; }
   [[nodiscard]] const std::string& Record() const { return record_; }
   void Forget() { record_.clear(); }
 
-  /// What was painted, in its order.
+  /// The painted pictures, in order.
   struct Painted {
     std::shared_ptr<const platform::PrintablePicture> picture;
     platform::PrintPlace place;
   };
   std::vector<Painted> painted;
-  /// The pages that went out.
+  /// The number of printed pages.
   int pages = 0;
 
  private:
@@ -47,7 +47,7 @@ class PrintScript {
   std::string record_;
 };
 
-/// Its page is `width` by `height` twips, at 600 dots to the inch.
+/// A page of `width` by `height` twips, at 600 dots per inch.
 class ScriptedPrinter : public platform::Printer {
  public:
   ScriptedPrinter(PrintScript& script, double width, double height) : script_(script), width_(width), height_(height) {}
@@ -79,14 +79,14 @@ class ScriptedPrintService : public platform::PrintService {
 
   [[nodiscard]] bool HasPrinter() override;
   [[nodiscard]] platform::PaperSize UsualPaperSize() override;
-  /// The sheet with a border of 18 points all round.
+  /// The sheet with a border of 18 points on each side.
   [[nodiscard]] platform::Sheet SheetOf(const platform::Paper& paper) override;
   std::unique_ptr<platform::Printer> AskForPrinter(const platform::PrintJob& job) override;
   std::unique_ptr<platform::Printer> AskForPdfFile(const platform::PrintJob& job) override;
 
   bool hasPrinter = true;
   platform::PaperSize usualPaperSize = platform::PaperSize::kA4;
-  /// What the user does when asked.
+  /// Whether the user cancels the dialogs.
   bool userCancels = false;
 
  private:

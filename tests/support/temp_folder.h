@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A folder for one test, under the system's folder for temporary files, taken away with everything in it by the
-// destructor. Throws std::runtime_error when it cannot be made.
+// A temporary folder for one test, removed with its content by the destructor. Throws std::runtime_error if it cannot
+// be created.
 
 #pragma once
 
@@ -33,7 +33,7 @@ class TempFolder {
   [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
   [[nodiscard]] std::string operator/(std::string_view name) const { return (path_ / name).string(); }
 
-  /// Writes a file and gives its path.
+  /// Writes a file and returns its path.
   [[nodiscard]] std::string Write(std::string_view name, std::string_view content) const {
     std::ofstream(path_ / name, std::ios::binary) << content;
     return *this / name;
