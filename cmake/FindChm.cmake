@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
 #
-# chmlib, which comes without CMake or pkg-config files: the target Chm::Chm.
+# chmlib has no CMake or pkg-config files: defines the target Chm::Chm.
 find_path(CHM_INCLUDE_DIR chm_lib.h)
 find_library(CHM_LIBRARY chm)
 mark_as_advanced(CHM_INCLUDE_DIR CHM_LIBRARY)

@@ -1,22 +1,22 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
 #
-# One room is one folder, one static library and one set of arrows. Every target of the project is made here, so that
-# warnings, sanitizers, clang-tidy and the Qt dialect are the same everywhere.
+# One room is one folder, one static library and one set of arrows (permitted dependencies). Every target of the project
+# is created here, so that warnings, sanitizers, clang-tidy and Qt settings are the same everywhere.
 
 add_library(tonalith_options INTERFACE)
 target_compile_options(
   tonalith_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wnon-virtual-dtor
                              -Woverloaded-virtual)
-# Warnings end the build with the compilers that .ci/run has. A newer one has others and is mistaken in its own way: it
-# shows them and goes on.
+# Warnings are errors with the compilers of .ci/run. Newer compilers have other warnings and other false positives, so
+# there they are only shown.
 if((CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
    OR (CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 15))
   target_compile_options(tonalith_options INTERFACE -Werror)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # GCC 12 takes the unused storage of a std::optional for an uninitialized variable. Its memory is worth tidying up only
-  # from 400 MB on, which few sources reach: before that it takes a tenth of the time.
+  # GCC 12 reports the unused storage of a std::optional as uninitialized, a false positive. It collects garbage only
+  # above 400 MB, which few sources reach; with the default it spends a tenth of the time on that.
   target_compile_options(tonalith_options INTERFACE -Wno-maybe-uninitialized "SHELL:--param ggc-min-heapsize=409600")
 endif()
 target_compile_definitions(tonalith_options INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII
@@ -32,7 +32,7 @@ if(TONALITH_THREADS)
   target_link_options(tonalith_options INTERFACE -fsanitize=thread)
 endif()
 if(TONALITH_COVERAGE)
-  # Atomic counters: the sound and the tests of it run in several threads.
+  # Atomic counters: sound output and its tests use several threads.
   target_compile_options(tonalith_options INTERFACE --coverage -O0 -g1 -fprofile-update=atomic)
   target_link_options(tonalith_options INTERFACE --coverage)
 endif()
@@ -50,8 +50,8 @@ function(tonalith_finish target)
   endif()
 endfunction()
 
-# tonalith_headers(name READS <vector> ... LINKS ... OPTIONS ...): headers compiled once, for targets that take them over
-# with REUSE_FROM and have the same OPTIONS. No source may count on them: clang-tidy reads each source without.
+# tonalith_headers(name READS <vector> ... LINKS ... OPTIONS ...): precompiled headers, for targets that use them with
+# REUSE_FROM and have the same OPTIONS. Sources must not depend on them: clang-tidy runs without them.
 function(tonalith_headers name)
   cmake_parse_arguments(HEADERS "" "" "READS;LINKS;OPTIONS" ${ARGN})
   file(CONFIGURE OUTPUT "${PROJECT_BINARY_DIR}/${name}.cpp" CONTENT "")
@@ -62,13 +62,13 @@ function(tonalith_headers name)
                                             <vector> ${HEADERS_READS})
 endfunction()
 
-# What nearly every window reads.
+# Headers that nearly every window includes.
 set(TONALITH_QT_READS <QAbstractButton> <QApplication> <QLabel> <QLineEdit> <QPainter> <QPointer>)
 if(TONALITH_QT)
   tonalith_headers(tonalith_qt_headers READS ${TONALITH_QT_READS} LINKS Qt6::Widgets)
 endif()
 
-# tonalith_room(core SOURCES ... LINKS ...): the static library tonalith_core. LINKS holds rooms and packages.
+# tonalith_room(core SOURCES ... LINKS ...): the static library tonalith_core. LINKS contains rooms and packages.
 function(tonalith_room name)
   cmake_parse_arguments(ROOM "QT" "" "SOURCES;LINKS" ${ARGN})
   set(target tonalith_${name})
@@ -82,8 +82,8 @@ function(tonalith_room name)
   tonalith_finish(${target})
 endfunction()
 
-# Headers for the tests without Qt and for those with it. Tests are compiled without optimisation: they are many, and
-# each runs once.
+# Precompiled headers for tests without and with Qt. Tests are compiled without optimisation: there are many, and each
+# runs once.
 set(TONALITH_TEST_OPTIONS $<$<CONFIG:RelWithDebInfo>:-O0>)
 function(tonalith_test_headers name)
   cmake_parse_arguments(HEADERS "" "" "READS;LINKS" ${ARGN})
@@ -110,15 +110,15 @@ function(tonalith_test name)
     target_precompile_headers(${target} REUSE_FROM tonalith_test_headers)
   endif()
   if(TONALITH_COVERAGE)
-    # What a child process ran until its _exit counts as well.
+    # Counts the lines that a child process runs before _exit.
     target_link_libraries(${target} PRIVATE tonalith_counted_exit)
     target_link_options(${target} PRIVATE -Wl,--wrap=_exit)
   endif()
   tonalith_finish(${target})
   set(surroundings "QT_QPA_PLATFORM=offscreen;QT_ACCESSIBILITY=0")
   if(TONALITH_TESTS_WHOLE)
-    # One process for a folder of tests instead of one for each of them: starting it is most of what a test costs where
-    # the program is built for a sanitizer.
+    # One process per test folder instead of one per test: with a sanitizer, most of the time of a test is process
+    # start.
     add_test(NAME ${name} COMMAND ${target} --gtest_brief=1)
     set_tests_properties(${name} PROPERTIES ENVIRONMENT "${surroundings}" TIMEOUT 600)
   else()
@@ -128,8 +128,8 @@ function(tonalith_test name)
   endif()
 endfunction()
 
-# The start of a program looks ten thousand symbols up, in its libraries in their order, and nearly all of them are Qt's:
-# Qt is named before everything that the rooms bring along.
+# At start the dynamic linker resolves ten thousand symbols by searching the libraries in link order. Nearly all are in
+# Qt, so Qt is linked before the libraries of the rooms.
 function(tonalith_link_qt_first target)
   target_link_options(
     ${target} PRIVATE "LINKER:--no-as-needed" "$<TARGET_LINKER_FILE:Qt6::Core>" "$<TARGET_LINKER_FILE:Qt6::Widgets>"

@@ -2,11 +2,11 @@
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
 # shellcheck shell=bash
 #
-# Configures and builds by preset. Sourced by run, test and .ci/run, which set `root`. Silent when nothing is to do;
-# otherwise one line of progress, and the whole log when something fails.
+# Configures and builds by preset. Sourced by run, test and .ci/run, which set `root`. Prints nothing if nothing needs
+# building; otherwise one line of progress, and the complete log on failure.
 
-# TonalithConfigure PRESET: only when the folder is new, was made somewhere else, or the presets have changed; changed
-# CMake files are noticed by the build itself.
+# TonalithConfigure PRESET: only if the folder is new, was configured at another path, or the presets have changed; the
+# build itself detects changed CMake files.
 TonalithConfigure() {
   local preset=$1 folder=$root/build/$1 stamp=$root/build/$1/.configured fresh=() log
   if [[ -f $folder/CMakeCache.txt ]] && ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$root" "$folder/CMakeCache.txt"; then
@@ -25,11 +25,11 @@ TonalithConfigure() {
   touch -- "$stamp"
 }
 
-# TonalithShowProgress TITLE: copies ninja's counter from its input to one line on a terminal, to a few lines elsewhere.
+# TonalithShowProgress TITLE: shows the counter of ninja in one line on a terminal, otherwise in a few lines.
 TonalithShowProgress() {
   local title=$1 line share next=0 begun=0
   while IFS= read -r line; do
-    # Very few steps are no news: the stage is looked at every time.
+    # Not for very few steps: the stage is checked in each build.
     [[ $line =~ ^\[([0-9]+)/([0-9]+)\] ]] && ((BASH_REMATCH[2] > 3)) || continue
     share=$((100 * BASH_REMATCH[1] / BASH_REMATCH[2]))
     if [[ -t 1 ]]; then
@@ -43,7 +43,7 @@ TonalithShowProgress() {
   [[ ! -t 1 || $begun == 0 ]] || printf '\r\033[K'
 }
 
-# TonalithBuild PRESET [TARGET...]: everything, or these targets.
+# TonalithBuild PRESET [TARGET...]: builds all targets, or these.
 TonalithBuild() {
   local preset=$1 log=$root/build/$1/build.log targets=()
   shift

@@ -2,9 +2,10 @@
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
 # shellcheck shell=bash
 #
-# The stricter checks, one function each. Sourced by .ci/run after tools/build.sh, with `root` set and as the folder.
+# The stricter checks, one function each. Sourced by .ci/run after tools/build.sh, with `root` set and as current
+# folder.
 
-# TonalithSources: the C++ files of the project, one a line.
+# TonalithSources: the C++ files of the project, one per line.
 TonalithSources() {
   if git rev-parse --is-inside-work-tree >/dev/null 2>&1; then
     git ls-files --cached --others --exclude-standard -- '*.cpp' '*.h'
@@ -22,20 +23,20 @@ TonalithCheckFormat() {
   printf '%d files\n' "$(TonalithSources | wc -l)"
 }
 
-# Over the compile commands of the dev preset, whose build has just made what moc makes: no third build is needed. Only
-# what the compiler is really given is checked; headers are checked through the sources that include them. Tests are left
-# to the tidy preset: reading GoogleTest and Qt for each of them takes longer than all the rest.
+# Uses the compile commands of the dev preset, whose build has generated the moc files, so no third build is needed.
+# Headers are checked through the sources that include them. Tests are left to the tidy preset: parsing GoogleTest and
+# Qt for each of them takes longer than all other sources.
 TonalithCheckTidy() {
   local sources commands=build/ci/commands
   mkdir -p -- "$commands"
-  # Without what only the first compiler knows: its memory, and its headers compiled beforehand, for each source has to
-  # name its own.
+  # Removes options that clang does not know, and the precompiled headers, because each source must include what it
+  # uses.
   sed -e 's| -Winvalid-pch -include [^ ]*||' -e 's| --param [^ ]*||' build/dev/compile_commands.json \
     >"$commands/compile_commands.json"
   sources=$(sed -n "s|^ *\"file\": \"$root/\(.*\)\",\{0,1\}$|\1|p" "$commands/compile_commands.json" |
     grep -v -e '^build/' -e '^tests/' | sort -u)
   printf '%d files\n' "$(wc -l <<<"$sources")"
-  # The commands are the first compiler's; the second does not know every warning of it.
+  # The commands are for gcc; clang does not know all of its warnings.
   xargs -P "$(nproc)" -n 1 clang-tidy -p "$commands" --quiet --extra-arg=-Wno-unknown-warning-option <<<"$sources" \
     2> >(grep -v 'generated\.$' >&2)
 }
@@ -45,15 +46,15 @@ TonalithCheckSanitizers() {
   ctest --preset sanitize
 }
 
-# What sounds is all that has threads of its own.
+# Only sound output has its own threads.
 TonalithCheckThreads() {
   TonalithBuild threads tonalith_audio_tests tonalith_platform_tests tonalith_platform_openal_tests \
     tonalith_platform_openal_rest_tests
   ctest --preset threads
 }
 
-# TonalithFuzz PROGRAM: TONALITH_FUZZ_SECONDS (12) over its seeds, fuzz/<subject>_seeds; what it finds stays in
-# build/fuzz. Its words come in one piece when it has ended.
+# TonalithFuzz PROGRAM: runs it for TONALITH_FUZZ_SECONDS (12) with its seeds, fuzz/<subject>_seeds; findings are
+# written to build/fuzz. Prints its output in one piece at the end.
 TonalithFuzz() {
   local subject=${1##*/tonalith_} seeds=() log code=0
   subject=${subject%_fuzz}
@@ -67,7 +68,7 @@ TonalithFuzz() {
   return "$code"
 }
 
-# Each program under build/fuzz/fuzz, as many at a time as there are processors.
+# Runs each program in build/fuzz/fuzz, as many in parallel as there are processors.
 TonalithCheckFuzz() {
   local programs
   TonalithBuild fuzz fuzz/all
@@ -86,7 +87,7 @@ TonalithCheckNoQt() {
   ctest --preset no-qt
 }
 
-# A slice of ./test --torture, always the same.
+# A short, fixed part of ./test --torture.
 TonalithCheckTorture() {
   tests/torture/run build/dev --actions 3000 --kills 50 --seeds 11 --seconds 400 --world short
 }

@@ -2,10 +2,10 @@
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
 # shellcheck shell=bash
 #
-# Installs the packages of tools/packages.tsv that are missing. Sourced by run, test and .ci/run, which set `root`.
-# With nothing to do it reads one table and asks dpkg once.
+# Installs missing packages of tools/packages.tsv. Sourced by run, test and .ci/run, which set `root`. If nothing is
+# missing, it only reads one table and queries dpkg once.
 
-# TonalithPackages GROUP...: the entries of these groups, one a line, alternatives parted by bars.
+# TonalithPackages GROUP...: the entries of these groups, one per line; a bar separates alternatives.
 TonalithPackages() {
   local group package rest wanted=" $* "
   while IFS=$'\t' read -r group package rest; do
@@ -13,7 +13,7 @@ TonalithPackages() {
   done <"$root/tools/packages.tsv" | sort -u
 }
 
-# TonalithMissingPackages ENTRY...: those of which no alternative is installed.
+# TonalithMissingPackages ENTRY...: the entries without an installed alternative.
 TonalithMissingPackages() {
   local entry name state alternatives installed=' '
   while read -r name state; do
@@ -28,7 +28,7 @@ TonalithMissingPackages() {
   done
 }
 
-# TonalithKnownName ENTRY: its first alternative that this release offers, or the first of all.
+# TonalithKnownName ENTRY: the first alternative that this release offers, or the first one.
 TonalithKnownName() {
   local name alternatives
   IFS='|' read -ra alternatives <<<"$1"
@@ -41,8 +41,8 @@ TonalithKnownName() {
   printf '%s\n' "${alternatives[0]}"
 }
 
-# TonalithRequire GROUP...: returns when all packages of these groups are there; otherwise says what is needed and ends.
-# TONALITH_SKIP_PACKAGES=1 leaves the whole matter to the caller.
+# TonalithRequire GROUP...: installs the missing packages of these groups; exits with a message if that fails. With
+# TONALITH_SKIP_PACKAGES=1 it does nothing.
 TonalithRequire() {
   [[ ${TONALITH_SKIP_PACKAGES:-} != 1 ]] || return 0
   local entries missing names=() asRoot=() entry log

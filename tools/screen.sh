@@ -2,10 +2,10 @@
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
 # shellcheck shell=bash
 #
-# Opens the program on a virtual display, waits until its window is mapped and painted, and saves a picture of it.
+# Opens the program on a virtual display, waits until its window is mapped and painted, and saves a screenshot.
 
-# TonalithPicture FILE PROGRAM [ARGUMENT...]: prints FILE on success. Fails when no painted window comes within half a
-# minute; leaves no process and no file of its own behind either way. Runs in a subshell, so the trap is its own.
+# TonalithPicture FILE PROGRAM [ARGUMENT...]: prints FILE on success. Fails if no painted window appears within 30
+# seconds. Leaves no process and no temporary file. Runs in a subshell, so its trap does not affect the caller.
 TonalithPicture() (
   file=$1
   shift
@@ -13,7 +13,7 @@ TonalithPicture() (
   screenProcess= programProcess=
   trap 'TonalithEnd "$programProcess"; TonalithEnd "$screenProcess"; rm -rf -- "$scratch"' EXIT
 
-  # The server chooses a free display number by itself and writes it as soon as it can be reached.
+  # The server chooses a free display number and writes it when it accepts connections.
   exec {screen}< <(exec Xvfb -displayfd 1 -screen 0 1600x1000x24 -nolisten tcp -noreset 2>"$scratch/screen.log")
   screenProcess=$!
   if ! read -r -t 30 -u "$screen" display; then
@@ -29,7 +29,7 @@ TonalithPicture() (
   for ((tries = 0; tries < 300; tries++)); do
     kill -0 "$programProcess" 2>/dev/null || break
     now=$(TonalithGrab ":$display" "$scratch/window.png")
-    # More colours than a blank window has, and nothing changed since the last look: this is a painted window.
+    # More colours than a blank window, and no change since the last screenshot: the window is painted.
     if [[ -n $now && ${now%% *} -ge 24 && $now == "$before" ]]; then
       mv -- "$scratch/window.png" "$file"
       printf 'There is no display here; a picture of the window is in %s\n' "$file"
@@ -43,14 +43,14 @@ TonalithPicture() (
   exit 1
 )
 
-# TonalithGrab DISPLAY FILE: the number of colours and a checksum of what stands on the screen, without the empty ground
-# around it; nothing before a window is mapped.
+# TonalithGrab DISPLAY FILE: saves a screenshot without the empty border and prints its number of colours and a
+# checksum; prints nothing before a window is mapped.
 TonalithGrab() {
   DISPLAY=$1 timeout 10 import -silent -window root -trim +repage "$2" >/dev/null 2>&1 &&
     identify -format '%k %#' "$2" 2>/dev/null || true
 }
 
-# TonalithEnd PROCESS: asks it to end, waits up to five seconds, then insists.
+# TonalithEnd PROCESS: sends SIGTERM, waits up to five seconds, then sends SIGKILL.
 TonalithEnd() {
   [[ -n $1 ]] || return 0
   kill -TERM "$1" 2>/dev/null || return 0

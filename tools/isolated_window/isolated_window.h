@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The main window without the outside world: real forms on a real database, but nothing that sounds, prints, asks or
-// opens help. For programs that draw or measure the window. Needs a QApplication; user-interface thread.
+// The main window without external effects: real forms with a real database, but sound, printer, message boxes and help
+// are fakes. For programs that draw or measure the window. Needs a QApplication.
 
 #pragma once
 

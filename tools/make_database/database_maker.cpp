@@ -24,7 +24,7 @@ using data::CursorType;
 using data::LockType;
 using data::RecordSet;
 
-// A file that is taken away again unless it was kept under its final name.
+// A temporary file, removed by the destructor unless it was renamed.
 class TemporaryFile {
  public:
   explicit TemporaryFile(std::filesystem::path path) : path_(std::move(path)) {}
@@ -52,11 +52,11 @@ std::shared_ptr<data::Connection> OpenFile(const std::filesystem::path& path) {
 }
 
 template <class Step>
-void AtPlace(const TableLocation& place, Step step) {
+void AtLocation(const TableLocation& location, Step step) {
   try {
     step();
   } catch (const core::Failure& failure) {
-    throw TableFailure(place, failure.Description());
+    throw TableFailure(location, failure.Description());
   }
 }
 
@@ -64,7 +64,7 @@ void AddTypes(const std::vector<ScaleTypeRow>& types, const std::shared_ptr<data
   RecordSet records;
   records.Open("ScaleTypes", connection, CursorType::kKeyset, LockType::kOptimistic);
   for (const ScaleTypeRow& type : types) {
-    AtPlace(type.place, [&] {
+    AtLocation(type.location, [&] {
       records.AddNew();
       records.SetFieldValue("ScaleTypeID", type.scaleTypeId);
       records.SetFieldValue("ScaleTypeNo", type.scaleTypeNo);
@@ -78,7 +78,7 @@ void AddScales(const std::vector<ScaleRow>& scales, const std::shared_ptr<data::
   RecordSet records;
   records.Open("ScalesQuery", connection, CursorType::kKeyset, LockType::kOptimistic);
   for (const ScaleRow& scale : scales) {
-    AtPlace(scale.place, [&] {
+    AtLocation(scale.location, [&] {
       records.AddNew();
       records.SetFieldValue("ScaleID", scale.scaleId);
       records.SetFieldValue("ScaleName", scale.scaleName);
@@ -104,7 +104,7 @@ void MakeDatabase(const ScaleTables& tables, const std::filesystem::path& output
   AddScales(tables.scales, connection);
   connection->CommitTrans();
   connection->Close();
-  // The rows of a new library are those of today, so that its first start writes nothing.
+  // A new library contains the current rows already, so its first start writes nothing.
   if (output.filename() == data::kDatabaseFileName) data::RenewShippedRows(file.Path());
   std::filesystem::rename(file.Path(), output);
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// tonalith_make_database <table-folder> <output.mdb>: makes a scale database, or a data pack, out of the text tables of
-// a folder.
-// Exit status 0: made. 1: a table is not well formed or the file cannot be written, said in one line. 2: wrong call.
+// tonalith_make_database <table-folder> <output.mdb>: creates a scale database or a data pack from the text tables of a
+// folder.
+// Exit status 0: success. 1: a table is malformed or the file cannot be written; prints one line. 2: wrong arguments.
 
 #include <exception>
 #include <iostream>

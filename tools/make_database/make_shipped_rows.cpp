@@ -2,8 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // tonalith_make_shipped_rows <table-folder> <output.cpp>: writes the rows of the library that differ from those of an
-// earlier version, as source for the program. marks_1_0.tsv knows the earlier rows, earlier_rows.tsv their names of
-// today. Exit status 0: made. 1: a table is not well formed, said in one line. 2: wrong call.
+// earlier version, as C++ source. marks_1_0.tsv contains hashes of the earlier rows, earlier_rows.tsv their current
+// names. Exit status 0: success. 1: a table is malformed; prints one line. 2: wrong arguments.
 
 #include <exception>
 #include <fstream>
@@ -17,7 +17,7 @@ namespace {
 
 using namespace tonalith;
 
-/// The two columns of a table whose first line that is no comment names them.
+/// The two columns of a table. Lines with # are comments; the first other line has the column names.
 std::map<std::string, std::string> ReadPairs(const std::string& file) {
   std::ifstream stream(file);
   if (!stream) throw make_database::TableFailure({file, 0}, "the table cannot be read");
@@ -46,14 +46,14 @@ std::string Literal(const std::string& text) {
 
 void Make(const std::string& folder, const std::string& output) {
   const auto marks = ReadPairs(folder + "/marks_1_0.tsv");
-  std::map<std::string, make_database::ScaleRow> rowsOfToday;
-  for (const auto& row : make_database::ReadScaleTables(folder).scales) rowsOfToday[row.scaleName] = row;
+  std::map<std::string, make_database::ScaleRow> currentRows;
+  for (const auto& row : make_database::ReadScaleTables(folder).scales) currentRows[row.scaleName] = row;
   std::map<std::string, const make_database::ScaleRow*> byMark;
   for (const auto& [before, now] : ReadPairs(folder + "/earlier_rows.tsv")) {
     const auto mark = marks.find(before);
-    const auto row = rowsOfToday.find(now);
+    const auto row = currentRows.find(now);
     if (mark == marks.end()) throw make_database::TableFailure({folder, 0}, "'" + before + "' has no mark");
-    if (row == rowsOfToday.end()) throw make_database::TableFailure({folder, 0}, "there is no row '" + now + "'");
+    if (row == currentRows.end()) throw make_database::TableFailure({folder, 0}, "there is no row '" + now + "'");
     byMark[mark->second] = &row->second;
   }
   std::ofstream source(output);

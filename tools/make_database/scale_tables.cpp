@@ -17,7 +17,7 @@ namespace {
 using Columns = std::vector<std::string>;
 
 struct TableRow {
-  TableLocation place;
+  TableLocation location;
   Columns columns;
 };
 
@@ -33,41 +33,41 @@ Columns SplitAtTabs(const std::string& line) {
   return columns;
 }
 
-void RequireText(const TableLocation& place, std::string_view line) {
+void RequireText(const TableLocation& location, std::string_view line) {
   while (!line.empty()) {
     const std::size_t length = core::WellFormedLength(line);
-    if (length == 0) throw TableFailure(place, "the line is not UTF-8");
+    if (length == 0) throw TableFailure(location, "the line is not UTF-8");
     const auto code = static_cast<unsigned char>(line.front());
-    if (code < 0x20 && code != '\t') throw TableFailure(place, "the line holds a control character");
+    if (code < 0x20 && code != '\t') throw TableFailure(location, "the line holds a control character");
     line.remove_prefix(length);
   }
 }
 
 std::vector<TableRow> ReadTable(const std::filesystem::path& file, std::initializer_list<std::string_view> header) {
   std::ifstream stream(file, std::ios::binary);
-  TableLocation place{file.string(), 0};
-  if (!stream) throw TableFailure(place, "the table cannot be read");
+  TableLocation location{file.string(), 0};
+  if (!stream) throw TableFailure(location, "the table cannot be read");
   std::vector<TableRow> rows;
   bool hasHeader = false;
   for (std::string line; std::getline(stream, line);) {
-    ++place.line;
-    RequireText(place, line);
+    ++location.line;
+    RequireText(location, line);
     if (line.starts_with('#')) continue;
     Columns columns = SplitAtTabs(line);
     if (!hasHeader) {
       if (columns != Columns(header.begin(), header.end()))
-        throw TableFailure(place, "these are not the table's columns");
+        throw TableFailure(location, "these are not the table's columns");
       hasHeader = true;
       continue;
     }
     if (columns.size() != header.size()) {
-      throw TableFailure(place, "the line has " + std::to_string(columns.size()) + " columns instead of " +
-                                    std::to_string(header.size()));
+      throw TableFailure(location, "the line has " + std::to_string(columns.size()) + " columns instead of " +
+                                       std::to_string(header.size()));
     }
-    rows.push_back({place, std::move(columns)});
+    rows.push_back({location, std::move(columns)});
   }
-  if (stream.bad()) throw TableFailure(place, "the table cannot be read on from here");
-  if (!hasHeader) throw TableFailure(place, "the table has no line of column names");
+  if (stream.bad()) throw TableFailure(location, "the table cannot be read on from here");
+  if (!hasHeader) throw TableFailure(location, "the table has no line of column names");
   return rows;
 }
 
@@ -77,21 +77,21 @@ std::int64_t Number(const TableRow& row, std::size_t column) {
   const char* end = text.data() + text.size();
   const auto result = std::from_chars(text.data(), end, number);
   if (text.empty() || result.ec != std::errc{} || result.ptr != end) {
-    throw TableFailure(row.place, "'" + text + "' is not a whole number");
+    throw TableFailure(row.location, "'" + text + "' is not a whole number");
   }
   return number;
 }
 
 bool YesOrNo(const TableRow& row, std::size_t column) {
   const std::string& text = row.columns[column];
-  if (text != "yes" && text != "no") throw TableFailure(row.place, "'" + text + "' is neither yes nor no");
+  if (text != "yes" && text != "no") throw TableFailure(row.location, "'" + text + "' is neither yes nor no");
   return text == "yes";
 }
 
 std::vector<ScaleTypeRow> ReadScaleTypes(const std::filesystem::path& file) {
   std::vector<ScaleTypeRow> types;
   for (const TableRow& row : ReadTable(file, {"ScaleTypeID", "ScaleTypeNo", "ScaleTypeName"})) {
-    types.push_back({row.place, Number(row, 0), Number(row, 1), row.columns[2]});
+    types.push_back({row.location, Number(row, 0), Number(row, 1), row.columns[2]});
   }
   return types;
 }
@@ -101,7 +101,7 @@ std::vector<ScaleRow> ReadScales(const std::filesystem::path& file) {
   for (const TableRow& row : ReadTable(
            file, {"ScaleName", "ScaleTypeID", "StartNote", "ScaleIntervals", "Chord", "Source", "ScaleDescription"})) {
     ScaleRow& scale = scales.emplace_back();
-    scale.place = row.place;
+    scale.location = row.location;
     scale.scaleName = row.columns[0];
     scale.scaleTypeId = Number(row, 1);
     scale.startNote = row.columns[2];
@@ -113,7 +113,7 @@ std::vector<ScaleRow> ReadScales(const std::filesystem::path& file) {
   return scales;
 }
 
-// Numbers the rows from their order, so that a new row needs no number of its own.
+// Derives the numbers from the order of the rows.
 void NumberRows(std::vector<ScaleRow>& scales) {
   std::int64_t lastId = 0;
   std::map<std::int64_t, std::int64_t> lastSort;
@@ -125,8 +125,9 @@ void NumberRows(std::vector<ScaleRow>& scales) {
 
 }  // namespace
 
-core::Failure TableFailure(const TableLocation& place, const std::string& words) {
-  return {core::failure_number::kInvalidProcedureCall, place.file + ":" + std::to_string(place.line) + ": " + words};
+core::Failure TableFailure(const TableLocation& location, const std::string& description) {
+  return {core::failure_number::kInvalidProcedureCall,
+          location.file + ":" + std::to_string(location.line) + ": " + description};
 }
 
 ScaleTables ReadScaleTables(const std::filesystem::path& folder) {

@@ -3,8 +3,7 @@
 #
 # cmake -D FROM=<database> -D TO=<database> -P stage_database.cmake
 #
-# Puts a database or a data pack onto the stage unless there is one of that name: the one that is there may hold
-# somebody's scales.
+# Copies a database or a data pack to the stage unless a file with that name exists: it may contain scales of a user.
 if(NOT EXISTS "${TO}" AND NOT IS_SYMLINK "${TO}")
   get_filename_component(folder "${TO}" DIRECTORY)
   file(MAKE_DIRECTORY "${folder}")

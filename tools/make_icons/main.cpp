@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// tonalith_make_icons <folder>: writes the program's icon as <size>.png in every size, and as tonalith.svg. Exit status
-// 0: written. 1: a file could not be written, said in one line. 2: wrong call.
+// tonalith_make_icons <folder>: writes the icon of the program as <size>.png in every size, and as tonalith.svg. Exit
+// status 0: success. 1: a file could not be written; prints one line. 2: wrong arguments.
 
 #include <QDir>
 #include <QGuiApplication>
