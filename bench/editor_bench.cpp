@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Key strokes in the scale editor over the whole program's window on 100,000 scales: from the key event to the end of
-// the painting that it causes, as the 95th percentile of many.
+// Key strokes in the scale editor with 100,000 scales: from the key event to the end of the painting that it causes, as
+// the 95th percentile.
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -24,7 +24,7 @@ namespace field = editor::field;
 
 constexpr double kBound = 16;
 
-/// The main window on the large library, and its editor.
+/// The main window with the large library, and its editor.
 struct Desk : isolated_window::IsolatedWindow {
   using IsolatedWindow::IsolatedWindow;
 
@@ -52,7 +52,7 @@ Stroke Key(QWidget* target, Qt::Key key, const QString& text = {}, Qt::KeyboardM
   return [=] { PressKey(target, key, text, modifiers); };
 }
 
-/// What the user waits for after a stroke; without a bound where that is the disk.
+/// The delay after a key stroke; without a bound if it depends on the disk.
 void TellStrokes(const std::string& title, const std::vector<bench::Spent>& times, double painted, double bound) {
   if (bound > 0) {
     bench::TellTimes(title, times, 0.95, bound);
@@ -64,7 +64,7 @@ void TellStrokes(const std::string& title, const std::vector<bench::Spent>& time
   std::printf("  %.1f widgets painted each time\n", painted / static_cast<double>(times.size()));
 }
 
-/// `stroke` a number of times, and `between` after each, which is not measured.
+/// Measures `stroke` a number of times; `between` runs after each and is not measured.
 void Run(const std::string& title, int times, const Stroke& stroke, const Stroke& between = {}, double bound = kBound) {
   std::vector<bench::Spent> spent;
   double painted = 0;

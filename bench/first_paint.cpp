@@ -38,7 +38,7 @@ long ProportionalKibibytes() {
   return -1;
 }
 
-/// How often the process's threads have gone to sleep.
+/// The number of voluntary context switches of all threads.
 long Sleeps() {
   long sleeps = 0;
   for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task")) {
@@ -60,7 +60,7 @@ class FirstPaint : public QObject {
   bool eventFilter(QObject* /*watched*/, QEvent* event) override {
     if (event->type() == QEvent::Paint && !seen_) {
       seen_ = true;
-      // The painting in progress ends with handing the picture to the window system; what follows comes after it.
+      // The current paint event ends by sending the image to the window system; the timer runs after that.
       QTimer::singleShot(0, this, [this] { Painted(); });
     }
     return false;
@@ -74,7 +74,7 @@ class FirstPaint : public QObject {
       std::fflush(stdout);
       std::_Exit(0);
     }
-    // What a start leaves for later is done by then.
+    // Work that the start defers is finished by then.
     QTimer::singleShot(1000, this, [this] {
       processorAtRest_ = ProcessorMilliseconds();
       sleepsAtRest_ = Sleeps();
@@ -83,7 +83,7 @@ class FirstPaint : public QObject {
   }
 
   void Rested() {
-    // One of the wake-ups is this one.
+    // One of the wake-ups is this timer.
     const long wakeUps = Sleeps() - sleepsAtRest_ - 1;
     const double processor = ProcessorMilliseconds() - processorAtRest_;
     std::printf("proportional-memory %ld processor %.3f wake-ups %ld\n", ProportionalKibibytes(), processor, wakeUps);

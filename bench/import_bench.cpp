@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A pack of 100,000 new scales merged into the database that ships, against one INSERT ... SELECT of the same rows into
-// the same tables and indexes in one transaction; the same pack once more; and the memory that the first time takes.
+// Imports a pack of 100,000 new scales into the shipped database, compared with one INSERT ... SELECT of the same rows
+// into the same tables and indexes in one transaction; imports the pack again; and measures the memory of the first
+// import.
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <malloc.h>
@@ -31,7 +32,7 @@ class NobodysWindow : public data::DataPackObserver {
   void ImportProgress(const std::string& /*path*/, std::int64_t /*rows*/) override {}
 };
 
-/// A program's folder with the database that ships and, beside it, the pack.
+/// A program folder with the shipped database and the pack.
 struct Place {
   explicit Place(fs::path shippedDatabase) : shipped(std::move(shippedDatabase)) {
     bench::MakeLibrary(pack, bench::Scales(), "New scale ");
@@ -48,7 +49,7 @@ struct Place {
     std::printf("%s\n", box.Texts().c_str());
     std::abort();
   }
-  /// Does what the import does, but takes it for granted that every scale is new.
+  /// Inserts like the import, but without checking whether a scale exists.
   void InsertSelect() const {
     SQLite::Database db(database.string(), SQLite::OPEN_READWRITE);
     db.exec("PRAGMA cache_size = -16384");
@@ -80,13 +81,13 @@ long StatusKibibytes(std::string_view field) {
   return 0;
 }
 
-/// In a process of its own, whose memory nothing else has grown.
+/// Runs in a child process, whose memory use is small.
 void TellMemory(const Place& place) {
   std::fflush(stdout);
   const pid_t child = fork();
   if (child == 0) {
     malloc_trim(0);
-    // Sets the highest resident size back to the present one.
+    // Resets the peak resident size to the current one.
     std::ofstream("/proc/self/clear_refs") << "5" << std::flush;
     const long idle = StatusKibibytes("VmRSS:");
     place.Import();

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// listening_bench AUDIO-FOLDER SHARE SHARES: plays a share of twenty scales and chords in all twelve keys, as they
-// leave the sound device, and writes a line for each playback: name, key, notes heard, largest deviation in cents,
-// largest difference from the rendered samples, and the gaps in milliseconds; "wrong" in the end where the notes are
-// not those of the scale. Playing takes as long as listening.
+// listening_bench AUDIO-FOLDER SHARE SHARES: plays a share of twenty scales and chords in all twelve keys and analyses
+// the output of the sound device. Writes a line per playback: name, key, detected notes, largest deviation in cents,
+// largest difference from the rendered samples, and the gaps in milliseconds; "wrong" at the end if the notes are not
+// those of the scale. Runs in real time.
 
 #include <algorithm>
 #include <cstdio>

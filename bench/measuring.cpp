@@ -32,7 +32,7 @@ double Quantile(std::vector<double> values, double share) {
   return values[static_cast<std::size_t>(at)];
 }
 
-/// With three digits that count.
+/// With three significant digits.
 std::string NumberText(double value) {
   const int digits = std::abs(value) < 10 ? 2 : std::abs(value) < 100 ? 1 : 0;
   std::array<char, 32> text{};
@@ -40,7 +40,7 @@ std::string NumberText(double value) {
   return text.data();
 }
 
-// Every number below the largest once, without an order that an index would like.
+// A permutation of the 32-bit numbers, so that rows are in no order that favours an index.
 std::uint32_t Scattered(std::uint32_t number) { return number * 2654435761U; }
 
 }  // namespace

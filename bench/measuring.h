@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Times of one thing against a baseline, taken in turn so that whatever else the machine does falls on both, and the
-// large library on which they are taken. Times are those of the calling thread, by the clock and by its processor. What
-// comes out is told in lines, which bench/run collects into its table. One thread; fails as what is measured does.
+// Times of a subject and its baseline, taken alternately so that other load affects both, and the large library for the
+// benchmarks. Times are of the calling thread: wall clock and processor. Results are printed as lines, which bench/run
+// collects into its table. One thread.
 
 #pragma once
 
@@ -22,27 +22,27 @@ struct Spent {
 
 Spent Measure(const std::function<void()>& step);
 
-/// The value below which `share` of them lie, for each of the two times by itself.
+/// The quantile `share`, for each of the two times separately.
 Spent Quantile(const std::vector<Spent>& times, double share);
 
-/// Whether it only is to be seen that all this still runs (TONALITH_BENCH_QUICK): few runs and a small library then.
+/// Whether to check only that the benchmark works (TONALITH_BENCH_QUICK): few runs and a small library.
 bool IsQuick();
-/// How often something is measured that is worth `full` runs.
+/// The number of runs: `full`, or fewer if IsQuick.
 int Runs(int full);
 /// The size of the large library.
 int Scales();
 
-/// Milliseconds as a person reads them: "51.5 ms", "1.8 us".
+/// Milliseconds as readable text: "51.5 ms", "1.8 us".
 std::string TimeText(double milliseconds);
 
-/// One line of the table: what was measured and by what it is bound.
+/// One line of the table: the measurement and its bound.
 struct Line {
   std::string what;
   double measured = 0;
   double bound = 0;
-  /// Behind the two numbers: nothing for a ratio.
+  /// The unit after both numbers; empty for a ratio.
   std::string unit;
-  /// What the program took, and the baseline in words with what that took.
+  /// The result of the program, and a description of the baseline with its result.
   std::string ours;
   std::string baseline;
 };
@@ -55,13 +55,13 @@ struct Contender {
   std::function<void()> prepare = [] {};
 };
 
-/// Runs the two in turn and tells the median of the ratios of the pairs, by the clock and beside it by the processor.
+/// Runs both alternately and prints the median of the ratios of the pairs, for wall clock and processor time.
 void Compare(const Contender& ours, const Contender& baseline, int runs, double bound);
 
-/// Tells the value below which `share` of the times lie; `bound` in milliseconds.
+/// Prints the quantile `share` of the times; `bound` in milliseconds.
 void TellTimes(const std::string& what, const std::vector<Spent>& times, double share, double bound);
 
-/// A folder that is gone at the end.
+/// A temporary folder, removed by the destructor.
 class Folder {
  public:
   Folder();
@@ -74,7 +74,7 @@ class Folder {
   std::filesystem::path path_;
 };
 
-/// A scale database with `scales` rows of one type, their names, which begin with `prefix`, in no order.
+/// Creates a scale database with `scales` rows of one type. Their names start with `prefix` and are in no order.
 void MakeLibrary(const std::filesystem::path& path, int scales, const std::string& prefix);
 
 }  // namespace tonalith::bench

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Painting at once what a window system would ask for with the screen's next frame, and a count of it, so that a step
-// whose painting is left out is seen. User-interface thread.
+// Paints immediately instead of with the next frame of the screen, and counts paint events, so that missing ones are
+// detected.
 
 #pragma once
 
@@ -10,10 +10,10 @@
 
 namespace tonalith::bench {
 
-/// Handles all events that wait, and paints every window as far as it wants to be painted.
+/// Handles all pending events and paints all windows that need it.
 void Settle();
 
-/// Counts the widgets that are painted while it lives.
+/// Counts the painted widgets during its lifetime.
 class PaintCounter : public QObject {
  public:
   PaintCounter();

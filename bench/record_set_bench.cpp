@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Opening and moving on 100,000 scales against the same on 300, and the resident memory that 100,000 scales cost.
+// Opening and moving in 100,000 scales compared with 300, and the resident memory of 100,000 scales.
 
 #include <malloc.h>
 #include <unistd.h>
@@ -47,7 +47,7 @@ struct Rows {
     set.MoveFirst();
     set.MoveLast();
   }
-  /// Some row that is not among those that are held.
+  /// Moves to a row that is not cached.
   void Elsewhere(int scales) { set.SetBookmark({1 + (key += 61'603) % scales}); }
 
   std::shared_ptr<data::Connection> connection;
@@ -71,7 +71,7 @@ void CompareMoves(const fs::path& largeFile, const fs::path& smallFile) {
 }
 
 void TellMemory(const fs::path& largeFile) {
-  // Memory that was used before and given back would hide what is used now.
+  // Free memory of the heap would hide new use.
   malloc_trim(0);
   const long before = ResidentKibibytes();
   Rows rows(largeFile);
@@ -79,7 +79,7 @@ void TellMemory(const fs::path& largeFile) {
   rows.set.MoveFirst();
   while (!rows.set.IsEof()) rows.set.MoveNext();
   const double bytes = static_cast<double>(ResidentKibibytes() - before) * 1024 / bench::Scales();
-  // A small library's fixed costs say nothing about the cost of a scale.
+  // The fixed costs of a small library do not show the cost per scale.
   const double bound = bench::IsQuick() ? bytes : 24;
   bench::Tell({"resident memory for each of 100,000 scales walked over", bytes, bound, "bytes", "", ""});
 }

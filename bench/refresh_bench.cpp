@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// One refresh of the main window on the database that ships, its painting included: how long it takes, what it asks the
-// database, and how it compares with painting the window alone.
+// One refresh of the main window with the shipped database, including painting: its time, its queries, and a comparison
+// with painting alone.
 
 #include <benchmark/benchmark.h>
 
@@ -20,7 +20,7 @@ namespace {
 
 using namespace tonalith;
 
-/// The window on the database beside this program.
+/// The window with the database in the folder of this program.
 struct Desk : isolated_window::IsolatedWindow {
   Desk() : IsolatedWindow(QCoreApplication::applicationDirPath().toStdString()) { bench::Settle(); }
 
@@ -28,7 +28,7 @@ struct Desk : isolated_window::IsolatedWindow {
     window->UpdateForm();
     bench::Settle();
   }
-  /// Begins again before the library ends, where nothing would move.
+  /// Starts again before the end of the library, where no move is possible.
   void NextRecord() {
     constexpr int kFewerThanThereAre = 100;
     controls::DataControl& rows = *window->Controls().Data1;
@@ -69,7 +69,7 @@ void TellTimes(const std::string& what, const std::function<void()>& step) {
   std::printf("  %.0f widgets painted each time\n", MedianPaintings(step));
 }
 
-/// What the refresh itself costs, told by the library for such measurements, beside the table.
+/// The time of the refresh alone, reported by the benchmark library in addition to the table.
 void BM_RefreshAlone(benchmark::State& state) {
   const Desk desk;
   while (state.KeepRunning()) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A search without a match over 100,000 scales, as the button of the search dialog runs it, against one SELECT with
-// LIKE over the same rows; and the pattern that would take a simple matcher for ever.
+// A search without a match over 100,000 scales, as the search dialog runs it, compared with one SELECT with LIKE over
+// the same rows; and a pattern with exponential time in a naive matcher.
 
 #include <SQLiteCpp/SQLiteCpp.h>
 

@@ -62,7 +62,7 @@ def unheard(session):
     status, button = session.status(), session.button("Listen")
     before = Threads(pid)
     session.press(button)
-    # Reading the status line over the bus would be work for the program.
+    # Reading the status line over the bus would add load to the program.
     time.sleep(SECONDS_OF_MAJOR)
     seconds, wake_ups, passed = Threads(pid).since(before)
     mixer = max(set(seconds) - set(before.seconds), key=wake_ups.get)

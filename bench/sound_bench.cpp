@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// From the press on a note to its first sample, and from the last sample of a sound to its notice, on OpenAL Soft's
-// writer of wave files, which keeps real time and is watched while it writes. Its file grows by two mixing periods at a
-// time, so that the first number is rather too high than too low.
+// The time from a click on a note to its first sample, and from the last sample of a sound to its event. Uses the
+// wave-file writer of OpenAL Soft, which runs in real time, and watches its file. The file grows by two mixing periods
+// at a time, so the first number is an upper estimate.
 
 #include <array>
 #include <chrono>
@@ -29,17 +29,17 @@ double MillisecondsSince(steady_clock::time_point start) {
   return std::chrono::duration<double, std::milli>(steady_clock::now() - start).count();
 }
 
-/// The end of a recording that is being written.
+/// Watches the end of a recording that is being written.
 class RecordingWatch {
  public:
-  /// What is there by now will not be looked at.
+  /// Ignores everything written so far.
   void Skip() {
     file_ = std::ifstream(ear::RecordingPath(), std::ios::binary);
     file_.seekg(0, std::ios::end);
     at_ = kHeader + (file_.tellg() - kHeader) / kFrame * kFrame;
   }
 
-  /// Returns when something that is not silent has been written; gives up after half a second.
+  /// Waits until a non-silent sample is written; gives up after half a second.
   bool WaitForSound() {
     const auto start = steady_clock::now();
     while (MillisecondsSince(start) < 500) {

@@ -2,8 +2,7 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // The baseline: a Qt window of the same size with as many labels as Tonalith has child widgets, which reads the same
-// rows with plain sqlite3: start_bare_window <widgets> <rows>. Both windows have the style that Qt finds for the
-// desktop.
+// rows with plain sqlite3: start_bare_window <widgets> <rows>. Both windows use the Qt style of the desktop.
 
 #include <sqlite3.h>
 

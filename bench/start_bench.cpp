@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Starts Tonalith and the bare window in turn, then Tonalith on a large and on a small library; and what each holds and
-// does when it is left alone. start_bench <where>, which is how the table calls the platform.
+// Starts Tonalith and the bare window alternately, then Tonalith with a large and a small library; and measures memory
+// and activity when idle. start_bench <where>, the name of the platform in the table.
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -84,7 +84,7 @@ double Median(const std::vector<double>& values) {
   return bench::Quantile(times, 0.5).wall;
 }
 
-/// Both started in turn; tells the median of the ratios of the pairs.
+/// Starts both alternately and prints the median of the ratios of the pairs.
 void CompareStarts(const std::string& what, const Command& ours, const std::string& title, const Command& baseline,
                    double bound) {
   std::vector<double> our;
@@ -122,12 +122,12 @@ void CompareRest(const std::string& where, const Command& tonalith, const Comman
   bench::Tell({"proportional memory after two seconds, " + where, Median(ratios), 1.5, "", MebibytesText(Median(our)),
                "the bare window: " + MebibytesText(Median(base))});
   bench::Tell({"wake-ups in a second at rest, " + where, Median(wakeUps), 0, "", "", ""});
-  // The measuring itself, which reads /proc twice.
+  // The cost of the measurement, which reads /proc twice.
   constexpr double kOwnMilliseconds = 1;
   bench::Tell({"processor time in a second at rest, " + where, Median(processor), kOwnMilliseconds, "ms", "", ""});
 }
 
-/// A program's folder of its own with a library of that many scales.
+/// A temporary program folder with a library of the given number of scales.
 class Place {
  public:
   Place(const fs::path& program, int scales) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Tonalith itself, started as its own main function does, with a watch on its first paint.
+// Starts Tonalith as its main function does, and watches its first paint.
 
 #include <QWidget>
 
