@@ -28,7 +28,7 @@ void Demand(bool holds) {
 }
 
 void DemandWellFormed(const std::string& html) {
-  using Kind = help::MarkupPiece::Kind;
+  using Kind = help::MarkupToken::Kind;
   std::vector<std::string> open;
   help::MarkupReader reader(html);
   while (const auto piece = reader.Next()) {
@@ -76,7 +76,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   };
   try {
     const help::HelpBook book(help::ReadChmStream(source));
-    Demand(book.Page(book.DefaultPlace().page) != nullptr);
+    Demand(book.Page(book.DefaultTarget().page) != nullptr);
     for (const std::string& path : book.Pages()) ReadPage(book, path);
   } catch (const core::Failure& failure) {
     Demand(!failure.Description().empty());

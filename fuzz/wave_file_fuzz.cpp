@@ -90,7 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   audio::IsShippedRecording(*files.Open("fuzz.wav"));
   DecodingOutput output;
   tests::AudioScript script;
-  tests::ScriptedNoticeWindows windows(script);
+  tests::ScriptedWindowMessages windows(script);
   tests::RecordingMsgBox box;
   audio::SoundManager sounds(files, output, windows, box);
   const bool loaded = sounds.LoadSoundBuffer(1, "fuzz.wav", audio::BufferFlags::kPlayOnLoad);

@@ -27,9 +27,9 @@
 #include "platform/qt/qt_msg_box.h"
 #include "platform/qt/qt_print_service.h"
 #include "platform/sound/open_al_mixer.h"
-#include "platform/system/notice_queue.h"
 #include "platform/system/posix_file_input.h"
 #include "platform/system/std_system.h"
+#include "platform/system/window_message_queue.h"
 
 namespace tonalith::app {
 namespace {
@@ -100,7 +100,7 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   }
   const ScreenFit fit(argc, argv);
   // The sound output sets the environment that it reads, so it is made while there is one thread.
-  platform::NoticeQueue notices;
+  platform::WindowMessageQueue notices;
   SoundDeviceNews news;
   const auto output = platform::MakeOpenAlWaveOutput(notices, &news);
 
@@ -116,7 +116,7 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   platform::StdWorkingDirectory directory;
   platform::PosixFileInput files;
   platform::QtEventPump events;
-  const platform::QtNoticeJoint joint(notices);
+  const platform::QtMessageBridge joint(notices);
   audio::ScaleSoundFiles scaleSounds(files);
   audio::SoundManager sounds(scaleSounds, *output, notices, msgBox);
   audio::OctaveNotePlayer notePlayer(files, *output, notices);

@@ -35,7 +35,7 @@ bool IsPopUpEdge(QStyle::PrimitiveElement element, const QWidget* widget) {
 }
 
 void DrawEdge(const QStyleOption& option, QPainter& painter) {
-  painter.setPen(paint::OutlineInk(option.palette));
+  painter.setPen(paint::OutlineColour(option.palette));
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
 }
@@ -48,25 +48,25 @@ bool IsSeparator(const QStyleOption& option) {
 void DrawSeparator(const QStyleOption& option, QPainter& painter) {
   constexpr int kIndent = 5;
   painter.fillRect(option.rect.left() + kIndent, option.rect.center().y(), option.rect.width() - 2 * kIndent, 1,
-                   paint::OutlineInk(option.palette));
+                   paint::OutlineColour(option.palette));
 }
 
 }  // namespace
 
 void ProgramStyle::polish(QWidget* widget) {
-  LateIconStyle::polish(widget);
+  DeferredIconStyle::polish(widget);
   windows::ReducedPainting::Install(*widget);
 }
 
 void ProgramStyle::polish(QPalette& palette) {
-  LateIconStyle::polish(palette);
+  DeferredIconStyle::polish(palette);
   palette = paint::WarmPalette(palette);
 }
 
 void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
   const bool isBar = element == CE_MenuBarEmptyArea || element == CE_MenuBarItem;
-  if (element != CE_MenuBarEmptyArea) LateIconStyle::drawControl(element, option, painter, widget);
+  if (element != CE_MenuBarEmptyArea) DeferredIconStyle::drawControl(element, option, painter, widget);
   if (element == CE_MenuItem && IsSeparator(*option) && NeedsEdges(*this, option->palette)) {
     DrawSeparator(*option, *painter);
   }
@@ -81,7 +81,7 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
   const QRect border(option->rect.left(), option->rect.bottom() + 1 - kBorderHeight, option->rect.width(),
                      kBorderHeight);
   if (element == CE_MenuBarItem) painter->setClipRect(border);
-  LateIconStyle::drawControl(CE_MenuBarEmptyArea, &bar, painter, widget);
+  DeferredIconStyle::drawControl(CE_MenuBarEmptyArea, &bar, painter, widget);
   painter->restore();
 }
 
@@ -89,7 +89,7 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
                                  const QWidget* widget) const {
   painter->save();
   if (element == PE_PanelButtonCommand && IsReduced(*painter)) LeanUnseen(*painter);
-  LateIconStyle::drawPrimitive(element, option, painter, widget);
+  DeferredIconStyle::drawPrimitive(element, option, painter, widget);
   painter->restore();
   if (!IsPopUpEdge(element, widget) || !NeedsEdges(*this, option->palette)) return;
   painter->save();
@@ -102,7 +102,7 @@ void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOption
   const bool isPicture = control == CC_ComboBox || control == CC_SpinBox || control == CC_Slider;
   painter->save();
   if (isPicture && IsReduced(*painter)) LeanUnseen(*painter);
-  LateIconStyle::drawComplexControl(control, option, painter, widget);
+  DeferredIconStyle::drawComplexControl(control, option, painter, widget);
   painter->restore();
 }
 

@@ -7,16 +7,16 @@
 
 #pragma once
 
-#include "platform/qt/late_icon_style.h"
+#include "platform/qt/deferred_icon_style.h"
 
 class QApplication;
 
 namespace tonalith::app {
 
-class ProgramStyle : public platform::LateIconStyle {
+class ProgramStyle : public platform::DeferredIconStyle {
  public:
-  using LateIconStyle::LateIconStyle;
-  using LateIconStyle::polish;
+  using DeferredIconStyle::DeferredIconStyle;
+  using DeferredIconStyle::polish;
 
   /// Called by Qt for every widget before it is first shown. Windows on a screen with less than one pixel for each of
   /// theirs are painted at that size.

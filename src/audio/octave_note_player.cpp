@@ -12,7 +12,7 @@
 namespace tonalith::audio {
 
 OctaveNotePlayer::OctaveNotePlayer(platform::FileInput& files, platform::WaveOutput& output,
-                                   platform::NoticeWindows& windows, std::size_t cacheLimit)
+                                   platform::WindowMessages& windows, std::size_t cacheLimit)
     : files_(files), output_(output), windows_(windows), cacheLimit_(cacheLimit) {}
 
 OctaveNotePlayer::~OctaveNotePlayer() {
@@ -76,7 +76,7 @@ std::shared_ptr<const OctaveNotePlayer::Recording> OctaveNotePlayer::Fetch(const
     return cache_.front();
   }
   std::shared_ptr<const Recording> recording = Read(path);
-  if (recording) Keep(recording);
+  if (recording) AddToCache(recording);
   return recording;
 }
 
@@ -92,7 +92,7 @@ std::shared_ptr<const OctaveNotePlayer::Recording> OctaveNotePlayer::Read(const 
   return recording;
 }
 
-void OctaveNotePlayer::Keep(const std::shared_ptr<const Recording>& recording) {
+void OctaveNotePlayer::AddToCache(const std::shared_ptr<const Recording>& recording) {
   if (recording->samples.size() > cacheLimit_) return;
   cache_.push_front(recording);
   cachedBytes_ += recording->samples.size();

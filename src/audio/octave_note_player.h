@@ -16,8 +16,8 @@
 
 #include "platform/file_input.h"
 #include "platform/note_player.h"
-#include "platform/notice_window.h"
 #include "platform/wave_output.h"
+#include "platform/window_messages.h"
 
 namespace tonalith::audio {
 
@@ -26,7 +26,7 @@ class OctaveNotePlayer : public platform::NotePlayer {
   /// Enough for all 48 notes of the neck; in bytes of sample data.
   static constexpr std::size_t kCacheLimit = std::size_t{32} << 20U;
 
-  OctaveNotePlayer(platform::FileInput& files, platform::WaveOutput& output, platform::NoticeWindows& windows,
+  OctaveNotePlayer(platform::FileInput& files, platform::WaveOutput& output, platform::WindowMessages& windows,
                    std::size_t cacheLimit = kCacheLimit);
   OctaveNotePlayer(const OctaveNotePlayer&) = delete;
   OctaveNotePlayer& operator=(const OctaveNotePlayer&) = delete;
@@ -48,13 +48,13 @@ class OctaveNotePlayer : public platform::NotePlayer {
 
   std::shared_ptr<const Recording> Fetch(const std::string& path);
   std::shared_ptr<const Recording> Read(const std::string& path);
-  void Keep(const std::shared_ptr<const Recording>& recording);
+  void AddToCache(const std::shared_ptr<const Recording>& recording);
   void MakeWindow();
   void End();
 
   platform::FileInput& files_;
   platform::WaveOutput& output_;
-  platform::NoticeWindows& windows_;
+  platform::WindowMessages& windows_;
   platform::WindowHandle window_ = platform::kNoWindow;
   std::size_t cacheLimit_;
   /// The last heard first.

@@ -37,15 +37,15 @@ std::vector<voice::Pitch> PitchesOf(const std::vector<std::string>& notes, std::
 }
 
 /// Holds a mark for as long as a procedure runs.
-class Running {
+class ScopedFlag {
  public:
-  explicit Running(bool& mark) : mark_(mark) { mark_ = true; }
-  Running(const Running&) = delete;
-  Running& operator=(const Running&) = delete;
-  ~Running() { mark_ = false; }
+  explicit ScopedFlag(bool& flag) : flag_(flag) { flag_ = true; }
+  ScopedFlag(const ScopedFlag&) = delete;
+  ScopedFlag& operator=(const ScopedFlag&) = delete;
+  ~ScopedFlag() { flag_ = false; }
 
  private:
-  bool& mark_;
+  bool& flag_;
 };
 
 }  // namespace
@@ -56,7 +56,7 @@ ScalePlayback::ScalePlayback(SoundManager& sounds, ScaleSoundFiles& files, Playb
 
 void ScalePlayback::PlayToneNotes() {
   if (running_) return;
-  const Running running(running_);
+  const ScopedFlag running(running_);
   cancelled_ = false;
   core::DeferredFailure failure;
   Score score = ReadScore(failure);

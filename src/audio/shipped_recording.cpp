@@ -36,23 +36,23 @@ bool IsShippedFormat(const platform::WAVEFORMATEX& record) {
 }
 
 /// The checksum that the mark of a file holds; nothing for a file without one.
-std::optional<std::uint64_t> MarkedChecksum(platform::InputFile& file) {
+std::optional<std::uint64_t> StoredChecksum(platform::InputFile& file) {
   if (file.Seek(0) != 0) return std::nullopt;
   RiffReader reader(file);
   MMCKINFO form;
-  MMCKINFO mark;
-  mark.ckid = StringToFOURCC(voice::kMarkChunk);
-  if (reader.Descend(form) != Descent::kEntered || reader.FindChunk(mark, form) != Descent::kEntered) {
+  MMCKINFO chunk;
+  chunk.ckid = StringToFOURCC(voice::kChecksumChunk);
+  if (reader.Descend(form) != Descent::kEntered || reader.FindChunk(chunk, form) != Descent::kEntered) {
     return std::nullopt;
   }
-  std::array<std::byte, voice::kMarkSize> bytes{};
-  if (mark.cksize != bytes.size() || reader.Read(bytes) != std::ssize(bytes)) return std::nullopt;
+  std::array<std::byte, voice::kChecksumSize> bytes{};
+  if (chunk.cksize != bytes.size() || reader.Read(bytes) != std::ssize(bytes)) return std::nullopt;
   return LittleEndian32(std::span(bytes).first<4>()) | std::uint64_t{LittleEndian32(std::span(bytes).last<4>())} << 32U;
 }
 
 /// Whether the file loads, and its samples are those that its mark was made for.
-bool IsMarked(platform::InputFile& file) {
-  const std::optional<std::uint64_t> checksum = MarkedChecksum(file);
+bool HasValidChecksum(platform::InputFile& file) {
+  const std::optional<std::uint64_t> checksum = StoredChecksum(file);
   if (!checksum || file.Seek(0) != 0) return false;
   WaveFile wave(file);
   platform::WaveFormat format;
@@ -65,7 +65,7 @@ bool IsMarked(platform::InputFile& file) {
 
 bool IsShippedRecording(platform::InputFile& file) {
   if (file.Size() > kLargestShippedRecording) return false;
-  return IsMarked(file) || IsFirstRecording(file);
+  return HasValidChecksum(file) || IsFirstRecording(file);
 }
 
 }  // namespace tonalith::audio

@@ -33,7 +33,7 @@ void SoundManagerNotifier::SoundPlayStart(std::int32_t /*BufferIndex*/) {}
 void SoundManagerNotifier::SoundPlayEnd(std::int32_t /*BufferIndex*/) {}
 void SoundManagerNotifier::SoundUnloaded(std::int32_t /*BufferIndex*/) {}
 
-SoundManager::SoundManager(platform::FileInput& files, platform::WaveOutput& output, platform::NoticeWindows& windows,
+SoundManager::SoundManager(platform::FileInput& files, platform::WaveOutput& output, platform::WindowMessages& windows,
                            core::MsgBox& msgBox)
     : files_(files), output_(output), windows_(windows), msgBox_(msgBox) {}
 
@@ -62,7 +62,7 @@ bool SoundManager::LoadSoundBuffer(std::int32_t BufferIndex, const std::string& 
       FillBuffer(BufferIndex, format, std::move(samples), flags, failure);
       loaded = true;
       Notify(BufferIndex, &SoundManagerNotifier::SoundLoaded, failure);
-      if (Holds(flags, BufferFlags::kPlayOnLoad)) PlaySoundBuffer(BufferIndex);
+      if (HasFlag(flags, BufferFlags::kPlayOnLoad)) PlaySoundBuffer(BufferIndex);
     });
     file.reset();
   }
@@ -185,14 +185,14 @@ std::int32_t SoundManager::FindBufferByHandle(platform::WaveHandle device) const
 std::intptr_t SoundManager::SoundWindowProc(platform::WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
                                             std::intptr_t lParam) {
   core::DeferredFailure failure;
-  if (message == platform::kWaveOutputDone) HandleDone(wParam, failure);
+  if (message == platform::kWaveOutputDone) HandleWaveDone(wParam, failure);
   std::intptr_t result = 0;
   failure.Try([&] { result = windows_.CallWindowProcedure(previousProcedure_, window, message, wParam, lParam); });
   failure.ReportDescription(msgBox_);
   return result;
 }
 
-void SoundManager::HandleDone(std::uintptr_t wParam, core::DeferredFailure& failure) {
+void SoundManager::HandleWaveDone(std::uintptr_t wParam, core::DeferredFailure& failure) {
   const auto device = static_cast<platform::WaveHandle>(wParam);
   // Empty slots hold the handle of no device; that one is nobody's notice.
   if (device == platform::kNoWaveHandle || device != wParam) return;
@@ -203,12 +203,12 @@ void SoundManager::HandleDone(std::uintptr_t wParam, core::DeferredFailure& fail
   // The client may have refilled or emptied the slot: then this notice is none of the slot's any more.
   if (buffer.device != device) return;
   buffer.state = BufferState::kLoaded;
-  if (Holds(buffer.flags, BufferFlags::kUnloadOnEnd)) UnloadSoundBuffer(index);
+  if (HasFlag(buffer.flags, BufferFlags::kUnloadOnEnd)) UnloadSoundBuffer(index);
 }
 
-void SoundManager::Notify(std::int32_t BufferIndex, Notice notice, core::DeferredFailure& failure) {
-  if (Notifier == nullptr || Holds(At(BufferIndex).flags, BufferFlags::kNoEvents)) return;
-  failure.Try([&] { (Notifier->*notice)(BufferIndex); });
+void SoundManager::Notify(std::int32_t BufferIndex, Callback callback, core::DeferredFailure& failure) {
+  if (Notifier == nullptr || HasFlag(At(BufferIndex).flags, BufferFlags::kNoEvents)) return;
+  failure.Try([&] { (Notifier->*callback)(BufferIndex); });
 }
 
 const SoundBuffer& SoundManager::Buffer(std::int32_t BufferIndex) const {

@@ -18,8 +18,8 @@
 #include "core/deferred_failure.h"
 #include "core/msg_box.h"
 #include "platform/file_input.h"
-#include "platform/notice_window.h"
 #include "platform/wave_output.h"
+#include "platform/window_messages.h"
 
 namespace tonalith::audio {
 
@@ -31,7 +31,7 @@ enum class BufferFlags : std::uint32_t { kNone = 0, kPlayOnLoad = 1, kUnloadOnEn
 constexpr BufferFlags operator|(BufferFlags a, BufferFlags b) {
   return static_cast<BufferFlags>(static_cast<std::uint32_t>(a) | static_cast<std::uint32_t>(b));
 }
-constexpr bool Holds(BufferFlags flags, BufferFlags bit) {
+constexpr bool HasFlag(BufferFlags flags, BufferFlags bit) {
   return (static_cast<std::uint32_t>(flags) & static_cast<std::uint32_t>(bit)) != 0;
 }
 
@@ -50,7 +50,7 @@ class SoundManager {
   /// In place of a slot number: every slot.
   static constexpr std::int32_t kAllBuffers = -1;
 
-  SoundManager(platform::FileInput& files, platform::WaveOutput& output, platform::NoticeWindows& windows,
+  SoundManager(platform::FileInput& files, platform::WaveOutput& output, platform::WindowMessages& windows,
                core::MsgBox& msgBox);
   SoundManager(const SoundManager&) = delete;
   SoundManager& operator=(const SoundManager&) = delete;
@@ -96,20 +96,20 @@ class SoundManager {
   [[nodiscard]] platform::WindowHandle SoundWindow() const { return window_; }
 
  private:
-  using Notice = void (SoundManagerNotifier::*)(std::int32_t);
+  using Callback = void (SoundManagerNotifier::*)(std::int32_t);
 
   SoundBuffer& At(std::int32_t BufferIndex) { return buffers_[static_cast<std::size_t>(BufferIndex - 1)]; }
   bool ReadSound(platform::InputFile& file, platform::WaveFormat& format, std::vector<std::byte>& samples);
   void FillBuffer(std::int32_t BufferIndex, const platform::WaveFormat& format, std::vector<std::byte> samples,
                   BufferFlags flags, core::DeferredFailure& failure);
   void ReleaseBuffer(SoundBuffer& buffer, core::DeferredFailure& failure);
-  void HandleDone(std::uintptr_t wParam, core::DeferredFailure& failure);
-  void Notify(std::int32_t BufferIndex, Notice notice, core::DeferredFailure& failure);
+  void HandleWaveDone(std::uintptr_t wParam, core::DeferredFailure& failure);
+  void Notify(std::int32_t BufferIndex, Callback callback, core::DeferredFailure& failure);
   void RemoveWindow(core::DeferredFailure& failure);
 
   platform::FileInput& files_;
   platform::WaveOutput& output_;
-  platform::NoticeWindows& windows_;
+  platform::WindowMessages& windows_;
   core::MsgBox& msgBox_;
   std::array<SoundBuffer, kBufferCount> buffers_;
   platform::WindowHandle window_ = platform::kNoWindow;

@@ -29,8 +29,8 @@ class StreamReader {
   ChmObjects ReadAll() {
     ChmObjects objects;
     while (const std::uint8_t mark = Byte()) {
-      if (mark == kChmEndMark) return objects;
-      if (mark != kChmObjectMark || objects.size() >= kMostChmObjects) break;
+      if (mark == kChmEndMarker) return objects;
+      if (mark != kChmObjectMarker || objects.size() >= kMostChmObjects) break;
       const std::uint64_t pathLength = Length(kLongestChmPath);
       const std::uint64_t length = Length(std::min(kLargestChmObject, kLargestChmContent - content_));
       content_ += length;

@@ -55,7 +55,7 @@ void PutLength(std::vector<std::uint8_t>& bytes, std::uint64_t length) {
 
 void WriteHead(const chmUnitInfo& unit, int pipe) {
   const std::string_view path(unit.path);
-  std::vector<std::uint8_t> head{kChmObjectMark};
+  std::vector<std::uint8_t> head{kChmObjectMarker};
   PutLength(head, path.size());
   PutLength(head, unit.length);
   head.insert(head.end(), path.begin(), path.end());
@@ -87,7 +87,7 @@ void WriteChmObjects(const std::string& path, int pipe) {
     return a.space != b.space ? a.space < b.space : a.start < b.start;
   });
   for (chmUnitInfo& unit : found.units) WriteObject(file.get(), unit, pipe);
-  sandbox::WriteAll(pipe, std::array{kChmEndMark});
+  sandbox::WriteAll(pipe, std::array{kChmEndMarker});
 }
 
 }  // namespace tonalith::help

@@ -12,8 +12,8 @@
 
 namespace tonalith::help {
 
-inline constexpr std::uint8_t kChmObjectMark = 'O';
-inline constexpr std::uint8_t kChmEndMark = 'E';
+inline constexpr std::uint8_t kChmObjectMarker = 'O';
+inline constexpr std::uint8_t kChmEndMarker = 'E';
 inline constexpr std::size_t kChmLengthSize = 8;
 
 }  // namespace tonalith::help

@@ -6,7 +6,7 @@
 #include <QSignalBlocker>
 #include <QTreeWidgetItemIterator>
 
-#include "help/roomy_rows.h"
+#include "help/padded_item_delegate.h"
 
 namespace tonalith::help {
 namespace {
@@ -22,7 +22,7 @@ ContentsPanel::ContentsPanel(QWidget* parent) : QTreeWidget(parent) {
   setHeaderHidden(true);
   setFrameShape(QFrame::NoFrame);
   setUniformRowHeights(true);
-  setItemDelegate(new RoomyRows(this));
+  setItemDelegate(new PaddedItemDelegate(this));
   connect(this, &QTreeWidget::itemClicked, this, &ContentsPanel::Choose);
   connect(this, &QTreeWidget::itemActivated, this, &ContentsPanel::Choose);
 }
@@ -52,15 +52,15 @@ void ContentsPanel::SetBook(const HelpBook& book) {
   }
 }
 
-HelpPlace ContentsPanel::PlaceOf(const QTreeWidgetItem* item) const {
+HelpTarget ContentsPanel::TargetOf(const QTreeWidgetItem* item) const {
   return {item->data(0, kPageRole).toString().toStdString(), item->data(0, kAnchorRole).toString().toStdString()};
 }
 
-void ContentsPanel::ShowPlace(const HelpPlace& place) {
+void ContentsPanel::ShowTarget(const HelpTarget& place) {
   const QSignalBlocker quiet(this);
   QTreeWidgetItem* ofPage = nullptr;
   for (QTreeWidgetItemIterator at(this); *at != nullptr; ++at) {
-    const HelpPlace candidate = PlaceOf(*at);
+    const HelpTarget candidate = TargetOf(*at);
     if (candidate == place) {
       ofPage = *at;
       break;
@@ -72,9 +72,9 @@ void ContentsPanel::ShowPlace(const HelpPlace& place) {
 }
 
 void ContentsPanel::Choose(QTreeWidgetItem* item) {
-  const HelpPlace place = PlaceOf(item);
+  const HelpTarget place = TargetOf(item);
   if (!place.page.empty()) {
-    Q_EMIT PlaceChosen(place);
+    Q_EMIT TargetChosen(place);
   } else {
     item->setExpanded(true);
   }

@@ -20,14 +20,14 @@ class ContentsPanel : public QTreeWidget {
 
   void SetBook(const HelpBook& book);
   /// Makes the entry of that place current: the one with its anchor, else the page's own. Tells nobody.
-  void ShowPlace(const HelpPlace& place);
+  void ShowTarget(const HelpTarget& place);
 
  Q_SIGNALS:
-  void PlaceChosen(const tonalith::help::HelpPlace& place);
+  void TargetChosen(const tonalith::help::HelpTarget& place);
 
  private:
   void Choose(QTreeWidgetItem* item);
-  [[nodiscard]] HelpPlace PlaceOf(const QTreeWidgetItem* item) const;
+  [[nodiscard]] HelpTarget TargetOf(const QTreeWidgetItem* item) const;
 };
 
 }  // namespace tonalith::help

@@ -26,12 +26,12 @@ FindBar::FindBar(HelpBrowser* page, QWidget* parent) : QWidget(parent), page_(pa
   text_->setMaximumWidth(320);
   text_->installEventFilter(this);
   caption->setBuddy(text_);
-  previous_ = new HelpButton(HelpButton::Sign::kUp, tr("Previous match"), QKeySequence(Qt::SHIFT | Qt::Key_F3), this);
-  next_ = new HelpButton(HelpButton::Sign::kDown, tr("Next match"), QKeySequence(Qt::Key_F3), this);
+  previous_ = new HelpButton(HelpButton::Icon::kUp, tr("Previous match"), QKeySequence(Qt::SHIFT | Qt::Key_F3), this);
+  next_ = new HelpButton(HelpButton::Icon::kDown, tr("Next match"), QKeySequence(Qt::Key_F3), this);
   places_ = new QLabel(this);
   places_->setObjectName(QStringLiteral("lblPlaces"));
   auto* const close =
-      new HelpButton(HelpButton::Sign::kClose, tr("Close the find bar"), QKeySequence(Qt::Key_Escape), this);
+      new HelpButton(HelpButton::Icon::kClose, tr("Close the find bar"), QKeySequence(Qt::Key_Escape), this);
   row->addWidget(caption);
   row->addWidget(text_, 1);
   row->addWidget(previous_);
@@ -50,12 +50,12 @@ void FindBar::Open() {
   show();
   text_->setFocus(Qt::ShortcutFocusReason);
   text_->selectAll();
-  Tell(page_->MarkText(text_->text()));
+  ShowMatchCount(page_->HighlightText(text_->text()));
 }
 
 void FindBar::Close() {
   hide();
-  page_->MarkText({});
+  page_->HighlightText({});
   Q_EMIT Closed();
 }
 
@@ -72,16 +72,16 @@ void FindBar::Go(bool backwards) {
 }
 
 void FindBar::PageChanged() {
-  if (isVisible()) Tell(page_->MarkText(text_->text()));
+  if (isVisible()) ShowMatchCount(page_->HighlightText(text_->text()));
 }
 
 void FindBar::TextChanged() {
-  const int places = page_->MarkText(text_->text());
+  const int places = page_->HighlightText(text_->text());
   if (places > 0) page_->FindFromHere(text_->text());
-  Tell(places);
+  ShowMatchCount(places);
 }
 
-void FindBar::Tell(int places) {
+void FindBar::ShowMatchCount(int places) {
   const bool isAsked = !text_->text().isEmpty();
   previous_->setEnabled(places > 0);
   next_->setEnabled(places > 0);

@@ -42,7 +42,7 @@ class FindBar : public QWidget {
  private:
   void TextChanged();
   void Go(bool backwards);
-  void Tell(int places);
+  void ShowMatchCount(int places);
 
   HelpBrowser* page_;
   QLineEdit* text_;

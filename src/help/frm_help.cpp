@@ -23,7 +23,7 @@
 namespace tonalith::help {
 namespace {
 
-using Sign = HelpButton::Sign;
+using Icon = HelpButton::Icon;
 
 constexpr QSize kWantedSize(1060, 760);
 constexpr int kPanelWidth = 280;
@@ -54,13 +54,13 @@ frmHelp::frmHelp(core::MsgBox& msgBox, AddressOpener opener, QWidget* parent)
   AddShortcuts();
   ApplyTheme();
   ChooseSize();
-  connect(contents_, &ContentsPanel::PlaceChosen, this, &frmHelp::GoTo);
-  connect(index_, &IndexPanel::PlaceChosen, this, &frmHelp::GoTo);
+  connect(contents_, &ContentsPanel::TargetChosen, this, &frmHelp::GoTo);
+  connect(index_, &IndexPanel::TargetChosen, this, &frmHelp::GoTo);
   connect(search_, &SearchPanel::PageChosen, this, &frmHelp::ShowFound);
   connect(page_, &HelpBrowser::LinkChosen, this, &frmHelp::FollowLink);
   connect(page_, &HelpBrowser::BackRequested, this, &frmHelp::GoBack);
   connect(page_, &HelpBrowser::ForwardRequested, this, &frmHelp::GoForward);
-  connect(page_, &HelpBrowser::ZoomChanged, this, &frmHelp::TellZoom);
+  connect(page_, &HelpBrowser::ZoomChanged, this, &frmHelp::ShowZoom);
   connect(find_, &FindBar::Closed, page_, qOverload<>(&QWidget::setFocus));
 }
 
@@ -71,32 +71,32 @@ void frmHelp::MakeBar() {
   auto* const row = new QHBoxLayout(bar_);
   row->setContentsMargins(8, 6, 8, 6);
   row->setSpacing(2);
-  const auto add = [&](Sign sign, const char* name, const QString& title, const QKeySequence& keys) {
-    auto* const button = new HelpButton(sign, title, keys, bar_);
+  const auto add = [&](Icon icon, const char* name, const QString& title, const QKeySequence& keys) {
+    auto* const button = new HelpButton(icon, title, keys, bar_);
     button->setObjectName(QLatin1String(name));
     row->addWidget(button);
     return button;
   };
-  back_ = add(Sign::kBack, "cmdBack", tr("Back"), Qt::ALT | Qt::Key_Left);
-  forward_ = add(Sign::kForward, "cmdForward", tr("Forward"), Qt::ALT | Qt::Key_Right);
-  HelpButton* const home = add(Sign::kHome, "cmdHome", tr("First page of the help"), Qt::ALT | Qt::Key_Home);
+  back_ = add(Icon::kBack, "cmdBack", tr("Back"), Qt::ALT | Qt::Key_Left);
+  forward_ = add(Icon::kForward, "cmdForward", tr("Forward"), Qt::ALT | Qt::Key_Right);
+  HelpButton* const home = add(Icon::kHome, "cmdHome", tr("First page of the help"), Qt::ALT | Qt::Key_Home);
   row->addStretch(1);
-  HelpButton* const smaller = add(Sign::kSmaller, "cmdSmaller", tr("Smaller text"), QKeySequence::ZoomOut);
+  HelpButton* const smaller = add(Icon::kSmaller, "cmdSmaller", tr("Smaller text"), QKeySequence::ZoomOut);
   zoom_ = new QLabel(bar_);
   zoom_->setObjectName(QStringLiteral("lblZoom"));
   zoom_->setAlignment(Qt::AlignCenter);
   zoom_->setMinimumWidth(zoom_->fontMetrics().horizontalAdvance(QStringLiteral("0000 %")));
   row->addWidget(zoom_);
-  HelpButton* const larger = add(Sign::kLarger, "cmdLarger", tr("Larger text"), QKeySequence::ZoomIn);
+  HelpButton* const larger = add(Icon::kLarger, "cmdLarger", tr("Larger text"), QKeySequence::ZoomIn);
   row->addSpacing(10);
-  HelpButton* const findButton = add(Sign::kFind, "cmdFind", tr("Find in this page"), QKeySequence::Find);
+  HelpButton* const findButton = add(Icon::kFind, "cmdFind", tr("Find in this page"), QKeySequence::Find);
   connect(back_, &QAbstractButton::clicked, this, &frmHelp::GoBack);
   connect(forward_, &QAbstractButton::clicked, this, &frmHelp::GoForward);
   connect(home, &QAbstractButton::clicked, this, &frmHelp::GoHome);
   connect(smaller, &QAbstractButton::clicked, page_, [this] { page_->ZoomBy(-1); });
   connect(larger, &QAbstractButton::clicked, page_, [this] { page_->ZoomBy(1); });
   connect(findButton, &QAbstractButton::clicked, find_, &FindBar::Open);
-  TellZoom();
+  ShowZoom();
 }
 
 void frmHelp::LayOut() {
@@ -179,11 +179,11 @@ void frmHelp::ShowBook(std::shared_ptr<const HelpBook> book) {
   index_->SetBook(*book_);
   search_->SetBook(book_);
   tabs_->setCurrentWidget(contents_);
-  GoTo(book_->DefaultPlace());
+  GoTo(book_->DefaultTarget());
   page_->setFocus();
 }
 
-void frmHelp::GoTo(const HelpPlace& place) {
+void frmHelp::GoTo(const HelpTarget& place) {
   history_.Leave(page_->Scroll());
   history_.Visit(place);
   ShowStop();
@@ -201,33 +201,33 @@ void frmHelp::GoForward() {
   ShowStop();
 }
 
-void frmHelp::GoHome() { GoTo(book_->DefaultPlace()); }
+void frmHelp::GoHome() { GoTo(book_->DefaultTarget()); }
 
 void frmHelp::ShowStop() {
   const HelpHistory::Stop stop = history_.Current();
   page_->ShowPage(book_, stop.place);
   if (stop.scroll >= 0) page_->SetScroll(stop.scroll);
-  contents_->ShowPlace(stop.place);
+  contents_->ShowTarget(stop.place);
   back_->setEnabled(history_.CanGoBack());
   forward_->setEnabled(history_.CanGoForward());
   page_->setAccessibleDescription(QString::fromStdString(book_->TitleOf(stop.place.page)));
   find_->PageChanged();
 }
 
-void frmHelp::ShowFound(const HelpPlace& place, const QStringList& words) {
+void frmHelp::ShowFound(const HelpTarget& place, const QStringList& words) {
   if (find_->isVisible()) find_->Close();
   GoTo(place);
-  page_->MarkWords(words);
+  page_->HighlightWords(words);
 }
 
 void frmHelp::FollowLink(const std::string& link) {
-  const HelpLink target = book_->Follow(CurrentPlace().page, link);
+  const HelpLink target = book_->Follow(CurrentTarget().page, link);
   switch (target.kind) {
     case HelpLink::Kind::kInside:
     case HelpLink::Kind::kMissing:
       return GoTo(target.place);
     case HelpLink::Kind::kOutside:
-      return AskAndOpen(target.address);
+      return ConfirmAndOpen(target.address);
     case HelpLink::Kind::kRefused:
       msgBox_.Show(tr("This link leads to something that the help does not open:\n").toStdString() + target.address,
                    core::MsgBoxStyle::kExclamation, {});
@@ -235,7 +235,7 @@ void frmHelp::FollowLink(const std::string& link) {
   }
 }
 
-void frmHelp::AskAndOpen(const std::string& address) {
+void frmHelp::ConfirmAndOpen(const std::string& address) {
   using core::MsgBoxStyle;
   // The box lets events through: the window may be closed while it is shown.
   core::MsgBox& msgBox = msgBox_;
@@ -257,7 +257,7 @@ void frmHelp::Escape() {
   }
 }
 
-void frmHelp::TellZoom() {
+void frmHelp::ShowZoom() {
   const int percent = qRound(page_->Zoom() * 100);
   zoom_->setText(QStringLiteral("%1 %").arg(percent));
 }

@@ -43,7 +43,7 @@ class frmHelp : public QWidget {
 
   /// Shows the book at its default page; the way taken before is forgotten.
   void ShowBook(std::shared_ptr<const HelpBook> book);
-  [[nodiscard]] const HelpPlace& CurrentPlace() const { return history_.Current().place; }
+  [[nodiscard]] const HelpTarget& CurrentTarget() const { return history_.Current().place; }
   [[nodiscard]] HelpBrowser* Page() const { return page_; }
 
  protected:
@@ -56,17 +56,17 @@ class frmHelp : public QWidget {
   void ApplyTheme();
   void ChooseSize();
 
-  void GoTo(const HelpPlace& place);
+  void GoTo(const HelpTarget& place);
   void GoBack();
   void GoForward();
   void GoHome();
   /// Shows the current stop of the history.
   void ShowStop();
   void FollowLink(const std::string& link);
-  void AskAndOpen(const std::string& address);
-  void ShowFound(const HelpPlace& place, const QStringList& words);
+  void ConfirmAndOpen(const std::string& address);
+  void ShowFound(const HelpTarget& place, const QStringList& words);
   void Escape();
-  void TellZoom();
+  void ShowZoom();
 
   core::MsgBox& msgBox_;
   AddressOpener opener_;

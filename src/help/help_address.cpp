@@ -21,7 +21,7 @@ bool IsSchemeCharacter(char c) {
 std::string SchemeOf(std::string_view address) {
   const std::size_t colon = address.find(':');
   if (colon == std::string_view::npos || colon < 2) return {};
-  std::string scheme = ToSmallLetters(address.substr(0, colon));
+  std::string scheme = ToLowerCase(address.substr(0, colon));
   return std::all_of(scheme.begin(), scheme.end(), IsSchemeCharacter) ? scheme : std::string();
 }
 
@@ -42,10 +42,10 @@ std::string PercentDecoded(std::string_view text) {
 }
 
 std::string ResolvedPath(std::string_view base, std::string_view relative) {
-  std::string path = ToSmallLetters(relative);
+  std::string path = ToLowerCase(relative);
   std::replace(path.begin(), path.end(), '\\', '/');
   if (path.empty() || path[0] != '/') {
-    path = ToSmallLetters(base.substr(0, std::min(base.rfind('/'), base.size()))) + "/" + path;
+    path = ToLowerCase(base.substr(0, std::min(base.rfind('/'), base.size()))) + "/" + path;
   }
   std::vector<std::string_view> parts;
   for (std::string_view rest = path; !rest.empty();) {

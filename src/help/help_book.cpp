@@ -21,10 +21,10 @@ bool IsPagePath(std::string_view path) { return path.ends_with(".htm") || path.e
 bool IsOutside(const std::string& scheme) { return scheme == "http" || scheme == "https" || scheme == "mailto"; }
 
 /// A link that a list of the file gives, seen from the top of the file.
-HelpPlace PlaceOf(std::string_view local) {
+HelpTarget TargetOf(std::string_view local) {
   local = WithoutStore(local);
   const std::size_t mark = std::min(local.find('#'), local.size());
-  HelpPlace place{ResolvedPath("/", PercentDecoded(local.substr(0, mark))), {}};
+  HelpTarget place{ResolvedPath("/", PercentDecoded(local.substr(0, mark))), {}};
   if (mark < local.size()) place.anchor = PercentDecoded(local.substr(mark + 1));
   return place;
 }
@@ -41,9 +41,9 @@ HelpBook::HelpBook(ChmObjects objects) {
   ReadContents(ListPath(settings.contents, ".hhc"));
   ReadIndex(ListPath(settings.index, ".hhk"));
   ListPages();
-  defaultPlace_ = FindDefault(settings.defaultTopic);
+  defaultTarget_ = FindDefault(settings.defaultTopic);
   title_ = Collapsed(settings.title);
-  if (title_.empty()) title_ = TitleOf(defaultPlace_.page);
+  if (title_.empty()) title_ = TitleOf(defaultTarget_.page);
 }
 
 const std::string* HelpBook::Object(const std::string& path) const {
@@ -63,8 +63,8 @@ void HelpBook::ReadContents(const std::string& path) {
   const std::string* const list = Object(path);
   if (list == nullptr) return;
   for (const SiteMapEntry& entry : ReadSiteMap(*list)) {
-    std::optional<HelpPlace> place;
-    if (!entry.targets.empty()) place = PlaceOf(entry.targets.front().local);
+    std::optional<HelpTarget> place;
+    if (!entry.targets.empty()) place = TargetOf(entry.targets.front().local);
     contents_.push_back({entry.depth, entry.name, place});
   }
 }
@@ -74,7 +74,7 @@ void HelpBook::ReadIndex(const std::string& path) {
   if (list == nullptr) return;
   for (const SiteMapEntry& entry : ReadSiteMap(*list)) {
     IndexEntry& added = index_.emplace_back(IndexEntry{entry.depth, entry.name, {}});
-    for (const SiteMapTarget& target : entry.targets) added.targets.push_back({target.title, PlaceOf(target.local)});
+    for (const SiteMapTarget& target : entry.targets) added.targets.push_back({target.title, TargetOf(target.local)});
   }
 }
 
@@ -92,22 +92,22 @@ void HelpBook::ListPages() {
   if (!contents_.empty()) return;
   const bool isShort = pages_.size() <= kMostTitlesAtOnce;
   for (const std::string& path : pages_) {
-    contents_.push_back({0, isShort ? TitleOf(path) : path, HelpPlace{path, {}}});
+    contents_.push_back({0, isShort ? TitleOf(path) : path, HelpTarget{path, {}}});
   }
 }
 
-bool HelpBook::HasPage(const HelpPlace& place) const { return isPage_.contains(place.page); }
+bool HelpBook::HasPage(const HelpTarget& place) const { return isPage_.contains(place.page); }
 
-HelpPlace HelpBook::FindDefault(const std::string& named) const {
-  std::vector<HelpPlace> candidates;
-  if (!named.empty()) candidates.push_back(PlaceOf(named));
+HelpTarget HelpBook::FindDefault(const std::string& named) const {
+  std::vector<HelpTarget> candidates;
+  if (!named.empty()) candidates.push_back(TargetOf(named));
   for (const ContentsEntry& entry : contents_) {
     if (entry.place) candidates.push_back(*entry.place);
   }
   candidates.push_back({"/index.htm", {}});
   candidates.push_back({"/index.html", {}});
   const auto found =
-      std::find_if(candidates.begin(), candidates.end(), [this](const HelpPlace& place) { return HasPage(place); });
+      std::find_if(candidates.begin(), candidates.end(), [this](const HelpTarget& place) { return HasPage(place); });
   if (found == candidates.end()) throw core::Failure::Unspecified("The help file has no page to open at.");
   return *found;
 }

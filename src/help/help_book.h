@@ -21,10 +21,10 @@
 namespace tonalith::help {
 
 /// A page, by its path, and an anchor on it, if there is one.
-struct HelpPlace {
+struct HelpTarget {
   std::string page;
   std::string anchor;
-  bool operator==(const HelpPlace&) const = default;
+  bool operator==(const HelpTarget&) const = default;
 };
 
 struct HelpLink {
@@ -38,19 +38,19 @@ struct HelpLink {
     kRefused,
   };
   Kind kind = Kind::kRefused;
-  HelpPlace place;
+  HelpTarget place;
   std::string address;
 };
 
 struct ContentsEntry {
   int depth = 0;
   std::string title;
-  std::optional<HelpPlace> place;
+  std::optional<HelpTarget> place;
 };
 
 struct IndexTarget {
   std::string title;
-  HelpPlace place;
+  HelpTarget place;
 };
 
 struct IndexEntry {
@@ -65,7 +65,7 @@ class HelpBook {
 
   [[nodiscard]] const std::string& Title() const { return title_; }
   /// The file's own, else the first of the contents, else "index.htm" or "index.html".
-  [[nodiscard]] const HelpPlace& DefaultPlace() const { return defaultPlace_; }
+  [[nodiscard]] const HelpTarget& DefaultTarget() const { return defaultTarget_; }
   [[nodiscard]] const std::vector<ContentsEntry>& Contents() const { return contents_; }
   [[nodiscard]] const std::vector<IndexEntry>& Index() const { return index_; }
   /// The paths of all pages: in the order of the contents, then those that the contents leave out.
@@ -82,9 +82,9 @@ class HelpBook {
 
  private:
   [[nodiscard]] const std::string* Object(const std::string& path) const;
-  [[nodiscard]] HelpPlace FindDefault(const std::string& named) const;
+  [[nodiscard]] HelpTarget FindDefault(const std::string& named) const;
   [[nodiscard]] std::string ListPath(const std::string& named, std::string_view ending) const;
-  [[nodiscard]] bool HasPage(const HelpPlace& place) const;
+  [[nodiscard]] bool HasPage(const HelpTarget& place) const;
   void ReadContents(const std::string& path);
   void ReadIndex(const std::string& path);
   void ListPages();
@@ -93,7 +93,7 @@ class HelpBook {
   std::map<std::string, std::string> objects_;
   mutable std::map<std::string, HelpPage> read_;
   std::string title_;
-  HelpPlace defaultPlace_;
+  HelpTarget defaultTarget_;
   std::vector<ContentsEntry> contents_;
   std::vector<IndexEntry> index_;
   std::vector<std::string> pages_;

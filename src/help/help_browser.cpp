@@ -15,9 +15,9 @@
 #include <QWheelEvent>
 #include <cmath>
 
-#include "help/help_pictures.h"
 #include "help/help_search.h"
 #include "help/help_style.h"
+#include "help/picture_reader.h"
 
 namespace tonalith::help {
 namespace {
@@ -28,7 +28,7 @@ constexpr double kLargestZoom = 4.0;
 constexpr double kReadingSize = 1.12;
 constexpr int kSmallestLetters = 14;
 constexpr int kMargin = 32;
-constexpr std::size_t kMostMarks = 1000;
+constexpr std::size_t kMaxHighlights = 1000;
 constexpr double kMostPicturePixels = 64e6;
 
 HelpPage PageNotFound(const std::string& path) {
@@ -58,12 +58,12 @@ HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
   });
 }
 
-void HelpBrowser::ShowPage(std::shared_ptr<const HelpBook> book, const HelpPlace& place) {
+void HelpBrowser::ShowPage(std::shared_ptr<const HelpBook> book, const HelpTarget& place) {
   const bool isSamePage = book == book_ && place.page == place_.page;
   book_ = std::move(book);
   place_ = place;
-  markedWords_.clear();
-  markedText_.clear();
+  highlightedWords_.clear();
+  highlightedText_.clear();
   if (!isSamePage) {
     const HelpPage* const page = book_->Page(place.page);
     page_ = page != nullptr ? *page : PageNotFound(place.page);
@@ -107,8 +107,8 @@ void HelpBrowser::RenderInPlace() {
   const double share = verticalScrollBar()->maximum() > 0 ? double(Scroll()) / verticalScrollBar()->maximum() : 0;
   Render();
   SetScroll(qRound(share * verticalScrollBar()->maximum()));
-  if (!markedText_.isEmpty()) MarkText(markedText_);
-  if (!markedWords_.isEmpty()) Mark({});
+  if (!highlightedText_.isEmpty()) HighlightText(highlightedText_);
+  if (!highlightedWords_.isEmpty()) Mark({});
 }
 
 void HelpBrowser::Render() {
@@ -203,9 +203,9 @@ void HelpBrowser::GoToAnchor() {
 
 void HelpBrowser::Mark(const std::vector<QTextCursor>& places) {
   std::vector<QTextCursor> all = places;
-  if (!markedWords_.isEmpty()) {
-    const QRegularExpression pattern = AnyOf(markedWords_);
-    for (QTextCursor at = document()->find(pattern, 0); !at.isNull() && all.size() < kMostMarks;
+  if (!highlightedWords_.isEmpty()) {
+    const QRegularExpression pattern = AnyOf(highlightedWords_);
+    for (QTextCursor at = document()->find(pattern, 0); !at.isNull() && all.size() < kMaxHighlights;
          at = document()->find(pattern, at)) {
       if (!at.hasSelection()) break;
       all.push_back(at);
@@ -220,8 +220,8 @@ void HelpBrowser::Mark(const std::vector<QTextCursor>& places) {
   setExtraSelections(marks);
 }
 
-void HelpBrowser::MarkWords(const QStringList& words) {
-  markedWords_ = words;
+void HelpBrowser::HighlightWords(const QStringList& words) {
+  highlightedWords_ = words;
   Mark({});
   const auto marks = extraSelections();
   if (marks.isEmpty()) return;
@@ -230,12 +230,12 @@ void HelpBrowser::MarkWords(const QStringList& words) {
   BringIntoView(first);
 }
 
-int HelpBrowser::MarkText(const QString& text) {
-  markedText_ = text;
-  markedWords_.clear();
+int HelpBrowser::HighlightText(const QString& text) {
+  highlightedText_ = text;
+  highlightedWords_.clear();
   std::vector<QTextCursor> places;
   if (!text.isEmpty()) {
-    for (QTextCursor at = document()->find(text); !at.isNull() && places.size() < kMostMarks;
+    for (QTextCursor at = document()->find(text); !at.isNull() && places.size() < kMaxHighlights;
          at = document()->find(text, at)) {
       places.push_back(at);
     }

@@ -28,7 +28,7 @@ class HelpBrowser : public QTextBrowser {
 
   /// Shows a page of `book`, which is kept as long as its page is shown: at the anchor, or from the top. A page that is
   /// not there gives one that says so.
-  void ShowPage(std::shared_ptr<const HelpBook> book, const HelpPlace& place);
+  void ShowPage(std::shared_ptr<const HelpBook> book, const HelpTarget& place);
   /// Pixels from the top.
   [[nodiscard]] int Scroll() const;
   void SetScroll(int pixels);
@@ -39,9 +39,9 @@ class HelpBrowser : public QTextBrowser {
   void ResetZoom();
 
   /// Marks every place where one of the words begins a word and goes to the first; no words, no marks.
-  void MarkWords(const QStringList& words);
+  void HighlightWords(const QStringList& words);
   /// Marks `text` everywhere. Gives the number of places.
-  int MarkText(const QString& text);
+  int HighlightText(const QString& text);
   /// Selects the next or the previous place of `text`, from the end to the beginning again. False when there is none.
   bool FindAgain(const QString& text, bool backwards);
   /// Selects the first place at or behind the beginning of the selection.
@@ -86,11 +86,11 @@ class HelpBrowser : public QTextBrowser {
   void Mark(const std::vector<QTextCursor>& places);
 
   std::shared_ptr<const HelpBook> book_;
-  HelpPlace place_;
+  HelpTarget place_;
   HelpPage page_;
   std::vector<Shown> pictures_;
-  QStringList markedWords_;
-  QString markedText_;
+  QStringList highlightedWords_;
+  QString highlightedText_;
   double zoom_ = 1;
   double renderedRatio_ = 0;
   int renderedColumn_ = 0;

@@ -11,7 +11,7 @@
 namespace tonalith::help {
 namespace {
 
-using Sign = HelpButton::Sign;
+using Icon = HelpButton::Icon;
 
 /// A line through points of a field of 16 by 16 around the middle.
 void Line(QPainter& painter, std::initializer_list<QPointF> points) {
@@ -51,25 +51,25 @@ void PaintLetter(QPainter& painter, bool isLarger) {
   if (isLarger) Line(painter, {{5.75, -5.25}, {5.75, -0.75}});
 }
 
-void PaintSign(QPainter& painter, Sign sign) {
-  switch (sign) {
-    case Sign::kBack:
+void PaintIcon(QPainter& painter, Icon icon) {
+  switch (icon) {
+    case Icon::kBack:
       return PaintArrow(painter, 0);
-    case Sign::kForward:
+    case Icon::kForward:
       return PaintArrow(painter, 180);
-    case Sign::kHome:
+    case Icon::kHome:
       return PaintHome(painter);
-    case Sign::kFind:
+    case Icon::kFind:
       return PaintFind(painter);
-    case Sign::kSmaller:
+    case Icon::kSmaller:
       return PaintLetter(painter, false);
-    case Sign::kLarger:
+    case Icon::kLarger:
       return PaintLetter(painter, true);
-    case Sign::kUp:
+    case Icon::kUp:
       return PaintChevron(painter, 0);
-    case Sign::kDown:
+    case Icon::kDown:
       return PaintChevron(painter, 180);
-    case Sign::kClose:
+    case Icon::kClose:
       Line(painter, {{-4.5, -4.5}, {4.5, 4.5}});
       Line(painter, {{-4.5, 4.5}, {4.5, -4.5}});
       return;
@@ -78,8 +78,8 @@ void PaintSign(QPainter& painter, Sign sign) {
 
 }  // namespace
 
-HelpButton::HelpButton(Sign sign, const QString& name, const QKeySequence& keys, QWidget* parent)
-    : QAbstractButton(parent), sign_(sign) {
+HelpButton::HelpButton(Icon icon, const QString& name, const QKeySequence& keys, QWidget* parent)
+    : QAbstractButton(parent), icon_(icon) {
   setAccessibleName(name);
   const QString shortcut = keys.toString(QKeySequence::NativeText);
   setToolTip(shortcut.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(name, shortcut));
@@ -111,7 +111,7 @@ void HelpButton::paintEvent(QPaintEvent* /*event*/) {
   QColor line = ink;
   if (!isEnabled()) line.setAlphaF(0.45F);
   painter.setPen(QPen(line, 1.7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-  PaintSign(painter, sign_);
+  PaintIcon(painter, icon_);
 }
 
 }  // namespace tonalith::help

@@ -14,10 +14,10 @@ class HelpButton : public QAbstractButton {
   Q_OBJECT
 
  public:
-  enum class Sign { kBack, kForward, kHome, kFind, kSmaller, kLarger, kUp, kDown, kClose };
+  enum class Icon { kBack, kForward, kHome, kFind, kSmaller, kLarger, kUp, kDown, kClose };
 
   /// `keys` are told in the tooltip; the shortcut itself is the window's.
-  HelpButton(Sign sign, const QString& name, const QKeySequence& keys, QWidget* parent);
+  HelpButton(Icon icon, const QString& name, const QKeySequence& keys, QWidget* parent);
 
   [[nodiscard]] QSize sizeHint() const override;
 
@@ -25,7 +25,7 @@ class HelpButton : public QAbstractButton {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  Sign sign_;
+  Icon icon_;
 };
 
 }  // namespace tonalith::help

@@ -5,7 +5,7 @@
 
 namespace tonalith::help {
 
-void HelpHistory::Visit(const HelpPlace& place) {
+void HelpHistory::Visit(const HelpTarget& place) {
   if (!IsEmpty() && Current().place == place) {
     stops_[at_].scroll = -1;
     return;

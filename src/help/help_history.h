@@ -16,13 +16,13 @@ namespace tonalith::help {
 class HelpHistory {
  public:
   struct Stop {
-    HelpPlace place;
+    HelpTarget place;
     /// Pixels from the top; -1 as long as the place itself says where the page begins.
     int scroll = -1;
   };
 
   /// A step onwards: what lay ahead is forgotten. Visiting the current place again is no step.
-  void Visit(const HelpPlace& place);
+  void Visit(const HelpTarget& place);
   /// Keeps where the current stop is left.
   void Leave(int scroll);
 

@@ -46,7 +46,7 @@ std::string ShapesOfRule(std::string_view declarations) {
     declarations.remove_prefix(std::min(end + 1, declarations.size()));
     const std::size_t colon = declaration.find(':');
     if (colon == std::string_view::npos) continue;
-    const std::string name = ToSmallLetters(Collapsed(declaration.substr(0, colon)));
+    const std::string name = ToLowerCase(Collapsed(declaration.substr(0, colon)));
     const std::string value = Collapsed(declaration.substr(colon + 1));
     const bool isShape = std::find(kShapes.begin(), kShapes.end(), name) != kShapes.end();
     if (isShape && !value.empty() && IsPlain(value, " -")) kept.append(name).append(":").append(value).append(";");

@@ -10,7 +10,7 @@
 #include <QTreeWidgetItemIterator>
 #include <QVBoxLayout>
 
-#include "help/roomy_rows.h"
+#include "help/padded_item_delegate.h"
 
 namespace tonalith::help {
 namespace {
@@ -18,12 +18,12 @@ namespace {
 constexpr int kPageRole = Qt::UserRole;
 constexpr int kAnchorRole = Qt::UserRole + 1;
 
-void SetPlace(QTreeWidgetItem* item, const HelpPlace& place) {
+void SetTarget(QTreeWidgetItem* item, const HelpTarget& place) {
   item->setData(0, kPageRole, QString::fromStdString(place.page));
   item->setData(0, kAnchorRole, QString::fromStdString(place.anchor));
 }
 
-bool HasPlace(const QTreeWidgetItem* item) { return item->data(0, kPageRole).isValid(); }
+bool HasTarget(const QTreeWidgetItem* item) { return item->data(0, kPageRole).isValid(); }
 
 }  // namespace
 
@@ -41,7 +41,7 @@ IndexPanel::IndexPanel(QWidget* parent) : QWidget(parent) {
   keywords_->setFrameShape(QFrame::NoFrame);
   keywords_->setRootIsDecorated(false);
   keywords_->setUniformRowHeights(true);
-  keywords_->setItemDelegate(new RoomyRows(keywords_));
+  keywords_->setItemDelegate(new PaddedItemDelegate(keywords_));
   none_ = new QLabel(this);
   none_->setObjectName(QStringLiteral("lblIndex"));
   none_->setWordWrap(true);
@@ -73,12 +73,12 @@ void IndexPanel::AddEntry(const IndexEntry& entry, std::vector<QTreeWidgetItem*>
   auto* const item = parents.empty() ? new QTreeWidgetItem(keywords_) : new QTreeWidgetItem(parents.back());
   item->setText(0, QString::fromStdString(entry.keyword));
   item->setToolTip(0, item->text(0));
-  if (entry.targets.size() == 1) SetPlace(item, entry.targets.front().place);
+  if (entry.targets.size() == 1) SetTarget(item, entry.targets.front().place);
   if (entry.targets.size() > 1) {
     for (const IndexTarget& target : entry.targets) {
       auto* const below = new QTreeWidgetItem(item);
       below->setText(0, QString::fromStdString(target.title));
-      SetPlace(below, target.place);
+      SetTarget(below, target.place);
     }
   }
   parents.push_back(item);
@@ -108,7 +108,7 @@ bool IndexPanel::FilterEntry(QTreeWidgetItem* item, const QString& typed) {
 
 void IndexPanel::ChooseFirst() {
   for (QTreeWidgetItemIterator at(keywords_, QTreeWidgetItemIterator::NotHidden); *at != nullptr; ++at) {
-    if (!HasPlace(*at)) continue;
+    if (!HasTarget(*at)) continue;
     keywords_->setCurrentItem(*at);
     Choose(*at);
     return;
@@ -116,8 +116,8 @@ void IndexPanel::ChooseFirst() {
 }
 
 void IndexPanel::Choose(QTreeWidgetItem* item) {
-  if (!HasPlace(item)) return;
-  Q_EMIT PlaceChosen(
+  if (!HasTarget(item)) return;
+  Q_EMIT TargetChosen(
       {item->data(0, kPageRole).toString().toStdString(), item->data(0, kAnchorRole).toString().toStdString()});
 }
 

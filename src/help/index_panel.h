@@ -27,7 +27,7 @@ class IndexPanel : public QWidget {
   void SetBook(const HelpBook& book);
 
  Q_SIGNALS:
-  void PlaceChosen(const tonalith::help::HelpPlace& place);
+  void TargetChosen(const tonalith::help::HelpTarget& place);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

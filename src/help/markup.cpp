@@ -23,20 +23,20 @@ std::size_t Find(std::string_view text, std::string_view what, std::size_t from)
 /// Where `name` begins a closing tag, looking from the front; the end where it never does.
 std::size_t FindClosing(std::string_view text, std::string_view name) {
   for (std::size_t at = Find(text, "</", 0); at < text.size(); at = Find(text, "</", at + 2)) {
-    if (ToSmallLetters(text.substr(at + 2, name.size())) == name) return at;
+    if (ToLowerCase(text.substr(at + 2, name.size())) == name) return at;
   }
   return text.size();
 }
 
 }  // namespace
 
-const std::string& MarkupPiece::Attribute(std::string_view name) const {
+const std::string& MarkupToken::Attribute(std::string_view name) const {
   static const std::string none;
   const auto found = std::find_if(attributes.begin(), attributes.end(), [&](const auto& a) { return a.first == name; });
   return found == attributes.end() ? none : found->second;
 }
 
-std::optional<MarkupPiece> MarkupReader::Next() {
+std::optional<MarkupToken> MarkupReader::Next() {
   while (SkipUnseen()) {
   }
   if (rest_.empty()) return std::nullopt;
@@ -56,21 +56,21 @@ bool MarkupReader::SkipUnseen() {
   return true;
 }
 
-MarkupPiece MarkupReader::Text() {
+MarkupToken MarkupReader::Text() {
   // A "<" that begins no tag is text itself.
   const std::size_t end = Find(rest_, "<", 1);
-  MarkupPiece piece;
+  MarkupToken piece;
   piece.text = ResolveEntities(rest_.substr(0, end));
   rest_.remove_prefix(end);
   return piece;
 }
 
-MarkupPiece MarkupReader::Tag(std::size_t nameAt, bool closes) {
-  MarkupPiece piece;
-  piece.kind = closes ? MarkupPiece::Kind::kClose : MarkupPiece::Kind::kOpen;
+MarkupToken MarkupReader::Tag(std::size_t nameAt, bool closes) {
+  MarkupToken piece;
+  piece.kind = closes ? MarkupToken::Kind::kClose : MarkupToken::Kind::kOpen;
   std::size_t end = nameAt;
   while (end < rest_.size() && !EndsName(rest_[end])) ++end;
-  piece.text = ToSmallLetters(rest_.substr(nameAt, end - nameAt));
+  piece.text = ToLowerCase(rest_.substr(nameAt, end - nameAt));
   rest_.remove_prefix(end);
   for (SkipBlanks(); !rest_.empty() && rest_[0] != '>'; SkipBlanks()) ReadAttribute(piece);
   if (!rest_.empty()) rest_.remove_prefix(1);
@@ -78,10 +78,10 @@ MarkupPiece MarkupReader::Tag(std::size_t nameAt, bool closes) {
   return piece;
 }
 
-void MarkupReader::ReadAttribute(MarkupPiece& piece) {
+void MarkupReader::ReadAttribute(MarkupToken& piece) {
   std::size_t end = 0;
   while (end < rest_.size() && !EndsName(rest_[end])) ++end;
-  std::string name = ToSmallLetters(rest_.substr(0, end));
+  std::string name = ToLowerCase(rest_.substr(0, end));
   // A stray "/" or "=" is passed over.
   rest_.remove_prefix(std::max<std::size_t>(end, 1));
   if (end == 0) return;
@@ -115,7 +115,7 @@ void MarkupReader::SkipBlanks() {
   while (!rest_.empty() && IsBlank(rest_[0])) rest_.remove_prefix(1);
 }
 
-std::string ToSmallLetters(std::string_view text) {
+std::string ToLowerCase(std::string_view text) {
   std::string small(text);
   for (char& c : small) {
     if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');

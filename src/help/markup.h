@@ -16,7 +16,7 @@
 
 namespace tonalith::help {
 
-struct MarkupPiece {
+struct MarkupToken {
   enum class Kind { kText, kOpen, kClose };
   Kind kind = Kind::kText;
   /// The text with its entities resolved, or the tag's name in small letters.
@@ -34,13 +34,13 @@ class MarkupReader {
   explicit MarkupReader(std::string_view markup) : rest_(markup) {}
 
   /// Nothing at the end.
-  std::optional<MarkupPiece> Next();
+  std::optional<MarkupToken> Next();
 
  private:
-  MarkupPiece Text();
+  MarkupToken Text();
   bool SkipUnseen();
-  MarkupPiece Tag(std::size_t nameAt, bool closes);
-  void ReadAttribute(MarkupPiece& piece);
+  MarkupToken Tag(std::size_t nameAt, bool closes);
+  void ReadAttribute(MarkupToken& piece);
   std::string TakeValue();
   void SkipBlanks();
 
@@ -48,7 +48,7 @@ class MarkupReader {
 };
 
 /// ASCII letters made small, all else as it is.
-std::string ToSmallLetters(std::string_view text);
+std::string ToLowerCase(std::string_view text);
 
 /// Runs of white space become one blank; none at either end.
 std::string Collapsed(std::string_view text);

@@ -54,8 +54,8 @@ int Number(const std::string& text, int highest) {
 }
 
 /// The class names that can stand in a style sheet.
-std::string ClassOf(const MarkupPiece& piece) {
-  const std::string names = ToSmallLetters(piece.Attribute("class").substr(0, kLongestClass));
+std::string ClassOf(const MarkupToken& piece) {
+  const std::string names = ToLowerCase(piece.Attribute("class").substr(0, kLongestClass));
   const bool isPlain = std::all_of(names.begin(), names.end(), [](char c) {
     return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-' || c == '_' || c == ' ';
   });
@@ -99,13 +99,13 @@ std::string Tagged(std::string_view tag, const std::string& attributes) {
 
 }  // namespace
 
-void PageWriter::Take(const MarkupPiece& piece) {
+void PageWriter::Take(const MarkupToken& piece) {
   switch (piece.kind) {
-    case MarkupPiece::Kind::kText:
+    case MarkupToken::Kind::kText:
       return TakeText(piece.text);
-    case MarkupPiece::Kind::kOpen:
+    case MarkupToken::Kind::kOpen:
       return Open(piece);
-    case MarkupPiece::Kind::kClose:
+    case MarkupToken::Kind::kClose:
       return Close(piece.text);
   }
 }
@@ -168,13 +168,13 @@ bool PageWriter::TakesTag(std::string_view tag) {
   return !page_.isCut;
 }
 
-void PageWriter::Open(const MarkupPiece& piece) {
+void PageWriter::Open(const MarkupToken& piece) {
   const std::string& tag = piece.text;
   if (!TakesTag(tag)) return;
   isInTitle_ = tag == "title";
   if (EndsLine(tag)) EndLine();
   if (tag == "link") {
-    if (ToSmallLetters(piece.Attribute("rel")) == "stylesheet" && page_.styleSheets.size() < 8) {
+    if (ToLowerCase(piece.Attribute("rel")) == "stylesheet" && page_.styleSheets.size() < 8) {
       page_.styleSheets.push_back(piece.Attribute("href"));
     }
   } else if (tag == "br" || tag == "hr") {
@@ -193,7 +193,7 @@ void PageWriter::Open(const MarkupPiece& piece) {
   }
 }
 
-void PageWriter::OpenBlock(const MarkupPiece& piece) {
+void PageWriter::OpenBlock(const MarkupToken& piece) {
   const std::string& tag = piece.text;
   // A paragraph ends where the next block begins, an item where the next one does.
   if (const std::size_t at = FindOpen("p"); at != kNone) PopTo(at);
@@ -226,7 +226,7 @@ void PageWriter::OpenBlock(const MarkupPiece& piece) {
   WriteAnchor(piece);
 }
 
-void PageWriter::OpenTableTag(const MarkupPiece& piece) {
+void PageWriter::OpenTableTag(const MarkupToken& piece) {
   const std::string& tag = piece.text;
   if (tag == "table") {
     if (const std::size_t at = FindOpen("p"); at != kNone) PopTo(at);
@@ -257,7 +257,7 @@ void PageWriter::OpenTableTag(const MarkupPiece& piece) {
   }
 }
 
-void PageWriter::OpenLink(const MarkupPiece& piece) {
+void PageWriter::OpenLink(const MarkupToken& piece) {
   WriteAnchor(piece);
   if (const std::size_t at = FindOpen("a"); at != kNone) PopTo(at);
   const std::string& target = piece.Attribute("href");
@@ -266,13 +266,13 @@ void PageWriter::OpenLink(const MarkupPiece& piece) {
   page_.links.push_back(target);
 }
 
-void PageWriter::WriteAnchor(const MarkupPiece& piece) {
+void PageWriter::WriteAnchor(const MarkupToken& piece) {
   const std::string& id = piece.Attribute("id");
   const std::string& name = piece.text == "a" && id.empty() ? piece.Attribute("name") : id;
   if (!name.empty()) page_.html += "<a name=\"" + EscapedForHtml(name) + "\"></a>";
 }
 
-void PageWriter::WritePicture(const MarkupPiece& piece) {
+void PageWriter::WritePicture(const MarkupToken& piece) {
   const std::string& source = piece.Attribute("src");
   if (source.empty() || page_.pictures.size() >= kMostPictures) return;
   page_.html += "<img src=\"picture:" + std::to_string(page_.pictures.size()) + "\">";

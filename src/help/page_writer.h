@@ -20,7 +20,7 @@ class PageWriter {
  public:
   explicit PageWriter(HelpPage& page) : page_(page) {}
 
-  void Take(const MarkupPiece& piece);
+  void Take(const MarkupToken& piece);
   /// Closes what is open. Call it once, at the end.
   void Finish();
 
@@ -39,13 +39,13 @@ class PageWriter {
   [[nodiscard]] std::string_view LinesWithinLimit(std::string_view text);
   /// True while the page has room for one more tag; marks the page as cut otherwise.
   [[nodiscard]] bool TakesTag(std::string_view tag);
-  void Open(const MarkupPiece& piece);
+  void Open(const MarkupToken& piece);
   void Close(std::string_view tag);
-  void OpenTableTag(const MarkupPiece& piece);
-  void OpenBlock(const MarkupPiece& piece);
-  void OpenLink(const MarkupPiece& piece);
-  void WriteAnchor(const MarkupPiece& piece);
-  void WritePicture(const MarkupPiece& piece);
+  void OpenTableTag(const MarkupToken& piece);
+  void OpenBlock(const MarkupToken& piece);
+  void OpenLink(const MarkupToken& piece);
+  void WriteAnchor(const MarkupToken& piece);
+  void WritePicture(const MarkupToken& piece);
   void Push(std::string_view tag, const std::string& opening, const std::string& closing);
   void PopTo(std::size_t depth);
   void EndLine();

@@ -34,7 +34,7 @@ class SearchPanel : public QWidget {
 
  Q_SIGNALS:
   /// The words are to be marked on the page.
-  void PageChosen(const tonalith::help::HelpPlace& place, const QStringList& words);
+  void PageChosen(const tonalith::help::HelpTarget& place, const QStringList& words);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

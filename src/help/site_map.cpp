@@ -25,8 +25,8 @@ class EntryMaker {
  public:
   explicit EntryMaker(int depth) { entry_.depth = depth; }
 
-  void Take(const MarkupPiece& parameter) {
-    const std::string name = ToSmallLetters(parameter.Attribute("name"));
+  void Take(const MarkupToken& parameter) {
+    const std::string name = ToLowerCase(parameter.Attribute("name"));
     const std::string value = Collapsed(parameter.Attribute("value"));
     if (name == "name" || name == "keyword") {
       (entry_.name.empty() ? entry_.name : targetTitle_) = value;
@@ -51,7 +51,7 @@ std::uint16_t Number(std::string_view bytes) {
 }  // namespace
 
 std::vector<SiteMapEntry> ReadSiteMap(std::string_view bytes) {
-  using Kind = MarkupPiece::Kind;
+  using Kind = MarkupToken::Kind;
   const std::string text = ToUtf8(bytes);
   MarkupReader reader(text);
   std::vector<SiteMapEntry> entries;
@@ -65,7 +65,7 @@ std::vector<SiteMapEntry> ReadSiteMap(std::string_view bytes) {
       lists = std::clamp(lists + (opens ? 1 : -1), 0, kDeepest + 1);
     } else if (tag == "object" && opens) {
       object.reset();
-      if (ToSmallLetters(piece->Attribute("type")) == "text/sitemap") object.emplace(std::max(lists - 1, 0));
+      if (ToLowerCase(piece->Attribute("type")) == "text/sitemap") object.emplace(std::max(lists - 1, 0));
     } else if (tag == "param" && opens && object) {
       object->Take(*piece);
     } else if (tag == "object" && object) {

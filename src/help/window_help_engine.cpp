@@ -14,12 +14,12 @@ namespace tonalith::help {
 namespace {
 
 /// Reading takes a moment, and a damaged file may take seconds.
-class BusyPointer {
+class BusyCursor {
  public:
-  BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
-  BusyPointer(const BusyPointer&) = delete;
-  BusyPointer& operator=(const BusyPointer&) = delete;
+  BusyCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~BusyCursor() { QGuiApplication::restoreOverrideCursor(); }
+  BusyCursor(const BusyCursor&) = delete;
+  BusyCursor& operator=(const BusyCursor&) = delete;
 };
 
 }  // namespace
@@ -39,7 +39,7 @@ platform::HelpWindowHandle WindowHelpEngine::HtmlHelpA(platform::HelpWindowHandl
   std::shared_ptr<const HelpBook> book;
   core::DeferredFailure failure;
   failure.Try([&] {
-    const BusyPointer busy;
+    const BusyCursor busy;
     book = std::make_shared<const HelpBook>(ReadChmFile(file, limits_));
   });
   if (book == nullptr) return platform::kNoHelpWindow;

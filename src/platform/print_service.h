@@ -28,7 +28,7 @@ struct Paper {
 struct Sheet {
   double width = 0;
   double height = 0;
-  PrintPlace printable;
+  PrintRect printable;
 };
 
 struct PrintJob {

@@ -35,12 +35,12 @@ inline constexpr double kTwipsPerInch = 1440;
 enum class PrinterScaleMode { kTwips = 1, kPixels = 3 };
 
 /// A rectangle of the printable area, in the printer's units from its top left corner.
-struct PrintPlace {
+struct PrintRect {
   double left = 0;
   double top = 0;
   double width = 0;
   double height = 0;
-  friend bool operator==(const PrintPlace&, const PrintPlace&) = default;
+  friend bool operator==(const PrintRect&, const PrintRect&) = default;
 };
 
 class Printer {
@@ -55,7 +55,7 @@ class Printer {
   /// The resolution, the same in both directions.
   [[nodiscard]] virtual double DotsPerInch() = 0;
 
-  virtual void PaintPicture(const std::shared_ptr<const PrintablePicture>& picture, const PrintPlace& place) = 0;
+  virtual void PaintPicture(const std::shared_ptr<const PrintablePicture>& picture, const PrintRect& place) = 0;
   /// Ends the document and sends its page. Nothing is sent if nothing could be painted.
   virtual void EndDoc() = 0;
   /// Whether a page has been sent.

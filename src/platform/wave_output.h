@@ -13,7 +13,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/notice_window.h"
+#include "platform/window_messages.h"
 
 namespace tonalith::platform {
 

@@ -66,7 +66,7 @@ void PageView::UpdateShape() {
   shape_->setVisible(!sheet.isEmpty());
   if (sheet.isEmpty()) return;
   const double factor = sheet.width() / sheet_.width;
-  const platform::PrintPlace& inner = sheet_.printable;
+  const platform::PrintRect& inner = sheet_.printable;
   shape_->setGeometry(QRectF(sheet.left() + inner.left * factor, sheet.top() + inner.top * factor, inner.width * factor,
                              inner.height * factor)
                           .toRect());

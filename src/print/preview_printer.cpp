@@ -11,7 +11,7 @@ double PreviewPrinter::DotsPerInch() {
 }
 
 void PreviewPrinter::PaintPicture(const std::shared_ptr<const platform::PrintablePicture>& picture,
-                                  const platform::PrintPlace& place) {
+                                  const platform::PrintRect& place) {
   if (picture != nullptr) painted_.push_back({picture, place});
 }
 

@@ -15,7 +15,7 @@ namespace tonalith::print {
 
 struct PaintedPicture {
   std::shared_ptr<const platform::PrintablePicture> picture;
-  platform::PrintPlace place;
+  platform::PrintRect place;
 };
 
 class PreviewPrinter : public platform::Printer {
@@ -28,7 +28,7 @@ class PreviewPrinter : public platform::Printer {
   [[nodiscard]] double ScaleHeight() override { return sheet_.printable.height; }
   [[nodiscard]] double DotsPerInch() override;
   void PaintPicture(const std::shared_ptr<const platform::PrintablePicture>& picture,
-                    const platform::PrintPlace& place) override;
+                    const platform::PrintRect& place) override;
   void EndDoc() override { isEnded_ = true; }
   [[nodiscard]] bool IsEnded() const override { return isEnded_; }
   [[nodiscard]] std::string Destination() const override { return "preview"; }

@@ -19,11 +19,11 @@ double ShareOf(std::int16_t percent) { return percent / 100.0; }
 }  // namespace
 
 // Kept: see docs/behaviour.md, The page is not centred.
-platform::PrintPlace FitPicture(Extent picture, Extent printable, PrintShares shares) {
+platform::PrintRect FitPicture(Extent picture, Extent printable, PrintShares shares) {
   const double size = ShareOf(shares.size);
   double factor = Quotient(printable.width * size, picture.width);
   if (picture.height * factor > printable.height * size) factor = Quotient(printable.height * size, picture.height);
-  platform::PrintPlace rect;
+  platform::PrintRect rect;
   rect.width = picture.width * factor;
   rect.height = picture.height * factor;
   rect.left = (printable.width - rect.width) * ShareOf(shares.horizontal);

@@ -26,6 +26,6 @@ struct PrintShares {
 };
 
 /// Throws failure 11 for a picture without width or, if its height is the limit, without height.
-platform::PrintPlace FitPicture(Extent picture, Extent printable, PrintShares shares);
+platform::PrintRect FitPicture(Extent picture, Extent printable, PrintShares shares);
 
 }  // namespace tonalith::print

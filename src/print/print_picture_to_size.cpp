@@ -14,7 +14,7 @@
 namespace tonalith::print {
 namespace {
 
-using platform::PrintPlace;
+using platform::PrintRect;
 
 constexpr std::int32_t kInvalidPicture = 481;
 constexpr double kPixelsPerInch = 96;
@@ -74,7 +74,7 @@ void PrintPictureToSize(const PrintTools& tools, QWidget& form, const PictureBox
   failure.Try([&] {
     const Extent picture{static_cast<double>(picTemp->width()), static_cast<double>(picTemp->height())};
     const Extent page{tools.printer.ScaleWidth(), tools.printer.ScaleHeight()};
-    const PrintPlace place = FitPicture(picture, page, {sizeShare, verticalShare, horizontalShare});
+    const PrintRect place = FitPicture(picture, page, {sizeShare, verticalShare, horizontalShare});
     if (picTemp->Picture() == nullptr) throw core::Failure(kInvalidPicture, "Invalid picture");
     tools.printer.PaintPicture(picTemp->Picture(), place);
   });

@@ -25,7 +25,7 @@ std::string WavFile(std::span<const double> samples, Mark mark) {
   constexpr std::uint32_t kHeaderSize = 44;
   constexpr std::uint32_t kChunkHeaderSize = 8;
   const auto dataBytes = static_cast<std::uint32_t>(samples.size() * kSampleBytes);
-  const std::uint32_t markBytes = mark == Mark::kShipped ? kChunkHeaderSize + kMarkSize : 0;
+  const std::uint32_t markBytes = mark == Mark::kShipped ? kChunkHeaderSize + kChecksumSize : 0;
   std::string bytes;
   bytes.reserve(kHeaderSize + dataBytes + markBytes);
   bytes += "RIFF";
@@ -46,9 +46,9 @@ std::string WavFile(std::span<const double> samples, Mark mark) {
   }
   if (mark == Mark::kShipped) {
     const std::uint64_t checksum = Checksum(std::as_bytes(std::span(bytes).subspan(kHeaderSize)));
-    bytes += kMarkChunk;
-    Put(bytes, kMarkSize, 4);
-    Put(bytes, checksum, kMarkSize);
+    bytes += kChecksumChunk;
+    Put(bytes, kChecksumSize, 4);
+    Put(bytes, checksum, kChecksumSize);
   }
   return bytes;
 }

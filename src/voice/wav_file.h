@@ -20,8 +20,8 @@ inline constexpr std::uint32_t kWavRate = 44100;
 inline constexpr std::uint16_t kWavBits = 16;
 
 /// The code of the mark's chunk. Its payload is the Checksum of the samples' bytes, little-endian.
-inline constexpr std::string_view kMarkChunk = "tlth";
-inline constexpr std::uint32_t kMarkSize = 8;
+inline constexpr std::string_view kChecksumChunk = "tlth";
+inline constexpr std::uint32_t kChecksumSize = 8;
 
 enum class Mark { kNone, kShipped };
 

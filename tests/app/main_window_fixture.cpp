@@ -16,7 +16,7 @@ namespace tonalith::app {
 namespace fs = std::filesystem;
 
 MainWindowTest::MainWindowTest()
-    : joint_(std::make_unique<platform::QtNoticeJoint>(notices_)),
+    : joint_(std::make_unique<platform::QtMessageBridge>(notices_)),
       output_(platform::MakeSilentWaveOutput(notices_)),
       sounds_(std::make_unique<audio::SoundManager>(scaleSounds_, *output_, notices_, box_)) {}
 

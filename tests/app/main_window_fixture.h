@@ -15,8 +15,8 @@
 #include "app/m_main.h"
 #include "platform/qt/qt_event_pump.h"
 #include "platform/sound/silent_mixer.h"
-#include "platform/system/notice_queue.h"
 #include "platform/system/posix_file_input.h"
+#include "platform/system/window_message_queue.h"
 #include "support/recording_msg_box.h"
 #include "support/scripted_help_engine.h"
 #include "support/scripted_printer.h"
@@ -64,12 +64,12 @@ class MainWindowTest : public testing::Test {
   RecordingNotePlayer player_;
   platform::PosixFileInput files_;
   audio::ScaleSoundFiles scaleSounds_{files_};
-  platform::NoticeQueue notices_;
+  platform::WindowMessageQueue notices_;
   platform::QtEventPump events_;
   tests::PrintScript printed_;
   tests::ScriptedPrintService printing_{printed_};
   tests::ScriptedHelpEngine help_;
-  std::unique_ptr<platform::QtNoticeJoint> joint_;
+  std::unique_ptr<platform::QtMessageBridge> joint_;
   std::unique_ptr<platform::WaveOutput> output_;
   std::unique_ptr<audio::SoundManager> sounds_;
   std::unique_ptr<data::ScaleDatabase> database_;

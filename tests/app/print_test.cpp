@@ -112,7 +112,7 @@ TEST_F(Printing, PreviewAndPageAreTheSame) {
   const auto paint = [](const platform::PrintablePicture& picture) {
     return tests::Painted(1016, 578, 1, [&](QPainter& painter) { picture.PaintOn(painter); });
   };
-  platform::PrintPlace place;
+  platform::PrintRect place;
   ClickPrintAnd([&](frmPrint& helper) {
     const auto& painted = helper.findChild<print::PageView*>()->Painted();
     ASSERT_THAT(painted, SizeIs(1));

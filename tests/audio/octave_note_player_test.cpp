@@ -25,7 +25,7 @@ struct Rig {
   }
   tests::AudioScript script;
   tests::ScriptedFileInput files{script};
-  tests::ScriptedNoticeWindows windows{script};
+  tests::ScriptedWindowMessages windows{script};
   tests::ScriptedWaveOutput output{script, windows};
   OctaveNotePlayer player;
 };
@@ -171,7 +171,7 @@ TEST(OctaveNotePlayer, PlaysAFileThatIsLargerThanItsMemoryWithoutKeepingIt) {
 TEST(OctaveNotePlayer, ReleasesItsDeviceWhenItGoes) {
   tests::AudioScript script;
   tests::ScriptedFileInput files(script);
-  tests::ScriptedNoticeWindows windows(script);
+  tests::ScriptedWindowMessages windows(script);
   tests::ScriptedWaveOutput output(script, windows);
   files.Put("1.wav", Wave({}, Number(0, 4)));
   { OctaveNotePlayer(files, output, windows).Play("1.wav"); }

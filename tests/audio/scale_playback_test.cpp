@@ -248,7 +248,7 @@ TEST(PlayToneNotes, ReportsAPatternThatIsNoneOnce) {
   EXPECT_EQ(rig.box.Texts(), "13 Type mismatch\n");
 }
 
-TEST(SoundNoticeHandlers, ReportNumberAndDescription) {
+TEST(SoundMessageHandlers, ReportNumberAndDescription) {
   Rig rig;
   rig.script.Break("status");
   rig.playback.SoundPlayEnd(1);

@@ -111,7 +111,7 @@ TEST(UnloadSoundBuffer, GoesOnPastEachStepThatBreaks) {
   }
 }
 
-TEST(SoundNotices, ComeInTheOrderOfASoundsLife) {
+TEST(SoundMessages, ComeInTheOrderOfASoundsLife) {
   SoundRig rig;
   rig.sounds.LoadSoundBuffer(9, "a.wav", BufferFlags::kNone);
   rig.sounds.PlaySoundBuffer(9);
@@ -126,21 +126,21 @@ TEST(SoundNotices, ComeInTheOrderOfASoundsLife) {
   EXPECT_EQ(notices, "SoundLoaded 9\nSoundPlayStart 9\nSoundPlayEnd 9\nSoundUnloaded 9\n");
 }
 
-TEST(SoundNotices, UnloadOnEndReleasesTheSlotWithinTheSameNotice) {
+TEST(SoundMessages, UnloadOnEndReleasesTheSlotWithinTheSameNotice) {
   LoadedRig rig(1, BufferFlags::kPlayOnLoad | BufferFlags::kUnloadOnEnd);
   rig.output.Finish(101);
   rig.windows.Dispatch();
   EXPECT_EQ(rig.Take(), "SoundPlayEnd 1\nunprepare 101\nclose 101\nSoundUnloaded 1\nclass procedure 957\n");
 }
 
-TEST(SoundNotices, NoEventsKeepsASlotQuiet) {
+TEST(SoundMessages, NoEventsKeepsASlotQuiet) {
   LoadedRig rig(1, BufferFlags::kNoEvents | BufferFlags::kPlayOnLoad | BufferFlags::kUnloadOnEnd);
   rig.output.Finish(101);
   rig.windows.Dispatch();
   EXPECT_EQ(rig.Take(), "unprepare 101\nclose 101\nclass procedure 957\n");
 }
 
-TEST(SoundNotices, EverythingWorksWithoutANotifier) {
+TEST(SoundMessages, EverythingWorksWithoutANotifier) {
   SoundRig rig;
   rig.sounds.Notifier = nullptr;
   EXPECT_TRUE(rig.sounds.LoadSoundBuffer(1, "a.wav", BufferFlags::kNone));
@@ -153,7 +153,7 @@ TEST(SoundNotices, EverythingWorksWithoutANotifier) {
   EXPECT_EQ(rig.box.Texts(), "");
 }
 
-TEST(SoundNotices, ANotifierNeedNotCareForAnyOfThem) {
+TEST(SoundMessages, ANotifierNeedNotCareForAnyOfThem) {
   SoundRig rig;
   SoundManagerNotifier careless;
   rig.sounds.Notifier = &careless;
@@ -165,7 +165,7 @@ TEST(SoundNotices, ANotifierNeedNotCareForAnyOfThem) {
   EXPECT_EQ(rig.box.Texts(), "");
 }
 
-TEST(SoundNotices, ANotifierThatThrowsIsReportedAndStopsNothing) {
+TEST(SoundMessages, ANotifierThatThrowsIsReportedAndStopsNothing) {
   LoadedRig rig;
   rig.notifier.then = [](const std::string& notice) { throw core::Failure(5, "no " + notice); };
   EXPECT_TRUE(rig.sounds.PlaySoundBuffer(1));
@@ -175,7 +175,7 @@ TEST(SoundNotices, ANotifierThatThrowsIsReportedAndStopsNothing) {
   EXPECT_EQ(rig.box.Texts(), "no SoundPlayStart 1\nno SoundPlayEnd 1\n");
 }
 
-TEST(SoundNotices, AClientThatEmptiesTheSlotAtItsEndFindsItEmptyAfterwards) {
+TEST(SoundMessages, AClientThatEmptiesTheSlotAtItsEndFindsItEmptyAfterwards) {
   LoadedRig rig(1, BufferFlags::kPlayOnLoad);
   rig.notifier.then = [&](const std::string& notice) {
     if (notice == "SoundPlayEnd 1") rig.sounds.UnloadSoundBuffer(1);
@@ -254,7 +254,7 @@ TEST(TerminateSoundManager, LeavesTheWindowsHandleStoredSoThatNoOtherIsMade) {
 TEST(SoundManager, ReleasesEverythingQuietlyWhenItGoes) {
   tests::AudioScript script;
   tests::ScriptedFileInput files(script);
-  tests::ScriptedNoticeWindows windows(script);
+  tests::ScriptedWindowMessages windows(script);
   tests::ScriptedWaveOutput output(script, windows);
   testing::RecordingNotifier notifier(script);
   tests::RecordingMsgBox box;

@@ -36,9 +36,9 @@ class RecordingNotifier : public audio::SoundManagerNotifier {
 };
 
 /// A message box whose messages stand in the record too.
-class NotingMsgBox : public tests::RecordingMsgBox {
+class LoggingMsgBox : public tests::RecordingMsgBox {
  public:
-  explicit NotingMsgBox(tests::AudioScript& script) : script_(script) {}
+  explicit LoggingMsgBox(tests::AudioScript& script) : script_(script) {}
   using core::MsgBox::Show;
   core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override {
     script_.Note("message '" + text + "'");
@@ -65,9 +65,9 @@ struct SoundRig {
 
   tests::AudioScript script;
   tests::ScriptedFileInput files{script};
-  tests::ScriptedNoticeWindows windows{script};
+  tests::ScriptedWindowMessages windows{script};
   tests::ScriptedWaveOutput output{script, windows};
-  NotingMsgBox box{script};
+  LoggingMsgBox box{script};
   RecordingNotifier notifier{script};
   audio::ScaleSoundFiles scaleSounds{files};
   audio::SoundManager sounds{scaleSounds, output, windows, box};

@@ -60,7 +60,7 @@ class FrmHelpTest : public testing::Test {
   [[nodiscard]] HelpBrowser* Page() const { return form_->Page(); }
   [[nodiscard]] QString Text() const { return Page()->toPlainText(); }
   [[nodiscard]] std::string Place() const {
-    const HelpPlace& place = form_->CurrentPlace();
+    const HelpTarget& place = form_->CurrentTarget();
     return place.page + (place.anchor.empty() ? "" : "#" + place.anchor);
   }
   void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {

@@ -27,7 +27,7 @@ TEST(HelpBook, HasTitleContentsAndIndexOfItsFile) {
   EXPECT_EQ(book->Contents()[2].title, "Chords");
   EXPECT_FALSE(book->Contents()[2].place.has_value());
   EXPECT_EQ(book->Contents()[4].depth, 1);
-  EXPECT_EQ(book->Contents()[4].place, (HelpPlace{"/chords/open.html", "minor"}));
+  EXPECT_EQ(book->Contents()[4].place, (HelpTarget{"/chords/open.html", "minor"}));
   ASSERT_EQ(book->Index().size(), 3U);
   EXPECT_EQ(book->Index()[2].keyword, "string");
   EXPECT_EQ(book->Index()[2].targets[1].title, "Open chords");
@@ -37,24 +37,24 @@ TEST(HelpBook, HasTitleContentsAndIndexOfItsFile) {
 TEST(HelpBook, OpensAtTheDefaultTopicOfItsSettings) {
   const HelpBook book(
       {{"/#SYSTEM", SystemWith("B.html")}, {"/a.html", "a"}, {"/b.html", "b"}, {"/x.hhc", MapEntry("A", "a.html")}});
-  EXPECT_EQ(book.DefaultPlace().page, "/b.html");
+  EXPECT_EQ(book.DefaultTarget().page, "/b.html");
 }
 
 TEST(HelpBook, WithoutAUsableDefaultItOpensAtTheFirstPageOfTheContents) {
   const std::string contents = MapEntry("Part", "") + MapEntry("Lost", "lost.html") + MapEntry("A", "a.html#top");
   const HelpBook without(ChmObjects{{"/index.html", "i"}, {"/a.html", "a"}, {"/x.hhc", contents}});
-  EXPECT_EQ(without.DefaultPlace(), (HelpPlace{"/a.html", "top"}));
+  EXPECT_EQ(without.DefaultTarget(), (HelpTarget{"/a.html", "top"}));
   const HelpBook lost(ChmObjects{{"/#SYSTEM", SystemWith("gone.html")}, {"/a.html", "a"}, {"/x.hhc", contents}});
-  EXPECT_EQ(lost.DefaultPlace(), (HelpPlace{"/a.html", "top"}));
+  EXPECT_EQ(lost.DefaultTarget(), (HelpTarget{"/a.html", "top"}));
 }
 
 TEST(HelpBook, WithoutContentsThatHelpItOpensAtItsIndexPage) {
   const std::string contents = MapEntry("Lost", "lost.html");
   EXPECT_EQ(HelpBook(ChmObjects{{"/a.html", "a"}, {"/Index.HTM", "i"}, {"/index.html", "j"}, {"/x.hhc", contents}})
-                .DefaultPlace()
+                .DefaultTarget()
                 .page,
             "/index.htm");
-  EXPECT_EQ(HelpBook(ChmObjects{{"/a.html", "a"}, {"/index.html", "j"}, {"/x.hhc", contents}}).DefaultPlace().page,
+  EXPECT_EQ(HelpBook(ChmObjects{{"/a.html", "a"}, {"/index.html", "j"}, {"/x.hhc", contents}}).DefaultTarget().page,
             "/index.html");
 }
 
@@ -68,7 +68,7 @@ TEST(HelpBook, WithoutContentsItListsItsPages) {
   ASSERT_EQ(book.Contents().size(), 2U);
   EXPECT_EQ(book.Contents()[0].title, "First");
   EXPECT_EQ(book.Contents()[1].title, "Second");
-  EXPECT_EQ(book.DefaultPlace().page, "/a.html");
+  EXPECT_EQ(book.DefaultTarget().page, "/a.html");
 }
 
 TEST(HelpBook, PagesAreFoundWithoutRegardToCase) {

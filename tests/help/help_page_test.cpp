@@ -38,10 +38,10 @@ Nesting NestingOf(const std::string& html) {
   std::size_t tables = 0;
   MarkupReader reader(html);
   while (const auto piece = reader.Next()) {
-    if (piece->kind == MarkupPiece::Kind::kText) continue;
+    if (piece->kind == MarkupToken::Kind::kText) continue;
     const std::string& tag = piece->text;
     if (tag == "br" || tag == "hr" || tag == "img") continue;
-    if (piece->kind == MarkupPiece::Kind::kOpen) {
+    if (piece->kind == MarkupToken::Kind::kOpen) {
       open.push_back(tag);
       if (tag == "table") nesting.tables = std::max(nesting.tables, ++tables);
       nesting.deepest = std::max(nesting.deepest, open.size());

@@ -16,9 +16,9 @@ std::string Pieces(std::string_view markup) {
   MarkupReader reader(markup);
   while (const auto piece = reader.Next()) {
     if (!line.empty()) line += " ";
-    if (piece->kind == MarkupPiece::Kind::kText) line += "'" + piece->text + "'";
-    if (piece->kind == MarkupPiece::Kind::kClose) line += "-" + piece->text;
-    if (piece->kind == MarkupPiece::Kind::kOpen) line += "+" + piece->text;
+    if (piece->kind == MarkupToken::Kind::kText) line += "'" + piece->text + "'";
+    if (piece->kind == MarkupToken::Kind::kClose) line += "-" + piece->text;
+    if (piece->kind == MarkupToken::Kind::kOpen) line += "+" + piece->text;
     for (const auto& [name, value] : piece->attributes) line += "[" + name + "=" + value + "]";
   }
   return line;

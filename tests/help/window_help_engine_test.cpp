@@ -47,7 +47,7 @@ TEST_F(WindowHelpEngineTest, ShowsTheFileAndGivesTheWindowsHandle) {
   EXPECT_TRUE(engine_.Window()->isVisible());
   EXPECT_TRUE(engine_.Window()->isWindow());
   EXPECT_FALSE(engine_.Window()->isModal());
-  EXPECT_EQ(engine_.Window()->CurrentPlace().page, "/welcome.html");
+  EXPECT_EQ(engine_.Window()->CurrentTarget().page, "/welcome.html");
   EXPECT_EQ(engine_.Window()->windowTitle(), QStringLiteral("A small book"));
 }
 
@@ -62,12 +62,12 @@ TEST_F(WindowHelpEngineTest, OpeningAgainBringsTheSameWindowBackToTheDefaultPage
   frmHelp* const window = engine_.Window();
   QTest::keyClick(window, Qt::Key_F, Qt::ControlModifier);
   window->Page()->LinkChosen("strings.html");
-  ASSERT_EQ(window->CurrentPlace().page, "/strings.html");
+  ASSERT_EQ(window->CurrentTarget().page, "/strings.html");
   window->showMinimized();
   OpenCommand();
   EXPECT_EQ(engine_.Window(), window);
   EXPECT_FALSE(window->isMinimized());
-  EXPECT_EQ(window->CurrentPlace().page, "/welcome.html");
+  EXPECT_EQ(window->CurrentTarget().page, "/welcome.html");
   EXPECT_FALSE(window->findChild<QWidget*>(QStringLiteral("cmdBack"))->isEnabled());
 }
 
@@ -124,7 +124,7 @@ TEST_F(WindowHelpEngineTest, FileThatIsDamagedLaterLeavesTheOpenWindowAsItIs) {
   static_cast<void>(folder_.Write("TLHELP.chm", "no help any more"));
   OpenHelpFile(folder_.Path().string(), box_, engine_, caller_.winId());
   EXPECT_EQ(box_.Messages().size(), 1U);
-  EXPECT_EQ(engine_.Window()->CurrentPlace().page, "/strings.html");
+  EXPECT_EQ(engine_.Window()->CurrentTarget().page, "/strings.html");
 }
 
 }  // namespace

@@ -12,8 +12,8 @@
 #include <thread>
 
 #include "platform/event_pump.h"
-#include "platform/notice_window.h"
 #include "platform/processor_time.h"
+#include "platform/window_messages.h"
 
 namespace tonalith::testing {
 
@@ -35,7 +35,7 @@ class EventPumpConformance : public ::testing::Test {
 TYPED_TEST_SUITE_P(EventPumpConformance);
 
 TYPED_TEST_P(EventPumpConformance, ReturnsAtOnceWhenANoticeIsPending) {
-  this->host_.Windows().PostNotice(this->CountingWindow(), 1, 0, 0);
+  this->host_.Windows().PostMessage(this->CountingWindow(), 1, 0, 0);
   this->host_.Pump().WaitForEvents();
   EXPECT_EQ(this->count_, 1);
 }
@@ -46,7 +46,7 @@ TYPED_TEST_P(EventPumpConformance, SleepsUntilAnotherThreadPosts) {
   const double before = ProcessorSeconds();
   std::thread poster([&] {
     std::this_thread::sleep_for(milliseconds(300));
-    this->host_.Windows().PostNotice(window, 1, 0, 0);
+    this->host_.Windows().PostMessage(window, 1, 0, 0);
   });
   while (this->count_ == 0) this->host_.Pump().WaitForEvents();
   poster.join();

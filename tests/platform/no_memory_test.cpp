@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "platform/sound/silent_mixer.h"
-#include "platform/system/notice_queue.h"
+#include "platform/system/window_message_queue.h"
 #include "platform/wave_output_fixture.h"
 
 namespace {
@@ -37,7 +37,7 @@ namespace tonalith::testing {
 namespace {
 
 TEST(WaveOutputWithoutMemory, PlaysAnEmptySoundSoThatItsNoticeComes) {
-  platform::NoticeQueue queue;
+  platform::WindowMessageQueue queue;
   const auto output = platform::MakeSilentWaveOutput(queue);
   int notices = 0;
   const auto window = queue.CreateWindow({});

@@ -75,7 +75,7 @@ class DeviceLoss : public ::testing::Test {
   }
 
   NotingObserver observer_;
-  platform::NoticeQueue queue_;
+  platform::WindowMessageQueue queue_;
   platform::WindowHandle window_ = platform::kNoWindow;
   std::unique_ptr<platform::WaveOutput> output_;
   int notices_ = 0;

@@ -10,7 +10,7 @@
 #include <chrono>
 
 #include "platform/event_pump_conformance.h"
-#include "platform/notice_windows_conformance.h"
+#include "platform/window_messages_conformance.h"
 
 namespace tonalith::testing {
 namespace {
@@ -18,18 +18,18 @@ namespace {
 using std::chrono::milliseconds;
 
 struct QtHost {
-  platform::NoticeWindows& Windows() { return queue; }
+  platform::WindowMessages& Windows() { return queue; }
   platform::EventPump& Pump() { return pump; }
   static void RunEvents() { QCoreApplication::processEvents(); }
-  platform::NoticeQueue queue;
-  platform::QtNoticeJoint joint{queue};
+  platform::WindowMessageQueue queue;
+  platform::QtMessageBridge joint{queue};
   platform::QtEventPump pump;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(QtNoticeJoint, NoticeWindowsConformance, QtHost);
+INSTANTIATE_TYPED_TEST_SUITE_P(QtMessageBridge, WindowMessagesConformance, QtHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(QtEventPump, EventPumpConformance, QtHost);
 
-platform::WindowHandle CountingWindow(platform::NoticeQueue& queue, int& count) {
+platform::WindowHandle CountingWindow(platform::WindowMessageQueue& queue, int& count) {
   const auto window = queue.CreateWindow({});
   queue.SetWindowProcedure(window, [&count](auto, auto, auto, auto) {
     ++count;
@@ -53,7 +53,7 @@ TEST(QtEventPump, HandlesTheOtherEventsOfTheApplicationToo) {
 TEST(QtEventPump, IsNotWokenByALimitThatANoticeCameBefore) {
   QtHost host;
   int count = 0;
-  host.queue.PostNotice(CountingWindow(host.queue, count), 1, 0, 0);
+  host.queue.PostMessage(CountingWindow(host.queue, count), 1, 0, 0);
   host.pump.WaitForEvents(milliseconds(30));
   EXPECT_EQ(count, 1);
   const auto start = std::chrono::steady_clock::now();
@@ -61,15 +61,15 @@ TEST(QtEventPump, IsNotWokenByALimitThatANoticeCameBefore) {
   EXPECT_GE(std::chrono::steady_clock::now() - start, milliseconds(150));
 }
 
-TEST(QtNoticeJoint, LeavesTheQueueToItsOwnerWhenItEnds) {
-  platform::NoticeQueue queue;
+TEST(QtMessageBridge, LeavesTheQueueToItsOwnerWhenItEnds) {
+  platform::WindowMessageQueue queue;
   int count = 0;
   const auto window = CountingWindow(queue, count);
   {
-    const platform::QtNoticeJoint joint(queue);
-    queue.PostNotice(window, 1, 0, 0);
+    const platform::QtMessageBridge joint(queue);
+    queue.PostMessage(window, 1, 0, 0);
   }
-  queue.PostNotice(window, 1, 0, 0);
+  queue.PostMessage(window, 1, 0, 0);
   QCoreApplication::processEvents();
   EXPECT_EQ(count, 0) << "what the joint had asked for went with it";
   queue.Dispatch();

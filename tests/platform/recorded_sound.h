@@ -16,8 +16,8 @@
 #include "audio/sound_manager.h"
 #include "audio/wave_bytes.h"
 #include "platform/sound/open_al_mixer.h"
-#include "platform/system/notice_queue.h"
 #include "platform/system/posix_file_input.h"
+#include "platform/system/window_message_queue.h"
 #include "support/recording_msg_box.h"
 
 namespace tonalith::testing {
@@ -64,7 +64,7 @@ class RecordingOutput {
   RecordingOutput();
 
   platform::WaveOutput& Output() { return *output_; }
-  platform::NoticeQueue& Queue() { return queue_; }
+  platform::WindowMessageQueue& Queue() { return queue_; }
   platform::WindowHandle Window() const { return window_; }
 
   /// Plays a sound of that format and waits for its notice; the seconds it took.
@@ -78,7 +78,7 @@ class RecordingOutput {
   Recording Finish();
 
  private:
-  platform::NoticeQueue queue_;
+  platform::WindowMessageQueue queue_;
   platform::WindowHandle window_ = platform::kNoWindow;
   std::unique_ptr<platform::WaveOutput> output_;
   int notices_ = 0;

@@ -138,7 +138,7 @@ Recording RecordScale(const std::string& folder, const std::string& key, const s
   RecordingPath();
   tests::RecordingMsgBox box;
   platform::PosixFileInput files;
-  platform::NoticeQueue queue;
+  platform::WindowMessageQueue queue;
   auto output = platform::MakeOpenAlWaveOutput(queue, nullptr);
   {
     Stage stage(folder, key, pattern);

@@ -70,7 +70,7 @@ class ScaleRecording : public ::testing::Test {
   std::vector<int> Listen(const std::string& pattern) {
     RecordingPath();
     platform::PosixFileInput files;
-    platform::NoticeQueue queue;
+    platform::WindowMessageQueue queue;
     auto output = platform::MakeOpenAlWaveOutput(queue, nullptr);
     {
       audio::ScaleSoundFiles scaleSounds(files);

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "audio/wave_bytes.h"
-#include "platform/system/notice_queue.h"
+#include "platform/system/window_message_queue.h"
 #include "platform/wave_output.h"
 
 namespace tonalith::testing {
@@ -33,14 +33,14 @@ inline platform::WaveFormat PlainFormat(std::uint32_t rate = 44100, std::uint16_
 
 /// A host for outputs that keep real time.
 struct RealTimeHost {
-  platform::NoticeWindows& Windows() { return queue; }
+  platform::WindowMessages& Windows() { return queue; }
   void Pass(std::chrono::milliseconds duration) {
     const auto end = std::chrono::steady_clock::now() + duration;
     for (auto now = std::chrono::steady_clock::now(); now < end; now = std::chrono::steady_clock::now()) {
       queue.WaitForEvents(std::chrono::ceil<std::chrono::milliseconds>(end - now));
     }
   }
-  platform::NoticeQueue queue;
+  platform::WindowMessageQueue queue;
 };
 
 template <class Host>

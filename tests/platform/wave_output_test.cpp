@@ -23,13 +23,13 @@ using std::chrono::steady_clock;
 
 struct ScriptedHost {
   platform::WaveOutput& Output() { return output; }
-  platform::NoticeWindows& Windows() { return windows; }
+  platform::WindowMessages& Windows() { return windows; }
   void Pass(milliseconds duration) {
     if (duration.count() > 0) output.FinishAll();
     windows.Dispatch();
   }
   tests::AudioScript script;
-  tests::ScriptedNoticeWindows windows{script};
+  tests::ScriptedWindowMessages windows{script};
   tests::ScriptedWaveOutput output{script, windows};
 };
 
@@ -155,7 +155,7 @@ struct CountingObserver : platform::SoundDeviceObserver {
 TEST(ThreadedWaveOutput, DoesNotWaitForADeviceThatHangsNorHearFromItAfterwards) {
   const auto hanging = std::make_shared<Hanging>();
   CountingObserver observer;
-  platform::NoticeQueue queue;
+  platform::WindowMessageQueue queue;
   auto output =
       std::make_unique<platform::ThreadedWaveOutput>(std::make_unique<HangingMixer>(hanging), queue, &observer);
   const Bytes samples(100);

@@ -64,7 +64,7 @@ class FrmPrintTest : public testing::Test {
   void Click(const char* name) { QTest::mouseClick(&Find<QAbstractButton>(name), Qt::LeftButton); }
   void Choose(const char* box, int index) { Find<QComboBox>(box).setCurrentIndex(index); }
   PageView& Picture1() { return Find<PageView>("Picture1"); }
-  platform::PrintPlace Place() { return Picture1().Painted().at(0).place; }
+  platform::PrintRect Place() { return Picture1().Painted().at(0).place; }
 
   tests::RecordingMsgBox box_;
   tests::PrintScript script_;

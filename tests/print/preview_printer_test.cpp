@@ -38,7 +38,7 @@ TEST(PreviewPrinter, RecordsPicturesAndRectanglesInOrder) {
   printer.PaintPicture(second, {5, 6, 7, 8});
   ASSERT_EQ(printer.Painted().size(), 2U);
   EXPECT_EQ(printer.Painted()[0].picture, first);
-  EXPECT_EQ(printer.Painted()[0].place, (platform::PrintPlace{1, 2, 3, 4}));
+  EXPECT_EQ(printer.Painted()[0].place, (platform::PrintRect{1, 2, 3, 4}));
   EXPECT_EQ(printer.Painted()[1].picture, second);
 }
 

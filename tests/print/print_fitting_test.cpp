@@ -10,9 +10,9 @@
 namespace tonalith::print {
 namespace {
 
-using platform::PrintPlace;
+using platform::PrintRect;
 
-void ExpectPlace(const PrintPlace& place, const PrintPlace& wanted) {
+void ExpectPlace(const PrintRect& place, const PrintRect& wanted) {
   EXPECT_DOUBLE_EQ(place.left, wanted.left);
   EXPECT_DOUBLE_EQ(place.top, wanted.top);
   EXPECT_DOUBLE_EQ(place.width, wanted.width);
@@ -43,7 +43,7 @@ TEST(PrintFitting, PutsShare0AtTheTopLeftAnd100AtTheBottomRight) {
 }
 
 TEST(PrintFitting, SplitsTheFreeSpaceFifteenToEightyFive) {
-  const PrintPlace place = FitPicture({1016, 578}, {11184, 15816}, {90, 15, 15});
+  const PrintRect place = FitPicture({1016, 578}, {11184, 15816}, {90, 15, 15});
   const double right = 11184 - place.left - place.width;
   const double below = 15816 - place.top - place.height;
   EXPECT_NEAR(place.left / right, 15.0 / 85.0, 1e-12);

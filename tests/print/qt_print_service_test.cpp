@@ -106,7 +106,7 @@ TEST_F(QtPrintServiceTest, PrintableAreaIsTheSheetWithoutAQuarterOfAnInch) {
   const Sheet sheet = service_.SheetOf({PaperSize::kLetter, PaperOrientation::kPortrait});
   EXPECT_EQ(sheet.width, 612);
   EXPECT_EQ(sheet.height, 792);
-  EXPECT_EQ(sheet.printable, (PrintPlace{18, 18, 576, 756}));
+  EXPECT_EQ(sheet.printable, (PrintRect{18, 18, 576, 756}));
   const Sheet lying = service_.SheetOf(kPaper);
   EXPECT_EQ(lying.width, 842);
   EXPECT_EQ(lying.height, 595);

@@ -66,7 +66,7 @@ std::unique_ptr<platform::InputFile> ScriptedFileInput::Open(const std::string& 
   return std::make_unique<ScriptedInputFile>(script_, found->second, recordReads_);
 }
 
-platform::WindowHandle ScriptedNoticeWindows::CreateWindow(const platform::WindowDescription& description) {
+platform::WindowHandle ScriptedWindowMessages::CreateWindow(const platform::WindowDescription& description) {
   const std::string line = "create window " + description.className + " '" + description.caption + "' at " +
                            std::to_string(description.x) + "," + std::to_string(description.y) + " size " +
                            std::to_string(description.width) + "x" + std::to_string(description.height) + " style " +
@@ -79,41 +79,41 @@ platform::WindowHandle ScriptedNoticeWindows::CreateWindow(const platform::Windo
   return lastWindow_;
 }
 
-platform::WindowProcedure ScriptedNoticeWindows::SetWindowProcedure(platform::WindowHandle window,
-                                                                    platform::WindowProcedure procedure) {
+platform::WindowProcedure ScriptedWindowMessages::SetWindowProcedure(platform::WindowHandle window,
+                                                                     platform::WindowProcedure procedure) {
   if (script_.Refused("set procedure", Named("set procedure", window))) return {};
   const auto found = windows_.find(window);
   if (found == windows_.end()) return {};
   return std::exchange(found->second, std::move(procedure));
 }
 
-std::intptr_t ScriptedNoticeWindows::CallWindowProcedure(const platform::WindowProcedure& previous,
-                                                         platform::WindowHandle window, std::uint32_t message,
-                                                         std::uintptr_t wParam, std::intptr_t lParam) {
+std::intptr_t ScriptedWindowMessages::CallWindowProcedure(const platform::WindowProcedure& previous,
+                                                          platform::WindowHandle window, std::uint32_t message,
+                                                          std::uintptr_t wParam, std::intptr_t lParam) {
   if (script_.Refused("call procedure", {})) return 0;
   return previous ? previous(window, message, wParam, lParam) : 0;
 }
 
-void ScriptedNoticeWindows::DestroyWindow(platform::WindowHandle window) {
+void ScriptedWindowMessages::DestroyWindow(platform::WindowHandle window) {
   script_.Refused("destroy window", Named("destroy window", window));
   windows_.erase(window);
   std::erase_if(notices_, [window](const Notice& notice) { return notice.window == window; });
 }
 
-void ScriptedNoticeWindows::PostNotice(platform::WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
-                                       std::intptr_t lParam) {
+void ScriptedWindowMessages::PostMessage(platform::WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
+                                         std::intptr_t lParam) {
   if (windows_.contains(window)) notices_.push_back({window, message, wParam, lParam});
 }
 
-std::intptr_t ScriptedNoticeWindows::Send(platform::WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
-                                          std::intptr_t lParam) {
+std::intptr_t ScriptedWindowMessages::Send(platform::WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
+                                           std::intptr_t lParam) {
   const auto found = windows_.find(window);
   if (found == windows_.end()) return 0;
   const platform::WindowProcedure procedure = found->second;
   return procedure ? procedure(window, message, wParam, lParam) : 0;
 }
 
-int ScriptedNoticeWindows::Dispatch() {
+int ScriptedWindowMessages::Dispatch() {
   int handled = 0;
   for (std::size_t waiting = notices_.size(); waiting > 0 && !notices_.empty(); --waiting, ++handled) {
     const Notice notice = notices_.front();
@@ -166,7 +166,7 @@ void ScriptedWaveOutput::Finish(platform::WaveHandle device) {
   const auto found = devices_.find(device);
   if (found == devices_.end() || !found->second.playing) return;
   found->second.playing = false;
-  windows_.PostNotice(found->second.target, platform::kWaveOutputDone, device, 0);
+  windows_.PostMessage(found->second.target, platform::kWaveOutputDone, device, 0);
 }
 
 void ScriptedWaveOutput::FinishAll() {

@@ -16,8 +16,8 @@
 #include <vector>
 
 #include "platform/file_input.h"
-#include "platform/notice_window.h"
 #include "platform/wave_output.h"
+#include "platform/window_messages.h"
 
 namespace tonalith::tests {
 
@@ -62,9 +62,9 @@ class ScriptedFileInput : public platform::FileInput {
   bool recordReads_ = false;
 };
 
-class ScriptedNoticeWindows : public platform::NoticeWindows {
+class ScriptedWindowMessages : public platform::WindowMessages {
  public:
-  explicit ScriptedNoticeWindows(AudioScript& script) : script_(script) {}
+  explicit ScriptedWindowMessages(AudioScript& script) : script_(script) {}
 
   platform::WindowHandle CreateWindow(const platform::WindowDescription& description) override;
   platform::WindowProcedure SetWindowProcedure(platform::WindowHandle window,
@@ -72,8 +72,8 @@ class ScriptedNoticeWindows : public platform::NoticeWindows {
   std::intptr_t CallWindowProcedure(const platform::WindowProcedure& previous, platform::WindowHandle window,
                                     std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) override;
   void DestroyWindow(platform::WindowHandle window) override;
-  void PostNotice(platform::WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
-                  std::intptr_t lParam) override;
+  void PostMessage(platform::WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
+                   std::intptr_t lParam) override;
 
   /// Calls the procedure of a window and returns its result; 0 if the window does not exist.
   std::intptr_t Send(platform::WindowHandle window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam);
@@ -95,7 +95,7 @@ class ScriptedNoticeWindows : public platform::NoticeWindows {
 
 class ScriptedWaveOutput : public platform::WaveOutput {
  public:
-  ScriptedWaveOutput(AudioScript& script, platform::NoticeWindows& windows) : script_(script), windows_(windows) {}
+  ScriptedWaveOutput(AudioScript& script, platform::WindowMessages& windows) : script_(script), windows_(windows) {}
 
   platform::WaveHandle Open(const platform::WaveFormat& format, platform::WindowHandle target) override;
   void PrepareHeader(platform::WaveHandle device, platform::WAVEHDR& header) override;
@@ -121,7 +121,7 @@ class ScriptedWaveOutput : public platform::WaveOutput {
     bool playing = false;
   };
   AudioScript& script_;
-  platform::NoticeWindows& windows_;
+  platform::WindowMessages& windows_;
   std::map<platform::WaveHandle, Device> devices_;
   platform::WaveFormat lastFormat_;
   platform::WaveHandle lastDevice_ = 100;

@@ -16,7 +16,7 @@ constexpr double kTwipsPerPoint = 20;
 constexpr double kDotsPerInch = 600;
 constexpr double kBorder = 18;
 
-std::string TextOf(const platform::PrintPlace& place) {
+std::string TextOf(const platform::PrintRect& place) {
   std::array<char, 128> text{};
   std::snprintf(text.data(), text.size(), "%g,%g %gx%g", place.left, place.top, place.width, place.height);
   return text.data();
@@ -59,7 +59,7 @@ double ScriptedPrinter::DotsPerInch() {
 }
 
 void ScriptedPrinter::PaintPicture(const std::shared_ptr<const platform::PrintablePicture>& picture,
-                                   const platform::PrintPlace& place) {
+                                   const platform::PrintRect& place) {
   script_.Note("paint at " + TextOf(place));
   script_.Take("paint");
   isPainted_ = true;

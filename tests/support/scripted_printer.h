@@ -35,7 +35,7 @@ class PrintScript {
   /// The painted pictures, in order.
   struct Painted {
     std::shared_ptr<const platform::PrintablePicture> picture;
-    platform::PrintPlace place;
+    platform::PrintRect place;
   };
   std::vector<Painted> painted;
   /// The number of printed pages.
@@ -57,7 +57,7 @@ class ScriptedPrinter : public platform::Printer {
   [[nodiscard]] double ScaleHeight() override;
   [[nodiscard]] double DotsPerInch() override;
   void PaintPicture(const std::shared_ptr<const platform::PrintablePicture>& picture,
-                    const platform::PrintPlace& place) override;
+                    const platform::PrintRect& place) override;
   void EndDoc() override;
   [[nodiscard]] bool IsEnded() const override { return isEnded_; }
   [[nodiscard]] std::string Destination() const override { return "Scripted printer"; }

@@ -29,7 +29,7 @@ constexpr std::size_t kHeaderSize = 44;
 
 /// The samples of a rendered file, in steps of 16 bits.
 std::vector<double> SamplesOf(const std::string& file) {
-  std::vector<double> samples((file.size() - kHeaderSize - 8 - kMarkSize) / 2);
+  std::vector<double> samples((file.size() - kHeaderSize - 8 - kChecksumSize) / 2);
   for (std::size_t i = 0; i < samples.size(); ++i) {
     std::int16_t step = 0;
     std::memcpy(&step, file.data() + kHeaderSize + 2 * i, sizeof step);

@@ -12,8 +12,8 @@
 #include "app/m_main.h"
 #include "platform/qt/qt_event_pump.h"
 #include "platform/sound/silent_mixer.h"
-#include "platform/system/notice_queue.h"
 #include "platform/system/posix_file_input.h"
+#include "platform/system/window_message_queue.h"
 #include "support/recording_msg_box.h"
 #include "support/scripted_help_engine.h"
 #include "support/scripted_printer.h"
@@ -32,7 +32,7 @@ struct IsolatedWindow {
   tests::RecordingMsgBox box;
   NullNotePlayer player;
   platform::PosixFileInput files;
-  platform::NoticeQueue notices;
+  platform::WindowMessageQueue notices;
   platform::QtEventPump events;
   std::unique_ptr<platform::WaveOutput> output = platform::MakeSilentWaveOutput(notices);
   audio::ScaleSoundFiles scaleSounds{files};

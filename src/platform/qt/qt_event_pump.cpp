@@ -18,13 +18,13 @@ void QtEventPump::WaitForEvents(std::chrono::milliseconds limit) {
   WaitForEvents();
 }
 
-QtNoticeJoint::QtNoticeJoint(NoticeQueue& queue) : queue_(queue) {
+QtMessageBridge::QtMessageBridge(WindowMessageQueue& queue) : queue_(queue) {
   queue_.SetWakeUp([this] {
     QMetaObject::invokeMethod(
         this, [this] { queue_.Dispatch(); }, Qt::QueuedConnection);
   });
 }
 
-QtNoticeJoint::~QtNoticeJoint() { queue_.SetWakeUp({}); }
+QtMessageBridge::~QtMessageBridge() { queue_.SetWakeUp({}); }
 
 }  // namespace tonalith::platform

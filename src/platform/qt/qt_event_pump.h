@@ -9,7 +9,7 @@
 #include <QObject>
 
 #include "platform/event_pump.h"
-#include "platform/system/notice_queue.h"
+#include "platform/system/window_message_queue.h"
 
 namespace tonalith::platform {
 
@@ -20,15 +20,15 @@ class QtEventPump : public EventPump {
 };
 
 /// While it lives, the queue is emptied by the application's event loop.
-class QtNoticeJoint : public QObject {
+class QtMessageBridge : public QObject {
   Q_OBJECT
 
  public:
-  explicit QtNoticeJoint(NoticeQueue& queue);
-  ~QtNoticeJoint() override;
+  explicit QtMessageBridge(WindowMessageQueue& queue);
+  ~QtMessageBridge() override;
 
  private:
-  NoticeQueue& queue_;
+  WindowMessageQueue& queue_;
 };
 
 }  // namespace tonalith::platform

@@ -27,7 +27,7 @@ void QtPagePrinter::Discard() {
   if (painter_.isActive()) painter_.end();
 }
 
-void QtPagePrinter::PaintPicture(const std::shared_ptr<const PrintablePicture>& picture, const PrintPlace& place) {
+void QtPagePrinter::PaintPicture(const std::shared_ptr<const PrintablePicture>& picture, const PrintRect& place) {
   if (!painter_.isActive() && !painter_.begin(&output_->Device())) {
     throw core::Failure(kPrinterError, "The document for " + Destination() + " could not be begun.");
   }

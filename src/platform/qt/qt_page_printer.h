@@ -25,7 +25,7 @@ class QtPagePrinter : public Printer {
   [[nodiscard]] double ScaleWidth() override;
   [[nodiscard]] double ScaleHeight() override;
   [[nodiscard]] double DotsPerInch() override;
-  void PaintPicture(const std::shared_ptr<const PrintablePicture>& picture, const PrintPlace& place) override;
+  void PaintPicture(const std::shared_ptr<const PrintablePicture>& picture, const PrintRect& place) override;
   void EndDoc() override;
   [[nodiscard]] bool IsEnded() const override { return isEnded_; }
   [[nodiscard]] std::string Destination() const override { return output_->Destination().toStdString(); }

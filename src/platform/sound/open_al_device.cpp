@@ -59,7 +59,7 @@ OpenAlDevice::OpenAlDevice(ALCdevice* device, ALCcontext* context) : device_(dev
   // They are listed by quality.
   if (Al().alIsExtensionPresent("AL_SOFT_source_resampler") != AL_FALSE)
     resampler_ = Al().alGetInteger(AL_NUM_RESAMPLERS_SOFT) - 1;
-  canRest_ = Al().alcIsExtensionPresent(device_, "ALC_SOFT_pause_device") != ALC_FALSE && !WritesFile(device_);
+  canPause_ = Al().alcIsExtensionPresent(device_, "ALC_SOFT_pause_device") != ALC_FALSE && !WritesFile(device_);
 }
 
 OpenAlDevice::~OpenAlDevice() {
@@ -74,16 +74,16 @@ bool OpenAlDevice::IsConnected() const {
   return connected != ALC_FALSE;
 }
 
-void OpenAlDevice::Rest() {
-  if (isResting_ || !canRest_) return;
+void OpenAlDevice::Pause() {
+  if (isPaused_ || !canPause_) return;
   Al().alcDevicePauseSOFT(device_);
-  isResting_ = true;
+  isPaused_ = true;
 }
 
-void OpenAlDevice::Wake() {
-  if (!isResting_) return;
+void OpenAlDevice::Resume() {
+  if (!isPaused_) return;
   Al().alcDeviceResumeSOFT(device_);
-  isResting_ = false;
+  isPaused_ = false;
 }
 
 std::optional<OpenAlVoice> OpenAlDevice::Play(const StereoSound& sound) {

@@ -36,10 +36,10 @@ class OpenAlDevice {
   [[nodiscard]] std::chrono::nanoseconds Period() const { return period_; }
 
   /// Whether Rest would change anything.
-  [[nodiscard]] bool CanGoToRest() const { return canRest_ && !isResting_; }
+  [[nodiscard]] bool CanPause() const { return canPause_ && !isPaused_; }
   /// Stops the mixing while nothing plays, and starts it again. A device that cannot rest goes on mixing silence.
-  void Rest();
-  void Wake();
+  void Pause();
+  void Resume();
 
   /// Starts a sound. Nothing when the device does not take it.
   std::optional<OpenAlVoice> Play(const StereoSound& sound);
@@ -58,8 +58,8 @@ class OpenAlDevice {
   ALCcontext* context_;
   std::chrono::nanoseconds period_{};
   ALint resampler_ = -1;
-  bool canRest_ = false;
-  bool isResting_ = false;
+  bool canPause_ = false;
+  bool isPaused_ = false;
 };
 
 }  // namespace tonalith::platform

@@ -15,15 +15,15 @@ using std::chrono::milliseconds;
 using std::chrono::nanoseconds;
 
 /// How often a missing device is asked for at most.
-constexpr milliseconds kAttemptPause(1000);
+constexpr milliseconds kRetryInterval(1000);
 /// How long the device goes on mixing after the last sound, so that the next one starts at once and what is still on
 /// its way to the speaker is heard.
-constexpr milliseconds kIdleBeforeRest(2000);
+constexpr milliseconds kIdleBeforePause(2000);
 /// How long a sound may run over before its device counts as hung.
 constexpr milliseconds kHungAfter(1500);
 /// How soon the loss of a device in the middle of a long sound is seen.
-constexpr milliseconds kLongestLook(250);
-constexpr milliseconds kShortestLook(2);
+constexpr milliseconds kLongestPollInterval(250);
+constexpr milliseconds kShortestPollInterval(2);
 
 }  // namespace
 
@@ -37,17 +37,17 @@ void OpenAlMixer::Start(VoiceId voice, std::shared_ptr<const StereoSound> sound,
   std::optional<OpenAlVoice> inDevice;
   if (device_) inDevice = device_->Play(*sound);
   if (!inDevice) {
-    silence_.Start(voice, std::move(sound), asked);
+    silentMixer_.Start(voice, std::move(sound), asked);
     return;
   }
   const SteadyTime now = std::chrono::steady_clock::now();
   Voice started{*inDevice, sound->Frames(), sound->rate, now + sound->Duration(), now};
-  Look(started, now);
+  SchedulePoll(started, now);
   voices_[voice] = started;
 }
 
 void OpenAlMixer::Stop(VoiceId voice) {
-  silence_.Stop(voice);
+  silentMixer_.Stop(voice);
   const auto found = voices_.find(voice);
   if (found == voices_.end()) return;
   OpenAlDevice::FadeOut(found->second.inDevice);
@@ -60,8 +60,8 @@ void OpenAlMixer::Collect(SteadyTime now, std::vector<VoiceId>& ended) {
   if (device_ && !device_->IsConnected()) GiveUpDevice();
   CollectVoices(now, ended);
   CollectFaded(now);
-  silence_.Collect(now, ended);
-  RestWhenIdle(now);
+  silentMixer_.Collect(now, ended);
+  PauseWhenIdle(now);
 }
 
 void OpenAlMixer::CollectVoices(SteadyTime now, std::vector<VoiceId>& ended) {
@@ -71,12 +71,12 @@ void OpenAlMixer::CollectVoices(SteadyTime now, std::vector<VoiceId>& ended) {
     auto& [id, voice] = *at;
     if (!OpenAlDevice::IsOver(voice.inDevice)) {
       isHung = isHung || now > voice.end + kHungAfter;
-      Look(voice, now);
+      SchedulePoll(voice, now);
       continue;
     }
     // A device that was lost a moment ago stops its sounds too early.
     if (!device_->IsConnected() && voice.end > now) {
-      silence_.TakeOver(id, voice.end);
+      silentMixer_.Continue(id, voice.end);
     } else {
       ended.push_back(id);
     }
@@ -94,48 +94,48 @@ void OpenAlMixer::CollectFaded(SteadyTime now) {
   });
 }
 
-void OpenAlMixer::RestWhenIdle(SteadyTime now) {
-  if (!device_ || !device_->CanGoToRest() || !voices_.empty() || !fading_.empty()) {
-    restAt_.reset();
+void OpenAlMixer::PauseWhenIdle(SteadyTime now) {
+  if (!device_ || !device_->CanPause() || !voices_.empty() || !fading_.empty()) {
+    pauseAt_.reset();
     return;
   }
-  if (!restAt_) restAt_ = now + kIdleBeforeRest;
-  if (*restAt_ > now) return;
-  device_->Rest();
-  restAt_.reset();
+  if (!pauseAt_) pauseAt_ = now + kIdleBeforePause;
+  if (*pauseAt_ > now) return;
+  device_->Pause();
+  pauseAt_.reset();
 }
 
 std::optional<SteadyTime> OpenAlMixer::NextDue() const {
-  std::optional<SteadyTime> due = silence_.NextDue();
+  std::optional<SteadyTime> due = silentMixer_.NextDue();
   const auto orEarlier = [&due](SteadyTime time) { due = due ? std::min(*due, time) : time; };
-  for (const auto& [id, voice] : voices_) orEarlier(voice.nextLook);
+  for (const auto& [id, voice] : voices_) orEarlier(voice.nextPoll);
   for (const Fading& fading : fading_) orEarlier(fading.silentFrom);
-  if (restAt_) orEarlier(*restAt_);
+  if (pauseAt_) orEarlier(*pauseAt_);
   return due;
 }
 
 /// The end is expected where the frames that are left bring it; near to it, looks are as close as the periods are.
-void OpenAlMixer::Look(Voice& voice, SteadyTime now) const {
+void OpenAlMixer::SchedulePoll(Voice& voice, SteadyTime now) const {
   const std::size_t done = std::min(OpenAlDevice::FramesDone(voice.inDevice), voice.frames);
   const std::chrono::duration<double> left(static_cast<double>(voice.frames - done) / voice.rate);
   const nanoseconds wait = std::chrono::duration_cast<nanoseconds>(left) - device_->Period();
-  voice.nextLook = now + std::clamp<nanoseconds>(wait, kShortestLook, kLongestLook);
+  voice.nextPoll = now + std::clamp<nanoseconds>(wait, kShortestPollInterval, kLongestPollInterval);
 }
 
 void OpenAlMixer::EnsureDevice() {
   if (device_ && !device_->IsConnected()) GiveUpDevice();
   const SteadyTime now = std::chrono::steady_clock::now();
   if (!device_ && (!nextAttempt_ || *nextAttempt_ <= now)) {
-    nextAttempt_ = now + kAttemptPause;
+    nextAttempt_ = now + kRetryInterval;
     device_ = OpenAlDevice::Open();
     Report(device_ ? SoundDevice::kFound : SoundDevice::kMissing);
   }
-  restAt_.reset();
-  if (device_) device_->Wake();
+  pauseAt_.reset();
+  if (device_) device_->Resume();
 }
 
 void OpenAlMixer::GiveUpDevice() {
-  LeaveVoicesToSilence();
+  ContinueSilently();
   device_.reset();
 }
 
@@ -143,12 +143,12 @@ void OpenAlMixer::AbandonDevice() {
   // Closing it would wait for what hangs. It stays as it is to the end of the process.
   static auto& abandoned = *new std::vector<std::unique_ptr<OpenAlDevice>>();
   abandoned.push_back(std::move(device_));
-  LeaveVoicesToSilence();
+  ContinueSilently();
 }
 
-void OpenAlMixer::LeaveVoicesToSilence() {
+void OpenAlMixer::ContinueSilently() {
   for (const auto& [id, voice] : voices_) {
-    silence_.TakeOver(id, voice.end);
+    silentMixer_.Continue(id, voice.end);
     if (device_) OpenAlDevice::Release(voice.inDevice);
   }
   for (const Fading& fading : fading_) {
@@ -156,7 +156,7 @@ void OpenAlMixer::LeaveVoicesToSilence() {
   }
   voices_.clear();
   fading_.clear();
-  restAt_.reset();
+  pauseAt_.reset();
   nextAttempt_.reset();
   Report(SoundDevice::kMissing);
 }
@@ -168,7 +168,7 @@ void OpenAlMixer::Report(SoundDevice device) {
   if (device != before && report_) report_(device);
 }
 
-std::unique_ptr<WaveOutput> MakeOpenAlWaveOutput(NoticeWindows& windows, SoundDeviceObserver* observer) {
+std::unique_ptr<WaveOutput> MakeOpenAlWaveOutput(WindowMessages& windows, SoundDeviceObserver* observer) {
   PrepareOpenAl();
   return std::make_unique<ThreadedWaveOutput>(std::make_unique<OpenAlMixer>(), windows, observer);
 }

@@ -39,7 +39,7 @@ class OpenAlMixer : public VoiceMixer {
     std::uint32_t rate = 0;
     /// When it ends at the latest, by the clock of the system.
     SteadyTime end;
-    SteadyTime nextLook;
+    SteadyTime nextPoll;
   };
   struct Fading {
     OpenAlVoice inDevice;
@@ -49,25 +49,25 @@ class OpenAlMixer : public VoiceMixer {
   void EnsureDevice();
   void GiveUpDevice();
   void AbandonDevice();
-  void LeaveVoicesToSilence();
-  void Look(Voice& voice, SteadyTime now) const;
+  void ContinueSilently();
+  void SchedulePoll(Voice& voice, SteadyTime now) const;
   void CollectVoices(SteadyTime now, std::vector<VoiceId>& ended);
   void CollectFaded(SteadyTime now);
-  void RestWhenIdle(SteadyTime now);
+  void PauseWhenIdle(SteadyTime now);
   void Report(SoundDevice device);
 
   std::unique_ptr<OpenAlDevice> device_;
   std::map<VoiceId, Voice> voices_;
   std::vector<Fading> fading_;
-  SilentMixer silence_;
+  SilentMixer silentMixer_;
   std::function<void(SoundDevice)> report_;
   std::optional<SoundDevice> reported_;
   std::optional<SteadyTime> nextAttempt_;
-  std::optional<SteadyTime> restAt_;
+  std::optional<SteadyTime> pauseAt_;
 };
 
 /// Wave output on the system's default sound device. Opens nothing yet. To be made early in the program: it calls
 /// PrepareOpenAl.
-std::unique_ptr<WaveOutput> MakeOpenAlWaveOutput(NoticeWindows& windows, SoundDeviceObserver* observer);
+std::unique_ptr<WaveOutput> MakeOpenAlWaveOutput(WindowMessages& windows, SoundDeviceObserver* observer);
 
 }  // namespace tonalith::platform

@@ -22,7 +22,7 @@ constexpr const char* kSettings =
     "periods = 4\n";
 
 // Far more than all settings that there are, each with its explanation.
-constexpr std::size_t kMostSettings = std::size_t{1} << 20;
+constexpr std::size_t kMaxSettingsSize = std::size_t{1} << 20;
 
 /// What a file of settings holds; nothing where there is something else, which may have no end.
 std::string ContentOf(const char* path) {
@@ -32,7 +32,7 @@ std::string ContentOf(const char* path) {
   std::string content;
   struct stat status {};
   if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0 &&
-      static_cast<std::size_t>(status.st_size) <= kMostSettings) {
+      static_cast<std::size_t>(status.st_size) <= kMaxSettingsSize) {
     content.resize(static_cast<std::size_t>(status.st_size));
     content.resize(
         static_cast<std::size_t>(std::max<ssize_t>(::pread(descriptor, content.data(), content.size(), 0), 0)));
@@ -41,7 +41,7 @@ std::string ContentOf(const char* path) {
   return content;
 }
 
-void OfferSettings() {
+void SetSettingsFile() {
   std::string settings = kSettings;
   const char* const chosen = std::getenv("ALSOFT_CONF");
   if (chosen != nullptr && *chosen != '\0') settings += ContentOf(chosen);
@@ -60,7 +60,7 @@ void OfferSettings() {
 
 void PrepareOpenAl() {
   static const bool prepared = [] {
-    OfferSettings();
+    SetSettingsFile();
     ::setenv("ALSOFT_LOGLEVEL", "0", 0);
     return true;
   }();

@@ -10,7 +10,7 @@ namespace tonalith::platform {
 void SilentMixer::Attach(std::function<void(SoundDevice)> /*report*/) {}
 
 void SilentMixer::Start(VoiceId voice, std::shared_ptr<const StereoSound> sound, SteadyTime asked) {
-  TakeOver(voice, asked + sound->Duration());
+  Continue(voice, asked + sound->Duration());
 }
 
 void SilentMixer::Stop(VoiceId voice) { ends_.erase(voice); }
@@ -31,7 +31,7 @@ std::optional<SteadyTime> SilentMixer::NextDue() const {
   return first->second;
 }
 
-std::unique_ptr<WaveOutput> MakeSilentWaveOutput(NoticeWindows& windows) {
+std::unique_ptr<WaveOutput> MakeSilentWaveOutput(WindowMessages& windows) {
   return std::make_unique<ThreadedWaveOutput>(std::make_unique<SilentMixer>(), windows, nullptr);
 }
 

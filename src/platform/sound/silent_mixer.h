@@ -25,13 +25,13 @@ class SilentMixer : public VoiceMixer {
   [[nodiscard]] std::optional<SteadyTime> NextDue() const override;
 
   /// Goes on in silence with a sound that began elsewhere.
-  void TakeOver(VoiceId voice, SteadyTime end) { ends_[voice] = end; }
+  void Continue(VoiceId voice, SteadyTime end) { ends_[voice] = end; }
 
  private:
   std::map<VoiceId, SteadyTime> ends_;
 };
 
 /// A wave output that keeps real time and never sounds.
-std::unique_ptr<WaveOutput> MakeSilentWaveOutput(NoticeWindows& windows);
+std::unique_ptr<WaveOutput> MakeSilentWaveOutput(WindowMessages& windows);
 
 }  // namespace tonalith::platform

@@ -14,12 +14,12 @@ namespace tonalith::platform {
 /// What the two threads share. The thread holds it too, so it outlives an output that could not wait for its thread.
 class ThreadedWaveOutput::Engine : public std::enable_shared_from_this<ThreadedWaveOutput::Engine> {
  public:
-  Engine(std::unique_ptr<VoiceMixer> mixer, NoticeWindows& windows, SoundDeviceObserver* observer)
+  Engine(std::unique_ptr<VoiceMixer> mixer, WindowMessages& windows, SoundDeviceObserver* observer)
       : mixer_(std::move(mixer)), windows_(windows), observer_(observer) {}
 
   void Start(WaveHandle device, WindowHandle target, std::shared_ptr<const StereoSound> sound);
-  enum class Notice { kPosted, kNone };
-  void Stop(WaveHandle device, Notice notice);
+  enum class Completion { kPosted, kNone };
+  void Stop(WaveHandle device, Completion completion);
   void Shutdown();
 
  private:
@@ -37,7 +37,7 @@ class ThreadedWaveOutput::Engine : public std::enable_shared_from_this<ThreadedW
   void Run();
   void Sleep(std::unique_lock<std::mutex>& lock, std::optional<SteadyTime> due);
   void Apply(const std::vector<Command>& commands);
-  void HandBack(const std::vector<VoiceId>& ended);
+  void ReturnBuffers(const std::vector<VoiceId>& ended);
   void Report(SoundDevice device);
 
   std::mutex mutex_;
@@ -51,7 +51,7 @@ class ThreadedWaveOutput::Engine : public std::enable_shared_from_this<ThreadedW
   VoiceId lastVoice_ = 0;
   /// The thread's alone once it runs.
   std::unique_ptr<VoiceMixer> mixer_;
-  NoticeWindows& windows_;
+  WindowMessages& windows_;
   SoundDeviceObserver* observer_;
 };
 
@@ -65,26 +65,26 @@ void ThreadedWaveOutput::Engine::Start(WaveHandle device, WindowHandle target,
   changed_.notify_one();
 }
 
-void ThreadedWaveOutput::Engine::Stop(WaveHandle device, Notice notice) {
+void ThreadedWaveOutput::Engine::Stop(WaveHandle device, Completion completion) {
   const std::lock_guard lock(mutex_);
   const auto found = playing_.find(device);
   if (found == playing_.end()) return;
   commands_.push_back({found->second.voice, nullptr, {}});
-  if (notice == Notice::kPosted && found->second.target != kNoWindow) {
-    windows_.PostNotice(found->second.target, kWaveOutputDone, device, 0);
+  if (completion == Completion::kPosted && found->second.target != kNoWindow) {
+    windows_.PostMessage(found->second.target, kWaveOutputDone, device, 0);
   }
   playing_.erase(found);
   changed_.notify_one();
 }
 
 void ThreadedWaveOutput::Engine::Shutdown() {
-  constexpr std::chrono::milliseconds kPatience(150);
+  constexpr std::chrono::milliseconds kShutdownTimeout(150);
   std::unique_lock lock(mutex_);
   closing_ = true;
   playing_.clear();
   changed_.notify_one();
   if (!thread_.joinable()) return;
-  const bool finished = finished_.wait_for(lock, kPatience, [this] { return hasFinished_; });
+  const bool finished = finished_.wait_for(lock, kShutdownTimeout, [this] { return hasFinished_; });
   lock.unlock();
   if (finished) {
     thread_.join();
@@ -110,7 +110,7 @@ void ThreadedWaveOutput::Engine::Run() {
     mixer_->Collect(std::chrono::steady_clock::now(), ended);
     due = mixer_->NextDue();
     lock.lock();
-    HandBack(ended);
+    ReturnBuffers(ended);
   }
   lock.unlock();
   mixer_.reset();
@@ -138,12 +138,12 @@ void ThreadedWaveOutput::Engine::Apply(const std::vector<Command>& commands) {
   }
 }
 
-void ThreadedWaveOutput::Engine::HandBack(const std::vector<VoiceId>& ended) {
+void ThreadedWaveOutput::Engine::ReturnBuffers(const std::vector<VoiceId>& ended) {
   for (const VoiceId voice : ended) {
     std::erase_if(playing_, [&](const auto& entry) {
       const auto& [device, playing] = entry;
       if (playing.voice != voice) return false;
-      if (playing.target != kNoWindow) windows_.PostNotice(playing.target, kWaveOutputDone, device, 0);
+      if (playing.target != kNoWindow) windows_.PostMessage(playing.target, kWaveOutputDone, device, 0);
       return true;
     });
   }
@@ -159,7 +159,7 @@ void ThreadedWaveOutput::Engine::Report(SoundDevice device) {
   }
 }
 
-ThreadedWaveOutput::ThreadedWaveOutput(std::unique_ptr<VoiceMixer> mixer, NoticeWindows& windows,
+ThreadedWaveOutput::ThreadedWaveOutput(std::unique_ptr<VoiceMixer> mixer, WindowMessages& windows,
                                        SoundDeviceObserver* observer)
     : engine_(std::make_shared<Engine>(std::move(mixer), windows, observer)) {}
 
@@ -187,7 +187,7 @@ void ThreadedWaveOutput::Write(WaveHandle device, WAVEHDR& /*header*/) {
   engine_->Start(device, found->second.target, found->second.sound);
 }
 
-void ThreadedWaveOutput::Reset(WaveHandle device) { engine_->Stop(device, Engine::Notice::kPosted); }
+void ThreadedWaveOutput::Reset(WaveHandle device) { engine_->Stop(device, Engine::Completion::kPosted); }
 
 void ThreadedWaveOutput::UnprepareHeader(WaveHandle device, WAVEHDR& /*header*/) {
   const auto found = streams_.find(device);
@@ -195,7 +195,7 @@ void ThreadedWaveOutput::UnprepareHeader(WaveHandle device, WAVEHDR& /*header*/)
 }
 
 void ThreadedWaveOutput::Close(WaveHandle device) {
-  engine_->Stop(device, Engine::Notice::kNone);
+  engine_->Stop(device, Engine::Completion::kNone);
   streams_.erase(device);
 }
 

@@ -12,10 +12,10 @@
 #include <map>
 #include <memory>
 
-#include "platform/notice_window.h"
 #include "platform/sound/stereo_sound.h"
 #include "platform/sound/voice_mixer.h"
 #include "platform/wave_output.h"
+#include "platform/window_messages.h"
 
 namespace tonalith::platform {
 
@@ -23,7 +23,7 @@ class ThreadedWaveOutput : public WaveOutput {
  public:
   /// Borrows `windows` and `observer` (null for none); both outlive this object. Both are called on the mixer's thread
   /// and under a lock: they return at once and do not call back.
-  ThreadedWaveOutput(std::unique_ptr<VoiceMixer> mixer, NoticeWindows& windows, SoundDeviceObserver* observer);
+  ThreadedWaveOutput(std::unique_ptr<VoiceMixer> mixer, WindowMessages& windows, SoundDeviceObserver* observer);
   ThreadedWaveOutput(const ThreadedWaveOutput&) = delete;
   ThreadedWaveOutput& operator=(const ThreadedWaveOutput&) = delete;
   ~ThreadedWaveOutput() override;

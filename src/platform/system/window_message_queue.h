@@ -15,18 +15,18 @@
 #include <mutex>
 
 #include "platform/event_pump.h"
-#include "platform/notice_window.h"
+#include "platform/window_messages.h"
 
 namespace tonalith::platform {
 
-class NoticeQueue : public NoticeWindows, public EventPump {
+class WindowMessageQueue : public WindowMessages, public EventPump {
  public:
   WindowHandle CreateWindow(const WindowDescription& description) override;
   WindowProcedure SetWindowProcedure(WindowHandle window, WindowProcedure procedure) override;
   std::intptr_t CallWindowProcedure(const WindowProcedure& previous, WindowHandle window, std::uint32_t message,
                                     std::uintptr_t wParam, std::intptr_t lParam) override;
   void DestroyWindow(WindowHandle window) override;
-  void PostNotice(WindowHandle window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) override;
+  void PostMessage(WindowHandle window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) override;
 
   void WaitForEvents() override;
   void WaitForEvents(std::chrono::milliseconds limit) override;
@@ -39,7 +39,7 @@ class NoticeQueue : public NoticeWindows, public EventPump {
   void SetWakeUp(std::function<void()> wakeUp);
 
  private:
-  struct Notice {
+  struct Message {
     WindowHandle window = kNoWindow;
     std::uint32_t message = 0;
     std::uintptr_t wParam = 0;
@@ -48,7 +48,7 @@ class NoticeQueue : public NoticeWindows, public EventPump {
 
   std::mutex mutex_;
   std::condition_variable posted_;
-  std::deque<Notice> notices_;
+  std::deque<Message> messages_;
   std::map<WindowHandle, WindowProcedure> windows_;
   WindowHandle lastWindow_ = kNoWindow;
   std::function<void()> wakeUp_;

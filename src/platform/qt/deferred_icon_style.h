@@ -11,7 +11,7 @@
 
 namespace tonalith::platform {
 
-class LateIconStyle : public QProxyStyle {
+class DeferredIconStyle : public QProxyStyle {
  public:
   using QProxyStyle::QProxyStyle;
 

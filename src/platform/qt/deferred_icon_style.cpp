@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "platform/qt/late_icon_style.h"
+#include "platform/qt/deferred_icon_style.h"
 
 #include <QIconEngine>
 #include <QPointer>
@@ -10,9 +10,9 @@ namespace tonalith::platform {
 namespace {
 
 /// Asks the style for its icon when something is to be seen of it.
-class LateIcon : public QIconEngine {
+class DeferredIcon : public QIconEngine {
  public:
-  LateIcon(const QStyle* style, QStyle::StandardPixmap which) : style_(style), which_(which) {}
+  DeferredIcon(const QStyle* style, QStyle::StandardPixmap which) : style_(style), which_(which) {}
 
   void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
     Real().paint(painter, rect, Qt::AlignCenter, mode, state);
@@ -23,7 +23,7 @@ class LateIcon : public QIconEngine {
   QSize actualSize(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
     return Real().actualSize(size, mode, state);
   }
-  [[nodiscard]] QIconEngine* clone() const override { return new LateIcon(*this); }
+  [[nodiscard]] QIconEngine* clone() const override { return new DeferredIcon(*this); }
 
  private:
   const QIcon& Real() {
@@ -38,9 +38,9 @@ class LateIcon : public QIconEngine {
 
 }  // namespace
 
-QIcon LateIconStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
+QIcon DeferredIconStyle::standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const {
   if (which != SP_ToolBarHorizontalExtensionButton) return QProxyStyle::standardIcon(which, option, widget);
-  return QIcon(new LateIcon(baseStyle(), which));
+  return QIcon(new DeferredIcon(baseStyle(), which));
 }
 
 }  // namespace tonalith::platform

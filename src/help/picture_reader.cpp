@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "help/help_pictures.h"
+#include "help/picture_reader.h"
 
 #include <QBuffer>
 #include <QByteArray>

@@ -3,7 +3,7 @@
 
 // Hidden windows that receive notices: created with a class name and a caption, their window procedure can be swapped,
 // and any thread can post a message to them. A port: notices/ is a queue without a window system, which the program's
-// event loop empties, scripted/ records for tests. All functions run on the user-interface thread except PostNotice,
+// event loop empties, scripted/ records for tests. All functions run on the user-interface thread except PostMessage,
 // which any thread may call; window procedures run on the user-interface thread, one notice at a time, in the order of
 // posting. A handle of a destroyed window is harmless everywhere: nothing happens.
 
@@ -33,9 +33,9 @@ struct WindowDescription {
   int height = 0;
 };
 
-class NoticeWindows {
+class WindowMessages {
  public:
-  virtual ~NoticeWindows() = default;
+  virtual ~WindowMessages() = default;
 
   /// kNoWindow when no window could be made.
   virtual WindowHandle CreateWindow(const WindowDescription& description) = 0;
@@ -51,7 +51,7 @@ class NoticeWindows {
   virtual void DestroyWindow(WindowHandle window) = 0;
 
   /// Any thread. The notice reaches the window's procedure from the event loop, never from within this call.
-  virtual void PostNotice(WindowHandle window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) = 0;
+  virtual void PostMessage(WindowHandle window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) = 0;
 };
 
 }  // namespace tonalith::platform

@@ -1,53 +1,53 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "platform/system/notice_queue.h"
+#include "platform/system/window_message_queue.h"
 
 #include <gtest/gtest.h>
 
 #include <atomic>
 
 #include "platform/event_pump_conformance.h"
-#include "platform/notice_windows_conformance.h"
+#include "platform/window_messages_conformance.h"
 #include "support/scripted_audio.h"
 
 namespace tonalith::testing {
 namespace {
 
 struct QueueHost {
-  platform::NoticeWindows& Windows() { return queue; }
+  platform::WindowMessages& Windows() { return queue; }
   platform::EventPump& Pump() { return queue; }
   void RunEvents() { queue.Dispatch(); }
-  platform::NoticeQueue queue;
+  platform::WindowMessageQueue queue;
 };
 
 struct ScriptedHost {
-  platform::NoticeWindows& Windows() { return windows; }
+  platform::WindowMessages& Windows() { return windows; }
   void RunEvents() { windows.Dispatch(); }
   tests::AudioScript script;
-  tests::ScriptedNoticeWindows windows{script};
+  tests::ScriptedWindowMessages windows{script};
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(NoticeQueue, NoticeWindowsConformance, QueueHost);
-INSTANTIATE_TYPED_TEST_SUITE_P(tests::ScriptedNoticeWindows, NoticeWindowsConformance, ScriptedHost);
-INSTANTIATE_TYPED_TEST_SUITE_P(NoticeQueue, EventPumpConformance, QueueHost);
+INSTANTIATE_TYPED_TEST_SUITE_P(WindowMessageQueue, WindowMessagesConformance, QueueHost);
+INSTANTIATE_TYPED_TEST_SUITE_P(ScriptedWindowMessages, WindowMessagesConformance, ScriptedHost);
+INSTANTIATE_TYPED_TEST_SUITE_P(WindowMessageQueue, EventPumpConformance, QueueHost);
 
-TEST(NoticeQueue, WakesTheLoopAfterEachPosting) {
-  platform::NoticeQueue queue;
+TEST(WindowMessageQueue, WakesTheLoopAfterEachPosting) {
+  platform::WindowMessageQueue queue;
   const auto window = queue.CreateWindow({});
   int calls = 0;
   queue.SetWakeUp([&calls] { ++calls; });
-  queue.PostNotice(window, 1, 0, 0);
-  queue.PostNotice(window, 1, 0, 0);
-  queue.PostNotice(window + 1, 1, 0, 0);
+  queue.PostMessage(window, 1, 0, 0);
+  queue.PostMessage(window, 1, 0, 0);
+  queue.PostMessage(window + 1, 1, 0, 0);
   EXPECT_EQ(calls, 2);
   queue.SetWakeUp({});
-  queue.PostNotice(window, 1, 0, 0);
+  queue.PostMessage(window, 1, 0, 0);
   EXPECT_EQ(calls, 2);
 }
 
-TEST(NoticeQueue, HandlesWaitingNoticesInsideAProcedureThatRunsTheLoop) {
-  platform::NoticeQueue queue;
+TEST(WindowMessageQueue, HandlesWaitingNoticesInsideAProcedureThatRunsTheLoop) {
+  platform::WindowMessageQueue queue;
   const auto window = queue.CreateWindow({});
   std::string order;
   queue.SetWindowProcedure(window, [&](auto, std::uint32_t message, auto, auto) {
@@ -56,27 +56,27 @@ TEST(NoticeQueue, HandlesWaitingNoticesInsideAProcedureThatRunsTheLoop) {
     order += ">";
     return std::intptr_t{0};
   });
-  for (const std::uint32_t message : {1U, 2U, 3U}) queue.PostNotice(window, message, 0, 0);
+  for (const std::uint32_t message : {1U, 2U, 3U}) queue.PostMessage(window, message, 0, 0);
   queue.Dispatch();
   EXPECT_EQ(order, "<1<2><3>>");
 }
 
-TEST(NoticeQueue, LeavesNoticesThatArePostedByAProcedureToTheNextRound) {
-  platform::NoticeQueue queue;
+TEST(WindowMessageQueue, LeavesNoticesThatArePostedByAProcedureToTheNextRound) {
+  platform::WindowMessageQueue queue;
   const auto window = queue.CreateWindow({});
   int handled = 0;
   queue.SetWindowProcedure(window, [&](auto, auto, auto, auto) {
     ++handled;
-    queue.PostNotice(window, 1, 0, 0);
+    queue.PostMessage(window, 1, 0, 0);
     return std::intptr_t{0};
   });
-  queue.PostNotice(window, 1, 0, 0);
+  queue.PostMessage(window, 1, 0, 0);
   queue.Dispatch();
   EXPECT_EQ(handled, 1);
 }
 
-TEST(NoticeQueue, LosesNoNoticeOfManyThreads) {
-  platform::NoticeQueue queue;
+TEST(WindowMessageQueue, LosesNoNoticeOfManyThreads) {
+  platform::WindowMessageQueue queue;
   const auto window = queue.CreateWindow({});
   constexpr std::uintptr_t kSum = std::uintptr_t{4} * 500500;
   std::uintptr_t sum = 0;
@@ -88,7 +88,7 @@ TEST(NoticeQueue, LosesNoNoticeOfManyThreads) {
   threads.reserve(4);
   for (int i = 0; i < 4; ++i) {
     threads.emplace_back([&] {
-      for (std::uintptr_t n = 1; n <= 1000; ++n) queue.PostNotice(window, 1, n, 0);
+      for (std::uintptr_t n = 1; n <= 1000; ++n) queue.PostMessage(window, 1, n, 0);
     });
   }
   while (sum < kSum) queue.WaitForEvents(std::chrono::milliseconds(100));

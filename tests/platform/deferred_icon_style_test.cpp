@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "platform/qt/late_icon_style.h"
+#include "platform/qt/deferred_icon_style.h"
 
 #include <gtest/gtest.h>
 
@@ -33,9 +33,9 @@ QImage Painted(const QIcon& icon) {
   return image;
 }
 
-TEST(LateIconStyle, ReadsTheIconOfAMenuBarsExtensionWhenItIsFirstPainted) {
+TEST(DeferredIconStyle, ReadsTheIconOfAMenuBarsExtensionWhenItIsFirstPainted) {
   auto* const asked = new Asked;
-  const LateIconStyle style(asked);
+  const DeferredIconStyle style(asked);
   const QIcon icon = style.standardIcon(kExtension);
   EXPECT_FALSE(icon.isNull());
   EXPECT_EQ(asked->times, 0);
@@ -49,25 +49,25 @@ TEST(LateIconStyle, ReadsTheIconOfAMenuBarsExtensionWhenItIsFirstPainted) {
   EXPECT_EQ(asked->times, 1);
 }
 
-TEST(LateIconStyle, GivesTheSamePixmapAndSizeAsTheStyleBelow) {
-  const LateIconStyle style(new Asked);
+TEST(DeferredIconStyle, GivesTheSamePixmapAndSizeAsTheStyleBelow) {
+  const DeferredIconStyle style(new Asked);
   const QIcon real = QCommonStyle().standardIcon(kExtension);
   const QIcon icon = style.standardIcon(kExtension);
   EXPECT_EQ(icon.pixmap(kSize).toImage(), real.pixmap(kSize).toImage());
   EXPECT_EQ(icon.actualSize({100, 100}), real.actualSize({100, 100}));
 }
 
-TEST(LateIconStyle, LeavesOtherIconsToTheStyleBelow) {
+TEST(DeferredIconStyle, LeavesOtherIconsToTheStyleBelow) {
   auto* const asked = new Asked;
-  const LateIconStyle style(asked);
+  const DeferredIconStyle style(asked);
   EXPECT_FALSE(style.standardIcon(QStyle::SP_MessageBoxWarning).isNull());
   EXPECT_EQ(asked->times, 1);
 }
 
-TEST(LateIconStyle, PaintsNothingOfAStyleThatIsGone) {
+TEST(DeferredIconStyle, PaintsNothingOfAStyleThatIsGone) {
   QIcon icon;
   {
-    const LateIconStyle style(new Asked);
+    const DeferredIconStyle style(new Asked);
     icon = style.standardIcon(kExtension);
   }
   EXPECT_TRUE(icon.pixmap(kSize).isNull());

@@ -10,16 +10,16 @@
 
 namespace tonalith::help {
 
-class RoomyRows : public QStyledItemDelegate {
+class PaddedItemDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
 
   [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    return QStyledItemDelegate::sizeHint(option, index).grownBy(QMargins(0, kRoom, 0, kRoom));
+    return QStyledItemDelegate::sizeHint(option, index).grownBy(QMargins(0, kPadding, 0, kPadding));
   }
 
  private:
-  static constexpr int kRoom = 4;
+  static constexpr int kPadding = 4;
 };
 
 }  // namespace tonalith::help
