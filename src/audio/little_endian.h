@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Little-endian numbers out of bytes, two or four as their types say. Pure functions; any thread; never fail.
+// Converts 2 or 4 little-endian bytes to a number.
 
 #pragma once
 

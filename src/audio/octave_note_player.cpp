@@ -31,7 +31,7 @@ void OctaveNotePlayer::MakeWindow() {
   if (window_ == platform::kNoWindow) return;
   windows_.SetWindowProcedure(
       window_, [this](platform::WindowHandle, std::uint32_t message, std::uintptr_t wParam, std::intptr_t) {
-        // A notice of a note that was replaced names a device that is closed.
+        // The message of a replaced note names a closed device.
         if (message == platform::kWaveOutputDone && wParam == device_) End();
         return std::intptr_t{0};
       });
@@ -43,10 +43,11 @@ void OctaveNotePlayer::End() {
 
 void OctaveNotePlayer::Play(const std::string& path) {
   Stop();
+  // Kept: see docs/behaviour.md, A missing sound is silent for a click only.
   sounding_ = Fetch(path);
   if (!sounding_) return;
   core::DeferredFailure unreported;
-  unreported.Try([this] { MakeWindow(); });  // Without it the note sounds all the same.
+  unreported.Try([this] { MakeWindow(); });  // The note plays without it too.
   device_ = output_.Open(sounding_->format, window_);
   header_.lpData = sounding_->samples.data();
   header_.dwBufferLength = static_cast<std::uint32_t>(sounding_->samples.size());

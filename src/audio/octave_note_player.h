@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Plays the recording of a single note under a click: over the same wave output as the slots, one voice at a time. The
-// output's notice that a note has ended arrives at a hidden window. Files stay in memory once they were heard, up to a
-// fixed amount, the longest unheard leaving first; a file that cannot be played is silence. User-interface thread;
-// borrows its ports, which outlive it.
+// Plays the recording of one note for a click, one voice at a time, over the wave output that the slots use too. The
+// wave-done message arrives at a hidden window. Played files are cached up to a size limit (least recently used are
+// dropped first). A file that cannot be played is silent.
 
 #pragma once
 
@@ -23,7 +22,7 @@ namespace tonalith::audio {
 
 class OctaveNotePlayer : public platform::NotePlayer {
  public:
-  /// Enough for all 48 notes of the neck; in bytes of sample data.
+  /// In bytes of sample data: enough for the 48 notes of the neck.
   static constexpr std::size_t kCacheLimit = std::size_t{32} << 20U;
 
   OctaveNotePlayer(platform::FileInput& files, platform::WaveOutput& output, platform::WindowMessages& windows,
@@ -34,7 +33,7 @@ class OctaveNotePlayer : public platform::NotePlayer {
 
   void Play(const std::string& path) override;
 
-  /// Falls silent.
+  /// Stops the note, if one is playing.
   void Stop();
 
   [[nodiscard]] std::size_t CachedBytes() const { return cachedBytes_; }
@@ -57,7 +56,7 @@ class OctaveNotePlayer : public platform::NotePlayer {
   platform::WindowMessages& windows_;
   platform::WindowHandle window_ = platform::kNoWindow;
   std::size_t cacheLimit_;
-  /// The last heard first.
+  /// Most recently used first.
   std::list<std::shared_ptr<const Recording>> cache_;
   std::size_t cachedBytes_ = 0;
   std::shared_ptr<const Recording> sounding_;

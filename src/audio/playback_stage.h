@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What the playback of a scale needs of the window that it plays on: the current record, the chosen key, the neck with
-// its play marker, and the status line. The main window implements it. User-interface thread; every function may throw
-// core::Failure, which the playback reports at its end.
+// The interface that the playback of a scale needs from its window: the current record, the chosen key, the neck with
+// its play marker, and the status line. Every function may throw core::Failure; the playback reports it at its end.
 
 #pragma once
 
@@ -24,7 +23,7 @@ class PlaybackStage {
  public:
   virtual ~PlaybackStage() = default;
 
-  /// A field of the current scale record by its position; nothing for a null field.
+  /// A field of the current scale record by its position; nullopt for a null field.
   virtual std::optional<std::string> CurrentField(int position) = 0;
   /// The text of cmbTranspose.
   virtual std::string KeyText() = 0;
@@ -32,10 +31,10 @@ class PlaybackStage {
   virtual std::string ImageTag(int index) = 0;
   /// The folder of the scale sounds, with the separator at its end.
   virtual std::string AudioFolder() = 0;
-  /// Moves the play marker above the image with that control name and shows it at once.
+  /// Moves the play marker above the image with that control name and repaints it immediately.
   virtual void FlashNotes(const std::string& controlName) = 0;
   virtual void HidePicture1() = 0;
-  /// Lights the image with that control name until DarkenNote: its note sounds.
+  /// Highlights the image with that control name until DarkenNote: its note is playing.
   virtual void LightNote(const std::string& /*controlName*/) {}
   virtual void DarkenNote() {}
   /// Caption and text colour of lblStatus.

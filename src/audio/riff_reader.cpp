@@ -13,11 +13,11 @@ namespace tonalith::audio {
 namespace {
 
 constexpr std::uint64_t kHeaderSize = 8;
-// Sound files have a dozen chunks at most. A file of nothing but empty ones would be walked for a minute.
+// Sound files have a dozen chunks at most. Without a limit, a file of empty chunks would take a minute to scan.
 constexpr int kMostChunks = 1000;
 constexpr std::uint64_t kLastOffset = std::numeric_limits<std::uint32_t>::max();
 
-/// The position behind a chunk's payload and pad byte.
+/// The position after a chunk's payload and pad byte.
 std::uint64_t EndOf(const MMCKINFO& chunk) {
   return std::uint64_t{chunk.dwDataOffset} + chunk.cksize + (chunk.cksize & 1U);
 }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Walks the chunks of a RIFF file, the container of multimedia files: a four-character code, a 32-bit little-endian
-// size, the payload, and a pad byte after an odd size. No size in the file is trusted: a chunk counts as found when its
-// header lies inside its parent and the file, positions are computed in 64 bits, and what the file does not hold is
-// never waited or allocated for. Borrows the file; one user at a time; throws only what the file throws.
+// Reads the chunks of a RIFF file: a four-character code, a 32-bit little-endian size, the payload, and a pad byte
+// after an odd size. The file is untrusted input: a chunk counts as found only if its header is inside its parent and
+// the file, positions are computed in 64 bits, and nothing is allocated beyond the file size. Throws only what the file
+// throws.
 
 #pragma once
 
@@ -17,7 +17,7 @@
 
 namespace tonalith::audio {
 
-/// A four-character code as the little-endian number that stands in the file.
+/// A four-character code as the little-endian number in the file.
 using FOURCC = std::uint32_t;
 
 /// The code of a text of up to four characters, padded with blanks.
@@ -30,8 +30,8 @@ constexpr FOURCC StringToFOURCC(std::string_view text) {
   return code;
 }
 
-/// Where a chunk is. dwDataOffset is the position of its payload; the payload of a RIFF or LIST chunk begins with its
-/// form type.
+/// Position of a chunk. dwDataOffset is the position of its payload; the payload of a RIFF or LIST chunk begins with
+/// its form type.
 struct MMCKINFO {
   FOURCC ckid = 0;
   std::uint32_t cksize = 0;
@@ -46,20 +46,20 @@ class RiffReader {
  public:
   explicit RiffReader(platform::InputFile& file) : file_(file) {}
 
-  /// Enters the chunk at the current position, whatever it is, and moves behind its header (and form type).
+  /// Enters any chunk at the current position and moves past its header (and form type).
   Descent Descend(MMCKINFO& chunk);
 
-  /// Enters the next chunk with the code that is preset in chunk.ckid, from the current position to the parent's end.
-  /// Looks at a thousand chunks at most.
+  /// Enters the next chunk with the code in chunk.ckid, between the current position and the parent's end. Checks at
+  /// most a thousand chunks.
   Descent FindChunk(MMCKINFO& chunk, const MMCKINFO& parent);
 
-  /// Bytes from the current position: the count read, or -1.
+  /// Reads from the current position. Returns the number of bytes read, or -1.
   std::int64_t Read(std::span<std::byte> into);
 
-  /// Moves to a position from the file's start: that position, or -1.
+  /// Moves to a position from the file's start. Returns that position, or -1.
   std::int64_t Seek(std::uint64_t position);
 
-  /// How many bytes the file holds from the current position on.
+  /// The number of bytes from the current position to the end of the file.
   [[nodiscard]] std::uint64_t Remaining() const;
 
  private:

@@ -21,8 +21,8 @@ constexpr StatusColour kGrey{127, 127, 127};
 /// Middle C.
 constexpr voice::Pitch kC4 = 60;
 
-/// The pitch of each note that the pattern reaches; `notes` are their names, empty from the end of the scale on and for
-/// a pattern that cannot be played. The table of names ends three octaves above C4, within the range of the voice.
+/// The pitch of each note that the pattern reaches. `notes` are their names: empty after the end of the scale and for a
+/// pattern that cannot be played. The table of names ends three octaves above C4, within the range of the voice.
 std::vector<voice::Pitch> PitchesOf(const std::vector<std::string>& notes, std::string_view pattern,
                                     core::NoteNumber startNumber) {
   std::vector<voice::Pitch> pitches;
@@ -36,7 +36,7 @@ std::vector<voice::Pitch> PitchesOf(const std::vector<std::string>& notes, std::
   return pitches;
 }
 
-/// Holds a mark for as long as a procedure runs.
+/// Sets a flag for the current scope.
 class ScopedFlag {
  public:
   explicit ScopedFlag(bool& flag) : flag_(flag) { flag_ = true; }
@@ -68,6 +68,7 @@ void ScalePlayback::PlayToneNotes() {
 }
 
 ScalePlayback::Score ScalePlayback::ReadScore(core::DeferredFailure& failure) {
+  // Kept: see docs/behaviour.md, ScaleStepType has no effect.
   Score score;
   std::optional<std::string> scaleType = std::string();
   std::optional<std::string> pattern = std::string();
@@ -111,8 +112,10 @@ void ScalePlayback::PlayImage(Score& score, int position, int image, core::Defer
   const std::int32_t slot = image / neck_.positions + 1;
   const bool isKey = note == score.keyName;
   CurrentPlayNote = note;
+  // Kept: see docs/behaviour.md, Only the first two strings play.
   if (position > score.length || slot > kSoundingStrings) return;
   if (!isKey) WaitForSoundEnd(failure);
+  // Kept: see docs/behaviour.md, A repeated note is skipped.
   if (cancelled_ || note == score.lastPlayed) return;
   Sound(score, slot, position, position, image, failure);
   if (isKey) {
@@ -127,8 +130,10 @@ void ScalePlayback::PlayClosingKey(Score& score, core::DeferredFailure& failure)
   CurrentPlayNote = keyNote;
   WaitForSoundEnd(failure);
   if (cancelled_ || keyNote == score.lastPlayed) return;
-  // The marker goes to the first place of the key on the neck. There is one: the mark says that the key has sounded.
+  // The marker moves to the first key note on the neck. There is one: keyPlayed is set only after the key note was
+  // played.
   const auto image = std::find(score.tags.begin(), score.tags.end(), keyNote) - score.tags.begin();
+  // Kept: see docs/behaviour.md, The closing key has its own file number.
   Sound(score, 1, score.startNumber, 0, static_cast<int>(image), failure);
   WaitForSoundEnd(failure);
   score.keyPlayed = false;
@@ -145,16 +150,16 @@ void ScalePlayback::Sound(const Score& score, std::int32_t slot, int fileNumber,
   if (cancelled_) return;
   PlayMultiSounds(slot, file);
   const std::string control = "img" + std::to_string(image);
-  // A file that cannot be played leaves nothing to light.
+  // Highlight only a note that really plays.
   if (!SoundEnded) failure.Try([&] { stage_.LightNote(control); });
   failure.Try([&] { stage_.FlashNotes(control); });
-  // The next note is rendered while this one sounds.
+  // Render the next note while this one plays.
   const auto next = static_cast<std::size_t>(position) + 1;
   if (next < score.pitches.size()) failure.Try([&] { files_.Prepare(score.pitches[next]); });
 }
 
 void ScalePlayback::WaitForSoundEnd(core::DeferredFailure& failure) {
-  // A slot that was released in the middle of its sound ends without a notice; nothing is left to wait for then.
+  // A slot released while it plays gets no wave-done message, so there is nothing to wait for.
   while (!SoundEnded && !cancelled_ && !sounds_.IsTerminated() && IsAnySlotPlaying()) {
     if (!failure.Try([&] { events_.WaitForEvents(); })) return;
   }
@@ -168,6 +173,7 @@ bool ScalePlayback::IsAnySlotPlaying() const {
 }
 
 void ScalePlayback::PlayMultiSounds(std::int32_t pIndex, const std::string& /*txtSoundFile*/) {
+  // Kept: see docs/behaviour.md, PlayMultiSounds ignores its file.
   core::DeferredFailure failure;
   failure.Try([&] { sounds_.PlaySoundBuffer(pIndex); });
   failure.ReportDescription(msgBox_);
@@ -195,7 +201,7 @@ void ScalePlayback::DarkenNote() {
   if (running_ && cancelled_) return;
   core::DeferredFailure failure;
   failure.Try([&] { stage_.DarkenNote(); });
-  failure.Clear();  // The status that follows reports a stage that fails.
+  failure.Clear();  // ShowStatus follows and reports a failing stage.
 }
 
 void ScalePlayback::ShowStatus(const std::string& caption, StatusColour colour) {
@@ -206,6 +212,7 @@ void ScalePlayback::ShowStatus(const std::string& caption, StatusColour colour) 
 }
 
 void Pause(std::int32_t seconds, const platform::TimeOfDay& clock, platform::EventPump& events) {
+  // Kept: see docs/behaviour.md, Pause ends at midnight.
   const double start = clock.SecondsSinceMidnight();
   while (true) {
     const double left = seconds - std::abs(clock.SecondsSinceMidnight() - start);

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Plays the current scale, one recorded note after the other, while the marker walks over the neck and the status line
-// follows. A playback works on the pattern, the key and the tags that it read at its start, so moving the record or
-// editing in the middle is safe; it waits asleep in the event loop, handles one playback at a time and ends promptly
-// when it is cancelled. The main window owns it and registers it as the sound manager's Notifier. User-interface
-// thread. Nothing is thrown: failures are shown at the end in a message box.
+// Plays the current scale note by note, moves the marker over the neck and updates the status line. A playback copies
+// the pattern, the key and the tags at its start, so the record may be moved or edited meanwhile. It waits in the event
+// loop without polling, runs one playback at a time and returns promptly when cancelled. The main window owns it and
+// registers it as the sound manager's Notifier. Never throws: failures are shown at the end in a message box.
 
 #pragma once
 
@@ -25,7 +24,7 @@ namespace tonalith::audio {
 
 class ScalePlayback : public SoundManagerNotifier {
  public:
-  /// `files` is what `sounds` reads its files from.
+  /// `files` must be the object that `sounds` reads its files from.
   ScalePlayback(SoundManager& sounds, ScaleSoundFiles& files, PlaybackStage& stage, platform::EventPump& events,
                 core::MsgBox& msgBox);
 
@@ -34,11 +33,11 @@ class ScalePlayback : public SoundManagerNotifier {
   /// The name of the note being played, for the status line.
   std::string CurrentPlayNote;
 
-  /// Plays the scale and returns when it is through or cancelled. Does nothing while another call is running.
+  /// Plays the scale and returns at its end or when cancelled. Does nothing while another call is running.
   void PlayToneNotes();
 
-  /// Makes a running playback return as soon as the event that calls this is handled: it starts no further note,
-  /// touches the stage no more and shows no message. For the window's closing.
+  /// Makes a running playback return as soon as the event that calls this is handled: it starts no further note, does
+  /// not call the stage again and shows no message. Called when the window closes.
   void Cancel() { cancelled_ = true; }
   [[nodiscard]] bool IsRunning() const { return running_; }
 
@@ -51,16 +50,16 @@ class ScalePlayback : public SoundManagerNotifier {
   void SoundUnloaded(std::int32_t BufferIndex) override;
 
  private:
-  /// What one playback works on.
+  /// The input and state of one playback.
   struct Score {
     std::string keyName;
     core::NoteNumber startNumber = 0;
-    /// The length of the interval pattern; -1 for a null one.
+    /// Number of characters of the interval pattern; -1 for a null pattern.
     int length = -1;
     std::vector<std::string> notes;
-    /// At which each of the notes sounds. The first lies between C4 and B4.
+    /// The pitch of each note. The first is between C4 and B4.
     std::vector<voice::Pitch> pitches;
-    /// Of every note of the neck, in their order.
+    /// The tags of all notes of the neck, in their order.
     std::vector<std::string> tags;
     std::string lastPlayed;
     bool keyPlayed = false;
@@ -70,7 +69,7 @@ class ScalePlayback : public SoundManagerNotifier {
   void PlayPosition(Score& score, int position, core::DeferredFailure& failure);
   void PlayImage(Score& score, int position, int image, core::DeferredFailure& failure);
   void PlayClosingKey(Score& score, core::DeferredFailure& failure);
-  /// Plays a file. `position` is that of the note for which it is played.
+  /// Plays a file for the note at `position`.
   void Sound(const Score& score, std::int32_t slot, int fileNumber, int position, int image,
              core::DeferredFailure& failure);
   void WaitForSoundEnd(core::DeferredFailure& failure);
@@ -88,7 +87,8 @@ class ScalePlayback : public SoundManagerNotifier {
   bool cancelled_ = false;
 };
 
-/// Handles events until the time of day differs by at least `seconds` from what it was at the call. Midnight ends it.
+/// Handles events until the time of day differs by at least `seconds` from the time of the call. Midnight ends it.
+/// Kept: see docs/behaviour.md, Functions without callers.
 void Pause(std::int32_t seconds, const platform::TimeOfDay& clock, platform::EventPump& events);
 
 }  // namespace tonalith::audio

@@ -50,7 +50,7 @@ std::unique_ptr<platform::InputFile> ScaleSoundFiles::Open(const std::string& pa
   unreadable.Try([&] { isShipped = IsShippedRecording(*file); });
   unreadable.Clear();
   if (isShipped) return std::make_unique<RenderedFile>(Rendered(*pitch_));
-  // What keeps a file from being read is the loader's to report: it gets the file as it was opened.
+  // The loader reports why a file cannot be read, so it gets the file as it was opened.
   return file->Seek(0) == 0 ? std::move(file) : files_.Open(path);
 }
 

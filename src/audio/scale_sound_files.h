@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The files of the scale sounds, between the sound manager and the file system. While a note of a scale is loaded, a
-// shipped recording is read as a file of the same layout that sounds at the note's pitch; every other file, and every
-// file at any other time, is read as it is. So a user's recording stays what it is, and a missing or damaged one gives
-// the loader's messages. User-interface thread; borrows the files, which outlive it.
+// The file input of the sound manager. While a note of a scale is loaded, a shipped recording is replaced by a rendered
+// file of the same layout at the pitch of the note. All other files, and all files at other times, are read unchanged:
+// the user's recordings stay as they are, and a missing or damaged file causes the loader's messages.
 
 #pragma once
 
@@ -24,10 +23,10 @@ class ScaleSoundFiles : public platform::FileInput {
 
   std::unique_ptr<platform::InputFile> Open(const std::string& path) override;
 
-  /// Renders a note ahead of its time, so that opening its file takes no longer than opening any other.
+  /// Renders and caches a note, so that opening its file later takes no extra time.
   void Prepare(voice::Pitch pitch);
 
-  /// For as long as it lives, shipped recordings sound at that pitch.
+  /// While this object exists, shipped recordings are rendered at `pitch`.
   class Pitched {
    public:
     Pitched(ScaleSoundFiles& files, voice::Pitch pitch) : files_(files) { files_.pitch_ = pitch; }
@@ -46,7 +45,7 @@ class ScaleSoundFiles : public platform::FileInput {
 
   platform::FileInput& files_;
   std::optional<voice::Pitch> pitch_;
-  /// The notes heard so far, some 53,000 bytes each. A scale has no more than 36 pitches.
+  /// The notes rendered so far, about 53,000 bytes each. A scale has at most 36 pitches.
   std::map<voice::Pitch, Bytes> rendered_;
 };
 

@@ -15,7 +15,7 @@
 namespace tonalith::audio {
 namespace {
 
-/// Of the files Audio/0.wav to 15.wav of version 1.0.
+/// Checksums of the files Audio/0.wav to 15.wav of version 1.0.
 constexpr std::array<std::uint64_t, 16> kFirstRecordings = {
     0x6F2C40353E379493, 0x5363376742237C90, 0x6F8526B386FD5CD6, 0xB64EB313162A80EA,
     0x105038765B37FF9A, 0x63A0E9F2D6AF8B33, 0x8EDA97ED410E1A88, 0x45A84635379FFA94,
@@ -35,7 +35,7 @@ bool IsShippedFormat(const platform::WAVEFORMATEX& record) {
          record.wBitsPerSample == voice::kWavBits;
 }
 
-/// The checksum that the mark of a file holds; nothing for a file without one.
+/// The value of the checksum chunk; nullopt if there is none.
 std::optional<std::uint64_t> StoredChecksum(platform::InputFile& file) {
   if (file.Seek(0) != 0) return std::nullopt;
   RiffReader reader(file);
@@ -50,7 +50,7 @@ std::optional<std::uint64_t> StoredChecksum(platform::InputFile& file) {
   return LittleEndian32(std::span(bytes).first<4>()) | std::uint64_t{LittleEndian32(std::span(bytes).last<4>())} << 32U;
 }
 
-/// Whether the file loads, and its samples are those that its mark was made for.
+/// Whether the file loads and the checksum of its samples is the stored one.
 bool HasValidChecksum(platform::InputFile& file) {
   const std::optional<std::uint64_t> checksum = StoredChecksum(file);
   if (!checksum || file.Seek(0) != 0) return false;

@@ -86,9 +86,10 @@ bool SoundManager::ReadSound(platform::InputFile& file, platform::WaveFormat& fo
 void SoundManager::FillBuffer(std::int32_t BufferIndex, const platform::WaveFormat& format,
                               std::vector<std::byte> samples, BufferFlags flags, core::DeferredFailure& failure) {
   SoundBuffer& buffer = At(BufferIndex);
-  // A client that was told of the release may have filled the slot again.
+  // A notifier called during the release may have loaded the slot again.
   if (buffer.state != BufferState::kEmpty) ReleaseBuffer(buffer, failure);
   buffer.samples = std::move(samples);
+  // Kept: see docs/behaviour.md, Device results are not examined.
   failure.Try([&] { buffer.device = output_.Open(format, window_); });
   buffer.header.lpData = buffer.samples.data();
   buffer.header.dwBufferLength = static_cast<std::uint32_t>(buffer.samples.size());
@@ -99,10 +100,12 @@ void SoundManager::FillBuffer(std::int32_t BufferIndex, const platform::WaveForm
 
 bool SoundManager::PlaySoundBuffer(std::int32_t BufferIndex) {
   if (!IsBuffer(BufferIndex)) return false;
+  // Kept: see docs/behaviour.md, Playing a slot that plays stops it.
   StopSoundBuffer(BufferIndex);
   SoundBuffer& buffer = At(BufferIndex);
   if (buffer.state != BufferState::kLoaded || buffer.device == platform::kNoWaveHandle) return false;
   core::DeferredFailure failure;
+  // Kept: see docs/behaviour.md, Device results are not examined.
   failure.Try([&] { output_.Write(buffer.device, buffer.header); });
   buffer.state = BufferState::kPlaying;
   Notify(BufferIndex, &SoundManagerNotifier::SoundPlayStart, failure);
@@ -117,6 +120,7 @@ void SoundManager::StopSoundBuffer(std::int32_t BufferIndex) {
   }
   if (!IsBuffer(BufferIndex) || At(BufferIndex).state != BufferState::kPlaying) return;
   core::DeferredFailure failure;
+  // Kept: see docs/behaviour.md, Playing a slot that plays stops it.
   failure.Try([&] { output_.Reset(At(BufferIndex).device); });
   failure.ReportDescription(msgBox_);
 }
@@ -136,6 +140,7 @@ void SoundManager::UnloadSoundBuffer(std::int32_t BufferIndex) {
 }
 
 void SoundManager::ReleaseBuffer(SoundBuffer& buffer, core::DeferredFailure& failure) {
+  // Kept: see docs/behaviour.md, Playing a slot that plays stops it.
   if (buffer.state == BufferState::kPlaying) failure.Try([&] { output_.Reset(buffer.device); });
   failure.Try([&] { output_.UnprepareHeader(buffer.device, buffer.header); });
   failure.Try([&] { output_.Close(buffer.device); });
@@ -154,6 +159,7 @@ void SoundManager::TerminateSoundManager() {
 
 void SoundManager::RemoveWindow(core::DeferredFailure& failure) {
   if (window_ == platform::kNoWindow) return;
+  // Kept: see docs/behaviour.md, The window handle survives TerminateSoundManager.
   isTerminated_ = true;
   failure.Try([&] { windows_.SetWindowProcedure(window_, previousProcedure_); });
   failure.Try([&] { windows_.DestroyWindow(window_); });
@@ -194,13 +200,13 @@ std::intptr_t SoundManager::SoundWindowProc(platform::WindowHandle window, std::
 
 void SoundManager::HandleWaveDone(std::uintptr_t wParam, core::DeferredFailure& failure) {
   const auto device = static_cast<platform::WaveHandle>(wParam);
-  // Empty slots hold the handle of no device; that one is nobody's notice.
+  // Empty slots store kNoWaveHandle, so a message with that handle belongs to no slot.
   if (device == platform::kNoWaveHandle || device != wParam) return;
   const std::int32_t index = FindBufferByHandle(device);
   if (index == 0) return;
   Notify(index, &SoundManagerNotifier::SoundPlayEnd, failure);
   SoundBuffer& buffer = At(index);
-  // The client may have refilled or emptied the slot: then this notice is none of the slot's any more.
+  // The notifier may have reloaded or released the slot; then this message is stale.
   if (buffer.device != device) return;
   buffer.state = BufferState::kLoaded;
   if (HasFlag(buffer.flags, BufferFlags::kUnloadOnEnd)) UnloadSoundBuffer(index);

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The program's small wave-audio engine: 32 slots, each of which loads one WAV file whole, owns one opened wave output
-// and one prepared header, and is played, stopped and released on its own. Notices from the outputs arrive at a hidden
-// window, so all of it happens on the user-interface thread. No operation throws: a load that cannot succeed shows its
-// message, every other failure is shown as its description at the end of the operation, and what becomes of a device
-// operation is not examined. One instance for the process; it borrows its ports, which outlive it.
+// The wave audio of the program: 32 slots. Each slot loads one complete WAV file, owns one open wave output and one
+// prepared header, and is played, stopped and released on its own. Wave-done messages arrive at a hidden window. No
+// operation throws: a failed load shows its message, every other failure is shown at the end of the operation, and
+// results of device operations are ignored. One instance per process.
 
 #pragma once
 
@@ -25,7 +24,7 @@ namespace tonalith::audio {
 
 enum class BufferState : std::int32_t { kEmpty = 0, kLoaded = 1, kPlaying = 2 };
 
-/// Option bits of a load; they add up.
+/// Option bits of a load; can be combined.
 enum class BufferFlags : std::uint32_t { kNone = 0, kPlayOnLoad = 1, kUnloadOnEnd = 2, kNoEvents = 4 };
 
 constexpr BufferFlags operator|(BufferFlags a, BufferFlags b) {
@@ -40,58 +39,58 @@ struct SoundBuffer {
   platform::WAVEHDR header;
   std::vector<std::byte> samples;
   BufferState state = BufferState::kEmpty;
-  /// Stays from the last load when the slot is emptied.
+  /// Unchanged when the slot is released: the flags of the last load.
   BufferFlags flags = BufferFlags::kNone;
 };
 
 class SoundManager {
  public:
   static constexpr std::int32_t kBufferCount = 32;
-  /// In place of a slot number: every slot.
+  /// Instead of a slot number: all slots.
   static constexpr std::int32_t kAllBuffers = -1;
 
   SoundManager(platform::FileInput& files, platform::WaveOutput& output, platform::WindowMessages& windows,
                core::MsgBox& msgBox);
   SoundManager(const SoundManager&) = delete;
   SoundManager& operator=(const SoundManager&) = delete;
-  /// Releases everything without a notice or a message.
+  /// Releases everything without notification and without a message.
   ~SoundManager();
 
-  /// Hears of every slot that was not loaded with kNoEvents; null for nobody. Borrowed.
+  /// Receives the events of all slots loaded without kNoEvents. May be null; not owned.
   SoundManagerNotifier* Notifier = nullptr;
 
-  /// Empties the slot and fills it from a WAV file. True when the slot ended loaded. False without a message outside
-  /// 1..32, and when the hidden window cannot be made.
+  /// Releases the slot and loads a WAV file. Returns whether the slot is loaded. Returns false without a message
+  /// outside 1..32, and if the hidden window cannot be created.
   bool LoadSoundBuffer(std::int32_t BufferIndex, const std::string& path, const BufferFlags& flags);
 
-  /// True when the buffer was written to its device. A slot that is playing is stopped instead and gives false: it can
-  /// be played again after its SoundPlayEnd.
+  /// Returns true if the buffer was written to its device. A slot that is playing is stopped instead and false is
+  /// returned: it can be played again after its SoundPlayEnd.
   bool PlaySoundBuffer(std::int32_t BufferIndex);
 
-  /// Stops one slot or all; its state changes when the device's notice arrives.
+  /// Stops one slot or all; the state changes when the wave-done message arrives.
   void StopSoundBuffer(std::int32_t BufferIndex);
 
-  /// Releases one slot or all. Nothing happens, and nothing is said, for an empty one.
+  /// Releases one slot or all. Does nothing for an empty slot, without notification.
   void UnloadSoundBuffer(std::int32_t BufferIndex);
 
-  /// Releases all slots and destroys the hidden window. Its handle stays stored, so no other window is made afterwards:
-  /// later loads succeed, but their notices have nowhere to go.
+  /// Releases all slots and destroys the hidden window. Its handle stays stored, so no other window is created: later
+  /// loads succeed, but their wave-done messages are not delivered.
   void TerminateSoundManager();
 
-  /// Whether the hidden window has been destroyed: no notice arrives any more.
+  /// Whether the hidden window has been destroyed: no wave-done message arrives after that.
   [[nodiscard]] bool IsTerminated() const { return isTerminated_; }
 
-  /// True when the hidden window was made by this call.
+  /// Returns true if this call created the hidden window.
   bool CreateSoundWindow();
 
-  /// The first slot with that device, 1 to 32, or 0.
+  /// The first slot with that device, 1 to 32, or 0 if there is none.
   [[nodiscard]] std::int32_t FindBufferByHandle(platform::WaveHandle device) const;
 
-  /// The hidden window's procedure: handles a device's notice, then passes every message on.
+  /// The hidden window's procedure: handles a wave-done message, then calls the previous procedure for every message.
   std::intptr_t SoundWindowProc(platform::WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
                                 std::intptr_t lParam);
 
-  /// A slot as it stands. Throws failure 9 outside 1..32.
+  /// The state of a slot. Throws failure 9 outside 1..32.
   [[nodiscard]] const SoundBuffer& Buffer(std::int32_t BufferIndex) const;
   [[nodiscard]] platform::WindowHandle SoundWindow() const { return window_; }
 

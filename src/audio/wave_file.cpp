@@ -14,9 +14,9 @@ namespace {
 constexpr std::size_t kSmallestFormat = 16;
 constexpr std::size_t kFormatRead = 20;
 constexpr std::size_t kExtensibleFormat = 40;
-// Samples are held whole, and twice more in the form that the mixer takes, which for one channel of 8 bits is four
-// times as long: nine bytes of memory for each. This is 47 seconds of a CD, and 95 in one channel: a note that says it
-// is longer is damaged, or made to take all memory.
+// The limit in bytes. A sample needs up to nine bytes of memory: the file's own, and two copies in the format of the
+// mixer, which for one channel of 8 bits is four times as large. 8 MiB are 47 seconds of CD stereo or 95 of mono: a
+// note that claims to be longer is damaged or crafted to exhaust memory.
 constexpr std::uint32_t kMostSamples = std::uint32_t{8} << 20U;
 
 }  // namespace
@@ -33,6 +33,7 @@ WaveFile::Problem WaveFile::ReadFormat(platform::WaveFormat& format) {
   if (format_.cksize < kSmallestFormat) {
     return "Not enough data, only " + std::to_string(format_.cksize) + ", wanted " + std::to_string(kSmallestFormat);
   }
+  // Kept: see docs/behaviour.md, The format record is read as 20 bytes.
   std::array<std::byte, kFormatRead> bytes{};
   if (reader_.Read(bytes) < static_cast<std::int64_t>(kSmallestFormat)) return "Not enough data read";
   const std::span<const std::byte, kFormatRead> record(bytes);

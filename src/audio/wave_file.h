@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The steps in which a WAVE file is read: enter the form, read the format record, find the samples, read them. Each
-// step answers with nothing when it succeeded and otherwise with the message that it owes; after a message there is no
-// next step. Whoever loads a sound shows the message or stays silent. Borrows the open file; one thread; throws what
-// the file throws.
+// Reads a WAVE file in steps: enter the form, read the format record, find the samples, read them. Each step returns
+// nullopt on success and otherwise the message of the failure; after a failure no further step may be called. The
+// caller decides whether to show the message. Does not own the file; throws what the file throws.
 
 #pragma once
 
@@ -19,21 +18,21 @@ namespace tonalith::audio {
 
 class WaveFile {
  public:
-  /// What stands in the way, as the text of a message box.
+  /// The failure as the text of a message box; nullopt on success.
   using Problem = std::optional<std::string>;
 
   explicit WaveFile(platform::InputFile& file) : reader_(file) {}
 
   Problem EnterForm();
 
-  /// Always reads 20 bytes. A plain record has 16, so its cbSize is then made of what follows the chunk; devices ignore
-  /// it for plain samples. An extensible record is followed further, to the format tag that its samples have.
+  /// Always reads 20 bytes. A plain record has 16, so its cbSize comes from the bytes after the chunk; devices ignore
+  /// it for plain samples. For an extensible record the format tag of the samples is read too.
   Problem ReadFormat(platform::WaveFormat& format);
 
-  /// Searches from the start of the form, so the samples may also stand before the format.
+  /// Searches from the start of the form, so the samples may precede the format.
   Problem FindData();
 
-  /// Reads the claimed number of bytes, allocating no more than the file holds. More than 8 MiB are refused.
+  /// Reads the number of bytes in the chunk header, allocating no more than the file size. Fails for more than 8 MiB.
   Problem ReadData(std::vector<std::byte>& samples);
 
  private:

@@ -30,17 +30,17 @@ struct Rig {
   OctaveNotePlayer player;
 };
 
-/// Writes down what it hears.
-class HeardNotes : public platform::NotePlayerNotifier {
+/// Records the notifications.
+class RecordingNoteNotifier : public platform::NotePlayerNotifier {
  public:
   void NoteStarted() override { heard += "started "; }
   void NoteEnded() override { heard += "ended "; }
   std::string heard;
 };
 
-TEST(OctaveNotePlayer, TellsWhenANoteSounds) {
+TEST(OctaveNotePlayer, NotifiesStartAndEndOfANote) {
   Rig rig;
-  HeardNotes notes;
+  RecordingNoteNotifier notes;
   rig.player.Notifier = &notes;
   rig.player.Play("1.wav");
   EXPECT_EQ(notes.heard, "started ");
@@ -51,14 +51,14 @@ TEST(OctaveNotePlayer, TellsWhenANoteSounds) {
   rig.player.Play("2.wav");
   EXPECT_EQ(notes.heard, "started ended started ended started ");
   rig.windows.Dispatch();
-  EXPECT_EQ(notes.heard, "started ended started ended started ") << "the notice of the replaced note is late";
+  EXPECT_EQ(notes.heard, "started ended started ended started ") << "the message of the replaced note is stale";
   rig.player.Stop();
   EXPECT_EQ(notes.heard, "started ended started ended started ended ");
 }
 
-TEST(OctaveNotePlayer, TellsNothingOfANoteThatDoesNotSound) {
+TEST(OctaveNotePlayer, DoesNotNotifyForANoteThatCannotPlay) {
   Rig rig;
-  HeardNotes notes;
+  RecordingNoteNotifier notes;
   rig.player.Notifier = &notes;
   rig.player.Play("missing.wav");
   rig.script.Refuse("open");
@@ -66,9 +66,9 @@ TEST(OctaveNotePlayer, TellsNothingOfANoteThatDoesNotSound) {
   EXPECT_EQ(notes.heard, "");
 }
 
-TEST(OctaveNotePlayer, SoundsWithoutAWindowForItsNotices) {
+TEST(OctaveNotePlayer, PlaysWithoutAMessageWindow) {
   Rig rig;
-  HeardNotes notes;
+  RecordingNoteNotifier notes;
   rig.player.Notifier = &notes;
   rig.script.Break("create window");
   rig.player.Play("1.wav");
@@ -76,7 +76,7 @@ TEST(OctaveNotePlayer, SoundsWithoutAWindowForItsNotices) {
   EXPECT_EQ(notes.heard, "");
 }
 
-TEST(OctaveNotePlayer, PlaysAFileWithItsNoticeToAHiddenWindow) {
+TEST(OctaveNotePlayer, PlaysAFileAndSendsItsMessageToAHiddenWindow) {
   Rig rig;
   rig.player.Play("2.wav");
   rig.Take();
@@ -89,7 +89,7 @@ TEST(OctaveNotePlayer, PlaysAFileWithItsNoticeToAHiddenWindow) {
             "prepare 102 with 100 bytes\nwrite 102\n");
 }
 
-TEST(OctaveNotePlayer, PutsANewNoteInThePlaceOfTheSoundingOne) {
+TEST(OctaveNotePlayer, ReplacesTheNoteThatIsPlaying) {
   Rig rig;
   rig.player.Play("1.wav");
   rig.Take();
@@ -106,21 +106,21 @@ TEST(OctaveNotePlayer, ReadsAFileOnce) {
   EXPECT_EQ(rig.script.Count("write"), 3);
 }
 
-TEST(OctaveNotePlayer, FallsSilentForAFileThatIsMissing) {
+TEST(OctaveNotePlayer, IsSilentForAMissingFile) {
   Rig rig;
   rig.player.Play("1.wav");
   rig.player.Play("missing.wav");
   EXPECT_TRUE(rig.output.OpenDevices().empty());
 }
 
-TEST(OctaveNotePlayer, FallsSilentForAFileThatIsNoSound) {
+TEST(OctaveNotePlayer, IsSilentForAFileThatIsNotASound) {
   Rig rig;
   rig.files.Put("text.wav", testing::Text("no sound at all"));
   rig.player.Play("text.wav");
   EXPECT_EQ(rig.script.Count("open"), 0);
 }
 
-TEST(OctaveNotePlayer, TriesAMissingFileAgainTheNextTime) {
+TEST(OctaveNotePlayer, RetriesAMissingFileNextTime) {
   Rig rig;
   rig.player.Play("late.wav");
   rig.files.Put("late.wav", Wave({}, Number(0, 4)));
@@ -128,7 +128,7 @@ TEST(OctaveNotePlayer, TriesAMissingFileAgainTheNextTime) {
   EXPECT_EQ(rig.script.Count("write"), 1);
 }
 
-TEST(OctaveNotePlayer, StaysSilentOnADeviceThatRefusesTheFormat) {
+TEST(OctaveNotePlayer, IsSilentIfTheDeviceRefusesTheFormat) {
   Rig rig;
   rig.script.Refuse("open");
   rig.player.Play("1.wav");
@@ -136,7 +136,7 @@ TEST(OctaveNotePlayer, StaysSilentOnADeviceThatRefusesTheFormat) {
   EXPECT_EQ(rig.output.OpenDevices().size(), 1U);
 }
 
-TEST(OctaveNotePlayer, ForgetsTheLongestUnheardFileWhenTheMemoryIsFull) {
+TEST(OctaveNotePlayer, EvictsTheLeastRecentlyUsedFileWhenTheCacheIsFull) {
   Rig rig(250);
   rig.player.Play("1.wav");
   rig.player.Play("2.wav");
@@ -150,25 +150,14 @@ TEST(OctaveNotePlayer, ForgetsTheLongestUnheardFileWhenTheMemoryIsFull) {
   EXPECT_EQ(rig.script.Count("open file"), 4);
 }
 
-TEST(OctaveNotePlayer, KeepsFourFilesOfTheLargestSize) {
-  constexpr std::size_t kLargestFile = std::size_t{8} << 20U;
-  const testing::Bytes largest = Wave({}, testing::Bytes(kLargestFile));
-  Rig rig;
-  for (const char* const name : {"a.wav", "b.wav", "c.wav", "d.wav", "e.wav"}) rig.files.Put(name, largest);
-  for (const char* const name : {"a.wav", "b.wav", "c.wav", "d.wav"}) rig.player.Play(name);
-  EXPECT_EQ(rig.player.CachedBytes(), 4 * kLargestFile);
-  rig.player.Play("e.wav");
-  EXPECT_EQ(rig.player.CachedBytes(), 4 * kLargestFile) << "the first one had to go";
-}
-
-TEST(OctaveNotePlayer, PlaysAFileThatIsLargerThanItsMemoryWithoutKeepingIt) {
+TEST(OctaveNotePlayer, PlaysAFileLargerThanTheCacheWithoutCachingIt) {
   Rig rig(50);
   rig.player.Play("1.wav");
   EXPECT_EQ(rig.player.CachedBytes(), 0U);
   EXPECT_TRUE(rig.output.IsPlaying(101));
 }
 
-TEST(OctaveNotePlayer, ReleasesItsDeviceWhenItGoes) {
+TEST(OctaveNotePlayer, ReleasesItsDeviceWhenDestroyed) {
   tests::AudioScript script;
   tests::ScriptedFileInput files(script);
   tests::ScriptedWindowMessages windows(script);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A playback on scripted ports and a scripted window. Every wait lets the sounding note end.
+// A playback on scripted ports and a scripted window. The note that is playing ends at every wait.
 
 #pragma once
 
@@ -16,7 +16,7 @@
 
 namespace tonalith::audio {
 
-/// A window with a neck in standard tuning; what is done to it goes into the record.
+/// A window with a neck in standard tuning; every call is recorded.
 class ScriptedStage : public PlaybackStage {
  public:
   explicit ScriptedStage(tests::AudioScript& script) : script_(script) {
@@ -58,7 +58,7 @@ class ScriptedStage : public PlaybackStage {
   tests::AudioScript& script_;
 };
 
-/// Every wait lets the sounding note end, after whatever the test does at that wait.
+/// Ends the note that is playing at every wait, after running the test's callback.
 class ScriptedEvents : public platform::EventPump {
  public:
   explicit ScriptedEvents(testing::SoundRig& rig) : rig_(rig) {}

@@ -17,7 +17,7 @@ using testing::Number;
 using testing::Riff;
 using testing::Text;
 
-/// The chunks that a search for "data" meets, as a line: "found <size> at <offset>" or "not there".
+/// A RIFF file in memory. FindData returns "found <size> at <offset>" or the failure.
 class OpenRiff {
  public:
   explicit OpenRiff(const Bytes& bytes) {
@@ -45,7 +45,7 @@ class OpenRiff {
 
 std::string FindDataIn(const Bytes& bytes) { return OpenRiff(bytes).FindData(); }
 
-TEST(RiffReader, PadsAShorterCodeWithBlanks) {
+TEST(RiffReader, PadsAShortCodeWithBlanks) {
   EXPECT_EQ(StringToFOURCC("fmt"), StringToFOURCC("fmt "));
   EXPECT_EQ(StringToFOURCC("RIFF"), 0x46464952U);
 }
@@ -83,44 +83,44 @@ TEST(RiffReader, EntersTheOuterChunkAndReadsItsForm) {
   EXPECT_EQ(outer.dwDataOffset, 8U);
 }
 
-TEST(RiffReader, DoesNotEnterAFileShorterThanAHeader) {
+TEST(RiffReader, DoesNotEnterAFileShorterThanItsHeader) {
   EXPECT_EQ(FindDataIn({}), "no outer chunk");
   EXPECT_EQ(FindDataIn(Text("RIFF")), "no outer chunk");
   EXPECT_EQ(FindDataIn(Text("RIFF") + Number(4, 4) + Text("WA")), "no outer chunk");
 }
 
-TEST(RiffReader, FindsAChunkBehindOthersAndTheirPadBytes) {
+TEST(RiffReader, FindsAChunkAfterOthersAndTheirPadBytes) {
   EXPECT_EQ(FindDataIn(Riff(Chunk("LIST", Number(1, 3)) + Chunk("fact", Number(1, 4)) + Chunk("bext", Number(1, 5)) +
                             Chunk("data", Number(1, 2)))),
             "found 2 at 58");
 }
 
-TEST(RiffReader, FindsAnOddSizedChunkThatTheFileEndsWithWithoutItsPadByte) {
+TEST(RiffReader, FindsAnOddSizedLastChunkWithoutItsPadByte) {
   EXPECT_EQ(FindDataIn(Text("RIFF") + Number(15, 4) + Text("WAVE") + Text("data") + Number(3, 4) + Number(0, 3)),
             "found 3 at 20");
 }
 
-TEST(RiffReader, DoesNotSearchBehindItsParent) {
+TEST(RiffReader, DoesNotSearchAfterTheParentsEnd) {
   EXPECT_EQ(FindDataIn(Riff(Chunk("fact", Number(1, 4)), 16) + Chunk("data", Number(1, 2))), "not there");
   EXPECT_EQ(FindDataIn(Riff(Chunk("data", Number(1, 2)), 0)), "not there");
   EXPECT_EQ(FindDataIn(Riff(Chunk("data", Number(1, 2)), 11)), "not there") << "the header reaches over the end";
 }
 
-TEST(RiffReader, TakesAParentThatClaimsTooMuchForAsLongAsTheFile) {
+TEST(RiffReader, LimitsAnOversizedParentToTheFileSize) {
   EXPECT_EQ(FindDataIn(Riff(Chunk("data", Number(1, 2)), 0xFFFFFFFF)), "found 2 at 20");
   EXPECT_EQ(FindDataIn(Riff(Chunk("fact", Number(1, 2)), 0xFFFFFFFF)), "not there");
 }
 
-TEST(RiffReader, GivesUpAtAChunkThatReachesOverTheEnd) {
+TEST(RiffReader, StopsAtAChunkThatExceedsTheFile) {
   EXPECT_EQ(FindDataIn(Riff(Chunk("fact", Number(1, 4), 0xFFFFFFFF) + Chunk("data", Number(1, 2)))), "not there");
   EXPECT_EQ(FindDataIn(Riff(Chunk("fact", Number(1, 4), 0x7FFFFFFF) + Chunk("data", Number(1, 2)))), "not there");
 }
 
-TEST(RiffReader, StepsOverChunksWithoutContent) {
+TEST(RiffReader, SkipsEmptyChunks) {
   EXPECT_EQ(FindDataIn(Riff(Chunk("fact", {}) + Chunk("fact", {}) + Chunk("data", Number(1, 2)))), "found 2 at 36");
 }
 
-TEST(RiffReader, StopsAtAReadOrASeekThatFails) {
+TEST(RiffReader, StopsAtAFailedReadOrSeek) {
   const Bytes bytes = Riff(Chunk("fact", Number(1, 4)) + Chunk("data", Number(1, 2)));
   for (int nth = 1; nth <= 4; ++nth) {
     OpenRiff file(bytes);
@@ -132,7 +132,7 @@ TEST(RiffReader, StopsAtAReadOrASeekThatFails) {
   EXPECT_EQ(file.FindData(), "not there");
 }
 
-TEST(RiffReader, CountsWhatTheFileHoldsFromTheCurrentPositionOn) {
+TEST(RiffReader, CountsTheRemainingBytes) {
   OpenRiff file(Number(0, 10));
   RiffReader reader = file.Reader();
   EXPECT_EQ(reader.Remaining(), 10U);
@@ -142,7 +142,7 @@ TEST(RiffReader, CountsWhatTheFileHoldsFromTheCurrentPositionOn) {
   EXPECT_EQ(reader.Remaining(), 0U);
 }
 
-TEST(RiffReader, LooksAtAThousandChunksAndNoMore) {
+TEST(RiffReader, ChecksAtMostAThousandChunks) {
   const auto afterChunks = [](int count) {
     Bytes chunks;
     for (int i = 0; i < count; ++i) chunks = std::move(chunks) + Chunk("junk", {});

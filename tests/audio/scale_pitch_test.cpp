@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// At which pitches the notes of a scale sound, and whose recordings they are.
+// The pitches at which the notes of a scale are played, for shipped and for user recordings.
 
 #include <gtest/gtest.h>
 
@@ -54,7 +54,7 @@ const std::map<Samples, voice::Pitch>& PitchesOfSamples() {
   return pitches;
 }
 
-/// A playback whose folder holds the recordings that ship.
+/// A playback with the shipped recordings in its folder.
 struct ShippedRig : PlaybackRig {
   ShippedRig() {
     for (int number = 0; number < 16; ++number) files.Put(File(number), BytesOf(voice::RenderScaleNote(60 + number)));
@@ -72,20 +72,20 @@ struct ShippedRig : PlaybackRig {
     }
   }
 
-  /// The pitches heard for a pattern in a key, "own" for a recording of the user's.
+  /// The pitches played for a pattern in a key; "own" means a user's recording.
   std::string Listen(const std::string& key, const std::string& pattern) {
     heard.clear();
     stage.key = key;
     stage.pattern = pattern;
     playback.PlayToneNotes();
-    // The last note is not waited for where the scale does not end on its key.
+    // The playback waits for the last note only if the scale ends on its key.
     return heard;
   }
 
   std::string heard;
 };
 
-TEST(ScalePitch, IsThatOfTheNoteInTheKey) {
+TEST(ScalePitch, IsThePitchOfTheNoteInTheKey) {
   ShippedRig rig;
   EXPECT_EQ(rig.Listen("C", "2212221"), "60 62 64 65 67 69 71 72");
   EXPECT_EQ(rig.Listen("A", "2122122"), "69 71 72 74 76 77 79 81");
@@ -95,32 +95,32 @@ TEST(ScalePitch, IsThatOfTheNoteInTheKey) {
   EXPECT_EQ(rig.box.Texts(), "");
 }
 
-TEST(ScalePitch, OfTheClosingKeyIsThatOfTheFirstNote) {
+TEST(ScalePitch, OfTheClosingKeyEqualsThatOfTheFirstNote) {
   ShippedRig rig;
   EXPECT_EQ(rig.Listen("D", "222"), "62 64 66 68 62");
   EXPECT_EQ(rig.Listen("A#", "75"), "70 77 82");
 }
 
-TEST(ScalePitch, GoesUpToTheEndOfTheTableOfNotes) {
+TEST(ScalePitch, ReachesTheEndOfTheNoteTable) {
   ShippedRig rig;
   EXPECT_EQ(rig.Listen("B", "996"), "71 80 89 95");
   EXPECT_EQ(rig.Listen("B", "997"), "");
   EXPECT_EQ(rig.box.Texts(), "9 Subscript out of range\n");
 }
 
-TEST(ScalePitch, OfAKeyTextThatIsNoNoteStartsFromC) {
+TEST(ScalePitch, StartsFromCForAnUnknownKeyText) {
   ShippedRig rig;
   EXPECT_EQ(rig.Listen("Bb", "435").substr(0, 8), "60 64 67");
   EXPECT_EQ(rig.Listen("", "435"), "60 64 67 72");
 }
 
-TEST(ScalePitch, LeavesARecordingOfTheUsersAsItIs) {
+TEST(ScalePitch, LeavesTheUsersRecordingUnchanged) {
   ShippedRig rig;
   rig.files.Put(ShippedRig::File(1), testing::Wave({}, testing::Number(7, 8)));
   EXPECT_EQ(rig.Listen("D", "222"), "62 own 66 68 62");
 }
 
-TEST(ScalePitch, LeavesAShippedRecordingThatTheUserHasChangedAsItIs) {
+TEST(ScalePitch, LeavesAnEditedShippedRecordingUnchanged) {
   ShippedRig rig;
   testing::Bytes louder = BytesOf(voice::RenderScaleNote(62));
   louder[1000] ^= std::byte{1};
@@ -131,11 +131,11 @@ TEST(ScalePitch, LeavesAShippedRecordingThatTheUserHasChangedAsItIs) {
   rig.files.Put(ShippedRig::File(2), slower);
   EXPECT_FALSE(IsShipped(louder));
   EXPECT_FALSE(IsShipped(slower));
-  // 2.wav, the third note and the closing key, holds the samples of 64 at another speed.
+  // 2.wav, the third note and the closing key, contains the samples of pitch 64 at another rate.
   EXPECT_EQ(rig.Listen("D", "222"), "62 own 64 68 64");
 }
 
-TEST(ScalePitch, OfAMissingOrDamagedFileIsTheLoadersMessage) {
+TEST(ScalePitch, ShowsTheLoadersMessageForAMissingOrDamagedFile) {
   ShippedRig rig;
   testing::Bytes damaged = BytesOf(voice::RenderScaleNote(62));
   damaged.resize(20'000);
@@ -148,14 +148,14 @@ TEST(ScalePitch, OfAMissingOrDamagedFileIsTheLoadersMessage) {
   EXPECT_EQ(rig.box.Texts(), "Could not read full buffer\nNot enough data, only 14, wanted 16\nCannot open file\n");
 }
 
-TEST(ScalePitch, IsNoMatterToALoadForAnyOtherPurpose) {
+TEST(ScalePitch, DoesNotAffectOtherLoads) {
   ShippedRig rig;
   rig.Listen("D", "2212221");
   ASSERT_TRUE(rig.sounds.LoadSoundBuffer(5, ShippedRig::File(3), BufferFlags::kNone));
   EXPECT_EQ(rig.sounds.Buffer(5).samples, SamplesOf(BytesOf(voice::RenderScaleNote(63))));
 }
 
-TEST(ScalePitch, AFailureOfTheFileIsTheLoadersToReport) {
+TEST(ScalePitch, LeavesFileFailuresToTheLoader) {
   ShippedRig rig;
   rig.files.RecordReads();
   rig.script.Break("read");
@@ -166,7 +166,7 @@ TEST(ScalePitch, AFailureOfTheFileIsTheLoadersToReport) {
   EXPECT_EQ(rig.box.Texts(), "Cannot open file\nopen file broke\n");
 }
 
-TEST(ShippedRecording, IsKnownByItsMark) {
+TEST(ShippedRecording, IsRecognisedByItsChecksumChunk) {
   const testing::Bytes shipped = BytesOf(voice::RenderScaleNote(60));
   EXPECT_TRUE(IsShipped(shipped));
   EXPECT_FALSE(IsShipped(testing::Wave({}, testing::Number(1, 1000))));
@@ -174,7 +174,7 @@ TEST(ShippedRecording, IsKnownByItsMark) {
   EXPECT_FALSE(IsShipped(testing::Text("RIFF")));
 }
 
-TEST(ShippedRecording, StaysOneWhenAnEditorHasWrittenItsChunksInAnotherOrder) {
+TEST(ShippedRecording, IsRecognisedWithItsChunksInAnotherOrder) {
   const testing::Bytes shipped = BytesOf(voice::RenderScaleNote(60));
   const testing::Bytes format(shipped.begin() + 12, shipped.begin() + 36);
   const testing::Bytes data(shipped.begin() + 36, shipped.end() - 16);
@@ -184,7 +184,7 @@ TEST(ShippedRecording, StaysOneWhenAnEditorHasWrittenItsChunksInAnotherOrder) {
   EXPECT_FALSE(IsShipped(testing::Riff(title + format + data)));
 }
 
-TEST(ShippedRecording, HasAMarkOfEightBytes) {
+TEST(ShippedRecording, HasAChecksumOfEightBytes) {
   const testing::Bytes shipped = BytesOf(voice::RenderScaleNote(60));
   const testing::Bytes chunks(shipped.begin() + 12, shipped.end() - 16);
   const testing::Bytes sum(shipped.end() - 8, shipped.end());
@@ -193,8 +193,8 @@ TEST(ShippedRecording, HasAMarkOfEightBytes) {
   EXPECT_FALSE(IsShipped(testing::Riff(chunks + testing::Chunk("tlth", {}))));
 }
 
-TEST(ShippedRecording, OfTheFirstVersionIsKnownByItsChecksum) {
-  // Its files were those of today without the mark.
+TEST(ShippedRecording, OfVersion10IsRecognisedByTheFileChecksum) {
+  // Its files were the present ones without the checksum chunk.
   const voice::Recipe& recipe = voice::BuiltInRecipe();
   const voice::SoundSet& set = recipe.sets.at(1);
   ASSERT_EQ(set.folder, "Audio");
@@ -207,7 +207,7 @@ TEST(ShippedRecording, OfTheFirstVersionIsKnownByItsChecksum) {
   }
 }
 
-TEST(ShippedRecording, IsNotLookedForInALongFile) {
+TEST(ShippedRecording, IsNotSearchedInALongFile) {
   testing::Bytes file = BytesOf(voice::RenderScaleNote(60));
   EXPECT_TRUE(IsShipped(file));
   file.resize(kLargestShippedRecording + 1);

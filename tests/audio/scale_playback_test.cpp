@@ -14,32 +14,32 @@ using Rig = PlaybackRig;
 
 constexpr const char* kCMajor = "0@img8 1@img10 2@img0 3@img1 4@img3 5@img5 6@img7 7@img8";
 
-TEST(PlayToneNotes, WalksTheScaleUpToTheOctave) {
+TEST(PlayToneNotes, PlaysTheScaleUpToTheOctave) {
   Rig rig;
   EXPECT_EQ(rig.Tune(), kCMajor);
   EXPECT_EQ(rig.box.Texts(), "");
 }
 
-TEST(PlayToneNotes, NumbersTheFilesByPositionWhateverTheKey) {
+TEST(PlayToneNotes, NumbersFilesByPositionInEveryKey) {
   Rig rig;
   rig.stage.key = "D";
   EXPECT_EQ(rig.Tune(), "0@img10 1@img0 2@img2 3@img3 4@img5 5@img7 6@img9 7@img10");
 }
 
-TEST(PlayToneNotes, TakesCForAnEmptyKeyText) {
+TEST(PlayToneNotes, UsesCForAnEmptyKeyText) {
   Rig rig;
   rig.stage.key = "";
   EXPECT_EQ(rig.Tune(), kCMajor);
 }
 
-TEST(PlayToneNotes, ClosesAScaleThatMissesTheOctaveWithTheKeysOwnFile) {
+TEST(PlayToneNotes, ClosesAScaleWithoutOctaveWithTheFileOfTheKey) {
   Rig rig;
   rig.stage.key = "D";
   rig.stage.pattern = "22";
   EXPECT_EQ(rig.Tune(), "0@img10 1@img0 2@img2 2@img10");
 }
 
-TEST(PlayToneNotes, PlaysNothingBeyondThePatternsEnd) {
+TEST(PlayToneNotes, PlaysNothingAfterThePatternsEnd) {
   Rig rig;
   rig.stage.pattern = "4";
   EXPECT_EQ(rig.Tune(), "0@img8 1@img0 0@img8");
@@ -54,18 +54,18 @@ TEST(PlayToneNotes, PlaysAtMostSixteenPositions) {
   EXPECT_EQ(rig.script.Count("open file"), 16);
 }
 
-TEST(PlayToneNotes, SkipsANoteThatRepeatsTheOneBefore) {
+TEST(PlayToneNotes, SkipsARepeatedNote) {
   Rig rig;
   rig.stage.pattern = "202";
   EXPECT_EQ(rig.Tune(), "0@img8 1@img10 3@img0 0@img8");
 }
 
-TEST(PlayToneNotes, SoundsOnlyTheFirstTwoStrings) {
+TEST(PlayToneNotes, PlaysOnlyTheFirstTwoStrings) {
   Rig rig;
   for (std::size_t image = 0; image < 32; ++image) rig.stage.tags[image] = "";
   EXPECT_EQ(rig.Tune(), "");
   EXPECT_EQ(rig.script.Count("open file"), 0);
-  EXPECT_EQ(rig.playback.CurrentPlayNote, "C") << "the silent strings still name the note";
+  EXPECT_EQ(rig.playback.CurrentPlayNote, "C") << "the silent strings still set the name of the note";
 }
 
 TEST(PlayToneNotes, UsesTheSlotOfTheNotesString) {
@@ -81,7 +81,7 @@ TEST(PlayToneNotes, UsesTheSlotOfTheNotesString) {
   EXPECT_EQ(slots, "2 2 2 2 2 2 2 2 ");
 }
 
-TEST(PlayToneNotes, NeverLetsTwoNotesSoundAtOnce) {
+TEST(PlayToneNotes, NeverPlaysTwoNotesAtOnce) {
   Rig rig;
   rig.events.during = [&](int /*wait*/) {
     int playing = 0;
@@ -89,10 +89,10 @@ TEST(PlayToneNotes, NeverLetsTwoNotesSoundAtOnce) {
     EXPECT_EQ(playing, 1);
   };
   rig.Tune();
-  EXPECT_EQ(rig.events.waits, 8) << "one wait for each note: nothing spins";
+  EXPECT_EQ(rig.events.waits, 8) << "one wait for each note: no polling";
 }
 
-TEST(PlayToneNotes, ShowsTheLifeOfEachNoteAndEndsAtStandby) {
+TEST(PlayToneNotes, ShowsTheStatesOfEachNoteAndEndsAtStandby) {
   Rig rig;
   rig.stage.pattern = "75";
   rig.Tune();
@@ -119,7 +119,7 @@ TEST(PlayToneNotes, ReleasesAllSlotsAtItsEnd) {
   EXPECT_TRUE(rig.output.OpenDevices().empty());
 }
 
-TEST(PlayToneNotes, ShowsTheMessageForAMissingFileAndGoesOn) {
+TEST(PlayToneNotes, ReportsAMissingFileAndContinues) {
   Rig rig;
   rig.files.Remove("Audio/0.wav");
   rig.files.Remove("Audio/2.wav");
@@ -152,7 +152,7 @@ TEST(PlayToneNotes, DoesNothingWhileAnotherCallRuns) {
   EXPECT_FALSE(rig.playback.IsRunning());
 }
 
-TEST(PlayToneNotes, KeepsToThePatternTheKeyAndTheTagsOfItsStart) {
+TEST(PlayToneNotes, UsesPatternKeyAndTagsOfItsStart) {
   Rig rig;
   rig.events.during = [&](int wait) {
     if (wait != 2) return;
@@ -163,7 +163,7 @@ TEST(PlayToneNotes, KeepsToThePatternTheKeyAndTheTagsOfItsStart) {
   EXPECT_EQ(rig.Tune(), kCMajor);
 }
 
-TEST(PlayToneNotes, EndsAtOnceWhenItIsCancelledInAWait) {
+TEST(PlayToneNotes, EndsImmediatelyWhenCancelledInAWait) {
   Rig rig;
   rig.events.during = [&](int wait) {
     if (wait != 3) return;
@@ -174,11 +174,11 @@ TEST(PlayToneNotes, EndsAtOnceWhenItIsCancelledInAWait) {
   };
   rig.playback.PlayToneNotes();
   EXPECT_EQ(rig.events.waits, 3);
-  EXPECT_EQ(rig.script.Record(), "") << "the window is going: nothing may touch it";
+  EXPECT_EQ(rig.script.Record(), "") << "the window is closing: do not call it";
   EXPECT_TRUE(rig.output.OpenDevices().empty());
 }
 
-TEST(PlayToneNotes, EndsWithoutAMessageWhenItIsCancelledInAMessageBox) {
+TEST(PlayToneNotes, EndsWithoutAMessageWhenCancelledInAMessageBox) {
   Rig rig;
   struct ClosingMsgBox : tests::RecordingMsgBox {
     using core::MsgBox::Show;
@@ -200,7 +200,7 @@ TEST(PlayToneNotes, EndsWithoutAMessageWhenItIsCancelledInAMessageBox) {
   EXPECT_EQ(rig.script.Record().find("flash"), std::string::npos);
 }
 
-TEST(PlayToneNotes, PlaysAgainAfterItWasCancelled) {
+TEST(PlayToneNotes, PlaysAgainAfterACancellation) {
   Rig rig;
   rig.events.during = [&](int wait) {
     if (wait == 3) rig.playback.Cancel();
@@ -210,7 +210,7 @@ TEST(PlayToneNotes, PlaysAgainAfterItWasCancelled) {
   EXPECT_EQ(rig.Tune(), kCMajor);
 }
 
-TEST(PlayToneNotes, DoesNotWaitForASlotThatWasReleasedInTheMiddle) {
+TEST(PlayToneNotes, DoesNotWaitForASlotReleasedWhilePlaying) {
   Rig rig;
   rig.events.during = [&](int wait) {
     if (wait == 2) rig.sounds.UnloadSoundBuffer(SoundManager::kAllBuffers);
@@ -218,7 +218,7 @@ TEST(PlayToneNotes, DoesNotWaitForASlotThatWasReleasedInTheMiddle) {
   EXPECT_EQ(rig.Tune(), kCMajor);
 }
 
-TEST(PlayToneNotes, GoesOnPastFailuresAndShowsTheLastOneAtItsEnd) {
+TEST(PlayToneNotes, ContinuesAfterFailuresAndShowsTheLastOneAtItsEnd) {
   Rig rig;
   rig.script.Break("flash", 2);
   rig.script.Break("hide", 16);
@@ -226,7 +226,7 @@ TEST(PlayToneNotes, GoesOnPastFailuresAndShowsTheLastOneAtItsEnd) {
   EXPECT_EQ(rig.box.Texts(), "hide broke\n");
 }
 
-TEST(PlayToneNotes, ShowsTheFailureOfARecordThatCannotBeRead) {
+TEST(PlayToneNotes, ShowsTheFailureOfAnUnreadableRecord) {
   Rig rig;
   rig.script.Break("field", 2);
   rig.Tune();
@@ -241,7 +241,7 @@ TEST(PlayToneNotes, ReportsANullPatternOnceAndPlaysNothing) {
   EXPECT_EQ(rig.box.Texts(), "9 Subscript out of range\n");
 }
 
-TEST(PlayToneNotes, ReportsAPatternThatIsNoneOnce) {
+TEST(PlayToneNotes, ReportsAnInvalidPatternOnce) {
   Rig rig;
   rig.stage.pattern = "2x2";
   EXPECT_EQ(rig.Tune(), "");
@@ -256,7 +256,7 @@ TEST(SoundMessageHandlers, ReportNumberAndDescription) {
   EXPECT_TRUE(rig.playback.SoundEnded);
 }
 
-TEST(PlayMultiSounds, PlaysTheSlotWithoutLookingAtTheFile) {
+TEST(PlayMultiSounds, PlaysTheSlotAndIgnoresTheFile) {
   Rig rig;
   rig.sounds.LoadSoundBuffer(2, "a.wav", BufferFlags::kNone);
   rig.playback.PlayMultiSounds(2, "other.wav");
@@ -265,23 +265,7 @@ TEST(PlayMultiSounds, PlaysTheSlotWithoutLookingAtTheFile) {
   EXPECT_EQ(rig.box.Texts(), "");
 }
 
-TEST(PlayMultiSounds, ReportsWhatTheSoundManagerThrows) {
-  struct BrokenMsgBox : core::MsgBox {
-    using core::MsgBox::Show;
-    core::MsgBoxAnswer Show(const std::string&, core::MsgBoxStyle, const std::string&) override {
-      throw std::runtime_error("no message box");
-    }
-  } broken;
-  Rig rig;
-  SoundManager sounds(rig.scaleSounds, rig.output, rig.windows, broken);
-  ScalePlayback playback(sounds, rig.scaleSounds, rig.stage, rig.events, rig.box);
-  sounds.LoadSoundBuffer(2, "a.wav", BufferFlags::kNone);
-  rig.script.Break("write");
-  playback.PlayMultiSounds(2, "a.wav");
-  EXPECT_EQ(rig.box.Texts(), "no message box\n");
-}
-
-/// A clock that goes on by what is waited.
+/// A clock that advances by the time waited.
 struct ManualTime : platform::TimeOfDay, platform::EventPump {
   [[nodiscard]] double SecondsSinceMidnight() const override { return now; }
   void WaitForEvents() override { ADD_FAILURE() << "waits without a limit"; }
@@ -308,7 +292,7 @@ TEST(Pause, EndsAtMidnight) {
   EXPECT_LT(time.now, 2);
 }
 
-TEST(Pause, IsOverAtOnceForNoSeconds) {
+TEST(Pause, ReturnsImmediatelyForZeroSeconds) {
   ManualTime time;
   Pause(0, time, time);
   Pause(-3, time, time);

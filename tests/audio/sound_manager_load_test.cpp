@@ -36,7 +36,7 @@ std::string MessagesOf(const testing::Bytes& content) {
   return rig.box.Texts();
 }
 
-TEST(LoadSoundBuffer, OpensTheFileTheWindowAndTheDeviceInThisOrder) {
+TEST(LoadSoundBuffer, OpensFileWindowAndDeviceInThisOrder) {
   SoundRig rig;
   EXPECT_TRUE(rig.sounds.LoadSoundBuffer(7, "a.wav", BufferFlags::kNone));
   EXPECT_EQ(rig.Take(), "open file a.wav\n" + std::string(kWindowLines) +
@@ -51,7 +51,7 @@ TEST(LoadSoundBuffer, OpensTheFileTheWindowAndTheDeviceInThisOrder) {
   EXPECT_EQ(rig.sounds.Buffer(7).header.dwBufferLength, 8U);
 }
 
-TEST(LoadSoundBuffer, MakesTheWindowOnce) {
+TEST(LoadSoundBuffer, CreatesTheWindowOnce) {
   SoundRig rig;
   rig.sounds.LoadSoundBuffer(1, "a.wav", BufferFlags::kNone);
   rig.Take();
@@ -64,7 +64,7 @@ TEST(LoadSoundBuffer, MakesTheWindowOnce) {
             "close file\n");
 }
 
-TEST(LoadSoundBuffer, TakesTheSlotsOneToThirtyTwoAndNoOther) {
+TEST(LoadSoundBuffer, AcceptsOnlySlots1To32) {
   SoundRig rig;
   for (const std::int32_t outside : {0, -1, 33, -2147483647, 2147483647}) {
     EXPECT_FALSE(rig.sounds.LoadSoundBuffer(outside, "a.wav", BufferFlags::kNone)) << outside;
@@ -74,7 +74,7 @@ TEST(LoadSoundBuffer, TakesTheSlotsOneToThirtyTwoAndNoOther) {
   EXPECT_TRUE(rig.sounds.LoadSoundBuffer(32, "a.wav", BufferFlags::kNone));
 }
 
-TEST(LoadSoundBuffer, SaysThatAFileCannotBeOpened) {
+TEST(LoadSoundBuffer, ReportsAFileThatCannotBeOpened) {
   SoundRig rig;
   EXPECT_FALSE(rig.sounds.LoadSoundBuffer(1, "missing.wav", BufferFlags::kNone));
   EXPECT_EQ(rig.Take(), "open file missing.wav\nmessage 'Cannot open file'\n");
@@ -91,7 +91,7 @@ TEST(LoadSoundBuffer, ShowsTheMessageOfEachStepOfReading) {
   EXPECT_EQ(MessagesOf(Riff(kFormat + Chunk("data", Number(0, 4), 5))), "Could not read full buffer\n");
 }
 
-TEST(LoadSoundBuffer, ShowsTheMessageOfAReadOrSeekThatFails) {
+TEST(LoadSoundBuffer, ShowsTheMessageOfAFailedReadOrSeek) {
   // Outer header, form, fmt header, format record, (seek), data header after stepping over fmt, samples.
   const std::string messages[] = {"Cannot descend",
                                   "Cannot descend",
@@ -123,7 +123,7 @@ TEST(LoadSoundBuffer, SearchesForTheSamplesFromTheStartOfTheForm) {
       << record;
 }
 
-TEST(LoadSoundBuffer, ReportsWhatBreaksDescribedAndAfterTheFileIsClosed) {
+TEST(LoadSoundBuffer, ReportsFailuresAfterClosingTheFile) {
   for (const char* step : {"open file", "read", "seek", "create window", "set procedure", "open", "prepare"}) {
     SoundRig rig;
     rig.script.Break(step);
@@ -133,7 +133,7 @@ TEST(LoadSoundBuffer, ReportsWhatBreaksDescribedAndAfterTheFileIsClosed) {
   }
 }
 
-TEST(LoadSoundBuffer, GoesOnPastADeviceThatBreaks) {
+TEST(LoadSoundBuffer, ContinuesAfterADeviceFailure) {
   SoundRig rig;
   rig.script.Break("open");
   EXPECT_TRUE(rig.sounds.LoadSoundBuffer(1, "a.wav", BufferFlags::kNone));
@@ -145,7 +145,7 @@ TEST(LoadSoundBuffer, GoesOnPastADeviceThatBreaks) {
                             "message 'open broke'\n");
 }
 
-TEST(LoadSoundBuffer, EndsWithoutAMessageWhenTheWindowCannotBeMade) {
+TEST(LoadSoundBuffer, FailsWithoutAMessageIfTheWindowCannotBeCreated) {
   SoundRig rig;
   rig.script.Refuse("create window");
   EXPECT_FALSE(rig.sounds.LoadSoundBuffer(1, "a.wav", BufferFlags::kNone));
@@ -154,7 +154,7 @@ TEST(LoadSoundBuffer, EndsWithoutAMessageWhenTheWindowCannotBeMade) {
   EXPECT_TRUE(rig.sounds.LoadSoundBuffer(1, "a.wav", BufferFlags::kNone)) << "the next load tries again";
 }
 
-TEST(LoadSoundBuffer, DoesNotExamineWhatBecomesOfTheDevice) {
+TEST(LoadSoundBuffer, IgnoresDeviceResults) {
   SoundRig rig;
   rig.script.Refuse("open");
   rig.script.Refuse("prepare");
@@ -162,10 +162,10 @@ TEST(LoadSoundBuffer, DoesNotExamineWhatBecomesOfTheDevice) {
   EXPECT_EQ(rig.sounds.Buffer(1).state, BufferState::kLoaded);
   EXPECT_EQ(rig.sounds.Buffer(1).device, platform::kNoWaveHandle);
   EXPECT_EQ(rig.box.Texts(), "");
-  EXPECT_FALSE(rig.sounds.PlaySoundBuffer(1)) << "there is nothing to play on";
+  EXPECT_FALSE(rig.sounds.PlaySoundBuffer(1)) << "there is no device";
 }
 
-TEST(LoadSoundBuffer, HandsTheFormatToTheDeviceUnchanged) {
+TEST(LoadSoundBuffer, PassesTheFormatToTheDeviceUnchanged) {
   SoundRig rig;
   rig.files.Put("odd.wav", Riff(Chunk("fmt ", PlainRecord({0x55, 9, 7, 3})) + Chunk("data", Number(0, 2))));
   EXPECT_TRUE(rig.sounds.LoadSoundBuffer(1, "odd.wav", BufferFlags::kNone));
@@ -190,20 +190,20 @@ TEST(LoadSoundBuffer, StopsAndReleasesASlotThatIsPlaying) {
             "prepare 102 with 6 bytes\n"
             "SoundLoaded 3\n"
             "close file\n");
-  // The old device's notice is still on its way: it is nobody's any more.
+  // The old device's message is still queued: it is stale.
   EXPECT_EQ(rig.windows.Dispatch(), 1);
   EXPECT_EQ(rig.Take(), "class procedure 957\n");
   EXPECT_EQ(rig.sounds.Buffer(3).state, BufferState::kLoaded);
 }
 
-TEST(LoadSoundBuffer, EmptiesTheSlotEvenWhenTheNewFileIsNoSound) {
+TEST(LoadSoundBuffer, ReleasesTheSlotEvenIfTheNewFileIsNotASound) {
   SoundRig rig;
   rig.sounds.LoadSoundBuffer(3, "a.wav", BufferFlags::kNone);
   EXPECT_FALSE(rig.sounds.LoadSoundBuffer(3, "missing.wav", BufferFlags::kNone));
   EXPECT_EQ(rig.sounds.Buffer(3).state, BufferState::kEmpty);
 }
 
-TEST(LoadSoundBuffer, PlaysAsItsLastStepWhenAskedTo) {
+TEST(LoadSoundBuffer, PlaysAsItsLastStepWhenRequested) {
   SoundRig rig;
   EXPECT_TRUE(rig.sounds.LoadSoundBuffer(4, "a.wav", BufferFlags::kPlayOnLoad));
   EXPECT_TRUE(rig.Take().ends_with("SoundLoaded 4\nwrite 101\nSoundPlayStart 4\nclose file\n"));
@@ -217,12 +217,12 @@ TEST(LoadSoundBuffer, LoadsASoundWithoutSamples) {
   EXPECT_EQ(rig.sounds.Buffer(1).header.dwBufferLength, 0U);
 }
 
-TEST(LoadSoundBuffer, KeepsTheSecondSoundWhenAClientFillsTheSlotMeanwhile) {
+TEST(LoadSoundBuffer, LoadsTheSecondSoundAlthoughTheNotifierReloadsTheSlot) {
   SoundRig rig;
   rig.sounds.LoadSoundBuffer(5, "a.wav", BufferFlags::kNone);
-  rig.notifier.then = [&](const std::string& notice) {
+  rig.notifier.then = [&](const std::string& event) {
     rig.notifier.then = nullptr;
-    if (notice == "SoundUnloaded 5") rig.sounds.LoadSoundBuffer(5, "a.wav", BufferFlags::kNone);
+    if (event == "SoundUnloaded 5") rig.sounds.LoadSoundBuffer(5, "a.wav", BufferFlags::kNone);
   };
   EXPECT_TRUE(rig.sounds.LoadSoundBuffer(5, "b.wav", BufferFlags::kNone));
   EXPECT_EQ(rig.output.OpenDevices(), std::vector<platform::WaveHandle>{103});

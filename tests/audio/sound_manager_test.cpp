@@ -14,7 +14,7 @@ namespace {
 
 using testing::SoundRig;
 
-/// A rig whose slots 1 to `loaded` hold a sound, with an empty record. Slot n has the device 100 + n.
+/// A rig with a sound in each of the slots 1 to `loaded` and an empty record. Slot n has the device 100 + n.
 struct LoadedRig : SoundRig {
   explicit LoadedRig(std::int32_t loaded = 1, BufferFlags flags = BufferFlags::kNone) {
     for (std::int32_t slot = 1; slot <= loaded; ++slot) sounds.LoadSoundBuffer(slot, "a.wav", flags);
@@ -22,33 +22,33 @@ struct LoadedRig : SoundRig {
   }
 };
 
-TEST(PlaySoundBuffer, WritesTheHeaderAndTellsOfTheStart) {
+TEST(PlaySoundBuffer, WritesTheHeaderAndNotifiesTheStart) {
   LoadedRig rig;
   EXPECT_TRUE(rig.sounds.PlaySoundBuffer(1));
   EXPECT_EQ(rig.Take(), "write 101\nSoundPlayStart 1\n");
   EXPECT_EQ(rig.sounds.Buffer(1).state, BufferState::kPlaying);
 }
 
-TEST(PlaySoundBuffer, DoesNothingForAnEmptySlotAndOutsideTheTable) {
+TEST(PlaySoundBuffer, DoesNothingForAnEmptyOrInvalidSlot) {
   SoundRig rig;
   for (const std::int32_t slot : {1, 32, 0, 33, -1}) EXPECT_FALSE(rig.sounds.PlaySoundBuffer(slot)) << slot;
   EXPECT_EQ(rig.Take(), "");
 }
 
-TEST(PlaySoundBuffer, StopsASlotThatIsPlayingAndGivesFalse) {
+TEST(PlaySoundBuffer, StopsAPlayingSlotAndReturnsFalse) {
   LoadedRig rig;
   rig.sounds.PlaySoundBuffer(1);
   rig.Take();
   EXPECT_FALSE(rig.sounds.PlaySoundBuffer(1));
   EXPECT_EQ(rig.Take(), "reset 101\n");
   EXPECT_FALSE(rig.output.IsPlaying(101));
-  EXPECT_EQ(rig.sounds.Buffer(1).state, BufferState::kPlaying) << "until the notice arrives";
+  EXPECT_EQ(rig.sounds.Buffer(1).state, BufferState::kPlaying) << "until the message arrives";
   rig.windows.Dispatch();
   EXPECT_EQ(rig.Take(), "SoundPlayEnd 1\nclass procedure 957\n");
   EXPECT_TRUE(rig.sounds.PlaySoundBuffer(1));
 }
 
-TEST(PlaySoundBuffer, CountsAsPlayingWhateverTheDeviceMakesOfIt) {
+TEST(PlaySoundBuffer, CountsAsPlayingRegardlessOfTheDeviceResult) {
   LoadedRig rig;
   rig.script.Refuse("write");
   EXPECT_TRUE(rig.sounds.PlaySoundBuffer(1));
@@ -56,7 +56,7 @@ TEST(PlaySoundBuffer, CountsAsPlayingWhateverTheDeviceMakesOfIt) {
   EXPECT_EQ(rig.box.Texts(), "");
 }
 
-TEST(StopSoundBuffer, ResetsThePlayingSlotsInTheirOrder) {
+TEST(StopSoundBuffer, ResetsPlayingSlotsInOrder) {
   LoadedRig rig(4);
   for (const std::int32_t slot : {3, 1}) rig.sounds.PlaySoundBuffer(slot);
   rig.Take();
@@ -64,13 +64,13 @@ TEST(StopSoundBuffer, ResetsThePlayingSlotsInTheirOrder) {
   EXPECT_EQ(rig.Take(), "reset 101\nreset 103\n");
 }
 
-TEST(StopSoundBuffer, LeavesEverythingElseAlone) {
+TEST(StopSoundBuffer, IgnoresAllOtherSlots) {
   LoadedRig rig;
   for (const std::int32_t slot : {1, 2, 0, 33, -2}) rig.sounds.StopSoundBuffer(slot);
   EXPECT_EQ(rig.Take(), "");
 }
 
-TEST(UnloadSoundBuffer, ReleasesTheDeviceAndEverythingTheSlotHolds) {
+TEST(UnloadSoundBuffer, ReleasesTheDeviceAndTheContentOfTheSlot) {
   LoadedRig rig(1, BufferFlags::kUnloadOnEnd);
   rig.sounds.UnloadSoundBuffer(1);
   EXPECT_EQ(rig.Take(), "unprepare 101\nclose 101\nSoundUnloaded 1\n");
@@ -81,13 +81,13 @@ TEST(UnloadSoundBuffer, ReleasesTheDeviceAndEverythingTheSlotHolds) {
   EXPECT_EQ(rig.sounds.Buffer(1).flags, BufferFlags::kUnloadOnEnd) << "until the next load";
 }
 
-TEST(UnloadSoundBuffer, SaysNothingForAnEmptySlotAndOutsideTheTable) {
+TEST(UnloadSoundBuffer, DoesNotNotifyForAnEmptyOrInvalidSlot) {
   SoundRig rig;
   for (const std::int32_t slot : {1, 0, 33, -2, -1}) rig.sounds.UnloadSoundBuffer(slot);
   EXPECT_EQ(rig.Take(), "");
 }
 
-TEST(UnloadSoundBuffer, ReleasesAllSlotsInTheirOrder) {
+TEST(UnloadSoundBuffer, ReleasesAllSlotsInOrder) {
   LoadedRig rig(3);
   rig.sounds.PlaySoundBuffer(2);
   rig.Take();
@@ -98,7 +98,7 @@ TEST(UnloadSoundBuffer, ReleasesAllSlotsInTheirOrder) {
             "unprepare 103\nclose 103\nSoundUnloaded 3\n");
 }
 
-TEST(UnloadSoundBuffer, GoesOnPastEachStepThatBreaks) {
+TEST(UnloadSoundBuffer, ContinuesAfterEachFailedStep) {
   for (const char* step : {"reset", "unprepare", "close"}) {
     LoadedRig rig;
     rig.sounds.PlaySoundBuffer(1);
@@ -111,36 +111,36 @@ TEST(UnloadSoundBuffer, GoesOnPastEachStepThatBreaks) {
   }
 }
 
-TEST(SoundMessages, ComeInTheOrderOfASoundsLife) {
+TEST(SoundMessages, ArriveInTheOrderLoadPlayEndUnload) {
   SoundRig rig;
   rig.sounds.LoadSoundBuffer(9, "a.wav", BufferFlags::kNone);
   rig.sounds.PlaySoundBuffer(9);
   rig.output.FinishAll();
   rig.windows.Dispatch();
   rig.sounds.UnloadSoundBuffer(9);
-  std::string notices;
+  std::string events;
   std::istringstream lines(rig.Take());
   for (std::string line; std::getline(lines, line);) {
-    if (line.starts_with("Sound")) notices += line + "\n";
+    if (line.starts_with("Sound")) events += line + "\n";
   }
-  EXPECT_EQ(notices, "SoundLoaded 9\nSoundPlayStart 9\nSoundPlayEnd 9\nSoundUnloaded 9\n");
+  EXPECT_EQ(events, "SoundLoaded 9\nSoundPlayStart 9\nSoundPlayEnd 9\nSoundUnloaded 9\n");
 }
 
-TEST(SoundMessages, UnloadOnEndReleasesTheSlotWithinTheSameNotice) {
+TEST(SoundMessages, UnloadOnEndReleasesTheSlotInTheSameMessage) {
   LoadedRig rig(1, BufferFlags::kPlayOnLoad | BufferFlags::kUnloadOnEnd);
   rig.output.Finish(101);
   rig.windows.Dispatch();
   EXPECT_EQ(rig.Take(), "SoundPlayEnd 1\nunprepare 101\nclose 101\nSoundUnloaded 1\nclass procedure 957\n");
 }
 
-TEST(SoundMessages, NoEventsKeepsASlotQuiet) {
+TEST(SoundMessages, NoEventsSuppressesTheNotifications) {
   LoadedRig rig(1, BufferFlags::kNoEvents | BufferFlags::kPlayOnLoad | BufferFlags::kUnloadOnEnd);
   rig.output.Finish(101);
   rig.windows.Dispatch();
   EXPECT_EQ(rig.Take(), "unprepare 101\nclose 101\nclass procedure 957\n");
 }
 
-TEST(SoundMessages, EverythingWorksWithoutANotifier) {
+TEST(SoundMessages, AreOptional) {
   SoundRig rig;
   rig.sounds.Notifier = nullptr;
   EXPECT_TRUE(rig.sounds.LoadSoundBuffer(1, "a.wav", BufferFlags::kNone));
@@ -153,7 +153,7 @@ TEST(SoundMessages, EverythingWorksWithoutANotifier) {
   EXPECT_EQ(rig.box.Texts(), "");
 }
 
-TEST(SoundMessages, ANotifierNeedNotCareForAnyOfThem) {
+TEST(SoundMessages, ANotifierMayIgnoreAllOfThem) {
   SoundRig rig;
   SoundManagerNotifier careless;
   rig.sounds.Notifier = &careless;
@@ -165,9 +165,9 @@ TEST(SoundMessages, ANotifierNeedNotCareForAnyOfThem) {
   EXPECT_EQ(rig.box.Texts(), "");
 }
 
-TEST(SoundMessages, ANotifierThatThrowsIsReportedAndStopsNothing) {
+TEST(SoundMessages, AThrowingNotifierIsReportedAndStopsNothing) {
   LoadedRig rig;
-  rig.notifier.then = [](const std::string& notice) { throw core::Failure(5, "no " + notice); };
+  rig.notifier.then = [](const std::string& event) { throw core::Failure(5, "no " + event); };
   EXPECT_TRUE(rig.sounds.PlaySoundBuffer(1));
   rig.output.Finish(101);
   rig.windows.Dispatch();
@@ -175,23 +175,23 @@ TEST(SoundMessages, ANotifierThatThrowsIsReportedAndStopsNothing) {
   EXPECT_EQ(rig.box.Texts(), "no SoundPlayStart 1\nno SoundPlayEnd 1\n");
 }
 
-TEST(SoundMessages, AClientThatEmptiesTheSlotAtItsEndFindsItEmptyAfterwards) {
+TEST(SoundMessages, ANotifierMayUnloadTheSlotAtItsEnd) {
   LoadedRig rig(1, BufferFlags::kPlayOnLoad);
-  rig.notifier.then = [&](const std::string& notice) {
-    if (notice == "SoundPlayEnd 1") rig.sounds.UnloadSoundBuffer(1);
+  rig.notifier.then = [&](const std::string& event) {
+    if (event == "SoundPlayEnd 1") rig.sounds.UnloadSoundBuffer(1);
   };
   rig.output.Finish(101);
   rig.windows.Dispatch();
   EXPECT_EQ(rig.sounds.Buffer(1).state, BufferState::kEmpty);
 }
 
-TEST(SoundWindowProc, PassesEveryMessageOnAndGivesTheResult) {
+TEST(SoundWindowProc, ForwardsEveryMessageAndReturnsTheResult) {
   LoadedRig rig;
   EXPECT_EQ(rig.windows.Send(1, 0x10, 3, 4), 7);
   EXPECT_EQ(rig.Take(), "class procedure 16\n");
 }
 
-TEST(SoundWindowProc, IgnoresANoticeThatBelongsToNoSlot) {
+TEST(SoundWindowProc, IgnoresAMessageThatBelongsToNoSlot) {
   LoadedRig rig(1, BufferFlags::kPlayOnLoad);
   for (const std::uintptr_t device : {std::uintptr_t{999}, std::uintptr_t{0}, (std::uintptr_t{1} << 32U) + 101}) {
     EXPECT_EQ(rig.windows.Send(1, platform::kWaveOutputDone, device, 0), 7);
@@ -200,20 +200,20 @@ TEST(SoundWindowProc, IgnoresANoticeThatBelongsToNoSlot) {
   EXPECT_EQ(rig.sounds.Buffer(1).state, BufferState::kPlaying);
 }
 
-TEST(SoundWindowProc, ReportsAFailureOfThePassingOn) {
+TEST(SoundWindowProc, ReportsAFailureOfForwarding) {
   LoadedRig rig;
   rig.script.Break("call procedure");
   EXPECT_EQ(rig.windows.Send(1, 0x10, 0, 0), 0);
   EXPECT_EQ(rig.box.Texts(), "call procedure broke\n");
 }
 
-TEST(FindBufferByHandle, GivesTheFirstSlotWithThatDevice) {
+TEST(FindBufferByHandle, ReturnsTheFirstSlotWithThatDevice) {
   LoadedRig rig(3);
   EXPECT_EQ(rig.sounds.FindBufferByHandle(102), 2);
   EXPECT_EQ(rig.sounds.FindBufferByHandle(555), 0);
 }
 
-TEST(CreateSoundWindow, DoesNothingWhenAWindowIsStored) {
+TEST(CreateSoundWindow, DoesNothingIfAWindowIsStored) {
   SoundRig rig;
   EXPECT_TRUE(rig.sounds.CreateSoundWindow());
   EXPECT_FALSE(rig.sounds.CreateSoundWindow());
@@ -235,7 +235,7 @@ TEST(TerminateSoundManager, DoesNothingBeforeTheFirstLoad) {
   EXPECT_EQ(rig.Take(), "");
 }
 
-TEST(TerminateSoundManager, LeavesTheWindowsHandleStoredSoThatNoOtherIsMade) {
+TEST(TerminateSoundManager, KeepsTheWindowHandleSoThatNoOtherIsCreated) {
   LoadedRig rig;
   rig.sounds.TerminateSoundManager();
   rig.Take();
@@ -248,10 +248,10 @@ TEST(TerminateSoundManager, LeavesTheWindowsHandleStoredSoThatNoOtherIsMade) {
             "prepare 102 with 8 bytes\n"
             "SoundLoaded 1\nwrite 102\nSoundPlayStart 1\nclose file\n");
   rig.output.Finish(102);
-  EXPECT_EQ(rig.windows.Dispatch(), 0) << "the notice has nowhere to go";
+  EXPECT_EQ(rig.windows.Dispatch(), 0) << "the message has no window";
 }
 
-TEST(SoundManager, ReleasesEverythingQuietlyWhenItGoes) {
+TEST(SoundManager, ReleasesEverythingWithoutMessagesWhenDestroyed) {
   tests::AudioScript script;
   tests::ScriptedFileInput files(script);
   tests::ScriptedWindowMessages windows(script);
@@ -278,7 +278,7 @@ TEST(SoundManager, PlaysAllThirtyTwoSlotsAtOnce) {
   for (std::int32_t slot = 1; slot <= 32; ++slot) EXPECT_EQ(rig.sounds.Buffer(slot).state, BufferState::kLoaded);
 }
 
-TEST(SoundManager, HasNoSlotOutsideItsTable) {
+TEST(SoundManager, ThrowsForASlotOutsideItsTable) {
   SoundRig rig;
   EXPECT_THROW(static_cast<void>(rig.sounds.Buffer(0)), core::Failure);
   EXPECT_THROW(static_cast<void>(rig.sounds.Buffer(33)), core::Failure);

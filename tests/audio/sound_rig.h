@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A sound manager on scripted ports, with everything that happens written into one record in its order.
+// A sound manager on scripted ports; everything that happens is recorded in order.
 
 #pragma once
 
@@ -23,7 +23,7 @@ class RecordingNotifier : public audio::SoundManagerNotifier {
   void SoundPlayStart(std::int32_t BufferIndex) override { Note("SoundPlayStart", BufferIndex); }
   void SoundPlayEnd(std::int32_t BufferIndex) override { Note("SoundPlayEnd", BufferIndex); }
   void SoundUnloaded(std::int32_t BufferIndex) override { Note("SoundUnloaded", BufferIndex); }
-  /// Called after each entry with its text: what a client does on a notice.
+  /// Called after each entry with its text: the reaction of a client.
   std::function<void(const std::string&)> then;
 
  private:
@@ -35,7 +35,7 @@ class RecordingNotifier : public audio::SoundManagerNotifier {
   tests::AudioScript& script_;
 };
 
-/// A message box whose messages stand in the record too.
+/// A message box whose messages are recorded too.
 class LoggingMsgBox : public tests::RecordingMsgBox {
  public:
   explicit LoggingMsgBox(tests::AudioScript& script) : script_(script) {}
@@ -56,7 +56,7 @@ struct SoundRig {
     sounds.Notifier = &notifier;
   }
 
-  /// The record so far; it starts anew.
+  /// Returns the record so far and clears it.
   std::string Take() {
     std::string record = script.Record();
     script.Forget();

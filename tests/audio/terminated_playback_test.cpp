@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A playback whose sound manager was terminated, before or meanwhile: no notice can come any more, and it is not waited
-// for. And one that was cancelled: it keeps silent to its end and no longer.
+// A playback whose sound manager is terminated before or while it runs does not wait for messages that cannot arrive. A
+// cancelled playback shows nothing until its end.
 
 #include <gtest/gtest.h>
 
@@ -31,7 +31,7 @@ class PlainStage : public PlaybackStage {
   std::string status;
 };
 
-/// Lets the sounding note end at each wait. A playback that waits again and again is ended, so that a test of it ends.
+/// Ends the note that is playing at each wait. Cancels a playback that waits too often, so that a failing test ends.
 class PatientEvents : public platform::EventPump {
  public:
   explicit PatientEvents(testing::SoundRig& rig) : rig_(rig) {}
@@ -66,14 +66,14 @@ struct TerminatedRig : testing::SoundRig {
   ScalePlayback playback{sounds, scaleSounds, stage, events, box};
 };
 
-TEST(TerminatedPlayback, WaitsForEachNoteWhileThereIsASoundManager) {
+TEST(TerminatedPlayback, WaitsForEachNoteBeforeTheTermination) {
   TerminatedRig rig;
   rig.playback.PlayToneNotes();
   EXPECT_EQ(rig.stage.flashes, 8);
   EXPECT_EQ(rig.events.waits, 7);
 }
 
-TEST(TerminatedPlayback, WaitsForNothingAfterTheEndOfTheSoundManager) {
+TEST(TerminatedPlayback, DoesNotWaitAfterTheTermination) {
   TerminatedRig rig;
   rig.playback.PlayToneNotes();
   rig.sounds.TerminateSoundManager();
@@ -84,7 +84,7 @@ TEST(TerminatedPlayback, WaitsForNothingAfterTheEndOfTheSoundManager) {
   EXPECT_FALSE(rig.playback.IsRunning());
 }
 
-TEST(TerminatedPlayback, StopsWaitingWhenTheSoundManagerEndsMeanwhile) {
+TEST(TerminatedPlayback, StopsWaitingAtTheTermination) {
   TerminatedRig rig;
   rig.events.during = [&](int wait) {
     if (wait == 3) rig.sounds.TerminateSoundManager();
@@ -94,14 +94,14 @@ TEST(TerminatedPlayback, StopsWaitingWhenTheSoundManagerEndsMeanwhile) {
   EXPECT_FALSE(rig.playback.IsRunning());
 }
 
-TEST(CancelledPlayback, ShowsAgainWhatBecomesOfSoundsOnceItHasEnded) {
+TEST(CancelledPlayback, ShowsTheStatusAgainAfterItsEnd) {
   TerminatedRig rig;
   rig.events.during = [&](int wait) {
     if (wait == 3) rig.playback.Cancel();
   };
   rig.playback.PlayToneNotes();
   ASSERT_FALSE(rig.playback.IsRunning());
-  EXPECT_EQ(rig.stage.status, "Playing: E") << "nothing is shown from the cancelling on";
+  EXPECT_EQ(rig.stage.status, "Playing: E") << "nothing is shown after the cancellation";
   rig.sounds.LoadSoundBuffer(1, "Audio/0.wav", BufferFlags::kNone);
   EXPECT_EQ(rig.stage.status, "Loaded");
   rig.sounds.UnloadSoundBuffer(1);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// RIFF files for tests, put together from their parts: every size can be claimed wrongly, every chunk left out.
+// Builds RIFF files for tests from parts: every size can be false, every chunk can be left out.
 
 #pragma once
 
@@ -24,7 +24,7 @@ inline Bytes operator+(Bytes left, const Bytes& right) {
   return left;
 }
 
-/// `size` bytes of a number, the lowest first; zeros behind its eighth.
+/// The `size` lowest bytes of a number, little-endian; zeros after the eighth.
 inline Bytes Number(std::uint64_t value, std::size_t size) {
   Bytes bytes;
   for (std::size_t i = 0; i < size; ++i)
@@ -63,7 +63,7 @@ inline Bytes PlainRecord(const Format& format) {
          Number(std::uint64_t{format.rate} * align, 4) + Number(align, 2) + Number(format.bits, 2);
 }
 
-/// The 40 bytes of an extensible record around samples of the format's tag.
+/// The 40 bytes of an extensible record for samples with the format's tag.
 inline Bytes ExtensibleRecord(const Format& format) {
   Format outer = format;
   outer.tag = 0xFFFE;
@@ -75,7 +75,7 @@ inline Bytes Wave(const Format& format, const Bytes& samples) {
   return Riff(Chunk("fmt ", PlainRecord(format)) + Chunk("data", samples));
 }
 
-/// One sample of -1 to 1 in a format.
+/// One sample, `value` between -1 and 1.
 inline Bytes Sample(const Format& format, double value) {
   if (format.tag == 3) {
     const auto number = static_cast<float>(value);
@@ -89,7 +89,7 @@ inline Bytes Sample(const Format& format, double value) {
   return Number(static_cast<std::uint64_t>(std::llround(value * top)), format.bits / 8U);
 }
 
-/// A sine of that pitch (hertz), length (seconds) and height (1 is full scale), the same in all channels.
+/// A sine of that pitch (hertz), length (seconds) and amplitude (1 is full scale), the same in all channels.
 inline Bytes Sine(const Format& format, double pitch, double seconds, double height) {
   Bytes samples;
   const auto frames = static_cast<std::size_t>(seconds * format.rate);

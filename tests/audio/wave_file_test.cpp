@@ -62,13 +62,13 @@ TEST(WaveFile, ReadsFormatAndSamples) {
   EXPECT_EQ(read.samples, Number(0x123456, 6));
 }
 
-TEST(WaveFile, RefusesOtherFormsAndTheBigEndianKind) {
+TEST(WaveFile, RefusesOtherFormsAndBigEndianFiles) {
   EXPECT_EQ(ReadAll(Riff(kFormat, std::nullopt, "AVI ")).problem, "Incorrect format");
   EXPECT_EQ(ReadAll(Riff(kFormat, std::nullopt, "WAVE", "RIFX")).problem, "Incorrect format");
   EXPECT_EQ(ReadAll(Riff(kFormat, std::nullopt, "WAVE", "LIST")).problem, "Incorrect format");
 }
 
-TEST(WaveFile, WantsSixteenBytesOfFormat) {
+TEST(WaveFile, RequiresSixteenBytesOfFormat) {
   EXPECT_EQ(ReadAll(Riff(Chunk("fmt ", Number(1, 14)) + Chunk("data", Number(0, 4)))).problem,
             "Not enough data, only 14, wanted 16");
   EXPECT_EQ(ReadAll(Riff(Chunk("fmt ", {}) + Chunk("data", Number(0, 4)))).problem,
@@ -76,18 +76,18 @@ TEST(WaveFile, WantsSixteenBytesOfFormat) {
   EXPECT_EQ(ReadAll(Riff(Chunk("fmt ", PlainRecord({})) + Chunk("data", Number(0, 4)))).problem, "none");
 }
 
-TEST(WaveFile, ReadsTwentyBytesOfFormatWhateverTheChunksSize) {
-  // The two bytes behind a plain record are the first of the next chunk's code.
+TEST(WaveFile, ReadsTwentyBytesOfFormatForEveryChunkSize) {
+  // The two bytes after a plain record are the first of the next chunk's code.
   const Outcome read = ReadAll(Riff(kFormat + Chunk("data", Number(0, 4))));
   EXPECT_EQ(read.format.record.cbSize, 'd' | ('a' << 8));
 }
 
-TEST(WaveFile, MissesFormatAtTheEndOfTheFile) {
+TEST(WaveFile, FailsForATruncatedFormatAtTheEndOfTheFile) {
   EXPECT_EQ(ReadAll(Riff(Chunk("data", Number(0, 4)) + Chunk("fmt ", Number(1, 12), 16), 0xFFFF)).problem,
             "Not enough data read");
 }
 
-TEST(WaveFile, TakesAFormatOfExactlySixteenBytesAtTheEndOfTheFile) {
+TEST(WaveFile, AcceptsSixteenBytesOfFormatAtTheEndOfTheFile) {
   EXPECT_EQ(ReadAll(Riff(Chunk("data", Number(0, 4)) + kFormat)).problem, "none");
 }
 
@@ -97,18 +97,18 @@ TEST(WaveFile, FindsSamplesBeforeTheFormat) {
   EXPECT_EQ(read.samples, Number(77, 4));
 }
 
-TEST(WaveFile, StepsOverOddChunksBeforeTheSamples) {
+TEST(WaveFile, SkipsOddSizedChunksBeforeTheSamples) {
   const Bytes extra = Chunk("bext", Number(0, 601)) + Chunk("LIST", Number(0, 11)) + Chunk("fact", Number(2, 4));
   EXPECT_EQ(ReadAll(Riff(extra + kFormat + extra + Chunk("data", Number(5, 4)))).samples, Number(5, 4));
 }
 
-TEST(WaveFile, SaysWhichChunkIsMissing) {
+TEST(WaveFile, ReportsTheMissingChunk) {
   EXPECT_EQ(ReadAll(Riff(Chunk("data", Number(0, 4)))).problem, "Could not find fmt chunk");
   EXPECT_EQ(ReadAll(Riff(kFormat)).problem, "Could not descend into data");
   EXPECT_EQ(ReadAll(Riff(kFormat + Chunk("DATA", Number(0, 4)))).problem, "Could not descend into data");
 }
 
-TEST(WaveFile, SaysWhenSamplesAreMissing) {
+TEST(WaveFile, ReportsMissingSamples) {
   EXPECT_EQ(ReadAll(Riff(kFormat + Chunk("data", Number(0, 4), 6))).problem, "Could not read full buffer");
   EXPECT_EQ(ReadAll(Riff(kFormat + Chunk("data", Number(0, 4), 0xFFFFFFFF), 0xFFFFFFFF)).problem,
             "Could not read full buffer");
@@ -120,18 +120,18 @@ TEST(WaveFile, ReadsAnEmptyDataChunk) {
   EXPECT_TRUE(read.samples.empty());
 }
 
-TEST(WaveFile, ReadsOnlyTheClaimedPartOfTheSamples) {
+TEST(WaveFile, ReadsOnlyTheNumberOfBytesInTheChunkHeader) {
   EXPECT_EQ(ReadAll(Riff(kFormat + Chunk("data", Number(0x0102030405060708, 8), 4))).samples, Number(0x05060708, 4));
 }
 
-TEST(WaveFile, FollowsAnExtensibleRecordToTheTagOfItsSamples) {
+TEST(WaveFile, ReadsTheFormatTagOfAnExtensibleRecord) {
   const Outcome read = ReadAll(Riff(Chunk("fmt ", ExtensibleRecord({3, 2, 44100, 32})) + Chunk("data", Number(0, 8))));
   EXPECT_EQ(read.format.record.wFormatTag, platform::wave_format_tag::kExtensible);
   EXPECT_EQ(read.format.record.cbSize, 22);
   EXPECT_EQ(read.format.subFormat, platform::wave_format_tag::kFloat);
 }
 
-TEST(WaveFile, LeavesTheTagOpenWhereAnExtensibleRecordIsCutShort) {
+TEST(WaveFile, HasNoSubFormatForATruncatedExtensibleRecord) {
   Bytes record = ExtensibleRecord({1, 1, 44100, 16});
   record.resize(38);
   const Outcome read = ReadAll(Riff(Chunk("fmt ", record) + Chunk("data", Number(9, 4))));
@@ -140,14 +140,14 @@ TEST(WaveFile, LeavesTheTagOpenWhereAnExtensibleRecordIsCutShort) {
   EXPECT_EQ(read.samples, Number(9, 4));
 }
 
-TEST(WaveFile, EndsEarlyAtEveryByteWithoutAFullSound) {
+TEST(WaveFile, FailsForAFileTruncatedAtAnyByte) {
   const Bytes whole = Riff(Chunk("LIST", Number(0, 5)) + kFormat + Chunk("data", Number(0, 10)));
   for (std::size_t size = 0; size < whole.size(); ++size) {
     EXPECT_NE(ReadAll(Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(size))).problem, "none") << size;
   }
 }
 
-/// What the process may allocate beyond what it has, for the time of a test.
+/// Limits the memory of the process to its present size plus `more` bytes.
 class MemoryBound {
  public:
   explicit MemoryBound(std::size_t more) {
@@ -175,7 +175,7 @@ constexpr bool kOwnAllocator = true;
 constexpr bool kOwnAllocator = false;
 #endif
 
-TEST(WaveFile, AllocatesNoMoreForALyingSizeThanTheFileHolds) {
+TEST(WaveFile, AllocatesAtMostTheFileSizeForAFalseChunkSize) {
   const std::string path = ::testing::TempDir() + "lying_size.wav";
   const Bytes bytes = Riff(kFormat + Chunk("data", Number(0, 100), 0xFFFFFFF0), 0xFFFFFFFF);
   std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()), std::ssize(bytes));
@@ -187,7 +187,7 @@ TEST(WaveFile, AllocatesNoMoreForALyingSizeThanTheFileHolds) {
     read = ReadAll(*file);
   } else {
     const MemoryBound bound(std::size_t{16} << 20U);
-    EXPECT_THROW(std::vector<std::byte>(std::size_t{64} << 20U), std::bad_alloc) << "the bound has to hold";
+    EXPECT_THROW(std::vector<std::byte>(std::size_t{64} << 20U), std::bad_alloc) << "the limit must be effective";
     read = ReadAll(*file);
   }
   EXPECT_EQ(read.problem, "Could not read full buffer");
@@ -195,7 +195,7 @@ TEST(WaveFile, AllocatesNoMoreForALyingSizeThanTheFileHolds) {
   std::filesystem::remove(path);
 }
 
-TEST(WaveFile, RefusesSamplesThatWouldTakeAllMemoryThoughTheFileHoldsThem) {
+TEST(WaveFile, RefusesSamplesAboveTheSizeLimit) {
   constexpr std::uint32_t kMost = std::uint32_t{8} << 20U;
   const std::string path = ::testing::TempDir() + "nearly_endless.wav";
   for (const std::uint32_t size : {kMost, kMost + 1, 0xFFFFFF00U}) {
@@ -212,7 +212,7 @@ TEST(WaveFile, RefusesSamplesThatWouldTakeAllMemoryThoughTheFileHoldsThem) {
   std::filesystem::remove(path);
 }
 
-TEST(WaveFile, GivesUpOnAnEndlessRowOfEmptyChunks) {
+TEST(WaveFile, StopsInAFileOfEmptyChunks) {
   const std::string path = ::testing::TempDir() + "empty_chunks.wav";
   const Bytes start = Riff({}, 0xFFFFFFFF);
   std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(start.data()), std::ssize(start));
