@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The checksum by which a recording is recognised: 64 bits, FNV-1a (G. Fowler, L. C. Noll and K.-P. Vo). It finds
-// changes, it does not protect against forgery. Pure function.
+// The checksum that identifies a recording: 64 bits, FNV-1a (G. Fowler, L. C. Noll and K.-P. Vo). It detects changes
+// but does not protect against forgery.
 
 #pragma once
 

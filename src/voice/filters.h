@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The small filters that the guitar is built from. Each is fed one sample at a time and holds a sample or two of state;
-// all start silent and are stable for the arguments that their constructors name. No thread, no failure.
+// The filters of the guitar synthesis. Each takes one sample at a time and stores one or two samples of state; all
+// start at zero and are stable for the arguments that their constructors allow.
 
 #pragma once
 
@@ -13,10 +13,10 @@ namespace tonalith::voice {
 
 inline constexpr double kSampleRate = 44100.0;
 
-/// Radians for each sample.
+/// Angular frequency in radians per sample.
 inline double Omega(double hertz) { return 2.0 * std::numbers::pi * hertz / kSampleRate; }
 
-/// Six decibels less for every octave above the corner, 0 < hertz < half the sample rate.
+/// 6 dB per octave above the corner frequency, 0 < hertz < half the sample rate.
 class OnePoleLowPass {
  public:
   explicit OnePoleLowPass(double hertz) : keep_(std::exp(-Omega(hertz))) {}
@@ -27,7 +27,7 @@ class OnePoleLowPass {
   double state_ = 0.0;
 };
 
-/// What a OnePoleLowPass takes away.
+/// The complement of a OnePoleLowPass.
 class OnePoleHighPass {
  public:
   explicit OnePoleHighPass(double hertz) : low_(hertz) {}

@@ -24,10 +24,10 @@ constexpr double kBridgeReturns = 0.92;
 
 std::size_t Samples(double seconds) { return static_cast<std::size_t>(std::lround(seconds * kSampleRate)); }
 
-/// From 0 to 1 along half a cosine while `share` goes from 0 to 1.
+/// Half a cosine from 0 to 1 for `share` from 0 to 1.
 double Ease(double share) { return 0.5 - 0.5 * std::cos(std::numbers::pi * std::clamp(share, 0.0, 1.0)); }
 
-/// White noise between -1 and 1 by the splitmix64 generator, which is the same on every machine.
+/// White noise between -1 and 1 by the splitmix64 generator, which is the same on every system.
 class Noise {
  public:
   explicit Noise(std::uint64_t seed) : state_(seed) {}
@@ -44,7 +44,7 @@ class Noise {
   std::uint64_t state_;
 };
 
-/// The short rustle of skin and nail: rises within a millisecond, dies away within some ten.
+/// The short noise of skin and nail: rises within a millisecond, decays within about ten.
 std::vector<double> Rustle(Noise& noise, double lowHertz, double highHertz) {
   OnePoleHighPass low(lowHertz);
   OnePoleLowPass high(highHertz);
@@ -58,8 +58,8 @@ std::vector<double> Rustle(Noise& noise, double lowHertz, double highHertz) {
   return burst;
 }
 
-/// What the finger does to the string: a soft impulse and the nail's noise, and the same once more with the sign
-/// turned, come back from the bridge a little weaker. That comb is the colour of the pluck position.
+/// The excitation by the finger: a soft impulse and the nail's noise, and the same inverted, a little weaker, reflected
+/// from the bridge. This comb filter gives the timbre of the pluck position.
 std::vector<double> Pluck(const Guitar& guitar, Pitch pitch, Noise& noise) {
   OnePoleLowPass flesh(guitar.fingerHertz.At(pitch));
   OnePoleLowPass skin(guitar.fingerHertz.At(pitch));
@@ -83,7 +83,7 @@ std::vector<double> Pluck(const Guitar& guitar, Pitch pitch, Noise& noise) {
   return pluck;
 }
 
-/// The wood: the direct sound and every resonance beside it.
+/// The body: the direct sound plus all resonances.
 class Body {
  public:
   Body(const Guitar& guitar, Pitch pitch) : level_(FromDecibels(guitar.body.At(pitch))) {
@@ -109,7 +109,7 @@ class Body {
   double level_;
 };
 
-/// String and body before anybody looks at level and length.
+/// String and body before fade and level are applied.
 std::vector<double> Ring(const Guitar& guitar, Pitch pitch, std::size_t count) {
   Noise noise(guitar.seed + static_cast<std::uint64_t>(pitch));
   const std::vector<double> pluck = Pluck(guitar, pitch, noise);
@@ -120,13 +120,13 @@ std::vector<double> Ring(const Guitar& guitar, Pitch pitch, std::size_t count) {
   const double trebleDecay = guitar.trebleDecay.At(pitch);
   const double sideLevel = FromDecibels(guitar.sideLevel.At(pitch));
   const double sideDecay = guitar.sideDecay.At(pitch);
-  // Both swings are put out of tune around the pitch, in proportion to what they carry, so that the pair is in tune.
+  // Both vibrations are detuned around the pitch, in proportion to their energy, so that the sum is in tune.
   const double apart = guitar.sideCents.At(pitch) / 1200.0;
   const double sideShare = sideLevel * sideDecay / (1.0 + sideLevel * sideDecay);
   PluckedString across(hertz * std::exp2(-sideShare * apart), decay, kTrebleHertz, trebleDecay);
   PluckedString along(hertz * std::exp2((1.0 - sideShare) * apart), decay * sideDecay, kTrebleHertz,
                       trebleDecay * sideDecay);
-  // The string's wave is an acceleration, the bridge feels a force: one integration lies between them.
+  // The string's wave is an acceleration and the bridge responds to force: integrate once.
   OnePoleLowPass bridge(kBridgeHertz);
   OnePoleHighPass rumble(kSubsonicHertz);
   OnePoleHighPass offset(kSubsonicHertz);

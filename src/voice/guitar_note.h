@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// One note of the guitar, from the finger on the string to a finished sound: pluck, two swings of the string, body,
-// fade and level. The same recipe and pitch give the same samples every time. A pure function.
+// Synthesises one note of the guitar: pluck, two vibrations of the string, body, fade and level. The same recipe and
+// pitch always give the same samples.
 
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace tonalith::voice {
 
-/// No sample of a file goes above this.
+/// The upper limit for the samples of a file, in decibels below full scale.
 inline constexpr double kPeakDecibels = -1.0;
 
 struct NoteLength {
@@ -21,14 +21,14 @@ struct NoteLength {
   double silenceSeconds = 0.0;
 };
 
-/// Of a file of a set.
+/// The lengths of file `number` of a set.
 NoteLength LengthOf(const SoundSet& set, int number);
 
-/// The samples at 44.1 kHz and the recipe's level, full scale being 1; the first is 0 and so are those of the closing
-/// silence. A low or a loud string may go above kPeakDecibels.
+/// The samples at 44.1 kHz and the recipe's level; full scale is 1. The first sample is 0, as are those of the final
+/// silence. A low or loud string may exceed kPeakDecibels.
 std::vector<double> PlayNote(const Guitar& guitar, Pitch pitch, const NoteLength& length);
 
-/// The highest sample, in decibels against full scale.
+/// The largest absolute sample, in decibels relative to full scale.
 double PeakDecibels(const std::vector<double>& samples);
 
 }  // namespace tonalith::voice

@@ -13,7 +13,7 @@
 namespace tonalith::voice {
 namespace {
 
-/// The head's shelf of BS.1770, worked out for our sample rate from its analogue corner, slope and gain.
+/// The first filter (shelf) of BS.1770, calculated for kSampleRate from its analogue corner, slope and gain.
 Biquad HeadShelf() {
   const double k = std::tan(std::numbers::pi * 1681.974450955533 / kSampleRate);
   const double q = 0.7071752369554196;
@@ -24,7 +24,7 @@ Biquad HeadShelf() {
           2.0 * (k * k - 1.0) / a0, (1.0 - k / q + k * k) / a0};
 }
 
-/// The low cut of BS.1770.
+/// The second filter (high-pass) of BS.1770.
 Biquad LowCut() {
   const double k = std::tan(std::numbers::pi * 38.13547087602444 / kSampleRate);
   const double q = 0.5003270373238773;

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// One swing of a plucked string: a delay line closed over a loss filter and a tuning filter, after K. Karplus and
+// One vibration of a plucked string: a delay line closed over a loss filter and a tuning filter, after K. Karplus and
 // A. Strong, "Digital Synthesis of Plucked-String and Drum Timbres", and D. A. Jaffe and J. O. Smith, "Extensions of
 // the Karplus-Strong Plucked-String Algorithm", both Computer Music Journal 7(2), 1983. The loop is exactly one period
-// long at the fundamental: the all-pass makes up the fraction of a sample that delay line and loss filter leave over.
-// Owned and fed by one note; no thread; the arguments are taken as valid.
+// long at the fundamental: the all-pass adds the fraction of a sample that delay line and loss filter leave. Arguments
+// are not checked.
 
 #pragma once
 
@@ -16,11 +16,11 @@ namespace tonalith::voice {
 
 class PluckedString {
  public:
-  /// `hertz` between 20 and 4000. The fundamental falls by 60 dB in `decay` seconds, a partial at `trebleHertz` (above
-  /// the fundamental) in `trebleDecay`, which is the shorter of both.
+  /// `hertz` between 20 and 4000. The fundamental decays by 60 dB in `decay` seconds, a partial at `trebleHertz` (above
+  /// the fundamental) in the shorter `trebleDecay`.
   PluckedString(double hertz, double decay, double trebleHertz, double trebleDecay);
 
-  /// Feeds one sample of the pluck and returns one sample of the wave that runs towards the bridge.
+  /// Takes one sample of the pluck and returns one sample of the wave towards the bridge.
   double Next(double pluck) {
     const double delayed = line_[at_];
     const double tuned = allPass_ * delayed + tuneState_;

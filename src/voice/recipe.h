@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The recipe of the shipped sounds: which files there are, their pitches and lengths, and the numbers of the guitar
-// that plays them. The build makes the program's recipe of the text in content/sounds. Plain values without a thread of
-// their own; nothing fails.
+// The recipe of the shipped sounds: the files, their pitches and lengths, and the parameters of the guitar. The build
+// generates the program's recipe from the text in content/sounds.
 
 #pragma once
 
@@ -14,14 +13,14 @@
 
 namespace tonalith::voice {
 
-/// A pitch as its distance in semitones from C-1; A4 is 69 and sounds at 440 Hz.
+/// A pitch in semitones above C-1; A4 is 69 and has 440 Hz.
 using Pitch = int;
 
-/// The range in which the string and its filters work.
+/// The range of the string and its filters.
 inline constexpr Pitch kLowestPitch = 20;
 inline constexpr Pitch kHighestPitch = 100;
 
-/// A value that changes over the neck: straight lines between the points, the end points' values beyond them.
+/// A value that depends on the pitch: linear between the points, constant beyond the end points.
 class Curve {
  public:
   struct Point {
@@ -30,7 +29,7 @@ class Curve {
   };
 
   Curve() = default;
-  /// At least one point, in rising order of pitch.
+  /// At least one point, in ascending order of pitch.
   explicit Curve(std::vector<Point> points) : points_(std::move(points)) {}
 
   [[nodiscard]] double At(Pitch pitch) const;
@@ -44,26 +43,26 @@ class Curve {
 struct BodyMode {
   double hertz = 0.0;
   double sharpness = 0.0;  ///< Centre frequency divided by bandwidth.
-  double gain = 0.0;       ///< Linear, against the direct sound; the sign is the mode's phase.
+  double gain = 0.0;       ///< Linear, relative to the direct sound; the sign is the mode's phase.
 };
 
 struct Guitar {
   std::uint64_t seed = 0;
   double levelDecibels = 0.0;  ///< Level of every note, see loudness.h; below 0.
-  Curve decay;                 ///< Seconds in which the fundamental falls by 60 dB.
+  Curve decay;                 ///< Seconds for a decay of the fundamental by 60 dB.
   Curve trebleDecay;           ///< The same for a partial at kTrebleHertz.
-  Curve pluckPosition;         ///< Share of the string between bridge and finger, 0.02 to 0.5.
-  Curve fingerHertz;           ///< Corner above which the flesh of the finger swallows the pluck.
-  Curve nail;                  ///< Level of the nail's noise against the pluck in dB.
-  Curve touch;                 ///< Level of the finger's own noise in dB, heard through the body alone.
-  Curve sideLevel;             ///< Level in dB of the string's swing along the top against the one across it.
-  Curve sideCents;             ///< How much the swing along the top is out of tune.
-  Curve sideDecay;             ///< Its decay as a multiple of the other's.
+  Curve pluckPosition;         ///< Distance from the bridge as a share of the string, 0.02 to 0.5.
+  Curve fingerHertz;           ///< Corner above which the finger damps the pluck.
+  Curve nail;                  ///< Level of the nail's noise in dB, relative to the pluck.
+  Curve touch;                 ///< Level of the finger's noise in dB, through the body only.
+  Curve sideLevel;             ///< Level in dB of the vibration parallel to the top, relative to the other.
+  Curve sideCents;             ///< Detuning of the vibration parallel to the top.
+  Curve sideDecay;             ///< Its decay as a multiple of the other's decay.
   Curve body;                  ///< Level of all resonances together in dB.
   std::vector<BodyMode> modes;
 };
 
-/// The pitch up to which Guitar::trebleDecay speaks.
+/// The frequency of the partial that Guitar::trebleDecay describes.
 inline constexpr double kTrebleHertz = 4000.0;
 
 enum class Steps { kChromatic, kMajor };
@@ -74,10 +73,10 @@ struct SoundSet {
   Steps steps = Steps::kChromatic;
   Pitch first = 0;
   int count = 0;
-  double firstSeconds = 0.0;  ///< Length of the file 0; the lengths between it and the last file lie on a line.
+  double firstSeconds = 0.0;  ///< Length of file 0; the lengths up to the last file are interpolated linearly.
   double lastSeconds = 0.0;
-  double fadeSeconds = 0.0;     ///< The finger comes down on the string over this time ...
-  double silenceSeconds = 0.0;  ///< ... and this much silence follows, which ends the file.
+  double fadeSeconds = 0.0;     ///< Time in which the finger damps the string.
+  double silenceSeconds = 0.0;  ///< Silence after that, at the end of the file.
 
   [[nodiscard]] Pitch PitchOf(int number) const;
   [[nodiscard]] double SecondsOf(int number) const;
@@ -90,13 +89,13 @@ struct Recipe {
   std::vector<SoundSet> sets;
 };
 
-/// The recipe that the program was built with: content/sounds/guitar.recipe. Safe to call from several threads.
+/// The recipe compiled into the program: content/sounds/guitar.recipe.
 const Recipe& BuiltInRecipe();
 
-/// Hertz in equal temperament.
+/// Frequency in equal temperament.
 double HertzOf(Pitch pitch);
 
-/// A linear factor from decibels.
+/// Converts decibels to a linear factor.
 double FromDecibels(double decibels);
 
 }  // namespace tonalith::voice

@@ -19,7 +19,7 @@ std::string RenderScaleNote(Pitch pitch) {
   std::vector<double> samples = PlayNote(recipe.guitar, std::clamp(pitch, kLowestPitch, kHighestPitch), length);
   const double gain = std::min(1.0, FromDecibels(kPeakDecibels - PeakDecibels(samples)));
   for (double& sample : samples) sample *= gain;
-  return WavFile(samples, Mark::kShipped);
+  return WavFile(samples, ChecksumChunk::kInclude);
 }
 
 }  // namespace tonalith::voice

@@ -20,16 +20,16 @@ void Put(std::string& bytes, std::uint64_t value, unsigned count) {
 
 }  // namespace
 
-std::string WavFile(std::span<const double> samples, Mark mark) {
+std::string WavFile(std::span<const double> samples, ChecksumChunk chunk) {
   constexpr std::uint32_t kSampleBytes = kWavBits / 8;
   constexpr std::uint32_t kHeaderSize = 44;
   constexpr std::uint32_t kChunkHeaderSize = 8;
   const auto dataBytes = static_cast<std::uint32_t>(samples.size() * kSampleBytes);
-  const std::uint32_t markBytes = mark == Mark::kShipped ? kChunkHeaderSize + kChecksumSize : 0;
+  const std::uint32_t checksumBytes = chunk == ChecksumChunk::kInclude ? kChunkHeaderSize + kChecksumSize : 0;
   std::string bytes;
-  bytes.reserve(kHeaderSize + dataBytes + markBytes);
+  bytes.reserve(kHeaderSize + dataBytes + checksumBytes);
   bytes += "RIFF";
-  Put(bytes, kHeaderSize - kChunkHeaderSize + dataBytes + markBytes, 4);
+  Put(bytes, kHeaderSize - kChunkHeaderSize + dataBytes + checksumBytes, 4);
   bytes += "WAVEfmt ";
   Put(bytes, 16, 4);
   Put(bytes, 1, 2);  // PCM
@@ -44,7 +44,7 @@ std::string WavFile(std::span<const double> samples, Mark mark) {
     const long step = std::lround(std::clamp(sample, -1.0, 1.0) * 32767.0);
     Put(bytes, static_cast<std::uint32_t>(step), kSampleBytes);
   }
-  if (mark == Mark::kShipped) {
+  if (chunk == ChecksumChunk::kInclude) {
     const std::uint64_t checksum = Checksum(std::as_bytes(std::span(bytes).subspan(kHeaderSize)));
     bytes += kChecksumChunk;
     Put(bytes, kChecksumSize, 4);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The recipe's text form: what it means, and what is said about a text that is none.
+// The text form of the recipe: its meaning, and the errors of invalid text.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -44,7 +44,7 @@ std::string ErrorOf(const std::string& text) {
   return "";
 }
 
-TEST(Recipe, TellsTheGuitarAndTheSets) {
+TEST(Recipe, ContainsTheGuitarAndTheSets) {
   const voice::Recipe recipe = ParseRecipe(kGuitar + kSets);
   EXPECT_EQ(recipe.guitar.seed, 7U);
   EXPECT_EQ(recipe.guitar.levelDecibels, -20.0);
@@ -58,7 +58,7 @@ TEST(Recipe, TellsTheGuitarAndTheSets) {
   EXPECT_EQ(recipe.sets[0].SecondsOf(1), 1.5);
 }
 
-TEST(Recipe, WalksAMajorScale) {
+TEST(Recipe, StepsThroughAMajorScale) {
   const voice::SoundSet scale = ParseRecipe(kGuitar + kSets).sets[1];
   std::vector<int> pitches;
   pitches.reserve(9);
@@ -68,7 +68,7 @@ TEST(Recipe, WalksAMajorScale) {
   EXPECT_THAT(pitches, testing::ElementsAre(60, 62, 64, 65, 67, 69, 71, 72, 74));
 }
 
-TEST(Recipe, DrawsStraightLinesBetweenTheColumnsAndKeepsTheirEnds) {
+TEST(Recipe, InterpolatesBetweenTheColumnsAndClampsAtTheEnds) {
   const voice::Curve decay = ParseRecipe(kGuitar + kSets).guitar.decay;
   EXPECT_EQ(decay.At(24), 3.0);
   EXPECT_EQ(decay.At(36), 3.0);
@@ -77,7 +77,7 @@ TEST(Recipe, DrawsStraightLinesBetweenTheColumnsAndKeepsTheirEnds) {
   EXPECT_EQ(decay.At(90), 2.0);
 }
 
-TEST(Recipe, SaysWhichLineIsWrongAndWhy) {
+TEST(Recipe, ReportsTheInvalidLineAndTheCause) {
   EXPECT_EQ(ErrorOf("seed 7\ndecay 2 2\n"), "line 2: \"columns\" has to come before \"decay\"");
   EXPECT_EQ(ErrorOf(kGuitar + "twang 3 3\n"), "line 17: \"twang\" is unknown");
   EXPECT_EQ(ErrorOf("seed x\n"), "line 1: \"x\" is no number (seed)");
@@ -102,13 +102,13 @@ TEST(Recipe, RefusesASetThatCannotBePlayed) {
   EXPECT_EQ(ErrorOf(kGuitar + "set Low major from C6 files 20" + tail), "Low leaves the range from G#0 to E7");
 }
 
-TEST(Recipe, RefusesAStringWhoseTrebleOutlivesItsFundamental) {
+TEST(Recipe, RefusesATrebleDecayLongerThanTheDecay) {
   std::string text = kGuitar + kSets;
   text.replace(text.find("0.4 0.4"), 7, "0.4 2.5");
   EXPECT_EQ(ErrorOf(text), "treble-decay is not below decay");
 }
 
-TEST(Recipe, NamesWhatIsMissing) {
+TEST(Recipe, ReportsMissingEntries) {
   EXPECT_EQ(ErrorOf(""), "\"decay\" is missing");
   EXPECT_EQ(ErrorOf(kGuitar), "a recipe needs a mode and a set");
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The sound files of the stage, each of them measured.
+// Measures every sound file of the stage.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -81,12 +81,12 @@ void ExpectEvenLevels(double (*level)(const std::vector<double>&)) {
   }
 }
 
-TEST(ShippedSounds, AreFortyEightOctavesAndSixteenScaleNotesAndNothingElse) {
+TEST(ShippedSounds, Are48OctaveNotesAnd16ScaleNotes) {
   EXPECT_EQ(CountFiles("Octaves"), 48);
   EXPECT_EQ(CountFiles("Audio"), 16);
 }
 
-TEST(ShippedSounds, ArePlainMonoFilesOfSixteenBitsAtFortyFourPointOneKilohertz) {
+TEST(ShippedSounds, AreMono16BitFilesAt44100Hertz) {
   for (const Shipped& shipped : All()) {
     const Sound& sound = shipped.sound;
     EXPECT_EQ(sound.riffSize, sound.bytes.size() - 8) << shipped.name;
@@ -111,7 +111,7 @@ TEST(ShippedSounds, AreInTuneWithinTwoCents) {
   }
 }
 
-TEST(ShippedSounds, KeepTheGuitarsOpenStringsWhereTheNeckLooksForThem) {
+TEST(ShippedSounds, HaveTheOpenStringsAtTheFileNumbersOfTheNeck) {
   constexpr double kOpenStrings[][2] = {{4, 82.407},   {9, 110.0},    {14, 146.832},
                                         {19, 195.998}, {23, 246.942}, {28, 329.628}};
   for (const auto& [number, hertz] : kOpenStrings) {
@@ -120,11 +120,11 @@ TEST(ShippedSounds, KeepTheGuitarsOpenStringsWhereTheNeckLooksForThem) {
   }
 }
 
-TEST(ShippedSounds, HaveTheSameLevelOnAMeterWithinOneAndAHalfDecibels) { ExpectEvenLevels(PlainLevel); }
+TEST(ShippedSounds, HaveTheSamePlainLevelWithin1Point5Decibels) { ExpectEvenLevels(PlainLevel); }
 
-TEST(ShippedSounds, HaveTheSameLevelToTheEarWithinOneAndAHalfDecibels) { ExpectEvenLevels(WeightedLevel); }
+TEST(ShippedSounds, HaveTheSameWeightedLevelWithin1Point5Decibels) { ExpectEvenLevels(WeightedLevel); }
 
-TEST(ShippedSounds, StayOneDecibelBelowFullScaleAndUseTheRange) {
+TEST(ShippedSounds, Peak1DecibelBelowFullScaleAndUseTheRange) {
   double loudest = 0.0;
   for (const Shipped& shipped : All()) {
     for (const double sample : shipped.sound.samples) {
@@ -139,14 +139,14 @@ TEST(ShippedSounds, StartAndEndAtZero) {
   for (const Shipped& shipped : All()) {
     EXPECT_EQ(shipped.sound.samples.front(), 0.0) << shipped.name;
     EXPECT_EQ(shipped.sound.samples.back(), 0.0) << shipped.name;
-    // The onset is no step either: after a fifth of a millisecond there is still next to nothing.
+    // The onset is not a step either: after 0.2 milliseconds the level is still close to zero.
     for (std::size_t i = 0; i < 9; ++i) {
       EXPECT_LE(std::abs(shipped.sound.samples[i]), 1000.0) << shipped.name << " at " << i;
     }
   }
 }
 
-TEST(ShippedSounds, SpeakWithinTenMillisecondsSoThatAScaleWalksEvenly) {
+TEST(ShippedSounds, StartWithin10Milliseconds) {
   for (const Shipped& shipped : All()) {
     const auto& samples = shipped.sound.samples;
     const auto first = std::find_if(samples.begin(), samples.end(), [](double s) { return std::abs(s) > 3000.0; });
@@ -154,7 +154,7 @@ TEST(ShippedSounds, SpeakWithinTenMillisecondsSoThatAScaleWalksEvenly) {
   }
 }
 
-TEST(ShippedSounds, CarryNoDirectCurrent) {
+TEST(ShippedSounds, HaveNoDcOffset) {
   for (const Shipped& shipped : All()) {
     const auto& samples = shipped.sound.samples;
     const double mean = std::accumulate(samples.begin(), samples.end(), 0.0) / static_cast<double>(samples.size());
@@ -162,13 +162,13 @@ TEST(ShippedSounds, CarryNoDirectCurrent) {
   }
 }
 
-TEST(ShippedSounds, RingWithoutAClickFromTheAttackToTheLastSample) {
+TEST(ShippedSounds, HaveNoClickAfterTheAttack) {
   for (const Shipped& shipped : All()) {
     EXPECT_LE(WorstClick(shipped.sound.samples, 0.02), 2.0) << shipped.name;
   }
 }
 
-TEST(ShippedSounds, OfOctavesRingOutInTwoToThreeSeconds) {
+TEST(ShippedSounds, OfOctavesLast2To3Seconds) {
   for (const Shipped& shipped : Octaves()) {
     EXPECT_GE(Seconds(shipped), 2.0) << shipped.name;
     EXPECT_LE(Seconds(shipped), 3.0) << shipped.name;
@@ -177,18 +177,18 @@ TEST(ShippedSounds, OfOctavesRingOutInTwoToThreeSeconds) {
   }
 }
 
-TEST(ShippedSounds, OfAudioLastSixTenthsOfASecondAndEndInSilence) {
+TEST(ShippedSounds, OfAudioLast600MillisecondsAndEndInSilence) {
   for (const Shipped& shipped : Audio()) {
     const auto& samples = shipped.sound.samples;
     EXPECT_EQ(samples.size(), 26460U) << shipped.name;
     EXPECT_TRUE(std::all_of(samples.end() - 441, samples.end(), [](double s) { return s == 0.0; })) << shipped.name;
-    // Up to the damping hand the note is there: no gap yawns between two notes of a scale.
+    // The note is audible until it is damped: there is no gap between two notes of a scale.
     const std::vector<double> late(samples.begin() + 17640, samples.begin() + 26460);
     EXPECT_GE(PlainLevel(late), -36.0) << shipped.name;
   }
 }
 
-TEST(ShippedSounds, GrowMellowWhileTheyRing) {
+TEST(ShippedSounds, GetDarkerWhileTheyDecay) {
   for (const Shipped& shipped : Octaves()) {
     const double early = Brightness(shipped.sound.samples, 0.0, 0.15);
     const double late = Brightness(shipped.sound.samples, 0.8, 0.4);
@@ -196,7 +196,7 @@ TEST(ShippedSounds, GrowMellowWhileTheyRing) {
   }
 }
 
-TEST(ShippedSounds, AreNeitherDullInTheBassNorHarshOnTheHighStrings) {
+TEST(ShippedSounds, HaveABalancedBrightnessInAllRegisters) {
   for (const Shipped& shipped : All()) {
     const double early = Brightness(shipped.sound.samples, 0.0, 0.15);
     EXPECT_GE(early, std::max(600.0, 1.5 * shipped.hertz)) << shipped.name;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The synthesiser as a whole: the same bytes again, and plain words where it cannot do its work.
+// The synthesiser as a whole: reproducible output and clear error messages.
 
 #include "synth/sound_maker.h"
 
@@ -33,7 +33,7 @@ std::string Bytes(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(in), {}};
 }
 
-/// An empty folder that goes away with its owner.
+/// A temporary folder, removed with its owner.
 class TemporaryFolder {
  public:
   TemporaryFolder() {
@@ -61,7 +61,7 @@ int ExitCodeOf(const std::string& arguments) {
   return WEXITSTATUS(std::system(command.c_str()));
 }
 
-TEST(SoundMaker, MakesTheShippedFilesByteForByteAgain) {
+TEST(SoundMaker, ReproducesTheShippedFiles) {
   const TemporaryFolder folder;
   const voice::Recipe recipe = ParseRecipe(Bytes(kRecipe));
   for (const voice::SoundSet& set : recipe.sets) MakeSounds(recipe, set.folder, folder.Path());
@@ -76,14 +76,14 @@ TEST(SoundMaker, MakesTheShippedFilesByteForByteAgain) {
   EXPECT_EQ(files, 64);
 }
 
-TEST(SoundMaker, RefusesALevelThatWouldComeNearFullScale) {
+TEST(SoundMaker, RefusesALevelNearFullScale) {
   const TemporaryFolder folder;
   voice::Recipe recipe = ParseRecipe(Bytes(kRecipe));
   recipe.guitar.levelDecibels = -3.0;
   EXPECT_THROW(MakeSounds(recipe, "Audio", folder.Path()), RecipeError);
 }
 
-TEST(SoundMaker, ReadsTheRecipeThatTheProgramHas) {
+TEST(SoundMaker, ReadsTheRecipeOfTheProgram) {
   const voice::Recipe read = ParseRecipe(Bytes(kRecipe));
   const voice::Recipe& has = voice::BuiltInRecipe();
   EXPECT_EQ(has.guitar.seed, read.guitar.seed);
@@ -101,7 +101,7 @@ TEST(SoundMaker, ReadsTheRecipeThatTheProgramHas) {
   }
 }
 
-TEST(SoundMaker, NamesTheFileThatItCannotWrite) {
+TEST(SoundMaker, ReportsTheFileThatItCannotWrite) {
   const TemporaryFolder folder;
   std::filesystem::create_directories(folder.Path() / "Octaves" / "0.wav");
   try {
@@ -112,7 +112,7 @@ TEST(SoundMaker, NamesTheFileThatItCannotWrite) {
   }
 }
 
-TEST(SoundMaker, EndsWithTwoWhenItIsCalledWronglyAndWithOneWhenItFails) {
+TEST(SoundMaker, ExitsWith2ForWrongUsageAndWith1OnFailure) {
   const TemporaryFolder folder;
   const std::string out = "\"" + folder.Path().string() + "\"";
   EXPECT_EQ(ExitCodeOf(""), 2);
@@ -121,7 +121,7 @@ TEST(SoundMaker, EndsWithTwoWhenItIsCalledWronglyAndWithOneWhenItFails) {
   EXPECT_EQ(ExitCodeOf("\"" + kRecipe.string() + "\" Bagpipes " + out), 1);
 }
 
-/// The recordings that a build has made, and a stage with some files on it.
+/// Recordings made by a build, and a stage with some files.
 class StagedRecordings : public testing::Test {
  protected:
   StagedRecordings() {
@@ -140,13 +140,13 @@ class StagedRecordings : public testing::Test {
   std::filesystem::path staged_ = folder_.Path() / "staged" / "Audio";
 };
 
-TEST_F(StagedRecordings, AreAddedWhereTheyAreMissing) {
+TEST_F(StagedRecordings, AreAddedIfMissing) {
   std::filesystem::remove_all(staged_.parent_path());
   StageRecordings(made_, staged_);
   for (const char* const name : {"0.wav", "1.wav", "2.wav"}) EXPECT_EQ(Bytes(staged_ / name), Bytes(made_ / name));
 }
 
-TEST_F(StagedRecordings, ReplaceShippedOnesAndLeaveThoseOfTheUser) {
+TEST_F(StagedRecordings, ReplaceShippedFilesAndKeepTheUsers) {
   Write(staged_ / "0.wav", Bytes(made_ / "2.wav"));
   Write(staged_ / "1.wav", "the user's own");
   std::string changed = Bytes(made_ / "0.wav");
@@ -158,7 +158,7 @@ TEST_F(StagedRecordings, ReplaceShippedOnesAndLeaveThoseOfTheUser) {
   EXPECT_EQ(Bytes(staged_ / "2.wav"), changed);
 }
 
-TEST_F(StagedRecordings, AreNotWrittenAgainWhereTheyAreUpToDate) {
+TEST_F(StagedRecordings, AreNotWrittenAgainIfUpToDate) {
   StageRecordings(made_, staged_);
   const auto old = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
   std::filesystem::last_write_time(staged_ / "0.wav", old);

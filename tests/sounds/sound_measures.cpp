@@ -29,7 +29,7 @@ std::uint32_t LittleEndian(const std::string& bytes, std::size_t at, std::size_t
   return value;
 }
 
-/// The radix-2 transform in place; the size is a power of two.
+/// The in-place radix-2 Fourier transform; the size must be a power of two.
 void Transform(std::vector<Complex>& values) {
   const std::size_t size = values.size();
   for (std::size_t i = 1, j = 0; i < size; ++i) {
@@ -58,7 +58,7 @@ void Transform(std::vector<Complex>& values) {
   }
 }
 
-/// The power spectrum of a stretch of the sound, or of as much of it as there is, under a Hann window.
+/// The power spectrum of a range of the sound, truncated at its end, with a Hann window.
 std::vector<double> Spectrum(const std::vector<double>& samples, double fromSeconds, double seconds) {
   const auto from = static_cast<std::size_t>(fromSeconds * kRate);
   const std::size_t count = std::min(samples.size() - from, static_cast<std::size_t>(seconds * kRate));
@@ -79,7 +79,7 @@ struct Peak {
   double power = 0.0;
 };
 
-/// The strongest line within half a semitone, its top found by a parabola through three logarithms.
+/// The strongest line within half a semitone, with its maximum interpolated by a parabola through three logarithms.
 Peak FindPeak(const std::vector<double>& power, double hertz) {
   const double bins = static_cast<double>(kTransform) / kRate;
   const auto first = static_cast<std::size_t>(hertz * std::exp2(-0.5 / 12.0) * bins);
@@ -104,7 +104,7 @@ std::vector<Peak> FindPartials(const std::vector<double>& samples, double hertz,
 
 double Cents(double hertz, double wanted) { return 1200.0 * std::log2(hertz / wanted); }
 
-/// One second-order section, given as the numerator and denominator of its transfer function.
+/// A second-order section, given by numerator and denominator of its transfer function.
 std::vector<double> Filter(const std::vector<double>& in, const double (&b)[3], const double (&a)[3]) {
   std::vector<double> out(in.size());
   for (std::size_t i = 0; i < in.size(); ++i) {
@@ -171,7 +171,7 @@ double PlainLevel(const std::vector<double>& samples) {
 }
 
 double WeightedLevel(const std::vector<double>& samples) {
-  // Both stages are the analogue prototypes behind BS.1770, taken through the bilinear transform at 44.1 kHz.
+  // Both stages are the analogue prototypes of BS.1770, converted with the bilinear transform at 44.1 kHz.
   const double shelf = std::tan(std::numbers::pi * 1681.974450955533 / kRate);
   const double shelfLoss = shelf / 0.7071752369554196;
   const double high = 1.584864701130855;
@@ -219,7 +219,7 @@ double WorstClick(const std::vector<double>& sound, double attackSeconds) {
   constexpr std::size_t kBlock = 44;
   constexpr std::size_t kAround = 25;
   std::vector<double> samples = sound;
-  samples.insert(samples.end(), 2 * kBlock, 0.0);  // what is heard after the last sample
+  samples.insert(samples.end(), 2 * kBlock, 0.0);  // the silence after the last sample
   std::vector<double> bends;
   for (auto from = static_cast<std::size_t>(attackSeconds * kRate); from + kBlock + 1 < samples.size();
        from += kBlock) {
@@ -231,7 +231,7 @@ double WorstClick(const std::vector<double>& sound, double attackSeconds) {
   }
   double worst = 0.0;
   for (std::size_t i = 0; i < bends.size(); ++i) {
-    double around = 8.0;  // steps: below this, rounding alone makes bends
+    double around = 8.0;  // in 16-bit steps: below this, rounding causes second differences
     for (std::size_t j = i > kAround ? i - kAround : 0; j < std::min(bends.size(), i + kAround + 1); ++j) {
       around = j + 1 < i || j > i + 1 ? std::max(around, bends[j]) : around;
     }

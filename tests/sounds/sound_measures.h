@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What the tests read off a finished sound file, with nothing taken over from the synthesiser: header fields, pitch
-// from the spectrum, level, decay time and clicks. Samples are 16-bit steps throughout. Pure functions; ReadSound
-// throws std::runtime_error for a file that is missing or no RIFF file with a "fmt " chunk and a "data" chunk in that
-// order.
+// Measures sound files independently of the synthesiser: header fields, pitch from the spectrum, level, decay time and
+// clicks. Samples are 16-bit values. ReadSound throws std::runtime_error for a file that is missing or is not a RIFF
+// file with a "fmt " chunk followed by a "data" chunk.
 
 #pragma once
 
@@ -16,7 +15,7 @@
 namespace tonalith::sounds {
 
 struct Sound {
-  std::string bytes;  ///< The whole file.
+  std::string bytes;  ///< The complete file.
   std::uint32_t riffSize = 0;
   std::uint32_t formatSize = 0;
   std::uint16_t formatTag = 0;
@@ -32,29 +31,28 @@ struct Sound {
 Sound ReadSound(const std::filesystem::path& path);
 
 struct PitchReading {
-  double fundamentalCents = 0.0;  ///< The lowest partial against the wanted pitch.
-  double toneCents = 0.0;  ///< The first eight partials, each brought down to the fundamental, by their strength.
+  double fundamentalCents = 0.0;  ///< The deviation of the lowest partial.
+  double toneCents = 0.0;         ///< The weighted deviation of the first eight partials.
 };
 
-/// Compares the spectrum of a struck note with `hertz`. Finds the partials within half a semitone of where they belong.
+/// Compares the spectrum of a plucked note with `hertz`. Finds partials within half a semitone of their expected
+/// frequency.
 PitchReading MeasurePitch(const std::vector<double>& samples, double hertz);
 
-/// Decibels against full scale of the loudest 200 ms; a full-scale square wave has 0.
+/// The level of the loudest 200 ms in decibels relative to full scale; 0 for a full-scale square wave.
 double PlainLevel(const std::vector<double>& samples);
 
-/// The same after the K weighting of ITU-R BS.1770.
+/// As above, after the K weighting of ITU-R BS.1770.
 double WeightedLevel(const std::vector<double>& samples);
 
-/// Seconds in which the sound falls by 60 dB, from the line through its backward-integrated energy between -5 and -35
-/// dB.
+/// Seconds for a decay by 60 dB, from a line through the backward-integrated energy between -5 and -35 dB.
 double DecaySeconds(const std::vector<double>& samples);
 
-/// The worst click: how many times the strongest bend (second difference) within a millisecond surpasses the strongest
-/// one in the 25 ms on either side, with the first `attackSeconds` left out
-/// and the silence after the last sample counted in.
+/// The worst click: the ratio of the largest second difference within a millisecond to the largest one in the 25 ms
+/// before and after. Skips the first `attackSeconds`; includes the silence after the last sample.
 double WorstClick(const std::vector<double>& sound, double attackSeconds);
 
-/// The centre of gravity of the spectrum, in hertz, by amplitude, over a stretch of the sound that exists.
+/// The centroid of the amplitude spectrum, in hertz, over a range inside the sound.
 double Brightness(const std::vector<double>& samples, double fromSeconds, double seconds);
 
 }  // namespace tonalith::sounds

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// One note: the string, the guitar around it, the file, and the notes of a scale at every pitch.
+// The string, the guitar note, the WAV file, and scale notes at every pitch.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ namespace {
 
 constexpr std::size_t kHeaderSize = 44;
 
-/// The samples of a rendered file, in steps of 16 bits.
+/// The 16-bit samples of a rendered file.
 std::vector<double> SamplesOf(const std::string& file) {
   std::vector<double> samples((file.size() - kHeaderSize - 8 - kChecksumSize) / 2);
   for (std::size_t i = 0; i < samples.size(); ++i) {
@@ -38,7 +38,7 @@ std::vector<double> SamplesOf(const std::string& file) {
   return samples;
 }
 
-TEST(GuitarNote, PlaysWithAnotherHandWhenTheSeedChanges) {
+TEST(GuitarNote, IsReproducibleAndChangesWithTheSeed) {
   Guitar guitar = BuiltInRecipe().guitar;
   const NoteLength length{0.3, 0.05, 0.01};
   const auto first = PlayNote(guitar, 60, length);
@@ -47,7 +47,7 @@ TEST(GuitarNote, PlaysWithAnotherHandWhenTheSeedChanges) {
   EXPECT_NE(first, PlayNote(guitar, 60, length));
 }
 
-TEST(PluckedString, LosesSixtyDecibelsInTheSecondsThatItIsGiven) {
+TEST(PluckedString, LosesSixtyDecibelsInTheGivenDecayTime) {
   PluckedString string(220.0, 2.0, kTrebleHertz, 0.5);
   double early = 0.0;
   double late = 0.0;
@@ -57,11 +57,11 @@ TEST(PluckedString, LosesSixtyDecibelsInTheSecondsThatItIsGiven) {
     early += second >= 0.5 && second < 0.6 ? out * out : 0.0;
     late += second >= 1.5 && second < 1.6 ? out * out : 0.0;
   }
-  // One second of decay, in which the upper partials lose a little more than the fundamental's 30 dB.
+  // One second of decay: the upper partials lose a little more than the fundamental's 30 dB.
   EXPECT_NEAR(10.0 * std::log10(early / late), 33.0, 3.0);
 }
 
-TEST(WavFile, PutsSamplesBehindAHeaderOfFortyFourBytes) {
+TEST(WavFile, HasAHeaderOf44BytesBeforeTheSamples) {
   const std::vector<double> samples = {0.0, 1.0, -1.0, 2.0, 0.5};
   const std::string bytes = WavFile(samples);
   ASSERT_EQ(bytes.size(), 54U);
@@ -70,9 +70,9 @@ TEST(WavFile, PutsSamplesBehindAHeaderOfFortyFourBytes) {
   EXPECT_EQ(bytes.substr(44), std::string_view("\x00\x00\xFF\x7F\x01\x80\xFF\x7F\x00\x40", 10));
 }
 
-TEST(WavFile, PutsTheMarkWithTheChecksumOfTheSamplesAfterThem) {
+TEST(WavFile, HasTheChecksumChunkAfterTheSamples) {
   const std::vector<double> samples = {0.0, 0.5};
-  const std::string bytes = WavFile(samples, Mark::kShipped);
+  const std::string bytes = WavFile(samples, ChecksumChunk::kInclude);
   const std::string plain = WavFile(samples);
   ASSERT_EQ(bytes.size(), plain.size() + 16);
   EXPECT_EQ(bytes[4], static_cast<char>(bytes.size() - 8));
@@ -88,11 +88,11 @@ TEST(Checksum, IsFnv1aOf64Bits) {
   EXPECT_EQ(Checksum(std::as_bytes(std::span("foobar", 6))), 0x85944171F73967E8U);
 }
 
-TEST(ScaleNote, IsInTuneAndAsLongAsEveryOtherAtEveryPitch) {
+TEST(ScaleNote, IsInTuneAndHasTheSameLengthAtEveryPitch) {
   for (Pitch pitch = kLowestPitch; pitch <= kHighestPitch; ++pitch) {
     const std::vector<double> samples = SamplesOf(RenderScaleNote(pitch));
     EXPECT_EQ(samples.size(), 26460U) << pitch;
-    // Below the guitar's own range, the lowest partials are too weak and too close to be told apart in half a second.
+    // Below the guitar's range, the lowest partials are too weak and too close to be measured in half a second.
     if (pitch < 40) continue;
     const sounds::PitchReading reading = sounds::MeasurePitch(samples, HertzOf(pitch));
     EXPECT_NEAR(reading.fundamentalCents, 0.0, 2.0) << pitch;
@@ -100,14 +100,14 @@ TEST(ScaleNote, IsInTuneAndAsLongAsEveryOtherAtEveryPitch) {
   }
 }
 
-TEST(ScaleNote, HasTheSameLevelAtEveryPitchThatAScaleReaches) {
+TEST(ScaleNote, HasTheSameLevelAtEveryPitchOfAScale) {
   for (Pitch pitch = 60; pitch <= 95; ++pitch) {
     const std::vector<double> samples = SamplesOf(RenderScaleNote(pitch));
     EXPECT_NEAR((sounds::PlainLevel(samples) + sounds::WeightedLevel(samples)) / 2, -14.0, 0.1) << pitch;
   }
 }
 
-TEST(ScaleNote, NeverComesNearFullScale) {
+TEST(ScaleNote, StaysBelowFullScale) {
   for (Pitch pitch = kLowestPitch; pitch <= kHighestPitch; ++pitch) {
     double peak = 0.0;
     for (const double sample : SamplesOf(RenderScaleNote(pitch))) peak = std::max(peak, std::abs(sample));
@@ -116,7 +116,7 @@ TEST(ScaleNote, NeverComesNearFullScale) {
   }
 }
 
-TEST(ScaleNote, OutsideTheRangeSoundsAsTheNearestInside) {
+TEST(ScaleNote, OutsideTheRangeEqualsTheNearestPitchInside) {
   EXPECT_EQ(RenderScaleNote(kLowestPitch - 1), RenderScaleNote(kLowestPitch));
   EXPECT_EQ(RenderScaleNote(kHighestPitch + 100), RenderScaleNote(kHighestPitch));
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// tonalith_make_recipe <recipe> <source>: writes the C++ source by which the program has the recipe. Ends with 0, with
-// 1 and one line on the standard error stream where something failed, with 2 where it was called wrongly.
+// tonalith_make_recipe <recipe> <source>: writes the C++ source that defines the recipe for the program. Exit status 0:
+// written. 1: failed, with one line on standard error. 2: wrong usage.
 
 #include <exception>
 #include <fstream>

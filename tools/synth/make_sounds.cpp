@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// tonalith_make_sounds <recipe> <set> <output-folder>: writes the sounds of that set of the recipe below the folder.
-// Ends with 0, with 1 and one line on the standard error stream where something failed, with 2 where it was called
-// wrongly.
+// tonalith_make_sounds <recipe> <set> <output-folder>: writes the sounds of a set of the recipe into a subfolder of the
+// output folder. Exit status 0: written. 1: failed, with one line on standard error. 2: wrong usage.
 
 #include <exception>
 #include <fstream>

@@ -51,7 +51,7 @@ Pitch ParsePitch(const std::string& word) {
   return 12 * (word[octaveAt] - '0' + 1) + static_cast<Pitch>(letter) + (sharp ? 1 : 0);
 }
 
-/// The words of one line, taken one after the other.
+/// Reads the words of one line in sequence.
 class Words {
  public:
   explicit Words(const std::string& line) : in_(line.substr(0, line.find(" #"))) {}
@@ -227,7 +227,8 @@ class Parser {
     }
   }
 
-  /// The string's loss filter knows no treble that outlives the fundamental, and no fundamental near kTrebleHertz.
+  /// The string's loss filter requires a treble decay shorter than the fundamental's, and a fundamental well below
+  /// kTrebleHertz.
   void CheckString(const SoundSet& set) const {
     for (int number = 0; number < set.count; ++number) {
       const Pitch pitch = set.PitchOf(number);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Reads the recipe of the shipped sounds from its text form in content/sounds, and writes the source by which the
-// program has it. A recipe that is returned is complete, and every value lies in the range that its comment names. A
-// line that cannot be understood, a missing or a doubled one throws RecipeError, which says where and why. No thread.
+// Parses the recipe of the shipped sounds from its text in content/sounds, and generates the C++ source for the
+// program. A returned recipe is complete and every value is in its documented range. Throws RecipeError with line and
+// cause for an invalid, missing or repeated line.
 
 #pragma once
 
@@ -22,7 +22,7 @@ class RecipeError : public std::runtime_error {
 
 voice::Recipe ParseRecipe(std::string_view text);
 
-/// The text of a C++ file that defines voice::BuiltInRecipe with exactly these values.
+/// The source of a C++ file that defines voice::BuiltInRecipe with exactly these values.
 std::string RecipeSource(const voice::Recipe& recipe);
 
 }  // namespace tonalith::synth

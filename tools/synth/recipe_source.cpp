@@ -10,7 +10,7 @@
 namespace tonalith::synth {
 namespace {
 
-/// Numbers are written in hexadecimal, which keeps every bit.
+/// Writes numbers in hexadecimal, which is lossless.
 class Writer {
  public:
   Writer() {

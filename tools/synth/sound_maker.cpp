@@ -20,7 +20,7 @@ void MakeSounds(const voice::Recipe& recipe, std::string_view set, const std::fi
                                   [set](const voice::SoundSet& candidate) { return candidate.folder == set; });
   if (found == recipe.sets.end()) throw std::runtime_error("the recipe has no set " + std::string(set));
   const std::filesystem::path setFolder = folder / found->folder;
-  const voice::Mark mark = found->IsScale() ? voice::Mark::kShipped : voice::Mark::kNone;
+  const voice::ChecksumChunk chunk = found->IsScale() ? voice::ChecksumChunk::kInclude : voice::ChecksumChunk::kOmit;
   std::filesystem::create_directories(setFolder);
   for (int number = 0; number < found->count; ++number) {
     const voice::NoteLength length = LengthOf(*found, number);
@@ -29,7 +29,7 @@ void MakeSounds(const voice::Recipe& recipe, std::string_view set, const std::fi
       throw RecipeError("at this level the pitch " + std::to_string(found->PitchOf(number)) +
                         " comes within 1 dB of full scale: " + std::to_string(peak) + " dB");
     }
-    const std::string bytes = voice::WavFile(note, mark);
+    const std::string bytes = voice::WavFile(note, chunk);
     const std::filesystem::path path = setFolder / (std::to_string(number) + ".wav");
     std::ofstream out(path, std::ios::binary | std::ios::trunc);
     out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));

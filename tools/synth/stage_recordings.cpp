@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// tonalith_stage_recordings <made> <staged>: brings the recordings in the folder <staged> up to date with those in
-// <made>. Ends with 0, with 1 and one line on the standard error stream where something failed, with 2 where it was
-// called wrongly.
+// tonalith_stage_recordings <made> <staged>: updates the recordings in the folder <staged> from those in <made>. Exit
+// status 0: updated. 1: failed, with one line on standard error. 2: wrong usage.
 
 #include <exception>
 #include <iostream>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Brings the recordings of a stage up to date: adds what is missing and replaces shipped recordings that differ. A file
-// that somebody has changed or put there stays. A file appears whole under its name or not at all. Failures are
-// exceptions of the standard library that name the file. No thread.
+// Updates the recordings of a stage: adds missing files and replaces shipped recordings that differ. Files that the
+// user changed or added are left unchanged. A file is replaced atomically. Throws standard library exceptions that name
+// the file.
 
 #pragma once
 
@@ -11,7 +11,7 @@
 
 namespace tonalith::synth {
 
-/// Each file of `from` to the file of the same name in `to`, which is made where it is missing.
+/// Copies each file of `from` to `to`, which is created if missing.
 void StageRecordings(const std::filesystem::path& from, const std::filesystem::path& to);
 
 }  // namespace tonalith::synth
