@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The time of day. A port, so that tests can let midnight pass; posix/ reads the local clock. Any thread.
+// The local time of day, as a port so that tests can simulate midnight.
 
 #pragma once
 
@@ -11,7 +11,7 @@ class TimeOfDay {
  public:
   virtual ~TimeOfDay() = default;
 
-  /// Local seconds since midnight, 0 up to 86,400, with fractions.
+  /// Local seconds since midnight, 0 to 86,400, with fractions.
   [[nodiscard]] virtual double SecondsSinceMidnight() const = 0;
 };
 

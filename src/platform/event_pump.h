@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The event loop for code that has to wait in the middle of a procedure. A port: the window system implements it, the
-// notice queue does for programs without windows. User-interface thread only. Waiting sleeps; whatever arrives is
-// handled inside the call, so the caller has to expect that anything in the program changed when it returns.
+// The event loop for code that waits inside a procedure. Waiting blocks without polling. Events are handled inside the
+// call, so the caller must expect any state of the program to have changed when it returns.
 
 #pragma once
 
@@ -15,11 +14,11 @@ class EventPump {
  public:
   virtual ~EventPump() = default;
 
-  /// Sleeps until at least one event has arrived, handles all that are pending and returns. Returns at once when events
-  /// are pending already.
+  /// Blocks until at least one event is pending, handles all pending events and returns. Does not block if events are
+  /// already pending.
   virtual void WaitForEvents() = 0;
 
-  /// The same, but returns after `limit` even if nothing arrived.
+  /// As above, but returns after `limit` even without an event.
   virtual void WaitForEvents(std::chrono::milliseconds limit) = 0;
 };
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The engine that shows compiled help files. A port: the help room implements it with a window of its own, tests script
-// it (platform/scripted). User-interface thread. A call may throw whatever its implementation throws; a refusal is the
-// handle kNoHelpWindow or a last error other than 0.
+// Shows compiled help files. Implemented by the help room with its own window. A call may throw any exception of its
+// implementation; a refusal is reported by the handle kNoHelpWindow or a last error other than 0.
 
 #pragma once
 
@@ -12,7 +11,7 @@
 
 namespace tonalith::platform {
 
-/// A window as the system numbers it.
+/// A native window handle.
 using HelpWindowHandle = std::uintptr_t;
 
 inline constexpr HelpWindowHandle kNoHelpWindow = 0;
@@ -23,11 +22,11 @@ class HelpEngine {
  public:
   virtual ~HelpEngine() = default;
 
-  /// Carries out `command` on the help file of that full path, for the window `caller`. Returns the handle of the help
+  /// Executes `command` on the help file with that full path, for the window `caller`. Returns the handle of the help
   /// window.
   virtual HelpWindowHandle HtmlHelpA(HelpWindowHandle caller, const std::string& file, std::uint32_t command,
                                      std::uintptr_t data) = 0;
-  /// What the latest call left behind; 0 when it has succeeded.
+  /// The error of the latest call; 0 after success.
   [[nodiscard]] virtual std::uint32_t LastError() const = 0;
 };
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The network shares behind drive letters, as far as the system has such a thing. A port: where there are no mapped
-// drives the implementation knows none (platform/std), tests script some. User-interface thread; never throws.
+// The network shares of mapped drive letters. On systems without drive letters the implementation reports none. Never
+// throws.
 
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace tonalith::platform {
 
-/// The system's answer about one drive: a text of `reportedLength` characters, of which the last one is the terminator.
+/// The share of one drive: a text of `reportedLength` characters, including the terminator.
 struct NetworkConnection {
   std::string remoteName;
   std::size_t reportedLength = 0;
@@ -20,12 +20,12 @@ struct NetworkConnection {
 
 class NetworkDrives {
  public:
-  /// Room for an answer, in characters; a longer share is no answer.
+  /// Maximum length of a share in characters; a longer share counts as not mapped.
   static constexpr std::size_t kBufferLength = 260;
 
   virtual ~NetworkDrives() = default;
 
-  /// What `drive` (a letter and ":") is mapped to; nothing when it is no mapped drive.
+  /// The share that `drive` (a letter and ":") is mapped to; nullopt if it is not mapped.
   [[nodiscard]] virtual std::optional<NetworkConnection> ConnectionOf(const std::string& drive) const = 0;
 };
 

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The port that plays one recorded note: handed a file name, it starts the sound and returns at once; a newer note
-// takes over from the one that sounds. A file that is missing or unreadable plays nothing and says nothing. A notifier
-// hears when a note begins and ends to sound. Called on the user-interface thread; the implementation outlives its
-// callers.
+// Plays one recorded note. Play starts the sound and returns immediately; a newer note replaces the one that is
+// playing. A missing or unreadable file plays nothing, without a message. A notifier is called when a note starts and
+// ends.
 
 #pragma once
 
@@ -15,9 +14,9 @@ namespace tonalith::platform {
 class NotePlayerNotifier {
  public:
   virtual ~NotePlayerNotifier() = default;
-  /// The note that Play was called for sounds. Called before Play returns.
+  /// The note has started. Called before Play returns.
   virtual void NoteStarted() = 0;
-  /// It has ended, or a newer note takes its place.
+  /// The note has ended or was replaced by a newer one.
   virtual void NoteEnded() = 0;
 };
 
@@ -25,10 +24,10 @@ class NotePlayer {
  public:
   virtual ~NotePlayer() = default;
 
-  /// Null for nobody. Borrowed; called on the user-interface thread.
+  /// May be null; not owned.
   NotePlayerNotifier* Notifier = nullptr;
 
-  /// `path` is a file name in the system's encoding. Throws core::Failure where the sound device itself fails.
+  /// `path` is in the system's encoding. Throws core::Failure if the sound device fails.
   virtual void Play(const std::string& path) = 0;
 };
 

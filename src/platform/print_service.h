@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The system's printing as a port: which paper is usual here, what of a sheet can be printed on, and a printer that the
-// user has chosen. Nothing of the system's printing is loaded before one of these is asked for the first time. Without
-// a printer, pages can still become PDF files. Asking lets events run, and the asking window may be gone afterwards.
-// Owned by main and outlives its callers; user-interface thread; any operation may throw core::Failure.
+// The system's printing: the usual paper size, the printable area of a sheet, and a printer chosen by the user. No
+// system printing library is loaded before the first call. Pages can be saved as PDF files without a printer. The
+// dialogs run the event loop, so the calling window may be destroyed when they return. Any operation may throw
+// core::Failure.
 
 #pragma once
 
@@ -24,7 +24,7 @@ struct Paper {
   friend bool operator==(const Paper&, const Paper&) = default;
 };
 
-/// A sheet as it lies, in points (72 to an inch), and the part of it that can be printed on.
+/// A sheet in its orientation, in points (1/72 inch), and its printable area.
 struct Sheet {
   double width = 0;
   double height = 0;
@@ -41,14 +41,14 @@ class PrintService {
  public:
   virtual ~PrintService() = default;
 
-  /// Whether the system knows a printer at all.
+  /// Whether the system has any printer.
   [[nodiscard]] virtual bool HasPrinter() = 0;
   [[nodiscard]] virtual PaperSize UsualPaperSize() = 0;
   [[nodiscard]] virtual Sheet SheetOf(const Paper& paper) = 0;
 
-  /// Asks for a printer with the system's dialog, which can also print to a PDF file. Null when the user cancels.
+  /// Shows the system's print dialog, which can also print to a PDF file. Returns null if the user cancels.
   virtual std::unique_ptr<Printer> AskForPrinter(const PrintJob& job) = 0;
-  /// Asks for a file name alone; the page becomes a PDF file. Null when the user cancels.
+  /// Asks for a file name; the page becomes a PDF file. Returns null if the user cancels.
   virtual std::unique_ptr<Printer> AskForPdfFile(const PrintJob& job) = 0;
 };
 

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A printer as the program sees it: one page whose printable area is measured in the printer's own units, on which
-// pictures are painted at an offset and in a size, and which goes out with the end of the document. Pictures are vector
-// drawings; each printer paints them at its own resolution. A document that is never ended leaves no paper and no file.
-// Any operation may throw core::Failure. Owned by whoever prints; user-interface thread.
+// Prints one page. The printable area is measured in the printer's units; pictures are painted at an offset and in a
+// size. Pictures are vector drawings, painted at the resolution of the printer. A document that is not ended is
+// discarded. Any operation may throw core::Failure.
 
 #pragma once
 
@@ -16,25 +15,25 @@ class QPainter;
 
 namespace tonalith::platform {
 
-/// A picture that can be painted at any resolution. Its extent is in pixels, 96 to an inch.
+/// A picture that can be painted at any resolution. Its size is in pixels, 96 per inch.
 class PrintablePicture {
  public:
   virtual ~PrintablePicture() = default;
 
   [[nodiscard]] virtual double Width() const = 0;
   [[nodiscard]] virtual double Height() const = 0;
-  /// Paints it with its top left corner at the painter's origin, one unit of the painter to a pixel.
+  /// Paints the picture with its top left corner at the painter's origin, one painter unit per pixel.
   virtual void PaintOn(QPainter& painter) const = 0;
 };
 
-/// The failure of a printer that does not do what it is asked.
+/// The number of a printer failure.
 inline constexpr std::int32_t kPrinterError = 482;
 inline constexpr double kTwipsPerInch = 1440;
 
-/// What one unit of a printer is: 1/1440 inch, or a dot of its own resolution.
+/// The unit of a printer: 1/1440 inch, or a dot of its resolution.
 enum class PrinterScaleMode { kTwips = 1, kPixels = 3 };
 
-/// A rectangle of the printable area, in the printer's units from its top left corner.
+/// A rectangle in the printer's units, relative to the top left corner of the printable area.
 struct PrintRect {
   double left = 0;
   double top = 0;
@@ -47,7 +46,7 @@ class Printer {
  public:
   virtual ~Printer() = default;
 
-  /// The unit of everything below; twips at first.
+  /// Sets the unit of the functions below; initially twips.
   virtual void SetScaleMode(PrinterScaleMode mode) = 0;
   /// The printable width and height of the page.
   [[nodiscard]] virtual double ScaleWidth() = 0;
@@ -56,11 +55,11 @@ class Printer {
   [[nodiscard]] virtual double DotsPerInch() = 0;
 
   virtual void PaintPicture(const std::shared_ptr<const PrintablePicture>& picture, const PrintRect& place) = 0;
-  /// Ends the document and sends its page. Nothing is sent if nothing could be painted.
+  /// Ends the document and sends its page. Sends nothing if nothing was painted.
   virtual void EndDoc() = 0;
   /// Whether a page has been sent.
   [[nodiscard]] virtual bool IsEnded() const = 0;
-  /// Where the page goes, for a person: a printer's name or a file's.
+  /// The destination to show to the user: the name of a printer or of a file.
   [[nodiscard]] virtual std::string Destination() const = 0;
 };
 

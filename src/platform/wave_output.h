@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Wave output as the sound code sees it: devices that are opened for a format, take a prepared buffer, play it once and
-// post a notice when they hand it back. A port: threaded/ is the machinery that both real implementations share,
-// openal/ mixes all handles into one sound device, silent/ only keeps their time, scripted/ records for tests. Every
-// function is called on the user-interface thread, returns at once and never waits for a device. Nobody examines what
-// becomes of an operation: what the layer refuses stays silent.
+// Wave output: devices that are opened for a format, play a prepared buffer once and post a wave-done message at its
+// end. Every function returns immediately and never waits for a device. Callers do not check results: refused
+// operations are silent.
 
 #pragma once
 
@@ -17,17 +15,17 @@
 
 namespace tonalith::platform {
 
-/// Names one opened output. A handle is not given out again before four thousand million others were.
+/// Identifies one opened output. Handles are reused only after 2^32 others.
 using WaveHandle = std::uint32_t;
 inline constexpr WaveHandle kNoWaveHandle = 0;
 
-/// The message number of the notice that a buffer was handed back; its wParam is the device handle.
+/// The number of the wave-done message; its wParam is the device handle.
 inline constexpr std::uint32_t kWaveOutputDone = 0x3BD;
 
 namespace wave_format_tag {
 inline constexpr std::uint16_t kPcm = 1;
 inline constexpr std::uint16_t kFloat = 3;
-/// The samples' own tag stands further behind in the record (see WaveFormat::subFormat).
+/// The tag of the samples is later in the record (see WaveFormat::subFormat).
 inline constexpr std::uint16_t kExtensible = 0xFFFE;
 }  // namespace wave_format_tag
 
@@ -43,7 +41,7 @@ struct WAVEFORMATEX {
 
 struct WaveFormat {
   WAVEFORMATEX record;
-  /// The format tag of the samples where the record is extensible and carries one.
+  /// The format tag of the samples, if the record is extensible and has one.
   std::optional<std::uint16_t> subFormat;
 };
 
@@ -63,29 +61,29 @@ class WaveOutput {
  public:
   virtual ~WaveOutput() = default;
 
-  /// A new output for a format, with its notices going to `target` (kNoWindow: none are posted). kNoWaveHandle for a
-  /// format that the layer does not play.
+  /// Opens an output for a format; wave-done messages go to `target` (kNoWindow: none). Returns kNoWaveHandle for a
+  /// format that cannot be played.
   virtual WaveHandle Open(const WaveFormat& format, WindowHandle target) = 0;
 
-  /// Makes the samples of a header ready. They have to stay where they are until the header is unprepared.
+  /// Prepares the samples of a header. They must stay in memory until UnprepareHeader.
   virtual void PrepareHeader(WaveHandle device, WAVEHDR& header) = 0;
 
-  /// Plays a prepared header once, from its start. Ignored for a header that is not prepared and for a device that is
-  /// playing. When the last sample is through, and not before, one notice is posted.
+  /// Plays a prepared header once, from its start. Ignored for an unprepared header and for a device that is playing.
+  /// Posts one wave-done message after the last sample, not earlier.
   virtual void Write(WaveHandle device, WAVEHDR& header) = 0;
 
-  /// Stops the device. If it was playing, its notice is posted now; otherwise nothing is.
+  /// Stops the device. Posts the wave-done message if it was playing.
   virtual void Reset(WaveHandle device) = 0;
 
   virtual void UnprepareHeader(WaveHandle device, WAVEHDR& header) = 0;
 
-  /// Gives the handle up. A device that is still playing falls silent without a notice. Notices that were posted before
-  /// still arrive, with a handle that is nobody's any more.
+  /// Closes the handle. A device that is playing stops without a message. Messages posted before are still delivered,
+  /// with the stale handle.
   virtual void Close(WaveHandle device) = 0;
 };
 
-/// Hears whether there is a sound device. Both functions are called on the output's own thread, once for each change;
-/// the implementation passes them on to the thread that it needs.
+/// Is notified of losing and finding a sound device. Called on the output's thread, once per change; the implementation
+/// forwards the call to the thread that it needs.
 class SoundDeviceObserver {
  public:
   virtual ~SoundDeviceObserver() = default;

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Hidden windows that receive notices: created with a class name and a caption, their window procedure can be swapped,
-// and any thread can post a message to them. A port: notices/ is a queue without a window system, which the program's
-// event loop empties, scripted/ records for tests. All functions run on the user-interface thread except PostMessage,
-// which any thread may call; window procedures run on the user-interface thread, one notice at a time, in the order of
-// posting. A handle of a destroyed window is harmless everywhere: nothing happens.
+// Hidden windows that receive messages: created with a class name and a caption, with a replaceable window procedure.
+// PostMessage may be called from any thread. Window procedures run on the user-interface thread, one message at a time,
+// in the order of posting. Every function ignores the handle of a destroyed window.
 
 #pragma once
 
@@ -18,7 +16,7 @@ namespace tonalith::platform {
 using WindowHandle = std::uintptr_t;
 inline constexpr WindowHandle kNoWindow = 0;
 
-/// What a window does with a message; gives the message's result.
+/// Handles a message of a window and returns the message's result.
 using WindowProcedure = std::function<std::intptr_t(WindowHandle window, std::uint32_t message, std::uintptr_t wParam,
                                                     std::intptr_t lParam)>;
 
@@ -37,20 +35,20 @@ class WindowMessages {
  public:
   virtual ~WindowMessages() = default;
 
-  /// kNoWindow when no window could be made.
+  /// Returns kNoWindow if no window could be created.
   virtual WindowHandle CreateWindow(const WindowDescription& description) = 0;
 
-  /// Puts a procedure in and gives the previous one back: at first that of the window's class, which answers 0.
+  /// Sets the procedure and returns the previous one: initially that of the window's class, which returns 0.
   virtual WindowProcedure SetWindowProcedure(WindowHandle window, WindowProcedure procedure) = 0;
 
-  /// Hands a message to a procedure that SetWindowProcedure gave back.
+  /// Passes a message to a procedure that SetWindowProcedure returned.
   virtual std::intptr_t CallWindowProcedure(const WindowProcedure& previous, WindowHandle window, std::uint32_t message,
                                             std::uintptr_t wParam, std::intptr_t lParam) = 0;
 
-  /// Destroys the window; notices that are still waiting for it are dropped.
+  /// Destroys the window and drops its pending messages.
   virtual void DestroyWindow(WindowHandle window) = 0;
 
-  /// Any thread. The notice reaches the window's procedure from the event loop, never from within this call.
+  /// Any thread. The message is delivered from the event loop, never from within this call.
   virtual void PostMessage(WindowHandle window, std::uint32_t message, std::uintptr_t wParam, std::intptr_t lParam) = 0;
 };
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The process's current drive and directory. A port, so that start-up can be tested without moving the tests'
-// own directory. User-interface thread, at start-up only; failures are core::Failure.
+// The current drive and directory of the process, as a port so that tests do not change their own directory. Used at
+// start-up. Throws core::Failure.
 
 #pragma once
 
@@ -14,9 +14,9 @@ class WorkingDirectory {
  public:
   virtual ~WorkingDirectory() = default;
 
-  /// Makes a drive ("C:") current; a system without drives has nothing to do. Throws where there is no such drive.
+  /// Makes a drive ("C:") current; does nothing on a system without drives. Throws if the drive does not exist.
   virtual void MakeDriveCurrent(const std::string& drive) = 0;
-  /// Changes to a directory. Throws where that cannot be done.
+  /// Changes to a directory. Throws on failure.
   virtual void ChangeTo(const std::string& directory) = 0;
 };
 

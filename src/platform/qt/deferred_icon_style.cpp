@@ -9,7 +9,7 @@
 namespace tonalith::platform {
 namespace {
 
-/// Asks the style for its icon when something is to be seen of it.
+/// Loads the icon from the style when it is first painted or measured.
 class DeferredIcon : public QIconEngine {
  public:
   DeferredIcon(const QStyle* style, QStyle::StandardPixmap which) : style_(style), which_(which) {}

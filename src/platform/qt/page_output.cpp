@@ -33,7 +33,7 @@ class PrinterOutput : public PageOutput {
 class PdfOutput : public PageOutput {
  public:
   PdfOutput(const QString& fileName, const QString& title, const QPageLayout& layout) : file_(fileName) {
-    // A file takes the place of what has its name; a device or a folder is not to be lost to that.
+    // Saving replaces an existing file, but must not replace a device or a folder.
     const QFileInfo there(fileName);
     if (there.exists() && !there.isFile()) throw CannotWrite(QStringLiteral("there is something else of that name"));
     if (!file_.open(QIODevice::WriteOnly)) throw CannotWrite(file_.errorString());
@@ -46,7 +46,7 @@ class PdfOutput : public PageOutput {
   QPagedPaintDevice& Device() override { return *writer_; }
   void Finish() override {
     writer_.reset();
-    // What is still in the buffer may be what the disk has no room for; a commit alone would not tell.
+    // Flush first: if the disk is full, commit alone would not report it.
     const bool isWritten = file_.error() == QFileDevice::NoError && file_.flush();
     if (!isWritten || !file_.commit()) throw CannotWrite(file_.errorString());
   }
@@ -59,7 +59,7 @@ class PdfOutput : public PageOutput {
             "The file " + file_.fileName().toStdString() + " could not be written: " + why.toStdString()};
   }
 
-  // The writer goes first: it writes when it ends.
+  // Declared after file_, because the writer's destructor writes to it.
   QSaveFile file_;
   std::unique_ptr<QPdfWriter> writer_;
 };

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Where a page of Qt's goes: to one of the system's printers, or into a PDF file. A PDF file appears under its name
-// only when it is whole; what stood there before stays otherwise. Both discard a page that is not finished. Owned by
-// the printer that paints on it; user-interface thread.
+// The target of a page painted by Qt: a printer of the system or a PDF file. A PDF file replaces an existing file only
+// when complete. Both discard an unfinished page.
 
 #pragma once
 
@@ -21,17 +20,17 @@ class PageOutput {
   virtual ~PageOutput() = default;
 
   virtual QPagedPaintDevice& Device() = 0;
-  /// Sends the page, once its painting has ended. Throws core::Failure.
+  /// Sends the page after its painting has ended. Throws core::Failure.
   virtual void Finish() = 0;
-  /// Takes back what has been painted. Does not fail.
+  /// Discards the painted page. Does not fail.
   virtual void Discard() = 0;
   [[nodiscard]] virtual QString Destination() const = 0;
 };
 
-/// The printer as the dialog has set it up.
+/// A printer as configured by the dialog.
 std::unique_ptr<PageOutput> MakePrinterOutput(std::unique_ptr<QPrinter> printer);
 
-/// A PDF file with a document title. Throws core::Failure when it cannot be written there.
+/// A PDF file with a document title. Throws core::Failure if it cannot be written.
 std::unique_ptr<PageOutput> MakePdfOutput(const QString& fileName, const QString& title, const QPageLayout& layout);
 
 }  // namespace tonalith::platform

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The event loop of Qt as an event pump: waiting sleeps in the loop's own wait. Also joins a notice queue to that loop,
-// so that notices posted by other threads are handled between the other events. User-interface thread.
+// Qt's event loop as an event pump, and the bridge that makes it handle the messages of a WindowMessageQueue.
 
 #pragma once
 
@@ -19,7 +18,7 @@ class QtEventPump : public EventPump {
   void WaitForEvents(std::chrono::milliseconds limit) override;
 };
 
-/// While it lives, the queue is emptied by the application's event loop.
+/// While this object exists, the application's event loop dispatches the queue.
 class QtMessageBridge : public QObject {
   Q_OBJECT
 

@@ -21,7 +21,7 @@ constexpr int kButtonMask = 0x0F;
 
 QMessageBox::Icon IconOf(MsgBoxStyle style) {
   constexpr int kIconMask = 0xF0;
-  // A box that is answered with Yes or No asks; it never reports.
+  // A box with Yes and No is a question, whatever icon the style has.
   if (Has(style, kButtonMask, MsgBoxStyle::kYesNo)) return QMessageBox::Question;
   if (Has(style, kIconMask, MsgBoxStyle::kCritical)) return QMessageBox::Critical;
   if (Has(style, kIconMask, MsgBoxStyle::kQuestion)) return QMessageBox::Question;
@@ -38,7 +38,7 @@ void SetButtons(QMessageBox& box, MsgBoxStyle style) {
   } else if (Has(style, kButtonMask, MsgBoxStyle::kYesNo)) {
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     box.setDefaultButton(second ? QMessageBox::No : QMessageBox::Yes);
-    // A question that has no Cancel is answered "No" by Escape and by the close box.
+    // Without a Cancel button, Escape and the close button mean No.
     box.setEscapeButton(QMessageBox::No);
   } else {
     box.setStandardButtons(QMessageBox::Ok);
@@ -66,23 +66,23 @@ MsgBoxAnswer AnswerWithoutBox(MsgBoxStyle style) {
 }  // namespace
 
 MsgBoxAnswer QtMsgBox::Show(const std::string& text, MsgBoxStyle style, const std::string& title) {
-  // Just after a box has closed no window is active yet; the next box belongs to the same window then.
+  // No window is active just after a box has closed; the next box then uses the same parent.
   QWidget* const active = QApplication::activeWindow();
   const bool isLatestThere = !latestWindow_.isNull() && latestWindow_->isVisible();
   if (active != nullptr || !isLatestThere) latestWindow_ = active;
   const QPointer<QMessageBox> box(new QMessageBox(latestWindow_));
   box->setObjectName(QStringLiteral("MsgBox"));
-  // Its size is fixed: no button to maximise it.
+  // The size is fixed, so there is no maximise button.
   box->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                       Qt::WindowCloseButtonHint);
   box->setWindowTitle(QString::fromStdString(title.empty() ? applicationTitle_ : title));
-  // A scale's name may look like markup; it is shown as it is written.
+  // The name of a scale may look like markup; show it as plain text.
   box->setTextFormat(Qt::PlainText);
   box->setText(QString::fromStdString(text));
   box->setIcon(IconOf(style));
   SetButtons(*box, style);
   const int button = box->exec();
-  // The window that the box belongs to may go while it is shown, and the box with it: nobody has agreed to anything.
+  // The parent window, and the box with it, may be destroyed while the box is shown; then nothing was confirmed.
   if (box.isNull()) return AnswerWithoutBox(style);
   delete box.data();
   return AnswerOf(button);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The message box as a Qt dialog: plain text, window-modal over whatever window is active, the application's title
-// where none is given. Owned by main; user-interface thread; does not fail.
+// The message box as a Qt dialog: plain text, modal to the active window, with the application's title unless one is
+// given.
 
 #pragma once
 

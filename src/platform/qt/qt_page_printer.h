@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A printer on a page of Qt's. Pictures are painted at the page's own resolution; the document begins with the first of
-// them. A page whose painting failed is discarded, as is one that was never ended. User-interface thread.
+// A printer that paints with Qt on a PageOutput. Pictures are painted at the resolution of the page; the document
+// starts with the first picture. A page that failed or was not ended is discarded.
 
 #pragma once
 

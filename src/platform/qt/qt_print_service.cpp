@@ -19,9 +19,10 @@
 namespace tonalith::platform {
 namespace {
 
-constexpr double kUsualBorder = 18;  // Points: a quarter of an inch.
+constexpr double kUsualBorder = 18;  // In points: a quarter of an inch.
 
-/// Runs a dialog that the window below may take with it when it goes. Gives whether it was accepted and is still there.
+/// Runs a dialog that may be destroyed together with its parent window. Returns whether it was accepted and still
+/// exists.
 bool IsAccepted(const QPointer<QDialog>& dialog) { return dialog->exec() == QDialog::Accepted && !dialog.isNull(); }
 
 QMarginsF Border(const QMarginsF& least) {
@@ -52,7 +53,7 @@ std::unique_ptr<Printer> PdfPrinter(const QString& fileName, const QString& titl
   return std::make_unique<QtPagePrinter>(MakePdfOutput(fileName, title, layout));
 }
 
-/// What the dialog has made of the printer. "Print to File" becomes a PDF file of the program's own kind.
+/// The printer as configured by the dialog. "Print to File" becomes a PDF file written by MakePdfOutput.
 std::unique_ptr<Printer> ChosenPrinter(std::unique_ptr<QPrinter> printer, const QString& title) {
   WidenBorder(*printer);
   if (printer->outputFormat() == QPrinter::PdfFormat) {
@@ -80,7 +81,7 @@ QString PdfFileName(const QString& title) {
     name += isUsable ? c : QLatin1Char('-');
   }
   while (name.startsWith(QLatin1Char('.'))) name.remove(0, 1);
-  // Below the 255 bytes that a file system takes, whatever the letters.
+  // Below the limit of 255 bytes of file systems, in any script.
   name.truncate(200);
   while (name.toUtf8().size() > 200) name.chop(1);
   if (name.isEmpty()) name = QStringLiteral("Tonalith");
@@ -104,7 +105,7 @@ std::unique_ptr<Printer> QtPrintService::AskForPrinter(const PrintJob& job) {
   auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
   if (!printerName_.isEmpty()) printer->setPrinterName(printerName_);
   const QString title = QString::fromStdString(job.title);
-  // The dialog makes a file's name of it.
+  // The dialog derives a file name from this title.
   printer->setDocName(QFileInfo(PdfFileName(title)).completeBaseName());
   printer->setCreator(QStringLiteral("Tonalith"));
   printer->setPageLayout(LayoutOf(job.paper));

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The system's printers through Qt, and PDF files. The system is asked for its printers only when HasPrinter or
-// AskForPrinter is called; paper and PDF files need no printer. Dialogs stand over the active window. Owned by main;
-// user-interface thread.
+// The system's printers through Qt, and PDF files. The list of printers is loaded only by HasPrinter and AskForPrinter;
+// paper and PDF files need no printer. Dialogs are modal to the active window.
 
 #pragma once
 
@@ -17,29 +16,29 @@ namespace tonalith::platform {
 class QtPrintService : public PrintService {
  public:
   [[nodiscard]] bool HasPrinter() override;
-  /// By the system's country.
+  /// By the country of the system's locale.
   [[nodiscard]] PaperSize UsualPaperSize() override;
   /// With the border that printers usually cannot print on, a quarter of an inch.
   [[nodiscard]] Sheet SheetOf(const Paper& paper) override;
-  /// The border is the printer's own where that is wider.
+  /// Uses the printer's own border if that is wider.
   std::unique_ptr<Printer> AskForPrinter(const PrintJob& job) override;
   std::unique_ptr<Printer> AskForPdfFile(const PrintJob& job) override;
 
  private:
   [[nodiscard]] QString SuggestedPdfFile(const QString& title) const;
 
-  /// What was chosen last, for the next time.
+  /// The last choices, as defaults for the next dialog.
   QString printerName_;
   QString pdfFolder_;
 };
 
-/// A sheet with the usual border.
+/// The page layout with the usual border.
 QPageLayout LayoutOf(const Paper& paper);
 
-/// A printer that writes a PDF file, without asking. Throws core::Failure when it cannot be written there.
+/// A printer that writes a PDF file without a dialog. Throws core::Failure if the file cannot be written.
 std::unique_ptr<Printer> MakePdfPrinter(const std::string& fileName, const PrintJob& job);
 
-/// A document's title as the name of a file, without its folder.
+/// Converts a document's title to a file name without folder.
 QString PdfFileName(const QString& title);
 
 }  // namespace tonalith::platform

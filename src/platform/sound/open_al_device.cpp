@@ -10,7 +10,7 @@
 namespace tonalith::platform {
 namespace {
 
-/// The library's functions. A device exists only after they have been found.
+/// The library's functions. A device exists only after they were loaded.
 const OpenAlLibrary& Al() { return *OpenAlLibrary::Find(); }
 
 bool FitsInto(std::size_t number) { return number <= static_cast<std::size_t>(std::numeric_limits<ALsizei>::max()); }
@@ -29,7 +29,7 @@ BufferView ViewOf(const StereoSound& sound) {
   return {AL_FORMAT_STEREO_FLOAT32, floats.data(), floats.size() * sizeof(float)};
 }
 
-/// A device that writes a file would start over at the file's beginning after each rest.
+/// A device that writes a file would restart at the beginning of the file after each pause.
 bool WritesFile(ALCdevice* device) {
   const ALCchar* const name = Al().alcGetString(device, ALC_ALL_DEVICES_SPECIFIER);
   return name != nullptr && std::string_view(name) == "Wave File Writer";
@@ -56,7 +56,7 @@ OpenAlDevice::OpenAlDevice(ALCdevice* device, ALCcontext* context) : device_(dev
   Al().alcGetIntegerv(device_, ALC_REFRESH, 1, &periodsPerSecond);
   if (periodsPerSecond < 1) periodsPerSecond = 43;
   period_ = std::chrono::nanoseconds(std::chrono::seconds(1)) / periodsPerSecond;
-  // They are listed by quality.
+  // Resamplers are listed by ascending quality.
   if (Al().alIsExtensionPresent("AL_SOFT_source_resampler") != AL_FALSE)
     resampler_ = Al().alGetInteger(AL_NUM_RESAMPLERS_SOFT) - 1;
   canPause_ = Al().alcIsExtensionPresent(device_, "ALC_SOFT_pause_device") != ALC_FALSE && !WritesFile(device_);

@@ -2,8 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // The system's default sound device through OpenAL Soft, with one context that is current on the thread that opened it;
-// all calls are made there. Sounds go to the left and right channel as they are: unity gain, no position, no limiter. A
-// device can get lost at any time; then its sounds stop and IsConnected says so.
+// all calls must be made on that thread. Sounds go to the left and right channel unchanged: unity gain, no position, no
+// limiter. A device can be lost at any time; then its sounds stop and IsConnected returns false.
 
 #pragma once
 
@@ -24,29 +24,29 @@ struct OpenAlVoice {
 
 class OpenAlDevice {
  public:
-  /// Null when there is no device.
+  /// Returns null if there is no device.
   static std::unique_ptr<OpenAlDevice> Open();
   OpenAlDevice(const OpenAlDevice&) = delete;
   OpenAlDevice& operator=(const OpenAlDevice&) = delete;
-  /// Closes the device; what was not heard yet is not heard.
+  /// Closes the device; sound that was not played yet is dropped.
   ~OpenAlDevice();
 
   [[nodiscard]] bool IsConnected() const;
   /// The length of one mixing period.
   [[nodiscard]] std::chrono::nanoseconds Period() const { return period_; }
 
-  /// Whether Rest would change anything.
+  /// Whether Pause would have an effect.
   [[nodiscard]] bool CanPause() const { return canPause_ && !isPaused_; }
-  /// Stops the mixing while nothing plays, and starts it again. A device that cannot rest goes on mixing silence.
+  /// Stops the mixing while nothing plays, and restarts it. A device that cannot be paused continues to mix silence.
   void Pause();
   void Resume();
 
-  /// Starts a sound. Nothing when the device does not take it.
+  /// Starts a sound. Returns nullopt if the device refuses it.
   std::optional<OpenAlVoice> Play(const StereoSound& sound);
   [[nodiscard]] static bool IsOver(const OpenAlVoice& voice);
-  /// The frames that were mixed.
+  /// The number of frames mixed so far.
   [[nodiscard]] static std::size_t FramesDone(const OpenAlVoice& voice);
-  /// Lets a voice fade to silence within one mixing period.
+  /// Fades a voice to silence within one mixing period.
   static void FadeOut(const OpenAlVoice& voice);
   static void Release(const OpenAlVoice& voice);
 

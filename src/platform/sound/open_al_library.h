@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// OpenAL Soft, loaded when the first sound asks for a device: a program that shows scales starts without reading a
-// sound library, and a system without one is a system without a sound device. Loaded once and kept; any thread; does
-// not fail.
+// OpenAL Soft, loaded with dlopen when the first sound needs a device: starting the program loads no sound library, and
+// a system without OpenAL Soft counts as a system without a sound device. Loaded once and never unloaded; any thread.
 
 #pragma once
 
-// Declares the extensions' functions, which the library has.
+// Declares the functions of the extensions, which the library exports.
 #define AL_ALEXT_PROTOTYPES
 #include <AL/al.h>
 #include <AL/alc.h>
@@ -15,7 +14,7 @@
 
 namespace tonalith::platform {
 
-/// The functions in use, under the library's own names.
+/// The functions used, under the library's names.
 struct OpenAlLibrary {
   decltype(&::alBufferData) alBufferData = nullptr;
   decltype(&::alDeleteBuffers) alDeleteBuffers = nullptr;
@@ -40,7 +39,7 @@ struct OpenAlLibrary {
   decltype(&::alcOpenDevice) alcOpenDevice = nullptr;
   decltype(&::alcSetThreadContext) alcSetThreadContext = nullptr;
 
-  /// The library; nullptr when it is not installed or lacks one of these functions.
+  /// Returns the library, or nullptr if it is not installed or lacks one of these functions.
   static const OpenAlLibrary* Find();
 };
 

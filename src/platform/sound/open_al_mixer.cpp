@@ -14,14 +14,14 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::nanoseconds;
 
-/// How often a missing device is asked for at most.
+/// Minimum time between two attempts to open a missing device.
 constexpr milliseconds kRetryInterval(1000);
-/// How long the device goes on mixing after the last sound, so that the next one starts at once and what is still on
-/// its way to the speaker is heard.
+/// How long the device continues to mix after the last sound, so that the next one starts immediately and buffered
+/// sound is still played.
 constexpr milliseconds kIdleBeforePause(2000);
-/// How long a sound may run over before its device counts as hung.
+/// A device counts as hung when a sound exceeds its length by this time.
 constexpr milliseconds kHungAfter(1500);
-/// How soon the loss of a device in the middle of a long sound is seen.
+/// Upper limit of the poll interval: how soon the loss of a device during a long sound is detected.
 constexpr milliseconds kLongestPollInterval(250);
 constexpr milliseconds kShortestPollInterval(2);
 
@@ -32,12 +32,12 @@ OpenAlMixer::~OpenAlMixer() {
   for (const Fading& fading : fading_) OpenAlDevice::Release(fading.inDevice);
 }
 
-void OpenAlMixer::Start(VoiceId voice, std::shared_ptr<const StereoSound> sound, SteadyTime asked) {
+void OpenAlMixer::Start(VoiceId voice, std::shared_ptr<const StereoSound> sound, SteadyTime requested) {
   EnsureDevice();
   std::optional<OpenAlVoice> inDevice;
   if (device_) inDevice = device_->Play(*sound);
   if (!inDevice) {
-    silentMixer_.Start(voice, std::move(sound), asked);
+    silentMixer_.Start(voice, std::move(sound), requested);
     return;
   }
   const SteadyTime now = std::chrono::steady_clock::now();
@@ -51,7 +51,7 @@ void OpenAlMixer::Stop(VoiceId voice) {
   const auto found = voices_.find(voice);
   if (found == voices_.end()) return;
   OpenAlDevice::FadeOut(found->second.inDevice);
-  // The change is heard from the next period on and takes that period's length.
+  // The change takes effect with the next period and takes one period.
   fading_.push_back({found->second.inDevice, std::chrono::steady_clock::now() + 3 * device_->Period()});
   voices_.erase(found);
 }
@@ -74,7 +74,7 @@ void OpenAlMixer::CollectVoices(SteadyTime now, std::vector<VoiceId>& ended) {
       SchedulePoll(voice, now);
       continue;
     }
-    // A device that was lost a moment ago stops its sounds too early.
+    // A device that was just lost stops its sounds too early.
     if (!device_->IsConnected() && voice.end > now) {
       silentMixer_.Continue(id, voice.end);
     } else {
@@ -114,7 +114,7 @@ std::optional<SteadyTime> OpenAlMixer::NextDue() const {
   return due;
 }
 
-/// The end is expected where the frames that are left bring it; near to it, looks are as close as the periods are.
+/// Polls again at the expected end; near the end, about once per period.
 void OpenAlMixer::SchedulePoll(Voice& voice, SteadyTime now) const {
   const std::size_t done = std::min(OpenAlDevice::FramesDone(voice.inDevice), voice.frames);
   const std::chrono::duration<double> left(static_cast<double>(voice.frames - done) / voice.rate);
@@ -140,7 +140,7 @@ void OpenAlMixer::GiveUpDevice() {
 }
 
 void OpenAlMixer::AbandonDevice() {
-  // Closing it would wait for what hangs. It stays as it is to the end of the process.
+  // Closing a hung device would block. It stays open until the process ends.
   static auto& abandoned = *new std::vector<std::unique_ptr<OpenAlDevice>>();
   abandoned.push_back(std::move(device_));
   ContinueSilently();
@@ -162,7 +162,7 @@ void OpenAlMixer::ContinueSilently() {
 }
 
 void OpenAlMixer::Report(SoundDevice device) {
-  // A device that is there from the start is nothing to talk about.
+  // A device that is available from the start is not reported.
   const SoundDevice before = reported_.value_or(SoundDevice::kFound);
   reported_ = device;
   if (device != before && report_) report_(device);

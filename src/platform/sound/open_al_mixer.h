@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Mixes all voices into one sound device. The device is opened with the first sound, rests when nothing has played for
-// a while, and is given up when it gets lost; then sounds go on in silence, each to its own end, and a later sound
-// tries for the device again. Sleeping is the caller's: NextDue says until when. Owned by its output, on whose thread
-// all calls are made; never fails.
+// Mixes all voices into one sound device. The device is opened with the first sound, paused when idle, and closed when
+// lost; then sounds continue in silence to their end, and a later sound tries to open the device again. The caller
+// waits until NextDue. Owned by its output, on whose thread all calls are made; never fails.
 
 #pragma once
 
@@ -27,7 +26,7 @@ class OpenAlMixer : public VoiceMixer {
   ~OpenAlMixer() override;
 
   void Attach(std::function<void(SoundDevice)> report) override { report_ = std::move(report); }
-  void Start(VoiceId voice, std::shared_ptr<const StereoSound> sound, SteadyTime asked) override;
+  void Start(VoiceId voice, std::shared_ptr<const StereoSound> sound, SteadyTime requested) override;
   void Stop(VoiceId voice) override;
   void Collect(SteadyTime now, std::vector<VoiceId>& ended) override;
   [[nodiscard]] std::optional<SteadyTime> NextDue() const override;
@@ -37,7 +36,7 @@ class OpenAlMixer : public VoiceMixer {
     OpenAlVoice inDevice;
     std::size_t frames = 0;
     std::uint32_t rate = 0;
-    /// When it ends at the latest, by the clock of the system.
+    /// Latest end time by the system's clock.
     SteadyTime end;
     SteadyTime nextPoll;
   };
@@ -66,8 +65,8 @@ class OpenAlMixer : public VoiceMixer {
   std::optional<SteadyTime> pauseAt_;
 };
 
-/// Wave output on the system's default sound device. Opens nothing yet. To be made early in the program: it calls
-/// PrepareOpenAl.
+/// Wave output on the system's default sound device. Does not open the device yet. Calls PrepareOpenAl, so create it
+/// early.
 std::unique_ptr<WaveOutput> MakeOpenAlWaveOutput(WindowMessages& windows, SoundDeviceObserver* observer);
 
 }  // namespace tonalith::platform

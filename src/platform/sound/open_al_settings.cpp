@@ -15,18 +15,18 @@
 namespace tonalith::platform {
 namespace {
 
-// 256 frames are 5.8 ms at 44.1 kHz; four of them in flight are as much as the usual two of twice the length.
+// 256 frames are 5.8 ms at 44.1 kHz; four periods buffer as much as the default two of twice the length.
 constexpr const char* kSettings =
     "[general]\n"
     "period_size = 256\n"
     "periods = 4\n";
 
-// Far more than all settings that there are, each with its explanation.
+// In bytes; far more than all settings with their comments need.
 constexpr std::size_t kMaxSettingsSize = std::size_t{1} << 20;
 
-/// What a file of settings holds; nothing where there is something else, which may have no end.
+/// The content of a settings file; empty if it is not a regular file, which may have no end.
 std::string ContentOf(const char* path) {
-  // O_NONBLOCK: opening a pipe that nobody writes to returns instead of waiting.
+  // O_NONBLOCK: opening a pipe without a writer returns immediately.
   const int descriptor = ::open(path, O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
   if (descriptor < 0) return {};
   std::string content;
@@ -45,7 +45,7 @@ void SetSettingsFile() {
   std::string settings = kSettings;
   const char* const chosen = std::getenv("ALSOFT_CONF");
   if (chosen != nullptr && *chosen != '\0') settings += ContentOf(chosen);
-  // The descriptor stays open for the process's life: OpenAL Soft opens the path when it is first used.
+  // The descriptor stays open until the process ends: OpenAL Soft opens the path when first used.
   const int descriptor = ::memfd_create("tonalith-openal", MFD_CLOEXEC);
   if (descriptor < 0) return;
   if (::write(descriptor, settings.data(), settings.size()) != static_cast<ssize_t>(settings.size())) {

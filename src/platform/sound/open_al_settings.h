@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What Tonalith asks of OpenAL Soft beyond its interface: short mixing periods, so that a click is heard at once, and
-// no text on standard error. OpenAL Soft reads both from the environment when it is first used, so this has to happen
-// before, and best before the program starts its second thread. Never fails.
+// Configures OpenAL Soft through its environment variables: short mixing periods for a low latency, and no output on
+// standard error. OpenAL Soft reads them when first used, so call this before, and before the program starts its second
+// thread.
 
 #pragma once
 
 namespace tonalith::platform {
 
-/// Sets ALSOFT_CONF to a list of settings that this process holds in memory, with the contents of the file that
-/// ALSOFT_CONF named before behind them (so what the user wrote there wins), and ALSOFT_LOGLEVEL where it is unset. The
-/// first call does it, later ones do nothing. Where the system cannot do it, OpenAL Soft keeps its own settings.
+/// Sets ALSOFT_CONF to an in-memory file with Tonalith's settings followed by the user's ALSOFT_CONF file (so the
+/// user's settings win), and ALSOFT_LOGLEVEL unless it is set. Only the first call has an effect. On failure OpenAL
+/// Soft uses its defaults.
 void PrepareOpenAl();
 
 }  // namespace tonalith::platform

@@ -9,8 +9,8 @@ namespace tonalith::platform {
 
 void SilentMixer::Attach(std::function<void(SoundDevice)> /*report*/) {}
 
-void SilentMixer::Start(VoiceId voice, std::shared_ptr<const StereoSound> sound, SteadyTime asked) {
-  Continue(voice, asked + sound->Duration());
+void SilentMixer::Start(VoiceId voice, std::shared_ptr<const StereoSound> sound, SteadyTime requested) {
+  Continue(voice, requested + sound->Duration());
 }
 
 void SilentMixer::Stop(VoiceId voice) { ends_.erase(voice); }

@@ -51,7 +51,7 @@ std::optional<SampleKind> KindOf(const WaveFormat& format) {
   return std::nullopt;
 }
 
-/// `size` little-endian bytes, moved up so that the sign bit is the number's own.
+/// Reads `size` little-endian bytes into the upper bytes of the result, so that the sign bit is correct.
 std::int32_t SignedAtTop(const std::byte* at, std::size_t size) {
   std::uint32_t value = 0;
   for (std::size_t i = 0; i < size; ++i) value |= std::to_integer<std::uint32_t>(at[i]) << (8 * (4 - size + i));

@@ -11,7 +11,8 @@
 
 namespace tonalith::platform {
 
-/// What the two threads share. The thread holds it too, so it outlives an output that could not wait for its thread.
+/// The state shared by the two threads. The thread owns it too, so it outlives an output that could not join its
+/// thread.
 class ThreadedWaveOutput::Engine : public std::enable_shared_from_this<ThreadedWaveOutput::Engine> {
  public:
   Engine(std::unique_ptr<VoiceMixer> mixer, WindowMessages& windows, SoundDeviceObserver* observer)
@@ -25,9 +26,9 @@ class ThreadedWaveOutput::Engine : public std::enable_shared_from_this<ThreadedW
  private:
   struct Command {
     VoiceId voice = 0;
-    /// Null: stop.
+    /// Null means stop.
     std::shared_ptr<const StereoSound> sound;
-    SteadyTime asked;
+    SteadyTime requested;
   };
   struct Playing {
     VoiceId voice = 0;
@@ -49,7 +50,7 @@ class ThreadedWaveOutput::Engine : public std::enable_shared_from_this<ThreadedW
   std::vector<Command> commands_;
   std::map<WaveHandle, Playing> playing_;
   VoiceId lastVoice_ = 0;
-  /// The thread's alone once it runs.
+  /// Used only by the thread once it runs.
   std::unique_ptr<VoiceMixer> mixer_;
   WindowMessages& windows_;
   SoundDeviceObserver* observer_;
@@ -131,7 +132,7 @@ void ThreadedWaveOutput::Engine::Sleep(std::unique_lock<std::mutex>& lock, std::
 void ThreadedWaveOutput::Engine::Apply(const std::vector<Command>& commands) {
   for (const Command& command : commands) {
     if (command.sound) {
-      mixer_->Start(command.voice, command.sound, command.asked);
+      mixer_->Start(command.voice, command.sound, command.requested);
     } else {
       mixer_->Stop(command.voice);
     }
@@ -176,7 +177,7 @@ void ThreadedWaveOutput::PrepareHeader(WaveHandle device, WAVEHDR& header) {
   const auto found = streams_.find(device);
   if (found == streams_.end()) return;
   const std::span<const std::byte> bytes(header.lpData, header.dwBufferLength);
-  // What does not fit into memory is played as nothing, so that its notice comes all the same.
+  // A sound that does not fit into memory is played as an empty one, so that its wave-done message is posted.
   found->second.sound = std::make_shared<StereoSound>(DecodeSound(found->second.layout, {}));
   found->second.sound = std::make_shared<StereoSound>(DecodeSound(found->second.layout, bytes));
 }

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Wave output over a mixer on a thread of its own: no call waits for a sound device, not even for its opening. The
-// thread starts with the first sound and sleeps whenever the mixer has nothing to do. Each sound that is written hands
-// in exactly one notice, at its end or at its reset, and a handle is never given out twice. Decoding happens at
-// PrepareHeader, so a prepared sound starts without delay. Destruction ends all sounds without notices and does not
-// wait for a device that hangs: then the thread is left behind with what it holds.
+// Wave output over a mixer on its own thread: no call waits for a sound device, not even for opening it. The thread
+// starts with the first sound and blocks while the mixer is idle. Each written sound posts exactly one wave-done
+// message, at its end or at its reset; handles are not reused. PrepareHeader decodes, so a prepared sound starts
+// without delay. The destructor ends all sounds without messages and does not wait for a hung device: then the thread
+// is detached.
 
 #pragma once
 
@@ -21,8 +21,8 @@ namespace tonalith::platform {
 
 class ThreadedWaveOutput : public WaveOutput {
  public:
-  /// Borrows `windows` and `observer` (null for none); both outlive this object. Both are called on the mixer's thread
-  /// and under a lock: they return at once and do not call back.
+  /// `windows` and `observer` (may be null) must outlive this object. Both are called on the mixer's thread under a
+  /// lock: they must return immediately and not call back.
   ThreadedWaveOutput(std::unique_ptr<VoiceMixer> mixer, WindowMessages& windows, SoundDeviceObserver* observer);
   ThreadedWaveOutput(const ThreadedWaveOutput&) = delete;
   ThreadedWaveOutput& operator=(const ThreadedWaveOutput&) = delete;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What a thread of ThreadedWaveOutput drives: sounds that start, stop and end. Each mixer belongs to one such thread,
-// which makes all calls, and is destroyed on it. A mixer never fails: what cannot be heard keeps its time in silence.
+// Plays sounds for ThreadedWaveOutput. Each mixer belongs to one thread, which makes all calls and destroys it. A mixer
+// never fails: a sound that cannot be played takes its usual time in silence.
 
 #pragma once
 
@@ -26,19 +26,19 @@ class VoiceMixer {
  public:
   virtual ~VoiceMixer() = default;
 
-  /// Called once, before everything else, with the function that hears about the sound device.
+  /// Called once, before all other functions, with the callback for changes of the sound device.
   virtual void Attach(std::function<void(SoundDevice)> report) = 0;
 
-  /// Starts a sound that was asked for at `asked`.
-  virtual void Start(VoiceId voice, std::shared_ptr<const StereoSound> sound, SteadyTime asked) = 0;
+  /// Starts a sound that was requested at `requested`.
+  virtual void Start(VoiceId voice, std::shared_ptr<const StereoSound> sound, SteadyTime requested) = 0;
 
-  /// Silences a voice without a click. One that is not there has ended: nothing happens.
+  /// Stops a voice without a click. Ignores a voice that has ended.
   virtual void Stop(VoiceId voice) = 0;
 
-  /// Adds the voices whose last sample is through to `ended` and forgets them.
+  /// Adds the voices that have ended to `ended` and removes them.
   virtual void Collect(SteadyTime now, std::vector<VoiceId>& ended) = 0;
 
-  /// When Collect has to be called next; nothing while there is nothing to do.
+  /// The time of the next call of Collect; nullopt if there is nothing to do.
   [[nodiscard]] virtual std::optional<SteadyTime> NextDue() const = 0;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The time of day by the system's clock, in the time zone of the process. Stateless; any thread; never fails.
+// The system clock in the time zone of the process. Any thread.
 
 #pragma once
 

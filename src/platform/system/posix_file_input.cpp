@@ -74,7 +74,7 @@ class PosixInputFile : public InputFile {
 };
 
 int OpenDescriptor(const std::string& path) {
-  // O_NONBLOCK: opening a pipe that nobody writes to returns instead of waiting.
+  // O_NONBLOCK: opening a pipe without a writer returns immediately.
   return ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
 }
 

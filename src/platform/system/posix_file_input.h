@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Reads the file system with POSIX calls through a small buffer. A path may be written with backslashes between its
-// folders: where no such name exists, they are read as slashes. Opening never blocks, and the type is asked of the open
-// file, so nothing can be swapped in between. See file_input.h for the contract.
+// Reads files with POSIX calls through a small buffer. If a path with backslashes does not exist, they are read as
+// slashes. Opening never blocks; the file type is checked on the open descriptor, which avoids a race.
 
 #pragma once
 

@@ -15,7 +15,7 @@ std::optional<NetworkConnection> NoNetworkDrives::ConnectionOf(const std::string
 }
 
 void StdWorkingDirectory::MakeDriveCurrent(const std::string& /*drive*/) {
-  // One tree holds every directory: ChangeTo says all that there is to say.
+  // There are no drives: ChangeTo is sufficient.
 }
 
 void StdWorkingDirectory::ChangeTo(const std::string& directory) {

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Drives and directories through the C++ standard library: the working directory moves with std::filesystem, and there
-// are no drive letters to map. Stateless; user-interface thread; failures are core::Failure.
+// The working directory through std::filesystem, and no mapped drives.
 
 #pragma once
 
@@ -19,7 +18,7 @@ class NoNetworkDrives : public NetworkDrives {
 class StdWorkingDirectory : public WorkingDirectory {
  public:
   void MakeDriveCurrent(const std::string& drive) override;
-  /// Failure 76 ("Path not found") with the directory's name.
+  /// Throws failure 76 ("Path not found") with the directory's name.
   void ChangeTo(const std::string& directory) override;
 };
 

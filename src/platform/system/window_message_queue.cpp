@@ -63,7 +63,7 @@ void WindowMessageQueue::Dispatch() {
     messages_.pop_front();
     const auto found = windows_.find(message.window);
     if (found == windows_.end()) continue;
-    // A copy: the procedure may swap itself out or destroy its window.
+    // Copied, because the procedure may replace itself or destroy its window.
     const WindowProcedure procedure = found->second;
     lock.unlock();
     if (procedure) procedure(message.window, message.message, message.wParam, message.lParam);

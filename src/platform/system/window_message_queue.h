@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Hidden windows without a window system: any thread posts notices into one queue, the user-interface thread empties
-// it. A program with an event loop of its own sets a wake-up call and calls Dispatch from its loop; a program without
-// one waits here, asleep. Owned by the program and outlives whoever posts. Dispatch may be entered again from a window
-// procedure (a message box runs the loop in the middle of one): the notices that wait are then handled inside.
+// Hidden windows without a window system: any thread posts messages into one queue, the user-interface thread handles
+// them. A program with its own event loop sets a wake-up callback and calls Dispatch from its loop; other programs call
+// WaitForEvents. Must outlive all posting threads. Dispatch is reentrant: a window procedure that runs the event loop
+// (a message box) handles the pending messages inside.
 
 #pragma once
 
@@ -31,11 +31,11 @@ class WindowMessageQueue : public WindowMessages, public EventPump {
   void WaitForEvents() override;
   void WaitForEvents(std::chrono::milliseconds limit) override;
 
-  /// Handles the notices that were waiting when it was called.
+  /// Handles the messages that were pending at the call.
   void Dispatch();
 
-  /// Called after each posting, on the posting thread: asks the event loop to call Dispatch soon. The call runs under
-  /// the queue's lock, so once SetWakeUp has returned nobody is inside the one before.
+  /// Sets the callback that runs after each post, on the posting thread, and makes the event loop call Dispatch. It
+  /// runs under the queue's lock, so after SetWakeUp returns the previous callback is not running.
   void SetWakeUp(std::function<void()> wakeUp);
 
  private:
