@@ -20,11 +20,11 @@ using namespace tonalith;
 namespace ear = tonalith::testing;
 
 void Listen(const std::string& folder, const ear::ListenedScale& scale, const std::string& key) {
-  const ear::Heard heard = ear::ListenToScale(folder, key, scale.pattern);
+  const ear::AnalysedScale heard = ear::ListenToScale(folder, key, scale.pattern);
   std::vector<int> pitches;
   double cents = 0;
   double difference = 0;
-  for (const ear::HeardNote& note : heard.notes) {
+  for (const ear::AnalysedNote& note : heard.notes) {
     pitches.push_back(note.pitch);
     cents = std::max(cents, note.cents);
     difference = std::max(difference, note.difference);

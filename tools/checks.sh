@@ -49,7 +49,7 @@ TonalithCheckSanitizers() {
 # Only sound output has its own threads.
 TonalithCheckThreads() {
   TonalithBuild threads tonalith_audio_tests tonalith_platform_tests tonalith_platform_openal_tests \
-    tonalith_platform_openal_rest_tests
+    tonalith_platform_openal_pause_tests
   ctest --preset threads
 }
 

@@ -15,7 +15,7 @@ namespace {
 constexpr auto kExtension = QStyle::SP_ToolBarHorizontalExtensionButton;
 constexpr QSize kSize(16, 16);
 
-/// The style under test on a style that counts how often it is asked.
+/// A base style that counts its calls.
 class Asked : public QCommonStyle {
  public:
   QIcon standardIcon(StandardPixmap which, const QStyleOption* option, const QWidget* widget) const override {
@@ -33,7 +33,7 @@ QImage Painted(const QIcon& icon) {
   return image;
 }
 
-TEST(DeferredIconStyle, ReadsTheIconOfAMenuBarsExtensionWhenItIsFirstPainted) {
+TEST(DeferredIconStyle, LoadsTheExtensionIconWhenItIsFirstPainted) {
   auto* const asked = new Asked;
   const DeferredIconStyle style(asked);
   const QIcon icon = style.standardIcon(kExtension);
@@ -49,7 +49,7 @@ TEST(DeferredIconStyle, ReadsTheIconOfAMenuBarsExtensionWhenItIsFirstPainted) {
   EXPECT_EQ(asked->times, 1);
 }
 
-TEST(DeferredIconStyle, GivesTheSamePixmapAndSizeAsTheStyleBelow) {
+TEST(DeferredIconStyle, ReturnsThePixmapAndSizeOfTheBaseStyle) {
   const DeferredIconStyle style(new Asked);
   const QIcon real = QCommonStyle().standardIcon(kExtension);
   const QIcon icon = style.standardIcon(kExtension);
@@ -57,14 +57,14 @@ TEST(DeferredIconStyle, GivesTheSamePixmapAndSizeAsTheStyleBelow) {
   EXPECT_EQ(icon.actualSize({100, 100}), real.actualSize({100, 100}));
 }
 
-TEST(DeferredIconStyle, LeavesOtherIconsToTheStyleBelow) {
+TEST(DeferredIconStyle, LeavesOtherIconsToTheBaseStyle) {
   auto* const asked = new Asked;
   const DeferredIconStyle style(asked);
   EXPECT_FALSE(style.standardIcon(QStyle::SP_MessageBoxWarning).isNull());
   EXPECT_EQ(asked->times, 1);
 }
 
-TEST(DeferredIconStyle, PaintsNothingOfAStyleThatIsGone) {
+TEST(DeferredIconStyle, PaintsNothingAfterTheStyleIsDestroyed) {
   QIcon icon;
   {
     const DeferredIconStyle style(new Asked);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What every implementation of the event pump has to do. The host has Windows() and Pump(), and notices of the windows
-// are events of the pump.
+// Tests for every implementation of EventPump. The host has Windows() and Pump(); messages to the windows are events of
+// the pump.
 
 #pragma once
 
@@ -34,13 +34,13 @@ class EventPumpConformance : public ::testing::Test {
 
 TYPED_TEST_SUITE_P(EventPumpConformance);
 
-TYPED_TEST_P(EventPumpConformance, ReturnsAtOnceWhenANoticeIsPending) {
+TYPED_TEST_P(EventPumpConformance, ReturnsImmediatelyIfAMessageIsPending) {
   this->host_.Windows().PostMessage(this->CountingWindow(), 1, 0, 0);
   this->host_.Pump().WaitForEvents();
   EXPECT_EQ(this->count_, 1);
 }
 
-TYPED_TEST_P(EventPumpConformance, SleepsUntilAnotherThreadPosts) {
+TYPED_TEST_P(EventPumpConformance, BlocksUntilAnotherThreadPosts) {
   using std::chrono::milliseconds;
   const auto window = this->CountingWindow();
   const double before = ProcessorSeconds();
@@ -51,17 +51,17 @@ TYPED_TEST_P(EventPumpConformance, SleepsUntilAnotherThreadPosts) {
   while (this->count_ == 0) this->host_.Pump().WaitForEvents();
   poster.join();
   EXPECT_EQ(this->count_, 1);
-  EXPECT_LT(ProcessorSeconds() - before, 0.1) << "waiting is asleep";
+  EXPECT_LT(ProcessorSeconds() - before, 0.1) << "no polling";
 }
 
-TYPED_TEST_P(EventPumpConformance, ReturnsAfterTheLimitWithoutAnEvent) {
+TYPED_TEST_P(EventPumpConformance, ReturnsAfterTheTimeLimitWithoutAnEvent) {
   const auto start = std::chrono::steady_clock::now();
   this->host_.Pump().WaitForEvents(std::chrono::milliseconds(60));
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
   EXPECT_EQ(this->count_, 0);
 }
 
-REGISTER_TYPED_TEST_SUITE_P(EventPumpConformance, ReturnsAtOnceWhenANoticeIsPending, SleepsUntilAnotherThreadPosts,
-                            ReturnsAfterTheLimitWithoutAnEvent);
+REGISTER_TYPED_TEST_SUITE_P(EventPumpConformance, ReturnsImmediatelyIfAMessageIsPending, BlocksUntilAnotherThreadPosts,
+                            ReturnsAfterTheTimeLimitWithoutAnEvent);
 
 }  // namespace tonalith::testing

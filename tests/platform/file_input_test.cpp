@@ -20,7 +20,7 @@ namespace {
 
 using testing::Bytes;
 
-/// A folder of its own for one test.
+/// A temporary folder for one test.
 class TestFolder {
  public:
   TestFolder() {
@@ -100,7 +100,7 @@ TYPED_TEST(FileInputConformance, ReadsAFileFromItsStartToItsEnd) {
   EXPECT_TRUE(ReadFrom(*file, 10).empty());
 }
 
-TYPED_TEST(FileInputConformance, MovesToAnyPosition) {
+TYPED_TEST(FileInputConformance, SeeksToAnyPosition) {
   const Bytes content = Counting(9000);
   const auto file = this->host_.Files().Open(this->host_.Put(content));
   for (const std::uint64_t position : {8000U, 0U, 4090U, 3U, 4096U}) {
@@ -111,7 +111,7 @@ TYPED_TEST(FileInputConformance, MovesToAnyPosition) {
   }
 }
 
-TYPED_TEST(FileInputConformance, ReadsNothingPastTheEnd) {
+TYPED_TEST(FileInputConformance, ReadsNothingAfterTheEnd) {
   const auto file = this->host_.Files().Open(this->host_.Put(Counting(10)));
   EXPECT_EQ(file->Seek(8), 8);
   EXPECT_EQ(ReadFrom(*file, 100).size(), 2U);
@@ -128,12 +128,12 @@ TYPED_TEST(FileInputConformance, OpensAnEmptyFile) {
   EXPECT_TRUE(ReadFrom(*file, 1).empty());
 }
 
-TYPED_TEST(FileInputConformance, OpensNothingThatIsNotThere) {
+TYPED_TEST(FileInputConformance, DoesNotOpenAMissingFile) {
   EXPECT_EQ(this->host_.Files().Open(this->host_.Missing()), nullptr);
   EXPECT_EQ(this->host_.Files().Open(""), nullptr);
 }
 
-TEST(PosixFileInput, RefusesEverythingThatIsNoRegularFileWithoutWaiting) {
+TEST(PosixFileInput, RefusesNonRegularFilesWithoutBlocking) {
   const TestFolder folder;
   std::filesystem::create_directory(folder.Of("folder.wav"));
   ASSERT_EQ(::mkfifo(folder.Of("pipe.wav").c_str(), 0600), 0);
@@ -154,7 +154,7 @@ TEST(PosixFileInput, FollowsALinkToARegularFile) {
   EXPECT_NE(PosixFileInput().Open(folder.Of("link.wav")), nullptr);
 }
 
-TEST(PosixFileInput, ReadsBackslashesAsSlashesWhereNoSuchNameExists) {
+TEST(PosixFileInput, ReadsBackslashesAsSlashesIfThePathDoesNotExist) {
   const TestFolder folder;
   std::filesystem::create_directory(folder.Of("Audio"));
   folder.Put("Audio/0.wav", Counting(5));
@@ -163,7 +163,7 @@ TEST(PosixFileInput, ReadsBackslashesAsSlashesWhereNoSuchNameExists) {
   EXPECT_EQ(file->Size(), 5U);
 }
 
-TEST(PosixFileInput, PrefersAFileThatReallyHasABackslashInItsName) {
+TEST(PosixFileInput, PrefersAFileWithABackslashInItsName) {
   const TestFolder folder;
   std::filesystem::create_directory(folder.Of("a"));
   folder.Put("a/b", Counting(1));
@@ -179,7 +179,7 @@ TEST(PosixFileInput, EndsEarlyInAFileThatShrinks) {
   EXPECT_EQ(ReadFrom(*file, 9000).size(), 100U);
 }
 
-TEST(PosixFileInput, ClosesWhatItOpened) {
+TEST(PosixFileInput, ClosesItsFiles) {
   const TestFolder folder;
   folder.Put("file", Counting(10));
   std::filesystem::create_directory(folder.Of("folder"));
@@ -194,7 +194,7 @@ TEST(PosixFileInput, ClosesWhatItOpened) {
   EXPECT_EQ(open(), before);
 }
 
-TEST(LocalTimeOfDay, LiesWithinADay) {
+TEST(LocalTimeOfDay, IsWithinADay) {
   const double now = LocalTimeOfDay().SecondsSinceMidnight();
   EXPECT_GE(now, 0);
   EXPECT_LT(now, 86401);

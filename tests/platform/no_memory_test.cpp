@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A sound that does not fit into memory. This program's memory can be told to be short of large pieces.
+// A sound that does not fit into memory. This program can refuse large allocations.
 
 #include <gtest/gtest.h>
 
@@ -16,12 +16,12 @@
 
 namespace {
 
-// Pieces from this size on are refused.
+// Allocations of this size or larger fail.
 std::size_t limit = SIZE_MAX;  // NOLINT(readability-identifier-naming): read by the operators below
 
 }  // namespace
 
-// Inlined, they would look to the compiler like memory that goes back by another door than it came.
+// Inlined, they would cause warnings about mismatched allocation and deallocation.
 [[gnu::noinline]] void* operator new(std::size_t size) {
   void* const memory = size >= limit ? nullptr : std::malloc(size);
   if (memory == nullptr) throw std::bad_alloc();
@@ -36,7 +36,7 @@ std::size_t limit = SIZE_MAX;  // NOLINT(readability-identifier-naming): read by
 namespace tonalith::testing {
 namespace {
 
-TEST(WaveOutputWithoutMemory, PlaysAnEmptySoundSoThatItsNoticeComes) {
+TEST(WaveOutputWithoutMemory, PlaysAnEmptySoundAndPostsItsMessage) {
   platform::WindowMessageQueue queue;
   const auto output = platform::MakeSilentWaveOutput(queue);
   int notices = 0;
@@ -45,7 +45,7 @@ TEST(WaveOutputWithoutMemory, PlaysAnEmptySoundSoThatItsNoticeComes) {
     ++notices;
     return std::intptr_t{0};
   });
-  // Half a minute, which nobody waits for.
+  // Half a minute of sound; the test does not wait for it.
   constexpr std::uint32_t kRate = 8000;
   const std::vector<std::byte> samples(std::size_t{60} * kRate);
   platform::WAVEHDR header;

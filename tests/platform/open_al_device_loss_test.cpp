@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The recording device is there while its file can be written: taking the folder away is having no device, and a full
-// disk in the middle of a sound is losing it.
+// The recording device works while its file can be written: without the folder there is no device, and a full disk
+// during a sound is a device loss.
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@
 namespace tonalith::testing {
 namespace {
 
-class NotingObserver : public platform::SoundDeviceObserver {
+class CountingObserver : public platform::SoundDeviceObserver {
  public:
   void SoundDeviceMissing() override { ++missing_; }
   void SoundDeviceFound() override { ++found_; }
@@ -37,7 +37,7 @@ class DeviceLoss : public ::testing::Test {
     Connect();
     window_ = queue_.CreateWindow({});
     queue_.SetWindowProcedure(window_, [this](auto, auto, auto, auto) {
-      ++notices_;
+      ++messages_;
       return std::intptr_t{0};
     });
     output_ = platform::MakeOpenAlWaveOutput(queue_, &observer_);
@@ -52,36 +52,36 @@ class DeviceLoss : public ::testing::Test {
     if (std::filesystem::is_symlink(RecordingPath())) std::filesystem::remove(RecordingPath());
   }
   static void Disconnect() { std::filesystem::remove_all(RecordingFolder()); }
-  /// The device opens and fails with the first samples that reach it.
+  /// The device opens and fails with the first samples.
   static void Break() {
     std::filesystem::remove(RecordingPath());
     std::filesystem::create_symlink("/dev/full", RecordingPath());
   }
 
-  /// Plays a sound of 0.2 seconds to its notice; the seconds it took.
+  /// Plays a sound of 0.2 seconds until its wave-done message. Returns the seconds it took.
   double Play() { return Play(Sine({}, 441, 0.2, 0.5)); }
   double Play(const Bytes& samples) {
     platform::WAVEHDR header{.lpData = samples.data(), .dwBufferLength = static_cast<std::uint32_t>(samples.size())};
     const auto device = output_->Open(RecordOf({}), window_);
     output_->PrepareHeader(device, header);
-    const int before = notices_;
+    const int before = messages_;
     const auto start = std::chrono::steady_clock::now();
     output_->Write(device, header);
-    for (int i = 0; i < 100 && notices_ == before; ++i) queue_.WaitForEvents(std::chrono::milliseconds(100));
-    EXPECT_EQ(notices_, before + 1);
+    for (int i = 0; i < 100 && messages_ == before; ++i) queue_.WaitForEvents(std::chrono::milliseconds(100));
+    EXPECT_EQ(messages_, before + 1);
     const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
     output_->Close(device);
     return took.count();
   }
 
-  NotingObserver observer_;
+  CountingObserver observer_;
   platform::WindowMessageQueue queue_;
   platform::WindowHandle window_ = platform::kNoWindow;
   std::unique_ptr<platform::WaveOutput> output_;
-  int notices_ = 0;
+  int messages_ = 0;
 };
 
-TEST_F(DeviceLoss, WithoutADeviceSoundsKeepTheirTimeAndItIsSaidOnce) {
+TEST_F(DeviceLoss, WithoutADeviceSoundsKeepTheirLengthAndOneReportIsMade) {
   Disconnect();
   std::vector<double> times;
   times.reserve(5);
@@ -92,13 +92,13 @@ TEST_F(DeviceLoss, WithoutADeviceSoundsKeepTheirTimeAndItIsSaidOnce) {
   EXPECT_EQ(observer_.Found(), 0);
 }
 
-TEST_F(DeviceLoss, ADeviceThatIsThereFromTheStartIsNotTalkedAbout) {
+TEST_F(DeviceLoss, ADevicePresentFromTheStartIsNotReported) {
   Play();
   EXPECT_EQ(observer_.Missing(), 0);
   EXPECT_EQ(observer_.Found(), 0);
 }
 
-TEST_F(DeviceLoss, TakesTheDeviceWhenItIsBack) {
+TEST_F(DeviceLoss, UsesTheDeviceWhenItReturns) {
   Disconnect();
   Play();
   Connect();
@@ -110,7 +110,7 @@ TEST_F(DeviceLoss, TakesTheDeviceWhenItIsBack) {
   EXPECT_EQ(Stretches(ReadRecording(), 0.01, 0.05).size(), 1U);
 }
 
-TEST_F(DeviceLoss, ASoundWhoseDeviceIsLostGoesOnInSilenceToItsEnd) {
+TEST_F(DeviceLoss, ASoundOnALostDeviceContinuesInSilenceToItsEnd) {
   Break();
   const double took = Play();
   EXPECT_GE(took, 0.19);
@@ -123,8 +123,8 @@ TEST_F(DeviceLoss, ASoundWhoseDeviceIsLostGoesOnInSilenceToItsEnd) {
   EXPECT_EQ(Stretches(ReadRecording(), 0.01, 0.05).size(), 1U);
 }
 
-TEST_F(DeviceLoss, ADeviceThatHangsIsGivenUpAndAnotherOneTaken) {
-  // Nobody reads the pipe: the device hangs as soon as it is full. It stays open, for the device waits to its end.
+TEST_F(DeviceLoss, AHungDeviceIsReplaced) {
+  // The pipe has no reader, so the device hangs when it is full. It stays open because the device waits until the end.
   std::filesystem::remove(RecordingPath());
   ASSERT_EQ(::mkfifo(RecordingPath().c_str(), 0600), 0);
   static const int pipe = ::open(RecordingPath().c_str(), O_RDONLY | O_NONBLOCK);
@@ -137,7 +137,7 @@ TEST_F(DeviceLoss, ADeviceThatHangsIsGivenUpAndAnotherOneTaken) {
   EXPECT_EQ(observer_.Found(), 1);
   output_.reset();
   EXPECT_EQ(Stretches(ReadRecording(), 0.01, 0.05).size(), 1U);
-  // The process cannot end before the pipe takes what the device has kept for it.
+  // The process cannot end before the pipe accepts the buffered data of the device.
   ASSERT_EQ(::fcntl(pipe, F_SETFL, 0), 0);
   std::thread([] {
     std::array<char, 4096> taken{};
@@ -145,7 +145,7 @@ TEST_F(DeviceLoss, ADeviceThatHangsIsGivenUpAndAnotherOneTaken) {
   }).detach();
 }
 
-TEST_F(DeviceLoss, ASoundIsStoppedInSilenceAsWell) {
+TEST_F(DeviceLoss, ASilentSoundCanBeStopped) {
   Disconnect();
   const Bytes samples = Sine({}, 441, 5, 0.5);
   platform::WAVEHDR header{.lpData = samples.data(), .dwBufferLength = static_cast<std::uint32_t>(samples.size())};
@@ -153,10 +153,10 @@ TEST_F(DeviceLoss, ASoundIsStoppedInSilenceAsWell) {
   output_->PrepareHeader(device, header);
   output_->Write(device, header);
   queue_.WaitForEvents(std::chrono::milliseconds(50));
-  EXPECT_EQ(notices_, 0);
+  EXPECT_EQ(messages_, 0);
   output_->Reset(device);
   queue_.WaitForEvents(std::chrono::milliseconds(2000));
-  EXPECT_EQ(notices_, 1);
+  EXPECT_EQ(messages_, 1);
 }
 
 }  // namespace

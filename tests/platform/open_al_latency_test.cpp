@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// From the click to the first sample, seen from outside: the recording is watched while it grows. What is measured is
-// more than the mixer's own delay, because the file writer collects up to two mixing periods before they can be seen.
+// The time from the click to the first sample, measured in the growing recording. It exceeds the mixer's delay, because
+// the file writer buffers up to two mixing periods.
 
 #include <gtest/gtest.h>
 
@@ -23,21 +23,21 @@ namespace {
 
 using std::chrono::steady_clock;
 
-/// Waits until the recording grows by a sample that is not silent.
+/// Waits until the recording contains a new sample that is not silent.
 class RecordingWatch {
  public:
-  /// Skips what is there.
-  void Forget() {
+  /// Skips the present content.
+  void SkipToEnd() {
     file_ = std::ifstream(RecordingPath(), std::ios::binary);
     file_.seekg(0, std::ios::end);
-    // The file begins with a header; from there on, frames of eight bytes.
+    // The file starts with a header, followed by frames of eight bytes.
     at_ = std::max<std::streamoff>(kHeader, file_.tellg() - (file_.tellg() - kHeader) % 8);
   }
 
-  /// When a sound was seen; gives up after half a second.
+  /// The time when a sound was detected; the epoch after a timeout of half a second.
   steady_clock::time_point WaitForSound() {
-    const auto patience = steady_clock::now() + std::chrono::milliseconds(500);
-    while (steady_clock::now() < patience) {
+    const auto timeout = steady_clock::now() + std::chrono::milliseconds(500);
+    while (steady_clock::now() < timeout) {
       float sides[2];
       file_.clear();
       file_.seekg(at_);
@@ -56,7 +56,7 @@ class RecordingWatch {
   std::streamoff at_ = kHeader;
 };
 
-TEST(OpenAlLatency, AClickIsInTheMixerWithinTwentyMilliseconds) {
+TEST(OpenAlLatency, AClickIsMixedWithinTwentyMilliseconds) {
   RecordingOutput output;
   platform::PosixFileInput files;
   const std::string path = RecordingFolder() + "/note.wav";
@@ -71,7 +71,7 @@ TEST(OpenAlLatency, AClickIsInTheMixerWithinTwentyMilliseconds) {
   std::vector<double> delays;
   delays.reserve(200);
   for (int click = 0; click < 200; ++click) {
-    watch.Forget();
+    watch.SkipToEnd();
     const auto pressed = steady_clock::now();
     player.Play(path);
     const auto seen = watch.WaitForSound();

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The settings are made once in a process, so each case has a child process, which tells what it sees by how it ends.
+// The settings are made once per process, so each case runs in a child process that reports the result by its exit
+// code.
 
 #include "platform/sound/open_al_settings.h"
 
@@ -24,7 +25,7 @@ namespace fs = std::filesystem;
 constexpr int kAsExpected = 0;
 constexpr int kOtherSettings = 1;
 constexpr int kTooMuchMemory = 2;
-constexpr unsigned kPatience = 60;
+constexpr unsigned kTimeoutSeconds = 60;
 constexpr long kMostKilobytes = 256L << 10;
 
 class OpenAlSettings : public ::testing::Test {
@@ -35,9 +36,9 @@ class OpenAlSettings : public ::testing::Test {
   }
   ~OpenAlSettings() override { fs::remove_all(path_); }
 
-  /// Ends the process. A process that waits for something is ended by the alarm.
+  /// Exits the process. SIGALRM ends a process that blocks.
   [[noreturn]] void Prepare(const std::string& expectedUsersPart) const {
-    ::alarm(kPatience);
+    ::alarm(kTimeoutSeconds);
     ::setenv("ALSOFT_CONF", path_.c_str(), 1);
     PrepareOpenAl();
     std::ifstream file(std::getenv("ALSOFT_CONF"));
@@ -52,26 +53,26 @@ class OpenAlSettings : public ::testing::Test {
   const std::string path_ = ::testing::TempDir() + "alsoft_" + std::to_string(::getpid()) + ".conf";
 };
 
-TEST_F(OpenAlSettings, EndInWhatTheUsersFileSays) {
+TEST_F(OpenAlSettings, EndWithTheContentOfTheUsersFile) {
   std::ofstream(path_) << "[wave]\nfile = out.wav\n";
   EXPECT_EXIT(Prepare("[wave]\nfile = out.wav\n"), ::testing::ExitedWithCode(kAsExpected), "");
 }
 
-TEST_F(OpenAlSettings, AreTheProgramsOwnWhereTheUsersFileIsMissing) {
+TEST_F(OpenAlSettings, AreTheDefaultsIfTheUsersFileIsMissing) {
   EXPECT_EXIT(Prepare(""), ::testing::ExitedWithCode(kAsExpected), "");
 }
 
-TEST_F(OpenAlSettings, AreTheProgramsOwnWhereTheUsersFileIsAFolder) {
+TEST_F(OpenAlSettings, AreTheDefaultsIfTheUsersFileIsAFolder) {
   fs::create_directory(path_);
   EXPECT_EXIT(Prepare(""), ::testing::ExitedWithCode(kAsExpected), "");
 }
 
-TEST_F(OpenAlSettings, AreTheProgramsOwnWhereTheUsersFileIsAPipeThatNobodyWritesTo) {
+TEST_F(OpenAlSettings, AreTheDefaultsIfTheUsersFileIsAPipeWithoutWriter) {
   ASSERT_EQ(::mkfifo(path_.c_str(), 0600), 0);
   EXPECT_EXIT(Prepare(""), ::testing::ExitedWithCode(kAsExpected), "");
 }
 
-TEST_F(OpenAlSettings, AreTheProgramsOwnWhereTheUsersFileHasNoEnd) {
+TEST_F(OpenAlSettings, AreTheDefaultsIfTheUsersFileIsTooLarge) {
   std::ofstream(path_).close();
   fs::resize_file(path_, std::uintmax_t{8} << 30U);
   EXPECT_EXIT(Prepare(""), ::testing::ExitedWithCode(kAsExpected), "");

@@ -27,7 +27,7 @@ std::string NameOf(const Format& format) {
          std::to_string(format.rate) + " Hz, " + std::to_string(format.bits) + " bit";
 }
 
-TEST(OpenAlWaveOutput, PlaysEveryFormatAtItsPitchAndAtUnityGainOnBothSides) {
+TEST(OpenAlWaveOutput, PlaysEveryFormatAtItsPitchAndAtUnityGain) {
   std::vector<Format> formats;
   for (const std::uint16_t bits : std::initializer_list<std::uint16_t>{8, 16, 24, 32}) {
     formats.push_back({1, 1, 44100, bits});
@@ -53,7 +53,7 @@ TEST(OpenAlWaveOutput, PlaysEveryFormatAtItsPitchAndAtUnityGainOnBothSides) {
   }
 }
 
-TEST(OpenAlWaveOutput, BringsAFullScaleMonoSoundOutAtFullScaleOnBothSides) {
+TEST(OpenAlWaveOutput, PlaysMonoAtFullScaleOnBothChannels) {
   RecordingOutput output;
   output.Play({}, Sine({}, 441, 0.3, 1.0));
   const Recording recording = output.Finish();
@@ -64,7 +64,7 @@ TEST(OpenAlWaveOutput, BringsAFullScaleMonoSoundOutAtFullScaleOnBothSides) {
   EXPECT_EQ(recording.left, recording.right);
 }
 
-TEST(OpenAlWaveOutput, KeepsTheSidesApart) {
+TEST(OpenAlWaveOutput, KeepsTheChannelsApart) {
   const Format format{1, 2, 44100, 16};
   Bytes samples = Sine(format, 441, 0.2, 0.5);
   for (std::size_t at = 0; at < samples.size(); at += 4) samples[at + 2] = samples[at + 3] = std::byte{0};
@@ -76,7 +76,7 @@ TEST(OpenAlWaveOutput, KeepsTheSidesApart) {
   EXPECT_LT(Peak(recording.right, whole), 0.0001);
 }
 
-TEST(OpenAlWaveOutput, PlaysASoundSampleForSampleAtTheDevicesRate) {
+TEST(OpenAlWaveOutput, PlaysASoundBitExactlyAtTheDevicesRate) {
   const Bytes samples = Sine({}, 441, 0.1, 0.7);
   RecordingOutput output;
   output.Play({}, samples);
@@ -93,7 +93,7 @@ TEST(OpenAlWaveOutput, PlaysASoundSampleForSampleAtTheDevicesRate) {
   EXPECT_LT(worst, 0.0001);
 }
 
-TEST(OpenAlWaveOutput, PlaysOneSoundAfterTheOtherInOrderWithoutOverlapAndWithShortGaps) {
+TEST(OpenAlWaveOutput, PlaysSoundsInSequenceWithoutOverlapAndWithShortGaps) {
   RecordingOutput output;
   const double pitches[] = {330, 440, 550, 660, 770, 880, 990, 1100};
   std::vector<Bytes> samples;
@@ -111,7 +111,7 @@ TEST(OpenAlWaveOutput, PlaysOneSoundAfterTheOtherInOrderWithoutOverlapAndWithSho
   EXPECT_LT(Median(gaps), tests::Timely(0.030));
 }
 
-TEST(OpenAlWaveOutput, PostsTheNoticeWithinFifteenMillisecondsOfTheLastSample) {
+TEST(OpenAlWaveOutput, PostsTheMessageWithin15MillisecondsOfTheLastSample) {
   RecordingOutput output;
   const Bytes samples = Sine({}, 441, 0.1, 0.5);
   output.Play({}, samples);
@@ -123,7 +123,7 @@ TEST(OpenAlWaveOutput, PostsTheNoticeWithinFifteenMillisecondsOfTheLastSample) {
   EXPECT_LT(Median(late), tests::Timely(0.015));
 }
 
-TEST(OpenAlWaveOutput, PostsTheNoticeOfAResetAtOnce) {
+TEST(OpenAlWaveOutput, PostsTheMessageOfAResetImmediately) {
   RecordingOutput output;
   const Bytes samples = Sine({}, 441, 2, 0.5);
   platform::WAVEHDR header{.lpData = samples.data(), .dwBufferLength = static_cast<std::uint32_t>(samples.size())};
@@ -142,7 +142,7 @@ TEST(OpenAlWaveOutput, PostsTheNoticeOfAResetAtOnce) {
   EXPECT_LT(Median(took), tests::Timely(0.015));
 }
 
-TEST(OpenAlWaveOutput, FadesAResetSoundOutWithoutAClick) {
+TEST(OpenAlWaveOutput, FadesOutAResetSoundWithoutAClick) {
   RecordingOutput output;
   const Bytes samples = Sine({}, 441, 2, 1.0);
   platform::WAVEHDR header{.lpData = samples.data(), .dwBufferLength = static_cast<std::uint32_t>(samples.size())};
@@ -181,7 +181,7 @@ TEST(OpenAlWaveOutput, MixesDevicesOfDifferentFormats) {
   output.WaitFor(3);
   const Recording recording = output.Finish();
   EXPECT_EQ(Stretches(recording, 0.001, 0.01).size(), 1U);
-  EXPECT_GT(Peak(recording.left, {0, recording.left.size()}), 0.3) << "they sound together";
+  EXPECT_GT(Peak(recording.left, {0, recording.left.size()}), 0.3) << "they are mixed";
 }
 
 TEST(OpenAlWaveOutput, OpensNoDeviceBeforeTheFirstSound) {
@@ -198,7 +198,7 @@ TEST(OpenAlWaveOutput, OpensNoDeviceBeforeTheFirstSound) {
   EXPECT_TRUE(std::filesystem::exists(RecordingPath()));
 }
 
-TEST(OpenAlWaveOutput, EndsPromptlyInTheMiddleOfASound) {
+TEST(OpenAlWaveOutput, EndsPromptlyWhileASoundPlays) {
   RecordingOutput output;
   const Bytes samples = Sine({}, 441, 20, 0.5);
   platform::WAVEHDR header{.lpData = samples.data(), .dwBufferLength = static_cast<std::uint32_t>(samples.size())};

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What this process has cost so far, for tests that demand sleep.
+// Measures the processor time and the wake-ups of this process, for tests of idle behaviour.
 
 #pragma once
 
@@ -20,7 +20,7 @@ inline double ProcessorSeconds() {
   return static_cast<double>(used.tv_sec) + static_cast<double>(used.tv_nsec) * 1e-9;
 }
 
-/// How often any thread went to sleep: each wake-up is one more.
+/// The number of times that any thread blocked; each wake-up adds one.
 inline long Sleeps() {
   long sleeps = 0;
   for (const auto& task : std::filesystem::directory_iterator("/proc/self/task")) {

@@ -22,7 +22,7 @@ struct QtHost {
   platform::EventPump& Pump() { return pump; }
   static void RunEvents() { QCoreApplication::processEvents(); }
   platform::WindowMessageQueue queue;
-  platform::QtMessageBridge joint{queue};
+  platform::QtMessageBridge bridge{queue};
   platform::QtEventPump pump;
 };
 
@@ -38,19 +38,19 @@ platform::WindowHandle CountingWindow(platform::WindowMessageQueue& queue, int& 
   return window;
 }
 
-TEST(QtEventPump, HandlesTheOtherEventsOfTheApplicationToo) {
+TEST(QtEventPump, HandlesOtherEventsOfTheApplicationToo) {
   platform::QtEventPump pump;
   bool hasFired = false;
   QTimer timer;
   timer.setSingleShot(true);
   QObject::connect(&timer, &QTimer::timeout, [&hasFired] { hasFired = true; });
   timer.start(milliseconds(20));
-  const auto patience = std::chrono::steady_clock::now() + std::chrono::seconds(5);
-  while (!hasFired && std::chrono::steady_clock::now() < patience) pump.WaitForEvents(milliseconds(1000));
+  const auto timeout = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+  while (!hasFired && std::chrono::steady_clock::now() < timeout) pump.WaitForEvents(milliseconds(1000));
   EXPECT_TRUE(hasFired);
 }
 
-TEST(QtEventPump, IsNotWokenByALimitThatANoticeCameBefore) {
+TEST(QtEventPump, IsNotWokenByTheTimerOfAnEarlierWait) {
   QtHost host;
   int count = 0;
   host.queue.PostMessage(CountingWindow(host.queue, count), 1, 0, 0);
@@ -61,19 +61,19 @@ TEST(QtEventPump, IsNotWokenByALimitThatANoticeCameBefore) {
   EXPECT_GE(std::chrono::steady_clock::now() - start, milliseconds(150));
 }
 
-TEST(QtMessageBridge, LeavesTheQueueToItsOwnerWhenItEnds) {
+TEST(QtMessageBridge, LeavesTheQueueToItsOwnerWhenDestroyed) {
   platform::WindowMessageQueue queue;
   int count = 0;
   const auto window = CountingWindow(queue, count);
   {
-    const platform::QtMessageBridge joint(queue);
+    const platform::QtMessageBridge bridge(queue);
     queue.PostMessage(window, 1, 0, 0);
   }
   queue.PostMessage(window, 1, 0, 0);
   QCoreApplication::processEvents();
-  EXPECT_EQ(count, 0) << "what the joint had asked for went with it";
+  EXPECT_EQ(count, 0) << "the requests of the bridge were dropped with it";
   queue.Dispatch();
-  EXPECT_EQ(count, 2) << "and no notice was lost";
+  EXPECT_EQ(count, 2) << "but no message was lost";
 }
 
 }  // namespace

@@ -31,7 +31,7 @@ class QtMsgBoxTest : public ::testing::Test {
   ~QtMsgBoxTest() override { delete window_.data(); }
 
   static QMessageBox* Shown() { return qobject_cast<QMessageBox*>(QApplication::activeModalWidget()); }
-  /// Shows a box and does something as soon as it is there.
+  /// Shows a box and calls `act` as soon as it is visible.
   MsgBoxAnswer ShowAnd(MsgBoxStyle style, const std::function<void()>& act) {
     QTimer::singleShot(0, qApp, act);
     return msgBox_.Show("<b>Sure?</b>", style, {});
@@ -41,7 +41,7 @@ class QtMsgBoxTest : public ::testing::Test {
   QtMsgBox msgBox_{"Tonalith"};
 };
 
-TEST_F(QtMsgBoxTest, BelongsToTheActiveWindowAndShowsItsTextAsItIs) {
+TEST_F(QtMsgBoxTest, BelongsToTheActiveWindowAndShowsPlainText) {
   QString shown;
   const MsgBoxAnswer answer = ShowAnd(MsgBoxStyle::kYesNo, [&] {
     ASSERT_NE(Shown(), nullptr);
@@ -55,36 +55,8 @@ TEST_F(QtMsgBoxTest, BelongsToTheActiveWindowAndShowsItsTextAsItIs) {
   EXPECT_EQ(Shown(), nullptr);
 }
 
-TEST_F(QtMsgBoxTest, HasTheIconOfItsStyleAndAlwaysAsksForYesOrNo) {
-  using Expected = std::pair<MsgBoxStyle, QMessageBox::Icon>;
-  for (const auto& [style, icon] :
-       {Expected(MsgBoxStyle::kOkOnly, QMessageBox::NoIcon), Expected(MsgBoxStyle::kCritical, QMessageBox::Critical),
-        Expected(MsgBoxStyle::kQuestion, QMessageBox::Question),
-        Expected(MsgBoxStyle::kExclamation, QMessageBox::Warning),
-        Expected(MsgBoxStyle::kOkCancel | MsgBoxStyle::kInformation, QMessageBox::Information),
-        Expected(MsgBoxStyle::kYesNo, QMessageBox::Question),
-        Expected(MsgBoxStyle::kYesNo | MsgBoxStyle::kCritical, QMessageBox::Question)}) {
-    QMessageBox::Icon shown = QMessageBox::NoIcon;
-    ShowAnd(style, [&] {
-      shown = Shown()->icon();
-      Shown()->defaultButton() != nullptr ? Shown()->defaultButton()->click() : Shown()->accept();
-    });
-    EXPECT_EQ(shown, icon) << static_cast<int>(style);
-  }
-}
-
-TEST_F(QtMsgBoxTest, PutsTheDefaultOnTheButtonOfItsStyle) {
-  using Expected = std::pair<MsgBoxStyle, MsgBoxAnswer>;
-  for (const auto& [style, answer] :
-       {Expected(MsgBoxStyle::kOkCancel, MsgBoxAnswer::kOk), Expected(MsgBoxStyle::kYesNo, MsgBoxAnswer::kYes),
-        Expected(MsgBoxStyle::kOkCancel | MsgBoxStyle::kDefaultButton2, MsgBoxAnswer::kCancel),
-        Expected(MsgBoxStyle::kYesNo | MsgBoxStyle::kDefaultButton2, MsgBoxAnswer::kNo)}) {
-    EXPECT_EQ(ShowAnd(style, [] { Shown()->defaultButton()->click(); }), answer) << static_cast<int>(style);
-  }
-}
-
-// Just after a box has closed, no window is active yet.
-TEST_F(QtMsgBoxTest, ABoxThatFollowsAnotherBelongsToTheSameWindow) {
+// No window is active just after a box has closed.
+TEST_F(QtMsgBoxTest, TheNextBoxBelongsToTheSameWindow) {
   QWidget* second = nullptr;
   ShowAnd(MsgBoxStyle::kOkOnly, [] { Shown()->button(QMessageBox::Ok)->click(); });
   QApplication::setActiveWindow(nullptr);
@@ -98,11 +70,11 @@ TEST_F(QtMsgBoxTest, ABoxThatFollowsAnotherBelongsToTheSameWindow) {
     second = Shown()->parentWidget();
     Shown()->button(QMessageBox::Ok)->click();
   });
-  EXPECT_EQ(second, nullptr) << "a window that is not there takes its boxes with it";
+  EXPECT_EQ(second, nullptr) << "a hidden window is not a parent";
 }
 
-// The window may be unloaded by what happens while its box is up. The box goes with it, once.
-TEST_F(QtMsgBoxTest, AgreesToNothingWhenItsWindowGoes) {
+// The window, and the box with it, may be destroyed while the box is shown.
+TEST_F(QtMsgBoxTest, DoesNotConfirmIfItsWindowIsDestroyed) {
   for (const auto& [style, answer] :
        {std::pair(MsgBoxStyle::kYesNo, MsgBoxAnswer::kNo), std::pair(MsgBoxStyle::kOkCancel, MsgBoxAnswer::kCancel),
         std::pair(MsgBoxStyle::kOkOnly, MsgBoxAnswer::kOk)}) {

@@ -18,10 +18,10 @@
 namespace tonalith::testing {
 namespace {
 
-/// Removes the folder of the recordings when the program ends.
-class Studio {
+/// Creates the folder of the recordings and removes it when the program ends.
+class RecordingSetup {
  public:
-  Studio() : folder_(::testing::TempDir() + "tonalith_recording_" + std::to_string(::getpid())) {
+  RecordingSetup() : folder_(::testing::TempDir() + "tonalith_recording_" + std::to_string(::getpid())) {
     std::filesystem::create_directories(folder_);
     path_ = folder_ + "/out.wav";
     const std::string settings = folder_ + ".conf";
@@ -30,9 +30,9 @@ class Studio {
     ::setenv("ALSOFT_DRIVERS", "wave", 1);
     ::setenv("ALSOFT_CONF", settings.c_str(), 1);
   }
-  Studio(const Studio&) = delete;
-  Studio& operator=(const Studio&) = delete;
-  ~Studio() {
+  RecordingSetup(const RecordingSetup&) = delete;
+  RecordingSetup& operator=(const RecordingSetup&) = delete;
+  ~RecordingSetup() {
     std::error_code ignored;
     std::filesystem::remove_all(folder_, ignored);
     std::filesystem::remove(folder_ + ".conf", ignored);
@@ -45,15 +45,15 @@ class Studio {
   std::string path_;
 };
 
-const Studio& TheStudio() {
-  static const Studio studio;
-  return studio;
+const RecordingSetup& TheSetup() {
+  static const RecordingSetup setup;
+  return setup;
 }
 
 }  // namespace
 
-const std::string& RecordingPath() { return TheStudio().Path(); }
-std::string RecordingFolder() { return TheStudio().Folder(); }
+const std::string& RecordingPath() { return TheSetup().Path(); }
+std::string RecordingFolder() { return TheSetup().Folder(); }
 
 Recording ReadRecording() {
   Recording recording;
@@ -66,7 +66,7 @@ Recording ReadRecording() {
   EXPECT_EQ(format.record.nChannels, 2);
   EXPECT_EQ(format.record.wBitsPerSample, 32);
   recording.rate = format.record.nSamplesPerSec;
-  // A recording may be longer than the sounds that the program takes.
+  // A recording may exceed the length that WaveFile accepts.
   audio::RiffReader reader(*file);
   reader.Seek(0);
   audio::MMCKINFO form;
@@ -144,7 +144,7 @@ RecordingOutput::RecordingOutput() {
   RecordingPath();
   window_ = queue_.CreateWindow({});
   queue_.SetWindowProcedure(window_, [this](auto, auto, auto, auto) {
-    ++notices_;
+    ++messages_;
     return std::intptr_t{0};
   });
   output_ = platform::MakeOpenAlWaveOutput(queue_, nullptr);
@@ -155,7 +155,7 @@ double RecordingOutput::Play(const Format& format, const Bytes& samples) {
   EXPECT_NE(device, platform::kNoWaveHandle);
   platform::WAVEHDR header{.lpData = samples.data(), .dwBufferLength = static_cast<std::uint32_t>(samples.size())};
   output_->PrepareHeader(device, header);
-  const int before = notices_;
+  const int before = messages_;
   const auto start = std::chrono::steady_clock::now();
   output_->Write(device, header);
   WaitFor(before + 1);
@@ -165,12 +165,12 @@ double RecordingOutput::Play(const Format& format, const Bytes& samples) {
   return took.count();
 }
 
-void RecordingOutput::WaitFor(int notices) {
-  const auto patience = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-  while (notices_ < notices && std::chrono::steady_clock::now() < patience) {
+void RecordingOutput::WaitFor(int messages) {
+  const auto timeout = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (messages_ < messages && std::chrono::steady_clock::now() < timeout) {
     queue_.WaitForEvents(std::chrono::milliseconds(100));
   }
-  EXPECT_GE(notices_, notices);
+  EXPECT_GE(messages_, messages);
 }
 
 void RecordingOutput::Pass(double seconds) {

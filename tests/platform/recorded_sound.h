@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Sound recorded by OpenAL Soft's writer of wave files: the tests' ear. A recording process sets OpenAL Soft up once,
-// so all tests of a program share one file, which each opening of the device begins anew.
+// Sound recorded by OpenAL Soft's wave file writer. OpenAL Soft is configured once per process, so all tests of a
+// program share one file, which is overwritten whenever the device is opened.
 
 #pragma once
 
@@ -22,8 +22,8 @@
 
 namespace tonalith::testing {
 
-/// Points OpenAL Soft at its file writer and gives the file's path, inside a folder that is there now and that a test
-/// may take away to have no device. To be called before OpenAL Soft is used for the first time.
+/// Configures OpenAL Soft to write to a file and returns its path. A test may remove its folder to simulate a missing
+/// device. Call this before OpenAL Soft is used.
 const std::string& RecordingPath();
 /// The folder of the recording.
 std::string RecordingFolder();
@@ -36,7 +36,7 @@ struct Recording {
   [[nodiscard]] double Seconds() const { return static_cast<double>(left.size()) / rate; }
 };
 
-/// The finished recording; empty when there is none.
+/// The finished recording; empty if there is none.
 Recording ReadRecording();
 
 /// A stretch of sound between silences, in frames.
@@ -45,12 +45,12 @@ struct Stretch {
   std::size_t to = 0;
 };
 
-/// The stretches above a height, silences shorter than `bridge` seconds counted in.
+/// The stretches above an amplitude; silences shorter than `bridge` seconds are included.
 std::vector<Stretch> Stretches(const Recording& recording, double height, double bridge);
 
-/// The pitch of a stretch's middle, in hertz, from its rising zero crossings.
+/// The pitch of the middle of a stretch, in hertz, from its rising zero crossings.
 double Pitch(const Recording& recording, const Stretch& stretch);
-/// The highest sample of a stretch, 0 to 1.
+/// The largest absolute sample of a stretch, 0 to 1.
 double Peak(const std::vector<float>& side, const Stretch& stretch);
 /// The largest step between neighbouring samples in a stretch.
 double LargestStep(const std::vector<float>& side, const Stretch& stretch);
@@ -58,7 +58,7 @@ double LargestStep(const std::vector<float>& side, const Stretch& stretch);
 double Decibels(double ratio);
 double Median(std::vector<double> values);
 
-/// An output on the recording device, with what its notices told.
+/// An output on the recording device that counts its wave-done messages.
 class RecordingOutput {
  public:
   RecordingOutput();
@@ -67,12 +67,12 @@ class RecordingOutput {
   platform::WindowMessageQueue& Queue() { return queue_; }
   platform::WindowHandle Window() const { return window_; }
 
-  /// Plays a sound of that format and waits for its notice; the seconds it took.
+  /// Plays a sound of that format and waits for its message. Returns the seconds it took.
   double Play(const Format& format, const Bytes& samples);
-  /// Waits for notices until there were that many since the start, for some seconds at most.
-  void WaitFor(int notices);
-  int Notices() const { return notices_; }
-  /// Lets time go by and handles notices.
+  /// Waits until that many messages have arrived in total, for at most 20 seconds.
+  void WaitFor(int messages);
+  int Messages() const { return messages_; }
+  /// Handles messages for that time.
   void Pass(double seconds);
   /// Closes the device, which finishes the recording.
   Recording Finish();
@@ -81,10 +81,10 @@ class RecordingOutput {
   platform::WindowMessageQueue queue_;
   platform::WindowHandle window_ = platform::kNoWindow;
   std::unique_ptr<platform::WaveOutput> output_;
-  int notices_ = 0;
+  int messages_ = 0;
 };
 
-/// The format record as a file would hold it.
+/// The format record of a file.
 platform::WaveFormat RecordOf(const Format& format);
 
 }  // namespace tonalith::testing

@@ -18,10 +18,10 @@ namespace tonalith::testing {
 namespace {
 
 constexpr double kFullScale = 32768;
-/// What counts as sound. A plucked note is never below it for as long as kBridge.
+/// Samples above this amplitude count as sound. A plucked note is never below it for as long as kBridge.
 constexpr double kHeight = 0.0002;
 constexpr double kBridge = 0.004;
-/// How long after its beginning a note is measured, in frames.
+/// Offset of the measurement from the start of a note, in frames.
 constexpr std::size_t kSettled = 4000;
 
 class Stage : public audio::PlaybackStage {
@@ -45,7 +45,7 @@ class Stage : public audio::PlaybackStage {
   std::string pattern_;
 };
 
-/// The pitch of a sound in hertz from the first high point of its autocorrelation; 0 where there is none.
+/// The pitch of a sound in hertz from the first maximum of its autocorrelation; 0 if there is none.
 double RoughPitch(const std::vector<double>& sound) {
   constexpr std::size_t kWindow = 4096;
   constexpr std::size_t kShortest = 17;   // 2,600 Hz
@@ -71,12 +71,12 @@ double RoughPitch(const std::vector<double>& sound) {
   return 0;
 }
 
-/// The samples of the note that the program renders, in steps of 16 bits.
+/// The 16-bit samples of the note that the program renders.
 std::vector<double> Rendered(int pitch) {
   constexpr std::size_t kHeader = 44;
-  constexpr std::size_t kMark = 16;
+  constexpr std::size_t kChecksumChunk = 16;
   const std::string file = voice::RenderScaleNote(pitch);
-  std::vector<double> steps((file.size() - kHeader - kMark) / 2);
+  std::vector<double> steps((file.size() - kHeader - kChecksumChunk) / 2);
   for (std::size_t i = 0; i < steps.size(); ++i) {
     std::int16_t step = 0;
     std::memcpy(&step, file.data() + kHeader + 2 * i, sizeof step);
@@ -85,11 +85,11 @@ std::vector<double> Rendered(int pitch) {
   return steps;
 }
 
-HeardNote Measure(const Recording& recording, const Stretch& stretch) {
+AnalysedNote Measure(const Recording& recording, const Stretch& stretch) {
   std::vector<double> sound(recording.left.begin() + static_cast<std::ptrdiff_t>(stretch.from),
                             recording.left.begin() + static_cast<std::ptrdiff_t>(stretch.to));
   for (double& sample : sound) sample *= kFullScale;
-  HeardNote note{.place = stretch, .difference = std::numeric_limits<double>::infinity()};
+  AnalysedNote note{.place = stretch, .difference = std::numeric_limits<double>::infinity()};
   const double rough = RoughPitch(sound);
   if (rough <= 0) return note;
   note.pitch = static_cast<int>(std::lround(69 + 12 * std::log2(rough / 440)));
@@ -153,8 +153,8 @@ Recording RecordScale(const std::string& folder, const std::string& key, const s
   return ReadRecording();
 }
 
-Heard ListenToScale(const std::string& folder, const std::string& key, const std::string& pattern) {
-  Heard heard;
+AnalysedScale ListenToScale(const std::string& folder, const std::string& key, const std::string& pattern) {
+  AnalysedScale heard;
   const Recording recording = RecordScale(folder, key, pattern, heard.messages);
   for (const Stretch& stretch : Stretches(recording, kHeight, kBridge)) {
     heard.notes.push_back(Measure(recording, stretch));

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Scales and chords as they leave the sound device, from the recordings that ship and from a user's own.
-// bench/listening does the same with twenty of them in all keys.
+// Scales and chords at the output of the sound device, from shipped and from user recordings. bench/listening tests
+// twenty of them in all keys.
 
 #include "platform/scale_listener.h"
 
@@ -25,16 +25,16 @@ constexpr double kLongestGap = 0.030;
 /// A third of the smallest step of 16 bits.
 constexpr double kSame = 0.00001;
 
-/// One of the first four scales in three keys: together, all twelve are heard.
+/// One of the first four scales in three keys: together they cover all twelve keys.
 class ListenedPitches : public ::testing::TestWithParam<int> {};
 
 TEST_P(ListenedPitches, AreThoseOfTheScaleInItsKey) {
   const ListenedScale& scale = ListenedScales().at(static_cast<std::size_t>(GetParam()));
   for (int number = GetParam(); number < 12; number += 4) {
     const std::string key(core::kSharpNotes[static_cast<std::size_t>(number)]);
-    const Heard heard = ListenToScale(kShipped, key, scale.pattern);
+    const AnalysedScale heard = ListenToScale(kShipped, key, scale.pattern);
     std::vector<int> pitches;
-    for (const HeardNote& note : heard.notes) {
+    for (const AnalysedNote& note : heard.notes) {
       pitches.push_back(note.pitch);
       EXPECT_LT(note.cents, kClear) << scale.name << " in " << key;
       EXPECT_LT(note.difference, kSame) << scale.name << " in " << key;
@@ -42,14 +42,14 @@ TEST_P(ListenedPitches, AreThoseOfTheScaleInItsKey) {
     EXPECT_EQ(pitches, PitchesOfScale(key, scale.pattern)) << scale.name << " in " << key;
     EXPECT_EQ(heard.messages, "");
     ASSERT_FALSE(heard.gaps.empty());
-    EXPECT_GE(*std::min_element(heard.gaps.begin(), heard.gaps.end()), 0) << "no note begins before the last has ended";
+    EXPECT_GE(*std::min_element(heard.gaps.begin(), heard.gaps.end()), 0) << "notes do not overlap";
     EXPECT_LT(Median(heard.gaps), tests::Timely(kLongestGap));
   }
 }
 
 INSTANTIATE_TEST_SUITE_P(Four, ListenedPitches, ::testing::Range(0, 4));
 
-TEST(ListenedRecordings, OfTheUserAreHeardSampleForSample) {
+TEST(ListenedRecordings, OfTheUserArePlayedBitExactly) {
   const std::string folder = RecordingFolder() + "_own/";
   std::filesystem::create_directories(folder);
   const std::vector<double> sizes = {0.30, 0.25, 0.20, 0.35};
@@ -72,7 +72,7 @@ TEST(ListenedRecordings, OfTheUserAreHeardSampleForSample) {
   const std::vector<Stretch> stretches = Stretches(recording, 0.0002, 0.001);
   ASSERT_EQ(stretches.size(), files.size());
   for (std::size_t i = 0; i < files.size(); ++i) {
-    // A sine begins with a zero.
+    // The first sample of a sine is zero.
     EXPECT_LT(DifferenceFrom(recording, stretches[i].from - 1, files[i]), kSame) << i;
   }
   std::filesystem::remove_all(folder);

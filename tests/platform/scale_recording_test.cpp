@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A whole scale through the sound manager into the recording: what is heard is what the rules of the playback give.
+// Records a complete scale through the sound manager: the notes are those that the playback's rules require.
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ namespace {
 
 double PitchOfFile(int number) { return 220 * std::exp2(number / 12.0); }
 
-/// A folder with the sounds 0.wav to 15.wav, each a semitone above the one before and 0.12 seconds long.
+/// A folder with the sounds 0.wav to 15.wav in ascending semitones, each 0.12 seconds long.
 class SoundFolder {
  public:
   SoundFolder() : path_(RecordingFolder() + "_scale/") {
@@ -64,7 +64,7 @@ class Stage : public audio::PlaybackStage {
   const SoundFolder& folder_;
 };
 
-/// Plays a pattern and gives the numbers of the files heard, in their order.
+/// Plays a pattern and returns the numbers of the played files, in order.
 class ScaleRecording : public ::testing::Test {
  protected:
   std::vector<int> Listen(const std::string& pattern) {
@@ -99,7 +99,7 @@ class ScaleRecording : public ::testing::Test {
   std::vector<Stretch> stretches_;
 };
 
-TEST_F(ScaleRecording, HoldsEveryNoteInOrderAtFullLengthWithShortGaps) {
+TEST_F(ScaleRecording, ContainsEveryNoteInOrderAtFullLengthWithShortGaps) {
   EXPECT_EQ(Listen("2212221"), (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7}));
   EXPECT_EQ(stage_.flashed, "img8 img10 img0 img1 img3 img5 img7 img8 ");
   EXPECT_EQ(stage_.status, "Standby");
@@ -115,11 +115,9 @@ TEST_F(ScaleRecording, HoldsEveryNoteInOrderAtFullLengthWithShortGaps) {
   EXPECT_LT(Median(gaps), tests::Timely(0.030));
 }
 
-TEST_F(ScaleRecording, ClosesAScaleThatMissesTheOctaveWithItsKey) {
-  EXPECT_EQ(Listen("22"), (std::vector<int>{0, 1, 2, 0}));
-}
+TEST_F(ScaleRecording, ClosesAScaleWithoutOctaveWithItsKey) { EXPECT_EQ(Listen("22"), (std::vector<int>{0, 1, 2, 0})); }
 
-TEST_F(ScaleRecording, GoesOnAfterAMissingFile) {
+TEST_F(ScaleRecording, ContinuesAfterAMissingFile) {
   std::filesystem::remove(folder_.File(1));
   EXPECT_EQ(Listen("2221"), (std::vector<int>{0, 2, 3, 4, 0}));
   EXPECT_EQ(box_.Texts(), "Cannot open file\n");

@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Leaves the working directory as it was.
+/// Restores the working directory.
 class StdWorkingDirectoryTest : public testing::Test {
  protected:
   ~StdWorkingDirectoryTest() override { fs::current_path(before_); }
@@ -25,14 +25,14 @@ class StdWorkingDirectoryTest : public testing::Test {
   StdWorkingDirectory directory_;
 };
 
-TEST_F(StdWorkingDirectoryTest, BecomesTheFolderAskedForWhateverTheDrive) {
+TEST_F(StdWorkingDirectoryTest, ChangesToTheFolderOnAnyDrive) {
   directory_.ChangeTo(folder_.Path().string());
   EXPECT_EQ(fs::current_path(), fs::canonical(folder_.Path()));
   directory_.MakeDriveCurrent("C:");
   EXPECT_EQ(fs::current_path(), fs::canonical(folder_.Path()));
 }
 
-TEST_F(StdWorkingDirectoryTest, StaysWhereItIsWhenTheFolderIsNotThere) {
+TEST_F(StdWorkingDirectoryTest, IsUnchangedIfTheFolderDoesNotExist) {
   const std::string absent = folder_ / "absent";
   try {
     directory_.ChangeTo(absent);
@@ -43,7 +43,7 @@ TEST_F(StdWorkingDirectoryTest, StaysWhereItIsWhenTheFolderIsNotThere) {
   EXPECT_EQ(fs::current_path(), before_);
 }
 
-TEST(NoNetworkDrives, ConnectNoLetterToAShare) {
+TEST(NoNetworkDrives, MapNoLetterToAShare) {
   for (const char* const drive : {"A:", "X:", "Z:", ""}) {
     EXPECT_FALSE(NoNetworkDrives().ConnectionOf(drive).has_value()) << drive;
   }

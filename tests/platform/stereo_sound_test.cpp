@@ -31,7 +31,7 @@ StereoSound Decode(const testing::Format& format, const Bytes& bytes) {
   return DecodeSound(LayoutOf(FormatOf(format)).value(), bytes);
 }
 
-/// The sound alone; that silence stands behind it is seen to here.
+/// The samples without the final silence, which is checked here.
 template <class Sample>
 std::vector<Sample> SamplesOf(const StereoSound& sound) {
   std::vector<Sample> samples = std::get<std::vector<Sample>>(sound.samples);
@@ -45,7 +45,7 @@ std::vector<Sample> SamplesOf(const StereoSound& sound) {
 std::vector<std::int16_t> Shorts(const StereoSound& sound) { return SamplesOf<std::int16_t>(sound); }
 std::vector<float> Floats(const StereoSound& sound) { return SamplesOf<float>(sound); }
 
-TEST(SoundLayout, TakesEveryPlainFormat) {
+TEST(SoundLayout, AcceptsEveryPlainFormat) {
   for (const std::uint16_t channels : std::initializer_list<std::uint16_t>{1, 2}) {
     for (const std::uint16_t bits : std::initializer_list<std::uint16_t>{8, 16, 24, 32}) {
       for (const std::uint32_t rate : {8000U, 11025U, 22050U, 44100U, 48000U, 96000U, 192000U}) {
@@ -59,9 +59,9 @@ TEST(SoundLayout, TakesEveryPlainFormat) {
   }
 }
 
-TEST(SoundLayout, TakesAnExtensibleRecordByTheTagOfItsSamples) {
+TEST(SoundLayout, UsesTheFormatTagOfAnExtensibleRecord) {
   WaveFormat format = FormatOf({0xFFFE, 2, 44100, 32});
-  EXPECT_EQ(LayoutOf(format)->kind, SampleKind::kSigned32) << "plain samples where the record does not say";
+  EXPECT_EQ(LayoutOf(format)->kind, SampleKind::kSigned32) << "plain samples if the record has no tag";
   format.subFormat = wave_format_tag::kFloat;
   EXPECT_EQ(LayoutOf(format)->kind, SampleKind::kFloat32);
   format.subFormat = wave_format_tag::kPcm;
@@ -70,14 +70,14 @@ TEST(SoundLayout, TakesAnExtensibleRecordByTheTagOfItsSamples) {
   EXPECT_FALSE(LayoutOf(format));
 }
 
-TEST(SoundLayout, TakesRatesFromOneToThreeHundredEightyFourKilohertz) {
+TEST(SoundLayout, AcceptsRatesFrom1To384Kilohertz) {
   EXPECT_FALSE(LayoutOf(FormatOf({1, 1, 999, 16})));
   EXPECT_TRUE(LayoutOf(FormatOf({1, 1, 1000, 16})));
   EXPECT_TRUE(LayoutOf(FormatOf({1, 1, 384000, 16})));
   EXPECT_FALSE(LayoutOf(FormatOf({1, 1, 384001, 16})));
 }
 
-TEST(SoundLayout, RefusesWhatIsNotPlayed) {
+TEST(SoundLayout, RefusesUnsupportedFormats) {
   EXPECT_FALSE(LayoutOf(FormatOf({2, 1, 44100, 16}))) << "compressed";
   EXPECT_FALSE(LayoutOf(FormatOf({3, 1, 44100, 16}))) << "no such floating-point number";
   EXPECT_FALSE(LayoutOf(FormatOf({3, 1, 44100, 64})));
@@ -92,11 +92,11 @@ TEST(SoundLayout, RefusesWhatIsNotPlayed) {
   EXPECT_FALSE(LayoutOf(contradiction));
 }
 
-TEST(StereoSound, DoublesAMonoSoundToBothSides) {
+TEST(StereoSound, CopiesAMonoSoundToBothChannels) {
   EXPECT_EQ(Shorts(Decode({}, Number(0x7FFF8000, 4))), (std::vector<std::int16_t>{-32768, -32768, 32767, 32767}));
 }
 
-TEST(StereoSound, KeepsTheSidesOfAStereoSound) {
+TEST(StereoSound, KeepsTheChannelsOfAStereoSound) {
   EXPECT_EQ(Shorts(Decode({1, 2, 44100, 16}, Number(0x7FFF8000, 4))), (std::vector<std::int16_t>{-32768, 32767}));
 }
 
@@ -111,11 +111,11 @@ TEST(StereoSound, ReadsWiderSamplesAsFractionsOfFullScale) {
   EXPECT_EQ(Floats(Decode({3, 2, 44100, 32}, Number(0x3F000000BF800000, 8))), (std::vector<float>{-1.0F, 0.5F}));
 }
 
-TEST(StereoSound, ReadsNumbersThatAreNoneAsSilence) {
+TEST(StereoSound, ReadsNanAndInfinityAsSilence) {
   EXPECT_EQ(Floats(Decode({3, 2, 44100, 32}, Number(0x7FC000007F800000, 8))), (std::vector<float>{0.0F, 0.0F}));
 }
 
-TEST(StereoSound, LeavesOutAFrameThatIsNotComplete) {
+TEST(StereoSound, DropsAnIncompleteFrame) {
   EXPECT_EQ(Decode({1, 2, 44100, 24}, Number(0, 11)).Frames(), 1U);
   EXPECT_EQ(Decode({1, 2, 44100, 24}, {}).Frames(), 0U);
 }

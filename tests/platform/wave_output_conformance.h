@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What every wave output has to do, whether it sounds or not; see wave_output_fixture.h for what a host is.
-// Instantiated by each implementation's tests:
+// Tests for every wave output, silent or not; see wave_output_fixture.h for the host. Instantiated by the tests of each
+// implementation:
 //   INSTANTIATE_TYPED_TEST_SUITE_P(Name, WaveOutputConformance, Host);
 
 #pragma once
@@ -18,25 +18,25 @@ namespace tonalith::testing {
 
 TYPED_TEST_SUITE_P(WaveOutputConformance);
 
-TYPED_TEST_P(WaveOutputConformance, PostsOneNoticeWhenASoundIsThrough) {
+TYPED_TEST_P(WaveOutputConformance, PostsOneMessageAtTheEndOfASound) {
   const auto sound = this->Prepare(40);
   this->Output().Write(sound->device, sound->header);
-  EXPECT_TRUE(this->heard_.empty());
+  EXPECT_TRUE(this->received_.empty());
   this->WaitFor(1);
   this->host_.Pass(std::chrono::milliseconds(60));
-  EXPECT_EQ(this->heard_, typename TestFixture::Handles{sound->device});
+  EXPECT_EQ(this->received_, typename TestFixture::Handles{sound->device});
 }
 
-TYPED_TEST_P(WaveOutputConformance, PlaysAPreparedSoundAsOftenAsItIsWritten) {
+TYPED_TEST_P(WaveOutputConformance, PlaysAPreparedSoundForEveryWrite) {
   const auto sound = this->Prepare(20);
   for (std::size_t times = 1; times <= 3; ++times) {
     this->Output().Write(sound->device, sound->header);
     this->WaitFor(times);
-    EXPECT_EQ(this->heard_.size(), times);
+    EXPECT_EQ(this->received_.size(), times);
   }
 }
 
-TYPED_TEST_P(WaveOutputConformance, HandsAResetSoundBackAtOnceAndOnlyOnce) {
+TYPED_TEST_P(WaveOutputConformance, PostsOneMessageForAResetSoundImmediately) {
   const auto sound = this->Prepare(400);
   this->Output().Write(sound->device, sound->header);
   this->host_.Pass(std::chrono::milliseconds(0));
@@ -44,14 +44,14 @@ TYPED_TEST_P(WaveOutputConformance, HandsAResetSoundBackAtOnceAndOnlyOnce) {
   this->Output().Reset(sound->device);
   this->WaitFor(1);
   this->host_.Pass(std::chrono::milliseconds(500));
-  EXPECT_EQ(this->heard_, typename TestFixture::Handles{sound->device});
+  EXPECT_EQ(this->received_, typename TestFixture::Handles{sound->device});
 }
 
-TYPED_TEST_P(WaveOutputConformance, PostsNothingForTheResetOfADeviceThatIsNotPlaying) {
+TYPED_TEST_P(WaveOutputConformance, PostsNothingForTheResetOfAnIdleDevice) {
   const auto sound = this->Prepare(20);
   this->Output().Reset(sound->device);
   this->host_.Pass(std::chrono::milliseconds(60));
-  EXPECT_TRUE(this->heard_.empty());
+  EXPECT_TRUE(this->received_.empty());
 }
 
 TYPED_TEST_P(WaveOutputConformance, IgnoresAWriteToADeviceThatIsPlaying) {
@@ -60,23 +60,23 @@ TYPED_TEST_P(WaveOutputConformance, IgnoresAWriteToADeviceThatIsPlaying) {
   this->Output().Write(sound->device, sound->header);
   this->WaitFor(1);
   this->host_.Pass(std::chrono::milliseconds(150));
-  EXPECT_EQ(this->heard_.size(), 1U);
+  EXPECT_EQ(this->received_.size(), 1U);
 }
 
-TYPED_TEST_P(WaveOutputConformance, IgnoresAHeaderThatIsNotPrepared) {
+TYPED_TEST_P(WaveOutputConformance, IgnoresAnUnpreparedHeader) {
   const auto sound = this->Prepare(20);
   this->Output().UnprepareHeader(sound->device, sound->header);
   this->Output().Write(sound->device, sound->header);
   this->host_.Pass(std::chrono::milliseconds(80));
-  EXPECT_TRUE(this->heard_.empty());
+  EXPECT_TRUE(this->received_.empty());
 }
 
-TYPED_TEST_P(WaveOutputConformance, ClosesAPlayingDeviceWithoutANotice) {
+TYPED_TEST_P(WaveOutputConformance, ClosesAPlayingDeviceWithoutAMessage) {
   const auto sound = this->Prepare(60);
   this->Output().Write(sound->device, sound->header);
   this->Release(*sound);
   this->host_.Pass(std::chrono::milliseconds(150));
-  EXPECT_TRUE(this->heard_.empty());
+  EXPECT_TRUE(this->received_.empty());
 }
 
 TYPED_TEST_P(WaveOutputConformance, NeverConfusesADeviceWithItsSuccessor) {
@@ -88,10 +88,10 @@ TYPED_TEST_P(WaveOutputConformance, NeverConfusesADeviceWithItsSuccessor) {
   EXPECT_NE(second->device, first->device);
   this->Output().Write(second->device, second->header);
   this->WaitFor(2);
-  EXPECT_EQ(this->heard_, (typename TestFixture::Handles{first->device, second->device}));
+  EXPECT_EQ(this->received_, (typename TestFixture::Handles{first->device, second->device}));
 }
 
-TYPED_TEST_P(WaveOutputConformance, DoesNotGiveAHandleOutAgain) {
+TYPED_TEST_P(WaveOutputConformance, DoesNotReuseHandles) {
   std::set<platform::WaveHandle> handles{platform::kNoWaveHandle};
   for (int i = 0; i < 300; ++i) {
     const platform::WaveHandle device = this->Output().Open(PlainFormat(), this->window_);
@@ -105,18 +105,18 @@ TYPED_TEST_P(WaveOutputConformance, PlaysThirtyTwoDevicesAtOnce) {
   std::generate_n(std::back_inserter(sounds), 32, [this] { return this->Prepare(50); });
   for (const auto& sound : sounds) this->Output().Write(sound->device, sound->header);
   this->WaitFor(32);
-  EXPECT_EQ(this->heard_.size(), 32U);
-  EXPECT_EQ(std::set(this->heard_.begin(), this->heard_.end()).size(), 32U) << "one notice each";
+  EXPECT_EQ(this->received_.size(), 32U);
+  EXPECT_EQ(std::set(this->received_.begin(), this->received_.end()).size(), 32U) << "one message each";
 }
 
-TYPED_TEST_P(WaveOutputConformance, HandsASoundWithoutSamplesStraightBack) {
+TYPED_TEST_P(WaveOutputConformance, PostsTheMessageOfAnEmptySound) {
   const auto sound = this->Prepare(0);
   this->Output().Write(sound->device, sound->header);
   this->WaitFor(1);
-  EXPECT_EQ(this->heard_.size(), 1U);
+  EXPECT_EQ(this->received_.size(), 1U);
 }
 
-TYPED_TEST_P(WaveOutputConformance, TakesAHandleOfNoDeviceWithoutHarm) {
+TYPED_TEST_P(WaveOutputConformance, IgnoresAnInvalidHandle) {
   const auto closed = this->Prepare(20);
   this->Release(*closed);
   for (const platform::WaveHandle handle : {closed->device, platform::kNoWaveHandle, platform::WaveHandle{4711}}) {
@@ -128,7 +128,7 @@ TYPED_TEST_P(WaveOutputConformance, TakesAHandleOfNoDeviceWithoutHarm) {
     this->Output().Close(handle);
   }
   this->host_.Pass(std::chrono::milliseconds(50));
-  EXPECT_TRUE(this->heard_.empty());
+  EXPECT_TRUE(this->received_.empty());
 }
 
 TYPED_TEST_P(WaveOutputConformance, PlaysWithoutAWindow) {
@@ -136,15 +136,14 @@ TYPED_TEST_P(WaveOutputConformance, PlaysWithoutAWindow) {
   this->Output().Write(sound->device, sound->header);
   this->host_.Pass(std::chrono::milliseconds(80));
   this->Output().Reset(sound->device);
-  EXPECT_TRUE(this->heard_.empty());
+  EXPECT_TRUE(this->received_.empty());
 }
 
-REGISTER_TYPED_TEST_SUITE_P(WaveOutputConformance, PostsOneNoticeWhenASoundIsThrough,
-                            PlaysAPreparedSoundAsOftenAsItIsWritten, HandsAResetSoundBackAtOnceAndOnlyOnce,
-                            PostsNothingForTheResetOfADeviceThatIsNotPlaying, IgnoresAWriteToADeviceThatIsPlaying,
-                            IgnoresAHeaderThatIsNotPrepared, ClosesAPlayingDeviceWithoutANotice,
-                            NeverConfusesADeviceWithItsSuccessor, DoesNotGiveAHandleOutAgain,
-                            PlaysThirtyTwoDevicesAtOnce, HandsASoundWithoutSamplesStraightBack,
-                            TakesAHandleOfNoDeviceWithoutHarm, PlaysWithoutAWindow);
+REGISTER_TYPED_TEST_SUITE_P(WaveOutputConformance, PostsOneMessageAtTheEndOfASound, PlaysAPreparedSoundForEveryWrite,
+                            PostsOneMessageForAResetSoundImmediately, PostsNothingForTheResetOfAnIdleDevice,
+                            IgnoresAWriteToADeviceThatIsPlaying, IgnoresAnUnpreparedHeader,
+                            ClosesAPlayingDeviceWithoutAMessage, NeverConfusesADeviceWithItsSuccessor,
+                            DoesNotReuseHandles, PlaysThirtyTwoDevicesAtOnce, PostsTheMessageOfAnEmptySound,
+                            IgnoresAnInvalidHandle, PlaysWithoutAWindow);
 
 }  // namespace tonalith::testing

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What every wave output has to do, whether it sounds or not. The host has Output(), Windows() and Pass(duration),
-// which lets at least that much of the outputs' time go by and handles the notices that come.
+// Tests for every wave output, silent or not. The host has Output(), Windows() and Pass(duration), which lets at least
+// that much time of the outputs pass and handles the messages.
 
 #pragma once
 
@@ -31,7 +31,7 @@ inline platform::WaveFormat PlainFormat(std::uint32_t rate = 44100, std::uint16_
           std::nullopt};
 }
 
-/// A host for outputs that keep real time.
+/// A host for outputs that run in real time.
 struct RealTimeHost {
   platform::WindowMessages& Windows() { return queue; }
   void Pass(std::chrono::milliseconds duration) {
@@ -49,14 +49,14 @@ class WaveOutputConformance : public ::testing::Test {
   WaveOutputConformance() : window_(host_.Windows().CreateWindow({})) {
     host_.Windows().SetWindowProcedure(window_, [this](auto, std::uint32_t message, std::uintptr_t wParam, auto) {
       EXPECT_EQ(message, platform::kWaveOutputDone);
-      heard_.push_back(static_cast<platform::WaveHandle>(wParam));
+      received_.push_back(static_cast<platform::WaveHandle>(wParam));
       return std::intptr_t{0};
     });
   }
 
   platform::WaveOutput& Output() { return host_.Output(); }
 
-  /// An output with its prepared sound.
+  /// An open output with a prepared sound.
   struct Prepared {
     platform::WaveHandle device = platform::kNoWaveHandle;
     Bytes samples;
@@ -79,15 +79,15 @@ class WaveOutputConformance : public ::testing::Test {
     Output().Close(prepared.device);
   }
 
-  /// Waits, for some seconds at most, until that many notices were heard.
-  void WaitFor(std::size_t notices) {
-    for (int i = 0; i < 100 && heard_.size() < notices; ++i) host_.Pass(std::chrono::milliseconds(50));
+  /// Waits, for at most five seconds, until that many messages have arrived.
+  void WaitFor(std::size_t messages) {
+    for (int i = 0; i < 100 && received_.size() < messages; ++i) host_.Pass(std::chrono::milliseconds(50));
   }
 
   using Handles = std::vector<platform::WaveHandle>;
   Host host_;
   platform::WindowHandle window_;
-  Handles heard_;
+  Handles received_;
 };
 
 }  // namespace tonalith::testing

@@ -41,7 +41,7 @@ struct SilentHost : RealTimeHost {
 INSTANTIATE_TYPED_TEST_SUITE_P(Scripted, WaveOutputConformance, ScriptedHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(Silent, WaveOutputConformance, SilentHost);
 
-/// A silent output with one sound and what its notices do.
+/// A silent output with one sound that waits for its wave-done message.
 class SilentSound {
  public:
   explicit SilentSound(milliseconds length) : samples_(static_cast<std::size_t>(length.count()) * 16) {
@@ -57,7 +57,7 @@ class SilentSound {
   }
   void Write() { host_.output->Write(device_, header_); }
 
-  /// How long the sound takes to its notice.
+  /// The time from the start of the sound to its message.
   steady_clock::duration Play() {
     over_ = false;
     const auto start = steady_clock::now();
@@ -77,7 +77,7 @@ class SilentSound {
   bool over_ = false;
 };
 
-TEST(SilentWaveOutput, KeepsTheTimeOfASound) {
+TEST(SilentWaveOutput, TakesTheTimeOfTheSound) {
   SilentSound sound(milliseconds(100));
   std::vector<steady_clock::duration> times;
   times.reserve(9);
@@ -87,7 +87,7 @@ TEST(SilentWaveOutput, KeepsTheTimeOfASound) {
   EXPECT_LT(times[4] - milliseconds(100), tests::Timely<steady_clock::duration>(milliseconds(15))) << "the median";
 }
 
-TEST(SilentWaveOutput, SleepsWhileASoundPlaysAndAfterwards) {
+TEST(SilentWaveOutput, DoesNotPollDuringOrAfterASound) {
   SilentSound sound(milliseconds(400));
   const double before = ProcessorSeconds();
   sound.Play();
@@ -95,7 +95,7 @@ TEST(SilentWaveOutput, SleepsWhileASoundPlaysAndAfterwards) {
   EXPECT_LT(ProcessorSeconds() - before, tests::Timely(0.03));
 }
 
-TEST(SilentWaveOutput, EndsAtOnceInTheMiddleOfASound) {
+TEST(SilentWaveOutput, EndsImmediatelyWhileASoundPlays) {
   auto sound = std::make_unique<SilentSound>(milliseconds(20000));
   sound->Write();
   const auto start = steady_clock::now();
@@ -103,20 +103,20 @@ TEST(SilentWaveOutput, EndsAtOnceInTheMiddleOfASound) {
   EXPECT_LT(steady_clock::now() - start, tests::Timely(milliseconds(140)));
 }
 
-TEST(SilentWaveOutput, RefusesAFormatThatNobodyPlays) {
+TEST(SilentWaveOutput, RefusesAnUnsupportedFormat) {
   SilentHost host;
   platform::WaveFormat format = PlainFormat();
   format.record.wFormatTag = 0x55;
   EXPECT_EQ(host.Output().Open(format, 1), platform::kNoWaveHandle);
 }
 
-/// A device that hangs until it is let go.
+/// The state of a device that hangs until it is released.
 struct Hanging {
   std::mutex mutex;
   std::condition_variable changed;
   bool entered = false;
-  bool letGo = false;
-  bool gone = false;
+  bool released = false;
+  bool destroyed = false;
 };
 
 class HangingMixer : public platform::SilentMixer {
@@ -126,7 +126,7 @@ class HangingMixer : public platform::SilentMixer {
   HangingMixer& operator=(const HangingMixer&) = delete;
   ~HangingMixer() override {
     const std::lock_guard lock(hanging_->mutex);
-    hanging_->gone = true;
+    hanging_->destroyed = true;
     hanging_->changed.notify_all();
   }
   void Attach(std::function<void(platform::SoundDevice)> report) override { report_ = std::move(report); }
@@ -135,7 +135,7 @@ class HangingMixer : public platform::SilentMixer {
     std::unique_lock lock(hanging_->mutex);
     hanging_->entered = true;
     hanging_->changed.notify_all();
-    hanging_->changed.wait(lock, [this] { return hanging_->letGo; });
+    hanging_->changed.wait(lock, [this] { return hanging_->released; });
     lock.unlock();
     report_(platform::SoundDevice::kMissing);
   }
@@ -152,7 +152,7 @@ struct CountingObserver : platform::SoundDeviceObserver {
   int found = 0;
 };
 
-TEST(ThreadedWaveOutput, DoesNotWaitForADeviceThatHangsNorHearFromItAfterwards) {
+TEST(ThreadedWaveOutput, DetachesAHungDeviceWithoutLaterReports) {
   const auto hanging = std::make_shared<Hanging>();
   CountingObserver observer;
   platform::WindowMessageQueue queue;
@@ -168,9 +168,9 @@ TEST(ThreadedWaveOutput, DoesNotWaitForADeviceThatHangsNorHearFromItAfterwards) 
   const auto start = steady_clock::now();
   output.reset();
   EXPECT_LT(steady_clock::now() - start, tests::Timely(milliseconds(1000)));
-  hanging->letGo = true;
+  hanging->released = true;
   hanging->changed.notify_all();
-  hanging->changed.wait(lock, [&] { return hanging->gone; });
+  hanging->changed.wait(lock, [&] { return hanging->destroyed; });
   EXPECT_EQ(observer.missing, 0);
 }
 

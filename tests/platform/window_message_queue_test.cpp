@@ -32,7 +32,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(WindowMessageQueue, WindowMessagesConformance, Qu
 INSTANTIATE_TYPED_TEST_SUITE_P(ScriptedWindowMessages, WindowMessagesConformance, ScriptedHost);
 INSTANTIATE_TYPED_TEST_SUITE_P(WindowMessageQueue, EventPumpConformance, QueueHost);
 
-TEST(WindowMessageQueue, WakesTheLoopAfterEachPosting) {
+TEST(WindowMessageQueue, CallsTheWakeUpAfterEachPost) {
   platform::WindowMessageQueue queue;
   const auto window = queue.CreateWindow({});
   int calls = 0;
@@ -46,7 +46,7 @@ TEST(WindowMessageQueue, WakesTheLoopAfterEachPosting) {
   EXPECT_EQ(calls, 2);
 }
 
-TEST(WindowMessageQueue, HandlesWaitingNoticesInsideAProcedureThatRunsTheLoop) {
+TEST(WindowMessageQueue, HandlesPendingMessagesInANestedDispatch) {
   platform::WindowMessageQueue queue;
   const auto window = queue.CreateWindow({});
   std::string order;
@@ -61,7 +61,7 @@ TEST(WindowMessageQueue, HandlesWaitingNoticesInsideAProcedureThatRunsTheLoop) {
   EXPECT_EQ(order, "<1<2><3>>");
 }
 
-TEST(WindowMessageQueue, LeavesNoticesThatArePostedByAProcedureToTheNextRound) {
+TEST(WindowMessageQueue, LeavesMessagesPostedByAProcedureToTheNextDispatch) {
   platform::WindowMessageQueue queue;
   const auto window = queue.CreateWindow({});
   int handled = 0;
@@ -75,7 +75,7 @@ TEST(WindowMessageQueue, LeavesNoticesThatArePostedByAProcedureToTheNextRound) {
   EXPECT_EQ(handled, 1);
 }
 
-TEST(WindowMessageQueue, LosesNoNoticeOfManyThreads) {
+TEST(WindowMessageQueue, LosesNoMessageOfManyThreads) {
   platform::WindowMessageQueue queue;
   const auto window = queue.CreateWindow({});
   constexpr std::uintptr_t kSum = std::uintptr_t{4} * 500500;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// OpenAL Soft's null device plays into nothing at real time and can be paused, as a sound card can.
+// OpenAL Soft's null device discards its input in real time and can be paused like a sound card.
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-struct DeviceNews : platform::SoundDeviceObserver {
+struct DeviceReports : platform::SoundDeviceObserver {
   void SoundDeviceMissing() override { ++missing; }
   void SoundDeviceFound() override {}
   std::atomic<int> missing = 0;
@@ -30,15 +30,15 @@ struct DeviceNews : platform::SoundDeviceObserver {
 struct NullDeviceHost : RealTimeHost {
   platform::WaveOutput& Output() { return *output; }
   int chosen = ::setenv("ALSOFT_DRIVERS", "null", 1);
-  DeviceNews news;
-  std::unique_ptr<platform::WaveOutput> output = platform::MakeOpenAlWaveOutput(queue, &news);
+  DeviceReports reports;
+  std::unique_ptr<platform::WaveOutput> output = platform::MakeOpenAlWaveOutput(queue, &reports);
 };
 
 INSTANTIATE_TYPED_TEST_SUITE_P(OpenAlNullDevice, WaveOutputConformance, NullDeviceHost);
 
-class OpenAlRest : public ::testing::Test {
+class OpenAlPause : public ::testing::Test {
  protected:
-  OpenAlRest() : samples_(Sine({}, 441, 0.1, 0.5)) {
+  OpenAlPause() : samples_(Sine({}, 441, 0.1, 0.5)) {
     window_ = host_.queue.CreateWindow({});
     host_.queue.SetWindowProcedure(window_, [this](auto, auto, auto, auto) {
       over_ = true;
@@ -50,7 +50,7 @@ class OpenAlRest : public ::testing::Test {
     host_.output->PrepareHeader(device_, header_);
   }
 
-  /// Plays 0.1 seconds to the notice; the seconds it took.
+  /// Plays 0.1 seconds until the wave-done message. Returns the seconds it took.
   double Play() {
     over_ = false;
     const auto start = std::chrono::steady_clock::now();
@@ -67,17 +67,17 @@ class OpenAlRest : public ::testing::Test {
   bool over_ = false;
 };
 
-TEST_F(OpenAlRest, NothingWakesUpWhenNothingHasPlayedForAWhile) {
+TEST_F(OpenAlPause, NoThreadWakesUpWhileTheDeviceIsPaused) {
   Play();
   std::this_thread::sleep_for(milliseconds(3000));
   const long before = Sleeps();
   const double used = ProcessorSeconds();
   std::this_thread::sleep_for(milliseconds(1000));
-  EXPECT_LT(Sleeps() - before, 5) << "this thread's own sleep is one";
+  EXPECT_LT(Sleeps() - before, 5) << "the sleep of this thread is one of them";
   EXPECT_LT(ProcessorSeconds() - used, tests::Timely(0.005));
 }
 
-TEST_F(OpenAlRest, PlaysAgainAfterARest) {
+TEST_F(OpenAlPause, PlaysAgainAfterAPause) {
   Play();
   std::this_thread::sleep_for(milliseconds(2500));
   const double took = Play();
@@ -85,21 +85,21 @@ TEST_F(OpenAlRest, PlaysAgainAfterARest) {
   EXPECT_LT(took, tests::Timely(0.5));
 }
 
-TEST_F(OpenAlRest, DeviceThatRestedIsThereForTheNextSound) {
-  // On a machine that is busy elsewhere a device may be so late that it counts as lost, but not time after time.
+TEST_F(OpenAlPause, APausedDevicePlaysTheNextSound) {
+  // On a loaded system a device may be so late that it counts as lost, but not repeatedly.
   constexpr int kMostAttempts = 3;
   bool isThere = false;
   for (int attempt = 0; attempt < kMostAttempts && !isThere; ++attempt) {
     Play();
     std::this_thread::sleep_for(milliseconds(2500));
-    const int before = host_.news.missing;
+    const int before = host_.reports.missing;
     Play();
-    isThere = host_.news.missing == before;
+    isThere = host_.reports.missing == before;
   }
   EXPECT_TRUE(isThere);
 }
 
-TEST_F(OpenAlRest, PostsTheNoticeWithinFifteenMillisecondsOfTheLastSample) {
+TEST_F(OpenAlPause, PostsTheMessageWithin15MillisecondsOfTheLastSample) {
   Play();
   std::vector<double> times;
   times.reserve(15);
