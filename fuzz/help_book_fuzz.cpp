@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Any bytes as what the process that reads a help file says about it: objects, settings, contents, index, topics, style
-// sheets and links, all the way to the HTML that the window is given. That HTML has to be well-formed and not too deep,
-// and every link has to lead somewhere or nowhere.
+// Fuzzes the parsing of the stream from the child process: objects, settings, contents, index, topics, style sheets and
+// links, up to the HTML for the window. The HTML must be well-formed with limited nesting, and every internal link must
+// have a page.
 
 #include <algorithm>
 #include <cstdint>
@@ -20,21 +20,21 @@ namespace {
 
 using namespace tonalith;  // NOLINT(google-build-using-namespace)
 
-/// The deepest that a page may nest, each of its boxes being three tags.
+/// The maximum nesting of a page; each box has three tags.
 constexpr std::size_t kDeepest = 60;
 
-void Demand(bool holds) {
-  if (!holds) std::abort();
+void Demand(bool condition) {
+  if (!condition) std::abort();
 }
 
 void DemandWellFormed(const std::string& html) {
   using Kind = help::MarkupToken::Kind;
   std::vector<std::string> open;
   help::MarkupReader reader(html);
-  while (const auto piece = reader.Next()) {
-    const std::string& tag = piece->text;
-    if (piece->kind == Kind::kText || tag == "br" || tag == "hr" || tag == "img") continue;
-    if (piece->kind == Kind::kOpen) {
+  while (const auto token = reader.Next()) {
+    const std::string& tag = token->text;
+    if (token->kind == Kind::kText || tag == "br" || tag == "hr" || tag == "img") continue;
+    if (token->kind == Kind::kOpen) {
       open.push_back(tag);
       Demand(open.size() <= kDeepest);
     } else {
@@ -51,8 +51,8 @@ void ReadPage(const help::HelpBook& book, const std::string& path) {
   DemandWellFormed(page->html);
   Demand(!book.TitleOf(path).empty() || path.empty());
   for (const std::string& link : page->links) {
-    const help::HelpLink target = book.Follow(path, link);
-    if (target.kind == help::HelpLink::Kind::kInside) Demand(book.Page(target.place.page) != nullptr);
+    const help::HelpLink followed = book.Follow(path, link);
+    if (followed.kind == help::HelpLink::Kind::kInside) Demand(book.Page(followed.target.page) != nullptr);
   }
   for (const help::HelpPicture& picture : page->pictures) {
     Demand(picture.width >= 0 && picture.height >= 0);

@@ -42,7 +42,7 @@ constexpr std::array kEntities = std::to_array<Entity>(
      {"ne", 0x2260},     {"le", 0x2264},    {"ge", 0x2265},    {"flat", 0x266D},   {"natural", 0x266E},
      {"natur", 0x266E},  {"sharp", 0x266F}});
 
-/// Bytes 0x80 to 0x9F; the rest are their own numbers.
+/// The characters of the bytes 0x80 to 0x9F; all other bytes are equal to their characters.
 constexpr std::array<std::uint16_t, 32> kWestern = {0x20AC, 0x0020, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                                     0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x0020, 0x017D, 0x0020,
                                                     0x0020, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
@@ -89,9 +89,9 @@ std::string ResolveEntities(std::string_view text) {
   std::string resolved;
   resolved.reserve(text.size());
   while (!text.empty()) {
-    const std::size_t sign = std::min(text.find('&'), text.size());
-    resolved += text.substr(0, sign);
-    text.remove_prefix(sign);
+    const std::size_t ampersand = std::min(text.find('&'), text.size());
+    resolved += text.substr(0, ampersand);
+    text.remove_prefix(ampersand);
     if (text.empty()) break;
     const std::size_t end = text.substr(0, kLongestEntity).find(';');
     const std::uint32_t character = end == std::string_view::npos ? 0 : EntityCharacter(text.substr(1, end - 1));
@@ -107,8 +107,8 @@ std::string ResolveEntities(std::string_view text) {
 }
 
 std::string ToUtf8(std::string_view bytes) {
-  constexpr std::string_view kMark = "\xEF\xBB\xBF";
-  if (bytes.substr(0, kMark.size()) == kMark) bytes.remove_prefix(kMark.size());
+  constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+  if (bytes.substr(0, kByteOrderMark.size()) == kByteOrderMark) bytes.remove_prefix(kByteOrderMark.size());
   const bool isUtf8 = IsUtf8(bytes);
   std::string text;
   text.reserve(bytes.size());

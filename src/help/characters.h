@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Characters as numbers and as UTF-8, as far as pages of help need them: names and numbers of entities, and the western
-// code page that pages without an encoding of their own are in. Pure functions; any thread; never fail.
+// Characters as numbers and as UTF-8 for help pages: names and numbers of entities, and the western code page for pages
+// that are not UTF-8.
 
 #pragma once
 
@@ -12,23 +12,23 @@
 
 namespace tonalith::help {
 
-/// Adds a character to `text` as UTF-8; what is no character becomes U+FFFD.
+/// Appends a character to `text` as UTF-8; an invalid character becomes U+FFFD.
 void AppendUtf8(std::string& text, std::uint32_t character);
 
 /// Whether the bytes are well-formed UTF-8.
 [[nodiscard]] bool IsUtf8(std::string_view bytes);
 
-/// The character of an entity's name ("eacute") or number ("#233", "#xE9"), without its signs; 0 for an unknown one.
+/// The character of an entity's name ("eacute") or number ("#233", "#xE9"), without "&" and ";"; 0 for an unknown one.
 [[nodiscard]] std::uint32_t EntityCharacter(std::string_view name);
 
-/// A byte of Windows' western code page as a character.
+/// Converts a byte of Windows' western code page.
 [[nodiscard]] std::uint32_t WesternCharacter(std::uint8_t byte);
 
-/// Bytes of a page or list as UTF-8: as they are if they are UTF-8 (with or without its mark), and as Windows' western
-/// code page otherwise. Control characters other than line ends and tabs become blanks.
+/// Converts a page or list to UTF-8: unchanged if it is UTF-8 (with or without byte order mark), else from Windows'
+/// western code page. Control characters other than line ends and tabs become blanks.
 [[nodiscard]] std::string ToUtf8(std::string_view bytes);
 
-/// The text with `&name;` and `&#number;` resolved; what is no entity stays as it is written.
+/// Resolves `&name;` and `&#number;`; unknown entities stay as they are.
 [[nodiscard]] std::string ResolveEntities(std::string_view text);
 
 }  // namespace tonalith::help

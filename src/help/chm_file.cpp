@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What the headers of the smallest file take.
+/// Size of the headers of the smallest file, in bytes.
 constexpr std::uint64_t kSmallestChmFile = 96;
 
 core::Failure Damaged() { return core::Failure::Unspecified("it is truncated or damaged"); }
@@ -28,9 +28,9 @@ class StreamReader {
 
   ChmObjects ReadAll() {
     ChmObjects objects;
-    while (const std::uint8_t mark = Byte()) {
-      if (mark == kChmEndMarker) return objects;
-      if (mark != kChmObjectMarker || objects.size() >= kMostChmObjects) break;
+    while (const std::uint8_t marker = Byte()) {
+      if (marker == kChmEndMarker) return objects;
+      if (marker != kChmObjectMarker || objects.size() >= kMostChmObjects) break;
       const std::uint64_t pathLength = Length(kLongestChmPath);
       const std::uint64_t length = Length(std::min(kLargestChmObject, kLargestChmContent - content_));
       content_ += length;
@@ -48,7 +48,7 @@ class StreamReader {
     return length;
   }
 
-  /// Grows with what comes, not with what was promised.
+  /// Allocates by the bytes received, not by the claimed length.
   std::string Bytes(std::uint64_t length) {
     std::string bytes;
     while (bytes.size() < length) {

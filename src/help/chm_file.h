@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A compiled help file as its objects: topics, pictures, style sheets and the lists of contents and index, by path. The
-// reading is done in a process of its own, because chmlib trusts its input: a file that makes it crash, run for ever or
-// ask for everything is reported as damaged, within the limits. A file is read whole or refused. One thread; the caller
-// waits. Fails by throwing core::Failure with a description that names the file.
+// Reads the objects of a compiled help file: topics, pictures, style sheets and the lists of contents and index, by
+// path. chmlib trusts its input, so it runs in a child process: a file that makes it crash, run endlessly or use too
+// much memory is reported as damaged, within the limits. A file is read completely or refused. Blocks the caller.
+// Throws core::Failure; the description contains the file name.
 
 #pragma once
 
@@ -21,21 +21,21 @@ namespace tonalith::help {
 /// The objects of a file by their paths, which begin with a slash.
 using ChmObjects = std::map<std::string, std::string>;
 
-/// Larger than any help file for people to read.
+/// In bytes; larger than any help file for people to read.
 inline constexpr std::uint64_t kLargestChmFile = std::uint64_t{256} << 20;
 inline constexpr std::uint64_t kLargestChmObject = std::uint64_t{32} << 20;
 inline constexpr std::uint64_t kLargestChmContent = std::uint64_t{64} << 20;
 inline constexpr std::size_t kMostChmObjects = 20'000;
 inline constexpr std::size_t kLongestChmPath = 1024;
 
-/// What a help window may keep its user waiting for.
+/// Time and memory limits: how long a user may have to wait for the help window.
 inline constexpr sandbox::Limits kChmReadingLimits{std::chrono::seconds{5}, std::chrono::seconds{10},
                                                    std::uint64_t{256} << 20};
 
 ChmObjects ReadChmFile(const std::string& path, const sandbox::Limits& limits = kChmReadingLimits);
 
-/// The far end of the reading: takes the stream that the reading process writes, and trusts none of it. `source` fills
-/// the front of a buffer and tells how much of it; 0 when there is no more.
+/// The parent's end: reads the stream from the child process as untrusted input. `source` fills the front of a buffer
+/// and returns the number of bytes; 0 at the end.
 ChmObjects ReadChmStream(const std::function<std::size_t(std::span<std::uint8_t>)>& source);
 
 }  // namespace tonalith::help

@@ -31,7 +31,8 @@ struct Found {
   bool isTooMuch = false;
 };
 
-/// Topics, pictures and lists begin with a slash; of what the compiler put in beside them only the settings are needed.
+/// The paths of topics, pictures and lists begin with a slash; of the compiler's own objects only the settings are
+/// needed.
 bool IsWanted(std::string_view path) {
   if (path.size() < 2 || path.front() != '/' || path.back() == '/') return false;
   return (path[1] != '#' && path[1] != '$') || path == "/#SYSTEM";
@@ -82,7 +83,7 @@ void WriteChmObjects(const std::string& path, int pipe) {
   Found found;
   const int outcome = ::chm_enumerate(file.get(), CHM_ENUMERATE_ALL, Collect, &found);
   if (outcome == 0 || found.isTooMuch) throw core::Failure::Unspecified("its list of objects is damaged");
-  // In the order of the file, so that each compressed block is opened once.
+  // In file order, so that each compressed block is decompressed once.
   std::sort(found.units.begin(), found.units.end(), [](const chmUnitInfo& a, const chmUnitInfo& b) {
     return a.space != b.space ? a.space < b.space : a.start < b.start;
   });

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The stream between the process that reads a help file and the program: a mark, for an object the length of its path,
-// the length of its bytes (both as 8 bytes, the lowest first), the path and the bytes; at the end one mark that says
-// that nothing is missing. A stream without that mark is no file. Constants only.
+// Constants of the stream from the child process that reads a help file: for each object a marker, the lengths of its
+// path and of its bytes (8 bytes each, little-endian), the path and the bytes; then the end marker. A stream without
+// end marker is incomplete and refused.
 
 #pragma once
 

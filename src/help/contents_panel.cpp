@@ -37,13 +37,13 @@ void ContentsPanel::SetBook(const HelpBook& book) {
     auto* const item = parents.empty() ? new QTreeWidgetItem(this) : new QTreeWidgetItem(parents.back());
     item->setText(0, QString::fromStdString(entry.title));
     item->setToolTip(0, item->text(0));
-    if (entry.place) {
-      item->setData(0, kPageRole, QString::fromStdString(entry.place->page));
-      item->setData(0, kAnchorRole, QString::fromStdString(entry.place->anchor));
+    if (entry.target) {
+      item->setData(0, kPageRole, QString::fromStdString(entry.target->page));
+      item->setData(0, kAnchorRole, QString::fromStdString(entry.target->anchor));
     }
     parents.push_back(item);
   }
-  // A short list of contents is seen whole.
+  // Expand a short list of contents completely.
   constexpr std::size_t kShort = 60;
   if (book.Contents().size() <= kShort) {
     expandAll();
@@ -56,25 +56,25 @@ HelpTarget ContentsPanel::TargetOf(const QTreeWidgetItem* item) const {
   return {item->data(0, kPageRole).toString().toStdString(), item->data(0, kAnchorRole).toString().toStdString()};
 }
 
-void ContentsPanel::ShowTarget(const HelpTarget& place) {
+void ContentsPanel::ShowTarget(const HelpTarget& target) {
   const QSignalBlocker quiet(this);
   QTreeWidgetItem* ofPage = nullptr;
   for (QTreeWidgetItemIterator at(this); *at != nullptr; ++at) {
     const HelpTarget candidate = TargetOf(*at);
-    if (candidate == place) {
+    if (candidate == target) {
       ofPage = *at;
       break;
     }
-    if (ofPage == nullptr && candidate.page == place.page) ofPage = *at;
+    if (ofPage == nullptr && candidate.page == target.page) ofPage = *at;
   }
   setCurrentItem(ofPage);
   if (ofPage != nullptr) scrollToItem(ofPage);
 }
 
 void ContentsPanel::Choose(QTreeWidgetItem* item) {
-  const HelpTarget place = TargetOf(item);
-  if (!place.page.empty()) {
-    Q_EMIT TargetChosen(place);
+  const HelpTarget target = TargetOf(item);
+  if (!target.page.empty()) {
+    Q_EMIT TargetChosen(target);
   } else {
     item->setExpanded(true);
   }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The contents of a help file as a tree. Choosing an entry, by click or by Enter, tells its place; the entry of the
-// page that is shown is the current one. Owned by its parent widget; user-interface thread.
+// The contents of a help file as a tree. Choosing an entry, by click or by Enter, emits its target; the entry of the
+// shown page is the current one.
 
 #pragma once
 
@@ -19,11 +19,11 @@ class ContentsPanel : public QTreeWidget {
   explicit ContentsPanel(QWidget* parent);
 
   void SetBook(const HelpBook& book);
-  /// Makes the entry of that place current: the one with its anchor, else the page's own. Tells nobody.
-  void ShowTarget(const HelpTarget& place);
+  /// Makes the entry of that target current: the one with its anchor, else that of the page. Emits no signal.
+  void ShowTarget(const HelpTarget& target);
 
  Q_SIGNALS:
-  void TargetChosen(const tonalith::help::HelpTarget& place);
+  void TargetChosen(const tonalith::help::HelpTarget& target);
 
  private:
   void Choose(QTreeWidgetItem* item);

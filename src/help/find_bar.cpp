@@ -28,15 +28,15 @@ FindBar::FindBar(HelpBrowser* page, QWidget* parent) : QWidget(parent), page_(pa
   caption->setBuddy(text_);
   previous_ = new HelpButton(HelpButton::Icon::kUp, tr("Previous match"), QKeySequence(Qt::SHIFT | Qt::Key_F3), this);
   next_ = new HelpButton(HelpButton::Icon::kDown, tr("Next match"), QKeySequence(Qt::Key_F3), this);
-  places_ = new QLabel(this);
-  places_->setObjectName(QStringLiteral("lblPlaces"));
+  matches_ = new QLabel(this);
+  matches_->setObjectName(QStringLiteral("lblPlaces"));
   auto* const close =
       new HelpButton(HelpButton::Icon::kClose, tr("Close the find bar"), QKeySequence(Qt::Key_Escape), this);
   row->addWidget(caption);
   row->addWidget(text_, 1);
   row->addWidget(previous_);
   row->addWidget(next_);
-  row->addWidget(places_);
+  row->addWidget(matches_);
   row->addStretch(1);
   row->addWidget(close);
   connect(text_, &QLineEdit::textChanged, this, &FindBar::TextChanged);
@@ -76,19 +76,19 @@ void FindBar::PageChanged() {
 }
 
 void FindBar::TextChanged() {
-  const int places = page_->HighlightText(text_->text());
-  if (places > 0) page_->FindFromHere(text_->text());
-  ShowMatchCount(places);
+  const int matches = page_->HighlightText(text_->text());
+  if (matches > 0) page_->FindFromHere(text_->text());
+  ShowMatchCount(matches);
 }
 
-void FindBar::ShowMatchCount(int places) {
+void FindBar::ShowMatchCount(int matches) {
   const bool isAsked = !text_->text().isEmpty();
-  previous_->setEnabled(places > 0);
-  next_->setEnabled(places > 0);
-  QString words = places == 0 ? tr("Not on this page") : tr("%n places", nullptr, places);
-  if (places == 1) words = tr("1 place");
-  places_->setText(isAsked ? words : QString());
-  text_->setAccessibleDescription(places_->text());
+  previous_->setEnabled(matches > 0);
+  next_->setEnabled(matches > 0);
+  QString words = matches == 0 ? tr("Not on this page") : tr("%n places", nullptr, matches);
+  if (matches == 1) words = tr("1 place");
+  matches_->setText(isAsked ? words : QString());
+  text_->setAccessibleDescription(matches_->text());
 }
 
 bool FindBar::eventFilter(QObject* watched, QEvent* event) {

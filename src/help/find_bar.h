@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The bar for finding text in the page that is shown: finds while it is typed, goes on and back from the end to the
-// beginning, and says how many places there are. Owned by its parent widget, with a browser that lives as long as it;
-// user-interface thread.
+// The bar that finds text in the shown page: finds while the user types, moves to the next and previous match with
+// wrap-around, and shows the number of matches. The browser must outlive it.
 
 #pragma once
 
@@ -23,14 +22,14 @@ class FindBar : public QWidget {
  public:
   FindBar(HelpBrowser* page, QWidget* parent);
 
-  /// Shows the bar with what was found last, ready to be typed over.
+  /// Shows the bar with the previous text selected, ready to be overwritten.
   void Open();
-  /// Hides the bar and takes the marks away.
+  /// Hides the bar and removes the highlights.
   void Close();
-  /// Opens the bar where there is nothing to find yet.
+  /// Opens the bar if it has no text yet.
   void FindNext();
   void FindPrevious();
-  /// Another page is shown now.
+  /// Must be called after another page was shown.
   void PageChanged();
 
  Q_SIGNALS:
@@ -42,13 +41,13 @@ class FindBar : public QWidget {
  private:
   void TextChanged();
   void Go(bool backwards);
-  void ShowMatchCount(int places);
+  void ShowMatchCount(int matches);
 
   HelpBrowser* page_;
   QLineEdit* text_;
   HelpButton* previous_;
   HelpButton* next_;
-  QLabel* places_;
+  QLabel* matches_;
 };
 
 }  // namespace tonalith::help

@@ -28,7 +28,7 @@ using Icon = HelpButton::Icon;
 constexpr QSize kWantedSize(1060, 760);
 constexpr int kPanelWidth = 280;
 
-/// A hairline between parts of the window.
+/// A thin line between parts of the window.
 QFrame* MakeLine(QFrame::Shape shape, QWidget* parent) {
   auto* const line = new QFrame(parent);
   line->setFrameShape(shape);
@@ -165,7 +165,7 @@ void frmHelp::ChooseSize() {
 }
 
 bool frmHelp::event(QEvent* event) {
-  // Qt does not pass this one on to changeEvent.
+  // Qt does not forward this event to changeEvent.
   if (event->type() == QEvent::ApplicationPaletteChange) ApplyTheme();
   return QWidget::event(event);
 }
@@ -183,9 +183,9 @@ void frmHelp::ShowBook(std::shared_ptr<const HelpBook> book) {
   page_->setFocus();
 }
 
-void frmHelp::GoTo(const HelpTarget& place) {
+void frmHelp::GoTo(const HelpTarget& target) {
   history_.Leave(page_->Scroll());
-  history_.Visit(place);
+  history_.Visit(target);
   ShowStop();
 }
 
@@ -205,31 +205,31 @@ void frmHelp::GoHome() { GoTo(book_->DefaultTarget()); }
 
 void frmHelp::ShowStop() {
   const HelpHistory::Stop stop = history_.Current();
-  page_->ShowPage(book_, stop.place);
+  page_->ShowPage(book_, stop.target);
   if (stop.scroll >= 0) page_->SetScroll(stop.scroll);
-  contents_->ShowTarget(stop.place);
+  contents_->ShowTarget(stop.target);
   back_->setEnabled(history_.CanGoBack());
   forward_->setEnabled(history_.CanGoForward());
-  page_->setAccessibleDescription(QString::fromStdString(book_->TitleOf(stop.place.page)));
+  page_->setAccessibleDescription(QString::fromStdString(book_->TitleOf(stop.target.page)));
   find_->PageChanged();
 }
 
-void frmHelp::ShowFound(const HelpTarget& place, const QStringList& words) {
+void frmHelp::ShowFound(const HelpTarget& target, const QStringList& words) {
   if (find_->isVisible()) find_->Close();
-  GoTo(place);
+  GoTo(target);
   page_->HighlightWords(words);
 }
 
 void frmHelp::FollowLink(const std::string& link) {
-  const HelpLink target = book_->Follow(CurrentTarget().page, link);
-  switch (target.kind) {
+  const HelpLink followed = book_->Follow(CurrentTarget().page, link);
+  switch (followed.kind) {
     case HelpLink::Kind::kInside:
     case HelpLink::Kind::kMissing:
-      return GoTo(target.place);
+      return GoTo(followed.target);
     case HelpLink::Kind::kOutside:
-      return ConfirmAndOpen(target.address);
+      return ConfirmAndOpen(followed.address);
     case HelpLink::Kind::kRefused:
-      msgBox_.Show(tr("This link leads to something that the help does not open:\n").toStdString() + target.address,
+      msgBox_.Show(tr("This link leads to something that the help does not open:\n").toStdString() + followed.address,
                    core::MsgBoxStyle::kExclamation, {});
       return;
   }
@@ -237,7 +237,7 @@ void frmHelp::FollowLink(const std::string& link) {
 
 void frmHelp::ConfirmAndOpen(const std::string& address) {
   using core::MsgBoxStyle;
-  // The box lets events through: the window may be closed while it is shown.
+  // The message box runs the event loop, which may destroy this window: use copies.
   core::MsgBox& msgBox = msgBox_;
   const AddressOpener opener = opener_;
   const MsgBoxStyle style = MsgBoxStyle::kYesNo | MsgBoxStyle::kQuestion | MsgBoxStyle::kDefaultButton2;

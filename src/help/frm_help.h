@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The help window: contents, index and search beside the page, with the way back and forward, finding in the page and
-// letters of any size. It is a window of its own beside the others, remembers nothing once it is closed, loads nothing
-// from outside its file and opens no address before its user has agreed. Goes when it is closed, or with its parent;
-// user-interface thread; does not fail.
+// The help window: contents, index and search next to the page, with history, find in page and zoom. It stores nothing
+// after it is closed, loads nothing from outside the help file and opens an external address only after confirmation.
+// It is deleted when closed or with its parent.
 
 #pragma once
 
@@ -31,7 +30,7 @@ class HelpButton;
 class IndexPanel;
 class SearchPanel;
 
-/// Hands an address to the system's browser or mail program; false when there is none.
+/// Opens an address in the system's browser or mail program; returns false if there is none.
 using AddressOpener = std::function<bool(const QUrl&)>;
 
 class frmHelp : public QWidget {
@@ -41,9 +40,9 @@ class frmHelp : public QWidget {
   frmHelp(core::MsgBox& msgBox, AddressOpener opener, QWidget* parent);
   ~frmHelp() override;
 
-  /// Shows the book at its default page; the way taken before is forgotten.
+  /// Shows the book at its default page and clears the history.
   void ShowBook(std::shared_ptr<const HelpBook> book);
-  [[nodiscard]] const HelpTarget& CurrentTarget() const { return history_.Current().place; }
+  [[nodiscard]] const HelpTarget& CurrentTarget() const { return history_.Current().target; }
   [[nodiscard]] HelpBrowser* Page() const { return page_; }
 
  protected:
@@ -56,15 +55,15 @@ class frmHelp : public QWidget {
   void ApplyTheme();
   void ChooseSize();
 
-  void GoTo(const HelpTarget& place);
+  void GoTo(const HelpTarget& target);
   void GoBack();
   void GoForward();
   void GoHome();
-  /// Shows the current stop of the history.
+  /// Shows the current entry of the history.
   void ShowStop();
   void FollowLink(const std::string& link);
   void ConfirmAndOpen(const std::string& address);
-  void ShowFound(const HelpTarget& place, const QStringList& words);
+  void ShowFound(const HelpTarget& target, const QStringList& words);
   void Escape();
   void ShowZoom();
 

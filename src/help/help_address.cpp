@@ -66,8 +66,8 @@ std::string ResolvedPath(std::string_view base, std::string_view relative) {
 std::string_view WithoutStore(std::string_view address) {
   const std::string scheme = SchemeOf(address);
   if (scheme != "ms-its" && scheme != "its" && scheme != "mk") return address;
-  const std::size_t mark = address.find("::");
-  return mark == std::string_view::npos ? address : address.substr(mark + 2);
+  const std::size_t separator = address.find("::");
+  return separator == std::string_view::npos ? address : address.substr(separator + 2);
 }
 
 }  // namespace tonalith::help

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Addresses as links in help files write them. Pure functions; any thread; never fail.
+// Parses addresses of links in help files.
 
 #pragma once
 
@@ -10,18 +10,17 @@
 
 namespace tonalith::help {
 
-/// What stands before the colon, in small letters, if that can be a scheme of two letters or more; else empty.
+/// The text before the colon in lower case, if it can be a scheme of two letters or more; else empty.
 [[nodiscard]] std::string SchemeOf(std::string_view address);
 
-/// `%41` resolved; a sign without two digits after it stays.
+/// Resolves `%41`; a percent sign without two hexadecimal digits stays.
 [[nodiscard]] std::string PercentDecoded(std::string_view text);
 
-/// The path that `relative` means on the page `base`, in small letters, with a slash in front: `.` and `..` resolved,
-/// backslashes taken for slashes, never above the top.
+/// The absolute path of `relative` on the page `base`, in lower case, with a leading slash: `.` and `..` are resolved,
+/// backslashes count as slashes, `..` stops at the root.
 [[nodiscard]] std::string ResolvedPath(std::string_view base, std::string_view relative);
 
-/// A path inside a compiled help file, out of the forms that name the file first ("ms-its:a.chm::/b.htm"); any other
-/// address as it is.
+/// Removes the name of the help file from addresses such as "ms-its:a.chm::/b.htm"; returns other addresses unchanged.
 [[nodiscard]] std::string_view WithoutStore(std::string_view address);
 
 }  // namespace tonalith::help

@@ -13,20 +13,20 @@
 namespace tonalith::help {
 namespace {
 
-/// For a title the page has to be read.
+/// Titles require parsing the page, so their number is limited.
 constexpr std::size_t kMostTitlesAtOnce = 200;
 
 bool IsPagePath(std::string_view path) { return path.ends_with(".htm") || path.ends_with(".html"); }
 
 bool IsOutside(const std::string& scheme) { return scheme == "http" || scheme == "https" || scheme == "mailto"; }
 
-/// A link that a list of the file gives, seen from the top of the file.
+/// The target of a link in a list of the file, relative to the root.
 HelpTarget TargetOf(std::string_view local) {
   local = WithoutStore(local);
-  const std::size_t mark = std::min(local.find('#'), local.size());
-  HelpTarget place{ResolvedPath("/", PercentDecoded(local.substr(0, mark))), {}};
-  if (mark < local.size()) place.anchor = PercentDecoded(local.substr(mark + 1));
-  return place;
+  const std::size_t hash = std::min(local.find('#'), local.size());
+  HelpTarget target{ResolvedPath("/", PercentDecoded(local.substr(0, hash))), {}};
+  if (hash < local.size()) target.anchor = PercentDecoded(local.substr(hash + 1));
+  return target;
 }
 
 }  // namespace
@@ -63,9 +63,9 @@ void HelpBook::ReadContents(const std::string& path) {
   const std::string* const list = Object(path);
   if (list == nullptr) return;
   for (const SiteMapEntry& entry : ReadSiteMap(*list)) {
-    std::optional<HelpTarget> place;
-    if (!entry.targets.empty()) place = TargetOf(entry.targets.front().local);
-    contents_.push_back({entry.depth, entry.name, place});
+    std::optional<HelpTarget> target;
+    if (!entry.targets.empty()) target = TargetOf(entry.targets.front().local);
+    contents_.push_back({entry.depth, entry.name, target});
   }
 }
 
@@ -83,12 +83,12 @@ void HelpBook::ListPages() {
     if (Object(path) != nullptr && isPage_.insert(path).second) pages_.push_back(path);
   };
   for (const ContentsEntry& entry : contents_) {
-    if (entry.place) add(entry.place->page);
+    if (entry.target) add(entry.target->page);
   }
   for (const auto& [path, bytes] : objects_) {
     if (IsPagePath(path)) add(path);
   }
-  // A file without contents shows all that it has.
+  // Without contents, list all pages.
   if (!contents_.empty()) return;
   const bool isShort = pages_.size() <= kMostTitlesAtOnce;
   for (const std::string& path : pages_) {
@@ -96,18 +96,18 @@ void HelpBook::ListPages() {
   }
 }
 
-bool HelpBook::HasPage(const HelpTarget& place) const { return isPage_.contains(place.page); }
+bool HelpBook::HasPage(const HelpTarget& target) const { return isPage_.contains(target.page); }
 
 HelpTarget HelpBook::FindDefault(const std::string& named) const {
   std::vector<HelpTarget> candidates;
   if (!named.empty()) candidates.push_back(TargetOf(named));
   for (const ContentsEntry& entry : contents_) {
-    if (entry.place) candidates.push_back(*entry.place);
+    if (entry.target) candidates.push_back(*entry.target);
   }
   candidates.push_back({"/index.htm", {}});
   candidates.push_back({"/index.html", {}});
   const auto found =
-      std::find_if(candidates.begin(), candidates.end(), [this](const HelpTarget& place) { return HasPage(place); });
+      std::find_if(candidates.begin(), candidates.end(), [this](const HelpTarget& target) { return HasPage(target); });
   if (found == candidates.end()) throw core::Failure::Unspecified("The help file has no page to open at.");
   return *found;
 }
@@ -124,7 +124,7 @@ std::string HelpBook::TitleOf(const std::string& path) const {
   const HelpPage* const page = Page(path);
   if (page != nullptr && !page->title.empty()) return page->title;
   const auto entry = std::find_if(contents_.begin(), contents_.end(), [&](const ContentsEntry& candidate) {
-    return candidate.place && candidate.place->page == path;
+    return candidate.target && candidate.target->page == path;
   });
   return entry == contents_.end() ? path : entry->title;
 }
@@ -138,11 +138,11 @@ HelpLink HelpBook::Follow(const std::string& page, const std::string& link) cons
     followed.address = link;
     return followed;
   }
-  const std::size_t mark = std::min(address.find('#'), address.size());
-  const std::string path = PercentDecoded(address.substr(0, std::min(address.find('?'), mark)));
-  followed.place.page = path.empty() ? page : ResolvedPath(page, path);
-  if (mark < address.size()) followed.place.anchor = PercentDecoded(address.substr(mark + 1));
-  followed.kind = HasPage(followed.place) ? HelpLink::Kind::kInside : HelpLink::Kind::kMissing;
+  const std::size_t hash = std::min(address.find('#'), address.size());
+  const std::string path = PercentDecoded(address.substr(0, std::min(address.find('?'), hash)));
+  followed.target.page = path.empty() ? page : ResolvedPath(page, path);
+  if (hash < address.size()) followed.target.anchor = PercentDecoded(address.substr(hash + 1));
+  followed.kind = HasPage(followed.target) ? HelpLink::Kind::kInside : HelpLink::Kind::kMissing;
   return followed;
 }
 

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A help file as its reader thinks of it: a title, contents, an index, pages and the links between them. Made of the
-// objects of a compiled help file, of which nothing is believed; paths are compared without regard to ASCII case.
-// Pages are made when they are first asked for and kept. Owned by the window; one thread. Throws core::Failure when
-// there is no page to open at; asks nothing of the system.
+// A help file as the user sees it: a title, contents, an index, pages and links. Built from the objects of a compiled
+// help file, which are untrusted input; paths are compared without regard to ASCII case. Pages are parsed on first use
+// and cached. Throws core::Failure if there is no page to open.
 
 #pragma once
 
@@ -20,7 +19,7 @@
 
 namespace tonalith::help {
 
-/// A page, by its path, and an anchor on it, if there is one.
+/// The path of a page and optionally an anchor on it.
 struct HelpTarget {
   std::string page;
   std::string anchor;
@@ -30,27 +29,27 @@ struct HelpTarget {
 struct HelpLink {
   enum class Kind {
     kInside,
-    /// The place is one of this file, but there is no such page.
+    /// The target is inside this file, but the page does not exist.
     kMissing,
-    /// An address of the network or of mail.
+    /// A web or mail address.
     kOutside,
-    /// What a help window does not open: local files, scripts.
+    /// An address that the help window does not open: local files, scripts.
     kRefused,
   };
   Kind kind = Kind::kRefused;
-  HelpTarget place;
+  HelpTarget target;
   std::string address;
 };
 
 struct ContentsEntry {
   int depth = 0;
   std::string title;
-  std::optional<HelpTarget> place;
+  std::optional<HelpTarget> target;
 };
 
 struct IndexTarget {
   std::string title;
-  HelpTarget place;
+  HelpTarget target;
 };
 
 struct IndexEntry {
@@ -64,32 +63,32 @@ class HelpBook {
   explicit HelpBook(ChmObjects objects);
 
   [[nodiscard]] const std::string& Title() const { return title_; }
-  /// The file's own, else the first of the contents, else "index.htm" or "index.html".
+  /// The file's setting, else the first page of the contents, else "index.htm" or "index.html".
   [[nodiscard]] const HelpTarget& DefaultTarget() const { return defaultTarget_; }
   [[nodiscard]] const std::vector<ContentsEntry>& Contents() const { return contents_; }
   [[nodiscard]] const std::vector<IndexEntry>& Index() const { return index_; }
-  /// The paths of all pages: in the order of the contents, then those that the contents leave out.
+  /// The paths of all pages: in the order of the contents, then those missing in the contents.
   [[nodiscard]] const std::vector<std::string>& Pages() const { return pages_; }
 
-  /// Null when there is no such page. Stays valid as long as the book.
+  /// Returns null if there is no such page. Valid as long as the book exists.
   [[nodiscard]] const HelpPage* Page(const std::string& path) const;
-  /// What the page calls itself, else what the contents call it, else its path.
+  /// The page's title, else its title in the contents, else its path.
   [[nodiscard]] std::string TitleOf(const std::string& path) const;
-  /// Where a link on that page leads.
+  /// The target of a link on that page.
   [[nodiscard]] HelpLink Follow(const std::string& page, const std::string& link) const;
-  /// A picture or style sheet that a page names; null when the file does not hold it.
+  /// A picture or style sheet that a page uses; null if the file does not contain it.
   [[nodiscard]] const std::string* Attached(const std::string& page, const std::string& source) const;
 
  private:
   [[nodiscard]] const std::string* Object(const std::string& path) const;
   [[nodiscard]] HelpTarget FindDefault(const std::string& named) const;
   [[nodiscard]] std::string ListPath(const std::string& named, std::string_view ending) const;
-  [[nodiscard]] bool HasPage(const HelpTarget& place) const;
+  [[nodiscard]] bool HasPage(const HelpTarget& target) const;
   void ReadContents(const std::string& path);
   void ReadIndex(const std::string& path);
   void ListPages();
 
-  /// By paths in small letters.
+  /// The keys are paths in lower case.
   std::map<std::string, std::string> objects_;
   mutable std::map<std::string, HelpPage> read_;
   std::string title_;

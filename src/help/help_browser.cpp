@@ -58,18 +58,18 @@ HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
   });
 }
 
-void HelpBrowser::ShowPage(std::shared_ptr<const HelpBook> book, const HelpTarget& place) {
-  const bool isSamePage = book == book_ && place.page == place_.page;
+void HelpBrowser::ShowPage(std::shared_ptr<const HelpBook> book, const HelpTarget& target) {
+  const bool isSamePage = book == book_ && target.page == target_.page;
   book_ = std::move(book);
-  place_ = place;
+  target_ = target;
   highlightedWords_.clear();
   highlightedText_.clear();
   if (!isSamePage) {
-    const HelpPage* const page = book_->Page(place.page);
-    page_ = page != nullptr ? *page : PageNotFound(place.page);
+    const HelpPage* const page = book_->Page(target.page);
+    page_ = page != nullptr ? *page : PageNotFound(target.page);
     Render();
   }
-  Mark({});
+  Highlight({});
   GoToAnchor();
 }
 
@@ -82,7 +82,7 @@ void HelpBrowser::ZoomBy(int steps) { SetZoom(zoom_ * std::pow(kZoomStep, steps)
 void HelpBrowser::ResetZoom() { SetZoom(1); }
 
 void HelpBrowser::SetZoom(double zoom) {
-  // Steps back and forth end where they began.
+  // Snap to 1, so that the same number of steps in and out restores it.
   zoom = qBound(kSmallestZoom, std::abs(zoom - 1) < 0.01 ? 1.0 : zoom, kLargestZoom);
   if (qFuzzyCompare(zoom, zoom_)) return;
   zoom_ = zoom;
@@ -108,7 +108,7 @@ void HelpBrowser::RenderInPlace() {
   Render();
   SetScroll(qRound(share * verticalScrollBar()->maximum()));
   if (!highlightedText_.isEmpty()) HighlightText(highlightedText_);
-  if (!highlightedWords_.isEmpty()) Mark({});
+  if (!highlightedWords_.isEmpty()) Highlight({});
 }
 
 void HelpBrowser::Render() {
@@ -144,17 +144,17 @@ void HelpBrowser::TightenPictureLines() {
 QString HelpBrowser::PageSheet() const {
   std::string shapes;
   for (const std::string& sheet : page_.styleSheets) {
-    if (const std::string* const bytes = book_->Attached(place_.page, sheet)) shapes += ShapesOf(*bytes);
+    if (const std::string* const bytes = book_->Attached(target_.page, sheet)) shapes += ShapesOf(*bytes);
   }
   return QString::fromStdString(shapes) + PageStyle(palette(), LetterHeight());
 }
 
 void HelpBrowser::PreparePictures() {
   pictures_.clear();
-  // A page from a stranger may ask for one picture many times, in any size.
+  // An untrusted page may show one picture many times, in any size, so the total of pixels is limited.
   double room = kMostPicturePixels;
   for (const HelpPicture& picture : page_.pictures) {
-    const std::string* const bytes = room > 0 ? book_->Attached(place_.page, picture.source) : nullptr;
+    const std::string* const bytes = room > 0 ? book_->Attached(target_.page, picture.source) : nullptr;
     Shown shown;
     if (bytes != nullptr) shown.image = ReadPicture(*bytes);
     if (!shown.image.isNull()) {
@@ -198,11 +198,11 @@ QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
 void HelpBrowser::GoToAnchor() {
   moveCursor(QTextCursor::Start);
   SetScroll(0);
-  if (!place_.anchor.empty()) scrollToAnchor(QString::fromStdString(place_.anchor));
+  if (!target_.anchor.empty()) scrollToAnchor(QString::fromStdString(target_.anchor));
 }
 
-void HelpBrowser::Mark(const std::vector<QTextCursor>& places) {
-  std::vector<QTextCursor> all = places;
+void HelpBrowser::Highlight(const std::vector<QTextCursor>& matches) {
+  std::vector<QTextCursor> all = matches;
   if (!highlightedWords_.isEmpty()) {
     const QRegularExpression pattern = AnyOf(highlightedWords_);
     for (QTextCursor at = document()->find(pattern, 0); !at.isNull() && all.size() < kMaxHighlights;
@@ -211,21 +211,21 @@ void HelpBrowser::Mark(const std::vector<QTextCursor>& places) {
       all.push_back(at);
     }
   }
-  QList<QTextEdit::ExtraSelection> marks;
-  for (const QTextCursor& place : all) {
+  QList<QTextEdit::ExtraSelection> highlights;
+  for (const QTextCursor& match : all) {
     QTextCharFormat format;
-    format.setBackground(HitGround(palette()));
-    marks.append({place, format});
+    format.setBackground(HitBackground(palette()));
+    highlights.append({match, format});
   }
-  setExtraSelections(marks);
+  setExtraSelections(highlights);
 }
 
 void HelpBrowser::HighlightWords(const QStringList& words) {
   highlightedWords_ = words;
-  Mark({});
-  const auto marks = extraSelections();
-  if (marks.isEmpty()) return;
-  QTextCursor first = marks.first().cursor;
+  Highlight({});
+  const auto highlights = extraSelections();
+  if (highlights.isEmpty()) return;
+  QTextCursor first = highlights.first().cursor;
   first.setPosition(first.selectionStart());
   BringIntoView(first);
 }
@@ -233,20 +233,20 @@ void HelpBrowser::HighlightWords(const QStringList& words) {
 int HelpBrowser::HighlightText(const QString& text) {
   highlightedText_ = text;
   highlightedWords_.clear();
-  std::vector<QTextCursor> places;
+  std::vector<QTextCursor> matches;
   if (!text.isEmpty()) {
-    for (QTextCursor at = document()->find(text); !at.isNull() && places.size() < kMaxHighlights;
+    for (QTextCursor at = document()->find(text); !at.isNull() && matches.size() < kMaxHighlights;
          at = document()->find(text, at)) {
-      places.push_back(at);
+      matches.push_back(at);
     }
   }
-  Mark(places);
-  return static_cast<int>(places.size());
+  Highlight(matches);
+  return static_cast<int>(matches.size());
 }
 
-void HelpBrowser::BringIntoView(const QTextCursor& place) {
-  setTextCursor(place);
-  const QRect line = cursorRect(place);
+void HelpBrowser::BringIntoView(const QTextCursor& match) {
+  setTextCursor(match);
+  const QRect line = cursorRect(match);
   const int edge = line.height();
   if (line.top() >= edge && line.bottom() <= viewport()->height() - 2 * edge) return;
   SetScroll(Scroll() + line.top() - viewport()->height() / 3);
@@ -286,7 +286,7 @@ void HelpBrowser::resizeEvent(QResizeEvent* event) {
   QTextBrowser::resizeEvent(event);
   if (isRendering_) return;
   SetColumn();
-  // Pictures are made for their column.
+  // Pictures are scaled to the column width.
   if (!page_.pictures.empty() && PictureColumn() != renderedColumn_) RenderInPlace();
 }
 
@@ -302,7 +302,7 @@ void HelpBrowser::mouseReleaseEvent(QMouseEvent* event) {
 
 void HelpBrowser::paintEvent(QPaintEvent* event) {
   QTextBrowser::paintEvent(event);
-  // The window has come to a screen of another scale: pictures are made for it, after this painting.
+  // The window was moved to a screen with another scale factor: scale the pictures again after this paint event.
   if (book_ != nullptr && !qFuzzyCompare(renderedRatio_, devicePixelRatioF())) {
     renderedRatio_ = devicePixelRatioF();
     QMetaObject::invokeMethod(this, &HelpBrowser::RenderInPlace, Qt::QueuedConnection);

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// One page of help, laid out: text in the window's own colours and a column that reads well, pictures sharp at every
-// scale, links that can be walked by keyboard. Shows what it is given and loads nothing from anywhere else; where a
-// link leads is its owner's business. Owned by its parent widget; user-interface thread; a picture that cannot be read
-// is replaced by its description.
+// Shows one page of help: text in the window's colours in a column of readable width, pictures sharp at every scale
+// factor, links in the tab order. Loads nothing except from the book; the owner handles links. A picture that cannot be
+// read is replaced by its description.
 
 #pragma once
 
@@ -26,25 +25,26 @@ class HelpBrowser : public QTextBrowser {
  public:
   explicit HelpBrowser(QWidget* parent);
 
-  /// Shows a page of `book`, which is kept as long as its page is shown: at the anchor, or from the top. A page that is
-  /// not there gives one that says so.
-  void ShowPage(std::shared_ptr<const HelpBook> book, const HelpTarget& place);
+  /// Shows a page of `book`, which is shared while its page is shown: at the anchor, or from the top. If the page does
+  /// not exist, shows a page with a message.
+  void ShowPage(std::shared_ptr<const HelpBook> book, const HelpTarget& target);
   /// Pixels from the top.
   [[nodiscard]] int Scroll() const;
   void SetScroll(int pixels);
 
-  /// The size of the letters: 1 is the system's own.
+  /// The font size as a factor: 1 is the system's size.
   [[nodiscard]] double Zoom() const { return zoom_; }
   void ZoomBy(int steps);
   void ResetZoom();
 
-  /// Marks every place where one of the words begins a word and goes to the first; no words, no marks.
+  /// Highlights every word that begins with one of `words` and scrolls to the first; without words, removes the
+  /// highlights.
   void HighlightWords(const QStringList& words);
-  /// Marks `text` everywhere. Gives the number of places.
+  /// Highlights all matches of `text` and returns their number.
   int HighlightText(const QString& text);
-  /// Selects the next or the previous place of `text`, from the end to the beginning again. False when there is none.
+  /// Selects the next or previous match of `text` with wrap-around. Returns false if there is none.
   bool FindAgain(const QString& text, bool backwards);
-  /// Selects the first place at or behind the beginning of the selection.
+  /// Selects the first match at or after the start of the selection.
   bool FindFromHere(const QString& text);
 
  Q_SIGNALS:
@@ -69,24 +69,24 @@ class HelpBrowser : public QTextBrowser {
   };
 
   void Render();
-  /// Lays the page out anew and stays where it was.
+  /// Renders the page again and keeps the scroll position.
   void RenderInPlace();
   void SetZoom(double zoom);
   void SetColumn();
   void PreparePictures();
-  /// The space between lines is for letters.
+  /// Removes the extra line spacing of lines that contain pictures.
   void TightenPictureLines();
   [[nodiscard]] QString PageHtml() const;
   [[nodiscard]] QString PageSheet() const;
   [[nodiscard]] double LetterHeight() const;
   [[nodiscard]] int PictureColumn() const;
   void GoToAnchor();
-  /// Selects what the cursor selects, with text above it and below it in sight.
-  void BringIntoView(const QTextCursor& place);
-  void Mark(const std::vector<QTextCursor>& places);
+  /// Selects the match and scrolls so that text above and below it is visible.
+  void BringIntoView(const QTextCursor& match);
+  void Highlight(const std::vector<QTextCursor>& matches);
 
   std::shared_ptr<const HelpBook> book_;
-  HelpTarget place_;
+  HelpTarget target_;
   HelpPage page_;
   std::vector<Shown> pictures_;
   QStringList highlightedWords_;

@@ -13,7 +13,7 @@ namespace {
 
 using Icon = HelpButton::Icon;
 
-/// A line through points of a field of 16 by 16 around the middle.
+/// A line through points in a 16 by 16 grid centred at the origin.
 void Line(QPainter& painter, std::initializer_list<QPointF> points) {
   painter.drawPolyline(QPolygonF(QList<QPointF>(points)));
 }
@@ -39,7 +39,7 @@ void PaintFind(QPainter& painter) {
   Line(painter, {{2, 2}, {6, 6}});
 }
 
-/// A letter A of the size that the button makes, and a sign for the direction.
+/// A letter A in the resulting size, and a plus or minus.
 void PaintLetter(QPainter& painter, bool isLarger) {
   const double height = isLarger ? 6.5 : 4.5;
   const double foot = 5.5;
@@ -83,7 +83,7 @@ HelpButton::HelpButton(Icon icon, const QString& name, const QKeySequence& keys,
   setAccessibleName(name);
   const QString shortcut = keys.toString(QKeySequence::NativeText);
   setToolTip(shortcut.isEmpty() ? name : QStringLiteral("%1 (%2)").arg(name, shortcut));
-  // A click leaves the focus where it is read.
+  // A click must not take the focus from the page.
   setFocusPolicy(Qt::TabFocus);
   setAttribute(Qt::WA_Hover);
 }
@@ -93,10 +93,10 @@ QSize HelpButton::sizeHint() const { return {36, 34}; }
 void HelpButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  const QColor ink = palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText);
+  const QColor textColour = palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::ButtonText);
   const QRectF box = QRectF(rect()).adjusted(2, 2, -2, -2);
   if (isEnabled() && (underMouse() || isDown())) {
-    QColor wash = ink;
+    QColor wash = textColour;
     wash.setAlphaF(isDown() ? 0.16F : 0.07F);
     painter.setPen(Qt::NoPen);
     painter.setBrush(wash);
@@ -108,7 +108,7 @@ void HelpButton::paintEvent(QPaintEvent* /*event*/) {
     painter.drawRoundedRect(box.adjusted(1, 1, -1, -1), 5, 5);
   }
   painter.translate(QRectF(rect()).center());
-  QColor line = ink;
+  QColor line = textColour;
   if (!isEnabled()) line.setAlphaF(0.45F);
   painter.setPen(QPen(line, 1.7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   PaintIcon(painter, icon_);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A button of the help window's bars: a sign painted in the palette's colours, crisp at any scale, with its name as
-// tooltip and for assistive technology. Owned by its parent widget; user-interface thread.
+// A button of the help window's bars: an icon painted in the palette's colours, sharp at any scale factor, with its
+// name as tooltip and accessible name.
 
 #pragma once
 
@@ -16,7 +16,7 @@ class HelpButton : public QAbstractButton {
  public:
   enum class Icon { kBack, kForward, kHome, kFind, kSmaller, kLarger, kUp, kDown, kClose };
 
-  /// `keys` are told in the tooltip; the shortcut itself is the window's.
+  /// `keys` is shown in the tooltip; the window defines the shortcut.
   HelpButton(Icon icon, const QString& name, const QKeySequence& keys, QWidget* parent);
 
   [[nodiscard]] QSize sizeHint() const override;

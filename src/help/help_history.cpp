@@ -5,13 +5,13 @@
 
 namespace tonalith::help {
 
-void HelpHistory::Visit(const HelpTarget& place) {
-  if (!IsEmpty() && Current().place == place) {
+void HelpHistory::Visit(const HelpTarget& target) {
+  if (!IsEmpty() && Current().target == target) {
     stops_[at_].scroll = -1;
     return;
   }
   if (!IsEmpty()) stops_.resize(at_ + 1);
-  stops_.push_back({place, -1});
+  stops_.push_back({target, -1});
   at_ = stops_.size() - 1;
 }
 

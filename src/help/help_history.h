@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The way that a reader has taken through a help file, for going back and forward: places, and how far each was
-// scrolled when it was left. Never empty after the first visit; forgotten with the window. One thread; never fails.
+// The history of visited targets with their scroll positions. Never empty after the first visit.
 
 #pragma once
 
@@ -16,14 +15,14 @@ namespace tonalith::help {
 class HelpHistory {
  public:
   struct Stop {
-    HelpTarget place;
-    /// Pixels from the top; -1 as long as the place itself says where the page begins.
+    HelpTarget target;
+    /// Pixels from the top; -1 to scroll to the target's anchor or the top.
     int scroll = -1;
   };
 
-  /// A step onwards: what lay ahead is forgotten. Visiting the current place again is no step.
-  void Visit(const HelpTarget& place);
-  /// Keeps where the current stop is left.
+  /// Adds a target and removes the forward entries. Does nothing for the current target.
+  void Visit(const HelpTarget& target);
+  /// Stores the scroll position of the current entry.
   void Leave(int scroll);
 
   [[nodiscard]] bool IsEmpty() const { return stops_.empty(); }

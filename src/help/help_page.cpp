@@ -61,7 +61,7 @@ HelpPage ReadHelpPage(std::string_view bytes) {
   const std::string text = ToUtf8(bytes.substr(0, kLongestTopic));
   MarkupReader reader(text);
   PageWriter writer(page);
-  while (const auto piece = reader.Next()) writer.Take(*piece);
+  while (const auto token = reader.Next()) writer.Take(*token);
   writer.Finish();
   if (bytes.size() > kLongestTopic) page.isCut = true;
   return page;

@@ -30,7 +30,7 @@ int CountOf(const QString& text, const QRegularExpression& pattern) {
   return count;
 }
 
-/// Cut at blanks, with dots where something is left out.
+/// Cut at blanks, with an ellipsis for omitted text.
 QString ExtractAround(const QString& text, qsizetype at) {
   qsizetype begin = qMax(qsizetype{0}, at - kBeforeWord);
   if (begin > 0) {
@@ -44,7 +44,7 @@ QString ExtractAround(const QString& text, qsizetype at) {
   return (begin > 0 ? dots : QString()) + extract.trimmed() + (isCut ? dots : QString());
 }
 
-/// On one line, without the heading that only repeats the title.
+/// The page's text on one line, without a heading that repeats the title.
 QString TextBelowTitle(const HelpPage& page, const QString& title) {
   QString text = QString::fromStdString(page.text).simplified();
   if (text.startsWith(title)) text = text.mid(title.size()).trimmed();

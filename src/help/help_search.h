@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Full-text search over a help file. A page matches when it holds every word that was typed, each at the beginning of a
-// word of the page, without regard to case; "F#" is a word like any other. Pure functions over the book; the caller's
-// thread.
+// Full-text search in a help file. A page matches if it contains every typed word, each at the start of a word, without
+// regard to case; "F#" counts as a word.
 
 #pragma once
 
@@ -20,17 +19,17 @@ namespace tonalith::help {
 struct SearchHit {
   std::string page;
   QString title;
-  /// A piece of the page around the first word, on one line.
+  /// Text of the page around the first match, on one line.
   QString extract;
 };
 
-/// The words of what was typed, each once, in small letters; ten of them at most.
+/// The different words of the typed text in lower case; at most ten.
 [[nodiscard]] QStringList SearchWords(const QString& typed);
 
-/// Matches any of the words where it begins a word. Valid and matching nothing for no words.
+/// Matches words that begin with any of `words`. Without words, valid and matches nothing.
 [[nodiscard]] QRegularExpression AnyOf(const QStringList& words);
 
-/// The pages that hold all words: those that have them in the title first, then the richest in them.
+/// The pages that contain all words: first those with the words in the title, then by the number of matches.
 [[nodiscard]] std::vector<SearchHit> SearchPages(const HelpBook& book, const QStringList& words);
 
 }  // namespace tonalith::help

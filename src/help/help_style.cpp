@@ -11,8 +11,8 @@
 namespace tonalith::help {
 namespace {
 
-/// The page's ground with a breath of a box's own colour.
-QColor BoxGround(const QPalette& palette, const QColor& colour) {
+/// The page's background with a tint of the box's colour.
+QColor BoxBackground(const QPalette& palette, const QColor& colour) {
   return paint::Mix(palette.color(QPalette::Base), colour, paint::IsDark(palette) ? 0.22F : 0.10F);
 }
 
@@ -23,7 +23,7 @@ class Sheet {
   void Rule(const char* selector, const QString& declarations) {
     text_ += QLatin1String(selector) + QLatin1Char('{') + declarations + QLatin1String("}\n");
   }
-  /// So many letter heights, in pixels.
+  /// A multiple of the font size, in pixels.
   [[nodiscard]] QString Size(double heights) const {
     return QString::number(qRound(pixels_ * heights)) + QLatin1String("px");
   }
@@ -39,17 +39,17 @@ QString Margins(const Sheet& sheet, double above, double below) {
 }
 
 void AddText(Sheet& sheet, const QPalette& palette) {
-  const QString ink = palette.color(QPalette::Text).name();
+  const QString textColour = palette.color(QPalette::Text).name();
   const QString second = paint::SecondaryText(palette).name();
-  sheet.Rule("body", QStringLiteral("color:%1;font-size:%2;").arg(ink, sheet.Size(1)));
+  sheet.Rule("body", QStringLiteral("color:%1;font-size:%2;").arg(textColour, sheet.Size(1)));
   sheet.Rule("p,ul,ol", Margins(sheet, 0, 0.75) + QStringLiteral("line-height:140%;"));
   sheet.Rule("li,dd", Margins(sheet, 0, 0.3) + QStringLiteral("line-height:135%;"));
   sheet.Rule("dt", Margins(sheet, 0.6, 0.1) + QStringLiteral("font-weight:600;line-height:140%;"));
   sheet.Rule("dd", QStringLiteral("margin-left:%1;").arg(sheet.Size(1.4)));
   const auto heading = [&](const char* tag, double size, double above, double below) {
-    sheet.Rule(
-        tag, Margins(sheet, above, below) +
-                 QStringLiteral("font-weight:600;line-height:120%;font-size:%1;color:%2;").arg(sheet.Size(size), ink));
+    sheet.Rule(tag,
+               Margins(sheet, above, below) + QStringLiteral("font-weight:600;line-height:120%;font-size:%1;color:%2;")
+                                                  .arg(sheet.Size(size), textColour));
   };
   heading("h1", 1.85, 0.2, 0.7);
   heading("h2", 1.35, 1.5, 0.5);
@@ -61,14 +61,15 @@ void AddText(Sheet& sheet, const QPalette& palette) {
 }
 
 void AddCode(Sheet& sheet, const QPalette& palette) {
-  const QString ground = Tint(palette, 0.08F).name();
-  sheet.Rule("code,kbd,samp,tt",
-             QStringLiteral("font-family:monospace;font-size:%1;background-color:%2;").arg(sheet.Size(0.92), ground));
+  const QString background = Tint(palette, 0.08F).name();
+  sheet.Rule(
+      "code,kbd,samp,tt",
+      QStringLiteral("font-family:monospace;font-size:%1;background-color:%2;").arg(sheet.Size(0.92), background));
   sheet.Rule("pre", Margins(sheet, 0, 0) +
                         QStringLiteral("font-family:monospace;font-size:%1;line-height:130%;").arg(sheet.Size(0.92)));
 }
 
-/// Lines at the given sides only, "top", "left" and so on.
+/// Border lines at the given sides only: "top", "left" and so on.
 QString Lines(const QStringList& sides, const QString& width, const QColor& colour) {
   QString declarations;
   for (const char* const name : {"top", "right", "bottom", "left"}) {
@@ -96,7 +97,7 @@ void AddBoxes(Sheet& sheet, const QPalette& palette) {
     const QColor edge(colour);
     sheet.Rule(
         selector,
-        QStringLiteral("padding:%1;background-color:%2;").arg(sheet.Size(0.75), BoxGround(palette, edge).name()) +
+        QStringLiteral("padding:%1;background-color:%2;").arg(sheet.Size(0.75), BoxBackground(palette, edge).name()) +
             Lines({QStringLiteral("left")}, QStringLiteral("4px"), edge));
   };
   box("td.note", paint::kNote);
@@ -124,7 +125,7 @@ QString PageStyle(const QPalette& palette, double pixels) {
   return sheet.Text();
 }
 
-QColor HitGround(const QPalette& palette) {
+QColor HitBackground(const QPalette& palette) {
   return paint::IsDark(palette) ? QColor(0x6b, 0x47, 0x00) : QColor(0xff, 0xe3, 0x8a);
 }
 

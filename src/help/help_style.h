@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// How a page of help looks: the style sheet of the window's text, made of its palette and the size of its letters, so
-// that light and dark systems both get a page that can be read. Pure functions; any thread; never fail.
+// The style sheet of a help page, generated from the window's palette and font size, so that pages are readable with
+// light and dark palettes.
 
 #pragma once
 
@@ -12,16 +12,16 @@
 
 namespace tonalith::help {
 
-/// For letters of `pixels` in height.
+/// `pixels` is the font size.
 [[nodiscard]] QString PageStyle(const QPalette& palette, double pixels);
 
-/// The ground of a place that was searched for. Text keeps at least 4.5:1 on it.
-[[nodiscard]] QColor HitGround(const QPalette& palette);
+/// The background of a search match. Text has a contrast of at least 4.5:1 on it.
+[[nodiscard]] QColor HitBackground(const QPalette& palette);
 
-/// The widest line that reads well, in pixels, for letters of that height.
+/// The maximum line width for good readability, in pixels, for that font size.
 [[nodiscard]] int ColumnWidth(double pixels);
 
-/// `share` of the way from the page's ground to its ink.
+/// Mixes the page's background with `share` of its text colour.
 [[nodiscard]] QColor Tint(const QPalette& palette, float share);
 
 }  // namespace tonalith::help

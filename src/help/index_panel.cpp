@@ -18,9 +18,9 @@ namespace {
 constexpr int kPageRole = Qt::UserRole;
 constexpr int kAnchorRole = Qt::UserRole + 1;
 
-void SetTarget(QTreeWidgetItem* item, const HelpTarget& place) {
-  item->setData(0, kPageRole, QString::fromStdString(place.page));
-  item->setData(0, kAnchorRole, QString::fromStdString(place.anchor));
+void SetTarget(QTreeWidgetItem* item, const HelpTarget& target) {
+  item->setData(0, kPageRole, QString::fromStdString(target.page));
+  item->setData(0, kAnchorRole, QString::fromStdString(target.anchor));
 }
 
 bool HasTarget(const QTreeWidgetItem* item) { return item->data(0, kPageRole).isValid(); }
@@ -73,12 +73,12 @@ void IndexPanel::AddEntry(const IndexEntry& entry, std::vector<QTreeWidgetItem*>
   auto* const item = parents.empty() ? new QTreeWidgetItem(keywords_) : new QTreeWidgetItem(parents.back());
   item->setText(0, QString::fromStdString(entry.keyword));
   item->setToolTip(0, item->text(0));
-  if (entry.targets.size() == 1) SetTarget(item, entry.targets.front().place);
+  if (entry.targets.size() == 1) SetTarget(item, entry.targets.front().target);
   if (entry.targets.size() > 1) {
-    for (const IndexTarget& target : entry.targets) {
+    for (const IndexTarget& indexed : entry.targets) {
       auto* const below = new QTreeWidgetItem(item);
-      below->setText(0, QString::fromStdString(target.title));
-      SetTarget(below, target.place);
+      below->setText(0, QString::fromStdString(indexed.title));
+      SetTarget(below, indexed.target);
     }
   }
   parents.push_back(item);
@@ -99,7 +99,7 @@ bool IndexPanel::FilterEntry(QTreeWidgetItem* item, const QString& typed) {
   const bool isMatch = item->text(0).contains(typed, Qt::CaseInsensitive);
   bool stays = isMatch;
   for (int i = 0; i < item->childCount(); ++i) {
-    // What belongs to a matching keyword stays with it.
+    // Show all children of a matching keyword.
     stays = FilterEntry(item->child(i), isMatch ? QString() : typed) || stays;
   }
   item->setHidden(!stays);

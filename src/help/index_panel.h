@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The index of a help file: keywords, and a box that leaves those of them that hold what is typed. A keyword with
-// several places has them as entries below it. Enter in the box opens the first. Owned by its parent widget;
-// user-interface thread.
+// The index of a help file: keywords, and a box that filters them by the typed text. A keyword with several targets has
+// child entries. Enter in the box opens the first target.
 
 #pragma once
 
@@ -27,7 +26,7 @@ class IndexPanel : public QWidget {
   void SetBook(const HelpBook& book);
 
  Q_SIGNALS:
-  void TargetChosen(const tonalith::help::HelpTarget& place);
+  void TargetChosen(const tonalith::help::HelpTarget& target);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -35,7 +34,7 @@ class IndexPanel : public QWidget {
  private:
   void AddEntry(const IndexEntry& entry, std::vector<QTreeWidgetItem*>& parents);
   void Filter();
-  /// Whether the entry, or one below it, stays.
+  /// Hides entries that do not match. Returns whether the entry or one below it is visible.
   bool FilterEntry(QTreeWidgetItem* item, const QString& typed);
   void ChooseFirst();
   void Choose(QTreeWidgetItem* item);

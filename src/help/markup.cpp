@@ -20,7 +20,7 @@ std::size_t Find(std::string_view text, std::string_view what, std::size_t from)
   return std::min(text.find(what, from), text.size());
 }
 
-/// Where `name` begins a closing tag, looking from the front; the end where it never does.
+/// The position of the first closing tag `name`, or the end of the text.
 std::size_t FindClosing(std::string_view text, std::string_view name) {
   for (std::size_t at = Find(text, "</", 0); at < text.size(); at = Find(text, "</", at + 2)) {
     if (ToLowerCase(text.substr(at + 2, name.size())) == name) return at;
@@ -57,32 +57,32 @@ bool MarkupReader::SkipUnseen() {
 }
 
 MarkupToken MarkupReader::Text() {
-  // A "<" that begins no tag is text itself.
+  // A "<" that does not start a tag is text.
   const std::size_t end = Find(rest_, "<", 1);
-  MarkupToken piece;
-  piece.text = ResolveEntities(rest_.substr(0, end));
+  MarkupToken token;
+  token.text = ResolveEntities(rest_.substr(0, end));
   rest_.remove_prefix(end);
-  return piece;
+  return token;
 }
 
 MarkupToken MarkupReader::Tag(std::size_t nameAt, bool closes) {
-  MarkupToken piece;
-  piece.kind = closes ? MarkupToken::Kind::kClose : MarkupToken::Kind::kOpen;
+  MarkupToken token;
+  token.kind = closes ? MarkupToken::Kind::kClose : MarkupToken::Kind::kOpen;
   std::size_t end = nameAt;
   while (end < rest_.size() && !EndsName(rest_[end])) ++end;
-  piece.text = ToLowerCase(rest_.substr(nameAt, end - nameAt));
+  token.text = ToLowerCase(rest_.substr(nameAt, end - nameAt));
   rest_.remove_prefix(end);
-  for (SkipBlanks(); !rest_.empty() && rest_[0] != '>'; SkipBlanks()) ReadAttribute(piece);
+  for (SkipBlanks(); !rest_.empty() && rest_[0] != '>'; SkipBlanks()) ReadAttribute(token);
   if (!rest_.empty()) rest_.remove_prefix(1);
-  if (!closes && (piece.text == "script" || piece.text == "style")) rest_.remove_prefix(FindClosing(rest_, piece.text));
-  return piece;
+  if (!closes && (token.text == "script" || token.text == "style")) rest_.remove_prefix(FindClosing(rest_, token.text));
+  return token;
 }
 
-void MarkupReader::ReadAttribute(MarkupToken& piece) {
+void MarkupReader::ReadAttribute(MarkupToken& token) {
   std::size_t end = 0;
   while (end < rest_.size() && !EndsName(rest_[end])) ++end;
   std::string name = ToLowerCase(rest_.substr(0, end));
-  // A stray "/" or "=" is passed over.
+  // Skip a stray "/" or "=".
   rest_.remove_prefix(std::max<std::size_t>(end, 1));
   if (end == 0) return;
   SkipBlanks();
@@ -92,7 +92,7 @@ void MarkupReader::ReadAttribute(MarkupToken& piece) {
     SkipBlanks();
     value = TakeValue();
   }
-  if (piece.attributes.size() < kMostAttributes) piece.attributes.emplace_back(std::move(name), std::move(value));
+  if (token.attributes.size() < kMostAttributes) token.attributes.emplace_back(std::move(name), std::move(value));
 }
 
 std::string MarkupReader::TakeValue() {

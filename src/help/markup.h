@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// HTML as a row of pieces: text, opening tags with their attributes, closing tags. Reads whatever it is given to its
-// end, in time that grows with its length, and never fails: what is no tag is text, and an unknown entity stays as it
-// is written. Comments, declarations, scripts and style sheets leave nothing. Pieces are UTF-8 and own their text. One
-// thread.
+// A tokenizer for HTML: text, opening tags with attributes, closing tags. Accepts any input in linear time and never
+// fails: invalid tags are text, unknown entities stay unchanged. Comments, declarations, scripts and style sheets are
+// skipped. Tokens are UTF-8 and own their text.
 
 #pragma once
 
@@ -19,38 +18,38 @@ namespace tonalith::help {
 struct MarkupToken {
   enum class Kind { kText, kOpen, kClose };
   Kind kind = Kind::kText;
-  /// The text with its entities resolved, or the tag's name in small letters.
+  /// The text with entities resolved, or the tag's name in lower case.
   std::string text;
-  /// Names in small letters; values with their entities resolved.
+  /// Names in lower case; values with entities resolved.
   std::vector<std::pair<std::string, std::string>> attributes;
 
-  /// The first attribute of that name; empty when there is none.
+  /// The value of the first attribute of that name; empty if there is none.
   [[nodiscard]] const std::string& Attribute(std::string_view name) const;
 };
 
 class MarkupReader {
  public:
-  /// `markup` is UTF-8 and outlives the reader.
+  /// `markup` is UTF-8 and must outlive the reader.
   explicit MarkupReader(std::string_view markup) : rest_(markup) {}
 
-  /// Nothing at the end.
+  /// Returns nullopt at the end.
   std::optional<MarkupToken> Next();
 
  private:
   MarkupToken Text();
   bool SkipUnseen();
   MarkupToken Tag(std::size_t nameAt, bool closes);
-  void ReadAttribute(MarkupToken& piece);
+  void ReadAttribute(MarkupToken& token);
   std::string TakeValue();
   void SkipBlanks();
 
   std::string_view rest_;
 };
 
-/// ASCII letters made small, all else as it is.
+/// Converts ASCII letters to lower case.
 std::string ToLowerCase(std::string_view text);
 
-/// Runs of white space become one blank; none at either end.
+/// Replaces runs of white space by one blank and trims both ends.
 std::string Collapsed(std::string_view text);
 
 }  // namespace tonalith::help

@@ -25,7 +25,7 @@ bool IsFile(const std::string& path) {
   return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
 }
 
-/// Whether the engine shows the file. What it throws counts as a refusal.
+/// Returns whether the engine shows the file. An exception counts as a refusal.
 bool Opens(platform::HelpEngine& engine, platform::HelpWindowHandle caller, const std::string& path) {
   platform::HelpWindowHandle window = platform::kNoHelpWindow;
   std::uint32_t lastError = 0;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The help command: looks for the help file in the application folder and hands it to the help engine. The file's
-// existence is tested first, then whether it lies on a network share, which the engine is not asked to open. What is in
-// the way is one message; nothing is tried again and nothing is thrown. User-interface thread.
+// The help command: looks for the help file in the application folder and opens it in the help engine. Checks first
+// that the file exists, then that it is not on a network share, which is refused. Shows one message on failure, does
+// not retry and never throws.
 
 #pragma once
 
@@ -17,7 +17,7 @@ namespace tonalith::help {
 
 inline constexpr std::string_view kHelpFileName = "TLHELP.chm";
 
-/// `appFolder`, a separator where it does not end in one, and the help file's name.
+/// `appFolder`, a separator unless it ends with one, and the help file's name.
 [[nodiscard]] std::string HelpFilePath(const std::string& appFolder);
 
 /// Opens the help file of that folder at its default page, for the window `caller`.

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Rows with room above and below their text, for lists that are read as much as clicked. Owned by the view that it is
-// made for; user-interface thread.
+// An item delegate with padding above and below the text.
 
 #pragma once
 

@@ -14,8 +14,7 @@ constexpr std::size_t kNone = std::string::npos;
 constexpr std::size_t kDeepest = 40;
 constexpr int kMostTables = 3;
 constexpr int kHighestCellCost = 1500;
-/// Qt lays a nested table out again for each width that the outer one tries: its cells and its text count this many
-/// times.
+/// Qt lays out a nested table again for each width of the outer one, so its cells and text count this many times.
 constexpr int kNestedTableCost = 8;
 constexpr int kMostCellsInRow = 24;
 constexpr int kWidestSpan = 24;
@@ -45,7 +44,7 @@ bool EndsLine(std::string_view tag) {
   return Has(kBlocks, tag) || Has(kDivisions, tag) || tag == "br" || tag == "tr" || tag == "table" || tag == "hr";
 }
 
-/// A number in front of whatever follows it; 0 for none, for one of percents and for one out of range.
+/// The number at the start of `text`; 0 if there is none, for percentages and if it is out of range.
 int Number(const std::string& text, int highest) {
   int number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -53,9 +52,9 @@ int Number(const std::string& text, int highest) {
   return error != std::errc() || isShare || number < 0 || number > highest ? 0 : number;
 }
 
-/// The class names that can stand in a style sheet.
-std::string ClassOf(const MarkupToken& piece) {
-  const std::string names = ToLowerCase(piece.Attribute("class").substr(0, kLongestClass));
+/// The class names, if they are plain enough for a style sheet.
+std::string ClassOf(const MarkupToken& token) {
+  const std::string names = ToLowerCase(token.Attribute("class").substr(0, kLongestClass));
   const bool isPlain = std::all_of(names.begin(), names.end(), [](char c) {
     return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-' || c == '_' || c == ' ';
   });
@@ -64,7 +63,7 @@ std::string ClassOf(const MarkupToken& piece) {
 
 std::string ClassAttribute(const std::string& names) { return names.empty() ? "" : " class=\"" + names + "\""; }
 
-/// The first box that the class names name.
+/// The first class name that is a box.
 std::string_view BoxOf(const std::string& names) {
   const std::string padded = " " + names + " ";
   for (const std::string_view box : kBoxes) {
@@ -75,8 +74,8 @@ std::string_view BoxOf(const std::string& names) {
 
 bool ContinuesCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
 
-/// UTF-8 text with a zero-width space after every kLongestHelpWord bytes of a word. `word` is the length of the word
-/// that the text continues, and receives that of the word at its end.
+/// Inserts a zero-width space after every kLongestHelpWord bytes of a word. `word` is the length of the word that the
+/// text continues, and returns the length of the last word.
 std::string WithBreaks(std::string_view text, std::size_t& word) {
   constexpr std::string_view kZeroWidthSpace = "\xE2\x80\x8B";
   std::string broken;
@@ -99,14 +98,14 @@ std::string Tagged(std::string_view tag, const std::string& attributes) {
 
 }  // namespace
 
-void PageWriter::Take(const MarkupToken& piece) {
-  switch (piece.kind) {
+void PageWriter::Take(const MarkupToken& token) {
+  switch (token.kind) {
     case MarkupToken::Kind::kText:
-      return TakeText(piece.text);
+      return TakeText(token.text);
     case MarkupToken::Kind::kOpen:
-      return Open(piece);
+      return Open(token);
     case MarkupToken::Kind::kClose:
-      return Close(piece.text);
+      return Close(token.text);
   }
 }
 
@@ -122,7 +121,7 @@ void PageWriter::TakeText(std::string_view text) {
     page_.title += text;
     return;
   }
-  // Between the rows of a table there is nothing to be read; text there would come out before it.
+  // Drop text between the rows of a table: Qt would show it before the table.
   if (!open_.empty() && (open_.back().tag == "table" || open_.back().tag == "tr")) return;
   page_.html += EscapedForHtml(WithBreaks(text, wordBytes_));
   page_.text += text;
@@ -163,39 +162,39 @@ bool PageWriter::TakesTag(std::string_view tag) {
     wordBytes_ = 0;
   }
   if (tags_ > kMostHelpTags || blocks_ > kMostHelpBlocks) page_.isCut = true;
-  // Nothing may follow what was left out.
+  // Once truncated, the page accepts no more text.
   if (page_.isCut) textBytes_ = kLongestHelpText;
   return !page_.isCut;
 }
 
-void PageWriter::Open(const MarkupToken& piece) {
-  const std::string& tag = piece.text;
+void PageWriter::Open(const MarkupToken& token) {
+  const std::string& tag = token.text;
   if (!TakesTag(tag)) return;
   isInTitle_ = tag == "title";
   if (EndsLine(tag)) EndLine();
   if (tag == "link") {
-    if (ToLowerCase(piece.Attribute("rel")) == "stylesheet" && page_.styleSheets.size() < 8) {
-      page_.styleSheets.push_back(piece.Attribute("href"));
+    if (ToLowerCase(token.Attribute("rel")) == "stylesheet" && page_.styleSheets.size() < 8) {
+      page_.styleSheets.push_back(token.Attribute("href"));
     }
   } else if (tag == "br" || tag == "hr") {
     page_.html += tag == "br" ? "<br>" : "<hr>";
   } else if (tag == "img") {
-    WritePicture(piece);
+    WritePicture(token);
   } else if (tag == "a") {
-    OpenLink(piece);
+    OpenLink(token);
   } else if (tag == "table" || tag == "tr" || tag == "td" || tag == "th") {
-    OpenTableTag(piece);
+    OpenTableTag(token);
   } else if (Has(kInline, tag)) {
-    Push(tag, Tagged(tag, ClassAttribute(ClassOf(piece))), "</" + tag + ">");
-    WriteAnchor(piece);
+    Push(tag, Tagged(tag, ClassAttribute(ClassOf(token))), "</" + tag + ">");
+    WriteAnchor(token);
   } else if (Has(kBlocks, tag) || Has(kDivisions, tag) || tag == "caption") {
-    OpenBlock(piece);
+    OpenBlock(token);
   }
 }
 
-void PageWriter::OpenBlock(const MarkupToken& piece) {
-  const std::string& tag = piece.text;
-  // A paragraph ends where the next block begins, an item where the next one does.
+void PageWriter::OpenBlock(const MarkupToken& token) {
+  const std::string& tag = token.text;
+  // The next block closes a paragraph, the next item closes an item.
   if (const std::size_t at = FindOpen("p"); at != kNone) PopTo(at);
   if (tag == "li") {
     const std::size_t item = FindOpen("li");
@@ -209,7 +208,7 @@ void PageWriter::OpenBlock(const MarkupToken& piece) {
       if (const std::size_t at = FindOpen(other); at != kNone) PopTo(at);
     }
   }
-  const std::string names = ClassOf(piece);
+  const std::string names = ClassOf(token);
   const std::string_view box = tag == "pre" ? std::string_view("code") : BoxOf(names);
   if (IsHeading(tag)) isInHeading_ = heading_.empty();
   if (!box.empty() && tables_ < kMostTables) {
@@ -223,15 +222,15 @@ void PageWriter::OpenBlock(const MarkupToken& piece) {
     const std::string own = tag == "caption" ? "tablecaption" : tag;
     Push(tag, Tagged(written, ClassAttribute(isKept || !names.empty() ? names : own)), "</" + written + ">");
   }
-  WriteAnchor(piece);
+  WriteAnchor(token);
 }
 
-void PageWriter::OpenTableTag(const MarkupToken& piece) {
-  const std::string& tag = piece.text;
+void PageWriter::OpenTableTag(const MarkupToken& token) {
+  const std::string& tag = token.text;
   if (tag == "table") {
     if (const std::size_t at = FindOpen("p"); at != kNone) PopTo(at);
     if (tables_ >= kMostTables || open_.size() + 3 > kDeepest) return;
-    const std::string names = ClassOf(piece);
+    const std::string names = ClassOf(token);
     Push(tag, Tagged(tag, ClassAttribute(names.empty() ? "grid" : names)), "</table>");
     return;
   }
@@ -247,9 +246,9 @@ void PageWriter::OpenTableTag(const MarkupToken& piece) {
     PopTo(row + 1);
     cellCost_ += NestingCost();
     ++cellsInRow_;
-    std::string attributes = ClassAttribute(ClassOf(piece));
+    std::string attributes = ClassAttribute(ClassOf(token));
     for (const char* const span : {"colspan", "rowspan"}) {
-      const int count = Number(piece.Attribute(span), kWidestSpan);
+      const int count = Number(token.Attribute(span), kWidestSpan);
       if (count > 1) attributes += " " + std::string(span) + "=\"" + std::to_string(count) + "\"";
     }
     if (!page_.text.empty() && page_.text.back() != '\n') page_.text += ' ';
@@ -257,27 +256,27 @@ void PageWriter::OpenTableTag(const MarkupToken& piece) {
   }
 }
 
-void PageWriter::OpenLink(const MarkupToken& piece) {
-  WriteAnchor(piece);
+void PageWriter::OpenLink(const MarkupToken& token) {
+  WriteAnchor(token);
   if (const std::size_t at = FindOpen("a"); at != kNone) PopTo(at);
-  const std::string& target = piece.Attribute("href");
+  const std::string& target = token.Attribute("href");
   if (target.empty() || page_.links.size() >= kMostLinks) return;
   Push("a", "<a href=\"link:" + std::to_string(page_.links.size()) + "\">", "</a>");
   page_.links.push_back(target);
 }
 
-void PageWriter::WriteAnchor(const MarkupToken& piece) {
-  const std::string& id = piece.Attribute("id");
-  const std::string& name = piece.text == "a" && id.empty() ? piece.Attribute("name") : id;
+void PageWriter::WriteAnchor(const MarkupToken& token) {
+  const std::string& id = token.Attribute("id");
+  const std::string& name = token.text == "a" && id.empty() ? token.Attribute("name") : id;
   if (!name.empty()) page_.html += "<a name=\"" + EscapedForHtml(name) + "\"></a>";
 }
 
-void PageWriter::WritePicture(const MarkupToken& piece) {
-  const std::string& source = piece.Attribute("src");
+void PageWriter::WritePicture(const MarkupToken& token) {
+  const std::string& source = token.Attribute("src");
   if (source.empty() || page_.pictures.size() >= kMostPictures) return;
   page_.html += "<img src=\"picture:" + std::to_string(page_.pictures.size()) + "\">";
-  page_.pictures.push_back({source, Number(piece.Attribute("width"), kLargestPicture),
-                            Number(piece.Attribute("height"), kLargestPicture), Collapsed(piece.Attribute("alt"))});
+  page_.pictures.push_back({source, Number(token.Attribute("width"), kLargestPicture),
+                            Number(token.Attribute("height"), kLargestPicture), Collapsed(token.Attribute("alt"))});
 }
 
 void PageWriter::Push(std::string_view tag, const std::string& opening, const std::string& closing) {

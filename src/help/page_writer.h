@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Takes the pieces of a topic and writes them into a HelpPage, keeping the result well-formed: what is open is closed,
-// what does not belong is left out while its text stays, and nesting, tables and attributes have limits, so that no
-// page can overwork whoever lays it out. One page each; one thread; never fails.
+// Writes the tokens of a topic into a HelpPage as well-formed HTML: closes open tags, drops unknown tags but keeps
+// their text, and limits nesting, tables and attributes, so that a crafted page cannot make the layout slow.
 
 #pragma once
 
@@ -20,8 +19,8 @@ class PageWriter {
  public:
   explicit PageWriter(HelpPage& page) : page_(page) {}
 
-  void Take(const MarkupToken& piece);
-  /// Closes what is open. Call it once, at the end.
+  void Take(const MarkupToken& token);
+  /// Closes all open tags. Call it once, at the end.
   void Finish();
 
  private:
@@ -31,25 +30,25 @@ class PageWriter {
   };
 
   void TakeText(std::string_view text);
-  /// How many times as much as outside tables a cell and a byte of text count here.
+  /// The factor by which cells and text count at the present table nesting.
   [[nodiscard]] int NestingCost() const;
-  /// The beginning of `text` that the page still has room for; marks the page as cut when that is not all.
+  /// The start of `text` that fits the size limit; marks the page as truncated if that is not all.
   [[nodiscard]] std::string_view WithinLimit(std::string_view text);
-  /// The beginning of preformatted text whose lines the page still has room for.
+  /// The start of preformatted text whose lines fit the limit.
   [[nodiscard]] std::string_view LinesWithinLimit(std::string_view text);
-  /// True while the page has room for one more tag; marks the page as cut otherwise.
+  /// Whether one more tag fits the limit; marks the page as truncated otherwise.
   [[nodiscard]] bool TakesTag(std::string_view tag);
-  void Open(const MarkupToken& piece);
+  void Open(const MarkupToken& token);
   void Close(std::string_view tag);
-  void OpenTableTag(const MarkupToken& piece);
-  void OpenBlock(const MarkupToken& piece);
-  void OpenLink(const MarkupToken& piece);
-  void WriteAnchor(const MarkupToken& piece);
-  void WritePicture(const MarkupToken& piece);
+  void OpenTableTag(const MarkupToken& token);
+  void OpenBlock(const MarkupToken& token);
+  void OpenLink(const MarkupToken& token);
+  void WriteAnchor(const MarkupToken& token);
+  void WritePicture(const MarkupToken& token);
   void Push(std::string_view tag, const std::string& opening, const std::string& closing);
   void PopTo(std::size_t depth);
   void EndLine();
-  /// The innermost open tag of that name, above the innermost open table; npos when there is none.
+  /// The innermost open tag of that name inside the innermost open table; npos if there is none.
   [[nodiscard]] std::size_t FindOpen(std::string_view tag, bool beyondTables = false) const;
 
   HelpPage& page_;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Pictures out of a help file, read with care: the common formats only, and none larger than a page has use for. Pure
-// functions; any thread; what cannot be read is a null picture.
+// Reads and scales pictures of a help file. They are untrusted input: only common formats, with a size limit. An
+// unreadable picture gives a null image.
 
 #pragma once
 
@@ -14,15 +14,14 @@
 
 namespace tonalith::help {
 
-/// The picture in these bytes (PNG, JPEG, GIF or BMP, up to 4,096 pixels each way).
+/// Decodes PNG, JPEG, GIF or BMP, up to 4,096 pixels in each direction.
 [[nodiscard]] QImage ReadPicture(const std::string& bytes);
 
-/// How large a page shows it, in pixels at a scale of 1: as the page asks, by the picture's own proportions where it
-/// asks for one side only, by the picture's own size where it does not ask; times `zoom`, and never wider than
-/// `column`.
+/// The size of the picture on the page, in pixels at a scale factor of 1: as the page requests, with the picture's
+/// proportions if only one side is given, else the picture's own size; multiplied by `zoom`, at most `column` wide.
 [[nodiscard]] QSize ShownSize(const HelpPicture& picture, const QSize& own, double zoom, int column);
 
-/// The picture with exactly the pixels that a screen of that ratio gives to `size`.
+/// The picture scaled to the physical pixels of `size` on a screen with that device pixel ratio.
 [[nodiscard]] QImage SharpAt(const QImage& picture, const QSize& size, double ratio);
 
 }  // namespace tonalith::help

@@ -22,7 +22,7 @@ constexpr int kExtractRole = Qt::UserRole;
 constexpr int kExtractLines = 3;
 constexpr int kPadding = 8;
 
-/// A title, and below it the piece of text in the second ink.
+/// Paints a title, and below it the extract in the secondary text colour.
 class ResultDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -32,23 +32,23 @@ class ResultDelegate : public QStyledItemDelegate {
   }
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    QStyleOptionViewItem ground = option;
-    initStyleOption(&ground, index);
-    ground.text.clear();
-    ground.widget->style()->drawControl(QStyle::CE_ItemViewItem, &ground, painter, ground.widget);
+    QStyleOptionViewItem background = option;
+    initStyleOption(&background, index);
+    background.text.clear();
+    background.widget->style()->drawControl(QStyle::CE_ItemViewItem, &background, painter, background.widget);
     const bool isSelected = (option.state & QStyle::State_Selected) != 0;
-    const QColor ink = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
+    const QColor textColour = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text);
     QRect box = option.rect.adjusted(kPadding, kPadding, -kPadding, -kPadding);
     QFont bold = option.font;
     bold.setWeight(QFont::DemiBold);
     painter->setFont(bold);
-    painter->setPen(ink);
+    painter->setPen(textColour);
     const QString title = index.data(Qt::DisplayRole).toString();
     painter->drawText(box, Qt::AlignTop | Qt::AlignLeft,
                       QFontMetrics(bold).elidedText(title, Qt::ElideRight, box.width()));
     box.setTop(box.top() + option.fontMetrics.lineSpacing() + 2);
     painter->setFont(option.font);
-    painter->setPen(isSelected ? ink : paint::SecondaryText(option.palette));
+    painter->setPen(isSelected ? textColour : paint::SecondaryText(option.palette));
     painter->drawText(box, Qt::AlignTop | Qt::AlignLeft | Qt::TextWordWrap, index.data(kExtractRole).toString());
   }
 };
@@ -131,7 +131,7 @@ void SearchPanel::Choose(QListWidgetItem* item) {
 
 bool SearchPanel::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down) {
-    // The first one that is not open already.
+    // Select the first page that is not open already.
     results_->setCurrentRow(std::min(results_->currentRow() + 1, results_->count() - 1));
     results_->setFocus(Qt::TabFocusReason);
     return true;

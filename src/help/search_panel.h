@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Search in the whole text of a help file: a box, the number of pages found, and the pages with a piece of their text.
-// Searches a moment after the last letter, and at once on Enter, which also opens the first page. Owned by its parent
-// widget; user-interface thread.
+// The full-text search of a help file: a box, the number of pages found, and the pages with an extract. Searches
+// shortly after the last key press, and immediately on Enter, which also opens the first page.
 
 #pragma once
 
@@ -29,12 +28,12 @@ class SearchPanel : public QWidget {
  public:
   explicit SearchPanel(QWidget* parent);
 
-  /// The book is kept as long as it is searched.
+  /// The book is shared while it is searched.
   void SetBook(std::shared_ptr<const HelpBook> book);
 
  Q_SIGNALS:
-  /// The words are to be marked on the page.
-  void PageChosen(const tonalith::help::HelpTarget& place, const QStringList& words);
+  /// `words` are to be highlighted on the page.
+  void PageChosen(const tonalith::help::HelpTarget& target, const QStringList& words);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -20,7 +20,7 @@ constexpr std::size_t kRecordHead = 4;
 
 enum class SettingCode : std::uint16_t { kContents = 0, kIndex = 1, kDefaultTopic = 2, kTitle = 3 };
 
-/// One object of a list while it is read: its first name is the entry's, a later one belongs to the target after it.
+/// Builds an entry from one object: the first name is the entry's, a later one belongs to the next target.
 class EntryMaker {
  public:
   explicit EntryMaker(int depth) { entry_.depth = depth; }
@@ -57,17 +57,17 @@ std::vector<SiteMapEntry> ReadSiteMap(std::string_view bytes) {
   std::vector<SiteMapEntry> entries;
   std::optional<EntryMaker> object;
   int lists = 0;
-  while (const auto piece = reader.Next()) {
-    const std::string& tag = piece->text;
-    if (piece->kind == Kind::kText) continue;
-    const bool opens = piece->kind == Kind::kOpen;
+  while (const auto token = reader.Next()) {
+    const std::string& tag = token->text;
+    if (token->kind == Kind::kText) continue;
+    const bool opens = token->kind == Kind::kOpen;
     if (tag == "ul" || tag == "ol") {
       lists = std::clamp(lists + (opens ? 1 : -1), 0, kDeepest + 1);
     } else if (tag == "object" && opens) {
       object.reset();
-      if (ToLowerCase(piece->Attribute("type")) == "text/sitemap") object.emplace(std::max(lists - 1, 0));
+      if (ToLowerCase(token->Attribute("type")) == "text/sitemap") object.emplace(std::max(lists - 1, 0));
     } else if (tag == "param" && opens && object) {
-      object->Take(*piece);
+      object->Take(*token);
     } else if (tag == "object" && object) {
       if (object->IsWhole() && entries.size() < kMostEntries) entries.push_back(object->Give());
       object.reset();

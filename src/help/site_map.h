@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The lists of a compiled help file: contents and index (both are nested HTML lists of objects with named parameters)
-// and the settings that the compiler left. Whatever the bytes are, a list comes out, perhaps an empty one; never fails.
-// Values, owned by whoever asked.
+// Parses the lists of a compiled help file: contents and index (both are nested HTML lists of objects with named
+// parameters) and the compiler's settings. Accepts any input; an invalid list gives the entries that could be read,
+// possibly none.
 
 #pragma once
 
@@ -20,18 +20,18 @@ struct SiteMapTarget {
 };
 
 struct SiteMapEntry {
-  /// How many lists the entry stands in beyond the outermost one.
+  /// Nesting level, 0 in the outermost list.
   int depth = 0;
   std::string name;
-  /// In the contents one at most; in the index as many as the keyword has, each with the title it gives.
+  /// In the contents at most one; in the index all targets of the keyword, each with its title.
   std::vector<SiteMapTarget> targets;
   bool operator==(const SiteMapEntry&) const = default;
 };
 
-/// The entries in their order. Depths beyond 15 count as 15, entries beyond 10,000 are left out.
+/// The entries in order. Depths above 15 count as 15; entries after the first 10,000 are dropped.
 std::vector<SiteMapEntry> ReadSiteMap(std::string_view bytes);
 
-/// Paths as the compiler wrote them; empty where there are none.
+/// Paths as the compiler wrote them; empty if missing.
 struct ChmSettings {
   std::string contents;
   std::string index;
@@ -39,8 +39,8 @@ struct ChmSettings {
   std::string title;
 };
 
-/// Out of the object "/#SYSTEM": after a version of 4 bytes, records of a code and a length (2 bytes each, the lower
-/// first) and so many bytes of text that ends at its first zero.
+/// Parses the object "/#SYSTEM": a version of 4 bytes, then records of a code and a length (2 bytes each,
+/// little-endian) and a text of that length, which ends at its first zero.
 ChmSettings ReadChmSettings(std::string_view bytes);
 
 }  // namespace tonalith::help

@@ -13,7 +13,7 @@
 namespace tonalith::help {
 namespace {
 
-/// Reading takes a moment, and a damaged file may take seconds.
+/// Shows a busy cursor: reading a damaged file may take seconds.
 class BusyCursor {
  public:
   BusyCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -43,7 +43,7 @@ platform::HelpWindowHandle WindowHelpEngine::HtmlHelpA(platform::HelpWindowHandl
     book = std::make_shared<const HelpBook>(ReadChmFile(file, limits_));
   });
   if (book == nullptr) return platform::kNoHelpWindow;
-  // A window that was closed is there until events are handled, but no longer the one to show.
+  // A closed window exists until its deferred delete; do not show it again.
   if (window_.isNull() || !window_->isVisible()) window_ = new frmHelp(msgBox_, opener_, QWidget::find(caller));
   window_->ShowBook(std::move(book));
   windows::BringToFront(*window_);

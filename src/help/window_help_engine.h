@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The help engine of this program: reads a compiled help file and shows it in the help window, of which there is one at
-// a time, owned by the window that called. A file that cannot be read is refused with a last error; a window that is
-// open already comes to the front at the file's default page. Lives as long as whoever calls it; user-interface thread.
+// The help engine of this program: reads a compiled help file and shows it in the help window. There is one help
+// window, owned by the calling window. A file that cannot be read is refused with a last error; an open window is
+// raised and shows the file's default page. Must outlive its callers.
 
 #pragma once
 
@@ -18,7 +18,7 @@
 
 namespace tonalith::help {
 
-/// What LastError tells.
+/// The values of LastError.
 namespace help_error {
 inline constexpr std::uint32_t kNone = 0;
 inline constexpr std::uint32_t kInvalidData = 13;
@@ -27,7 +27,7 @@ inline constexpr std::uint32_t kInvalidParameter = 87;
 
 class WindowHelpEngine : public platform::HelpEngine {
  public:
-  /// Addresses outside the file go to the system's own programs, or to `opener` where one is given.
+  /// External addresses are opened by `opener`, or by the system's programs if it is empty.
   explicit WindowHelpEngine(core::MsgBox& msgBox, AddressOpener opener = {},
                             const sandbox::Limits& limits = kChmReadingLimits);
 
@@ -35,7 +35,7 @@ class WindowHelpEngine : public platform::HelpEngine {
                                        std::uint32_t command, std::uintptr_t data) override;
   [[nodiscard]] std::uint32_t LastError() const override { return lastError_; }
 
-  /// The help window, as long as it is open.
+  /// The help window; null if it is not open.
   [[nodiscard]] frmHelp* Window() const { return window_.data(); }
 
  private:

@@ -40,7 +40,7 @@ class FrmHelpLookTest : public testing::Test {
   }
   ~FrmHelpLookTest() override { QApplication::setPalette(QPalette()); }
 
-  /// Qt tells its windows of a new palette only while the application's own loop runs.
+  /// Qt sends a palette change to windows only while the application's event loop runs.
   void SetSystem(const QPalette& palette) {
     QApplication::setPalette(palette);
     QEvent change(QEvent::ApplicationPaletteChange);
@@ -52,30 +52,31 @@ class FrmHelpLookTest : public testing::Test {
   frmHelp form_{box_, [](const QUrl&) { return true; }, nullptr};
 };
 
-/// Every colour of ink that the page's text has.
-std::vector<QColor> Inks(const QTextDocument& document) {
-  std::vector<QColor> inks;
+/// All text colours of the page.
+std::vector<QColor> TextColours(const QTextDocument& document) {
+  std::vector<QColor> textColours;
   for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
     for (auto part = block.begin(); !part.atEnd(); ++part) {
       const QTextCharFormat format = part.fragment().charFormat();
-      if (!format.isImageFormat()) inks.push_back(format.foreground().color());
+      if (!format.isImageFormat()) textColours.push_back(format.foreground().color());
     }
   }
-  return inks;
+  return textColours;
 }
 
-TEST_F(FrmHelpLookTest, TextCanBeReadOnLightAndDarkSystems) {
+TEST_F(FrmHelpLookTest, TextIsReadableOnLightAndDarkSystems) {
   for (const QPalette& system : {QPalette(QColor(0xef, 0xef, 0xef)), DarkPalette()}) {
     SetSystem(system);
-    const QColor ground = form_.Page()->palette().color(QPalette::Base);
+    const QColor background = form_.Page()->palette().color(QPalette::Base);
     EXPECT_EQ(paint::IsDark(form_.Page()->palette()), paint::IsDark(system));
-    const auto inks = Inks(*form_.Page()->document());
-    ASSERT_FALSE(inks.empty());
-    for (const QColor& ink : inks) EXPECT_GE(paint::ContrastRatio(ink, ground), 4.5) << ink.name().toStdString();
+    const auto textColours = TextColours(*form_.Page()->document());
+    ASSERT_FALSE(textColours.empty());
+    for (const QColor& textColour : textColours)
+      EXPECT_GE(paint::ContrastRatio(textColour, background), 4.5) << textColour.name().toStdString();
   }
 }
 
-TEST_F(FrmHelpLookTest, PageThatWasLeftForwardLooksThenAsItWasLeft) {
+TEST_F(FrmHelpLookTest, ScrollPositionIsStoredWhenGoingForward) {
   HelpBrowser& page = *form_.Page();
   const auto press = [this](const char* name) { form_.findChild<QAbstractButton*>(QLatin1String(name))->click(); };
   Q_EMIT page.LinkChosen("chords/open.html");
@@ -89,21 +90,21 @@ TEST_F(FrmHelpLookTest, PageThatWasLeftForwardLooksThenAsItWasLeft) {
   EXPECT_EQ(page.Scroll(), 111);
 }
 
-/// The file's own style sheet asks for black on white.
+/// The style sheet of the file sets black on white.
 TEST_F(FrmHelpLookTest, ColoursOfTheFileDoNotBreakADarkSystem) {
   SetSystem(DarkPalette());
   const QImage shot = form_.Page()->grab().toImage();
   EXPECT_LT(QColor(shot.pixel(shot.width() - 40, shot.height() - 10)).lightness(), 80);
 }
 
-TEST_F(FrmHelpLookTest, MarkedTextCanBeRead) {
+TEST_F(FrmHelpLookTest, HighlightedTextIsReadable) {
   for (const QPalette& system : {QPalette(QColor(0xef, 0xef, 0xef)), DarkPalette()}) {
     const QPalette palette = paint::WarmPalette(system);
-    EXPECT_GE(paint::ContrastRatio(palette.color(QPalette::Text), HitGround(palette)), 4.5);
+    EXPECT_GE(paint::ContrastRatio(palette.color(QPalette::Text), HitBackground(palette)), 4.5);
   }
 }
 
-TEST_F(FrmHelpLookTest, ColumnReadsWellHoweverWideTheWindowIs) {
+TEST_F(FrmHelpLookTest, ColumnWidthIsReadableInAWideWindow) {
   form_.resize(1900, 900);
   QCoreApplication::processEvents();
   const QFontMetrics letters(form_.Page()->document()->defaultFont());
@@ -134,7 +135,7 @@ TEST_F(FrmHelpLookTest, NothingIsClippedInAnyFontSize) {
   }
 }
 
-TEST_F(FrmHelpLookTest, EverythingThatTakesTheFocusHasAName) {
+TEST_F(FrmHelpLookTest, FocusableControlsHaveAccessibleNames) {
   int named = 0;
   for (const auto* const control : form_.findChildren<QWidget*>()) {
     if ((control->focusPolicy() & Qt::TabFocus) == 0 || control->objectName().startsWith(QLatin1String("qt_")))
@@ -148,12 +149,12 @@ TEST_F(FrmHelpLookTest, EverythingThatTakesTheFocusHasAName) {
   EXPECT_GT(named, 10);
 }
 
-TEST_F(FrmHelpLookTest, IdleWindowRests) {
-  // No caret blinks in a page that is read only.
+TEST_F(FrmHelpLookTest, IdleWindowDoesNotRepaint) {
+  // A read-only page has no blinking caret.
   EXPECT_FALSE(form_.Page()->textInteractionFlags().testFlag(Qt::TextSelectableByKeyboard));
 }
 
-TEST(HelpPictures, PageAsksForTheSizeAndThePictureForTheProportions) {
+TEST(PictureReader, PageSetsTheSizeAndPictureTheProportions) {
   EXPECT_EQ(ShownSize({"p", 40, 0, ""}, {80, 60}, 1, 700), QSize(40, 30));
   EXPECT_EQ(ShownSize({"p", 0, 30, ""}, {80, 60}, 1, 700), QSize(40, 30));
   EXPECT_EQ(ShownSize({"p", 0, 0, ""}, {80, 60}, 1, 700), QSize(80, 60));
@@ -161,12 +162,12 @@ TEST(HelpPictures, PageAsksForTheSizeAndThePictureForTheProportions) {
   EXPECT_EQ(ShownSize({"p", 40, 0, ""}, {80, 60}, 2, 700), QSize(80, 60));
 }
 
-TEST(HelpPictures, NoPictureIsWiderThanItsColumn) {
+TEST(PictureReader, AreNotWiderThanTheColumn) {
   EXPECT_EQ(ShownSize({"p", 640, 0, ""}, {1280, 640}, 1, 320), QSize(320, 160));
   EXPECT_EQ(ShownSize({"p", 640, 0, ""}, {1280, 640}, 3, 320), QSize(320, 160));
 }
 
-TEST(HelpPictures, PictureStoredAtTwiceItsWidthIsShownDotByDotAtScaleTwo) {
+TEST(PictureReader, DoubleSizedPictureIsUnscaledAtScaleTwo) {
   const QImage picture = ReadPicture(SourceOf("picture.png"));
   ASSERT_EQ(picture.size(), QSize(80, 80));
   const QSize shown = ShownSize({"p", 40, 0, ""}, picture.size(), 1, 700);
@@ -180,18 +181,18 @@ TEST(HelpPictures, PictureStoredAtTwiceItsWidthIsShownDotByDotAtScaleTwo) {
   EXPECT_EQ(SharpAt(picture, shown, 1).size(), QSize(40, 40));
 }
 
-TEST(HelpPictures, WhatIsNoPictureIsNone) {
+TEST(PictureReader, InvalidPictureIsNull) {
   EXPECT_TRUE(ReadPicture("").isNull());
   EXPECT_TRUE(ReadPicture("no picture").isNull());
   const std::string whole = SourceOf("picture.png");
   EXPECT_TRUE(ReadPicture(whole.substr(0, 30)).isNull());
-  // A header that promises a hundred thousand pixels each way.
+  // A header that claims a hundred thousand pixels in each direction.
   std::string huge = whole;
   for (const std::size_t at : {16U, 20U}) huge.replace(at, 4, std::string("\x00\x01\x86\xA0", 4));
   EXPECT_TRUE(ReadPicture(huge).isNull());
 }
 
-TEST_F(FrmHelpLookTest, PictureOfThePageIsShownAtItsWidth) {
+TEST_F(FrmHelpLookTest, PictureIsShownAtItsWidth) {
   bool found = false;
   const QTextDocument& document = *form_.Page()->document();
   for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
@@ -206,7 +207,7 @@ TEST_F(FrmHelpLookTest, PictureOfThePageIsShownAtItsWidth) {
   EXPECT_TRUE(found);
 }
 
-TEST(HelpBrowserPicture, MissingPictureGivesItsDescription) {
+TEST(HelpBrowserPicture, MissingPictureShowsItsDescription) {
   HelpBrowser page(nullptr);
   page.ShowPage(
       std::make_shared<const HelpBook>(ChmObjects{{"/a.html", "<p>See <img src=gone.png alt='The neck'></p>"}}),
@@ -214,7 +215,7 @@ TEST(HelpBrowserPicture, MissingPictureGivesItsDescription) {
   EXPECT_EQ(page.toPlainText(), QStringLiteral("See [The neck]"));
 }
 
-TEST(HelpBrowserLimits, APageThatWasCutSaysSo) {
+TEST(HelpBrowserLimits, ATruncatedPageShowsAMessage) {
   HelpBrowser page(nullptr);
   page.ShowPage(std::make_shared<const HelpBook>(ChmObjects{{"/a.html", std::string(kLongestHelpText + 1, 'x')}}),
                 {"/a.html", {}});
@@ -223,7 +224,7 @@ TEST(HelpBrowserLimits, APageThatWasCutSaysSo) {
   EXPECT_EQ(page.toPlainText(), QStringLiteral("short"));
 }
 
-/// The darkest grey of each row of dots of the picture.
+/// The darkest grey of each row of pixels.
 std::vector<int> DarkestOfRows(const QImage& picture) {
   std::vector<int> darkest;
   for (int y = 0; y < picture.height(); ++y) {
@@ -234,7 +235,7 @@ std::vector<int> DarkestOfRows(const QImage& picture) {
   return darkest;
 }
 
-TEST_F(FrmHelpLookTest, APageThatWasFoundStandsThereWithItsTitleAboveASecondaryExtract) {
+TEST_F(FrmHelpLookTest, SearchResultShowsItsTitleAboveASecondaryExtract) {
   auto* const text = form_.findChild<QLineEdit*>(QStringLiteral("txtHelpSearch"));
   auto* const results = form_.findChild<QListWidget*>(QStringLiteral("HelpResults"));
   text->setText(QStringLiteral("string"));
@@ -257,9 +258,9 @@ TEST_F(FrmHelpLookTest, APageThatWasFoundStandsThereWithItsTitleAboveASecondaryE
   const int titleEnd = results->fontMetrics().lineSpacing() + 6;
   const int title = *std::min_element(darkest.begin(), darkest.begin() + titleEnd);
   const int extract = *std::min_element(darkest.begin() + titleEnd + 4, darkest.end());
-  const int ground = qGray(results->palette().color(QPalette::Base).rgb());
-  EXPECT_LT(title, ground - 150) << "the title is not to be seen";
-  EXPECT_LT(extract, ground - 60) << "the extract is not to be seen";
+  const int background = qGray(results->palette().color(QPalette::Base).rgb());
+  EXPECT_LT(title, background - 150) << "the title is not visible";
+  EXPECT_LT(extract, background - 60) << "the extract is not visible";
   EXPECT_LT(title, extract) << "the extract is as dark as the title";
 }
 

@@ -60,8 +60,8 @@ class FrmHelpTest : public testing::Test {
   [[nodiscard]] HelpBrowser* Page() const { return form_->Page(); }
   [[nodiscard]] QString Text() const { return Page()->toPlainText(); }
   [[nodiscard]] std::string Place() const {
-    const HelpTarget& place = form_->CurrentTarget();
-    return place.page + (place.anchor.empty() ? "" : "#" + place.anchor);
+    const HelpTarget& target = form_->CurrentTarget();
+    return target.page + (target.anchor.empty() ? "" : "#" + target.anchor);
   }
   void Press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
     QTest::keyClick(form_.data(), static_cast<Qt::Key>(key), modifiers);
@@ -80,11 +80,12 @@ class FrmHelpTest : public testing::Test {
     QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(Entry(treeName, text)).center());
   }
   void ShowTab(int tab) const { Find<QTabWidget>("HelpTabs")->setCurrentIndex(tab); }
-  /// What is marked on the page, one after another.
-  [[nodiscard]] std::vector<std::string> Marked() const {
-    std::vector<std::string> marked;
-    for (const auto& mark : Page()->extraSelections()) marked.push_back(mark.cursor.selectedText().toStdString());
-    return marked;
+  /// The highlighted texts of the page, in order.
+  [[nodiscard]] std::vector<std::string> Highlighted() const {
+    std::vector<std::string> highlighted;
+    for (const auto& selection : Page()->extraSelections())
+      highlighted.push_back(selection.cursor.selectedText().toStdString());
+    return highlighted;
   }
   [[nodiscard]] std::string FoundWords() const { return Find<QLabel>("lblPlaces")->text().toStdString(); }
 
@@ -94,7 +95,7 @@ class FrmHelpTest : public testing::Test {
   QPointer<frmHelp> form_;
 };
 
-TEST_F(FrmHelpTest, OpensAtTheDefaultPageWithNowhereToGoBackTo) {
+TEST_F(FrmHelpTest, OpensAtTheDefaultPageWithAnEmptyHistory) {
   EXPECT_EQ(Place(), "/welcome.html");
   EXPECT_TRUE(Text().startsWith(Wide("Welcome")));
   EXPECT_FALSE(Find<QWidget>("cmdBack")->isEnabled());
@@ -102,7 +103,7 @@ TEST_F(FrmHelpTest, OpensAtTheDefaultPageWithNowhereToGoBackTo) {
   EXPECT_EQ(form_->windowTitle(), Wide("A small book"));
 }
 
-TEST_F(FrmHelpTest, ContentsLeadToTheirPages) {
+TEST_F(FrmHelpTest, ContentsOpenTheirPages) {
   ClickEntry("HelpContents", "Strings");
   EXPECT_EQ(Place(), "/strings.html");
   ClickEntry("HelpContents", "Minor chords");
@@ -110,12 +111,12 @@ TEST_F(FrmHelpTest, ContentsLeadToTheirPages) {
   EXPECT_GT(Page()->Scroll(), 0);
 }
 
-TEST_F(FrmHelpTest, ContentsEntryWithoutAPageLeadsNowhere) {
+TEST_F(FrmHelpTest, ContentsEntryWithoutAPageDoesNothing) {
   ClickEntry("HelpContents", "Chords");
   EXPECT_EQ(Place(), "/welcome.html");
 }
 
-TEST_F(FrmHelpTest, ContentsAreWalkedByKeyboard) {
+TEST_F(FrmHelpTest, ContentsWorkByKeyboard) {
   auto* const tree = Find<QTreeWidget>("HelpContents");
   tree->setFocus();
   QTest::keyClick(tree, Qt::Key_Down);
@@ -123,7 +124,7 @@ TEST_F(FrmHelpTest, ContentsAreWalkedByKeyboard) {
   EXPECT_EQ(Place(), "/strings.html");
 }
 
-TEST_F(FrmHelpTest, ContentsFollowThePageThatIsShown) {
+TEST_F(FrmHelpTest, ContentsSelectTheShownPage) {
   Follow("strings.html");
   EXPECT_EQ(Find<QTreeWidget>("HelpContents")->currentItem()->text(0), Wide("Strings"));
   Follow("chords/open.html#minor");
@@ -132,8 +133,8 @@ TEST_F(FrmHelpTest, ContentsFollowThePageThatIsShown) {
   EXPECT_EQ(Find<QTreeWidget>("HelpContents")->currentItem()->text(0), Wide("Open chords"));
 }
 
-TEST_F(FrmHelpTest, LinksAreFollowedByClickAndByKeyboard) {
-  // Tab walks over the links of the page.
+TEST_F(FrmHelpTest, LinksWorkByClickAndByKeyboard) {
+  // Tab moves through the links of the page.
   Page()->setFocus();
   QTest::keyClick(Page(), Qt::Key_Tab);
   EXPECT_EQ(Page()->textCursor().selectedText(), Wide("strings"));
@@ -147,7 +148,7 @@ TEST_F(FrmHelpTest, LinksAreFollowedByClickAndByKeyboard) {
   EXPECT_EQ(Place(), "/strings.html");
 }
 
-TEST_F(FrmHelpTest, BackAndForwardWalkTheWayTaken) {
+TEST_F(FrmHelpTest, BackAndForwardMoveThroughTheHistory) {
   Follow("strings.html");
   Follow("chords/open.html");
   Click("cmdBack");
@@ -162,7 +163,7 @@ TEST_F(FrmHelpTest, BackAndForwardWalkTheWayTaken) {
   EXPECT_FALSE(Find<QWidget>("cmdForward")->isEnabled());
 }
 
-TEST_F(FrmHelpTest, BackReturnsToWhereThePageWasLeft) {
+TEST_F(FrmHelpTest, BackRestoresTheScrollPosition) {
   Follow("chords/open.html");
   Page()->SetScroll(333);
   Follow("../strings.html");
@@ -179,7 +180,7 @@ TEST_F(FrmHelpTest, MouseButtonsForBackAndForwardWork) {
   EXPECT_EQ(Place(), "/strings.html");
 }
 
-TEST_F(FrmHelpTest, HomeLeadsToTheDefaultPage) {
+TEST_F(FrmHelpTest, HomeOpensTheDefaultPage) {
   Follow("strings.html");
   Click("cmdHome");
   EXPECT_EQ(Place(), "/welcome.html");
@@ -188,7 +189,7 @@ TEST_F(FrmHelpTest, HomeLeadsToTheDefaultPage) {
   EXPECT_EQ(Place(), "/welcome.html");
 }
 
-TEST_F(FrmHelpTest, MissingPageIsToldOnAPageAndBackLeadsOn) {
+TEST_F(FrmHelpTest, MissingPageIsReportedOnAPageAndBackWorks) {
   Follow("gone.html");
   EXPECT_TRUE(Text().contains(Wide("/gone.html"))) << Text().toStdString();
   EXPECT_TRUE(Text().startsWith(Wide("Page not found")));
@@ -198,7 +199,7 @@ TEST_F(FrmHelpTest, MissingPageIsToldOnAPageAndBackLeadsOn) {
   EXPECT_TRUE(Text().startsWith(Wide("Welcome")));
 }
 
-TEST_F(FrmHelpTest, OutsideLinkIsOpenedOnlyAfterAYes) {
+TEST_F(FrmHelpTest, ExternalLinkIsOpenedOnlyAfterConfirmation) {
   box_.AnswerNext(MsgBoxAnswer::kNo);
   box_.AnswerNext(MsgBoxAnswer::kYes);
   Follow("https://tonalith.example/more");
@@ -211,7 +212,7 @@ TEST_F(FrmHelpTest, OutsideLinkIsOpenedOnlyAfterAYes) {
   EXPECT_EQ(Place(), "/welcome.html");
 }
 
-TEST_F(FrmHelpTest, AddressThatCannotBeOpenedIsTold) {
+TEST_F(FrmHelpTest, AddressThatCannotBeOpenedIsReported) {
   box_.AnswerNext(MsgBoxAnswer::kYes);
   opens_ = false;
   Follow("mailto:somebody@tonalith.example");
@@ -229,7 +230,7 @@ TEST_F(FrmHelpTest, LinkToALocalFileIsRefused) {
   EXPECT_THAT(opened_, IsEmpty());
 }
 
-TEST_F(FrmHelpTest, WindowMayBeClosedWhileItAsks) {
+TEST_F(FrmHelpTest, WindowMayBeDestroyedDuringTheMessageBox) {
   class ClosingMsgBox : public core::MsgBox {
    public:
     using core::MsgBox::Show;
@@ -248,7 +249,7 @@ TEST_F(FrmHelpTest, WindowMayBeClosedWhileItAsks) {
   EXPECT_EQ(opened, 1);
 }
 
-TEST_F(FrmHelpTest, IndexIsFilteredWhileItIsTyped) {
+TEST_F(FrmHelpTest, IndexIsFilteredWhileTyping) {
   ShowTab(1);
   QTest::keyClicks(Find<QLineEdit>("txtIndex"), Wide("RE"));
   EXPECT_TRUE(Entry("HelpIndex", "string")->isHidden());
@@ -261,7 +262,7 @@ TEST_F(FrmHelpTest, IndexIsFilteredWhileItIsTyped) {
   EXPECT_TRUE(Find<QLabel>("lblIndex")->isVisible());
 }
 
-TEST_F(FrmHelpTest, KeywordOfSeveralPagesListsThem) {
+TEST_F(FrmHelpTest, KeywordWithSeveralPagesListsThem) {
   ShowTab(1);
   QTest::keyClicks(Find<QLineEdit>("txtIndex"), Wide("string"));
   ClickEntry("HelpIndex", "string");
@@ -270,13 +271,13 @@ TEST_F(FrmHelpTest, KeywordOfSeveralPagesListsThem) {
   EXPECT_EQ(Place(), "/chords/open.html");
 }
 
-TEST_F(FrmHelpTest, ArrowDownLeadsFromTheBoxIntoTheIndex) {
+TEST_F(FrmHelpTest, DownKeyMovesFromTheBoxIntoTheIndex) {
   ShowTab(1);
   QTest::keyClick(Find<QLineEdit>("txtIndex"), Qt::Key_Down);
   EXPECT_EQ(form_->focusWidget(), Find<QWidget>("HelpIndex"));
 }
 
-TEST_F(FrmHelpTest, SearchListsPagesAndMarksTheWords) {
+TEST_F(FrmHelpTest, SearchListsPagesAndHighlightsTheWords) {
   ShowTab(2);
   auto* const text = Find<QLineEdit>("txtHelpSearch");
   QTest::keyClicks(text, Wide("minor sad"));
@@ -285,14 +286,14 @@ TEST_F(FrmHelpTest, SearchListsPagesAndMarksTheWords) {
   EXPECT_EQ(Place(), "/welcome.html");
   QTest::keyClick(text, Qt::Key_Return);
   EXPECT_EQ(Place(), "/chords/open.html");
-  EXPECT_THAT(Marked(), ElementsAre("Minor", "minor", "sad"));
-  // The first place is in sight.
+  EXPECT_THAT(Highlighted(), ElementsAre("Minor", "minor", "sad"));
+  // The first match is visible.
   EXPECT_TRUE(Page()->viewport()->rect().contains(Page()->cursorRect(Page()->extraSelections().first().cursor)));
   Follow("../strings.html");
-  EXPECT_THAT(Marked(), IsEmpty());
+  EXPECT_THAT(Highlighted(), IsEmpty());
 }
 
-TEST_F(FrmHelpTest, ArrowDownLeadsFromTheSearchToTheFirstPageThatIsNotOpenYet) {
+TEST_F(FrmHelpTest, DownKeyMovesFromTheSearchToTheFirstPageNotOpen) {
   ShowTab(2);
   auto* const text = Find<QLineEdit>("txtHelpSearch");
   auto* const results = Find<QListWidget>("HelpResults");
@@ -305,7 +306,7 @@ TEST_F(FrmHelpTest, ArrowDownLeadsFromTheSearchToTheFirstPageThatIsNotOpenYet) {
   EXPECT_EQ(results->currentRow(), 1) << "the first one is open";
 }
 
-TEST_F(FrmHelpTest, SearchThatFindsNothingSaysSo) {
+TEST_F(FrmHelpTest, SearchReportsNoResult) {
   ShowTab(2);
   QTest::keyClicks(Find<QLineEdit>("txtHelpSearch"), Wide("zither"));
   QTest::keyClick(Find<QLineEdit>("txtHelpSearch"), Qt::Key_Return);
@@ -313,13 +314,13 @@ TEST_F(FrmHelpTest, SearchThatFindsNothingSaysSo) {
   EXPECT_EQ(Place(), "/welcome.html");
 }
 
-TEST_F(FrmHelpTest, FindMarksAndWalksAroundThePage) {
+TEST_F(FrmHelpTest, FindHighlightsAndWrapsAround) {
   Follow("strings.html");
   Press(Qt::Key_F, Qt::ControlModifier);
   ASSERT_TRUE(Find<QWidget>("FindBar")->isVisible());
   QTest::keyClicks(Find<QLineEdit>("txtFind"), Wide("string"));
   EXPECT_EQ(FoundWords(), "4 places");
-  EXPECT_THAT(Marked(), ElementsAre("String", "string", "string", "string"));
+  EXPECT_THAT(Highlighted(), ElementsAre("String", "string", "string", "string"));
   const int first = Page()->textCursor().position();
   Press(Qt::Key_F3);
   EXPECT_GT(Page()->textCursor().position(), first);
@@ -331,16 +332,16 @@ TEST_F(FrmHelpTest, FindMarksAndWalksAroundThePage) {
   EXPECT_EQ(Page()->textCursor().position(), first);
 }
 
-TEST_F(FrmHelpTest, FindSaysWhenThereIsNothing) {
+TEST_F(FrmHelpTest, FindReportsNoMatch) {
   Press(Qt::Key_F3);
   QTest::keyClicks(Find<QLineEdit>("txtFind"), Wide("zither"));
   EXPECT_EQ(FoundWords(), "Not on this page");
-  EXPECT_THAT(Marked(), IsEmpty());
+  EXPECT_THAT(Highlighted(), IsEmpty());
   QTest::keyClick(Find<QLineEdit>("txtFind"), Qt::Key_Return);
   EXPECT_EQ(Place(), "/welcome.html");
 }
 
-TEST_F(FrmHelpTest, FindBarLooksAtThePageThatIsShownNext) {
+TEST_F(FrmHelpTest, FindBarSearchesTheNextShownPage) {
   Press(Qt::Key_F, Qt::ControlModifier);
   QTest::keyClicks(Find<QLineEdit>("txtFind"), Wide("low string"));
   EXPECT_EQ(FoundWords(), "Not on this page");
@@ -353,7 +354,7 @@ TEST_F(FrmHelpTest, EscapeClosesTheFindBarThenTheWindow) {
   QTest::keyClicks(Find<QLineEdit>("txtFind"), Wide("strings"));
   Press(Qt::Key_Escape);
   EXPECT_FALSE(Find<QWidget>("FindBar")->isVisible());
-  EXPECT_THAT(Marked(), IsEmpty());
+  EXPECT_THAT(Highlighted(), IsEmpty());
   EXPECT_TRUE(form_->isVisible());
   Press(Qt::Key_Escape);
   EXPECT_FALSE(form_->isVisible());
@@ -366,7 +367,7 @@ TEST_F(FrmHelpTest, ControlWCloses) {
   EXPECT_TRUE(form_.isNull());
 }
 
-TEST_F(FrmHelpTest, ZoomByKeysButtonsAndWheel) {
+TEST_F(FrmHelpTest, ZoomWorksByKeysButtonsAndWheel) {
   const auto heightNow = [this] { return Page()->document()->defaultFont().pixelSize(); };
   const int height = heightNow();
   Press(Qt::Key_Plus, Qt::ControlModifier);
@@ -386,7 +387,7 @@ TEST_F(FrmHelpTest, ZoomByKeysButtonsAndWheel) {
   EXPECT_LT(heightNow(), height);
 }
 
-TEST_F(FrmHelpTest, ZoomHasItsEndsAndKeepsThePlace) {
+TEST_F(FrmHelpTest, ZoomIsLimitedAndKeepsTheScrollPosition) {
   Follow("chords/open.html#minor");
   for (int i = 0; i < 60; ++i) Press(Qt::Key_Plus, Qt::ControlModifier);
   EXPECT_LE(Page()->Zoom(), 4.0);

@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using Kind = HelpLink::Kind;
 
-/// The settings with this default topic.
+/// Settings with this default topic.
 std::string SystemWith(const std::string& topic) {
   return std::string(4, '\3') + std::string{'\2', '\0', static_cast<char>(topic.size()), '\0'} + topic;
 }
@@ -25,9 +25,9 @@ TEST(HelpBook, HasTitleContentsAndIndexOfItsFile) {
   EXPECT_EQ(book->Title(), "A small book");
   ASSERT_EQ(book->Contents().size(), 5U);
   EXPECT_EQ(book->Contents()[2].title, "Chords");
-  EXPECT_FALSE(book->Contents()[2].place.has_value());
+  EXPECT_FALSE(book->Contents()[2].target.has_value());
   EXPECT_EQ(book->Contents()[4].depth, 1);
-  EXPECT_EQ(book->Contents()[4].place, (HelpTarget{"/chords/open.html", "minor"}));
+  EXPECT_EQ(book->Contents()[4].target, (HelpTarget{"/chords/open.html", "minor"}));
   ASSERT_EQ(book->Index().size(), 3U);
   EXPECT_EQ(book->Index()[2].keyword, "string");
   EXPECT_EQ(book->Index()[2].targets[1].title, "Open chords");
@@ -40,7 +40,7 @@ TEST(HelpBook, OpensAtTheDefaultTopicOfItsSettings) {
   EXPECT_EQ(book.DefaultTarget().page, "/b.html");
 }
 
-TEST(HelpBook, WithoutAUsableDefaultItOpensAtTheFirstPageOfTheContents) {
+TEST(HelpBook, OpensAtTheFirstContentsPageWithoutAUsableDefault) {
   const std::string contents = MapEntry("Part", "") + MapEntry("Lost", "lost.html") + MapEntry("A", "a.html#top");
   const HelpBook without(ChmObjects{{"/index.html", "i"}, {"/a.html", "a"}, {"/x.hhc", contents}});
   EXPECT_EQ(without.DefaultTarget(), (HelpTarget{"/a.html", "top"}));
@@ -48,7 +48,7 @@ TEST(HelpBook, WithoutAUsableDefaultItOpensAtTheFirstPageOfTheContents) {
   EXPECT_EQ(lost.DefaultTarget(), (HelpTarget{"/a.html", "top"}));
 }
 
-TEST(HelpBook, WithoutContentsThatHelpItOpensAtItsIndexPage) {
+TEST(HelpBook, OpensAtTheIndexPageWithoutUsableContents) {
   const std::string contents = MapEntry("Lost", "lost.html");
   EXPECT_EQ(HelpBook(ChmObjects{{"/a.html", "a"}, {"/Index.HTM", "i"}, {"/index.html", "j"}, {"/x.hhc", contents}})
                 .DefaultTarget()
@@ -58,12 +58,12 @@ TEST(HelpBook, WithoutContentsThatHelpItOpensAtItsIndexPage) {
             "/index.html");
 }
 
-TEST(HelpBook, WithoutAPageToOpenAtThereIsNone) {
+TEST(HelpBook, ThrowsWithoutAPageToOpen) {
   EXPECT_THROW(HelpBook(ChmObjects{}), core::Failure);
   EXPECT_THROW(HelpBook(ChmObjects{{"/x.hhc", MapEntry("Lost", "lost.html")}, {"/p.png", "p"}}), core::Failure);
 }
 
-TEST(HelpBook, WithoutContentsItListsItsPages) {
+TEST(HelpBook, ListsItsPagesWithoutContents) {
   const HelpBook book(ChmObjects{{"/b.html", "<title>Second</title>"}, {"/a.html", "<h1>First</h1>"}});
   ASSERT_EQ(book.Contents().size(), 2U);
   EXPECT_EQ(book.Contents()[0].title, "First");
@@ -71,14 +71,14 @@ TEST(HelpBook, WithoutContentsItListsItsPages) {
   EXPECT_EQ(book.DefaultTarget().page, "/a.html");
 }
 
-TEST(HelpBook, PagesAreFoundWithoutRegardToCase) {
+TEST(HelpBook, PathsAreNotCaseSensitive) {
   const HelpBook book(ChmObjects{{"/Dir/Page.HTML", "<title>T</title>"}});
   ASSERT_NE(book.Page("/dir/page.html"), nullptr);
   EXPECT_EQ(book.Page("/dir/page.html")->title, "T");
   EXPECT_EQ(book.Page("/other.html"), nullptr);
 }
 
-TEST(HelpBook, TitlesComeFromThePageThenFromTheContentsThenFromThePath) {
+TEST(HelpBook, TitleIsFromThePageTheContentsOrThePath) {
   const HelpBook book(ChmObjects{{"/a.html", "<title>Own</title>"},
                                  {"/b.html", "x"},
                                  {"/c.html", "x"},
@@ -88,25 +88,25 @@ TEST(HelpBook, TitlesComeFromThePageThenFromTheContentsThenFromThePath) {
   EXPECT_EQ(book.TitleOf("/c.html"), "/c.html");
 }
 
-/// Where a link on the page /dir/a.html leads, as kind, place and address.
+/// The target of a link on the page /dir/a.html, as kind, path and anchor or address.
 std::string Follow(const std::string& link) {
   static const HelpBook book(
       ChmObjects{{"/dir/a.html", "a"}, {"/dir/b.html", "b"}, {"/top.html", "t"}, {"/p.png", "p"}});
-  const HelpLink target = book.Follow("/dir/a.html", link);
-  switch (target.kind) {
+  const HelpLink followed = book.Follow("/dir/a.html", link);
+  switch (followed.kind) {
     case Kind::kInside:
-      return "inside " + target.place.page + " " + target.place.anchor;
+      return "inside " + followed.target.page + " " + followed.target.anchor;
     case Kind::kMissing:
-      return "missing " + target.place.page;
+      return "missing " + followed.target.page;
     case Kind::kOutside:
-      return "outside " + target.address;
+      return "outside " + followed.address;
     case Kind::kRefused:
       break;
   }
-  return "refused " + target.address;
+  return "refused " + followed.address;
 }
 
-TEST(HelpBook, LinksInsideLeadToPagesAndAnchors) {
+TEST(HelpBook, InternalLinksHavePageAndAnchor) {
   EXPECT_EQ(Follow("b.html"), "inside /dir/b.html ");
   EXPECT_EQ(Follow("B.html#x%20y"), "inside /dir/b.html x y");
   EXPECT_EQ(Follow("#here"), "inside /dir/a.html here");
@@ -115,25 +115,25 @@ TEST(HelpBook, LinksInsideLeadToPagesAndAnchors) {
   EXPECT_EQ(Follow("ms-its:any.chm::/top.html"), "inside /top.html ");
 }
 
-TEST(HelpBook, LinksToNowhereAreMissing) {
+TEST(HelpBook, LinksToMissingPagesAreMissing) {
   EXPECT_EQ(Follow("c.html"), "missing /dir/c.html");
   EXPECT_EQ(Follow("/p.png"), "missing /p.png");
 }
 
-TEST(HelpBook, LinksOutsideAreAddressesOfTheNetworkAndOfMail) {
+TEST(HelpBook, ExternalLinksAreWebAndMailAddresses) {
   EXPECT_EQ(Follow("https://tonalith.example/a?b#c"), "outside https://tonalith.example/a?b#c");
   EXPECT_EQ(Follow("HTTP://x"), "outside HTTP://x");
   EXPECT_EQ(Follow("mailto:a@b"), "outside mailto:a@b");
 }
 
-TEST(HelpBook, EverythingElseIsRefused) {
+TEST(HelpBook, OtherLinksAreRefused) {
   EXPECT_EQ(Follow("file:///etc/passwd"), "refused file:///etc/passwd");
   EXPECT_EQ(Follow("javascript:alert(1)"), "refused javascript:alert(1)");
   EXPECT_EQ(Follow("//server/share"), "refused //server/share");
   EXPECT_EQ(Follow("ms-its:nothing"), "refused ms-its:nothing");
 }
 
-TEST(HelpBook, PicturesAndStyleSheetsComeOutOfTheFileOnly) {
+TEST(HelpBook, PicturesAndStyleSheetsAreOnlyReadFromTheFile) {
   const auto book = ReadBook();
   ASSERT_NE(book->Attached("/chords/open.html", "../picture.png"), nullptr);
   EXPECT_EQ(*book->Attached("/chords/open.html", "../picture.png"), SourceOf("picture.png"));

@@ -8,8 +8,8 @@
 namespace tonalith::help {
 namespace {
 
-/// Takes steps: a letter visits that page, < and > go back and forward. Gives the current page.
-std::string Walk(HelpHistory& history, const std::string& steps) {
+/// Each letter visits that page, < and > go back and forward. Returns the current page.
+std::string Navigate(HelpHistory& history, const std::string& steps) {
   for (const char step : steps) {
     if (step == '<') {
       history.GoBack();
@@ -19,50 +19,50 @@ std::string Walk(HelpHistory& history, const std::string& steps) {
       history.Visit({std::string(1, step), {}});
     }
   }
-  return history.Current().place.page;
+  return history.Current().target.page;
 }
 
-std::string Walk(const std::string& steps) {
+std::string Navigate(const std::string& steps) {
   HelpHistory history;
-  return Walk(history, steps);
+  return Navigate(history, steps);
 }
 
 TEST(HelpHistory, GoesBackAndForward) {
-  EXPECT_EQ(Walk("abc"), "c");
-  EXPECT_EQ(Walk("abc<"), "b");
-  EXPECT_EQ(Walk("abc<<>"), "b");
+  EXPECT_EQ(Navigate("abc"), "c");
+  EXPECT_EQ(Navigate("abc<"), "b");
+  EXPECT_EQ(Navigate("abc<<>"), "b");
 }
 
 TEST(HelpHistory, StaysAtItsEnds) {
-  EXPECT_EQ(Walk("ab<<<<"), "a");
-  EXPECT_EQ(Walk("ab>>"), "b");
+  EXPECT_EQ(Navigate("ab<<<<"), "a");
+  EXPECT_EQ(Navigate("ab>>"), "b");
 }
 
-TEST(HelpHistory, VisitForgetsWhatLayAhead) {
-  EXPECT_EQ(Walk("abc<<x>"), "x");
-  EXPECT_EQ(Walk("abc<<x<"), "a");
+TEST(HelpHistory, VisitRemovesForwardEntries) {
+  EXPECT_EQ(Navigate("abc<<x>"), "x");
+  EXPECT_EQ(Navigate("abc<<x<"), "a");
 }
 
-TEST(HelpHistory, VisitOfTheCurrentPlaceIsNoStep) {
-  EXPECT_EQ(Walk("abbb<"), "a");
+TEST(HelpHistory, VisitOfTheCurrentTargetDoesNothing) {
+  EXPECT_EQ(Navigate("abbb<"), "a");
   HelpHistory history;
-  Walk(history, "abc<");
-  Walk(history, "b");
+  Navigate(history, "abc<");
+  Navigate(history, "b");
   EXPECT_TRUE(history.CanGoForward());
 }
 
-TEST(HelpHistory, KeepsHowFarAStopWasScrolled) {
+TEST(HelpHistory, StoresTheScrollPosition) {
   HelpHistory history;
-  Walk(history, "a");
+  Navigate(history, "a");
   EXPECT_EQ(history.Current().scroll, -1);
   history.Leave(120);
-  Walk(history, "b<");
+  Navigate(history, "b<");
   EXPECT_EQ(history.Current().scroll, 120);
 }
 
-TEST(HelpHistory, CanBeForgotten) {
+TEST(HelpHistory, CanBeCleared) {
   HelpHistory history;
-  Walk(history, "abc");
+  Navigate(history, "abc");
   history.Forget();
   EXPECT_TRUE(history.IsEmpty());
   EXPECT_FALSE(history.CanGoBack());

@@ -25,7 +25,7 @@ std::string Repeated(const std::string& piece, std::size_t times) {
 
 std::string Html(std::string_view topic) { return ReadHelpPage(topic).html; }
 
-/// What stands open when the html ends, and how deep it went; closings that close nothing are faults.
+/// The deepest nesting of the HTML, and whether every tag is closed in order.
 struct Nesting {
   std::size_t deepest = 0;
   std::size_t tables = 0;
@@ -37,11 +37,11 @@ Nesting NestingOf(const std::string& html) {
   std::vector<std::string> open;
   std::size_t tables = 0;
   MarkupReader reader(html);
-  while (const auto piece = reader.Next()) {
-    if (piece->kind == MarkupToken::Kind::kText) continue;
-    const std::string& tag = piece->text;
+  while (const auto token = reader.Next()) {
+    if (token->kind == MarkupToken::Kind::kText) continue;
+    const std::string& tag = token->text;
     if (tag == "br" || tag == "hr" || tag == "img") continue;
-    if (piece->kind == MarkupToken::Kind::kOpen) {
+    if (token->kind == MarkupToken::Kind::kOpen) {
       open.push_back(tag);
       if (tag == "table") nesting.tables = std::max(nesting.tables, ++tables);
       nesting.deepest = std::max(nesting.deepest, open.size());
@@ -61,22 +61,22 @@ TEST(HelpPage, KeepsTheTextAndItsStructure) {
             "<h1>Neck</h1><p>Six <b>strings</b>.</p><ul><li>E</li><li>A</li></ul>");
 }
 
-TEST(HelpPage, TitleIsTheTopicsOwnOrItsFirstHeading) {
+TEST(HelpPage, TitleIsTheTitleElementOrTheFirstHeading) {
   EXPECT_EQ(ReadHelpPage("<title> The\n neck </title><h1>Other</h1>").title, "The neck");
   EXPECT_EQ(ReadHelpPage("<p>x</p><h2>First &amp; foremost</h2><h2>Second</h2>").title, "First & foremost");
   EXPECT_EQ(ReadHelpPage("text").title, "");
 }
 
-TEST(HelpPage, TextHasALineForEachParagraphAndNothingOfTheHead) {
+TEST(HelpPage, TextHasALinePerParagraphWithoutTheHead) {
   EXPECT_EQ(ReadHelpPage("<title>T</title><style>p{}</style><p>One <i>two</i></p><p>three<br>four</p>").text,
             "One two\nthree\nfour\n");
 }
 
-TEST(HelpPage, WordsOfNeighbouringCellsStayApart) {
+TEST(HelpPage, WordsOfAdjacentCellsAreSeparated) {
   EXPECT_EQ(ReadHelpPage("<table><tr><td>fret</td><td>note</td></tr></table>").text, "fret note\n");
 }
 
-TEST(HelpPage, LinksAndPicturesBecomeNumbers) {
+TEST(HelpPage, LinksAndPicturesBecomeIndexes) {
   const HelpPage page =
       ReadHelpPage("<a href='a.html#b'>A</a> <a href='http://x'>B</a><img src=p.png width=640 alt='The neck'>");
   EXPECT_EQ(page.html, "<a href=\"link:0\">A</a> <a href=\"link:1\">B</a><img src=\"picture:0\">");
@@ -88,7 +88,7 @@ TEST(HelpPage, LinksAndPicturesBecomeNumbers) {
   EXPECT_EQ(page.pictures[0].description, "The neck");
 }
 
-TEST(HelpPage, TextCannotPassForALinkOrAPicture) {
+TEST(HelpPage, EscapedTextIsNotALinkOrPicture) {
   EXPECT_THAT(Html("&lt;img src=\"picture:0\"&gt;"), Not(HasSubstr("\"")));
 }
 
@@ -96,7 +96,7 @@ TEST(HelpPage, AnchorsOfBothKindsAreKept) {
   EXPECT_EQ(Html("<h2 id=one>A</h2><a name='two'></a>B"), "<h2><a name=\"one\"></a>A</h2><a name=\"two\"></a>B");
 }
 
-TEST(HelpPage, ScriptsFramesFormsAndEventsAreGone) {
+TEST(HelpPage, ScriptsFramesFormsAndEventsAreRemoved) {
   const std::string html = Html(
       "<script>x</script><iframe src=y></iframe><p onclick='z' style='color:red'>a</p><form><input value=q></form>"
       "<font color=red>b</font><object data=c></object>");
@@ -110,12 +110,12 @@ TEST(HelpPage, BoxesBecomeTables) {
             "<table class=\"box\" width=\"100%\"><tr><td class=\"code\"><pre>a\n b</pre></td></tr></table>");
 }
 
-TEST(HelpPage, ClassNamesThatAreNotPlainAreDropped) {
+TEST(HelpPage, InvalidClassNamesAreDropped) {
   EXPECT_EQ(Html("<p class='a\"><b'>x</p><span class='wildcard'>y</span>"),
             "<p>x</p><span class=\"wildcard\">y</span>");
 }
 
-TEST(HelpPage, WhateverIsLeftOpenIsClosedInOrder) {
+TEST(HelpPage, OpenTagsAreClosedInOrder) {
   for (const char* const topic :
        {"<p><b><i>x", "<b><p>x</b>y</p>", "<ul><li><ul><li>x</ul><li>y", "<table><tr><td><table><tr><td>x</table>y",
         "<table><td>x</table>", "</p></b></table>", "<dl><dt>a<dd>b<dt>c</dl>", "<a href=x><a href=y>z",
@@ -125,7 +125,7 @@ TEST(HelpPage, WhateverIsLeftOpenIsClosedInOrder) {
   }
 }
 
-TEST(HelpPage, NestingAndTablesHaveTheirLimits) {
+TEST(HelpPage, NestingAndTablesAreLimited) {
   std::string deep;
   for (int i = 0; i < 5000; ++i) deep += "<div><ul><li><blockquote><b>";
   std::string tables;
@@ -138,34 +138,34 @@ TEST(HelpPage, NestingAndTablesHaveTheirLimits) {
   }
 }
 
-TEST(HelpPage, TablesAfterOneAnotherAreNoNest) {
+TEST(HelpPage, ConsecutiveTablesAreNotNested) {
   std::string topic;
   for (int i = 0; i < 20; ++i) topic += "<table><tr><td>x</td></tr></table>";
   EXPECT_EQ(Html(topic).size(), Html("<table><tr><td>x</td></tr></table>").size() * 20);
 }
 
-TEST(HelpPage, SpansAndSizesOutOfRangeAreLeftOut) {
+TEST(HelpPage, SpansAndSizesOutOfRangeAreDropped) {
   EXPECT_EQ(Html("<table><tr><td colspan=3 rowspan=1000000000>x</td></tr></table>"),
             "<table class=\"grid\"><tr><td colspan=\"3\">x</td></tr></table>");
   EXPECT_EQ(ReadHelpPage("<img src=p width=999999999999>").pictures[0].width, 0);
   EXPECT_EQ(ReadHelpPage("<img src=p width=-5 height='50%'>").pictures[0].height, 0);
 }
 
-TEST(HelpPage, LongTopicsAreCut) {
+TEST(HelpPage, LongTopicsAreTruncated) {
   std::string topic = "<p>a</p>" + std::string(kLongestTopic, ' ');
   EXPECT_TRUE(ReadHelpPage(topic).isCut);
   topic.resize(kLongestHelpText / 2);
   EXPECT_FALSE(ReadHelpPage(topic).isCut);
 }
 
-TEST(HelpPage, LongTextIsCutBetweenCharacters) {
+TEST(HelpPage, LongTextIsTruncatedBetweenCharacters) {
   const HelpPage page = ReadHelpPage("x" + Repeated("\xC3\xA4", kLongestHelpText));
   EXPECT_TRUE(page.isCut);
   EXPECT_EQ(page.text.size(), kLongestHelpText - 1);
   EXPECT_EQ(page.text.substr(page.text.size() - 2), "\xC3\xA4");
 }
 
-TEST(HelpPage, ManyParagraphsAreCutAndNothingFollowsThem) {
+TEST(HelpPage, ManyParagraphsAreTruncatedAndNothingFollows) {
   const HelpPage page = ReadHelpPage(Repeated("<p>x</p>", 100'000) + "<b>end</b>");
   EXPECT_TRUE(page.isCut);
   EXPECT_EQ(page.text.size(), 2 * kMostHelpBlocks);
@@ -173,14 +173,14 @@ TEST(HelpPage, ManyParagraphsAreCutAndNothingFollowsThem) {
   EXPECT_FALSE(ReadHelpPage(Repeated("<p>x</p>", kMostHelpBlocks)).isCut);
 }
 
-TEST(HelpPage, ManyLinesOfPreformattedTextAreCut) {
+TEST(HelpPage, ManyPreformattedLinesAreTruncated) {
   const HelpPage page = ReadHelpPage("<pre>" + Repeated("x\n", 100'000) + "</pre><p>end</p>");
   EXPECT_TRUE(page.isCut);
   EXPECT_LE(page.text.size(), 2 * kMostHelpBlocks + 1);
   EXPECT_FALSE(ReadHelpPage(Repeated("x\n", kMostHelpBlocks + 1)).isCut);
 }
 
-TEST(HelpPage, NestedTablesHaveRoomForFewerCells) {
+TEST(HelpPage, NestedTablesAreLimitedToFewerCells) {
   const auto cells = [](const std::string& html) {
     std::size_t count = 0;
     for (std::size_t at = html.find("<td"); at != std::string::npos; at = html.find("<td", at + 1)) ++count;
@@ -193,14 +193,14 @@ TEST(HelpPage, NestedTablesHaveRoomForFewerCells) {
   EXPECT_LE(nested, outer / 4);
 }
 
-TEST(HelpPage, ManyTagsWithoutTextAreCut) {
+TEST(HelpPage, ManyTagsWithoutTextAreTruncated) {
   const HelpPage page = ReadHelpPage(Repeated("<b></b>", 100'000) + "end");
   EXPECT_TRUE(page.isCut);
   EXPECT_EQ(page.text, "");
   EXPECT_LT(page.html.size(), std::size_t{10} * kMostHelpTags);
 }
 
-TEST(HelpPage, LongWordsGetPlacesToBreakAtAlsoAcrossTags) {
+TEST(HelpPage, LongWordsGetBreakOpportunitiesAcrossTags) {
   const std::string kBreak = "\xE2\x80\x8B";
   const std::string half(kLongestHelpWord / 2, 'x');
   EXPECT_EQ(Html(half + "<b>" + half + "yy</b>z"), half + "<b>" + half + kBreak + "yy</b>z");
@@ -209,14 +209,14 @@ TEST(HelpPage, LongWordsGetPlacesToBreakAtAlsoAcrossTags) {
   EXPECT_EQ(ReadHelpPage(half + half + half).text, half + half + half);
 }
 
-TEST(ShapesOf, KeepsTheShapeOfTextAndDropsColoursFontsAndSizes) {
+TEST(ShapesOf, KeepsStyleAndDropsColoursFontsAndSizes) {
   EXPECT_EQ(
       ShapesOf("/* a { } */ .caption { color: #000; font-weight: bold } body { background: white; font: 12px x }\n"
                "th , td.x { TEXT-ALIGN : left; width: 3px; }"),
       ".caption{font-weight:bold;}\nth , td.x{text-align:left;}\n");
 }
 
-TEST(ShapesOf, TakesNothingThatItDoesNotUnderstand) {
+TEST(ShapesOf, DropsUnknownRules) {
   EXPECT_EQ(ShapesOf("@import url(http://x); p[a=b] { font-weight: bold }"), "");
   EXPECT_EQ(ShapesOf("p { font-weight: url(http://x) }"), "");
   EXPECT_EQ(ShapesOf("p { font-weight: bold"), "p{font-weight:bold;}\n");
