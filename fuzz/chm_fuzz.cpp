@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Any bytes as a compiled help file: opened as the help command opens it, by chmlib in a process of its own. Whatever
-// happens there, this side gets the objects or a failure, within the limits of time; what arrives is inside the limits
-// of size. What chmlib does is not seen by the fuzzer, which would lose itself in inputs that are no help file at a
-// glance: inputs are changed byte by byte and keep their length.
+// Fuzzes the reading of compiled help files in a child process with chmlib. The parent must always get the objects or a
+// failure within the time limits, and the objects must be within the size limits. The fuzzer has no coverage of chmlib
+// and would drift to inputs that are refused immediately, so inputs are changed byte by byte and keep their length.
 
 #include <pthread.h>
 #include <sanitizer/common_interface_defs.h>
@@ -28,8 +27,8 @@ using namespace std::chrono_literals;
 
 constexpr sandbox::Limits kLimits{1s, 2s, std::uint64_t{64} << 20};
 
-void Demand(bool holds) {
-  if (!holds) std::abort();
+void Demand(bool condition) {
+  if (!condition) std::abort();
 }
 
 /// One file for all inputs of this run.
@@ -58,7 +57,7 @@ class InputFile {
   std::filesystem::path folder_;
 };
 
-/// The process that reads may end in any way: that is no find, and leaves no file behind.
+/// The child process may end in any way: that is not a finding and must not write a file.
 void BeQuietInChildren() {
   static const int done = ::pthread_atfork(nullptr, nullptr, [] { __sanitizer_set_death_callback(nullptr); });
   Demand(done == 0);
@@ -75,7 +74,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
   std::minstd_rand random(seed);
   for (std::size_t changes = 1 + random() % 16; changes > 0; --changes) {
     constexpr std::uint8_t kExtremes[] = {0x00, 0x01, 0x7F, 0x80, 0xFF};
-    // Half of the changes go into headers and lists, which are the smaller part.
+    // Half of the changes affect headers and lists, which are the smaller part.
     const std::size_t range = random() % 2 == 0 ? size : std::min<std::size_t>(size, 6000);
     data[random() % range] = random() % 2 == 0 ? static_cast<std::uint8_t>(random()) : kExtremes[random() % 5];
   }

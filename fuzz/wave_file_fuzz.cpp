@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Any bytes as a sound file: recognising, reading, loading into a slot, decoding. Besides what the sanitizers see it
-// holds that a sound that was read is inside the file, that nothing larger than the file is allocated, and that a load
-// leaves its slot either loaded or empty.
+// Fuzzes the readers of sound files: recognition, reading, loading into a slot, decoding. In addition to the sanitizers
+// it checks that samples are inside the file, that nothing larger than the file is allocated, and that a load leaves
+// its slot either loaded or empty.
 
 #include <cstdint>
 #include <cstdlib>
@@ -22,11 +22,11 @@ namespace {
 
 using namespace tonalith;  // NOLINT(google-build-using-namespace)
 
-void Demand(bool holds) {
-  if (!holds) std::abort();
+void Demand(bool condition) {
+  if (!condition) std::abort();
 }
 
-/// The bytes that libFuzzer owns, as a file.
+/// A file over the bytes that libFuzzer owns.
 class BorrowedFile : public platform::InputFile {
  public:
   explicit BorrowedFile(std::span<const std::byte> bytes) : bytes_(bytes) {}
@@ -49,7 +49,7 @@ class BorrowedFile : public platform::InputFile {
   std::uint64_t position_ = 0;
 };
 
-/// Plays what the real layer plays and drops it.
+/// Decodes the sounds that the real output accepts, and drops them.
 class DecodingOutput : public platform::WaveOutput {
  public:
   platform::WaveHandle Open(const platform::WaveFormat& format, platform::WindowHandle /*target*/) override {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The small help file that the build compiles out of tests/help/book, its sources, and books made of texts without any
-// file. Throws std::runtime_error when a file is not there.
+// The small help file that the build compiles from tests/help/book, its sources, and helpers for books in memory.
+// Throws std::runtime_error if a file is missing.
 
 #pragma once
 
@@ -26,7 +26,7 @@ inline std::string BytesOf(const std::string& path) {
   return bytes.str();
 }
 
-/// One of the files that the help file is compiled from.
+/// Content of a source file of the help file.
 inline std::string SourceOf(const std::string& name) {
   return BytesOf(std::string(TONALITH_SOURCE_DIR) + "/tests/help/book/" + name);
 }

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Help files that somebody has damaged or made up: each is read within the limits or refused, and whatever the reading
-// does, this program lives on.
+// Damaged and crafted help files: each is read within the limits or refused, and the program survives.
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -27,7 +26,7 @@ constexpr sandbox::Limits kShortLimits{2s, 3s, std::uint64_t{64} << 20};
 
 class DamagedChm : public testing::Test {
  protected:
-  /// Reads the bytes as a help file and, where that succeeds, every page, list and picture in it.
+  /// Reads the bytes as a help file and, on success, all its pages, lists and pictures.
   bool Opens(const std::string& bytes) { return OpensFile(folder_.Write("damaged.chm", bytes)); }
 
   bool OpensFile(const std::string& path) {
@@ -51,10 +50,10 @@ class DamagedChm : public testing::Test {
   const std::string whole_ = BytesOf(BookPath());
 };
 
-TEST_F(DamagedChm, WholeFileOpens) { EXPECT_TRUE(Opens(whole_)); }
+TEST_F(DamagedChm, CompleteFileOpens) { EXPECT_TRUE(Opens(whole_)); }
 
-TEST_F(DamagedChm, TruncatedAnywhereItIsRefused) {
-  // The very end may belong to no object that a window reads; then all of them are there.
+TEST_F(DamagedChm, TruncatedFileIsRefused) {
+  // The last bytes may not belong to any object that is read; then all objects must be complete.
   constexpr std::size_t kStep = 50;
   std::size_t longestRefused = 0;
   for (std::size_t size = 0; size < whole_.size(); size += kStep) {
@@ -80,12 +79,12 @@ TEST_F(DamagedChm, NoiseIsRefused) {
     std::string noise(4096, '\0');
     for (char& c : noise) c = static_cast<char>(random());
     EXPECT_FALSE(Opens(noise));
-    // With the beginning of a help file it has to be looked at.
+    // With the header of a help file the reader does not stop at the signature.
     EXPECT_FALSE(Opens(whole_.substr(0, 96) + noise));
   }
 }
 
-TEST_F(DamagedChm, FolderAndPipeAreRefusedAtOnce) {
+TEST_F(DamagedChm, FolderAndPipeAreRefused) {
   EXPECT_FALSE(OpensFile(folder_.Path().string()));
   const std::string pipe = folder_ / "pipe";
   ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
@@ -100,9 +99,8 @@ TEST_F(DamagedChm, HugeSparseFileIsRefused) {
   EXPECT_FALSE(OpensFile(path));
 }
 
-/// Whatever a number in the file says, it is not believed: each group of four bytes of the headers and of the list of
-/// objects becomes all ones, then all zeroes.
-TEST_F(DamagedChm, NoNumberOfTheHeadersIsBelieved) {
+/// Sets each group of four bytes of the headers and of the object list to all ones, then to all zeros.
+TEST_F(DamagedChm, NumbersInTheHeadersAreValidated) {
   const std::size_t list = whole_.find("PMGL");
   ASSERT_NE(list, std::string::npos);
   for (std::size_t at = 0; at < list + 60; at += 4) {
@@ -114,8 +112,8 @@ TEST_F(DamagedChm, NoNumberOfTheHeadersIsBelieved) {
   }
 }
 
-/// The list of objects says of its only block that another one follows: itself.
-TEST_F(DamagedChm, ListThatNeverEndsIsRefused) {
+/// The only block of the object list names itself as the next block.
+TEST_F(DamagedChm, EndlessObjectListIsRefused) {
   std::string damaged = whole_;
   const std::size_t list = damaged.find("PMGL");
   ASSERT_NE(list, std::string::npos);
@@ -126,7 +124,7 @@ TEST_F(DamagedChm, ListThatNeverEndsIsRefused) {
 
 class MutatedChm : public DamagedChm, public testing::WithParamInterface<unsigned> {};
 
-/// Two thousand files altogether, the same ones each time.
+/// Two thousand files in total, the same in every run.
 TEST_P(MutatedChm, IsReadOrRefused) {
   constexpr int kFiles = 250;
   std::mt19937 random(GetParam());

@@ -17,7 +17,7 @@ namespace {
 
 using testing::HasSubstr;
 
-TEST(ChmFile, GivesEveryObjectByteForByte) {
+TEST(ChmFile, ReturnsEveryObjectUnchanged) {
   const ChmObjects objects = ReadChmFile(BookPath());
   for (const char* const name : {"welcome.html", "strings.html", "chords/open.html", "look.css", "picture.png",
                                  "contents.hhc", "keywords.hhk"}) {
@@ -27,7 +27,7 @@ TEST(ChmFile, GivesEveryObjectByteForByte) {
   }
 }
 
-TEST(ChmFile, GivesTheSettingsAndNothingElseOfTheCompilers) {
+TEST(ChmFile, ReturnsOnlyTheSettingsOfTheCompilersObjects) {
   const ChmObjects objects = ReadChmFile(BookPath());
   EXPECT_TRUE(objects.contains("/#SYSTEM"));
   for (const auto& [path, bytes] : objects) {
@@ -45,7 +45,7 @@ TEST(ChmFile, FailureNamesTheFile) {
   }
 }
 
-/// A stream in letters: O or E for the marks, <5> for a length, all else as it is.
+/// A stream written as text: O or E for the markers, <5> for a length, all else unchanged.
 std::string Stream(const std::string& letters) {
   std::string bytes;
   for (std::size_t at = 0; at < letters.size(); ++at) {
@@ -61,11 +61,11 @@ std::string Stream(const std::string& letters) {
   return bytes;
 }
 
-/// Read in pieces of `piece` bytes.
-ChmObjects ReadText(const std::string& bytes, std::size_t piece = 3) {
+/// Reads the stream in chunks of `chunk` bytes.
+ChmObjects ReadText(const std::string& bytes, std::size_t chunk = 3) {
   std::size_t at = 0;
   return ReadChmStream([&](std::span<std::uint8_t> buffer) {
-    const std::size_t size = std::min({piece, buffer.size(), bytes.size() - at});
+    const std::size_t size = std::min({chunk, buffer.size(), bytes.size() - at});
     std::copy_n(bytes.begin() + static_cast<std::ptrdiff_t>(at), size, buffer.begin());
     at += size;
     return size;
@@ -81,13 +81,13 @@ void ExpectDamaged(const std::string& letters) {
   }
 }
 
-TEST(ChmStream, GivesObjectsInPiecesOfAnySize) {
+TEST(ChmStream, ReadsObjectsInChunksOfAnySize) {
   const std::string bytes = Stream("O<2><5>/ahelloO<3><0>/bcE");
   const ChmObjects expected{{"/a", "hello"}, {"/bc", ""}};
-  for (const std::size_t piece : {1U, 2U, 7U, 1000U}) EXPECT_EQ(ReadText(bytes, piece), expected);
+  for (const std::size_t chunk : {1U, 2U, 7U, 1000U}) EXPECT_EQ(ReadText(bytes, chunk), expected);
 }
 
-TEST(ChmStream, WithoutAnEndIsDamaged) {
+TEST(ChmStream, WithoutAnEndMarkerIsDamaged) {
   ExpectDamaged("");
   ExpectDamaged("O<2><5>/ahello");
   ExpectDamaged("O<2><5>/ahel");
@@ -96,26 +96,26 @@ TEST(ChmStream, WithoutAnEndIsDamaged) {
   ExpectDamaged("O");
 }
 
-TEST(ChmStream, WithAnUnknownMarkIsDamaged) {
+TEST(ChmStream, WithAnUnknownMarkerIsDamaged) {
   ExpectDamaged("X");
   ExpectDamaged("O<2><1>/axQ");
 }
 
-TEST(ChmStream, LengthsBeyondTheLimitsAreDamage) {
+TEST(ChmStream, LengthsAboveTheLimitsAreDamage) {
   ExpectDamaged("O<1025><1>/a");
   ExpectDamaged("O<2><33554433>/a");
   ExpectDamaged("O<18446744073709551615><1>/a");
   ExpectDamaged("O<2><18446744073709551615>/a");
 }
 
-TEST(ChmStream, ObjectsTogetherMayNotBeMoreThanTheContent) {
+TEST(ChmStream, TotalSizeOfObjectsIsLimited) {
   const std::string object = Stream("O<2><33554432>/a") + std::string(kLargestChmObject, 'x');
   EXPECT_NO_THROW(ReadText(object + object + "E", 1U << 16U));
   EXPECT_THROW(ReadText(object + object + Stream("O<2><1>/bxE"), 1U << 16U), core::Failure);
 }
 
-TEST(ChmStream, PromisedBytesThatNeverComeAreNotAllocated) {
-  // A hundred promises of 32 million bytes each would be seen in the memory of the test.
+TEST(ChmStream, ClaimedBytesAreNotAllocated) {
+  // A hundred claims of 32 MiB each would exceed the memory of the test.
   for (int i = 0; i < 100; ++i) ExpectDamaged("O<2><33554432>/ax");
 }
 

@@ -8,7 +8,7 @@
 namespace tonalith::help {
 namespace {
 
-TEST(HelpAddress, SchemesStandBeforeAColon) {
+TEST(HelpAddress, SchemeIsTheTextBeforeTheColon) {
   EXPECT_EQ(SchemeOf("HTTPS://tonalith.example"), "https");
   EXPECT_EQ(SchemeOf("mailto:x@y"), "mailto");
   EXPECT_EQ(SchemeOf("page.html#a:b"), "");
@@ -16,7 +16,7 @@ TEST(HelpAddress, SchemesStandBeforeAColon) {
   EXPECT_EQ(SchemeOf("page.html"), "");
 }
 
-TEST(HelpAddress, PathsAreSeenFromTheirPage) {
+TEST(HelpAddress, PathsAreRelativeToTheirPage) {
   EXPECT_EQ(ResolvedPath("/a/b.html", "c.html"), "/a/c.html");
   EXPECT_EQ(ResolvedPath("/a/b.html", "../c.html"), "/c.html");
   EXPECT_EQ(ResolvedPath("/a/b.html", "/c/./d.html"), "/c/d.html");
@@ -25,14 +25,14 @@ TEST(HelpAddress, PathsAreSeenFromTheirPage) {
   EXPECT_EQ(ResolvedPath("", ""), "/");
 }
 
-TEST(HelpAddress, PercentSignsAreResolved) {
+TEST(HelpAddress, PercentEncodingIsResolved) {
   EXPECT_EQ(PercentDecoded("a%20b%2Fc"), "a b/c");
   EXPECT_EQ(PercentDecoded("50%"), "50%");
   EXPECT_EQ(PercentDecoded("%4"), "%4");
   EXPECT_EQ(PercentDecoded("%zz"), "%zz");
 }
 
-TEST(HelpAddress, FormsThatNameTheFileAreCutToTheirPath) {
+TEST(HelpAddress, FormsWithAFileNameAreReducedToThePath) {
   EXPECT_EQ(WithoutStore("ms-its:TLHELP.chm::/a.html"), "/a.html");
   EXPECT_EQ(WithoutStore("mk:@MSITStore:TLHELP.chm::/a.html#b"), "/a.html#b");
   EXPECT_EQ(WithoutStore("https://x::/a"), "https://x::/a");

@@ -16,20 +16,20 @@ const HelpBook& Book() {
   return book;
 }
 
-/// Titles of the hits, in their order.
+/// Titles of the hits, in order.
 std::string Find(const char* typed) {
   QStringList titles;
   for (const SearchHit& hit : SearchPages(Book(), SearchWords(QString::fromUtf8(typed)))) titles.append(hit.title);
   return titles.join(QLatin1String(", ")).toStdString();
 }
 
-TEST(HelpSearch, FindsPagesThatHaveAllWords) {
+TEST(HelpSearch, FindsPagesWithAllWords) {
   EXPECT_EQ(Find("six"), "Strings, Notes");
   EXPECT_EQ(Find("six guitar"), "Strings");
   EXPECT_EQ(Find("six wire"), "");
 }
 
-TEST(HelpSearch, WordsMatchWhereWordsBegin) {
+TEST(HelpSearch, WordsMatchAtTheStartOfWords) {
   EXPECT_EQ(Find("string"), "Strings, Frets");
   EXPECT_EQ(Find("ring"), "");
 }
@@ -39,38 +39,38 @@ TEST(HelpSearch, CaseDoesNotMatterInAnyAlphabet) {
   EXPECT_EQ(Find("\u00E9tude"), "Frets");
 }
 
-TEST(HelpSearch, SharpsAreSearchedAsTheyAreWritten) {
+TEST(HelpSearch, SharpSignsAreSearchedLiterally) {
   EXPECT_EQ(Find("f#"), "Strings");
   EXPECT_EQ(Find("g#"), "");
 }
 
-TEST(HelpSearch, TitlesCountFirstThenNumbers) { EXPECT_EQ(Find("note"), "Notes, Strings"); }
+TEST(HelpSearch, TitleMatchesComeFirstThenTheNumberOfMatches) { EXPECT_EQ(Find("note"), "Notes, Strings"); }
 
-TEST(HelpSearch, NothingTypedFindsNothing) {
+TEST(HelpSearch, EmptyInputFindsNothing) {
   EXPECT_EQ(Find(""), "");
   EXPECT_EQ(Find("   "), "");
   EXPECT_FALSE(AnyOf({}).match(QStringLiteral("anything")).hasMatch());
 }
 
-TEST(HelpSearch, SignsOfExpressionsAreLetters) {
+TEST(HelpSearch, RegularExpressionCharactersAreLiteral) {
   EXPECT_EQ(Find(".*"), "");
   EXPECT_EQ(Find("("), "");
   EXPECT_TRUE(AnyOf({QStringLiteral("[a")}).isValid());
 }
 
-TEST(HelpSearch, WordsAreFewShortAndDifferent) {
+TEST(HelpSearch, WordsAreLimitedAndUnique) {
   EXPECT_EQ(SearchWords(QStringLiteral("a A a b c d e f g h i j k")).size(), 10);
   EXPECT_EQ(SearchWords(QString(1000, QLatin1Char('x'))).first().size(), 60);
 }
 
-TEST(HelpSearch, ExtractShowsTheWordAmongItsNeighbours) {
+TEST(HelpSearch, ExtractShowsTheWordInContext) {
   const auto hits = SearchPages(Book(), {QStringLiteral("wire")});
   ASSERT_EQ(hits.size(), 1U);
   EXPECT_EQ(hits[0].page, "/2.html");
   EXPECT_EQ(hits[0].extract, QString::fromUtf8("Fret wire stops a string at \u00C9tude speed."));
 }
 
-TEST(HelpSearch, LongTextsAreCutAtBlanksAroundTheWord) {
+TEST(HelpSearch, LongExtractsAreCutAtBlanks) {
   std::string text;
   for (int i = 0; i < 50; ++i) text += "word" + std::to_string(i) + " ";
   const HelpBook book(ChmObjects{{"/a.html", "<title>A</title><p>" + text + "</p>"}});

@@ -10,54 +10,54 @@
 namespace tonalith::help {
 namespace {
 
-/// Pieces as a line: text in quotes, +tag with its attributes, -tag.
-std::string Pieces(std::string_view markup) {
+/// Tokens as a line: text in quotes, +tag with its attributes, -tag.
+std::string Tokens(std::string_view markup) {
   std::string line;
   MarkupReader reader(markup);
-  while (const auto piece = reader.Next()) {
+  while (const auto token = reader.Next()) {
     if (!line.empty()) line += " ";
-    if (piece->kind == MarkupToken::Kind::kText) line += "'" + piece->text + "'";
-    if (piece->kind == MarkupToken::Kind::kClose) line += "-" + piece->text;
-    if (piece->kind == MarkupToken::Kind::kOpen) line += "+" + piece->text;
-    for (const auto& [name, value] : piece->attributes) line += "[" + name + "=" + value + "]";
+    if (token->kind == MarkupToken::Kind::kText) line += "'" + token->text + "'";
+    if (token->kind == MarkupToken::Kind::kClose) line += "-" + token->text;
+    if (token->kind == MarkupToken::Kind::kOpen) line += "+" + token->text;
+    for (const auto& [name, value] : token->attributes) line += "[" + name + "=" + value + "]";
   }
   return line;
 }
 
-TEST(Markup, GivesTextAndTagsInTheirOrder) {
-  EXPECT_EQ(Pieces("<P>Six <b>strings</B></p>"), "+p 'Six ' +b 'strings' -b -p");
+TEST(Markup, ReturnsTextAndTagsInOrder) {
+  EXPECT_EQ(Tokens("<P>Six <b>strings</B></p>"), "+p 'Six ' +b 'strings' -b -p");
 }
 
-TEST(Markup, TakesAttributesInEveryQuoting) {
-  EXPECT_EQ(Pieces("<a HREF=\"x y\" title='it\"s' width = 40 checked>"),
+TEST(Markup, AcceptsAttributesInEveryQuoting) {
+  EXPECT_EQ(Tokens("<a HREF=\"x y\" title='it\"s' width = 40 checked>"),
             "+a[href=x y][title=it\"s][width=40][checked=]");
-  EXPECT_EQ(Pieces("<br/><img src=a/b.png />"), "+br +img[src=a/b.png]");
+  EXPECT_EQ(Tokens("<br/><img src=a/b.png />"), "+br +img[src=a/b.png]");
 }
 
 TEST(Markup, ResolvesEntitiesInTextAndAttributes) {
-  EXPECT_EQ(Pieces("<a title='C &amp; G'>F&#35; &lt; &#x266F; &eacute;</a>"),
+  EXPECT_EQ(Tokens("<a title='C &amp; G'>F&#35; &lt; &#x266F; &eacute;</a>"),
             "+a[title=C & G] 'F# < \u266F \u00E9' -a");
 }
 
-TEST(Markup, LeavesWhatIsNoEntityAsItIs) {
-  EXPECT_EQ(Pieces("R&B & soul &unknown; &#xZZ; &"), "'R&B & soul &unknown; &#xZZ; &'");
+TEST(Markup, LeavesUnknownEntitiesUnchanged) {
+  EXPECT_EQ(Tokens("R&B & soul &unknown; &#xZZ; &"), "'R&B & soul &unknown; &#xZZ; &'");
 }
 
-TEST(Markup, TakesASignThatBeginsNoTagForText) { EXPECT_EQ(Pieces("1 < 2 <3>"), "'1 ' '< 2 ' '<3>'"); }
+TEST(Markup, TreatsAStrayLessThanAsText) { EXPECT_EQ(Tokens("1 < 2 <3>"), "'1 ' '< 2 ' '<3>'"); }
 
-TEST(Markup, LeavesOutCommentsDeclarationsScriptsAndStyles) {
-  EXPECT_EQ(Pieces("<!DOCTYPE html><!-- <p> --><?xml?>a<script>if (a<b) '</p>'</script><style>p{}</style>b"),
+TEST(Markup, SkipsCommentsDeclarationsScriptsAndStyles) {
+  EXPECT_EQ(Tokens("<!DOCTYPE html><!-- <p> --><?xml?>a<script>if (a<b) '</p>'</script><style>p{}</style>b"),
             "'a' +script -script +style -style 'b'");
 }
 
-TEST(Markup, EndsWithWhateverBreaksOff) {
+TEST(Markup, AcceptsTruncatedInput) {
   for (const char* const broken : {"<", "<a", "<a href", "<a href=", "<a href='x", "<!--", "<!", "</", "</a", "&#",
                                    "<script>alert(", "<p><", "<a =", "<a / / ="}) {
-    EXPECT_NO_THROW(Pieces(broken)) << broken;
+    EXPECT_NO_THROW(Tokens(broken)) << broken;
   }
 }
 
-TEST(Markup, PagesWithoutAnEncodingAreWestern) {
+TEST(Markup, PagesThatAreNotUtf8AreWestern) {
   EXPECT_EQ(ToUtf8("caf\xE9 \x93quoted\x94"), "caf\u00E9 \u201Cquoted\u201D");
   EXPECT_EQ(ToUtf8("\xEF\xBB\xBF"
                    "caf\u00E9"),
@@ -71,7 +71,7 @@ TEST(Markup, ControlCharactersBecomeBlanks) {
             "a b c\n");
 }
 
-TEST(Characters, TellUtf8FromWhatOnlyLooksLikeIt) {
+TEST(Characters, DistinguishUtf8FromInvalidBytes) {
   EXPECT_TRUE(IsUtf8("plain"));
   EXPECT_TRUE(IsUtf8("\u266F \U0001D11E"));
   EXPECT_FALSE(IsUtf8("\xC0\xAF"));
@@ -80,7 +80,7 @@ TEST(Characters, TellUtf8FromWhatOnlyLooksLikeIt) {
   EXPECT_FALSE(IsUtf8("\xE2\x99"));
 }
 
-TEST(Characters, NumbersThatAreNoCharacterBecomeAReplacement) {
+TEST(Characters, InvalidNumbersBecomeTheReplacementCharacter) {
   EXPECT_EQ(ResolveEntities("&#0;&#xD800;&#1114112;"), "\uFFFD\uFFFD\uFFFD");
   EXPECT_EQ(ResolveEntities("&#99999999999;"), "&#99999999999;");
 }

@@ -46,14 +46,14 @@ class HelpCommand : public testing::Test {
   tests::ScriptedHelpEngine engine_;
 };
 
-TEST_F(HelpCommand, HandsTheFullPathToTheEngineAndReadsTheLastErrorRightAfter) {
+TEST_F(HelpCommand, PassesTheFullPathAndThenReadsTheLastError) {
   const std::string path = PutHelpFile();
   Open(AppFolder());
   EXPECT_EQ(engine_.Record(), Calls(path));
   EXPECT_THAT(box_.Messages(), IsEmpty());
 }
 
-TEST_F(HelpCommand, FolderThatEndsInASeparatorDoesNotGetASecondOne) {
+TEST_F(HelpCommand, FolderThatEndsWithASeparatorGetsNoSecondOne) {
   EXPECT_EQ(HelpFilePath("/"), "/TLHELP.chm");
   EXPECT_EQ(HelpFilePath("/opt/tonalith/"), "/opt/tonalith/TLHELP.chm");
   EXPECT_EQ(HelpFilePath("/opt/tonalith"), "/opt/tonalith/TLHELP.chm");
@@ -62,30 +62,30 @@ TEST_F(HelpCommand, FolderThatEndsInASeparatorDoesNotGetASecondOne) {
   EXPECT_EQ(engine_.Record(), Calls(path));
 }
 
-TEST_F(HelpCommand, FolderWithoutANameIsTheTop) { EXPECT_EQ(HelpFilePath(""), "/TLHELP.chm"); }
+TEST_F(HelpCommand, EmptyFolderIsTheRoot) { EXPECT_EQ(HelpFilePath(""), "/TLHELP.chm"); }
 
-TEST_F(HelpCommand, MissingFileIsToldWithItsFullPath) {
+TEST_F(HelpCommand, MissingFileIsReportedWithItsFullPath) {
   Open(AppFolder());
   EXPECT_THAT(box_.Messages(), ElementsAre(MissingMessage(folder_ / "TLHELP.chm")));
   EXPECT_EQ(engine_.Record(), "");
 }
 
-TEST_F(HelpCommand, MissingFileComesBeforeTheShareThatItWouldLieOn) {
+TEST_F(HelpCommand, MissingFileIsReportedBeforeTheShare) {
   Open("/" + AppFolder());
   Open("\\\\server\\share");
   EXPECT_THAT(box_.Messages(), ElementsAre(MissingMessage("/" + (folder_ / "TLHELP.chm")),
                                            MissingMessage("\\\\server\\share/TLHELP.chm")));
 }
 
-TEST_F(HelpCommand, PathThatBeginsWithTwoSeparatorsNeverReachesTheEngine) {
+TEST_F(HelpCommand, PathWithTwoLeadingSeparatorsIsRefused) {
   static_cast<void>(PutHelpFile());
   Open("/" + AppFolder());
   EXPECT_THAT(box_.Messages(), ElementsAre(kShareMessage));
   EXPECT_EQ(engine_.Record(), "");
 }
 
-/// A folder of that name in the working directory stands for the share.
-TEST_F(HelpCommand, PathThatBeginsWithTwoBackslashesNeverReachesTheEngine) {
+/// A folder with that name in the working directory simulates the share.
+TEST_F(HelpCommand, PathWithTwoLeadingBackslashesIsRefused) {
   const std::filesystem::path before = std::filesystem::current_path();
   std::filesystem::current_path(folder_.Path());
   std::filesystem::create_directory("\\\\server\\share");
@@ -96,7 +96,7 @@ TEST_F(HelpCommand, PathThatBeginsWithTwoBackslashesNeverReachesTheEngine) {
   EXPECT_EQ(engine_.Record(), "");
 }
 
-TEST_F(HelpCommand, EngineThatGivesNoWindowIsAnApiError) {
+TEST_F(HelpCommand, NoWindowIsAnApiError) {
   engine_.Answer(platform::kNoHelpWindow, 0);
   static_cast<void>(PutHelpFile());
   Open(AppFolder());
@@ -110,33 +110,33 @@ TEST_F(HelpCommand, LastErrorIsAnApiErrorEvenWithAWindow) {
   EXPECT_THAT(box_.Messages(), ElementsAre(kApiErrorMessage));
 }
 
-TEST_F(HelpCommand, EngineThatThrowsIsAnApiErrorAndNothingElse) {
+TEST_F(HelpCommand, ExceptionOfTheEngineIsAnApiErrorOnly) {
   engine_.Break({453, "no entry point"});
   static_cast<void>(PutHelpFile());
   EXPECT_NO_THROW(Open(AppFolder()));
   EXPECT_THAT(box_.Messages(), ElementsAre(kApiErrorMessage));
 }
 
-TEST_F(HelpCommand, NothingIsTriedAgain) {
+TEST_F(HelpCommand, DoesNotRetry) {
   engine_.Answer(platform::kNoHelpWindow, 5);
   const std::string path = PutHelpFile();
   Open(AppFolder());
   EXPECT_EQ(engine_.Record(), Calls(path));
 }
 
-TEST_F(HelpCommand, FolderInTheFilesPlaceIsNoFile) {
+TEST_F(HelpCommand, FolderWithTheNameOfTheFileIsNotAFile) {
   std::filesystem::create_directory(folder_.Path() / "TLHELP.chm");
   Open(AppFolder());
   EXPECT_THAT(box_.Messages(), ElementsAre(MissingMessage(folder_ / "TLHELP.chm")));
 }
 
-TEST_F(HelpCommand, LinkToTheFileIsTheFile) {
+TEST_F(HelpCommand, LinkToTheFileIsAccepted) {
   std::filesystem::create_symlink(folder_.Write("other", "help"), folder_.Path() / "TLHELP.chm");
   Open(AppFolder());
   EXPECT_EQ(engine_.Record(), Calls(folder_ / "TLHELP.chm"));
 }
 
-TEST_F(HelpCommand, LinkToNothingIsMissing) {
+TEST_F(HelpCommand, BrokenLinkIsMissing) {
   std::filesystem::create_symlink(folder_.Path() / "gone", folder_.Path() / "TLHELP.chm");
   Open(AppFolder());
   EXPECT_THAT(box_.Messages(), ElementsAre(MissingMessage(folder_ / "TLHELP.chm")));

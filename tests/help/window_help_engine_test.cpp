@@ -26,7 +26,7 @@ class WindowHelpEngineTest : public testing::Test {
   platform::HelpWindowHandle Open(const std::string& path) {
     return engine_.HtmlHelpA(caller_.winId(), path, platform::kDisplayTopic, 0);
   }
-  /// The whole command on a folder that holds the small book.
+  /// Runs the help command on a folder with the small book.
   void OpenCommand() {
     std::filesystem::copy_file(BookPath(), folder_ / "TLHELP.chm", std::filesystem::copy_options::overwrite_existing);
     OpenHelpFile(folder_.Path().string(), box_, engine_, caller_.winId());
@@ -38,7 +38,7 @@ class WindowHelpEngineTest : public testing::Test {
   WindowHelpEngine engine_{box_, [](const QUrl&) { return true; }};
 };
 
-TEST_F(WindowHelpEngineTest, ShowsTheFileAndGivesTheWindowsHandle) {
+TEST_F(WindowHelpEngineTest, ShowsTheFileAndReturnsTheWindowsHandle) {
   const platform::HelpWindowHandle handle = Open(BookPath());
   ASSERT_NE(engine_.Window(), nullptr);
   EXPECT_EQ(handle, engine_.Window()->winId());
@@ -51,13 +51,13 @@ TEST_F(WindowHelpEngineTest, ShowsTheFileAndGivesTheWindowsHandle) {
   EXPECT_EQ(engine_.Window()->windowTitle(), QStringLiteral("A small book"));
 }
 
-TEST_F(WindowHelpEngineTest, CommandOnARealFileShowsNoMessage) {
+TEST_F(WindowHelpEngineTest, CommandOnAValidFileShowsNoMessage) {
   OpenCommand();
   EXPECT_THAT(box_.Messages(), IsEmpty());
   ASSERT_NE(engine_.Window(), nullptr);
 }
 
-TEST_F(WindowHelpEngineTest, OpeningAgainBringsTheSameWindowBackToTheDefaultPage) {
+TEST_F(WindowHelpEngineTest, OpeningAgainShowsTheDefaultPageInTheSameWindow) {
   OpenCommand();
   frmHelp* const window = engine_.Window();
   QTest::keyClick(window, Qt::Key_F, Qt::ControlModifier);
@@ -71,11 +71,11 @@ TEST_F(WindowHelpEngineTest, OpeningAgainBringsTheSameWindowBackToTheDefaultPage
   EXPECT_FALSE(window->findChild<QWidget*>(QStringLiteral("cmdBack"))->isEnabled());
 }
 
-TEST_F(WindowHelpEngineTest, ClosedWindowIsGoneAndTheNextOneRemembersNothing) {
+TEST_F(WindowHelpEngineTest, NewWindowAfterClosingHasTheInitialState) {
   OpenCommand();
   engine_.Window()->Page()->ZoomBy(4);
   engine_.Window()->close();
-  // Even before the closed one is deleted.
+  // Even before the closed window is deleted.
   OpenCommand();
   EXPECT_TRUE(engine_.Window()->isVisible());
   EXPECT_DOUBLE_EQ(engine_.Window()->Page()->Zoom(), 1);
@@ -84,7 +84,7 @@ TEST_F(WindowHelpEngineTest, ClosedWindowIsGoneAndTheNextOneRemembersNothing) {
   EXPECT_EQ(engine_.Window(), nullptr);
 }
 
-TEST_F(WindowHelpEngineTest, WindowGoesWithItsCaller) {
+TEST_F(WindowHelpEngineTest, WindowIsDestroyedWithItsCaller) {
   auto caller = std::make_unique<QWidget>();
   engine_.HtmlHelpA(caller->winId(), BookPath(), platform::kDisplayTopic, 0);
   ASSERT_NE(engine_.Window(), nullptr);
@@ -92,7 +92,7 @@ TEST_F(WindowHelpEngineTest, WindowGoesWithItsCaller) {
   EXPECT_EQ(engine_.Window(), nullptr);
 }
 
-TEST_F(WindowHelpEngineTest, UnknownCallerStillGetsTheHelp) {
+TEST_F(WindowHelpEngineTest, UnknownCallerIsAccepted) {
   EXPECT_NE(engine_.HtmlHelpA(0, BookPath(), platform::kDisplayTopic, 0), platform::kNoHelpWindow);
   delete engine_.Window();
 }
@@ -103,7 +103,7 @@ TEST_F(WindowHelpEngineTest, OtherCommandsAreRefused) {
   EXPECT_EQ(engine_.Window(), nullptr);
 }
 
-TEST_F(WindowHelpEngineTest, DamagedFilesGiveAnApiErrorEachAndNoWindow) {
+TEST_F(WindowHelpEngineTest, DamagedFilesGiveAnApiErrorAndNoWindow) {
   const std::string whole = BytesOf(BookPath());
   int files = 0;
   for (const std::string& bytes : {std::string(), std::string("no help"), std::string(100'000, 'x'),
@@ -118,7 +118,7 @@ TEST_F(WindowHelpEngineTest, DamagedFilesGiveAnApiErrorEachAndNoWindow) {
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(WindowHelpEngineTest, FileThatIsDamagedLaterLeavesTheOpenWindowAsItIs) {
+TEST_F(WindowHelpEngineTest, FileDamagedLaterLeavesTheOpenWindowUnchanged) {
   OpenCommand();
   engine_.Window()->Page()->LinkChosen("strings.html");
   static_cast<void>(folder_.Write("TLHELP.chm", "no help any more"));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The checks of the folder of the help.
+// The checks of the help folder.
 
 #include <algorithm>
 #include <cctype>
@@ -14,7 +14,7 @@ namespace {
 
 using Faults = std::vector<std::string>;
 
-/// Whether the target, written in `topic`, is there; if not, why.
+/// Why the target of a link in `topic` does not exist; empty if it exists.
 std::string WhyMissing(const HelpFolder& help, const std::string& topic, const std::string& target) {
   if (target.find(':') != std::string::npos) return "leads outside";
   const std::size_t hash = target.find('#');
@@ -32,10 +32,10 @@ std::string WhyMissing(const HelpFolder& help, const std::string& topic, const s
 
 std::string FirstText(const Markup& topic, std::string_view element) {
   const std::vector<Element> found = topic.Named(element);
-  return found.empty() ? std::string() : AsRead(found.front().text);
+  return found.empty() ? std::string() : AsDisplayed(found.front().text);
 }
 
-std::string InSmallLetters(std::string text) {
+std::string ToLowerCase(std::string text) {
   std::transform(text.begin(), text.end(), text.begin(),
                  [](char c) { return static_cast<char>(std::tolower(static_cast<unsigned char>(c))); });
   return text;
@@ -153,7 +153,7 @@ Faults IndexFaults(const HelpFolder& help) {
   for (const SiteEntry& entry : help.index) {
     const std::string why = WhyMissing(help, {}, entry.target);
     if (!why.empty()) faults.push_back(FaultOf("index.hhk", {entry.name, ": ", why}));
-    const std::string name = InSmallLetters(entry.name);
+    const std::string name = ToLowerCase(entry.name);
     if (name <= previous) faults.push_back(FaultOf("index.hhk", {entry.name, " does not stand in order"}));
     previous = name;
   }

@@ -87,7 +87,7 @@ std::string HelpFolder::Option(std::string_view name) const {
 
 std::set<std::string> HelpFolder::QuotedIn(const std::string& topic, std::string_view className) const {
   std::set<std::string> quoted;
-  for (const Element& span : topics.at(topic).Of("span", className)) quoted.insert(AsRead(span.text));
+  for (const Element& span : topics.at(topic).Of("span", className)) quoted.insert(AsDisplayed(span.text));
   return quoted;
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The source of the help in memory: its topics, its project, contents and index files, its table of pictures. Read once
-// from a folder; a file that is missing throws std::runtime_error with its name. Beside it the checks that need nothing
-// but that folder. Each gives one line of text for each fault; no line means that all is well.
+// The source of the help in memory: topics, project, contents and index files, and the table of pictures. Throws
+// std::runtime_error with the name of a missing file. The checks below need only this folder; each returns one line per
+// fault.
 
 #pragma once
 
@@ -25,7 +25,7 @@ struct SiteEntry {
 };
 
 struct HelpFolder {
-  /// Topics by the name of their file.
+  /// By file name.
   std::map<std::string, Markup> topics;
   std::map<std::string, std::string> topicTexts;
   /// The lines of the project file, by section.
@@ -40,29 +40,28 @@ struct HelpFolder {
   /// content/help of the project.
   static const HelpFolder& Shipped();
 
-  /// The value of a line "name=value" among the options of the project.
+  /// The value of the line "name=value" in the options of the project.
   [[nodiscard]] std::string Option(std::string_view name) const;
-  /// What the spans of that class quote, in all topics or in one, with the topic that does.
+  /// The texts in spans of that class, in all topics (with the topic) or in one.
   [[nodiscard]] std::map<std::string, std::string> Quoted(std::string_view className) const;
   [[nodiscard]] std::set<std::string> QuotedIn(const std::string& topic, std::string_view className) const;
 };
 
-/// One line about a file: its name, a colon, and the words one behind the other.
+/// A line about a file: its name, a colon, and the joined words.
 std::string FaultOf(std::string_view file, std::initializer_list<std::string_view> words);
 
-/// Tags that are not balanced, and topics without licence, encoding, style sheet, or with a title that is not their
-/// heading.
+/// Unbalanced tags, and topics without licence, encoding or style sheet, or whose title differs from the heading.
 std::vector<std::string> TopicFaults(const HelpFolder& help);
-/// Links to topics and places that are not there, or that lead outside.
+/// Links to missing topics or anchors, and external links.
 std::vector<std::string> LinkFaults(const HelpFolder& help);
-/// Pictures that the table does not have, of another width than it says, or without a word for those who cannot see
-/// them; pictures of the table that no topic shows.
+/// Pictures that are missing in the table, have another width, or have no alt text; pictures of the table that no topic
+/// shows.
 std::vector<std::string> PictureFaults(const HelpFolder& help);
-/// Files that the project does not list, or lists without need, and options that name no such file.
+/// Files missing in the project, superfluous or repeated files, and invalid options.
 std::vector<std::string> ProjectFaults(const HelpFolder& help);
-/// Topics that the contents leave out, show twice or under another name than their own.
+/// Topics that are missing in the contents, repeated, or have another title.
 std::vector<std::string> ContentsFaults(const HelpFolder& help);
-/// Entries that lead nowhere, stand twice or out of order.
+/// Entries without target, repeated entries, and entries out of order.
 std::vector<std::string> IndexFaults(const HelpFolder& help);
 
 }  // namespace tonalith::help_text

@@ -15,14 +15,14 @@ using ::testing::SizeIs;
 
 using Faults = std::vector<std::string>;
 
-TEST(Help, ItsTopicsAreWellFormed) { EXPECT_THAT(TopicFaults(HelpFolder::Shipped()), IsEmpty()); }
-TEST(Help, EveryLinkLeadsToATopicAndAPlace) { EXPECT_THAT(LinkFaults(HelpFolder::Shipped()), IsEmpty()); }
-TEST(Help, EveryPictureIsInTheTableAndIsShown) { EXPECT_THAT(PictureFaults(HelpFolder::Shipped()), IsEmpty()); }
-TEST(Help, TheProjectListsAllOfItsFiles) { EXPECT_THAT(ProjectFaults(HelpFolder::Shipped()), IsEmpty()); }
-TEST(Help, TheContentsShowEveryTopicUnderItsTitle) { EXPECT_THAT(ContentsFaults(HelpFolder::Shipped()), IsEmpty()); }
-TEST(Help, TheIndexStandsInOrderAndLeadsSomewhere) { EXPECT_THAT(IndexFaults(HelpFolder::Shipped()), IsEmpty()); }
+TEST(Help, TopicsAreWellFormed) { EXPECT_THAT(TopicFaults(HelpFolder::Shipped()), IsEmpty()); }
+TEST(Help, EveryLinkHasATopicAndAnAnchor) { EXPECT_THAT(LinkFaults(HelpFolder::Shipped()), IsEmpty()); }
+TEST(Help, EveryPictureIsInTheTableAndShown) { EXPECT_THAT(PictureFaults(HelpFolder::Shipped()), IsEmpty()); }
+TEST(Help, ProjectListsAllFiles) { EXPECT_THAT(ProjectFaults(HelpFolder::Shipped()), IsEmpty()); }
+TEST(Help, ContentsListEveryTopicWithItsTitle) { EXPECT_THAT(ContentsFaults(HelpFolder::Shipped()), IsEmpty()); }
+TEST(Help, IndexIsSortedAndHasTargets) { EXPECT_THAT(IndexFaults(HelpFolder::Shipped()), IsEmpty()); }
 
-TEST(Help, IsReallyRead) {
+TEST(Help, IsRead) {
   const HelpFolder& help = HelpFolder::Shipped();
   EXPECT_THAT(help.topics, SizeIs(::testing::Ge(18U)));
   EXPECT_THAT(help.index, SizeIs(::testing::Ge(100U)));
@@ -31,7 +31,7 @@ TEST(Help, IsReallyRead) {
   EXPECT_FALSE(help.topics.at("window.html").Named("a").empty());
 }
 
-/// A help of two topics in which everything is right, but for one piece of text that is replaced by another.
+/// A valid help of two topics, with one part of the text replaced.
 class SmallHelp {
  public:
   SmallHelp(std::string_view piece, std::string_view other) : tree_(Text(piece, other)) {}
@@ -74,37 +74,37 @@ Faults AllFaults(std::string_view piece, std::string_view other) {
   return all;
 }
 
-TEST(HelpChecks, FindNothingWhereAllIsWell) { EXPECT_THAT(AllFaults("", ""), IsEmpty()); }
+TEST(HelpChecks, FindNothingInAValidHelp) { EXPECT_THAT(AllFaults("", ""), IsEmpty()); }
 
-TEST(HelpChecks, FindTagsThatAreNotBalanced) {
+TEST(HelpChecks, FindUnbalancedTags) {
   EXPECT_THAT(AllFaults("E</p>", "E"),
               ElementsAre("b.html: </body> where <p> is open", "b.html: </html> where <p> is open",
                           "b.html: <html> is not closed", "b.html: <body> is not closed", "b.html: <p> is not closed"));
   EXPECT_THAT(AllFaults("</object>", ""), Contains("contents.hhc: <object> is not closed"));
 }
 
-TEST(HelpChecks, FindAttributesAndEntitiesThatAreNotWellFormed) {
+TEST(HelpChecks, FindInvalidAttributesAndEntities) {
   EXPECT_THAT(AllFaults("<p>E", "<p class=x>E"),
               ElementsAre("b.html: <p class=x> has an attribute that is not well formed"));
   EXPECT_THAT(AllFaults("<p>E", "<p>E & A"), ElementsAre("b.html: unknown entity & A"));
   EXPECT_THAT(AllFaults("<p>E", "<p>E > A"), ElementsAre("b.html: a bare > in the text"));
 }
 
-TEST(HelpChecks, FindWhatATopicsHeadLacks) {
+TEST(HelpChecks, FindMissingPartsOfATopicsHead) {
   EXPECT_THAT(AllFaults("SPDX-License-Identifier: CC0-1.0\n", ""), ElementsAre("a.html: no licence at the top"));
   EXPECT_THAT(AllFaults("charset=utf-8", "charset=latin1"), ElementsAre("a.html: no encoding"));
   EXPECT_THAT(AllFaults("<link rel=\"stylesheet\" href=\"tonalith.css\">", ""), ElementsAre("a.html: no style sheet"));
   EXPECT_THAT(AllFaults("<h1>Frets", "<h1>Fret"), ElementsAre("a.html: title and heading differ"));
 }
 
-TEST(HelpChecks, FindLinksThatLeadNowhereOrOutside) {
+TEST(HelpChecks, FindBrokenAndExternalLinks) {
   EXPECT_THAT(AllFaults("b.html#low", "b.html#high"), ElementsAre("a.html: b.html#high: there is no such place"));
   EXPECT_THAT(AllFaults("b.html#low", "c.html"), ElementsAre("a.html: c.html: there is no such topic"));
   EXPECT_THAT(AllFaults("b.html#low", "#low"), ElementsAre("a.html: #low: there is no such place"));
   EXPECT_THAT(AllFaults("b.html#low", "mailto:a"), ElementsAre("a.html: mailto:a: leads outside"));
 }
 
-TEST(HelpChecks, FindPicturesThatAreNotInTheTable) {
+TEST(HelpChecks, FindPicturesMissingInTheTable) {
   EXPECT_THAT(
       AllFaults("src=\"pictures/neck.png\"", "src=\"pictures/deck.png\""),
       ElementsAre("a.html: pictures/deck.png: there is no such picture", "pictures.tsv: neck is shown nowhere"));
@@ -113,7 +113,7 @@ TEST(HelpChecks, FindPicturesThatAreNotInTheTable) {
   EXPECT_THAT(AllFaults("neck\t640\n", "neck\t640\nnut\t20\n"), Contains("pictures.tsv: nut is shown nowhere"));
 }
 
-TEST(HelpChecks, FindWhatTheProjectLeavesOutOrInvents) {
+TEST(HelpChecks, FindMissingAndSuperfluousProjectEntries) {
   EXPECT_THAT(AllFaults("[FILES]\na.html\n", "[FILES]\n"), ElementsAre("tonalith.hhp: a.html is not listed"));
   EXPECT_THAT(AllFaults("[FILES]\n", "[FILES]\nb.html\n"), ElementsAre("tonalith.hhp: b.html is listed twice"));
   EXPECT_THAT(AllFaults("[FILES]\n", "[FILES]\nc.html\n"), ElementsAre("tonalith.hhp: c.html is not part of the help"));
@@ -123,7 +123,7 @@ TEST(HelpChecks, FindWhatTheProjectLeavesOutOrInvents) {
   EXPECT_THAT(AllFaults("topic=a.html", "topic=c.html"), ElementsAre("tonalith.hhp: no default topic"));
 }
 
-TEST(HelpChecks, FindWhatTheContentsLeaveOutOrRename) {
+TEST(HelpChecks, FindMissingAndRenamedContentsEntries) {
   const std::string entry =
       "<object><param name=\"Name\" value=\"Strings\"><param name=\"Local\" value=\"b.html\"></object>\n";
   EXPECT_THAT(AllFaults(entry, ""), ElementsAre("contents.hhc: b.html stands 0 times"));
@@ -134,7 +134,7 @@ TEST(HelpChecks, FindWhatTheContentsLeaveOutOrRename) {
               ElementsAre("contents.hhc: c.html: there is no such topic", "contents.hhc: b.html stands 0 times"));
 }
 
-TEST(HelpChecks, FindIndexEntriesThatLeadNowhereOrStandOutOfOrder) {
+TEST(HelpChecks, FindIndexEntriesWithoutTargetOrOutOfOrder) {
   EXPECT_THAT(AllFaults("value=\"b.html#low\"", "value=\"b.html#lower\""),
               ElementsAre("index.hhk: low string: there is no such place"));
   EXPECT_THAT(AllFaults("value=\"low string\"", "value=\"fret\""),

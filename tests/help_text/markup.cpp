@@ -110,7 +110,7 @@ class Reader {
   }
 
   std::string_view rest_;
-  /// Indexes of the elements that are open, the outermost first.
+  /// Indexes of the open elements, the outermost first.
   std::vector<std::size_t> open_;
   Markup markup_;
 };

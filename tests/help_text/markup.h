@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// HTML as the tests of the help see it: elements with their attributes and text, and what is wrong with the tags. Every
-// tag but the empty ones has to be closed in order, and every attribute has to be quoted. Reads any text to its end;
-// plain values.
+// A strict HTML parser for the tests of the help: elements with attributes and text, and the faults of the tags. Every
+// non-empty element must be closed in order, and every attribute must be quoted. Accepts any text.
 
 #pragma once
 
@@ -17,10 +16,10 @@ namespace tonalith::help_text {
 struct Element {
   std::string name;
   std::map<std::string, std::string> attributes;
-  /// All text inside, entities resolved.
+  /// All text inside, with entities resolved.
   std::string text;
 
-  /// Empty when there is none of that name.
+  /// Empty if there is no such attribute.
   [[nodiscard]] std::string Attribute(const std::string& attribute) const;
 };
 

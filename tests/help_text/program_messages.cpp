@@ -17,23 +17,29 @@ namespace {
 using Tokens = std::vector<SourceToken>;
 using Names = std::set<std::string>;
 
-/// From one token up to, and without, another.
-struct Stretch {
+/// The tokens from `begin` up to, excluding, `end`.
+struct TokenRange {
   const Tokens* tokens;
   std::size_t begin;
   std::size_t end;
 };
 
-bool IsMark(const Tokens& tokens, std::size_t at, char mark) { return at < tokens.size() && tokens[at].IsMark(mark); }
+bool IsPunctuation(const Tokens& tokens, std::size_t at, char character) {
+  return at < tokens.size() && tokens[at].IsPunctuation(character);
+}
 bool IsWord(const Tokens& tokens, std::size_t at) {
   return at < tokens.size() && tokens[at].kind == SourceToken::Kind::kWord;
 }
 
-bool Opens(const SourceToken& token) { return token.IsMark('(') || token.IsMark('{') || token.IsMark('['); }
-bool Closes(const SourceToken& token) { return token.IsMark(')') || token.IsMark('}') || token.IsMark(']'); }
+bool Opens(const SourceToken& token) {
+  return token.IsPunctuation('(') || token.IsPunctuation('{') || token.IsPunctuation('[');
+}
+bool Closes(const SourceToken& token) {
+  return token.IsPunctuation(')') || token.IsPunctuation('}') || token.IsPunctuation(']');
+}
 
-/// What stands between the bracket at `open` and the one that closes it.
-Stretch Group(const Tokens& tokens, std::size_t open) {
+/// The tokens between the bracket at `open` and its closing bracket.
+TokenRange Group(const Tokens& tokens, std::size_t open) {
   int depth = 0;
   std::size_t at = open;
   for (; at < tokens.size(); ++at) {
@@ -43,40 +49,40 @@ Stretch Group(const Tokens& tokens, std::size_t open) {
   return {&tokens, open + 1, at};
 }
 
-/// From `begin` to the semicolon of the statement, or to the end of the brackets that it stands in.
-Stretch Statement(const Tokens& tokens, std::size_t begin) {
+/// From `begin` to the semicolon of the statement, or to the end of the enclosing brackets.
+TokenRange Statement(const Tokens& tokens, std::size_t begin) {
   int depth = 0;
   std::size_t at = begin;
   for (; at < tokens.size(); ++at) {
     if (Opens(tokens[at])) ++depth;
     if (Closes(tokens[at]) && --depth < 0) break;
-    if (depth == 0 && tokens[at].IsMark(';')) break;
+    if (depth == 0 && tokens[at].IsPunctuation(';')) break;
   }
   return {&tokens, begin, at};
 }
 
 bool IsFailureType(const SourceToken& token) { return token.IsWord("Failure") || token.IsWord("Problem"); }
 
-/// The index of a function's name behind its result type (a class's name may stand before it), or 0.
-std::size_t NameBehind(const Tokens& tokens, std::size_t type) {
+/// The index of a function's name after its result type (with an optional class name), or 0.
+std::size_t NameAfter(const Tokens& tokens, std::size_t type) {
   std::size_t at = type + 1;
-  while (IsWord(tokens, at) && IsMark(tokens, at + 1, ':') && IsMark(tokens, at + 2, ':')) at += 3;
-  return IsWord(tokens, at) && IsMark(tokens, at + 1, '(') ? at : 0;
+  while (IsWord(tokens, at) && IsPunctuation(tokens, at + 1, ':') && IsPunctuation(tokens, at + 2, ':')) at += 3;
+  return IsWord(tokens, at) && IsPunctuation(tokens, at + 1, '(') ? at : 0;
 }
 
-/// Behind [[noreturn]]: the function never gives anything back, so it throws.
+/// The index of the name of a [[noreturn]] function, which must throw, or 0.
 std::size_t NameOfThrower(const Tokens& tokens, std::size_t word) {
   std::size_t at = word + 1;
-  while (at < tokens.size() && !tokens[at].IsMark('(') && !tokens[at].IsMark(';')) ++at;
-  return IsMark(tokens, at, '(') ? at - 1 : 0;
+  while (at < tokens.size() && !tokens[at].IsPunctuation('(') && !tokens[at].IsPunctuation(';')) ++at;
+  return IsPunctuation(tokens, at, '(') ? at - 1 : 0;
 }
 
-/// The names of all functions whose arguments end up in a failure.
+/// The names of all functions whose arguments become part of a failure.
 Names FailureMakers(const Sources& sources) {
   Names makers{"Failure"};
   for (const auto& [path, tokens] : sources) {
     for (std::size_t at = 0; at < tokens.size(); ++at) {
-      const std::size_t name = IsFailureType(tokens[at])       ? NameBehind(tokens, at)
+      const std::size_t name = IsFailureType(tokens[at])       ? NameAfter(tokens, at)
                                : tokens[at].IsWord("noreturn") ? NameOfThrower(tokens, at)
                                                                : 0;
       if (name != 0) makers.insert(tokens[name].text);
@@ -90,18 +96,20 @@ bool IsOneOf(const std::string& name, std::initializer_list<std::string_view> be
                      [&](std::string_view beginning) { return name.starts_with(beginning); });
 }
 
-/// The object that a member is called on: the word before its point or arrow, in small letters.
+/// The object of a member call: the word before "." or "->", in lower case.
 std::string ObjectOf(const Tokens& tokens, std::size_t member) {
   std::size_t at = member;
-  while (at > 0 && (tokens[at - 1].IsMark('.') || tokens[at - 1].IsMark('>') || tokens[at - 1].IsMark('-'))) --at;
+  while (at > 0 &&
+         (tokens[at - 1].IsPunctuation('.') || tokens[at - 1].IsPunctuation('>') || tokens[at - 1].IsPunctuation('-')))
+    --at;
   if (at == member || at == 0) return {};
   std::string name = tokens[at - 1].text;
   std::transform(name.begin(), name.end(), name.begin(), [](char c) { return std::tolower(c); });
   return name;
 }
 
-bool TellsTheUser(const Tokens& tokens, std::size_t at) {
-  if (!IsWord(tokens, at) || !IsMark(tokens, at + 1, '(')) return false;
+bool ShowsText(const Tokens& tokens, std::size_t at) {
+  if (!IsWord(tokens, at) || !IsPunctuation(tokens, at + 1, '(')) return false;
   const SourceToken& name = tokens[at];
   if (name.IsWord("SetMessage") || name.IsWord("SetNews") || name.IsWord("ShowLimit") || name.IsWord("ShowStatus"))
     return true;
@@ -110,54 +118,55 @@ bool TellsTheUser(const Tokens& tokens, std::size_t at) {
   return name.IsWord("setText") && IsOneOf(object, {"lblstatus", "lblmessage", "lblnotice"});
 }
 
-/// What a function gives back whose result is told: the stretches behind each `return` of its body.
-void AddReturns(const Tokens& tokens, std::size_t name, std::vector<Stretch>& told) {
+/// Adds the expressions after each `return` in the body of a function whose result is shown.
+void AddReturns(const Tokens& tokens, std::size_t name, std::vector<TokenRange>& shown) {
   std::size_t at = Group(tokens, name + 1).end + 1;
   while (IsWord(tokens, at)) ++at;
-  if (!IsMark(tokens, at, '{')) return;
-  const Stretch body = Group(tokens, at);
+  if (!IsPunctuation(tokens, at, '{')) return;
+  const TokenRange body = Group(tokens, at);
   for (std::size_t i = body.begin; i < body.end; ++i) {
-    if (tokens[i].IsWord("return")) told.push_back(Statement(tokens, i + 1));
+    if (tokens[i].IsWord("return")) shown.push_back(Statement(tokens, i + 1));
   }
 }
 
-std::vector<Stretch> ToldStretches(const Tokens& tokens, const Names& makers) {
-  std::vector<Stretch> told;
+std::vector<TokenRange> ShownRanges(const Tokens& tokens, const Names& makers) {
+  std::vector<TokenRange> shown;
   for (std::size_t at = 0; at < tokens.size(); ++at) {
     const SourceToken& token = tokens[at];
     const bool makes = token.kind == SourceToken::Kind::kWord && makers.count(token.text) != 0;
-    if (makes && (IsMark(tokens, at + 1, '(') || IsMark(tokens, at + 1, '{'))) told.push_back(Group(tokens, at + 1));
-    if (token.IsWord("throw")) told.push_back(Statement(tokens, at + 1));
-    if (TellsTheUser(tokens, at)) told.push_back(Group(tokens, at + 1));
-    const std::size_t name = IsFailureType(token) ? NameBehind(tokens, at) : 0;
-    if (name != 0) AddReturns(tokens, name, told);
+    if (makes && (IsPunctuation(tokens, at + 1, '(') || IsPunctuation(tokens, at + 1, '{')))
+      shown.push_back(Group(tokens, at + 1));
+    if (token.IsWord("throw")) shown.push_back(Statement(tokens, at + 1));
+    if (ShowsText(tokens, at)) shown.push_back(Group(tokens, at + 1));
+    const std::size_t name = IsFailureType(token) ? NameAfter(tokens, at) : 0;
+    if (name != 0) AddReturns(tokens, name, shown);
     const bool isNotice = token.IsWord("NoticeText") || token.IsWord("ChosenNotesText") || token.IsWord("ViewingHint");
-    if (isNotice && IsMark(tokens, at + 1, '(')) AddReturns(tokens, at, told);
+    if (isNotice && IsPunctuation(tokens, at + 1, '(')) AddReturns(tokens, at, shown);
   }
-  return told;
+  return shown;
 }
 
-/// Texts that a name is set to, by name.
+/// The texts assigned to each name.
 using Settings = std::map<std::string, std::vector<std::string>>;
 
-/// Whether the literal says to a translator where a text stands; the text comes after it.
+/// Whether the literal is a translation context; the text follows it.
 bool IsContext(const Tokens& tokens, std::size_t at) {
-  return at >= 2 && IsMark(tokens, at - 1, '(') &&
+  return at >= 2 && IsPunctuation(tokens, at - 1, '(') &&
          (tokens[at - 2].IsWord("translate") || tokens[at - 2].IsWord("QT_TRANSLATE_NOOP"));
 }
 
-void AddLiterals(const Stretch& stretch, std::vector<std::string>& texts) {
-  for (std::size_t at = stretch.begin; at < stretch.end; ++at) {
-    const SourceToken& token = (*stretch.tokens)[at];
-    if (token.kind == SourceToken::Kind::kLiteral && !IsContext(*stretch.tokens, at)) texts.push_back(token.text);
+void AddLiterals(const TokenRange& range, std::vector<std::string>& texts) {
+  for (std::size_t at = range.begin; at < range.end; ++at) {
+    const SourceToken& token = (*range.tokens)[at];
+    if (token.kind == SourceToken::Kind::kLiteral && !IsContext(*range.tokens, at)) texts.push_back(token.text);
   }
 }
 
 Settings SettingsOf(const Tokens& tokens) {
   Settings settings;
   for (std::size_t at = 1; at < tokens.size(); ++at) {
-    if (!tokens[at].IsMark('=') || IsMark(tokens, at + 1, '=')) continue;
-    const std::size_t name = tokens[at - 1].IsMark('+') ? at - 2 : at - 1;
+    if (!tokens[at].IsPunctuation('=') || IsPunctuation(tokens, at + 1, '=')) continue;
+    const std::size_t name = tokens[at - 1].IsPunctuation('+') ? at - 2 : at - 1;
     if (name < tokens.size() && IsWord(tokens, name)) {
       AddLiterals(Statement(tokens, at + 1), settings[tokens[name].text]);
     }
@@ -169,18 +178,19 @@ bool IsConstant(const std::string& name) {
   return name.size() > 1 && name[0] == 'k' && std::isupper(static_cast<unsigned char>(name[1])) != 0;
 }
 
-/// A name stands for its text unless something is asked or called of it.
-bool StandsForText(const Tokens& tokens, std::size_t at) {
-  return IsWord(tokens, at) && !IsMark(tokens, at + 1, '(') && !IsMark(tokens, at + 1, '.') &&
-         !IsMark(tokens, at + 1, ':') && !(IsMark(tokens, at + 1, '-') && IsMark(tokens, at + 2, '>'));
+/// Whether a name is used as a text: not called and without member access.
+bool IsTextName(const Tokens& tokens, std::size_t at) {
+  return IsWord(tokens, at) && !IsPunctuation(tokens, at + 1, '(') && !IsPunctuation(tokens, at + 1, '.') &&
+         !IsPunctuation(tokens, at + 1, ':') &&
+         !(IsPunctuation(tokens, at + 1, '-') && IsPunctuation(tokens, at + 2, '>'));
 }
 
-std::vector<std::string> TextsOf(const Stretch& stretch, const Settings& own, const Settings& all) {
+std::vector<std::string> TextsOf(const TokenRange& range, const Settings& own, const Settings& all) {
   std::vector<std::string> texts;
-  AddLiterals(stretch, texts);
-  for (std::size_t at = stretch.begin; at < stretch.end; ++at) {
-    if (!StandsForText(*stretch.tokens, at)) continue;
-    const std::string& name = (*stretch.tokens)[at].text;
+  AddLiterals(range, texts);
+  for (std::size_t at = range.begin; at < range.end; ++at) {
+    if (!IsTextName(*range.tokens, at)) continue;
+    const std::string& name = (*range.tokens)[at].text;
     const Settings& settings = IsConstant(name) ? all : own;
     const auto found = settings.find(name);
     if (found != settings.end()) texts.insert(texts.end(), found->second.begin(), found->second.end());
@@ -188,7 +198,7 @@ std::vector<std::string> TextsOf(const Stretch& stretch, const Settings& own, co
   return texts;
 }
 
-/// What the triggers in a statement of the database raise.
+/// The texts that the triggers in an SQL statement raise.
 std::vector<std::string> RaisedTexts(const std::string& statement) {
   static const std::regex raise(R"(RAISE\s*\(\s*\w+\s*,\s*'((?:[^']|'')*)')");
   std::vector<std::string> texts;
@@ -202,8 +212,8 @@ std::vector<std::string> RaisedTexts(const std::string& statement) {
 std::vector<std::string> MessagesIn(const Tokens& tokens, const Names& makers, const Settings& all) {
   std::vector<std::string> messages;
   const Settings own = SettingsOf(tokens);
-  for (const Stretch& stretch : ToldStretches(tokens, makers)) {
-    const std::vector<std::string> texts = TextsOf(stretch, own, all);
+  for (const TokenRange& range : ShownRanges(tokens, makers)) {
+    const std::vector<std::string> texts = TextsOf(range, own, all);
     messages.insert(messages.end(), texts.begin(), texts.end());
   }
   for (const SourceToken& token : tokens) {

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The messages of the program, read off its sources. A text is one when it
-//   - stands among the arguments of a message box, of a status line, or of a call that makes a failure,
-//   - stands in a throw expression, or in what a function gives back whose result is a failure, the problem of a sound
-//     file or the notice of a form,
+// Extracts the messages of the program from its sources. A text is a message if it
+//   - is an argument of a message box, of a status line, or of a call that makes a failure,
+//   - is part of a throw expression, or of a return value that is a failure, the problem of a sound file or the notice
+//     of a form,
 //   - is raised by a trigger of the database,
-// or when a variable or constant used in one of these places is set to it. Texts are cut into their fixed pieces where
-// variable ones stand between them. Pure functions over sources that were read before.
+// or is assigned to a variable or constant used there. Texts are split into their fixed parts between variable parts.
 
 #pragma once
 
@@ -21,19 +20,19 @@
 
 namespace tonalith::help_text {
 
-/// Sources by their path.
+/// Tokens by the path of the source.
 using Sources = std::map<std::string, std::vector<SourceToken>>;
 
-/// What the program itself is made of: every header and source under src/ but what only tests link.
+/// All headers and sources under src/ except those that only tests use.
 Sources ProgramSources();
 
-/// The sources of a text that names files: "== path" and the lines of the file.
+/// Parses a text with several files: "== path" and the lines of the file.
 Sources SourcesFrom(std::string_view text);
 
-/// Each fixed piece of a message, with the first place that shows it.
+/// Each fixed part of a message, with the first source that shows it.
 std::map<std::string, std::string> MessagesOf(const Sources& sources);
 
-/// Every text literal of the sources, whole and in pieces.
+/// Every string literal of the sources, complete and in parts.
 std::set<std::string> TextsOf(const Sources& sources);
 
 }  // namespace tonalith::help_text

@@ -26,7 +26,7 @@ std::vector<std::string> Literals(std::string_view source) {
   return literals;
 }
 
-TEST(SourceTokens, JoinLiteralsThatStandNextToEachOther) {
+TEST(SourceTokens, JoinAdjacentLiterals) {
   EXPECT_THAT(Literals("f(\"one \"\n  \"two\", \"three\")"), UnorderedElementsAre("one two", "three"));
 }
 
@@ -35,46 +35,46 @@ TEST(SourceTokens, ResolveEscapesAndPrefixes) {
               ElementsAre("a\"b\\\n", "\u2014", "\u2014", "r\"aw\\n", "view"));
 }
 
-TEST(SourceTokens, LeaveOutCommentsDirectivesAndCharacters) {
+TEST(SourceTokens, SkipCommentsDirectivesAndCharacters) {
   EXPECT_THAT(
       Literals("// \"a\"\n/* \"b\" */\n#include \"c\"\nchar d = '\"'; int e = 1'000; char f = '\\''; g(\"h\");"),
       UnorderedElementsAre("h"));
 }
 
-TEST(SourceTokens, ReadTextAsItIsSeen) {
-  EXPECT_EQ(AsRead(" Hide/View &Names  of\n notes "), "Hide/View Names of notes");
-  EXPECT_EQ(AsRead("Rock & Roll"), "Rock & Roll");
+TEST(SourceTokens, ReturnTextAsDisplayed) {
+  EXPECT_EQ(AsDisplayed(" Hide/View &Names  of\n notes "), "Hide/View Names of notes");
+  EXPECT_EQ(AsDisplayed("Rock & Roll"), "Rock & Roll");
 }
 
-TEST(SourceTokens, CutTextWhereSomethingElseStands) {
+TEST(SourceTokens, SplitTextAtPlaceholders) {
   EXPECT_THAT(PiecesOf("Apply saves %1: %2 now\nand again'."),
               UnorderedElementsAre("Apply saves", "now", "and again'."));
 }
 
-TEST(ProgramMessages, StandInMessageBoxes) {
+TEST(ProgramMessages, AreFoundInMessageBoxes) {
   EXPECT_THAT(Messages("services_.msgBox.Show(\"Box \" + name, style, \"Title\"); msgBox_->Show(tr(\"Other\"));"),
               UnorderedElementsAre("Box", "Title", "Other"));
   EXPECT_THAT(Messages("combo->Show(\"none\"); log(\"none\");"), IsEmpty());
 }
 
-TEST(ProgramMessages, AreTextsToTranslateWithoutTheirContext) {
+TEST(ProgramMessages, AreFoundWithoutTranslationContext) {
   EXPECT_THAT(Messages("msgBox.Show(InUsersLanguage(QT_TRANSLATE_NOOP(\"tonalith::a\", \"Box\")));"
                        "msgBox.Show(QCoreApplication::translate(\"tonalith::a\", \"Other\").toStdString());"),
               UnorderedElementsAre("Box", "Other"));
 }
 
-TEST(ProgramMessages, StandInStatusLines) {
+TEST(ProgramMessages, AreFoundInStatusLines) {
   EXPECT_THAT(Messages("watcher_.SetMessage(\"Once round\"); ShowStatus(\"Playing: \" + note);"
                        "lblStatus_->setText(tr(\"Ready\")); c.lblNotice->setText(\"Note\"); label->setText(\"none\");"),
               UnorderedElementsAre("Once round", "Playing:", "Ready", "Note"));
 }
 
-TEST(ProgramMessages, StandInThrows) {
+TEST(ProgramMessages, AreFoundInThrowExpressions) {
   EXPECT_THAT(Messages("if (a) throw std::runtime_error(\"First \" + b + \" last\"); f(\"none\");"),
               UnorderedElementsAre("First", "last"));
 }
 
-TEST(ProgramMessages, StandInWhatMakesFailures) {
+TEST(ProgramMessages, AreFoundInFailureMakers) {
   EXPECT_THAT(
       Messages("== a.h\ncore::Failure Damaged(const std::string& what);\n== b.cpp\nthrowIt(Damaged(\"its end\"));\n"),
       UnorderedElementsAre("its end"));
@@ -88,12 +88,12 @@ TEST(ProgramMessages, StandInWhatMakesFailures) {
               UnorderedElementsAre("Saved:"));
 }
 
-TEST(ProgramMessages, AreRaisedByTriggers) {
+TEST(ProgramMessages, AreFoundInTriggers) {
   EXPECT_THAT(Messages("const char* s = R\"sql(SELECT RAISE(ABORT, 'Not so.') WHERE a; SELECT 'none';)sql\";"),
               UnorderedElementsAre("Not so."));
 }
 
-TEST(ProgramMessages, StandInVariablesAndConstants) {
+TEST(ProgramMessages, AreFoundInVariablesAndConstants) {
   EXPECT_THAT(Messages("std::string words = \"It holds \"; words += \" and more\"; throw "
                        "core::Failure::Unspecified(words + \".\");"),
               UnorderedElementsAre("It holds", "and more"));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What the help quotes is in the program, and what the program says is in the help.
+// Texts that the help quotes exist in the program, and the help explains every message of the program.
 
 #include <gmock/gmock.h>
 
@@ -17,7 +17,7 @@ using ::testing::IsSupersetOf;
 
 const std::string kExplained = "messages.html";
 
-/// Quotations, each with its topic, that `known` does not have.
+/// Quotations, each with its topic, that are not in `known`.
 template <class Known>
 std::vector<std::string> Unknown(const std::map<std::string, std::string>& quoted, const Known& known) {
   std::vector<std::string> unknown;
@@ -41,7 +41,7 @@ TEST(QuotedTexts, EveryTooltipIsInTheProgram) {
   EXPECT_THAT(Unknown(HelpFolder::Shipped().Quoted("tooltip"), TextsOf(ProgramSources())), IsEmpty());
 }
 
-TEST(QuotedTexts, EveryMessageIsOneOfTheProgram) {
+TEST(QuotedTexts, EveryMessageIsInTheProgram) {
   EXPECT_THAT(Unknown(HelpFolder::Shipped().Quoted("message"), MessagesOf(ProgramSources())), IsEmpty());
 }
 
@@ -66,7 +66,7 @@ TEST(QuotedTexts, SomeOfEachKindAreQuoted) {
   }
 }
 
-TEST(QuotedTexts, AQuotationThatTheProgramDoesNotHaveIsFound) {
+TEST(QuotedTexts, AQuotationMissingInTheProgramIsFound) {
   const Sources sources = SourcesFrom("== a.cpp\nauto a = tr(\"&Tools\"); msgBox.Show(\"No way.\");\n");
   const std::map<std::string, std::string> quoted{{"Tools", "a.html"}, {"Tool", "b.html"}, {"No way.", "c.html"}};
   EXPECT_THAT(Unknown(quoted, TextsOf(sources)), ElementsAre("b.html: Tool"));

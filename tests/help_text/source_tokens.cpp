@@ -49,22 +49,22 @@ class Lexer {
     const bool wasLineStart = std::exchange(isLineStart_, false);
     if (c == '#' && wasLineStart) return SkipDirective();
     if (rest_.starts_with("//")) return Skip(rest_.find('\n'));
-    if (rest_.starts_with("/*")) return Skip(EndBehind("*/", 2));
+    if (rest_.starts_with("/*")) return Skip(EndAfter("*/", 2));
     if (c == '"') return TakeLiteral();
     if (c == '\'') return Skip(EndOfQuoted('\''));
     if (IsWordPart(c)) return TakeWord();
-    tokens_.push_back({Kind::kMark, std::string(1, c)});
+    tokens_.push_back({Kind::kPunctuation, std::string(1, c)});
     rest_.remove_prefix(1);
   }
 
   void Skip(std::size_t length) { rest_.remove_prefix(std::min(length, rest_.size())); }
 
-  [[nodiscard]] std::size_t EndBehind(std::string_view mark, std::size_t from) const {
-    const std::size_t at = rest_.find(mark, from);
-    return at == std::string_view::npos ? rest_.size() : at + mark.size();
+  [[nodiscard]] std::size_t EndAfter(std::string_view end, std::size_t from) const {
+    const std::size_t at = rest_.find(end, from);
+    return at == std::string_view::npos ? rest_.size() : at + end.size();
   }
 
-  /// Behind the closing quote of what begins here.
+  /// The position after the closing quote of the literal at the start.
   [[nodiscard]] std::size_t EndOfQuoted(char quote) const {
     std::size_t at = 1;
     while (at < rest_.size() && rest_[at] != quote) at += rest_[at] == '\\' ? 2 : 1;
@@ -78,7 +78,7 @@ class Lexer {
   }
 
   void TakeWord() {
-    // A blank of digits (1'000) belongs to its number.
+    // A digit separator (1'000) belongs to its number.
     const bool isNumber = std::isdigit(static_cast<unsigned char>(rest_.front())) != 0;
     std::size_t end = 0;
     while (end < rest_.size() && (IsWordPart(rest_[end]) || (isNumber && rest_[end] == '\''))) ++end;
@@ -94,7 +94,7 @@ class Lexer {
   void TakeRawLiteral() {
     const std::size_t open = std::min(rest_.find('('), rest_.size() - 1);
     const std::string close = ")" + std::string(rest_.substr(1, open - 1)) + "\"";
-    const std::size_t end = EndBehind(close, open);
+    const std::size_t end = EndAfter(close, open);
     const std::size_t length = end - open - 1;
     Add(std::string(rest_.substr(open + 1, length < close.size() ? 0 : length - close.size())));
     Skip(end);
@@ -158,7 +158,7 @@ bool HasTwoLetters(std::string_view text) {
 
 std::vector<SourceToken> TokensOf(std::string_view source) { return Lexer(source).Run(); }
 
-std::string AsRead(std::string_view text) {
+std::string AsDisplayed(std::string_view text) {
   std::string read;
   for (std::size_t at = 0; at < text.size(); ++at) {
     const char c = text[at];
@@ -176,7 +176,7 @@ std::vector<std::string> PiecesOf(std::string_view literal) {
   std::vector<std::string> pieces;
   std::string piece;
   const auto finish = [&] {
-    const std::string read = AsRead(piece);
+    const std::string read = AsDisplayed(piece);
     if (HasTwoLetters(read)) pieces.push_back(read);
     piece.clear();
   };
@@ -198,7 +198,7 @@ std::set<std::string> TextsOf(const std::vector<SourceToken>& tokens) {
   std::set<std::string> texts;
   for (const SourceToken& token : tokens) {
     if (token.kind != Kind::kLiteral) continue;
-    texts.insert(AsRead(token.text));
+    texts.insert(AsDisplayed(token.text));
     for (const std::string& piece : PiecesOf(token.text)) texts.insert(piece);
   }
   return texts;

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// C++ source as the tests of the help see it: words, marks and text literals. Comments and preprocessor lines are left
-// out, escapes are resolved, and literals that stand next to each other are one. Pure functions; text that ends in the
-// middle of a literal simply ends it.
+// A C++ tokenizer for the tests of the help: words, punctuation and string literals. Skips comments and preprocessor
+// lines, resolves escapes, and joins adjacent literals. The end of the text ends an open literal.
 
 #pragma once
 
@@ -15,26 +14,27 @@
 namespace tonalith::help_text {
 
 struct SourceToken {
-  enum class Kind { kWord, kMark, kLiteral };
-  Kind kind = Kind::kMark;
-  /// A word with its letters, one character of punctuation, or the text that a literal stands for (UTF-8).
+  enum class Kind { kWord, kPunctuation, kLiteral };
+  Kind kind = Kind::kPunctuation;
+  /// A word, one punctuation character, or the content of a literal (UTF-8).
   std::string text;
 
   [[nodiscard]] bool IsWord(std::string_view word) const { return kind == Kind::kWord && text == word; }
-  [[nodiscard]] bool IsMark(char mark) const { return kind == Kind::kMark && text.front() == mark; }
+  [[nodiscard]] bool IsPunctuation(char character) const {
+    return kind == Kind::kPunctuation && text.front() == character;
+  }
 };
 
 std::vector<SourceToken> TokensOf(std::string_view source);
 
-/// What a caption or message looks like when it is read: without mnemonics (&), runs of white space as one blank, none
-/// at the ends.
-std::string AsRead(std::string_view text);
+/// A caption or message as displayed: without mnemonics (&), with white space collapsed and trimmed.
+std::string AsDisplayed(std::string_view text);
 
-/// The fixed pieces of a literal as they are read: what stands between line breaks and the places of arguments (%1).
-/// Pieces without two letters, such as a quotation mark and a full stop, are left out.
+/// The fixed parts of a literal as displayed, split at line breaks and placeholders (%1). Parts with fewer than two
+/// letters, such as a quotation mark, are dropped.
 std::vector<std::string> PiecesOf(std::string_view literal);
 
-/// The whole text and the pieces of every literal of a source.
+/// The complete text and the parts of every literal of a source.
 std::set<std::string> TextsOf(const std::vector<SourceToken>& tokens);
 
 }  // namespace tonalith::help_text

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What the help shows as an example is true: searches, patterns, and the data pack that the reader is told to write.
+// The examples in the help are correct: searches, patterns, and the data pack.
 
 #include <SQLiteCpp/Database.h>
 #include <gmock/gmock.h>
@@ -43,15 +43,15 @@ Names ShippedNames() {
   return names;
 }
 
-std::u32string InCapitals(std::string_view text) {
-  std::u32string capitals;
-  for (const char c : text) capitals += static_cast<char32_t>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
-  return capitals;
+std::u32string ToUpperCase(std::string_view text) {
+  std::u32string upper;
+  for (const char c : text) upper += static_cast<char32_t>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
+  return upper;
 }
 
-/// As the search takes them: in any case, anywhere in the name.
+/// Matches like the search: in any case, anywhere in the name.
 bool Finds(std::string_view text, std::string_view name) {
-  return search::LikePattern(U"*" + InCapitals(text) + U"*").Matches(InCapitals(name));
+  return search::LikePattern(U"*" + ToUpperCase(text) + U"*").Matches(ToUpperCase(name));
 }
 
 Faults WildcardFaults(const Element& example, const Names& shipped) {
@@ -70,7 +70,7 @@ Faults WildcardFaults(const Element& example, const Names& shipped) {
   return faults;
 }
 
-/// The notes of a pattern without the octave, from its first note on, and its step words, parted by blanks.
+/// Checks the notes of a pattern without the octave, and its step words, separated by blanks.
 Faults PatternFaults(const Element& example) {
   Faults faults;
   const std::vector<std::string> notes = house::Split(example.Attribute("data-notes"), " ");
@@ -93,7 +93,7 @@ std::vector<Element> Examples(std::string_view element, std::string_view classNa
   return examples;
 }
 
-TEST(WorkedExamples, EveryWildcardFindsTheScalesThatItSays) {
+TEST(WorkedExamples, EveryWildcardFindsItsScales) {
   const Names shipped = ShippedNames();
   ASSERT_THAT(shipped, IsSupersetOf({"Major", "Dominant 7"}));
   const std::vector<Element> examples = Examples("code", "wildcard");
@@ -101,7 +101,7 @@ TEST(WorkedExamples, EveryWildcardFindsTheScalesThatItSays) {
   for (const Element& example : examples) EXPECT_THAT(WildcardFaults(example, shipped), IsEmpty());
 }
 
-TEST(WorkedExamples, EveryWildcardOfTheSearchHasOne) {
+TEST(WorkedExamples, EveryWildcardCharacterHasAnExample) {
   std::string all;
   for (const Element& example : Examples("code", "wildcard")) all += example.text + "\n";
   for (const char* const wildcard : {"*", "?", "#", "[", "[!", "-"}) {
@@ -109,7 +109,7 @@ TEST(WorkedExamples, EveryWildcardOfTheSearchHasOne) {
   }
 }
 
-TEST(WorkedExamples, AWildcardThatDoesNotFindWhatItSaysIsReported) {
+TEST(WorkedExamples, AWrongWildcardExampleIsReported) {
   const Names shipped{"Blues", "Major"};
   const auto example = [](const std::string& text, const std::string& finds, const std::string& misses) {
     return Element{"code", {{"data-finds", finds}, {"data-misses", misses}}, text};
@@ -121,20 +121,20 @@ TEST(WorkedExamples, AWildcardThatDoesNotFindWhatItSaysIsReported) {
   EXPECT_THAT(WildcardFaults(example("reds", "", ""), shipped), ElementsAre("reds finds nothing"));
 }
 
-TEST(WorkedExamples, EveryPatternHasTheNotesAndStepsThatItSays) {
+TEST(WorkedExamples, EveryPatternHasItsNotesAndSteps) {
   const std::vector<Element> examples = Examples("code", "pattern");
   ASSERT_THAT(examples, SizeIs(::testing::Ge(10U)));
   for (const Element& example : examples) EXPECT_THAT(PatternFaults(example), IsEmpty());
 }
 
-TEST(WorkedExamples, APatternWithOtherNotesOrStepsIsReported) {
+TEST(WorkedExamples, AWrongPatternExampleIsReported) {
   const Element right{"code", {{"data-notes", "G B D"}, {"data-steps", "T2 T1.5 T2.5"}}, "435"};
   const Element wrong{"code", {{"data-notes", "G B D#"}, {"data-steps", "T2 T1.5"}}, "435"};
   EXPECT_THAT(PatternFaults(right), IsEmpty());
   EXPECT_THAT(PatternFaults(wrong), ElementsAre("435 has other notes than G B D#", "435 has other steps than T2 T1.5"));
 }
 
-/// The packs that the build puts into DataPacks, by the lines that make them.
+/// The packs that the build creates in DataPacks, from their CMake file.
 Names ShippedPacks() {
   static const std::regex line(R"(^tonalith_pack\(\w+ (\w+)\)$)");
   Names packs;
@@ -152,12 +152,12 @@ TEST(WorkedExamples, TheListOfShippedPacksIsComplete) {
   EXPECT_EQ(listed, ShippedPacks());
 }
 
-class NoObserver : public data::DataPackObserver {
+class NullObserver : public data::DataPackObserver {
   void DataPackDone() override {}
   void ImportProgress(const std::string& /*path*/, std::int64_t /*rows*/) override {}
 };
 
-/// Makes the folder of a program the current one for as long as it lives.
+/// Changes the current folder for the current scope.
 class CurrentFolder {
  public:
   explicit CurrentFolder(const std::filesystem::path& folder) : before_(std::filesystem::current_path()) {
@@ -174,7 +174,7 @@ class CurrentFolder {
   std::filesystem::path before_;
 };
 
-TEST(WorkedExamples, TheDataPackThatTheReaderWritesInstalls) {
+TEST(WorkedExamples, TheDataPackExampleInstalls) {
   const std::vector<Element> packs = Examples("pre", "pack");
   ASSERT_THAT(packs, SizeIs(1));
   const tests::TempFolder program;
@@ -186,7 +186,7 @@ TEST(WorkedExamples, TheDataPackThatTheReaderWritesInstalls) {
   SQLite::Database(pack, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(packs.front().text);
 
   tests::RecordingMsgBox msgBox;
-  NoObserver observer;
+  NullObserver observer;
   data::DataPackImport(program.Path().string(), msgBox, observer).GetAvailableDataPacks();
 
   EXPECT_EQ(msgBox.Texts(), "Imported data pack: \n" + pack + "\n");

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// tonalith_help_pictures <database.mdb> <pictures.tsv> <folder>: has the program's own windows draw themselves for the
+// tonalith_help_pictures <database.mdb> <pictures.tsv> <folder>: takes screenshots of the program's windows for the
 // help, in the light theme, and writes one PNG for each line of the table: its name, and its width on the page in
-// pixels; the file has twice that width. Needs no screen. Exit status 0: written. 1: something failed, said in one
-// line. 2: wrong call.
+// pixels; the file has twice that width. Needs no screen. Exit status 0: written. 1: failed, with one line on standard
+// error. 2: wrong usage.
 
 #include <QApplication>
 #include <exception>
@@ -18,11 +18,11 @@ int main(int argc, char** argv) {
     return 2;
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  // Larger than any picture becomes, so that each is made by scaling down.
+  // Larger than any picture, so that each is scaled down.
   qputenv("QT_SCALE_FACTOR", "4");
   qputenv("QT_STYLE_OVERRIDE", "Fusion");
   qputenv("QT_ACCESSIBILITY", "0");
-  // Nor anything of the desktop that builds.
+  // Ignore the settings of the desktop that runs the build.
   for (const char* const name : {"QT_QPA_PLATFORMTHEME", "QT_FONT_DPI", "QT_SCREEN_SCALE_FACTORS"}) qunsetenv(name);
   QCoreApplication::setApplicationVersion(QStringLiteral(TONALITH_VERSION));
   const QApplication application(argc, argv);

@@ -24,14 +24,14 @@ namespace fs = std::filesystem;
 
 constexpr int kMargin = 10;
 
-/// The whole of a widget, as it paints itself.
+/// A screenshot of a complete widget.
 QImage PictureOf(QWidget& widget) {
-  // Layouts and fonts settle with the events that are pending.
+  // Pending events finish the layout.
   QApplication::processEvents();
   return widget.grab().toImage();
 }
 
-/// The part of a window that these of its widgets cover, with a little of the ground around it.
+/// A screenshot of the part of a window that contains these widgets, with a margin.
 QImage PartOf(QWidget& window, std::initializer_list<const QWidget*> parts, int margin = kMargin) {
   QApplication::processEvents();
   QRect place;
@@ -39,8 +39,8 @@ QImage PartOf(QWidget& window, std::initializer_list<const QWidget*> parts, int 
   return window.grab(place.adjusted(-margin, -margin, margin, margin).intersected(window.rect())).toImage();
 }
 
-/// A host that the editor of a picture tells nothing that matters.
-class NoHost : public editor::ScaleEditorHost {
+/// An editor host that ignores all calls.
+class NullEditorHost : public editor::ScaleEditorHost {
   void EditUpdates() override {}
   void BringToFront() override {}
 };
@@ -93,7 +93,7 @@ QImage PictureBook::Picture(const std::string& name) {
 }
 
 QImage PictureBook::Editor(EditorPart part) {
-  NoHost host;
+  NullEditorHost host;
   QPointer<editor::frmScales> form;
   editor::ShowScaleEditor(form, {program_->database, program_->box, host, std::nullopt}, nullptr);
   QImage picture = part == EditorPart::kAll ? PictureOf(*form) : PartOf(*form, {form->Controls().keyboard});
@@ -112,7 +112,7 @@ QImage PictureBook::Search() {
 QImage PictureBook::PrintPreview() {
   app::frmTonalith& window = *program_->window;
   QImage picture;
-  // The preview is modal: it is drawn and closed from inside, as soon as it is there.
+  // The preview is modal: capture and close it from its event loop, as soon as it is visible.
   QTimer look;
   QObject::connect(&look, &QTimer::timeout, [&] {
     auto* const preview = window.findChild<print::frmPrint*>();

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The pictures of the help: the program's windows on a copy of the shipped database, each drawn into a PNG file. The
-// copy lies in a folder that goes with the book, so nothing of the build is written to. Fails with std::runtime_error
-// when a picture is asked for that the book does not know, when a window says something that it should not, or when a
-// file cannot be written. User-interface thread.
+// The pictures of the help: screenshots of the program's windows on a temporary copy of the shipped database, written
+// as PNG files. Throws std::runtime_error for an unknown picture, an unexpected message of a window, and a file that
+// cannot be written.
 
 #pragma once
 
@@ -23,10 +22,10 @@ class PictureBook {
   explicit PictureBook(const std::filesystem::path& database);
   ~PictureBook();
 
-  /// Writes `<folder>/<name>.png` for each line of the table, name, tab, width on the page in pixels, at twice that
+  /// Writes `<folder>/<name>.png` for each line of the table (name, tab, width on the page in pixels) at twice that
   /// width.
   void Write(const std::filesystem::path& table, const std::filesystem::path& folder);
-  /// One picture by its name, at the size at which the windows draw themselves.
+  /// One picture by its name, at the resolution of the windows.
   [[nodiscard]] QImage Picture(const std::string& name);
 
  private:
