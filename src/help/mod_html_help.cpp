@@ -58,6 +58,7 @@ void OpenHelpFile(const std::string& appFolder, core::MsgBox& msgBox, platform::
                 MsgBoxStyle::kExclamation, {});
     return;
   }
+  // Kept: see docs/behaviour.md, Help names an engine that is not used.
   if (!Opens(engine, caller, path)) {
     msgBox.Show(InUsersLanguage(QT_TRANSLATE_NOOP(
                     "tonalith::help::frmHelp",
