@@ -150,6 +150,17 @@ TEST(OctaveNotePlayer, EvictsTheLeastRecentlyUsedFileWhenTheCacheIsFull) {
   EXPECT_EQ(rig.script.Count("open file"), 4);
 }
 
+TEST(OctaveNotePlayer, KeepsFourFilesOfTheLargestSize) {
+  constexpr std::size_t kLargestFile = std::size_t{8} << 20U;
+  const testing::Bytes largest = Wave({}, testing::Bytes(kLargestFile));
+  Rig rig;
+  for (const char* const name : {"a.wav", "b.wav", "c.wav", "d.wav", "e.wav"}) rig.files.Put(name, largest);
+  for (const char* const name : {"a.wav", "b.wav", "c.wav", "d.wav"}) rig.player.Play(name);
+  EXPECT_EQ(rig.player.CachedBytes(), 4 * kLargestFile);
+  rig.player.Play("e.wav");
+  EXPECT_EQ(rig.player.CachedBytes(), 4 * kLargestFile) << "the first one is evicted";
+}
+
 TEST(OctaveNotePlayer, PlaysAFileLargerThanTheCacheWithoutCachingIt) {
   Rig rig(50);
   rig.player.Play("1.wav");

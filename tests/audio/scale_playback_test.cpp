@@ -256,6 +256,22 @@ TEST(SoundMessageHandlers, ReportNumberAndDescription) {
   EXPECT_TRUE(rig.playback.SoundEnded);
 }
 
+TEST(PlayMultiSounds, ReportsExceptionsOfTheSoundManager) {
+  struct BrokenMsgBox : core::MsgBox {
+    using core::MsgBox::Show;
+    core::MsgBoxAnswer Show(const std::string&, core::MsgBoxStyle, const std::string&) override {
+      throw std::runtime_error("no message box");
+    }
+  } broken;
+  Rig rig;
+  SoundManager sounds(rig.scaleSounds, rig.output, rig.windows, broken);
+  ScalePlayback playback(sounds, rig.scaleSounds, rig.stage, rig.events, rig.box);
+  sounds.LoadSoundBuffer(2, "a.wav", BufferFlags::kNone);
+  rig.script.Break("write");
+  playback.PlayMultiSounds(2, "a.wav");
+  EXPECT_EQ(rig.box.Texts(), "no message box\n");
+}
+
 TEST(PlayMultiSounds, PlaysTheSlotAndIgnoresTheFile) {
   Rig rig;
   rig.sounds.LoadSoundBuffer(2, "a.wav", BufferFlags::kNone);

@@ -55,6 +55,34 @@ TEST_F(QtMsgBoxTest, BelongsToTheActiveWindowAndShowsPlainText) {
   EXPECT_EQ(Shown(), nullptr);
 }
 
+TEST_F(QtMsgBoxTest, HasTheIconOfItsStyleAndAlwaysAsksForYesOrNo) {
+  using Expected = std::pair<MsgBoxStyle, QMessageBox::Icon>;
+  for (const auto& [style, icon] :
+       {Expected(MsgBoxStyle::kOkOnly, QMessageBox::NoIcon), Expected(MsgBoxStyle::kCritical, QMessageBox::Critical),
+        Expected(MsgBoxStyle::kQuestion, QMessageBox::Question),
+        Expected(MsgBoxStyle::kExclamation, QMessageBox::Warning),
+        Expected(MsgBoxStyle::kOkCancel | MsgBoxStyle::kInformation, QMessageBox::Information),
+        Expected(MsgBoxStyle::kYesNo, QMessageBox::Question),
+        Expected(MsgBoxStyle::kYesNo | MsgBoxStyle::kCritical, QMessageBox::Question)}) {
+    QMessageBox::Icon shown = QMessageBox::NoIcon;
+    ShowAnd(style, [&] {
+      shown = Shown()->icon();
+      Shown()->defaultButton() != nullptr ? Shown()->defaultButton()->click() : Shown()->accept();
+    });
+    EXPECT_EQ(shown, icon) << static_cast<int>(style);
+  }
+}
+
+TEST_F(QtMsgBoxTest, PutsTheDefaultOnTheButtonOfItsStyle) {
+  using Expected = std::pair<MsgBoxStyle, MsgBoxAnswer>;
+  for (const auto& [style, answer] :
+       {Expected(MsgBoxStyle::kOkCancel, MsgBoxAnswer::kOk), Expected(MsgBoxStyle::kYesNo, MsgBoxAnswer::kYes),
+        Expected(MsgBoxStyle::kOkCancel | MsgBoxStyle::kDefaultButton2, MsgBoxAnswer::kCancel),
+        Expected(MsgBoxStyle::kYesNo | MsgBoxStyle::kDefaultButton2, MsgBoxAnswer::kNo)}) {
+    EXPECT_EQ(ShowAnd(style, [] { Shown()->defaultButton()->click(); }), answer) << static_cast<int>(style);
+  }
+}
+
 // No window is active just after a box has closed.
 TEST_F(QtMsgBoxTest, TheNextBoxBelongsToTheSameWindow) {
   QWidget* second = nullptr;
