@@ -8,7 +8,7 @@
 namespace tonalith::editor {
 namespace {
 
-std::optional<EditHistory::Step> MoveLast(std::vector<EditHistory::Step>& from, std::vector<EditHistory::Step>& to) {
+std::optional<EditStep> MoveLast(std::vector<EditStep>& from, std::vector<EditStep>& to) {
   if (from.empty()) return std::nullopt;
   to.push_back(std::move(from.back()));
   from.pop_back();
@@ -17,28 +17,31 @@ std::optional<EditHistory::Step> MoveLast(std::vector<EditHistory::Step>& from, 
 
 }  // namespace
 
-void EditHistory::AddField(int index, const QString& before, const QString& after) {
+void EditHistory::Add(const FieldStep& step) {
   undone_.clear();
-  // Typing sends the notes back to the record's pattern; that step stays the latest one while the typing goes on.
-  const bool behindNotes = steps_.size() > 1 && steps_.back().subject == kNotes;
-  const std::size_t back = behindNotes ? 2 : 1;
-  if (steps_.size() >= back && steps_[steps_.size() - back].subject == index) {
-    const auto step = steps_.end() - static_cast<std::ptrdiff_t>(back);
-    step->after = after;
-    if (step->before == after) steps_.erase(step);
-    return;
+  // Typing resets the notes to the record's pattern; that step stays the latest one while the typing continues.
+  const bool isNotesStepLast = steps_.size() > 1 && std::holds_alternative<NotesStep>(steps_.back());
+  const std::size_t distance = isNotesStepLast ? 2 : 1;
+  if (steps_.size() >= distance) {
+    const auto place = steps_.end() - static_cast<std::ptrdiff_t>(distance);
+    auto* const last = std::get_if<FieldStep>(&*place);
+    if (last != nullptr && last->index == step.index) {
+      last->after = step.after;
+      if (last->before == last->after) steps_.erase(place);
+      return;
+    }
   }
-  steps_.push_back({index, before, after});
+  steps_.emplace_back(step);
 }
 
-void EditHistory::AddNotes(const QString& before, const QString& after) {
+void EditHistory::Add(const NotesStep& step) {
   undone_.clear();
-  steps_.push_back({kNotes, before, after});
+  steps_.emplace_back(step);
 }
 
-std::optional<EditHistory::Step> EditHistory::Undo() { return MoveLast(steps_, undone_); }
+std::optional<EditStep> EditHistory::Undo() { return MoveLast(steps_, undone_); }
 
-std::optional<EditHistory::Step> EditHistory::Redo() { return MoveLast(undone_, steps_); }
+std::optional<EditStep> EditHistory::Redo() { return MoveLast(undone_, steps_); }
 
 void EditHistory::Clear() {
   steps_.clear();

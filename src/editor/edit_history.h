@@ -1,40 +1,48 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What can be undone on the editor's form: changes of fields and of the selected notes, the latest first. Changes of
-// one field that follow each other are one step, and a step that comes back to where it began is none. Holds texts
-// only; the form applies them. Plain value; one thread.
+// The undo and redo steps of the editor: changes of one field, and changes of the selected notes. Consecutive changes
+// of a field are one step; a step that ends where it began is removed.
 
 #pragma once
 
 #include <QString>
 #include <optional>
+#include <variant>
 #include <vector>
+
+#include "editor/scale_editing.h"
 
 namespace tonalith::editor {
 
+struct FieldStep {
+  int index = 0;
+  QString before;
+  QString after;
+};
+
+struct NotesStep {
+  NoteSelection before;
+  NoteSelection after;
+};
+
+using EditStep = std::variant<FieldStep, NotesStep>;
+
 class EditHistory {
  public:
-  /// The step's subject where it is not the index of a field.
-  static constexpr int kNotes = -1;
-
-  struct Step {
-    int subject = kNotes;
-    QString before;
-    QString after;
-  };
-
-  void AddField(int index, const QString& before, const QString& after);
-  void AddNotes(const QString& before, const QString& after);
-  /// The step to take back; nothing when there is none.
-  std::optional<Step> Undo();
-  /// The step to make again; nothing when there is none.
-  std::optional<Step> Redo();
+  void Add(const FieldStep& step);
+  void Add(const NotesStep& step);
+  [[nodiscard]] bool CanUndo() const { return !steps_.empty(); }
+  [[nodiscard]] bool CanRedo() const { return !undone_.empty(); }
+  /// The step to undo; nothing when there is none.
+  std::optional<EditStep> Undo();
+  /// The step to redo; nothing when there is none.
+  std::optional<EditStep> Redo();
   void Clear();
 
  private:
-  std::vector<Step> steps_;
-  std::vector<Step> undone_;
+  std::vector<EditStep> steps_;
+  std::vector<EditStep> undone_;
 };
 
 }  // namespace tonalith::editor

@@ -12,14 +12,9 @@
 namespace tonalith::editor {
 namespace {
 
-constexpr QSize kKeySize(74, 58);
-constexpr int kGap = 8;
-constexpr int kStride = kKeySize.width() + kGap;
 /// A green that keeps a contrast of more than 4.5 to 1 on the pale green and on white.
 constexpr QRgb kSelectedFrame = 0xFF1F6B2E;
 constexpr QRgb kUnselectedFrame = 0xFF9A948C;
-
-bool IsSharp(int number) { return core::kSharpNotes[static_cast<std::size_t>(number)].size() > 1; }
 
 void PaintTick(QPainter& painter, const QRectF& box) {
   painter.setPen(QPen(QColor(kSelectedFrame), 2.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
@@ -37,7 +32,7 @@ NoteButton::NoteButton(core::NoteNumber number, QWidget* parent) : QCheckBox(par
   setAccessibleName(text());
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_Hover);
-  setFixedSize(kKeySize);
+  setFixedSize(kNoteButtonSize);
   // Assistive technology may check the box instead of pressing it.
   connect(this, &QAbstractButton::toggled, this, [this](bool isNowChecked) {
     if (isNowChecked == IsSelected(colours_)) return;
@@ -46,7 +41,7 @@ NoteButton::NoteButton(core::NoteNumber number, QWidget* parent) : QCheckBox(par
   });
 }
 
-QSize NoteButton::sizeHint() const { return kKeySize; }
+QSize NoteButton::sizeHint() const { return kNoteButtonSize; }
 
 void NoteButton::SetColours(const NoteColours& colours) {
   if (colours == colours_) return;
@@ -88,22 +83,5 @@ void NoteButton::paintEvent(QPaintEvent* /*event*/) {
   painter.setPen(QColor(paint::ToRgb(colours_.fore)));
   painter.drawText(box, Qt::AlignCenter, text());
 }
-
-NoteKeyboard::NoteKeyboard(QWidget* parent) : QWidget(parent) {
-  setObjectName(QStringLiteral("noteKeyboard"));
-  setAccessibleName(tr("Notes"));
-  int natural = 0;
-  for (int i = 0; i < kNoteCount; ++i) {
-    auto* const note = new NoteButton(static_cast<core::NoteNumber>(i), this);
-    // A sharp lies above the gap between the natural that it follows and the next one.
-    const int left = IsSharp(i) ? natural * kStride - kStride / 2 : natural * kStride;
-    note->move(left, IsSharp(i) ? 0 : kKeySize.height() + kGap);
-    if (!IsSharp(i)) ++natural;
-    notes_[static_cast<std::size_t>(i)] = note;
-  }
-  setFixedSize(sizeHint());
-}
-
-QSize NoteKeyboard::sizeHint() const { return {7 * kStride - kGap, 2 * kKeySize.height() + kGap}; }
 
 }  // namespace tonalith::editor

@@ -1,22 +1,20 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// One of the twelve note buttons, and the keyboard on which they lie like the keys of a piano. A button's two colours
-// are its state; it is painted in them, and a selected one also has a heavy frame and a tick, so that it can be told
-// without colour. To assistive technology it is a check box named after its note. A click is only announced, and
-// checking the box in another way announces a click: the form decides what it means. Owned by the keyboard, which is
-// owned by the form; user-interface thread.
+// One of the twelve note buttons. Its two colours are its state; a selected one also has a heavy frame and a tick, so
+// that it differs without colour. To assistive technology it is a check box named after its note. The button only
+// emits clicked(), also when its box is checked in another way; the form decides what a click does.
 
 #pragma once
 
 #include <QCheckBox>
-#include <QWidget>
-#include <array>
 #include <string>
 
 #include "editor/scale_editing.h"
 
 namespace tonalith::editor {
+
+inline constexpr QSize kNoteButtonSize(74, 58);
 
 class NoteButton : public QCheckBox {
   Q_OBJECT
@@ -42,19 +40,6 @@ class NoteButton : public QCheckBox {
  private:
   NoteColours colours_ = kUnselectedColours;
   std::string tag_;
-};
-
-class NoteKeyboard : public QWidget {
-  Q_OBJECT
-
- public:
-  explicit NoteKeyboard(QWidget* parent);
-
-  [[nodiscard]] const std::array<NoteButton*, kNoteCount>& Notes() const { return notes_; }
-  [[nodiscard]] QSize sizeHint() const override;
-
- private:
-  std::array<NoteButton*, kNoteCount> notes_{};
 };
 
 }  // namespace tonalith::editor

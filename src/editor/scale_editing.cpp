@@ -23,7 +23,7 @@ std::int16_t NoteCountOf(std::string_view pattern) {
   return static_cast<std::int16_t>(std::min(core::CharacterCount(pattern) + 1, kMost));
 }
 
-class UnheardMsgBox : public core::MsgBox {
+class SilentMsgBox : public core::MsgBox {
  public:
   core::MsgBoxAnswer Show(const std::string& /*text*/, core::MsgBoxStyle /*style*/,
                           const std::string& /*title*/) override {
@@ -41,6 +41,7 @@ NoteSelection SelectionOf(const std::vector<std::string>& notes) {
 
 }  // namespace
 
+// Kept: see docs/behaviour.md, Patterns are read one digit at a time
 std::string ScaleIntervalBuild(const NoteSelection& selected) {
   std::string pattern;
   std::optional<int> previous;
@@ -52,6 +53,7 @@ std::string ScaleIntervalBuild(const NoteSelection& selected) {
   return pattern;
 }
 
+// Kept: see docs/behaviour.md, Patterns are read one digit at a time
 std::string CEditNotesToTones(std::string_view characters) {
   std::string words;
   for (const std::string_view character : core::Characters(characters)) words += core::CNotesToTones(character, 1);
@@ -67,12 +69,14 @@ std::string StepWordsText(std::string_view pattern) {
   return text;
 }
 
+// Kept: see docs/behaviour.md, ScaleStepType has no effect
 bool NoteExistsInScale(std::string_view strNoteVal, std::string_view pattern, core::MsgBox& msgBox) {
   const std::vector<std::string> notes =
       core::ScaleArrayNotes(core::CNoteToNumber(strNoteVal), "1", pattern, kNoteCount, msgBox);
   return std::any_of(notes.begin(), notes.end(), [&](const auto& note) { return core::Trim(note) == strNoteVal; });
 }
 
+// Kept: see docs/behaviour.md, Stored start notes change no view
 NoteSelection PatternNotes::Of(std::string_view scaleType, const std::string& pattern) {
   if (pattern_ != pattern) {
     pattern_ = pattern;
@@ -83,8 +87,8 @@ NoteSelection PatternNotes::Of(std::string_view scaleType, const std::string& pa
 }
 
 NoteSelection NotesOfTyped(std::string_view pattern) {
-  UnheardMsgBox unheard;
-  return SelectionOf(core::ScaleArrayNotes(kFromC, "1", pattern, NoteCountOf(pattern), unheard));
+  SilentMsgBox silent;
+  return SelectionOf(core::ScaleArrayNotes(kFromC, "1", pattern, NoteCountOf(pattern), silent));
 }
 
 }  // namespace tonalith::editor

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The editor's arithmetic, free of widgets: from selected notes to an interval pattern, from a pattern to step words
-// and to the notes that it lights. Scales are built from C, so that note i of the twelve is always note number i. Pure
-// functions and one small cache; a pattern that cannot be built is reported through the message box, once.
+// The arithmetic of the editor: from selected notes to an interval pattern, and from a pattern to step words and notes.
+// Scales are built from C, so note i of the twelve is note number i. The message box reports a pattern that cannot be
+// built.
 
 #pragma once
 
@@ -20,10 +20,11 @@ namespace tonalith::editor {
 
 inline constexpr int kNoteCount = 12;
 
-/// Bit i stands for note number i.
+/// Bit i is note number i.
 using NoteSelection = std::bitset<kNoteCount>;
 
-/// The colours of a note button. They are its state: text in black is a selected note.
+/// The colours of a note button. They are its state.
+/// Kept: see docs/behaviour.md, Colours are the state of a note button
 struct NoteColours {
   paint::Bgr fore;
   paint::Bgr back;
@@ -42,24 +43,23 @@ constexpr NoteColours Toggled(const NoteColours& colours) {
 /// separator: C D E F G A B gives 2212221, a lone C gives 12. Nothing selected gives an empty text.
 std::string ScaleIntervalBuild(const NoteSelection& selected);
 
-/// The step words of all characters of a pattern, one behind the other. Blanks and what is no digit give nothing.
+/// The step words of all characters of a pattern, joined. Characters that are no digits are skipped.
 std::string CEditNotesToTones(std::string_view characters);
 
-/// The step words of a pattern, each behind a blank.
+/// The step words of a pattern, each after a blank.
 std::string StepWordsText(std::string_view pattern);
 
-/// Whether a note is among the first twelve notes of the pattern, built on that very note.
+/// Whether a note is among the first twelve notes of the pattern, built on that note.
+/// Kept: see docs/behaviour.md, Functions without callers
 bool NoteExistsInScale(std::string_view strNoteVal, std::string_view pattern, core::MsgBox& msgBox);
 
-/// The notes of a pattern built from C. Keeps the latest answer: refreshing a form while somebody types asks for the
-/// same pattern again and again, and a pattern that cannot be built is to be reported when it comes up, not each time.
+/// The notes of a pattern built from C. Caches the latest result: the form queries the same pattern at each key stroke,
+/// and a pattern that cannot be built is reported only the first time.
 class PatternNotes {
  public:
   explicit PatternNotes(core::MsgBox& msgBox) : msgBox_(msgBox) {}
 
   NoteSelection Of(std::string_view scaleType, const std::string& pattern);
-  /// The next question for the same pattern is a new one.
-  void Forget() { pattern_.reset(); }
 
  private:
   core::MsgBox& msgBox_;
@@ -67,7 +67,7 @@ class PatternNotes {
   NoteSelection notes_;
 };
 
-/// The notes of a pattern without any report; none for one that cannot be built.
+/// The same without a report; no notes for a pattern that cannot be built.
 NoteSelection NotesOfTyped(std::string_view pattern);
 
 }  // namespace tonalith::editor

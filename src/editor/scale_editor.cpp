@@ -11,7 +11,7 @@ namespace tonalith::editor {
 void ShowScaleEditor(QPointer<frmScales>& place, const EditorServices& services, QWidget* parent) {
   core::DeferredFailure failure;
   failure.Try([&] {
-    // Between the closing of an editor and its end it is there, but no longer the one to show.
+    // A closed editor exists until its deferred deletion.
     if (place.isNull() || place->IsUnloaded()) place = new frmScales(services, parent);
     windows::BringToFront(*place);
   });

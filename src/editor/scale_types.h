@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What the editor asks the database beside its own records: the types that a scale can have, and the sort number that
-// comes next within one. Each question opens and closes a connection of its own; failures are thrown. One thread.
+// Queries of the editor besides its records: the scale types, and the next sort number of a type. Each query opens a
+// connection of its own and throws core::Failure.
 
 #pragma once
 
@@ -20,7 +20,7 @@ struct ScaleType {
 /// In the order of their numbers.
 std::vector<ScaleType> ReadScaleTypes(const std::string& connectionString);
 
-/// One more than the highest sort number of the type's scales; 1 where there is none.
+/// One more than the highest sort number of the type's scales; 1 for a type without scales.
 std::int64_t NextSortNumber(const std::string& connectionString, std::int64_t scaleTypeId);
 
 }  // namespace tonalith::editor

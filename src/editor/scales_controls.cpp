@@ -47,20 +47,20 @@ constexpr std::array<FieldDesign, kFieldCount> kFields = {{
     {"Sort", QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Sort Order Number:"), kNumber, kLongestNumber},
 }};
 
-/// What a control is called aloud: its label without the colon.
-QString SpokenName(const QString& caption) { return caption.chopped(caption.endsWith(QLatin1Char(':')) ? 1 : 0); }
+/// The accessible name of a control: its label without the colon.
+QString AccessibleName(const QString& caption) { return caption.chopped(caption.endsWith(QLatin1Char(':')) ? 1 : 0); }
 
 LineBox* MakeLine(const QString& name, const QString& caption, QWidget* form) {
   auto* const line = new LineBox(name, form);
-  line->setAccessibleName(SpokenName(caption));
+  line->setAccessibleName(AccessibleName(caption));
   return line;
 }
 
 TextBox* MakeMultiLine(const QString& name, const QString& caption, int longest, QWidget* form) {
-  // Room for the longest description that we ship.
+  // As many as the longest description that ships needs.
   constexpr int kLines = 4;
   auto* const text = new TextBox(name, kLines, longest, form);
-  text->setAccessibleName(SpokenName(caption));
+  text->setAccessibleName(AccessibleName(caption));
   return text;
 }
 
@@ -84,7 +84,7 @@ void MakeField(ScalesControls& c, int index, QWidget* form, core::MsgBox& msgBox
 void MakeChordBox(ScalesControls& c, QWidget* form) {
   c.chkFields = new QCheckBox(form);
   c.chkFields->setObjectName(QStringLiteral("chkFields(6)"));
-  c.chkFields->setAccessibleName(SpokenName(frmScales::tr(kFields[field::kChord].caption)));
+  c.chkFields->setAccessibleName(AccessibleName(frmScales::tr(kFields[field::kChord].caption)));
   c.datPrimaryRS->Bind("Chord", [box = c.chkFields](const core::Value& value) {
     const std::string text = value.TextOr("0");
     box->setChecked(text != "0" && !text.empty());
@@ -94,6 +94,7 @@ void MakeChordBox(ScalesControls& c, QWidget* form) {
   });
 }
 
+// Kept: see docs/behaviour.md, No text box has the index 6
 void MakeFields(ScalesControls& c, QWidget* form, core::MsgBox& msgBox) {
   for (int i = 0; i < kFieldCount; ++i) {
     const auto at = static_cast<std::size_t>(i);
@@ -111,6 +112,7 @@ void MakeFields(ScalesControls& c, QWidget* form, core::MsgBox& msgBox) {
   static_cast<QLineEdit*>(c.txtFields[field::kScaleId].box)->setPlaceholderText(frmScales::tr("new"));
 }
 
+// Kept: see docs/behaviour.md, No text box has the index 6
 void MakeUnboundControls(ScalesControls& c, QWidget* form) {
   const QString type = frmScales::tr("Scale Type:");
   c.txtScaleType = MakeLine(QStringLiteral("txtScaleType"), type, form);
@@ -119,7 +121,7 @@ void MakeUnboundControls(ScalesControls& c, QWidget* form) {
     box->setText(QString::fromStdString(value.TextOr({})).left(core::kLongestTypeName));
   });
   c.Combo1 = new TypeBox(QStringLiteral("Combo1"), form);
-  c.Combo1->setAccessibleName(SpokenName(type));
+  c.Combo1->setAccessibleName(AccessibleName(type));
   c.txtIntervals = MakeLine(QStringLiteral("txtIntervals"), frmScales::tr(kFields[field::kIntervals].caption), form);
   c.txtIntervals->setValidator(
       new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), c.txtIntervals));
@@ -129,7 +131,7 @@ void MakeUnboundControls(ScalesControls& c, QWidget* form) {
   c.txtScaleIntervalTones->setReadOnly(true);
   c.txtNotesToUse = MakeLine(QStringLiteral("txtNotesToUse"), frmScales::tr("Notes To Use:"), form);
   c.txtNotesToUse->hide();
-  // A long notice gets smaller; it never makes the form wider.
+  // A long notice uses a smaller font; it never makes the form wider.
   c.lblNotice = new windows::FittingLabel(QStringLiteral("lblNotice"), {13, 9}, QFont::Normal, form);
   c.lblNotice->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   c.lblNotice->setFixedHeight(20);
@@ -234,7 +236,7 @@ QGridLayout* LayOutDetails(const ScalesControls& c, QWidget* form, int narrow) {
   return grid;
 }
 
-/// The labels in front of the three grids are equally wide, so that their boxes begin on one line.
+/// Makes the labels of the three grids equally wide, so that their boxes are aligned.
 void AlignFirstColumn(const ScalesControls& c) {
   constexpr std::array kFirst = {field::kName, field::kIntervals, field::kDescription, field::kStartNote};
   int widest = 0;
@@ -284,9 +286,33 @@ ScalesControls MakeScalesControls(QWidget* form, core::MsgBox& msgBox) {
   return c;
 }
 
+void EnableFields(const ScalesControls& c, bool isModifying) {
+  const bool hasRecord = c.datPrimaryRS->HasRecord();
+  const bool canType = isModifying && hasRecord;
+  for (int i = 1; i < kFieldCount; ++i) {
+    if (i != field::kChord) c.txtFields.at(static_cast<std::size_t>(i)).box->setEnabled(canType);
+  }
+  c.Combo1->setEnabled(canType);
+  c.txtIntervals->setReadOnly(!canType);
+  c.cmdDelete->setEnabled(hasRecord);
+}
+
+void ShowControls(const ScalesControls& c, bool isModifying) {
+  c.txtFields[field::kScaleId].box->setEnabled(false);
+  // Kept: see docs/behaviour.md, No text box has the index 6
+  c.chkFields->hide();
+  c.txtFields[field::kIntervals].box->hide();
+  c.txtScaleType->setVisible(!isModifying);
+  c.Combo1->setVisible(isModifying);
+  c.cmdApply->setEnabled(isModifying);
+  c.picButtons->setVisible(isModifying);
+  c.picButtons->setEnabled(isModifying);
+}
+
 void ApplyInk(const ScalesControls& c, const QPalette& palette) {
   QPalette boxes = palette;
-  // The panel around a box paints its ground and shows by it whether the box can be edited; the ink is the same.
+  // The panel around a box paints its background, which shows whether the box can be edited; the text colour is the
+  // same.
   boxes.setColor(QPalette::Base, Qt::transparent);
   boxes.setColor(QPalette::Disabled, QPalette::Text, palette.color(QPalette::Active, QPalette::Text));
   boxes.setColor(QPalette::PlaceholderText, paint::SecondaryText(palette));

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The controls of the scale editor, made, bound and laid out in one go. The form owns them as its children; the
-// structure only knows them by their names. Fields are known by their index, and the index is the design: 6 is the
-// check box, so there is no text box of that index. User-interface thread.
+// The controls of the scale editor: made, bound and laid out here. The form owns them as its children; the structure
+// only refers to them by their fixed names. Fields are addressed by their index.
 
 #pragma once
 
@@ -15,30 +14,19 @@
 
 #include "controls/data_control.h"
 #include "controls/field_binding.h"
-#include "editor/note_button.h"
+#include "editor/note_keyboard.h"
+#include "editor/scale_fields.h"
 #include "editor/type_box.h"
 #include "windows/fitting_label.h"
 #include "windows/panel_button.h"
 
 namespace tonalith::editor {
 
-inline constexpr int kFieldCount = 8;
-namespace field {
-inline constexpr int kScaleId = 0;
-inline constexpr int kName = 1;
-inline constexpr int kDescription = 2;
-inline constexpr int kScaleTypeId = 3;
-inline constexpr int kIntervals = 4;
-inline constexpr int kStartNote = 5;
-inline constexpr int kChord = 6;
-inline constexpr int kSort = 7;
-}  // namespace field
-
-/// One of the text boxes by index: the widget, and what binds it to its field.
+/// One of the text boxes by index: the widget and its binding.
 struct TextField {
   QWidget* box = nullptr;
   controls::FieldBinding* binding = nullptr;
-  /// What the box takes, in UTF-16 units.
+  /// The longest text that the box accepts, in UTF-16 units.
   int longest = 0;
 
   [[nodiscard]] QString Text() const { return binding->Text(); }
@@ -72,6 +60,12 @@ struct ScalesControls {
 
 /// Makes every control as a child of `form` and lays them out. The message box has to outlive them.
 ScalesControls MakeScalesControls(QWidget* form, core::MsgBox& msgBox);
+
+/// Enables the fields that can be changed in the mode, and Delete, if there is a record.
+void EnableFields(const ScalesControls& controls, bool isModifying);
+
+/// Shows and enables the remaining controls for the mode.
+void ShowControls(const ScalesControls& controls, bool isModifying);
 
 /// Gives boxes and labels their colours from the form's palette.
 void ApplyInk(const ScalesControls& controls, const QPalette& palette);

@@ -22,15 +22,15 @@ LineBox::LineBox(const QString& name, QWidget* parent) : QLineEdit(parent) {
   setFrame(false);
 }
 
-QRect LineBox::TextPlace() const {
-  // QLineEdit keeps two pixels free on each side of its text.
+QRect LineBox::TextRect() const {
+  // The margin of QLineEdit on each side of its text.
   constexpr int kBesideText = 2;
   QStyleOptionFrame option;
   initStyleOption(&option);
   return style()->subElementRect(QStyle::SE_LineEditContents, &option, this).adjusted(kBesideText, 0, -kBesideText, 0);
 }
 
-bool LineBox::IsElided() const { return !hasFocus() && fontMetrics().horizontalAdvance(text()) > TextPlace().width(); }
+bool LineBox::IsElided() const { return !hasFocus() && fontMetrics().horizontalAdvance(text()) > TextRect().width(); }
 
 bool LineBox::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip && IsElided()) {
@@ -44,7 +44,7 @@ void LineBox::paintEvent(QPaintEvent* event) {
   if (!IsElided()) return QLineEdit::paintEvent(event);
   QPainter painter(this);
   painter.setPen(palette().color(QPalette::Text));
-  const QRect place = TextPlace();
+  const QRect place = TextRect();
   painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
                    fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));
 }
@@ -56,24 +56,24 @@ TextBox::TextBox(const QString& name, int lines, int longest, QWidget* parent)
   setTabChangesFocus(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   document()->setDocumentMargin(kTextMargin);
-  // Whole lines only: a line that is cut in half cannot be read.
+  // Whole lines only, so that no line is clipped.
   const qreal line = QFontMetricsF(font()).lineSpacing();
   setFixedHeight(static_cast<int>(std::floor(line * lines)) + 2 * kTextMargin);
   connect(this, &QPlainTextEdit::textChanged, this, &TextBox::CutToLimit);
 }
 
-// Cut before it gets into the document: laying out a million characters takes many seconds.
+// Cut before the document gets it: laying out a million characters takes many seconds.
 void TextBox::insertFromMimeData(const QMimeData* source) {
-  const int room = longest_ - Length() + static_cast<int>(textCursor().selectedText().size());
+  const int free = longest_ - Length() + static_cast<int>(textCursor().selectedText().size());
   QString text = source->text();
-  const bool fits = text.size() <= room;
-  if (!fits) text.truncate(std::max(room, 0));
+  const bool fits = text.size() <= free;
+  if (!fits) text.truncate(std::max(free, 0));
   textCursor().insertText(text);
   ensureCursorVisible();
   if (!fits) Q_EMIT inputRejected();
 }
 
-// Typing and input methods add little at once, in front of the cursor.
+// Typing and input methods add a few characters at once, before the cursor.
 void TextBox::CutToLimit() {
   const int excess = Length() - longest_;
   if (excess <= 0) return;

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The editor's text boxes. A line without the focus that is too long for its box is shown from its beginning, with an
-// ellipsis at the end and the whole text as its tooltip. A box of several lines takes a limited number of characters
-// and keeps what does not fit from being laid out. Owned by the form; user-interface thread; never fail.
+// The editor's text boxes. A line without the focus elides a text that is too long and shows all of it in the tooltip.
+// A box of several lines accepts a limited number of characters and cuts a paste before it is laid out.
 
 #pragma once
 
@@ -18,7 +17,7 @@ class LineBox : public QLineEdit {
  public:
   LineBox(const QString& name, QWidget* parent);
 
-  /// Whether the text is shown with an ellipsis now.
+  /// Whether the text is elided now.
   [[nodiscard]] bool IsElided() const;
 
  protected:
@@ -26,18 +25,18 @@ class LineBox : public QLineEdit {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  [[nodiscard]] QRect TextPlace() const;
+  [[nodiscard]] QRect TextRect() const;
 };
 
 class TextBox : public QPlainTextEdit {
   Q_OBJECT
 
  public:
-  /// As high as `lines` lines of text; takes `longest` UTF-16 units.
+  /// As high as `lines` lines of text; accepts `longest` UTF-16 units.
   TextBox(const QString& name, int lines, int longest, QWidget* parent);
 
  Q_SIGNALS:
-  /// Something did not fit and was left out. Named as QLineEdit's signal, so that both can be connected alike.
+  /// A text was cut to the limit. Has the name of QLineEdit's signal so that both are connected by the same code.
   void inputRejected();  // NOLINT(readability-identifier-naming)
 
  protected:

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The list of scale types, from which a type is picked by its name. It may stand on none, when the record's type number
-// is not one of them. Painted like the other boxes of the form, which owns it; user-interface thread.
+// The list of scale types, where the user chooses a type by its name. No type is current when the record's type number
+// is not in the list.
 
 #pragma once
 
@@ -20,13 +20,13 @@ class TypeBox : public QComboBox {
   TypeBox(const QString& name, QWidget* parent);
 
   void SetTypes(const std::vector<ScaleType>& types);
-  /// Stands on the type whose number the text is, on none for any other text.
+  /// Selects the type with that number; none for any other text.
   void Show(const QString& typeNumber);
-  /// The number of the type at a place in the list.
+  /// The number of the type at an index of the list.
   [[nodiscard]] QString NumberAt(int index) const { return itemData(index).toString(); }
 
  protected:
-  /// The open list has its keys for itself: Escape closes the list, not the form.
+  /// The open list takes its keys before the form: Escape closes the list, not the form.
   bool eventFilter(QObject* watched, QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 };

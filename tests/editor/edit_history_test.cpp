@@ -10,16 +10,22 @@ namespace {
 
 QString Text(const char* text) { return QLatin1String(text); }
 
-std::string Line(const std::optional<EditHistory::Step>& step) {
+NoteSelection Notes(unsigned bits) { return {bits}; }
+
+std::string Line(const std::optional<EditStep>& step) {
   if (!step) return "none";
-  return std::to_string(step->subject) + ": " + step->before.toStdString() + " > " + step->after.toStdString();
+  if (const auto* const notes = std::get_if<NotesStep>(&*step)) {
+    return "notes: " + std::to_string(notes->before.to_ulong()) + " > " + std::to_string(notes->after.to_ulong());
+  }
+  const auto& field = std::get<FieldStep>(*step);
+  return std::to_string(field.index) + ": " + field.before.toStdString() + " > " + field.after.toStdString();
 }
 
 TEST(EditHistory, TakesTheTypingInOneFieldAsOneStep) {
   EditHistory history;
-  history.AddField(1, Text("a"), Text("ab"));
-  history.AddField(1, Text("ab"), Text("abc"));
-  history.AddField(5, Text("C"), Text("D"));
+  history.Add(FieldStep{1, Text("a"), Text("ab")});
+  history.Add(FieldStep{1, Text("ab"), Text("abc")});
+  history.Add(FieldStep{5, Text("C"), Text("D")});
   EXPECT_EQ(Line(history.Undo()), "5: C > D");
   EXPECT_EQ(Line(history.Undo()), "1: a > abc");
   EXPECT_EQ(Line(history.Undo()), "none");
@@ -27,28 +33,28 @@ TEST(EditHistory, TakesTheTypingInOneFieldAsOneStep) {
 
 TEST(EditHistory, ForgetsAStepThatComesBackToWhereItBegan) {
   EditHistory history;
-  history.AddField(1, Text("a"), Text("ab"));
-  history.AddField(1, Text("ab"), Text("a"));
+  history.Add(FieldStep{1, Text("a"), Text("ab")});
+  history.Add(FieldStep{1, Text("ab"), Text("a")});
   EXPECT_EQ(Line(history.Undo()), "none");
 }
 
 TEST(EditHistory, KeepsTheNotesThatTypingTookBackAsTheLatestStep) {
   EditHistory history;
-  history.AddField(1, Text(""), Text("x"));
-  history.AddNotes(Text("101"), Text("111"));
-  history.AddField(1, Text("x"), Text("xy"));
-  EXPECT_EQ(Line(history.Undo()), "-1: 101 > 111");
+  history.Add(FieldStep{1, Text(""), Text("x")});
+  history.Add(NotesStep{Notes(5), Notes(7)});
+  history.Add(FieldStep{1, Text("x"), Text("xy")});
+  EXPECT_EQ(Line(history.Undo()), "notes: 5 > 7");
   EXPECT_EQ(Line(history.Undo()), "1:  > xy");
 }
 
 TEST(EditHistory, MakesAgainWhatWasTakenBackUntilSomethingElseIsDone) {
   EditHistory history;
-  history.AddField(1, Text("a"), Text("b"));
-  history.AddField(2, Text("c"), Text("d"));
+  history.Add(FieldStep{1, Text("a"), Text("b")});
+  history.Add(FieldStep{2, Text("c"), Text("d")});
   history.Undo();
   history.Undo();
   EXPECT_EQ(Line(history.Redo()), "1: a > b");
-  history.AddNotes(Text("0"), Text("1"));
+  history.Add(NotesStep{Notes(0), Notes(1)});
   EXPECT_EQ(Line(history.Redo()), "none");
   history.Clear();
   EXPECT_EQ(Line(history.Undo()), "none");
@@ -57,10 +63,10 @@ TEST(EditHistory, MakesAgainWhatWasTakenBackUntilSomethingElseIsDone) {
 TEST(EditHistory, MakesNothingAgainOnceSomethingElseIsTyped) {
   for (const int index : {1, 5}) {
     EditHistory history;
-    history.AddField(1, Text("a"), Text("b"));
-    history.AddField(2, Text("c"), Text("d"));
+    history.Add(FieldStep{1, Text("a"), Text("b")});
+    history.Add(FieldStep{2, Text("c"), Text("d")});
     history.Undo();
-    history.AddField(index, Text("b"), Text("bc"));
+    history.Add(FieldStep{index, Text("b"), Text("bc")});
     EXPECT_EQ(Line(history.Redo()), "none") << index;
   }
 }

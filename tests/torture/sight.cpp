@@ -40,9 +40,9 @@ EditorSight LookAtEditor() {
   sight.pattern = c.txtIntervals->text();
   sight.notice = c.lblNotice->text();
   sight.notes = static_cast<unsigned>(form->SelectedNotes().to_ulong());
-  if (const editor::ChangesOfRecord* const changes = form->LatestSetAside()) {
+  if (const editor::RejectedEdit* const edit = form->LatestRejected()) {
     sight.setAside.emplace();
-    for (std::size_t i = 0; i < sight.fields.size(); ++i) sight.setAside->at(i) = changes->fields.at(i).text;
+    for (std::size_t i = 0; i < sight.fields.size(); ++i) sight.setAside->at(i) = edit->fields.at(i).text;
   }
   return sight;
 }
