@@ -249,7 +249,7 @@ TEST_F(Disaster, InstallTwiceShowsTheSameAndTheWindowStands) {
 }
 
 TEST_F(Disaster, JetFileThatCannotBeConvertedIsOneCriticalMessageAndStaysAsItIs) {
-  const fs::path fixture = fs::path(TONALITH_SOURCE_DIR) / "tests" / "data" / "fixtures" / "DataPack_Jet2000.mdb";
+  const fs::path fixture = fs::path(TONALITH_SOURCE_DIR) / "tests" / "jet" / "fixtures" / "DataPack_Jet2000.mdb";
   fs::copy_file(fixture, Path("TonalithDB97.mdb"));
   fs::resize_file(Path("TonalithDB97.mdb"), fs::file_size(fixture) - 4096);
   fs::current_path(temp_.Path());

@@ -24,7 +24,7 @@ using testing::IsEmpty;
 using testing::SizeIs;
 using Message = tests::RecordingMsgBox::Message;
 
-const fs::path kFixtures = fs::path(TONALITH_SOURCE_DIR) / "tests" / "data" / "fixtures";
+const fs::path kFixtures = fs::path(TONALITH_SOURCE_DIR) / "tests" / "jet" / "fixtures";
 
 class Wings : public MainWindowTest {
  protected:

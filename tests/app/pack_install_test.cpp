@@ -53,7 +53,7 @@ class PackInstallTest : public MainWindowTest {
   }
   std::string CopyJetPack() {
     const std::string path = Path("DataPacks/DataPack_Jet2003.mdb");
-    fs::copy_file(fs::path(TONALITH_SOURCE_DIR) / "tests" / "data" / "fixtures" / "DataPack_Jet2003.mdb", path);
+    fs::copy_file(fs::path(TONALITH_SOURCE_DIR) / "tests" / "jet" / "fixtures" / "DataPack_Jet2003.mdb", path);
     return path;
   }
   /// Installs; `step` is called whenever events are handled meanwhile.

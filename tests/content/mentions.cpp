@@ -90,7 +90,7 @@ std::vector<const ScaleRow*> TakeNameList(std::string_view& text) {
 }
 
 std::string FolderOf(const ScaleRow& row) {
-  const std::filesystem::path folder = std::filesystem::path(row.place.file).parent_path();
+  const std::filesystem::path folder = std::filesystem::path(row.location.file).parent_path();
   const std::string name = folder.filename().string();
   return folder.parent_path().filename() == "packs" ? "packs/" + name : name;
 }

@@ -29,10 +29,10 @@ using ::testing::StartsWith;
 constexpr std::size_t kKindOfScales = 59688;
 constexpr std::size_t kVersion = 0x14;
 
-class Listing : public JetVisitor {
+class Listing : public jet::JetVisitor {
  public:
-  void OnObject(const JetObject& object) override { objects.push_back(object.kind + " " + object.name); }
-  void OnTable(const JetTable& table) override { tables.push_back(table.name); }
+  void OnObject(const jet::JetObject& object) override { objects.push_back(object.kind + " " + object.name); }
+  void OnTable(const jet::JetTable& table) override { tables.push_back(table.name); }
   void OnRow(std::vector<core::Value>) override {}
 
   std::vector<std::string> objects;
@@ -49,7 +49,7 @@ std::string WithScalesAs(int kind) {
 std::string RefusalOf(const std::string& content) {
   const tests::TempFolder folder;
   Listing listing;
-  return FailureOf([&] { ReadWithLibmdb(folder.Write("a.mdb", content), listing); }).Description();
+  return FailureOf([&] { jet::ReadWithLibmdb(folder.Write("a.mdb", content), listing); }).Description();
 }
 
 TEST(JetReader, NamesEveryKindOfObjectThatIsNoTable) {
@@ -59,7 +59,7 @@ TEST(JetReader, NamesEveryKindOfObjectThatIsNoTable) {
   const tests::TempFolder folder;
   for (const auto& [kind, word] : kinds) {
     Listing listing;
-    ReadWithLibmdb(folder.Write("a.mdb", WithScalesAs(kind)), listing);
+    jet::ReadWithLibmdb(folder.Write("a.mdb", WithScalesAs(kind)), listing);
     EXPECT_THAT(listing.objects, Contains(word + " Scales")) << kind;
     EXPECT_THAT(listing.tables, Not(Contains("Scales"))) << kind;
   }
@@ -68,10 +68,10 @@ TEST(JetReader, NamesEveryKindOfObjectThatIsNoTable) {
 TEST(JetReader, LeavesOutWhatBelongsToTheSystem) {
   const tests::TempFolder folder;
   Listing whole;
-  ReadWithLibmdb(jet::kJet2000, whole);
+  jet::ReadWithLibmdb(jet::kJet2000, whole);
   EXPECT_THAT(whole.tables, Contains("Scales"));
   Listing listing;
-  ReadWithLibmdb(folder.Write("a.mdb", WithScalesAs(3)), listing);
+  jet::ReadWithLibmdb(folder.Write("a.mdb", WithScalesAs(3)), listing);
   EXPECT_EQ(listing.objects, whole.objects);
   EXPECT_THAT(listing.tables, Not(Contains("Scales")));
 }

@@ -56,11 +56,11 @@ class MakeDatabaseTest : public testing::Test {
 TEST_F(MakeDatabaseTest, ReadsRowsWithTheirLineAndSource) {
   const ScaleTables tables = ReadScaleTables(folder_.Path() / "scales");
   ASSERT_EQ(tables.types.size(), 2U);
-  EXPECT_EQ(tables.types[1].place.line, 4);
+  EXPECT_EQ(tables.types[1].location.line, 4);
   ASSERT_EQ(tables.scales.size(), 2U);
   EXPECT_EQ(tables.scales[0].source, "a book");
-  EXPECT_EQ(tables.scales[0].place.line, 3);
-  EXPECT_EQ(tables.scales[1].place.file, folder_ / "scales/chords.tsv");
+  EXPECT_EQ(tables.scales[0].location.line, 3);
+  EXPECT_EQ(tables.scales[1].location.file, folder_ / "scales/chords.tsv");
   EXPECT_TRUE(tables.scales[1].isChord);
 }
 

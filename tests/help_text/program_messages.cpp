@@ -231,9 +231,8 @@ Sources ProgramSources() {
   const house::Path root = house::ProjectRoot() / "src";
   for (const house::Path& file : house::ProjectFiles(root)) {
     const std::string path = file.generic_string();
-    const bool isTestsOwn = path.starts_with("platform/scripted/") || path == "core/recording_msg_box.h";
     const bool isSource = file.extension() == ".cpp" || file.extension() == ".h";
-    if (isSource && !isTestsOwn) sources[path] = TokensOf(house::ReadFile(root / file));
+    if (isSource) sources[path] = TokensOf(house::ReadFile(root / file));
   }
   return sources;
 }

@@ -16,7 +16,7 @@ from gi.repository import GLib
 from hands import Hands
 from session import Session, children, descendants
 
-FIXTURES = os.path.join(os.path.dirname(os.path.abspath(__file__)), os.pardir, "data", "fixtures")
+FIXTURES = os.path.join(os.path.dirname(os.path.abspath(__file__)), os.pardir, "jet", "fixtures")
 BOXES = ("dialog", "alert")
 NAME_TIP = "The name of the scale"
 

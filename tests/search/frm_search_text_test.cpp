@@ -16,6 +16,7 @@
 #include "search/fake_scales.h"
 #include "search/frm_search.h"
 #include "search/pointer_watching_msg_box.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::search {
 namespace {

@@ -15,6 +15,7 @@
 
 #include "search/fake_scales.h"
 #include "search/pointer_watching_msg_box.h"
+#include "support/recording_msg_box.h"
 
 namespace tonalith::search {
 namespace {

@@ -61,7 +61,7 @@ def mount(room):
 
 def copy_scripts(place):
     """The checkout may lie where only its owner can read."""
-    for name in ("torture", "outside", "data/fixtures"):
+    for name in ("torture", "outside", "jet/fixtures"):
         shutil.copytree(os.path.join(HERE, os.pardir, name), os.path.join(place, name))
     return place
 

@@ -33,15 +33,15 @@ PATHS = {
         FretboardView::PlayOctaveNote > OctaveNotePlayer::Play
         OctaveNotePlayer::Read > PosixFileInput::Open
         OctaveNotePlayer::Read > WaveFile::ReadData
-        OctaveNotePlayer::MakeWindow > NoticeQueue::CreateWindow
+        OctaveNotePlayer::MakeWindow > WindowMessageQueue::CreateWindow|NoticeQueue::CreateWindow
         OctaveNotePlayer::Play > ThreadedWaveOutput::Open
         OctaveNotePlayer::Play > ThreadedWaveOutput::Write
         OctaveNotePlayer::Play > FretboardView::NoteStarted
         ThreadedWaveOutput::Engine > OpenAlMixer::Start
         OpenAlMixer::Start > OpenAlDevice::Play
-        ThreadedWaveOutput::Engine > NoticeQueue::PostNotice
-        NoticeQueue::PostNotice > QtNoticeJoint::QtNoticeJoint
-        NoticeQueue::Dispatch > OctaveNotePlayer::MakeWindow
+        ThreadedWaveOutput::Engine > WindowMessageQueue::PostMessage|NoticeQueue::PostNotice
+        WindowMessageQueue::PostMessage|NoticeQueue::PostNotice > QtMessageBridge::QtMessageBridge|QtNoticeJoint::QtNoticeJoint
+        WindowMessageQueue::Dispatch|NoticeQueue::Dispatch > OctaveNotePlayer::MakeWindow
         OctaveNotePlayer::End > FretboardView::NoteEnded
     """,
     "pack to rows": """
@@ -49,7 +49,7 @@ PATHS = {
         PackInstall::Run > DataPackImport::GetAvailableDataPacks
         DataPackImport::ImportDataPack > PackMerge::Run
         PackMerge::Run > Connection::Open
-        ReadingProcess::Read > DataPackImport::ImportDataPack
+        ChildProcess::Read|ReadingProcess::Read > DataPackImport::ImportDataPack
         DataPackImport::ImportDataPack > PackInstall::ReadingProgress
         PackMerge::MergeTable > NewRows::Add
         PackMerge::MergeTable > DataPackImport::ImportDataPack
