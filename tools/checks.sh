@@ -87,7 +87,7 @@ TonalithCheckNoQt() {
   ctest --preset no-qt
 }
 
-# A short, fixed part of ./test --torture.
-TonalithCheckTorture() {
-  tests/torture/run build/dev --actions 3000 --kills 50 --seeds 11 --seconds 400 --world short
+# A short, fixed part of ./test --stress.
+TonalithCheckStress() {
+  tests/stress/run build/dev --actions 3000 --kills 50 --seeds 11 --seconds 400 --world short
 }

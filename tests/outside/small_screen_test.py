@@ -11,7 +11,7 @@ import os
 import sys
 import unittest
 
-from hands import Hands
+from input import Input
 from session import Session, descendants
 
 # The window's width, 1080 pixels, at the smallest scale, 0.7, and a frame around it.
@@ -70,14 +70,14 @@ class SmallScreen(unittest.TestCase):
     def test_a_click_reaches_the_note_under_the_pointer(self):
         # The bus has the places of the window system's pixels divided by the scale that the program is drawn at.
         scale = largest_window()[0] / self.extents(self.session.window).width
-        hands = Hands()
+        input = Input()
         for name in ("C, string 2, fret 1", "A, string 5, fret 12"):
             note = next(node for node in self.nodes("push button") if node.get_name() == name)
             place = self.extents(note)
-            hands.click((place.x + place.width / 2) * scale, (place.y + place.height / 2) * scale)
+            input.click((place.x + place.width / 2) * scale, (place.y + place.height / 2) * scale)
             focused = self.session.atspi.StateType.FOCUSED
             self.session.wait(lambda: note.get_state_set().contains(focused), f"focus on {name}")
-        hands.close()
+        input.close()
 
 
 if __name__ == "__main__":

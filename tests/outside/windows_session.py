@@ -1,0 +1,158 @@
+# SPDX-License-Identifier: MIT
+# SPDX-FileCopyrightText: 2026 The Tonalith authors
+"""A session that is worked with input and read through the accessibility bus: windows, boxes, buttons and fields.
+
+WindowsSession is a Session with a home folder of its own and an empty DataPacks folder; the packs that were in it lie in
+session.packs. Whatever is looked for is waited for; what does not come in the session's patience is a SessionFailure.
+"""
+
+import contextlib
+import os
+import shutil
+import sqlite3
+
+from gi.repository import GLib
+
+from input import Input
+from session import Session, children, descendants
+
+FIXTURES = os.path.join(os.path.dirname(os.path.abspath(__file__)), os.pardir, "jet", "fixtures")
+BOXES = ("dialog", "alert")
+NAME_TIP = "The name of the scale"
+
+
+class WindowsSession(Session):
+    """with WindowsSession(stage) as session: session.input work it."""
+
+    def __init__(self, stage):
+        super().__init__(stage)
+        self.input = None
+        self.home = os.path.join(self._folder, "home")
+        self.packs = os.path.join(self._folder, "packs")
+        self.data_packs = os.path.join(self.stage, "DataPacks")
+
+    def _start(self):
+        os.mkdir(self.home)
+        os.environ["HOME"] = self.home
+        super()._start()
+        shutil.move(self.data_packs, self.packs)
+        for name in os.listdir(FIXTURES):
+            if name.endswith(".mdb"):
+                shutil.copy(os.path.join(FIXTURES, name), self.packs)
+        os.mkdir(self.data_packs)
+        self.input = Input()
+
+    def __exit__(self, *details):
+        if self.input:
+            self.input.close()
+        super().__exit__(*details)
+
+    def wait(self, condition, what):
+        """As the session waits; a part that goes away while it is read makes the answer false, not the test fail."""
+        def answer():
+            try:
+                return condition()
+            except GLib.Error:
+                return None
+
+        return super().wait(answer, what)
+
+    def put_packs(self, *names):
+        """These packs and no others lie in the program's folder now."""
+        shutil.rmtree(self.data_packs)
+        os.mkdir(self.data_packs)
+        for name in names:
+            shutil.copy(os.path.join(self.packs, name), self.data_packs)
+
+    def query(self, statement, *values, path=None):
+        """The rows of a statement, read from the database of the program, or from another one."""
+        database = path or os.path.join(self.stage, "TonalithDB97.mdb")
+        with contextlib.closing(sqlite3.connect(f"file:{database}?mode=ro", uri=True)) as connection:
+            return connection.execute(statement, values).fetchall()
+
+    def is_showing(self, node):
+        return node.get_state_set().contains(self.atspi.StateType.SHOWING)
+
+    def windows(self):
+        """The program's windows on the screen at this moment."""
+        application = self.window.get_application()
+        application.clear_cache()
+        return [window for window in children(application) if self.is_showing(window)]
+
+    def wait_for_window(self, name):
+        found = lambda: next((window for window in self.windows() if window.get_name() == name), None)
+        return self.wait(found, f"the window {name}")
+
+    def wait_for_end_of(self, name):
+        self.wait(lambda: all(window.get_name() != name for window in self.windows()), f"the end of {name}")
+
+    def box(self):
+        """The message box that is open and what it says, or None."""
+        for window in self.windows():
+            if window.get_role_name() in BOXES and window.get_name() in ("Tonalith", "Confirm Deletion"):
+                texts = [node.get_name() for node in children(window) if node.get_role_name() == "label"]
+                return window, "".join(texts)
+        return None
+
+    def wait_for_box(self, text):
+        """The message box that says this."""
+        def found():
+            box = self.box()
+            return box and text in box[1] and box[0]
+
+        return self.wait(found, f"the box {text}")
+
+    def wait_for_no_box(self):
+        self.wait(lambda: self.box() is None, "the end of the message box")
+
+    def find(self, window, role, name):
+        """The part of the window with this role that has this name or this description."""
+        def found():
+            window.clear_cache()
+            for node in descendants(window):
+                names = (node.get_name().replace("&", ""), node.get_description())
+                if node.get_role_name() == role and name in names and self.is_showing(node):
+                    return node
+            return None
+
+        return self.wait(found, f"the {role} {name}")
+
+    def showing_label(self, window, start):
+        """Whether a label of the window begins with this."""
+        window.clear_cache()
+        return any(node.get_role_name() == "label" and node.get_name().startswith(start) and self.is_showing(node)
+                   for node in descendants(window))
+
+    def text_of(self, node):
+        node.clear_cache()
+        return self.atspi.Text.get_text(node, 0, -1)
+
+    def wait_for_text(self, node, start):
+        self.wait(lambda: self.text_of(node).startswith(start), f"the text {start}")
+
+    def wait_for_scale(self, name):
+        self.wait(lambda: self.scale() == name, f"the scale {name} in the main window")
+
+    def scale(self):
+        """The name of the scale that the main window shows."""
+        node = self.find(self.window, "label", NAME_TIP)
+        return node.get_name()
+
+    def wait_for_keyboard_in(self, node):
+        def has_it():
+            node.clear_cache()
+            return node.get_state_set().contains(self.atspi.StateType.FOCUSED)
+
+        self.wait(has_it, f"the keyboard in {node.get_name()}")
+
+    def click(self, node):
+        place = node.get_extents(self.atspi.CoordType.SCREEN)
+        self.input.click(place.x + place.width // 2, place.y + place.height // 2)
+
+    def click_button(self, window, name):
+        self.click(self.find(window, "push button", name))
+
+    def choose_from_menu(self, menu, entry):
+        opened = self.find(self.window, "menu item", menu)
+        self.click(opened)
+        self.click(self.find(opened, "menu item", entry))
