@@ -30,7 +30,7 @@
 #include "platform/help_engine.h"
 #include "platform/note_player.h"
 #include "platform/print_service.h"
-#include "search/search_desk.h"
+#include "search/search_controller.h"
 
 namespace tonalith::app {
 
@@ -144,7 +144,7 @@ class frmTonalith : public QMainWindow,
   audio::ScalePlayback playback_;
   PrintDesk printing_;
   QPointer<editor::frmScales> frmScales_;
-  search::SearchDesk searching_;
+  search::SearchController searching_;
 };
 
 }  // namespace tonalith::app

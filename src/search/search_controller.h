@@ -19,9 +19,9 @@ class DataControl;
 
 namespace tonalith::search {
 
-class SearchDesk {
+class SearchController {
  public:
-  explicit SearchDesk(core::MsgBox& msgBox) : msgBox_(msgBox) {}
+  explicit SearchController(core::MsgBox& msgBox) : msgBox_(msgBox) {}
 
   /// Shows the dialog over the scales of `data1`, with the text of its last use; returns when it is closed. The desk
   /// may be gone then.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "search/search_desk.h"
+#include "search/search_controller.h"
 
 #include <QPointer>
 #include <utility>
@@ -14,7 +14,7 @@
 
 namespace tonalith::search {
 
-void SearchDesk::Open(controls::DataControl& data1) {
+void SearchController::Open(controls::DataControl& data1) {
   const auto make = [&]() -> std::unique_ptr<SearchDialog> {
     return std::make_unique<frmSearch>(std::make_unique<DataControlScales>(data1), msgBox_, data1.window());
   };
@@ -24,7 +24,7 @@ void SearchDesk::Open(controls::DataControl& data1) {
   failure.ReportDescription(msgBox);
 }
 
-void SearchDesk::Next(controls::DataControl& data1) {
+void SearchController::Next(controls::DataControl& data1) {
   if (dialog_ != nullptr || text_.empty()) return Open(data1);
   // Its own messages let a further key press through.
   if (std::exchange(isWalking_, true)) return;
