@@ -12,7 +12,7 @@
 namespace tonalith::views {
 namespace {
 
-/// The neck: its children are what can be seen of it.
+/// The neck. Its children are the visible controls.
 class AccessibleFretboard : public QAccessibleWidget {
  public:
   explicit AccessibleFretboard(QWidget* view) : QAccessibleWidget(view, QAccessible::Grouping) {}

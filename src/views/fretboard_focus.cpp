@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The neck as one tab stop: arrow keys among the visible notes, the focus ring, and tool tips of the fret numbers.
+// The neck as one tab stop: arrow keys between the visible notes, the focus ring, and tool tips of the fret numbers.
 
 #include <QFocusEvent>
 #include <QHelpEvent>
@@ -68,8 +68,8 @@ void FretboardView::RestoreFocus() {
       SetTabStop(first == visible.end() ? -1 : static_cast<int>(first - visible.begin()));
     }
   }
-  if (focusWaits_ && hasFocus() && tabStop_ >= 0) Image(tabStop_).setFocus(Qt::OtherFocusReason);
-  focusWaits_ = focusWaits_ && hasFocus();
+  if (isFocusPending_ && hasFocus() && tabStop_ >= 0) Image(tabStop_).setFocus(Qt::OtherFocusReason);
+  isFocusPending_ = isFocusPending_ && hasFocus();
 }
 
 void FretboardView::keyPressEvent(QKeyEvent* event) {

@@ -17,7 +17,7 @@ using paint::Twips;
 constexpr Twips kFirstStringY{4200};
 constexpr Twips kStringRight{15510};
 constexpr Twips kNutX{1220};
-// Above the first string's line and below the last one's.
+// Above the line of the first string and below that of the last.
 constexpr Twips kNutAbove{360};
 constexpr Twips kNutBelow{285};
 constexpr Twips kNeckAbove{330};
@@ -155,6 +155,7 @@ std::optional<int> FretboardLayout::Neighbour(int index, Move move, const std::v
 std::int16_t OctaveSoundNumber(core::NoteNumber note, std::int16_t octave) {
   constexpr std::int16_t kLowestRecorded = 2;
   constexpr std::int16_t kHighestRecorded = 5;
+  // Kept: see docs/behaviour.md, Octaves outside 2 to 5 play the lowest file
   const bool isRecorded = octave >= kLowestRecorded && octave <= kHighestRecorded;
   return static_cast<std::int16_t>(isRecorded ? note + 12 * (octave - kLowestRecorded) : note);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Notes that light up while they sound: one that was pressed, and one that the playback has reached.
+// Highlights notes while they sound: the pressed note and the note of the playback.
 
 #include <QPainter>
 #include <algorithm>
@@ -12,7 +12,7 @@
 namespace tonalith::views {
 namespace {
 
-/// How far the glow reaches around a disc, in pixels.
+/// Width of the glow around a disc, in pixels.
 constexpr int kGlow = 6;
 
 }  // namespace
@@ -47,7 +47,7 @@ void FretboardView::PaintGlow(QPainter& painter) const {
     if (index < 0 || Image(index).isHidden()) continue;
     const QRectF disc(Image(index).geometry());
     const double radius = Image(index).Picture() == NotePicture::kKeyNote ? 7.5 : disc.width() / 2;
-    // Thinner towards the outside.
+    // The layers overlap, so the glow fades towards the outside.
     for (int reach = kGlow; reach > 0; --reach) {
       QColor light(paint::kAmber);
       light.setAlpha(70);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The procedures of the fretboard: layout, hiding and showing a scale, names, the play marker and single notes.
+// The procedures of the fretboard: layout, hiding and showing notes, names, the play marker and single notes.
 
 #include <QLabel>
 #include <algorithm>
@@ -21,7 +21,7 @@ using paint::Twips;
 
 constexpr Twips kMarkerAboveNote{480};
 
-/// A text that is a whole number of 16 bits, blanks around it allowed.
+/// Parses a 16-bit whole number with optional blanks around it.
 std::optional<std::int16_t> WholeNumber(std::string_view text) {
   text = core::Trim(text);
   if (!text.empty() && text.front() == '+') text.remove_prefix(1);
@@ -37,6 +37,7 @@ void FretboardView::PositionNotes() {
   core::DeferredFailure failure;
   failure.Try([&] { playMarker_->hide(); });
   for (int index = 0; index < layout_.NoteCount(); ++index) {
+    // Kept: see docs/behaviour.md, Every string places the frets
     failure.Try([&] { PositionNote(index); });
     failure.Clear();
   }
@@ -55,6 +56,7 @@ void FretboardView::PositionNote(int index) {
   const Twips top = FretboardLayout::Top(strings_[static_cast<std::size_t>(note.row - 1)]->y1);
   image.Left = left;
   image.Top = top;
+  // Kept: see docs/behaviour.md, ScaleTop equals Top
   image.ScaleTop = top;
   image.Width = FretboardLayout::kImageSize;
   image.Height = FretboardLayout::kImageSize;
@@ -62,6 +64,7 @@ void FretboardView::PositionNote(int index) {
   image.setToolTip(image.TagText());
   PlaceOnView(image, left, top);
   image.show();
+  // Kept: see docs/behaviour.md, Every string places the frets
   if (note.position <= 1) return;
   const views::LineControl& fret1 = *frets_.front();
   views::LineControl& fret = *frets_[static_cast<std::size_t>(note.position - 1)];
@@ -69,16 +72,16 @@ void FretboardView::PositionNote(int index) {
   fret.y1 = fret1.y1;
   fret.y2 = fret1.y2;
   fret.BorderWidth = 3;
-  // Most positions have no marker, which is no failure.
+  // Most positions have no marker.
   const auto marker = markers_.find(note.position);
   if (marker == markers_.end()) return;
   PlaceOnView(*marker->second, FretboardLayout::MarkerLeft(left), FretboardLayout::MarkerTop(fret1.y2));
 }
 
 void FretboardView::HideNotes() {
-  // A hidden control hands its focus on to any other; the neck keeps it until the next notes are shown.
+  // Qt moves the focus of a hidden control to any other control. The neck takes it until notes are shown again.
   if (FocusedNote() >= 0) {
-    focusWaits_ = true;
+    isFocusPending_ = true;
     setFocus(Qt::OtherFocusReason);
   }
   for (NoteImage* image : images_) image->hide();
@@ -87,6 +90,7 @@ void FretboardView::HideNotes() {
 }
 
 std::string FretboardView::StartNoteOf(const std::string& keyText) const {
+  // Kept: see docs/behaviour.md, A numeric key is tried as a note number
   const std::optional<std::int16_t> number = WholeNumber(keyText);
   if (number && core::CNumberToNote(*number, msgBox_).empty()) return "C";
   return keyText;
@@ -101,6 +105,7 @@ void FretboardView::ShowNotes(const std::string& startNote, ScaleInView& scale) 
     if (hasRecord) pattern = scale.ScaleIntervals();
   });
   for (NoteImage* label : labelImages_) label->SetPicture(NotePicture::kKeyNote);
+  // Kept: see docs/behaviour.md, Only two label images are hidden
   for (std::size_t element = 0; element < 2; ++element) labelImages_[element]->hide();
   const bool isDamaged = pattern && core::IsOverlongPattern(*pattern);
   if (hasRecord && !isDamaged && !failure.Pending()) {
@@ -116,6 +121,7 @@ void FretboardView::ShowNotes(const std::string& startNote, ScaleInView& scale) 
 }
 
 void FretboardView::ShowScaleNotes(const std::string& startNote, const core::IntervalPattern& pattern) {
+  // Kept: see docs/behaviour.md, A key that is no note reads as C and marks no note
   const std::vector<std::string> notes =
       core::ScaleArrayNotes(core::CNoteToNumber(startNote), {}, pattern, core::kScalePositions, msgBox_);
   for (NoteImage* image : images_) {
@@ -127,7 +133,7 @@ void FretboardView::ShowScaleNotes(const std::string& startNote, const core::Int
 }
 
 void FretboardView::UpdateOpenStrings() {
-  // They reach beyond the images that come and go.
+  // Open strings extend beyond the images that are shown and hidden.
   const int nut = paint::NearestPixel(nut_->x1) - DesignRect().left();
   update(0, 0, nut, height());
 }
@@ -139,11 +145,12 @@ void FretboardView::ShowNotesNames() {
 void FretboardView::DrawNoteName(NoteImage& image) { image.DrawName(); }
 
 void FretboardView::DrawNoteNames() {
-  // From 1: the first image keeps whatever it shows.
+  // Kept: see docs/behaviour.md, DrawNoteNames and ClearNoteNames start at 1
   for (int index = 1; index < layout_.NoteCount(); ++index) DrawNoteName(Image(index));
 }
 
 void FretboardView::ClearNoteNames() {
+  // Kept: see docs/behaviour.md, DrawNoteNames and ClearNoteNames start at 1
   for (int index = 1; index < layout_.NoteCount(); ++index) Image(index).ClearName();
 }
 
@@ -174,6 +181,7 @@ void FretboardView::PlayOctaveNote(const std::string& noteName, std::int16_t oct
 }
 
 std::int16_t FretboardView::MapNoteNameToPositionIndex(std::string_view noteName) {
+  // Kept: see docs/behaviour.md, MapNoteNameToPositionIndex has its own flats
   static const std::map<std::string, std::int16_t> numbers{
       {"C", 0},  {"C#", 1}, {"D", 2},  {"GB", 2}, {"D#", 3}, {"E", 4},   {"AB", 4}, {"F", 5},  {"F#", 6},
       {"BB", 6}, {"G", 7},  {"G#", 8}, {"A", 9},  {"DB", 9}, {"A#", 10}, {"B", 11}, {"EB", 11}};

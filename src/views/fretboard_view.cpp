@@ -27,7 +27,7 @@ constexpr int kFretNumberHeight = 18;
 constexpr int kFretNumberPixels = 12;
 constexpr std::int32_t kControlNotFound = 730;
 
-/// The play marker: a triangle that points down at the note below it.
+/// The play marker: a triangle that points down at a note.
 class PlayMarker : public QWidget {
  public:
   using QWidget::QWidget;
@@ -46,7 +46,7 @@ class PlayMarker : public QWidget {
   }
 };
 
-/// A fret number. Its text is painted by the neck, centred below the inlays, where the strings end up as well.
+/// A fret number. The neck paints its text, centred below the inlays.
 class FretNumber : public QLabel {
  public:
   using QLabel::QLabel;
@@ -120,6 +120,7 @@ void FretboardView::BuildImages() {
     });
     images_.push_back(image);
   }
+  // Kept: see docs/behaviour.md, Controls without use in the main window
   const std::vector<std::pair<int, const char*>> extras{{6, "C"},   {7, "D"},   {8, "E"},  {9, "F"},
                                                         {13, "C#"}, {14, "D#"}, {15, "F#"}};
   for (const auto& [number, tag] : extras) extraImages_.push_back(MakeImage(Numbered("imgE", number), tag));
@@ -172,7 +173,7 @@ NeckGeometry FretboardView::Geometry() const {
                     QPointF(nutX + kNutWidth / 2, paint::ExactPixels(nut_->y2)));
   neck.wood = QRectF(QPointF(nutX + 2, paint::ExactPixels(frets_.front()->y1)),
                      QPointF(paint::ExactPixels(strings_.front()->x2), paint::ExactPixels(frets_.front()->y2)));
-  // A string runs through the middle of its discs; its line's y1 only says where the discs are.
+  // A string runs through the centres of its discs; the y1 of its line only defines the position of the discs.
   for (const LineControl* string : strings_) {
     neck.strings.push_back(paint::NearestPixel(FretboardLayout::Top(string->y1)) + kHalfImage);
   }

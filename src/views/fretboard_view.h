@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The guitar neck of the main window: wood, nut, frets and strings, an image for each note, the fret numbers and the
-// play marker, with the procedures that lay them out, light a scale on them, write names and play one note. A child of
-// the form, at DesignRect of its client area. One tab stop; the arrow keys walk among the visible notes. User-interface
-// thread. The procedures go on past failures and show what is pending in a message box at their end; they only ask for
-// a repaint, so one refresh paints once. The message box and the ports have to outlive the view.
+// The guitar neck of the main window: wood, nut, frets, strings, an image for each note, fret numbers and the play
+// marker, with the procedures that place them, show a scale, write names and play a note. One tab stop; arrow keys move
+// between the visible notes. A procedure continues after a failure and shows it in a message box at its end. It only
+// schedules a repaint, so one refresh paints once. The message box and the ports must outlive the view.
 
 #pragma once
 
@@ -30,19 +29,19 @@ class QLabel;
 
 namespace tonalith::views {
 
-/// What ShowNotes asks of the window: the current record's pattern, and a place for the step words.
+/// The window as ShowNotes uses it: the pattern of the current record, and the step line.
 class ScaleInView {
  public:
   virtual ~ScaleInView() = default;
-  /// Whether there is a current record at all. Without one nothing is shown and nothing is said.
+  /// Without a current record nothing is shown and nothing is reported.
   [[nodiscard]] virtual bool HasCurrentRecord() const = 0;
-  /// `ScaleIntervals` of the current record; nothing for a null field. Asked once per ShowNotes.
+  /// `ScaleIntervals` of the current record; no value for a null field. Called once per ShowNotes.
   virtual std::optional<std::string> ScaleIntervals() = 0;
-  /// Appends to the step line. `words` begins with its two blanks.
+  /// Appends to the step line. `words` begins with two blanks.
   virtual void AppendStepWord(const std::string& words) = 0;
 };
 
-/// What makes a note light up; each lights one note at a time.
+/// The source of a highlight; each source highlights at most one note.
 enum class LitBy { kPress, kPlayback };
 
 class FretboardView : public QWidget, private platform::NotePlayerNotifier {
@@ -52,40 +51,41 @@ class FretboardView : public QWidget, private platform::NotePlayerNotifier {
   explicit FretboardView(core::MsgBox& msgBox, QWidget* parent = nullptr);
   ~FretboardView() override;
 
-  /// Its place in the form's client area, in pixels.
+  /// The position in the form's client area, in pixels.
   static QRect DesignRect();
 
-  /// Where a played note goes: nothing is played before this is called. The view becomes the player's notifier and
-  /// resigns when it is destroyed.
+  /// Sets the player of clicked notes; without one they are silent. The view is the notifier of the player until it is
+  /// destroyed.
   void SetNotePlayer(platform::NotePlayer* player, std::string appFolder);
-  /// How FlashNotes lets pending events run; QCoreApplication::processEvents unless something else is set.
+  /// Replaces the event processing of FlashNotes; the default is QCoreApplication::processEvents.
   void SetEventPump(std::function<void()> pump) { eventPump_ = std::move(pump); }
 
   void PositionNotes();
   void HideNotes();
-  /// `startNote` is the key box's text. Of an overlong pattern nothing is shown and no step words are made.
+  /// `startNote` is the text of the key box. For an overlong pattern no notes and no step words are shown.
   void ShowNotes(const std::string& startNote, ScaleInView& scale);
   void ShowNotesNames();
   void DrawNoteName(NoteImage& image);
   void DrawNoteNames();
   void ClearNoteNames();
   void FlashNotes(const std::string& controlName);
-  /// Lights the note with that control name, or none of its kind for an unknown name, for as long as it sounds.
+  /// Highlights the note with that control name. An unknown name removes the highlight of this source.
   void LightNote(LitBy by, const std::string& controlName);
   void DarkenNote(LitBy by) { Light(by, -1); }
   void PlayOctaveNote(const std::string& noteName, std::int16_t octave);
+  /// Kept: see docs/behaviour.md, Functions without callers
   static std::int16_t MapNoteNameToPositionIndex(std::string_view noteName);
 
   [[nodiscard]] const FretboardLayout& Layout() const { return layout_; }
-  /// The note image of a position index, 0 up to the neck's number of notes. Throws failure 9 for any other number.
+  /// The note image of a position index from 0. Throws failure 9 for an invalid index.
   [[nodiscard]] NoteImage& Image(int index) const;
-  /// The play marker. It is hidden until FlashNotes shows it.
+  /// The play marker, hidden until FlashNotes shows it.
   [[nodiscard]] QWidget& Picture1() const { return *playMarker_; }
-  /// The note that the Tab key leads to, -1 while no note is visible.
+  /// The index of the note that the Tab key reaches, -1 if no note is visible.
   [[nodiscard]] int TabStop() const { return tabStop_; }
 
-  /// The neck with the open strings of the notes that are shown, and the box that a fret's number is centred in, in
-  /// pixels of the form's client area.
+  /// The neck with the open strings of the visible notes, and the box of a fret number, in pixels of the form's client
+  /// area.
   [[nodiscard]] NeckGeometry Geometry() const;
   [[nodiscard]] QRectF FretNumberBox(int fret) const;
 
@@ -125,17 +125,17 @@ class FretboardView : public QWidget, private platform::NotePlayerNotifier {
   std::vector<NoteImage*> images_;
   std::vector<NoteImage*> extraImages_;       // imgE6..imgE9, imgE13..imgE15
   std::vector<NoteImage*> labelImages_;       // imgLabel, elements 0..11
-  std::vector<views::LineControl*> strings_;  // Line1.. by row; the line after the last is the nut.
+  std::vector<views::LineControl*> strings_;  // Line1.. by row; the next line is the nut.
   views::LineControl* nut_ = nullptr;
   std::vector<views::LineControl*> frets_;  // fret1.. by fret
   std::map<int, QLabel*> markers_;          // fretPosition3.. by fret
   QWidget* playMarker_ = nullptr;
   QPixmap neck_;
   int tabStop_ = -1;
-  int pressed_ = -1;                // The note that is handed to the player.
+  int pressed_ = -1;                // The note passed to the player.
   std::array<int, 2> lit_{-1, -1};  // By LitBy; -1 for none.
   bool ringShown_ = false;
-  bool focusWaits_ = false;
+  bool isFocusPending_ = false;
 };
 
 }  // namespace tonalith::views

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A line of the form: two end points in twips and a width in pixels, reached by its name like any other control. It has
-// no widget of its own; the view that owns it paints it. User-interface thread only; never fails.
+// A line of the form: two end points in twips, a width in pixels, and a name like any other control. It has no widget;
+// the view that owns it paints it.
 
 #pragma once
 

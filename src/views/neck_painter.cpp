@@ -21,14 +21,14 @@ constexpr double kInlayRadius = 7.5;
 constexpr double kFretWidth = 3;
 constexpr int kFibres = 420;
 
-/// Gauges of a set of strings, wider than life so that they can be told apart. A string beyond them is as thick as the
-/// last.
+/// Gauges of a set of strings in pixels, larger than real ones so that they differ visibly. Further strings have the
+/// last gauge.
 constexpr std::array<double, 6> kGauges = {1.2, 1.6, 2.0, 2.6, 3.2, 3.9};
 constexpr std::size_t kPlainStrings = 3;
 
 double GaugeOf(std::size_t index) { return kGauges.at(std::min(index, kGauges.size() - 1)); }
 
-/// A colour and where between 0 and 1 it stands.
+/// A colour at a position from 0 to 1.
 struct Stop {
   double at;
   QColor colour;
@@ -46,17 +46,16 @@ QColor ColourAt(const Blend& blend, double at) {
           mix(below.colour.blue(), above->colour.blue())};
 }
 
-/// The device dots to one pixel of the painter. A transform that has none, or a rotation, counts as the least.
+/// Device dots per pixel of the painter. A degenerate or rotated transform has the minimum.
 double DotsPerPixel(const QPainter& painter) {
-  constexpr double kLeastDots = 0.25;
-  return std::max(kLeastDots, painter.deviceTransform().m22());
+  constexpr double kFewestDots = 0.25;
+  return std::max(kFewestDots, painter.deviceTransform().m22());
 }
 
-// The blends below are laid on in stripes of one device dot and one colour each. A gradient brush over areas of this
-// size makes Qt start threads for it, which takes longer than all of the painting.
+// Blends are painted as stripes of one device dot and one colour. For areas of this size Qt fills gradient brushes in
+// several threads, which takes longer than the rest of the painting.
 
-/// A blend from top to bottom. `inset` says how far a stripe keeps from both ends, by its distance from the nearer
-/// edge.
+/// A blend from top to bottom. `inset` returns the inset of a stripe at both ends for its distance to the nearer edge.
 template <class Inset>
 void FillDownward(QPainter& painter, const QRectF& area, const Blend& blend, Inset inset) {
   const double stripe = 1 / DotsPerPixel(painter);
@@ -81,7 +80,7 @@ void FillAcross(QPainter& painter, const QRectF& area, const Blend& blend) {
   }
 }
 
-/// Numbers that look random and are the same at every start.
+/// Pseudo-random numbers with a fixed seed.
 class Grain {
  public:
   double Next() {
@@ -142,8 +141,8 @@ void PaintNut(QPainter& painter, const QRectF& nut) {
   FillAcross(painter, nut.adjusted(1, 2, -1, -2), {{0, QColor(0xf8, 0xf2, 0xe3)}, {1, QColor(0xdf, 0xd3, 0xb8)}});
 }
 
-/// The turns of wire around a string of that length from `left` on, dot by dot: the share of each dot that is in the
-/// shade between two turns. A dashed line would look the same and take as long to paint as all the wood.
+/// The winding of a string of that length from `left`: for each device dot, the share in the shade between two turns. A
+/// dashed line would look the same and take as long to paint as all the wood.
 QBrush Winding(double left, double length, double dotsPerPixel) {
   constexpr double kTurn = 2;
   constexpr double kShade = 0.8;
@@ -174,7 +173,7 @@ void PaintString(QPainter& painter, std::size_t index, double y, double left, do
 }
 
 void PaintStringOnBoard(QPainter& painter, std::size_t index, double y, const NeckGeometry& neck) {
-  // The shadow falls on the board alone.
+  // No shadow left of the nut.
   const QRectF shadow(neck.nut.right(), y + 1, neck.stringsRight - neck.nut.right(), GaugeOf(index));
   painter.fillRect(shadow, QColor(0, 0, 0, 70));
   PaintString(painter, index, y, neck.nut.left(), neck.stringsRight);
@@ -182,7 +181,7 @@ void PaintStringOnBoard(QPainter& painter, std::size_t index, double y, const Ne
 
 bool IsOpen(const NeckGeometry& neck, std::size_t index) { return index < neck.open.size() && neck.open[index]; }
 
-// Inks of the outlined neck. The strings stay darker than the frets: the eye follows them to the discs.
+// Colours of the outlined neck. The strings are darker than the frets, because they lead the eye to the discs.
 const QColor kBoardLine(0x6e, 0x64, 0x58);
 const QColor kFretLine(0x9c, 0x95, 0x8b);
 const QColor kInlayFill(0xe9, 0xe5, 0xdc);
@@ -237,7 +236,7 @@ void PaintNeck(QPainter& painter, const NeckGeometry& neck, NeckLook look) {
     painter.restore();
     return;
   }
-  // All of the wood and the wires is whole dots.
+  // Wood and wires consist of whole dots.
   painter.setRenderHint(QPainter::Antialiasing, false);
   PaintWood(painter, neck.wood);
   painter.setRenderHint(QPainter::Antialiasing);

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Paints the guitar neck: rosewood, inlays, fret wire, nut, and strings of growing gauge, from numbers alone; for paper
-// the same neck in outline, which spares ink. Vector drawing at any resolution, the same in every theme. A pure
-// function of its geometry; never fails.
+// Paints the guitar neck from its geometry: rosewood, inlays, frets, nut, and strings of increasing gauge; for paper an
+// outline, which saves ink. Scales to any resolution and looks the same in every theme. Pure functions.
 
 #pragma once
 
@@ -21,9 +20,9 @@ struct NeckGeometry {
   QRectF wood;
   QRectF nut;
   std::vector<double> frets;    // The middle of each fret wire.
-  std::vector<QPointF> inlays;  // Their middles.
+  std::vector<QPointF> inlays;  // Their centres.
   std::vector<double> strings;  // The middle of each string, the thinnest first.
-  /// Where an open string begins, hidden by the disc of its note. A string that is not played open begins at the nut.
+  /// The start of an open string, hidden by the disc of its note. Other strings begin at the nut.
   double openLeft = 0;
   /// For each string, whether the disc of its open note is shown.
   std::vector<bool> open;
@@ -34,11 +33,11 @@ enum class NeckLook { kWood, kPaper };
 
 void PaintNeck(QPainter& painter, const NeckGeometry& neck, NeckLook look = NeckLook::kWood);
 
-/// The pieces of the open strings left of the nut, which PaintNeck leaves out of the wooden neck: they come and go with
-/// the scale, the rest stays.
+/// The open strings left of the nut. PaintNeck does not paint them on wood, because they change with the scale and the
+/// rest does not.
 void PaintOpenStrings(QPainter& painter, const NeckGeometry& neck);
 
-/// The neck for paper as a picture that stands by itself, placed as the geometry says.
+/// The neck for paper as an independent picture, positioned by the geometry.
 std::shared_ptr<const paint::SurfacePicture> NeckOnPaper(NeckGeometry neck);
 
 }  // namespace tonalith::views

@@ -23,7 +23,7 @@ constexpr double kMiddle = kSide / 2.0;
 constexpr double kNamePixels = 14;
 constexpr double kNameTop = 5;
 
-/// The key note: a rounded square in the accent.
+/// The key note: a rounded square in the accent colour.
 class KeyNotePicture : public paint::SurfacePicture {
  public:
   [[nodiscard]] std::string Name() const override { return "key-note"; }
@@ -47,7 +47,7 @@ class ScaleNotePicture : public paint::SurfacePicture {
   }
 };
 
-/// The rim of a note that sounds, on its picture. The name keeps its own ground.
+/// The rim of a sounding note. It leaves the background of the name unchanged.
 void PaintLitRim(QPainter& painter, NotePicture picture) {
   constexpr double kWidth = 3;
   constexpr double kInset = kWidth / 2;
@@ -59,12 +59,12 @@ void PaintLitRim(QPainter& painter, NotePicture picture) {
   painter.drawRoundedRect(rim, radius, radius);
 }
 
-/// From pixels of the note to the dots of its image.
+/// Scales from pixels of the note to dots of its image.
 void ScaleToDots(QPainter& painter, QSize dots) {
   painter.scale(1.0 * dots.width() / kSide, 1.0 * dots.height() / kSide);
 }
 
-/// The picture alone, of a size in dots: the two pictures take longer to paint than the names on them.
+/// The cached picture without a name. Painting a picture takes longer than painting the name on it.
 const QImage& NamelessImage(NotePicture picture, QSize dots) {
   static std::map<std::tuple<NotePicture, int, int>, QImage> images;
   const std::tuple key(picture, dots.width(), dots.height());
@@ -81,8 +81,8 @@ const QImage& NamelessImage(NotePicture picture, QSize dots) {
   return images.emplace(key, std::move(image)).first->second;
 }
 
-/// One finished image for each picture, name and size in dots; there are only two dozen of them for 96 notes, and as
-/// many lit ones. At a scale that is no whole number, notes of one size differ by a dot.
+/// The cached image for each picture, name, size in dots and highlight: about fifty images for 96 notes. With
+/// fractional scale factors, notes of one size differ by a dot.
 const QImage& SharedImage(const NoteImage& note, QSize dots) {
   using Key = std::tuple<NotePicture, std::string, int, int, bool>;
   static std::map<Key, QImage> images;
@@ -187,7 +187,7 @@ void NoteImage::keyPressEvent(QKeyEvent* event) {
       QAbstractButton::keyPressEvent(event);
       return;
     default:
-      event->ignore();  // The neck knows where the arrow keys lead.
+      event->ignore();  // FretboardView handles the arrow keys.
   }
 }
 

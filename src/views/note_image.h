@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// One note of the neck: a button with a Tag (its note name), a Picture (the key note or any other scale note) and a
-// name that may be drawn on it. Giving it a picture replaces what was drawn. What it shows is painted once for each
-// picture, name and scale factor and shared by all images of the process. Owned by the fretboard view; user-interface
-// thread; never fails.
+// One note of the neck: a button with a Tag (its note name), a Picture (key note or other scale note) and an optional
+// name drawn on it. A new picture removes the name. Images are cached by picture, name and scale factor, for all notes
+// of the process.
 
 #pragma once
 
@@ -16,7 +15,7 @@
 
 namespace tonalith::views {
 
-/// The picture list of the fretboard: image 1 marks the key note, image 2 any other note of the scale.
+/// The picture list of the fretboard: image 1 is the key note, image 2 any other note of the scale.
 enum class NotePicture { kNone = 0, kKeyNote = 1, kScaleNote = 2 };
 
 class NoteImage : public QAbstractButton {
@@ -30,21 +29,21 @@ class NoteImage : public QAbstractButton {
   [[nodiscard]] NotePicture Picture() const { return picture_; }
   [[nodiscard]] bool NameDrawn() const { return nameDrawn_; }
 
-  /// Replaces the picture and whatever was drawn on it.
+  /// Replaces the picture and removes the name.
   void SetPicture(NotePicture picture);
-  /// Draws the Tag on the picture, where it stays.
+  /// Draws the Tag on the picture.
   void DrawName();
-  /// Clears the image and paints its own picture at (0, 0): the name is gone.
+  /// Removes the name; the picture stays.
   void ClearName();
 
-  /// A lit note sounds: its rim glows. Prints do not show it.
+  /// Highlights a sounding note by a glowing rim. DrawOn ignores it.
   void SetLit(bool isLit);
   [[nodiscard]] bool IsLit() const { return isLit_; }
 
-  /// What the image shows, drawn on a surface of its own size.
+  /// Draws picture and name on a surface of the size of the image.
   void DrawOn(paint::DrawingSurface& surface) const;
 
-  /// Its place in twips of the form's client area. The view keeps the widget there.
+  /// The position in twips of the form's client area. The view moves the widget there.
   paint::Twips Left;
   paint::Twips Top;
   paint::Twips ScaleTop;
@@ -66,10 +65,10 @@ class NoteImage : public QAbstractButton {
   bool isLit_ = false;
 };
 
-/// Writes a note name on a note image's surface, `scaleWidth` pixels wide: 14 pixels, bold, white, centred.
+/// Writes a note name on the surface of a note image, `scaleWidth` pixels wide: 14 pixels, bold, white, centred.
 void DrawNoteName(paint::DrawingSurface& surface, const std::string& tag, double scaleWidth);
 
-/// The picture behind a number of the picture list, 29 pixels square; null for none.
+/// The picture of the picture list, 29 x 29 pixels; null for kNone.
 std::shared_ptr<const paint::SurfacePicture> PictureOf(NotePicture picture);
 
 }  // namespace tonalith::views

@@ -40,10 +40,12 @@ void DrawLedgerLines(DrawingSurface& target, const Staff& on, int step, std::int
 void DrawNote(DrawingSurface& target, const std::string& name, std::int32_t x, std::int32_t y) {
   std::string glyphs(1, paint::kWholeNote);
   target.SetCurrentX(x);
+  // Kept: see docs/behaviour.md, A nudge of no pixel
   target.SetCurrentY(y - TwipsToPixels(staff::kNudge));
   if (name.back() == '#') {
     target.SetCurrentX(x);
     target.SetCurrentY(y + TwipsToPixels(staff::kNudge));
+    // Kept: see docs/behaviour.md, The sharp follows its note in the text
     glyphs += paint::kSharp;
   }
   target.Print(glyphs);
@@ -58,7 +60,7 @@ void ScoreHandler(DrawingSurface* scoreTarget, std::int16_t keyIndex, const std:
   target.SetScaleMode(paint::ScaleMode::kPixels);
   target.Cls();
   std::vector<std::int16_t> keys = KeyList(keyIndex, intervals);
-  // No scale has more notes; those of a damaged one would be far beyond the card.
+  // No valid scale has more notes. Those of a damaged one would exceed the card by far.
   keys.resize(std::min(keys.size(), core::kMostPatternDigits));
   const Staff& on = kTrebleStaff;
   DrawStaffLines(target, on);

@@ -20,6 +20,7 @@ constexpr int kTopLineStep = 2 * (staff::kLines - 1);
 std::vector<std::int16_t> KeyList(std::int16_t key, const std::vector<std::int16_t>& intervals) {
   if (intervals.empty()) throw core::Failure::SubscriptOutOfRange();
   std::vector<std::int16_t> keys{key};
+  // Kept: see docs/behaviour.md, The staff omits the closing octave
   for (std::size_t k = 0; k + 1 < intervals.size(); ++k) {
     keys.push_back(static_cast<std::int16_t>((keys.back() + intervals[k]) % 12));
   }
@@ -51,6 +52,7 @@ std::int32_t Staff::ClefY() const { return TwipsToPixels(At(clef.line) - staff::
 std::int32_t Staff::StepY(int step) const { return TwipsToPixels(At(step)); }
 
 std::int32_t Staff::GlyphY(int step, std::int32_t textHeight) const {
+  // Kept: see docs/behaviour.md, Pixels used as twips
   return TwipsToPixels(At(step) + Twips{staff::kGlyphOffset - textHeight / 2});
 }
 

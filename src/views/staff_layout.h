@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The geometry of a staff: which notes a scale writes, on which step, in which column, with which ledger lines. A clef
-// and the place of the top line make a staff; all else follows from them. Numbers in, numbers out; every length in
-// twips of the form's client area, every pixel through TwipsToPixels. Plain values and pure functions, any thread; they
-// throw failure 9 where their line says so.
+// The geometry of a staff: the notes of a scale, their steps, columns and ledger lines, derived from a clef and the
+// position of the top line. Lengths are twips of the form's client area, converted by TwipsToPixels. Pure functions and
+// values, any thread.
 
 #pragma once
 
@@ -30,7 +29,7 @@ inline constexpr paint::Twips kColumnStep{275};
 inline constexpr paint::Twips kLedgerBefore{50};
 inline constexpr paint::Twips kLedgerAfter{250};
 inline constexpr paint::Twips kNudge{5};
-/// How far above the line that it names a clef is printed.
+/// Distance from the clef's line up to the position at which the clef is printed.
 inline constexpr paint::Twips kClefRise{750};
 inline constexpr std::int32_t kGlyphOffset = -650;
 inline constexpr double kFontPoints = 24;
@@ -38,17 +37,17 @@ inline constexpr double kFontPoints = 24;
 
 /// Steps are counted from the bottom line, one for each line and space.
 struct Clef {
-  /// What assistive technology calls it.
+  /// The accessible name.
   const char* name;
-  /// Its code in the music font.
+  /// The code in the music font.
   char glyph;
-  /// The step of the line that it names.
+  /// The step of the line whose note the clef defines.
   int line;
-  /// The step of the C on which the key of C begins.
+  /// The step of the C at which the key of C begins.
   int stepOfC;
 };
 
-/// Its sign curls round the line of the G.
+/// The glyph curls around the line of the G.
 inline constexpr Clef kTreble{QT_TRANSLATE_NOOP("tonalith::views::StaffView", "Treble clef"), paint::kTrebleClef, 2,
                               -2};
 
@@ -56,11 +55,12 @@ struct Staff {
   Clef clef;
   paint::Twips topLine;
 
-  /// Lines are counted from the top, from 0. Pixels.
+  /// The y of a line, counted from 0 at the top. Pixels.
   [[nodiscard]] std::int32_t LineY(int line) const;
-  /// Where the clef is printed.
+  /// The y at which the clef is printed.
   [[nodiscard]] std::int32_t ClefY() const;
-  /// The y of a step's middle, and the y at which its glyph is printed with a glyph cell `textHeight` pixels high.
+  /// The y of the centre of a step, and the y at which its glyph is printed if a glyph cell is `textHeight` pixels
+  /// high.
   [[nodiscard]] std::int32_t StepY(int step) const;
   [[nodiscard]] std::int32_t GlyphY(int step, std::int32_t textHeight) const;
 
@@ -71,18 +71,18 @@ struct Staff {
 /// The staff of the main window.
 inline constexpr Staff kTrebleStaff{kTreble, paint::Twips{1850}};
 
-/// The key list: the key, then one element for each interval but the last, wrapped at the octave. Throws failure 9 for
-/// an empty interval list.
+/// The key list: the key, then one element for each interval except the last, modulo 12. Throws failure 9 for an empty
+/// interval list.
 std::vector<std::int16_t> KeyList(std::int16_t key, const std::vector<std::int16_t>& intervals);
 
-/// Walks a key list: names, and steps that climb an octave at each passage from B to C.
+/// Iterates over a key list and returns names and steps. The steps rise by an octave at each passage from B to C.
 class StaffWalk {
  public:
   explicit StaffWalk(const Clef& clef) : octaveOffset_(clef.stepOfC) {}
 
-  /// The name of the next element; Step gives its step. Throws failure 9 for an element outside -12..11.
+  /// Returns the name of the next element; Step returns its step. Throws failure 9 for an element outside -12..11.
   std::string NameOf(std::int16_t element);
-  /// The step of the element that was named last; a sharp stands on the step of its natural.
+  /// The step of the last element; a sharp is on the step of its natural.
   [[nodiscard]] int Step() const { return natural_ + octaveOffset_; }
 
  private:
@@ -90,10 +90,10 @@ class StaffWalk {
   std::int16_t natural_ = 0;
 };
 
-/// The steps of the ledger lines that a note on `step` needs, in the order in which they are drawn.
+/// The steps of the ledger lines for a note on `step`, in drawing order.
 std::vector<int> LedgerSteps(int step);
 
-/// Where the note of a column is printed, from 0; pixels.
+/// The x of the note in a column, counted from 0. Pixels.
 std::int32_t ColumnX(int column);
 
 }  // namespace tonalith::views

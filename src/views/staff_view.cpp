@@ -15,29 +15,29 @@
 namespace tonalith::views {
 namespace {
 
-/// What stays free between the card's edge and a drawing that had to be made smaller.
+/// Margin between the edge of the card and a scaled-down drawing.
 constexpr double kCardMargin = 8;
-/// The size of a sentence in place of a staff.
+/// The font size of a sentence in place of a staff.
 constexpr double kNoticePixels = 14;
-/// How far the staff lines run on behind the last note of a scale that is longer than they are.
-constexpr double kLinesBehindLastNote = 10;
+/// Length of the staff lines after the last note of a scale that is wider than the staff.
+constexpr double kLinesAfterLastNote = 10;
 
 double LinesEnd() { return paint::TwipsToPixels(staff::kRight); }
 
-/// The ink of a drawing; the staff lines run on below a scale that is longer than they are.
+/// The bounds of a drawing, including the extended staff lines below a scale that is wider than the staff.
 QRectF InkOf(const paint::RecordingSurface& drawing) {
   QRectF ink = drawing.InkBounds();
-  if (ink.right() > LinesEnd()) ink.setRight(ink.right() + kLinesBehindLastNote);
+  if (ink.right() > LinesEnd()) ink.setRight(ink.right() + kLinesAfterLastNote);
   return ink;
 }
 
-/// Makes ink that is larger than the card smaller, as a whole.
+/// Scales a drawing down to the card if it is larger.
 QTransform OnCard(const QRectF& ink) {
-  const QRectF room = QRectF(StaffView::DesignRect()).adjusted(kCardMargin, kCardMargin, -kCardMargin, -kCardMargin);
+  const QRectF space = QRectF(StaffView::DesignRect()).adjusted(kCardMargin, kCardMargin, -kCardMargin, -kCardMargin);
   QTransform fit;
-  if (ink.isEmpty() || room.contains(ink)) return fit;
-  const double factor = std::min({1.0, room.width() / ink.width(), room.height() / ink.height()});
-  fit.translate(room.center().x(), room.center().y());
+  if (ink.isEmpty() || space.contains(ink)) return fit;
+  const double factor = std::min({1.0, space.width() / ink.width(), space.height() / ink.height()});
+  fit.translate(space.center().x(), space.center().y());
   fit.scale(factor, factor);
   fit.translate(-ink.center().x(), -ink.center().y());
   return fit;
@@ -76,22 +76,22 @@ StaffView::StaffView(QWidget* parent) : QWidget(parent) {
   InstallAccessibleViews();
   setGeometry(DesignRect());
   setObjectName(QStringLiteral("staffView"));
-  Announce({});
+  UpdateAccessibleName({});
 }
 
 QRect StaffView::DesignRect() { return {722, 62, 334, 150}; }
 
 void StaffView::Draw(std::int16_t keyIndex, const std::vector<std::int16_t>& intervals, std::string& scaleNotes) {
   drawing_.SetForeColor(paint::kInk);
-  Announce({});
+  UpdateAccessibleName({});
   update();
   ScoreHandler(&drawing_, keyIndex, intervals, scaleNotes);
-  Announce(scaleNotes);
+  UpdateAccessibleName(scaleNotes);
 }
 
 void StaffView::Clear() {
   drawing_.Cls();
-  Announce({});
+  UpdateAccessibleName({});
   update();
 }
 
@@ -115,7 +115,7 @@ void StaffView::ShowNotice(const QString& notice) {
   setAccessibleName(notice);
 }
 
-void StaffView::Announce(const std::string& notes) {
+void StaffView::UpdateAccessibleName(const std::string& notes) {
   const QString list = notes.empty() ? tr(" no notes") : QString::fromStdString(notes);
   setAccessibleName(tr(kTrebleStaff.clef.name) + QLatin1Char(':') + list);
 }

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The staff of the main window: a paper card at the top right that repeats the drawing of ScoreHandler, recorded in
-// coordinates of the form's client area, so that the arithmetic stays the form's own. Ink and paper are the same in
-// every theme. A drawing that is larger than the card is painted smaller as a whole. Its accessible name says clef and
-// notes. A child of the form, at DesignRect; user-interface thread.
+// The staff of the main window: a paper card that replays the drawing of ScoreHandler, recorded in coordinates of the
+// form's client area. Colours are the same in every theme. A drawing larger than the card is scaled down. The
+// accessible name contains clef and notes.
 
 #pragma once
 
@@ -24,30 +23,30 @@ class StaffView : public QWidget {
  public:
   explicit StaffView(QWidget* parent = nullptr);
 
-  /// Its place in the form's client area, in pixels.
+  /// The position in the form's client area, in pixels.
   static QRect DesignRect();
 
-  /// Runs ScoreHandler on the card and asks for a repaint. A failure of ScoreHandler is passed on; what was drawn until
-  /// then is shown.
+  /// Runs ScoreHandler on the card and schedules a repaint. Throws the failures of ScoreHandler; what was drawn before
+  /// is shown.
   void Draw(std::int16_t keyIndex, const std::vector<std::int16_t>& intervals, std::string& scaleNotes);
-  /// Clears the card: what Draw does before the intervals are known, for a caller that cannot get them.
+  /// Clears the card, for a caller that cannot get the intervals.
   void Clear();
-  /// Clears the card and writes a sentence on it instead of a staff.
+  /// Shows a sentence in place of the staff.
   void ShowNotice(const QString& notice);
 
   [[nodiscard]] const paint::RecordingSurface& Drawing() const { return drawing_; }
-  /// The rectangle of the ink as it is painted, in pixels of the form's client area.
+  /// The bounds of the drawing as painted, in pixels of the form's client area.
   [[nodiscard]] QRectF InkOnCard() const;
 
-  /// The drawing in pixels of the form's client area without the card, for paper, as a picture that stands by itself
-  /// and does not change with the view. One that is larger than the card is scaled as on the screen.
+  /// The drawing for paper, without the card, in pixels of the form's client area: an independent copy, scaled down
+  /// like on the screen.
   [[nodiscard]] std::shared_ptr<const paint::SurfacePicture> Picture() const;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void Announce(const std::string& notes);
+  void UpdateAccessibleName(const std::string& notes);
 
   paint::RecordingSurface drawing_;
 };
