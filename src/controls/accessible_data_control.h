@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// How assistive technology sees the data control: its description is the position of the current row. The rows are
-// counted when assistive technology asks for it, and not at each move. User-interface thread; never fails.
+// The accessible interface of the data control: its description is the position of the current row. The rows are
+// counted when assistive technology reads the description, not at each move. User-interface thread; does not fail.
 
 #pragma once
 
@@ -10,10 +10,10 @@ namespace tonalith::controls {
 
 class DataControl;
 
-/// Makes the control's own accessible interface known, once per process.
+/// Registers the accessible interface, once per process.
 void InstallAccessibleDataControl();
 
-/// Tells assistive technology, if there is any, that the description has changed.
+/// Notifies active assistive technology of a changed description.
 void TellPosition(DataControl& control);
 
 }  // namespace tonalith::controls

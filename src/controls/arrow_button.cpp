@@ -16,7 +16,7 @@ ArrowButton::ArrowButton(const QString& name, const QString& accessibleName, Kin
   setToolTip(accessibleName);
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_Hover);
-  // Holding an arrow walks on.
+  // A pressed arrow repeats.
   setAutoRepeat(kind == Kind::kPrevious || kind == Kind::kNext);
   setAutoRepeatDelay(400);
   setAutoRepeatInterval(60);
@@ -36,7 +36,7 @@ void ArrowButton::paintEvent(QPaintEvent* /*event*/) {
     painter.setBrush(wash);
     painter.drawRoundedRect(box, 4, 4);
   }
-  // Only for somebody who walks by keyboard: after a click the ring says nothing new.
+  // Only for the keyboard: a click shows the position of the pointer already.
   if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
     painter.setPen(QPen(QColor(paint::kAccent), 2));
     painter.setBrush(Qt::NoBrush);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// One of the four buttons of a data control's bar: a painted arrow, with a bar in front of it where it goes to the end.
-// Owned by its data control; user-interface thread; never fails.
+// A button of a data control: a painted arrow, with a bar at its tip for the first and the last record. Owned by its
+// data control; does not fail.
 
 #pragma once
 

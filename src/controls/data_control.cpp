@@ -67,7 +67,7 @@ core::Value DataControl::FieldValue(int index) const {
   return HasRecord() ? recordset_->FieldValue(index) : core::Value::Null();
 }
 
-void DataControl::TakeRow() {
+void DataControl::UpdateBoundControls() {
   const bool row = HasRecord();
   for (const Binding& binding : bindings_) {
     binding.take(row ? recordset_->FieldValue(binding.field) : core::Value::Null());
@@ -83,12 +83,12 @@ QString DataControl::PositionText() const {
     if (position < 1) return {};
     return tr("%1 of %2").arg(position).arg(recordset_->RecordCount());
   } catch (const core::Failure&) {
-    // Whatever keeps the rows from being counted is reported by the next command that needs them.
+    // The next command that needs the rows reports the failure.
     return {};
   }
 }
 
-// Counting is left until the pointer rests on the bar.
+// Rows are counted only when the pointer rests on the bar.
 bool DataControl::event(QEvent* event) {
   if (event->type() == QEvent::ToolTip) setToolTip(PositionText());
   return QFrame::event(event);
@@ -110,10 +110,10 @@ void DataControl::Refresh() {
     connection_ = std::move(connection);
     recordset_ = std::move(recordset);
   } catch (const std::exception&) {
-    TakeRow();
+    UpdateBoundControls();
     throw;
   }
-  TakeRow();
+  UpdateBoundControls();
 }
 
 data::RecordSet& DataControl::OpenRecordset() const {
@@ -126,7 +126,7 @@ std::optional<data::Bookmark> DataControl::CurrentBookmark() const {
   try {
     return recordset_->GetBookmark();
   } catch (const core::Failure& failure) {
-    // A new row has none.
+    // A new row has no bookmark.
     if (failure.Number() != data::failure_number::kNoCurrentRecord) throw;
     return std::nullopt;
   }
@@ -139,11 +139,11 @@ void DataControl::RunStep(const std::function<void(data::RecordSet&)>& step) {
     } catch (const core::Failure& failure) {
       if (failure.Number() != data::failure_number::kRowChanged || !decideConflict_) throw;
     }
-    SettleConflict();
+    ResolveConflict();
   }
 }
 
-void DataControl::SettleConflict() {
+void DataControl::ResolveConflict() {
   const QPointer<DataControl> self = this;
   const Conflict decision = decideConflict_();
   if (self.isNull() || !IsEditPending()) throw data::Cancelled();
@@ -153,30 +153,30 @@ void DataControl::SettleConflict() {
 }
 
 template <class Step>
-void DataControl::MoveAndTake(Step&& step) {
+void DataControl::MoveAndUpdate(Step&& step) {
   const std::optional<data::Bookmark> before = CurrentBookmark();
   const bool wasPending = IsEditPending();
-  const auto tell = [&] {
-    if (wasPending || CurrentBookmark() != before) TakeRow();
+  const auto notify = [&] {
+    if (wasPending || CurrentBookmark() != before) UpdateBoundControls();
     if (wasPending && !IsEditPending()) Q_EMIT Written();
   };
   const QPointer<DataControl> self = this;
   try {
     RunStep(step);
   } catch (const std::exception& failure) {
-    // The question of a conflict lets events through, and with them the end of the window.
+    // The message box of a conflict processes events, which may destroy the control.
     if (self.isNull()) throw;
     refusal_ = IsEditPending() ? failure.what() : "";
-    // The write may have gone well, and only the move after it not.
-    if (!IsEditPending()) tell();
+    // The write may have succeeded and only the following move failed.
+    if (!IsEditPending()) notify();
     throw;
   }
   refusal_.clear();
-  tell();
+  notify();
 }
 
-void DataControl::Walk(void (*step)(data::RecordSet&)) {
-  if (HasRecord()) MoveAndTake(step);
+void DataControl::MoveIfRecord(void (*step)(data::RecordSet&)) {
+  if (HasRecord()) MoveAndUpdate(step);
 }
 
 void DataControl::AddNew(const FieldValues& defaults) {
@@ -185,7 +185,7 @@ void DataControl::AddNew(const FieldValues& defaults) {
   rows.AddNew();
   for (const auto& [field, value] : defaults) rows.SetFieldValue(field, value);
   refusal_.clear();
-  TakeRow();
+  UpdateBoundControls();
 }
 
 void DataControl::SetFieldValue(const std::string& field, const core::Value& value) {
@@ -203,45 +203,45 @@ void DataControl::Delete() {
   rows.MoveNext();
   if (rows.IsEof() && !rows.IsBof()) rows.MoveLast();
   refusal_.clear();
-  TakeRow();
+  UpdateBoundControls();
   Q_EMIT Written();
 }
 
 void DataControl::UpdateBatch() {
-  if (IsEditPending()) MoveAndTake([](data::RecordSet& rows) { rows.UpdateBatch(); });
+  if (IsEditPending()) MoveAndUpdate([](data::RecordSet& rows) { rows.UpdateBatch(); });
 }
 
 void DataControl::CancelUpdate() {
   if (!IsEditPending()) return;
   recordset_->CancelUpdate();
   refusal_.clear();
-  TakeRow();
+  UpdateBoundControls();
 }
 
 void DataControl::MoveFirst() {
-  Walk([](data::RecordSet& rows) { rows.MoveFirst(); });
+  MoveIfRecord([](data::RecordSet& rows) { rows.MoveFirst(); });
 }
 
 void DataControl::MovePrevious() {
-  Walk([](data::RecordSet& rows) {
+  MoveIfRecord([](data::RecordSet& rows) {
     rows.MovePrevious();
     if (rows.IsBof()) rows.MoveFirst();
   });
 }
 
 void DataControl::MoveNext() {
-  Walk([](data::RecordSet& rows) {
+  MoveIfRecord([](data::RecordSet& rows) {
     rows.MoveNext();
     if (rows.IsEof()) rows.MoveLast();
   });
 }
 
 void DataControl::MoveLast() {
-  Walk([](data::RecordSet& rows) { rows.MoveLast(); });
+  MoveIfRecord([](data::RecordSet& rows) { rows.MoveLast(); });
 }
 
 void DataControl::SetBookmark(data::Bookmark bookmark) {
-  if (recordset_ != nullptr) MoveAndTake([bookmark](data::RecordSet& rows) { rows.SetBookmark(bookmark); });
+  if (recordset_ != nullptr) MoveAndUpdate([bookmark](data::RecordSet& rows) { rows.SetBookmark(bookmark); });
 }
 
 void DataControl::SetBookmarkIfThere(data::Bookmark bookmark) {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The data control: a record set over the database with its own connection, a bar of four arrow buttons that walk
-// through it, and the bound controls that take the current row's values. Every change of the current row emits Moved
-// once, after the bound controls have changed, whether or not a value differs from the last one. With a lock that
-// allows it the current row can be edited; the edit is pending until UpdateBatch or a move writes it, and a refused
-// write keeps it. A row that was changed elsewhere is overwritten only if the window agrees. The arrow buttons report a
-// failure as its description; the functions throw it. Owned by its window; user-interface thread.
+// The data control: a record set with its own connection, four arrow buttons, and bound controls that show the current
+// row. Each change of the current row emits Moved once, after the bound controls have changed, also if all values are
+// equal. If the lock type permits it, the current row can be edited; the edit is pending until UpdateBatch or a move
+// writes it, and stays pending if the write is refused. A row that was changed elsewhere is overwritten only if the
+// OnConflict callback agrees. Arrow buttons show the description of a failure; functions throw it. Owned by its window;
+// user-interface thread.
 
 #pragma once
 
@@ -40,19 +40,18 @@ class DataControl : public QFrame {
   void SetRecordSource(std::string source) { recordSource_ = std::move(source); }
   /// Takes effect with the next Refresh.
   void SetLockType(data::LockType lockType) { lockType_ = lockType; }
-  /// Opens, or opens again, the record source and stands on its first row. A failure leaves the control unbound. A
-  /// pending edit is dropped.
+  /// Opens or reopens the record source at its first row. Drops a pending edit. After a failure the control is unbound.
   void Refresh();
-  /// Closes the record set and the connection; the bound controls keep what they show.
+  /// Closes the record set and the connection; the bound controls keep their contents.
   void Release();
 
-  /// The record set, nullptr while the control is unbound.
+  /// The record set, nullptr if the control is unbound.
   [[nodiscard]] data::RecordSet* Recordset() const { return recordset_.get(); }
   [[nodiscard]] bool HasRecord() const;
-  /// A field of the current row by its position; null without a current row.
+  /// A field of the current row by its index; null without a current row.
   [[nodiscard]] core::Value FieldValue(int index) const;
 
-  /// `take` gets the field's value whenever the current row changes, null when there is none.
+  /// `take` receives the value of the field whenever the current row changes; null without a current row.
   void Bind(const std::string& field, std::function<void(const core::Value&)> take);
 
   void MoveFirst();
@@ -60,42 +59,43 @@ class DataControl : public QFrame {
   void MoveNext();
   void MoveLast();
   void SetBookmark(data::Bookmark bookmark);
-  /// Makes that row current if it still exists; otherwise the present row stays.
+  /// Makes that row current if it exists; otherwise the current row does not change.
   void SetBookmarkIfThere(data::Bookmark bookmark);
 
-  /// The fields and contents with which a new row starts.
+  /// The initial values of a new row.
   using FieldValues = std::vector<std::pair<std::string, core::Value>>;
-  /// Begins a new row, pending, and makes it current.
+  /// Adds a pending new row and makes it current.
   void AddNew(const FieldValues& defaults);
-  /// Changes a field of the current row, pending. The bound controls are not told: one of them is where it comes from.
+  /// Changes a field of the current row; the edit is pending. Does not update the bound controls: one of them is the
+  /// source.
   void SetFieldValue(const std::string& field, const core::Value& value);
-  /// Deletes the current row at once; the next one becomes current, the new last one where there is none, or none. A
-  /// new row is only dropped: the row before it is current again.
+  /// Deletes the current row; the next row becomes current, else the new last row, else none. A pending new row is
+  /// dropped, and the row before it is current again.
   void Delete();
-  /// Writes what is pending. Nothing is pending, nothing written, while the control is unbound.
+  /// Writes a pending edit. Does nothing if the control is unbound.
   void UpdateBatch();
-  /// Drops what is pending; the bound controls take the row as it was.
+  /// Drops a pending edit and restores the bound controls.
   void CancelUpdate();
   [[nodiscard]] bool IsEditPending() const { return recordset_ != nullptr && recordset_->IsEditPending(); }
-  /// Whether a write of the pending edit, just as it is, has failed already, and with what description.
+  /// Whether a write of the unchanged pending edit has failed, and its description.
   [[nodiscard]] bool IsEditRefused() const { return !refusal_.empty() && IsEditPending(); }
   [[nodiscard]] std::string Refusal() const { return IsEditPending() ? refusal_ : std::string(); }
-  /// Where the current row is, such as "37 of 338"; empty without one and for a new row. Counts the rows.
+  /// The position of the current row, such as "37 of 338"; empty without a row and for a new row. Counts the rows.
   [[nodiscard]] QString PositionText() const;
-  /// What becomes of a pending edit whose row was changed elsewhere: it is written all the same, or dropped for the row
-  /// as it is now. Then nothing follows the write, and the failure that is thrown needs no report.
+  /// Resolves a pending edit whose row was changed elsewhere: overwrite the row, or drop the edit and read the row
+  /// again. The latter cancels the operation with a failure that is not reported.
   enum class Conflict { kOverwrite, kTakeOther };
-  /// `decide` may show a message box. Without it such a write is refused.
+  /// `decide` may show a message box. Without it the write is refused.
   void OnConflict(std::function<Conflict()> decide) { decideConflict_ = std::move(decide); }
-  /// Nothing for a new row and without a current row.
+  /// No value for a new row and without a current row.
   [[nodiscard]] std::optional<data::Bookmark> CurrentBookmark() const;
-  /// Shows a pending failure's description, unless the user has decided against the operation.
+  /// Shows the description of a pending failure, unless the user has cancelled the operation.
   static void Report(core::DeferredFailure& failure, core::MsgBox& msgBox);
   using Move = void (DataControl::*)();
-  /// One of the moves above, as the arrow buttons make it: a failure is shown as its description.
+  /// Runs a move as the arrow buttons do: shows the description of a failure.
   void RunMove(Move step);
 
-  /// While one of these lives, moves change the bound controls but emit nothing.
+  /// During its lifetime moves update the bound controls but do not emit Moved.
   class Quiet {
    public:
     explicit Quiet(DataControl& control) : control_(control) { ++control_.quiet_; }
@@ -121,18 +121,18 @@ class DataControl : public QFrame {
     std::string field;
     std::function<void(const core::Value&)> take;
   };
-  /// `name` in English, whatever the user's language is.
+  /// `name` is English in every language.
   void AddArrow(const char* name, int kind, Move step);
-  void TakeRow();
+  void UpdateBoundControls();
   [[nodiscard]] data::RecordSet& OpenRecordset() const;
-  /// Runs a step that may write what is pending and take another row, and tells the bound controls what it came to.
+  /// Runs a step that may write a pending edit and change the current row, and updates the bound controls.
   template <class Step>
-  void MoveAndTake(Step&& step);
-  /// Runs the step as often as it meets a conflict that is decided for the pending edit.
+  void MoveAndUpdate(Step&& step);
+  /// Runs the step again after each conflict that is resolved with kOverwrite.
   void RunStep(const std::function<void(data::RecordSet&)>& step);
-  void SettleConflict();
-  /// The same as MoveAndTake where there is a row to leave.
-  void Walk(void (*step)(data::RecordSet&));
+  void ResolveConflict();
+  /// MoveAndUpdate if there is a current row.
+  void MoveIfRecord(void (*step)(data::RecordSet&));
 
   core::MsgBox& msgBox_;
   std::string connectionString_;

@@ -54,7 +54,7 @@ void FieldBinding::Start() {
 }
 
 QString FieldBinding::Shorten(const std::string& content) {
-  // A character has four bytes at most, so nothing that is shown is cut off before it is decoded.
+  // A UTF-8 character has at most four bytes, so no shown character is truncated.
   constexpr std::size_t kMostBytes = 4;
   const auto longest = static_cast<std::size_t>(longestShown_);
   const bool isLong = content.size() / kMostBytes > longest;
@@ -69,22 +69,22 @@ QString FieldBinding::Shorten(const std::string& content) {
 void FieldBinding::TakeValue(const core::Value& value) {
   const QString text = Shorten(value.TextOr({}));
   const QString before = shown_;
-  // A box that shows the value already keeps its cursor and what can be undone in it.
-  const bool showsIt = Text() == text || (value == taken_ && Text() == takenText_);
-  taken_ = value;
+  // A box that already shows the value keeps its cursor and its undo stack.
+  const bool showsIt = Text() == text || (value == rowValue_ && Text() == rowText_);
+  rowValue_ = value;
   if (!showsIt) {
     isWritingBox_ = true;
     writeBox_(text);
     isWritingBox_ = false;
   }
-  takenText_ = Text();
-  shown_ = takenText_;
+  rowText_ = Text();
+  shown_ = rowText_;
   if (shown_ != before) Q_EMIT Changed(before);
 }
 
 void FieldBinding::Write(const QString& text) {
-  // The row's own content stands for its text: a null is not an empty text, and a box may show a line break otherwise.
-  data_.SetFieldValue(field_, text == takenText_ ? taken_ : ValueOf(text, kind_));
+  // Unchanged text writes the original value: null differs from empty text, and a box may convert line breaks.
+  data_.SetFieldValue(field_, text == rowText_ ? rowValue_ : ValueOf(text, kind_));
 }
 
 void FieldBinding::TakeTyped() {

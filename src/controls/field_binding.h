@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A text box bound to one field of a data control, both ways: the box shows the current row's content, and what the
-// user types or the program sets goes into the row's pending edit at once. Changed is emitted whenever the text differs
-// from what it was, whoever changed it. Text that goes back to what the row holds is no change. Setting throws
-// core::Failure when the row takes no changes; typing then shows the description. Lives with its box, which owns it;
-// the data control has to outlive both; user-interface thread.
+// Two-way binding of a text box to a field of a data control: the box shows the value of the current row, and typed or
+// set text becomes a pending edit immediately. Changed is emitted for each change of the text, from any source. Text
+// equal to the value of the row is not a change. SetText throws core::Failure if the row cannot be changed; typing
+// shows the description. Owned by its box; the data control must outlive both.
 
 #pragma once
 
@@ -29,33 +28,33 @@ class FieldBinding : public QObject {
   Q_OBJECT
 
  public:
-  /// What a text becomes: a number field takes whole numbers as numbers, an empty text as null, and anything else as
-  /// the text that it is, for the database to refuse.
+  /// Conversion of text: kNumber stores whole numbers as numbers, empty text as null, and other text unchanged, so that
+  /// the database refuses it.
   enum class Kind { kText, kNumber };
 
   FieldBinding(DataControl& data, std::string field, Kind kind, core::MsgBox& msgBox, QLineEdit* box);
   FieldBinding(DataControl& data, std::string field, Kind kind, core::MsgBox& msgBox, QPlainTextEdit* box);
 
   [[nodiscard]] QString Text() const { return readBox_(); }
-  /// As if typed, but a failure is thrown.
+  /// Like typing, but throws a failure.
   void SetText(const QString& text);
-  /// Whether the text differs from the row's content, as the box shows it.
-  [[nodiscard]] bool IsChanged() const { return Text() != takenText_; }
+  /// Whether the text differs from the value of the row as the box shows it.
+  [[nodiscard]] bool IsChanged() const { return Text() != rowText_; }
 
-  /// The box shows only that many UTF-16 units of a content, because laying out a text takes time.
+  /// Limits the shown text to that many UTF-16 units, because the layout of long text is slow.
   void SetLongestShown(qsizetype length) { longestShown_ = length; }
-  /// Whether the row holds more than the box shows. Writing the text replaces all of it.
+  /// Whether the value of the row is longer than the shown text. Writing the text replaces the whole value.
   [[nodiscard]] bool IsShortened() const { return isShortened_; }
 
  Q_SIGNALS:
-  /// `before` is the text that was there.
+  /// `before` is the previous text.
   void Changed(const QString& before);
-  /// The same, for what was typed only. Emitted first.
+  /// Like Changed, but only for typed text. Emitted first.
   void Edited(const QString& before);
 
  private:
   void Start();
-  /// What the box shows of a content.
+  /// The text that the box shows for a value.
   QString Shorten(const std::string& content);
   void TakeValue(const core::Value& value);
   void TakeTyped();
@@ -67,8 +66,8 @@ class FieldBinding : public QObject {
   core::MsgBox& msgBox_;
   std::function<QString()> readBox_;
   std::function<void(const QString&)> writeBox_;
-  core::Value taken_;
-  QString takenText_;
+  core::Value rowValue_;
+  QString rowText_;
   QString shown_;
   qsizetype longestShown_ = std::numeric_limits<qsizetype>::max();
   bool isShortened_ = false;
