@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kScaleName = "ScaleName";
 
-/// Runs a step. Returns false when it failed with `number`; any other failure is thrown on.
+/// Runs a step. Returns false if it fails with `number`; other failures are rethrown.
 template <class Step>
 bool SucceedsUnless(std::int32_t number, Step&& step) {
   try {
@@ -34,7 +34,7 @@ class RecordSetCursor : public ScaleCursor {
   }
 
   void MoveFirst() override {
-    // Without a record the move fails and leaves the cursor past the end, which says it as well.
+    // Without a record the move fails and the cursor is past the end, which IsEof reports.
     SucceedsUnless(data::failure_number::kNoCurrentRecord, [this] { rows_->MoveFirst(); });
   }
   void MoveNext() override { rows_->MoveNext(); }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The scales of a data control as a search sees them: clones of its record set, and its current record. The control has
-// to outlive it; the cursors stand on their own. User-interface thread. Fails as the control and its record set do.
+// The scales of a data control for the search: clones of its record set, and its current record. The control must
+// outlive it; the cursors are independent. Throws the failures of the control and its record set.
 
 #pragma once
 

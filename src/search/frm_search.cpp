@@ -29,7 +29,7 @@ namespace {
 using windows::PanelButton;
 
 constexpr const char* kTag = "Tag";
-/// Above and below a caption together.
+/// Total space above and below a caption.
 constexpr int kButtonMargins = 14;
 
 void SetInk(QLabel* label, const QColor& ink) {
@@ -40,8 +40,8 @@ void SetInk(QLabel* label, const QColor& ink) {
 
 }  // namespace
 
-/// Keeps the dialog alive during a long search: after a moment the pointer shows that the program is busy, and events
-/// are taken every few records. The dialog may be gone when it has asked for events.
+/// Keeps the dialog responsive during a long search: after a delay it shows a busy pointer and processes events every
+/// few records. Events may destroy the dialog.
 class frmSearch::Watcher : public SearchWatcher {
  public:
   explicit Watcher(frmSearch& form) : form_(&form) { clock_.start(); }
@@ -56,16 +56,16 @@ class frmSearch::Watcher : public SearchWatcher {
   }
 
   [[nodiscard]] bool GoesOn() override {
-    // The clock costs more than a record does.
+    // Reading the clock takes longer than testing a record.
     if (++records_ % kRecordsBetweenClocks == 0 && clock_.elapsed() >= nextEvents_) TakeEvents();
-    return IsThere() && !form_->stopRequested_;
+    return IsAlive() && !form_->stopRequested_;
   }
 
   void HasEnded() override {
     if (std::exchange(isBusy_, false)) QGuiApplication::restoreOverrideCursor();
   }
 
-  [[nodiscard]] bool IsThere() const { return !form_.isNull(); }
+  [[nodiscard]] bool IsAlive() const { return !form_.isNull(); }
 
  private:
   static constexpr qint64 kFirstEvents = 150;
@@ -115,7 +115,7 @@ void frmSearch::MakeControls() {
   cmdSearch_ = new PanelButton(QStringLiteral("cmdSearch"), tr("Search"), PanelButton::Kind::kMainAction, this);
   cmdCancel_ = new PanelButton(QStringLiteral("cmdCancel"), tr("Cancel"), PanelButton::Kind::kOrdinary, this);
   cmdSearch_->setDefault(true);
-  // A click leaves the focus in the text box, so that the next text can be typed at once.
+  // A click keeps the focus in the text box for the next text.
   for (PanelButton* const button : {cmdSearch_, cmdCancel_}) button->setFocusPolicy(Qt::TabFocus);
 }
 
@@ -146,7 +146,7 @@ void frmSearch::ApplyTheme() {
   setPalette(paint::WarmPalette(QApplication::palette()));
   SetInk(lblHelp_, paint::SecondaryText(palette()));
   SetInk(lblMessage_, paint::SiennaText(palette()));
-  // The line is kept free while it is empty: nothing jumps when the search wraps.
+  // The line keeps its height while it is empty, so that the layout does not jump when the search wraps.
   lblMessage_->setMinimumHeight(lblMessage_->fontMetrics().height());
   for (PanelButton* const button : {cmdSearch_, cmdCancel_}) {
     button->setMinimumHeight(button->fontMetrics().height() + kButtonMargins);
@@ -157,22 +157,22 @@ bool frmSearch::event(QEvent* event) {
   const bool isWidgetReady = cmdCancel_ != nullptr;
   const auto type = event->type();
   if (type == QEvent::ChildAdded) static_cast<QChildEvent*>(event)->child()->installEventFilter(this);
-  // The application's palette does not reach changeEvent.
+  // ApplicationPaletteChange is not passed to changeEvent.
   if (isWidgetReady && (type == QEvent::ApplicationPaletteChange || type == QEvent::FontChange)) ApplyTheme();
-  // An event may unload the dialog: nothing of it is used afterwards.
+  // The event may destroy the dialog: no member is used after it.
   return QDialog::event(event);
 }
 
 bool frmSearch::eventFilter(QObject* watched, QEvent* event) {
   auto* const box = event->type() == QEvent::Show ? qobject_cast<QMessageBox*>(watched) : nullptr;
   if (box == nullptr) return QDialog::eventFilter(watched, event);
-  // The box takes its size and its place while it handles the event, and is on the screen only after that.
+  // The box gets its size and position while it handles the event, and is visible only after that.
   watched->event(event);
-  MoveClearOfTheText(*box);
+  MoveOffTheText(*box);
   return true;
 }
 
-void frmSearch::MoveClearOfTheText(QWidget& box) const {
+void frmSearch::MoveOffTheText(QWidget& box) const {
   constexpr int kGap = 12;
   const QRect text(txtSearch_->mapToGlobal(QPoint()), txtSearch_->size());
   const QRect available = screen()->availableGeometry();
@@ -180,12 +180,12 @@ void frmSearch::MoveClearOfTheText(QWidget& box) const {
   const int below = text.bottom() + 1 + kGap;
   const int above = text.top() - kGap - titleBar - box.height();
   const bool fitsBelow = below + titleBar + box.height() <= available.bottom() + 1;
-  // Before it is on the screen the box has no frame yet, and its title bar comes above the place that it is given.
+  // A box that is not visible yet has no frame. Its title bar will be added above its position.
   const int missing = box.frameGeometry().height() == box.height() ? titleBar : 0;
   if (fitsBelow || above >= available.top()) box.move(box.x(), (fitsBelow ? below : above) + missing);
 }
 
-void frmSearch::MoveClearOfTheName() {
+void frmSearch::MoveBelowTheName() {
   if (parentWidget() == nullptr) return;
   constexpr int kOverlap = 96;
   adjustSize();
@@ -197,7 +197,7 @@ void frmSearch::MoveClearOfTheName() {
 }
 
 void frmSearch::ShowModal() {
-  MoveClearOfTheName();
+  MoveBelowTheName();
   txtSearch_->setFocus();
   txtSearch_->selectAll();
   exec();
@@ -225,13 +225,13 @@ void frmSearch::RunAlone(Search&& search) {
     result = search(scaleSearch);
   });
   failure.ReportDescription(msgBox);
-  if (!watcher.IsThere()) return;
+  if (!watcher.IsAlive()) return;
   isSearching_ = false;
-  if (result.outcome == SearchOutcome::kFound) TellFound(result.name);
+  if (result.outcome == SearchOutcome::kFound) AnnounceFound(result.name);
   txtSearch_->selectAll();
 }
 
-void frmSearch::TellFound(const std::string& name) {
+void frmSearch::AnnounceFound(const std::string& name) {
   txtSearch_->setAccessibleDescription(tr("Found: %1").arg(QString::fromStdString(name)));
 }
 
@@ -246,6 +246,7 @@ void frmSearch::FindNextScaleMatch(const std::string& SearchText) {
   RunAlone([this, &SearchText](ScaleSearch& search) {
     QWidget* const active = QApplication::activeWindow() != nullptr ? QApplication::activeWindow() : this;
     const QPointer<QWidget> form = active;
+    // Kept: see docs/behaviour.md, FindNextScaleMatch differs from the button
     std::string tag = form->property(kTag).toString().toStdString();
     const std::string before = tag;
     SearchResult result = search.FindNext(SearchText, tag);
@@ -261,6 +262,7 @@ void frmSearch::cmdCancel_Click() {
 }
 
 void frmSearch::Form_QueryUnload(QCloseEvent& event) {
+  // Kept: see docs/behaviour.md, The search dialog hides instead of closing
   cmdCancel_Click();
   event.ignore();
 }

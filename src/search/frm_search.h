@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The search dialog: finds a scale or chord by a piece of its name and makes it the main window's current record.
-// Cancel and the close box hide it and set SearchCancelled; only its owner destroys it. Enter and F3 search, Escape
-// cancels. While a long search runs the dialog goes on taking events, so that it can be cancelled; a second search is
-// does not start until the first has ended. Shows failures as their description. Owned by its caller;
-// user-interface thread.
+// The search dialog: finds a scale or chord by a part of its name and makes it the current record of the main window.
+// Enter and F3 search; Escape, Cancel and the close box hide the dialog and set SearchCancelled. During a long search
+// the dialog processes events, so that the search can be cancelled; a second search cannot start. Shows the
+// descriptions of failures. Owned by the caller of RunSearch.
 
 #pragma once
 
@@ -42,11 +41,12 @@ class frmSearch : public QDialog, public SearchDialog {
 
   void cmdSearch_Click();
   void cmdCancel_Click();
-  /// Searches on from the current record, or from the first when the text is not the one that the active window's
-  /// property "Tag" holds.
+  /// Searches from the record after the current one, or from the first if `SearchText` differs from the property "Tag"
+  /// of the active window.
+  /// Kept: see docs/behaviour.md, Functions without callers
   void FindNextScaleMatch(const std::string& SearchText);
 
-  /// Escape.
+  /// Called for Escape.
   void reject() override { cmdCancel_Click(); }
 
  protected:
@@ -61,14 +61,14 @@ class frmSearch : public QDialog, public SearchDialog {
   void MakeControls();
   void LayOut();
   void ApplyTheme();
-  /// Over the lower edge of the main window, where the name of what is found stays in sight.
-  void MoveClearOfTheName();
-  /// Moves a message box that belongs to the dialog so that the text box stays visible.
-  void MoveClearOfTheText(QWidget& box) const;
-  /// Runs one search unless one is running, and shows its failure.
+  /// Moves the dialog over the lower edge of the main window, so that the name of the found record stays visible.
+  void MoveBelowTheName();
+  /// Moves a message box of the dialog so that the text box stays visible.
+  void MoveOffTheText(QWidget& box) const;
+  /// Runs a search unless one is running, and shows its failure.
   template <class Search>
   void RunAlone(Search&& search);
-  void TellFound(const std::string& name);
+  void AnnounceFound(const std::string& name);
 
   std::unique_ptr<ScaleSource> scales_;
   core::MsgBox& msgBox_;

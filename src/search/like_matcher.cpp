@@ -15,8 +15,8 @@ core::Failure InvalidPatternString() { return {kInvalidPatternString, "Invalid p
 }  // namespace
 
 LikePattern::LikePattern(std::u32string_view pattern) {
-  using Kind = Place::Kind;
-  places_.reserve(pattern.size());
+  using Kind = Element::Kind;
+  elements_.reserve(pattern.size());
   for (std::size_t at = 0; at < pattern.size();) {
     const char32_t character = pattern[at++];
     switch (character) {
@@ -24,22 +24,23 @@ LikePattern::LikePattern(std::u32string_view pattern) {
         AddAnyRun();
         break;
       case U'?':
-        places_.push_back({Kind::kAnyCharacter});
+        elements_.push_back({Kind::kAnyCharacter});
         break;
       case U'#':
-        places_.push_back({Kind::kDigit});
+        elements_.push_back({Kind::kDigit});
         break;
       case U'[':
         at = AddList(pattern, at);
         break;
       default:
-        places_.push_back({Kind::kCharacter, character});
+        elements_.push_back({Kind::kCharacter, character});
     }
   }
 }
 
 void LikePattern::AddAnyRun() {
-  if (places_.empty() || places_.back().kind != Place::Kind::kAnyRun) places_.push_back({Place::Kind::kAnyRun});
+  if (elements_.empty() || elements_.back().kind != Element::Kind::kAnyRun)
+    elements_.push_back({Element::Kind::kAnyRun});
 }
 
 std::size_t LikePattern::AddList(std::u32string_view pattern, std::size_t at) {
@@ -49,11 +50,11 @@ std::size_t LikePattern::AddList(std::u32string_view pattern, std::size_t at) {
   if (content.empty()) return close + 1;
   const bool isNegative = content.front() == U'!' && content.size() > 1;
   if (isNegative) content.remove_prefix(1);
-  Place place{isNegative ? Place::Kind::kNotInList : Place::Kind::kInList};
-  place.begin = ranges_.size();
+  Element element{isNegative ? Element::Kind::kNotInList : Element::Kind::kInList};
+  element.begin = ranges_.size();
   AddRanges(content);
-  place.end = ranges_.size();
-  places_.push_back(place);
+  element.end = ranges_.size();
+  elements_.push_back(element);
   return close + 1;
 }
 
@@ -77,7 +78,7 @@ void LikePattern::AddRanges(std::u32string_view content) {
   }
 }
 
-bool LikePattern::IsIn(const Place& list, char32_t character) const {
+bool LikePattern::Contains(const Element& list, char32_t character) const {
   const auto begin = ranges_.begin() + static_cast<std::ptrdiff_t>(list.begin);
   const auto end = ranges_.begin() + static_cast<std::ptrdiff_t>(list.end);
   const auto above =
@@ -85,59 +86,59 @@ bool LikePattern::IsIn(const Place& list, char32_t character) const {
   return above != begin && character <= (above - 1)->last;
 }
 
-bool LikePattern::Fits(const Place& place, char32_t character) const {
-  switch (place.kind) {
-    case Place::Kind::kCharacter:
-      return place.character == character;
-    case Place::Kind::kAnyCharacter:
+bool LikePattern::MatchesElement(const Element& element, char32_t character) const {
+  switch (element.kind) {
+    case Element::Kind::kCharacter:
+      return element.character == character;
+    case Element::Kind::kAnyCharacter:
       return true;
-    case Place::Kind::kDigit:
+    case Element::Kind::kDigit:
       return character >= U'0' && character <= U'9';
-    case Place::Kind::kInList:
-      return IsIn(place, character);
-    case Place::Kind::kNotInList:
-      return !IsIn(place, character);
-    case Place::Kind::kAnyRun:
+    case Element::Kind::kInList:
+      return Contains(element, character);
+    case Element::Kind::kNotInList:
+      return !Contains(element, character);
+    case Element::Kind::kAnyRun:
       break;
   }
   return false;
 }
 
-// When a character does not fit, the run before it takes one more. Only the latest run ever has to: whatever an earlier
-// one could still take, the latest can take as well.
+// Backtracking: if a character does not match, the latest run takes one more character. Earlier runs need no
+// backtracking, because the latest run can take whatever they could.
 LikePattern::Verdict LikePattern::Match(std::u32string_view text) const {
   constexpr std::size_t kNone = static_cast<std::size_t>(-1);
   Verdict verdict;
-  std::size_t place = 0;
+  std::size_t element = 0;
   std::size_t afterRun = kNone;
   std::size_t runEnd = 0;
   std::size_t at = 0;
   while (at < text.size()) {
     ++verdict.steps;
-    if (place < places_.size() && places_[place].kind == Place::Kind::kAnyRun) {
-      afterRun = ++place;
+    if (element < elements_.size() && elements_[element].kind == Element::Kind::kAnyRun) {
+      afterRun = ++element;
       runEnd = at;
-      if (place == places_.size()) break;
-    } else if (place == afterRun && places_[place].kind == Place::Kind::kCharacter) {
-      // The run takes everything up to the next character that can follow it.
-      const std::size_t found = std::min(text.find(places_[place].character, at), text.size());
+      if (element == elements_.size()) break;
+    } else if (element == afterRun && elements_[element].kind == Element::Kind::kCharacter) {
+      // The run takes all characters before the next occurrence of the character that follows it.
+      const std::size_t found = std::min(text.find(elements_[element].character, at), text.size());
       verdict.steps += found - at;
       at = runEnd = found;
       if (found == text.size()) break;
-      ++place;
+      ++element;
       ++at;
-    } else if (place < places_.size() && Fits(places_[place], text[at])) {
-      ++place;
+    } else if (element < elements_.size() && MatchesElement(elements_[element], text[at])) {
+      ++element;
       ++at;
     } else if (afterRun != kNone) {
-      place = afterRun;
+      element = afterRun;
       at = ++runEnd;
     } else {
       return verdict;
     }
   }
-  while (place < places_.size() && places_[place].kind == Place::Kind::kAnyRun) ++place;
-  verdict.matches = place == places_.size();
+  while (element < elements_.size() && elements_[element].kind == Element::Kind::kAnyRun) ++element;
+  verdict.matches = element == elements_.size();
   return verdict;
 }
 

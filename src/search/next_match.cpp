@@ -15,7 +15,7 @@
 namespace tonalith::search {
 namespace {
 
-// In milliseconds. A search that is over sooner takes no events at all.
+// In milliseconds. A shorter search processes no events.
 constexpr qint64 kFirstEvents = 150;
 constexpr qint64 kBetweenEvents = 30;
 

@@ -19,7 +19,7 @@ std::string InUsersLanguage(const char* text) {
 
 }  // namespace
 
-/// A piece of a name, to be found anywhere in it and in any case.
+/// Matches names that contain a text, in any case.
 class ScaleSearch::NamePattern {
  public:
   explicit NamePattern(std::string_view text) : pattern_(U"*" + core::UpperCase(text) + U"*") {}
@@ -44,7 +44,7 @@ std::unique_ptr<ScaleCursor> ScaleSearch::OpenRows() {
   return rows;
 }
 
-void ScaleSearch::StandAfterCurrent(ScaleCursor& rows) {
+void ScaleSearch::MoveAfterCurrent(ScaleCursor& rows) {
   const std::optional<data::Bookmark> current = source_.Current();
   if (!current || !rows.StandOn(*current)) {
     rows.MoveFirst();
@@ -54,14 +54,14 @@ void ScaleSearch::StandAfterCurrent(ScaleCursor& rows) {
   if (rows.IsEof()) rows.MoveFirst();
 }
 
-SearchResult ScaleSearch::Walk(ScaleCursor& rows, NamePattern& pattern, OnWrap onWrap) {
+SearchResult ScaleSearch::FindFrom(ScaleCursor& rows, NamePattern& pattern, OnWrap onWrap) {
   SearchResult result = TestRecords(rows, pattern, onWrap);
   watcher_.HasEnded();
   return result;
 }
 
 SearchResult ScaleSearch::TestRecords(ScaleCursor& rows, NamePattern& pattern, OnWrap onWrap) {
-  // A bookmark says which record it is without counting those before it, and still does when some of them go.
+  // A bookmark identifies its record without a count, also after other records are deleted.
   const data::Bookmark start = rows.GetBookmark();
   bool hasWrapped = false;
   while (watcher_.GoesOn()) {
@@ -72,10 +72,11 @@ SearchResult ScaleSearch::TestRecords(ScaleCursor& rows, NamePattern& pattern, O
     }
     rows.MoveNext();
     if (rows.IsEof()) {
-      // A second end without the start in between: its record went meanwhile, and all others have been tested.
+      // The end was reached twice without passing the start: the start record was deleted, and all others are tested.
       if (hasWrapped) return {SearchOutcome::kNoMatch, {}};
       hasWrapped = true;
-      if (onWrap == OnWrap::kTell)
+      // Kept: see docs/behaviour.md, The wrap message also comes with a match
+      if (onWrap == OnWrap::kShowMessage)
         watcher_.SetMessage(InUsersLanguage(
             QT_TRANSLATE_NOOP("tonalith::search::frmSearch", "You have searched all the records once")));
       rows.MoveFirst();
@@ -93,8 +94,8 @@ SearchResult ScaleSearch::Search(std::string_view text) {
   const auto rows = OpenRows();
   SearchResult result{SearchOutcome::kNoMatch, {}};
   if (!rows->IsEof()) {
-    StandAfterCurrent(*rows);
-    result = Walk(*rows, pattern, OnWrap::kTell);
+    MoveAfterCurrent(*rows);
+    result = FindFrom(*rows, pattern, OnWrap::kShowMessage);
   }
   if (result.outcome == SearchOutcome::kNoMatch) {
     msgBox_.Show(InUsersLanguage(QT_TRANSLATE_NOOP("tonalith::search::frmSearch", "No matches found.")),
@@ -104,6 +105,7 @@ SearchResult ScaleSearch::Search(std::string_view text) {
 }
 
 SearchResult ScaleSearch::FindNext(std::string_view SearchText, std::string& tag) {
+  // Kept: see docs/behaviour.md, FindNextScaleMatch differs from the button
   NamePattern pattern(SearchText);
   const auto rows = OpenRows();
   if (rows->IsEof()) return {};
@@ -111,9 +113,9 @@ SearchResult ScaleSearch::FindNext(std::string_view SearchText, std::string& tag
     rows->MoveFirst();
     tag = SearchText;
   } else {
-    StandAfterCurrent(*rows);
+    MoveAfterCurrent(*rows);
   }
-  SearchResult result = Walk(*rows, pattern, OnWrap::kBeSilent);
+  SearchResult result = FindFrom(*rows, pattern, OnWrap::kNoMessage);
   if (result.outcome == SearchOutcome::kNoMatch) {
     if (!rows->IsEof()) source_.MakeCurrent(rows->GetBookmark());
     const QString wanted = QString::fromUtf8(SearchText.data(), static_cast<qsizetype>(SearchText.size()));

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The walk of a search through the scales, without a widget: it tests names in the record set's order, starting behind
-// the current record, wraps at the end, and makes the match the current record of the main window. Each record is
-// tested once. The record set is walked on a copy, so that the window moves, and redraws, once at the most. Made for
-// one search by whoever holds the three things that it uses; user-interface thread. Messages that belong to a search
-// are shown here; failures (93 for a malformed list, those of the record set) are thrown for the caller to report.
+// The search without widgets: it tests names in the order of the record set from the record after the current one,
+// wraps at the end, tests each record once, and makes a match the current record of the main window. It uses a clone of
+// the record set, so the window moves at most once. Shows the messages of a search; throws failures (93 for a malformed
+// list, those of the record set). The three objects that it uses must outlive it.
 
 #pragma once
 
@@ -20,20 +19,20 @@
 
 namespace tonalith::search {
 
-/// A cursor over the scales, as far as a search uses one. Fails as data::RecordSet does.
+/// A cursor over the scales. Throws the failures of data::RecordSet.
 class ScaleCursor {
  public:
   virtual ~ScaleCursor() = default;
 
-  /// Stands past the end when there is no record.
+  /// Moves past the end if there is no record.
   virtual void MoveFirst() = 0;
   virtual void MoveNext() = 0;
-  /// Past the last record; from the beginning when there is none.
+  /// Whether the cursor is after the last record; true if there is none.
   [[nodiscard]] virtual bool IsEof() const = 0;
   [[nodiscard]] virtual data::Bookmark GetBookmark() const = 0;
-  /// Moves to that record; false, without a move, when it is gone.
+  /// Moves to that record. Returns false and does not move if it was deleted.
   virtual bool StandOn(data::Bookmark bookmark) = 0;
-  /// The field ScaleName, nothing for null. Good until the next move.
+  /// The field ScaleName, no value for null. Valid until the next move.
   [[nodiscard]] virtual std::optional<std::string_view> ScaleName() = 0;
 };
 
@@ -42,24 +41,24 @@ class ScaleSource {
  public:
   virtual ~ScaleSource() = default;
 
-  /// A cursor of its own over the same records, on the first one; nullptr when no record set is open.
+  /// A new cursor at the first record; nullptr if no record set is open.
   [[nodiscard]] virtual std::unique_ptr<ScaleCursor> Clone() = 0;
-  /// Nothing when no record is current.
+  /// No value if no record is current.
   [[nodiscard]] virtual std::optional<data::Bookmark> Current() = 0;
-  /// Makes that record the current one, which redraws the window; false, without a move, when it is gone.
+  /// Makes that record current, which redraws the window. Returns false and changes nothing if it was deleted.
   virtual bool MakeCurrent(data::Bookmark bookmark) = 0;
 };
 
-/// Who watches a search while it runs.
+/// Observes and stops a running search.
 class SearchWatcher {
  public:
   virtual ~SearchWatcher() = default;
 
   /// Sets the status line.
   virtual void SetMessage(const std::string& text) = 0;
-  /// Asked before each record is tested; false ends the search then and there, without a message.
+  /// Called before each record is tested; false stops the search without a message.
   [[nodiscard]] virtual bool GoesOn() = 0;
-  /// No record is tested any more; a message may follow.
+  /// Called when testing has ended; a message may follow.
   virtual void HasEnded() = 0;
 };
 
@@ -67,7 +66,7 @@ enum class SearchOutcome { kNothingAsked, kFound, kNoMatch, kStopped };
 
 struct SearchResult {
   SearchOutcome outcome = SearchOutcome::kNothingAsked;
-  /// The name of the record that was found.
+  /// The name of the found record.
   std::string name;
 };
 
@@ -76,23 +75,22 @@ class ScaleSearch {
   ScaleSearch(ScaleSource& source, SearchWatcher& watcher, core::MsgBox& msgBox)
       : source_(source), watcher_(watcher), msgBox_(msgBox) {}
 
-  /// Searches for `text` (UTF-8, blanks at its ends dropped) from the record behind the current one. Tells the watcher
-  /// when it wraps. Without a match the current record stays.
+  /// Searches for `text` (UTF-8, trimmed) from the record after the current one. Reports a wrap to the watcher. Without
+  /// a match the current record does not change.
   SearchResult Search(std::string_view text);
 
-  /// Searches for the text as it is: from the first record when `tag`, where the text is kept, differs from it,
-  /// otherwise from the record behind the current one. Without a match the record at which it began becomes the current
-  /// one.
+  /// Searches for the untrimmed text: from the first record if it differs from `tag`, which then stores it, otherwise
+  /// from the record after the current one. Without a match the start record becomes the current one.
   SearchResult FindNext(std::string_view SearchText, std::string& tag);
 
  private:
   class NamePattern;
-  enum class OnWrap { kTell, kBeSilent };
+  enum class OnWrap { kShowMessage, kNoMessage };
 
   [[nodiscard]] std::unique_ptr<ScaleCursor> OpenRows();
-  /// Behind the current record, wrapped; on the first when no record is current or it is gone.
-  void StandAfterCurrent(ScaleCursor& rows);
-  SearchResult Walk(ScaleCursor& rows, NamePattern& pattern, OnWrap onWrap);
+  /// Moves to the record after the current one, wrapped; to the first if no record is current or it was deleted.
+  void MoveAfterCurrent(ScaleCursor& rows);
+  SearchResult FindFrom(ScaleCursor& rows, NamePattern& pattern, OnWrap onWrap);
   SearchResult TestRecords(ScaleCursor& rows, NamePattern& pattern, OnWrap onWrap);
 
   ScaleSource& source_;

@@ -26,12 +26,12 @@ void SearchController::Open(controls::DataControl& data1) {
 
 void SearchController::Next(controls::DataControl& data1) {
   if (dialog_ != nullptr || text_.empty()) return Open(data1);
-  // Its own messages let a further key press through.
-  if (std::exchange(isWalking_, true)) return;
+  // A message box of the search processes events, with them further key presses.
+  if (std::exchange(isSearching_, true)) return;
   const QPointer<controls::DataControl> place(&data1);
   DataControlScales scales(data1);
   FindNextMatch(scales, text_, msgBox_, data1);
-  if (!place.isNull()) isWalking_ = false;
+  if (!place.isNull()) isSearching_ = false;
 }
 
 }  // namespace tonalith::search

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The search commands of the main window: one use of the dialog, and the next match for the text that the dialog was
-// left with. Keeps that text while the window lives. Owned by the main window; user-interface thread. Failures are
-// shown as their description.
+// The search commands of the main window: the dialog, and the next match of its last text, which is stored while the
+// window exists. Owned by the main window. Shows the descriptions of failures.
 
 #pragma once
 
@@ -23,20 +22,20 @@ class SearchController {
  public:
   explicit SearchController(core::MsgBox& msgBox) : msgBox_(msgBox) {}
 
-  /// Shows the dialog over the scales of `data1`, with the text of its last use; returns when it is closed. The desk
-  /// may be gone then.
+  /// Shows the dialog for the scales of `data1` with its last text; returns when it is closed. The controller may be
+  /// destroyed then.
   void Open(controls::DataControl& data1);
-  /// Makes the next match of the last text current. Opens the dialog while there is no such text. The desk may be gone
-  /// when this returns.
+  /// Makes the next match of the last text current, or opens the dialog if there is no text. The controller may be
+  /// destroyed when this returns.
   void Next(controls::DataControl& data1);
-  /// Destroys a dialog that is still open.
+  /// Destroys an open dialog.
   void Unload() { dialog_.reset(); }
 
  private:
   core::MsgBox& msgBox_;
   std::unique_ptr<SearchDialog> dialog_;
   std::string text_;
-  bool isWalking_ = false;
+  bool isSearching_ = false;
 };
 
 }  // namespace tonalith::search

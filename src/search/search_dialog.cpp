@@ -9,35 +9,36 @@
 namespace tonalith::search {
 namespace {
 
-/// Unloads what is in the place by then: the owner may have been quicker.
-class Unloading {
+/// Destroys the dialog at the end of the scope, unless the owner has done so.
+class DialogUnloader {
  public:
-  explicit Unloading(std::unique_ptr<SearchDialog>& place) : place_(place) {}
-  ~Unloading() { place_.reset(); }
-  Unloading(const Unloading&) = delete;
-  Unloading& operator=(const Unloading&) = delete;
+  explicit DialogUnloader(std::unique_ptr<SearchDialog>& dialog) : dialog_(dialog) {}
+  ~DialogUnloader() { dialog_.reset(); }
+  DialogUnloader(const DialogUnloader&) = delete;
+  DialogUnloader& operator=(const DialogUnloader&) = delete;
 
  private:
-  std::unique_ptr<SearchDialog>& place_;
+  std::unique_ptr<SearchDialog>& dialog_;
 };
 
 }  // namespace
 
-void RunSearch(std::unique_ptr<SearchDialog>& place, const std::function<std::unique_ptr<SearchDialog>()>& make,
+void RunSearch(std::unique_ptr<SearchDialog>& dialog, const std::function<std::unique_ptr<SearchDialog>()>& make,
                std::string& text, core::MsgBox& msgBox) {
-  if (place != nullptr && place->IsShown()) {
-    place->BringToFront();
+  if (dialog != nullptr && dialog->IsShown()) {
+    dialog->BringToFront();
     return;
   }
-  if (place == nullptr) place = make();
-  const Unloading unloading(place);
-  place->SetSearchCancelled(false);
-  place->SetSearchText(text);
-  place->ShowModal();
-  // Without its dialog the command's owner has gone, and the text with it.
-  if (place == nullptr) return;
-  if (!core::Trim(place->SearchText()).empty()) text = place->SearchText();
-  if (!place->SearchCancelled()) msgBox.Show(frmSearch::tr("Searching for: ").toStdString() + place->SearchText());
+  if (dialog == nullptr) dialog = make();
+  const DialogUnloader unloader(dialog);
+  dialog->SetSearchCancelled(false);
+  dialog->SetSearchText(text);
+  dialog->ShowModal();
+  // No dialog: its owner was destroyed, and `text` with it.
+  if (dialog == nullptr) return;
+  if (!core::Trim(dialog->SearchText()).empty()) text = dialog->SearchText();
+  // Kept: see docs/behaviour.md, The search dialog hides instead of closing
+  if (!dialog->SearchCancelled()) msgBox.Show(frmSearch::tr("Searching for: ").toStdString() + dialog->SearchText());
 }
 
 }  // namespace tonalith::search
