@@ -61,14 +61,14 @@ TEST_F(DataControlTest, IsUnboundUntilItIsRefreshed) {
   EXPECT_THAT(box_.Messages(), IsEmpty());
 }
 
-TEST_F(DataControlTest, RefreshStandsOnTheFirstRow) {
+TEST_F(DataControlTest, RefreshMovesToTheFirstRow) {
   control_.Refresh();
   Press("Last record");
   control_.Refresh();
   EXPECT_THAT(shown_, ElementsAre("3", "9", "3"));
 }
 
-TEST_F(DataControlTest, EachMoveTellsOnceAlsoWhenNeighboursShareEveryBoundValue) {
+TEST_F(DataControlTest, EveryMoveEmitsOnceAlsoIfBoundValuesAreEqual) {
   control_.Refresh();
   const QSignalSpy moved(&control_, &DataControl::Moved);
   Press("Next record");
@@ -81,7 +81,7 @@ TEST_F(DataControlTest, EachMoveTellsOnceAlsoWhenNeighboursShareEveryBoundValue)
   EXPECT_THAT(shown_, ElementsAre("3", "5", "9"));
 }
 
-TEST_F(DataControlTest, QuietMovesChangeTheBoundControlsAndTellNobody) {
+TEST_F(DataControlTest, QuietMovesUpdateBoundControlsWithoutASignal) {
   control_.Refresh();
   const QSignalSpy moved(&control_, &DataControl::Moved);
   {
@@ -92,7 +92,7 @@ TEST_F(DataControlTest, QuietMovesChangeTheBoundControlsAndTellNobody) {
   EXPECT_EQ(shown_.back(), "9");
 }
 
-TEST_F(DataControlTest, BookmarkOfARowThatIsGoneIsAFailureOrPassedOverAsTheCallerWishes) {
+TEST_F(DataControlTest, BookmarkOfADeletedRowFailsOrIsIgnored) {
   control_.Refresh();
   const data::Bookmark first = control_.Recordset()->GetBookmark();
   Execute("DELETE FROM Scales WHERE ScaleID = 3");
@@ -102,7 +102,7 @@ TEST_F(DataControlTest, BookmarkOfARowThatIsGoneIsAFailureOrPassedOverAsTheCalle
   EXPECT_EQ(shown_.back(), "5");
 }
 
-TEST_F(DataControlTest, FailedRefreshLeavesTheControlUnboundAndItsControlsEmpty) {
+TEST_F(DataControlTest, FailedRefreshUnbindsAndClearsTheBoundControls) {
   control_.Refresh();
   control_.SetConnectionString("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + path_.string() + ".gone");
   EXPECT_THROW(control_.Refresh(), core::Failure);
@@ -110,7 +110,7 @@ TEST_F(DataControlTest, FailedRefreshLeavesTheControlUnboundAndItsControlsEmpty)
   EXPECT_EQ(shown_.back(), "-");
 }
 
-TEST_F(DataControlTest, ReleaseLetsTheFileGoAndKeepsWhatIsShown) {
+TEST_F(DataControlTest, ReleaseClosesTheFileAndKeepsTheShownValues) {
   control_.Refresh();
   control_.Release();
   EXPECT_EQ(control_.Recordset(), nullptr);
@@ -118,7 +118,7 @@ TEST_F(DataControlTest, ReleaseLetsTheFileGoAndKeepsWhatIsShown) {
   Execute("BEGIN EXCLUSIVE; ROLLBACK");
 }
 
-TEST_F(DataControlTest, ArrowsAreNamedForAssistiveTechnologyAndReachedByTab) {
+TEST_F(DataControlTest, ArrowsHaveAccessibleNamesAndTabFocus) {
   std::vector<std::string> names;
   for (const QAbstractButton* const button : control_.findChildren<QAbstractButton*>()) {
     names.push_back(button->accessibleName().toStdString());
@@ -127,14 +127,14 @@ TEST_F(DataControlTest, ArrowsAreNamedForAssistiveTechnologyAndReachedByTab) {
   EXPECT_THAT(names, ElementsAre("First record", "Previous record", "Next record", "Last record"));
 }
 
-TEST_F(DataControlTest, SaysWhereItStandsInItsToolTipAndToAssistiveTechnology) {
-  QAccessibleInterface* const heard = QAccessible::queryAccessibleInterface(&control_);
-  EXPECT_EQ(heard->text(QAccessible::Description), QString());
+TEST_F(DataControlTest, ToolTipAndAccessibleDescriptionAreThePosition) {
+  QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(&control_);
+  EXPECT_EQ(accessible->text(QAccessible::Description), QString());
   control_.Refresh();
-  EXPECT_EQ(heard->text(QAccessible::Name), QStringLiteral("Select Scales"));
-  EXPECT_EQ(heard->text(QAccessible::Description), QStringLiteral("1 of 3"));
+  EXPECT_EQ(accessible->text(QAccessible::Name), QStringLiteral("Select Scales"));
+  EXPECT_EQ(accessible->text(QAccessible::Description), QStringLiteral("1 of 3"));
   Press("Next record");
-  EXPECT_EQ(heard->text(QAccessible::Description), QStringLiteral("2 of 3"));
+  EXPECT_EQ(accessible->text(QAccessible::Description), QStringLiteral("2 of 3"));
   control_.show();
   QHelpEvent rest(QEvent::ToolTip, QPoint(5, 5), control_.mapToGlobal(QPoint(5, 5)));
   QApplication::sendEvent(&control_, &rest);
@@ -161,7 +161,7 @@ TEST_F(DataControlTest, FailureOfAnArrowIsShownAsItsDescription) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << "a closed record set has no current record to leave";
 }
 
-TEST_F(DataControlTest, WrittenEditIsToldAlsoWhenTheMoveAfterItFails) {
+TEST_F(DataControlTest, WrittenEditEmitsAlsoIfTheFollowingMoveFails) {
   control_.Refresh();
   control_.SetFieldValue("ScaleName", "Renamed");
   const QSignalSpy moved(&control_, &DataControl::Moved);
@@ -174,7 +174,7 @@ TEST_F(DataControlTest, WrittenEditIsToldAlsoWhenTheMoveAfterItFails) {
   EXPECT_THAT(shown_, ElementsAre("3", "3"));
 }
 
-TEST_F(DataControlTest, DeletionIsToldAsAMoveAndAsAWrite) {
+TEST_F(DataControlTest, DeletionEmitsMovedAndWritten) {
   control_.Refresh();
   const QSignalSpy moved(&control_, &DataControl::Moved);
   const QSignalSpy written(&control_, &DataControl::Written);
@@ -184,7 +184,7 @@ TEST_F(DataControlTest, DeletionIsToldAsAMoveAndAsAWrite) {
   EXPECT_THAT(shown_, ElementsAre("3", "5"));
 }
 
-TEST_F(DataControlTest, RefusedEditIsNotToldAndStaysInTheControls) {
+TEST_F(DataControlTest, RefusedEditEmitsNothingAndStaysInTheControls) {
   control_.Refresh();
   control_.SetFieldValue("ScaleName", "");
   const QSignalSpy moved(&control_, &DataControl::Moved);
@@ -196,7 +196,7 @@ TEST_F(DataControlTest, RefusedEditIsNotToldAndStaysInTheControls) {
   EXPECT_THAT(shown_, ElementsAre("3"));
 }
 
-TEST_F(DataControlTest, RefusedEditIsNotPassedOverOnTheWayToABookmark) {
+TEST_F(DataControlTest, RefusedEditPreventsAMoveToABookmark) {
   control_.Refresh();
   control_.SetFieldValue("ScaleName", "");
   EXPECT_THROW(control_.SetBookmarkIfThere({5}), core::Failure);
@@ -204,7 +204,7 @@ TEST_F(DataControlTest, RefusedEditIsNotPassedOverOnTheWayToABookmark) {
   EXPECT_THAT(shown_, ElementsAre("3"));
 }
 
-TEST_F(DataControlTest, FailedMoveWithoutAnEditTellsNothing) {
+TEST_F(DataControlTest, FailedMoveWithoutAnEditEmitsNothing) {
   control_.Refresh();
   const QSignalSpy moved(&control_, &DataControl::Moved);
   const QSignalSpy written(&control_, &DataControl::Written);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Text boxes bound to fields, and the data control's own edits.
+// Text boxes bound to fields, and the edits of the data control.
 
 #include "controls/field_binding.h"
 
@@ -51,13 +51,14 @@ class FieldBindingTest : public testing::Test {
   DataControl control_{QStringLiteral("Data1"), QStringLiteral("Scales"), box_, nullptr};
   QLineEdit name_;
   QLineEdit sort_;
-  QPlainTextEdit words_;
+  QPlainTextEdit description_;
   FieldBinding* nameField_ = new FieldBinding(control_, "ScaleName", FieldBinding::Kind::kText, box_, &name_);
   FieldBinding* sortField_ = new FieldBinding(control_, "Sort", FieldBinding::Kind::kNumber, box_, &sort_);
-  FieldBinding* wordsField_ = new FieldBinding(control_, "ScaleDescription", FieldBinding::Kind::kText, box_, &words_);
+  FieldBinding* descriptionField_ =
+      new FieldBinding(control_, "ScaleDescription", FieldBinding::Kind::kText, box_, &description_);
 };
 
-TEST_F(FieldBindingTest, ShowsTheRowAndTellsWhatChanged) {
+TEST_F(FieldBindingTest, ShowsTheRowAndEmitsChanges) {
   const QSignalSpy changed(sortField_, &FieldBinding::Changed);
   const QSignalSpy edited(sortField_, &FieldBinding::Edited);
   control_.Refresh();
@@ -69,7 +70,7 @@ TEST_F(FieldBindingTest, ShowsTheRowAndTellsWhatChanged) {
   EXPECT_FALSE(control_.IsEditPending());
 }
 
-TEST_F(FieldBindingTest, PutsWhatIsTypedIntoThePendingEdit) {
+TEST_F(FieldBindingTest, TypedTextBecomesAPendingEdit) {
   control_.Refresh();
   const QSignalSpy edited(nameField_, &FieldBinding::Edited);
   QTest::keyClicks(&name_, QStringLiteral("bc"));
@@ -81,25 +82,25 @@ TEST_F(FieldBindingTest, PutsWhatIsTypedIntoThePendingEdit) {
   EXPECT_EQ(Saved(), "Abc 1 text\nB 2 null\n");
 }
 
-TEST_F(FieldBindingTest, FindsNoChangeInWhatIsTypedAndTakenAway) {
+TEST_F(FieldBindingTest, TypedAndDeletedTextIsNoChange) {
   control_.Refresh();
   control_.MoveNext();
-  QTest::keyClicks(&words_, QStringLiteral("x"));
+  QTest::keyClicks(&description_, QStringLiteral("x"));
   QTest::keyClicks(&sort_, QStringLiteral("3"));
   EXPECT_TRUE(control_.IsEditPending());
-  QTest::keyClick(&words_, Qt::Key_Backspace);
+  QTest::keyClick(&description_, Qt::Key_Backspace);
   QTest::keyClick(&sort_, Qt::Key_Backspace);
   EXPECT_FALSE(control_.IsEditPending()) << "a null is still a null, a number a number";
 }
 
-TEST_F(FieldBindingTest, LeavesLineBreaksAsTheDatabaseHasThem) {
+TEST_F(FieldBindingTest, DoesNotConvertLineBreaksOfTheDatabase) {
   control_.Refresh();
-  QTest::keyClicks(&words_, QStringLiteral("x"));
-  QTest::keyClick(&words_, Qt::Key_Backspace);
+  QTest::keyClicks(&description_, QStringLiteral("x"));
+  QTest::keyClick(&description_, Qt::Key_Backspace);
   EXPECT_FALSE(control_.IsEditPending());
 }
 
-TEST_F(FieldBindingTest, MakesNumbersOfNumbersAndNullOfNothing) {
+TEST_F(FieldBindingTest, ConvertsNumbersAndEmptyText) {
   control_.Refresh();
   sortField_->SetText(QStringLiteral(" 12 "));
   EXPECT_EQ(control_.FieldValue(7), core::Value(12));
@@ -109,14 +110,14 @@ TEST_F(FieldBindingTest, MakesNumbersOfNumbersAndNullOfNothing) {
   EXPECT_EQ(control_.FieldValue(7), core::Value("last"));
 }
 
-TEST_F(FieldBindingTest, SaysWhyTypingIsInVain) {
+TEST_F(FieldBindingTest, ReportsWhyTypedTextCannotBeStored) {
   QTest::keyClicks(&name_, QStringLiteral("x"));
   EXPECT_EQ(box_.Texts(), "Operation is not allowed when the object is closed.\n");
   EXPECT_THROW(nameField_->SetText(QStringLiteral("y")), core::Failure);
   EXPECT_EQ(name_.text(), QStringLiteral("x"));
 }
 
-TEST_F(FieldBindingTest, KeepsARefusedEditAndRemembersThatItWasRefused) {
+TEST_F(FieldBindingTest, KeepsARefusedEditAndReportsItAsRefused) {
   control_.Refresh();
   nameField_->SetText(QStringLiteral("B"));
   EXPECT_FALSE(control_.IsEditRefused());
@@ -131,7 +132,7 @@ TEST_F(FieldBindingTest, KeepsARefusedEditAndRemembersThatItWasRefused) {
   EXPECT_EQ(name_.text(), QStringLiteral("A"));
 }
 
-TEST_F(FieldBindingTest, ANewRowIsPendingUntilItIsWritten) {
+TEST_F(FieldBindingTest, NewRowIsPendingUntilItIsWritten) {
   control_.Refresh();
   const QSignalSpy written(&control_, &DataControl::Written);
   control_.AddNew({{"ScaleTypeID", 1}, {"Sort", 7}});
@@ -146,7 +147,7 @@ TEST_F(FieldBindingTest, ANewRowIsPendingUntilItIsWritten) {
   EXPECT_EQ(Saved(), "A 1 text\nB 2 null\nC 7 null\n");
 }
 
-TEST_F(FieldBindingTest, DeletingDropsANewRowAndGoesOnFromAnOldOne) {
+TEST_F(FieldBindingTest, DeletingDropsANewRowAndMovesOnFromAnExistingOne) {
   control_.Refresh();
   control_.AddNew({});
   control_.Delete();

@@ -18,7 +18,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class PatientWatcher : public SearchWatcher {
+class UnlimitedWatcher : public SearchWatcher {
  public:
   void SetMessage(const std::string& text) override { message_ = text; }
   [[nodiscard]] bool GoesOn() override { return true; }
@@ -26,7 +26,7 @@ class PatientWatcher : public SearchWatcher {
   std::string message_;
 };
 
-/// Scales A (3), Bx (5), one without a name (7) and By (9), and what a window bound to them shows.
+/// Scales A (3), Bx (5), one without a name (7) and By (9), and the names that a bound window shows.
 class DataControlScalesTest : public testing::Test {
  protected:
   DataControlScalesTest() : control_(QStringLiteral("Data1"), QStringLiteral("Select Scales"), box_, nullptr) {
@@ -53,11 +53,11 @@ class DataControlScalesTest : public testing::Test {
   tests::RecordingMsgBox box_;
   controls::DataControl control_;
   DataControlScales scales_{control_};
-  PatientWatcher watcher_;
+  UnlimitedWatcher watcher_;
   std::vector<std::string> shown_;
 };
 
-TEST_F(DataControlScalesTest, MatchBecomesTheRecordOfTheWindowWhichRedrawsOnce) {
+TEST_F(DataControlScalesTest, MatchBecomesTheCurrentRecordWithOneRedraw) {
   control_.Refresh();
   EXPECT_EQ(Search("b"), SearchOutcome::kFound);
   EXPECT_THAT(shown_, ElementsAre("Bx"));
@@ -91,7 +91,7 @@ TEST_F(DataControlScalesTest, EmptyDatabaseHasNoMatches) {
   EXPECT_EQ(box_.Texts(), "No matches found.\n");
 }
 
-TEST_F(DataControlScalesTest, SearchFromARecordThatAnotherProgramDeletedBeginsAtTheFirst) {
+TEST_F(DataControlScalesTest, SearchFromADeletedRecordStartsAtTheFirst) {
   control_.Refresh();
   control_.MoveNext();
   Execute("DELETE FROM Scales WHERE ScaleID = 5");
@@ -100,7 +100,7 @@ TEST_F(DataControlScalesTest, SearchFromARecordThatAnotherProgramDeletedBeginsAt
   EXPECT_EQ(watcher_.message_, "");
 }
 
-TEST_F(DataControlScalesTest, RecordThatIsGoneCannotBeMadeCurrent) {
+TEST_F(DataControlScalesTest, DeletedRecordCannotBeMadeCurrent) {
   control_.Refresh();
   Execute("DELETE FROM Scales WHERE ScaleID = 9");
   EXPECT_FALSE(scales_.MakeCurrent({9}));
@@ -109,11 +109,11 @@ TEST_F(DataControlScalesTest, RecordThatIsGoneCannotBeMadeCurrent) {
   EXPECT_EQ(control_.FieldValue(0).AsInt(), 5);
 }
 
-TEST_F(DataControlScalesTest, CursorStandsPastTheEndWhenEveryRecordIsGone) {
+TEST_F(DataControlScalesTest, CursorIsPastTheEndIfAllRecordsAreDeleted) {
   control_.Refresh();
   const auto rows = scales_.Clone();
   EXPECT_FALSE(rows->IsEof());
-  // Through the record set's own connection, so that it knows that what it holds is out of date.
+  // Deleted through the connection of the record set, so that it knows that its rows are stale.
   for (int i = 0; i < 4; ++i) {
     control_.Recordset()->MoveFirst();
     control_.Recordset()->Delete();
@@ -122,7 +122,7 @@ TEST_F(DataControlScalesTest, CursorStandsPastTheEndWhenEveryRecordIsGone) {
   EXPECT_TRUE(rows->IsEof());
 }
 
-TEST_F(DataControlScalesTest, NameIsReadAsTextWhateverItWasStoredAs) {
+TEST_F(DataControlScalesTest, NameThatIsNotTextIsAFailure) {
   Execute(
       "UPDATE Scales SET ScaleName = NULL WHERE ScaleID = 3; UPDATE Scales SET ScaleName = x'4278' WHERE ScaleID = 5");
   control_.Refresh();

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A record set in memory for tests of the search, numbered from 1, with a log of the names that were tested ("A?") and
-// the records that were made current ("=A"). Records may be taken out while it is walked. Owned by the test; its
-// cursors must not outlive it.
+// A record set in memory, numbered from 1, with a log of the tested names ("A?") and of the records made current
+// ("=A"). Records may be removed during a search. It must outlive its cursors.
 
 #pragma once
 
@@ -22,7 +21,7 @@ namespace tonalith::search {
 class FakeScales : public ScaleSource {
  public:
   FakeScales() = default;
-  /// The names, divided by commas; the first record is current.
+  /// The names, separated by commas; the first record is current.
   explicit FakeScales(const std::string& names) {
     std::istringstream stream(names);
     for (std::string name; std::getline(stream, name, ',');) rows_[std::ssize(rows_) + 1] = name;

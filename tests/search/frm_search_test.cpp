@@ -54,7 +54,7 @@ class FrmSearchTest : public testing::Test {
   void Soon(Step step) const {
     QTimer::singleShot(0, form_.get(), step);
   }
-  /// Makes testing a name so slow, and the records so many, that a search would take minutes.
+  /// Adds so many records and such a delay that a search would take minutes.
   void MakeSlow() {
     for (std::int64_t key = 4; key < 100000; ++key) scales_->rows_[key] = "Major";
     scales_->onTest_ = [this] {
@@ -89,7 +89,7 @@ TEST_F(FrmSearchTest, SearchButtonMakesTheMatchCurrentAndStaysOpen) {
   EXPECT_FALSE(form_->SearchCancelled());
 }
 
-TEST_F(FrmSearchTest, EnterSearchesAndEnterAgainSearchesOn) {
+TEST_F(FrmSearchTest, EnterSearchesAndEnterAgainFindsTheNext) {
   Show();
   Type("m");
   QTest::keyClick(Text(), Qt::Key_Return);
@@ -99,7 +99,7 @@ TEST_F(FrmSearchTest, EnterSearchesAndEnterAgainSearchesOn) {
   EXPECT_TRUE(form_->isVisible());
 }
 
-TEST_F(FrmSearchTest, SearchedTextIsKeptAndSelectedForTheNextSearch) {
+TEST_F(FrmSearchTest, SearchedTextStaysAndIsSelected) {
   Show();
   Type("  dor ");
   QTest::keyClick(Text(), Qt::Key_Return);
@@ -120,7 +120,7 @@ TEST_F(FrmSearchTest, WrapMessageStaysUntilTheNextSearchBegins) {
   EXPECT_EQ(Message(), "");
 }
 
-TEST_F(FrmSearchTest, BlankTextOnlyEmptiesTheStatusLine) {
+TEST_F(FrmSearchTest, BlankTextOnlyClearsTheStatusLine) {
   Show();
   Type("major");
   Click("cmdSearch");
@@ -132,14 +132,14 @@ TEST_F(FrmSearchTest, BlankTextOnlyEmptiesTheStatusLine) {
   EXPECT_THAT(box_.Messages(), IsEmpty());
 }
 
-TEST_F(FrmSearchTest, NoMatchIsToldInAnInformationBox) {
+TEST_F(FrmSearchTest, NoMatchIsReportedInAnInformationBox) {
   Type("nothing");
   form_->cmdSearch_Click();
   const tests::RecordingMsgBox::Message expected{"No matches found.", core::MsgBoxStyle::kInformation, ""};
   EXPECT_THAT(box_.Messages(), ElementsAre(expected));
 }
 
-TEST_F(FrmSearchTest, MalformedListIsToldInAPlainBox) {
+TEST_F(FrmSearchTest, MalformedListIsReportedInAPlainBox) {
   Show();
   Type("[abc");
   Click("cmdSearch");
@@ -149,7 +149,7 @@ TEST_F(FrmSearchTest, MalformedListIsToldInAPlainBox) {
   EXPECT_EQ(Text()->selectedText(), Wide("[abc"));
 }
 
-TEST_F(FrmSearchTest, MissingDatabaseIsToldInAPlainBoxAndTheDialogStaysUsable) {
+TEST_F(FrmSearchTest, MissingDatabaseIsReportedAndTheDialogStaysUsable) {
   scales_->isOpen_ = false;
   Type("a");
   form_->cmdSearch_Click();
@@ -187,7 +187,7 @@ TEST_F(FrmSearchTest, FlagCanBeReadAndWrittenFromOutside) {
   EXPECT_FALSE(form_->property("SearchCancelled").toBool());
 }
 
-/// How often a window was raised above the others.
+/// Counts how often a window is raised.
 class RaiseCounter : public QObject {
  public:
   explicit RaiseCounter(QWidget& window) { window.installEventFilter(this); }
@@ -201,7 +201,7 @@ class RaiseCounter : public QObject {
   int raised_ = 0;
 };
 
-TEST_F(FrmSearchTest, BroughtToTheFrontItIsRaisedAndTakesTheKeyboard) {
+TEST_F(FrmSearchTest, BringToFrontRaisesAndActivatesTheDialog) {
   Show();
   QWidget other;
   other.show();
@@ -216,7 +216,7 @@ TEST_F(FrmSearchTest, BroughtToTheFrontItIsRaisedAndTakesTheKeyboard) {
   EXPECT_TRUE(Text()->hasFocus());
 }
 
-TEST_F(FrmSearchTest, BroughtToTheFrontItComesOutOfItsIcon) {
+TEST_F(FrmSearchTest, BringToFrontRestoresAMinimizedDialog) {
   EXPECT_FALSE(form_->IsShown());
   Show();
   EXPECT_TRUE(form_->IsShown());
@@ -226,7 +226,7 @@ TEST_F(FrmSearchTest, BroughtToTheFrontItComesOutOfItsIcon) {
   EXPECT_FALSE(form_->isMinimized());
 }
 
-TEST_F(FrmSearchTest, TabWalksFromTheTextOverSearchToCancel) {
+TEST_F(FrmSearchTest, TabOrderIsTextSearchCancel) {
   Show();
   QTest::keyClick(Text(), Qt::Key_Tab);
   EXPECT_EQ(form_->focusWidget(), Find<QWidget>("cmdSearch"));
@@ -236,7 +236,7 @@ TEST_F(FrmSearchTest, TabWalksFromTheTextOverSearchToCancel) {
   EXPECT_TRUE(form_->SearchCancelled());
 }
 
-TEST_F(FrmSearchTest, ClickOnSearchLeavesTheFocusInTheText) {
+TEST_F(FrmSearchTest, ClickOnSearchKeepsTheFocusInTheText) {
   Show();
   Type("dor");
   Click("cmdSearch");
@@ -254,7 +254,7 @@ TEST_F(FrmSearchTest, FoundNameIsDescribedToAssistiveTechnology) {
   EXPECT_EQ(Text()->accessibleDescription(), Find<QLabel>("lblHelp")->text());
 }
 
-TEST_F(FrmSearchTest, FirstModalShowingEndsWhenItIsCancelled) {
+TEST_F(FrmSearchTest, ShowModalReturnsWhenCancelled) {
   Soon([this] {
     EXPECT_TRUE(form_->isModal());
     EXPECT_EQ(form_->focusWidget(), Text());
@@ -264,7 +264,7 @@ TEST_F(FrmSearchTest, FirstModalShowingEndsWhenItIsCancelled) {
   EXPECT_TRUE(form_->SearchCancelled());
 }
 
-TEST_F(FrmSearchTest, SecondPressWhileASearchRunsIsPassedOver) {
+TEST_F(FrmSearchTest, SecondSearchIsIgnoredWhileOneRuns) {
   MakeSlow();
   Show();
   Type("nothing");
@@ -283,7 +283,7 @@ TEST_F(FrmSearchTest, SecondPressWhileASearchRunsIsPassedOver) {
   EXPECT_THAT(box_.Messages(), IsEmpty());
 }
 
-TEST_F(FrmSearchTest, LongSearchShowsThatItIsBusyAndEndsSoonWhenCancelled) {
+TEST_F(FrmSearchTest, LongSearchShowsABusyPointerAndStopsWhenCancelled) {
   MakeSlow();
   Show();
   Type("nothing");
@@ -300,7 +300,7 @@ TEST_F(FrmSearchTest, LongSearchShowsThatItIsBusyAndEndsSoonWhenCancelled) {
   EXPECT_THAT(box_.Messages(), IsEmpty());
 }
 
-TEST_F(FrmSearchTest, DialogMayBeUnloadedWhileItSearches) {
+TEST_F(FrmSearchTest, DialogMayBeDestroyedDuringASearch) {
   MakeSlow();
   Type("nothing");
   Soon([this] { form_.reset(); });
@@ -310,7 +310,7 @@ TEST_F(FrmSearchTest, DialogMayBeUnloadedWhileItSearches) {
   EXPECT_THAT(box_.Messages(), IsEmpty());
 }
 
-TEST_F(FrmSearchTest, SearchAfterACancelledOneRunsToItsEnd) {
+TEST_F(FrmSearchTest, SearchAfterACancelledOneCompletes) {
   MakeSlow();
   Type("nothing");
   Soon([this] { form_->cmdCancel_Click(); });
@@ -334,7 +334,7 @@ TEST_F(FrmSearchTest, FindNextScaleMatchKeepsItsTextInTheTagOfTheActiveForm) {
   EXPECT_EQ(box_.Texts(), "No matches found for ' x'\n");
 }
 
-/// Everything that shows text is at least as large as it asks to be.
+/// Every control that shows text must be at least as large as its size hint.
 TEST_F(FrmSearchTest, NothingIsClippedInAnyFontSize) {
   for (const int points : {6, 9, 14, 24, 40}) {
     QFont font = form_->font();
@@ -353,7 +353,7 @@ TEST_F(FrmSearchTest, NothingIsClippedInAnyFontSize) {
   }
 }
 
-TEST_F(FrmSearchTest, StatusLineKeepsItsPlaceWhileItIsEmpty) {
+TEST_F(FrmSearchTest, EmptyStatusLineKeepsItsHeight) {
   Show();
   const QSize before = form_->size();
   const int height = Find<QLabel>("lblMessage")->height();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The text box of the search dialog: what it opens with, and that message boxes leave it visible.
+// The text box of the search dialog: its initial text, and message boxes that must not cover it.
 
 #include <gtest/gtest.h>
 
@@ -35,7 +35,7 @@ class FrmSearchText : public testing::Test {
     EXPECT_TRUE(QTest::qWaitForWindowActive(form_.get()));
     text_->setFocus();
   }
-  /// Where a message box of the dialog is when the dialog is at that height.
+  /// The position of a message box if the dialog is at `y`.
   [[nodiscard]] QRect BoxOver(int y) const {
     form_->move(100, y);
     QMessageBox box(form_.get());
@@ -51,7 +51,7 @@ class FrmSearchText : public testing::Test {
   QLineEdit* text_ = nullptr;
 };
 
-TEST_F(FrmSearchText, IsSearchedOnByFunctionKey3) {
+TEST_F(FrmSearchText, F3SearchesForIt) {
   Show();
   QTest::keyClicks(text_, QStringLiteral("m"));
   QTest::keyClick(text_, Qt::Key_F3);
@@ -68,7 +68,7 @@ TEST_F(FrmSearchText, IsSelectedWhenTheDialogOpens) {
   form_->ShowModal();
 }
 
-TEST(FrmSearchPointer, IsNotBusyOverTheMessageAfterALongSearch) {
+TEST(FrmSearchPointer, IsNotBusyDuringTheMessageAfterALongSearch) {
   auto scales = std::make_unique<FakeScales>("Major,Dorian");
   constexpr std::int64_t kRecords = 170;
   for (std::int64_t key = 3; key < kRecords; ++key) scales->rows_[key] = "Minor";

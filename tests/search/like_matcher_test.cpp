@@ -16,7 +16,7 @@ namespace {
 
 bool Like(const std::u32string& text, const std::u32string& pattern) { return LikePattern(pattern).Matches(text); }
 
-/// Which of the characters a pattern matches, as a text.
+/// The characters that a pattern matches.
 std::u32string Matching(const std::u32string& characters, const std::u32string& pattern) {
   std::u32string matching;
   for (const char32_t character : characters) {
@@ -35,7 +35,7 @@ void ExpectInvalid(const std::u32string& pattern) {
   }
 }
 
-TEST(LikeMatcher, CharactersStandForThemselvesAndTheWholeTextHasToFit) {
+TEST(LikeMatcher, OtherCharactersMatchThemselvesInTheWholeText) {
   EXPECT_TRUE(Like(U"DORIAN", U"DORIAN"));
   EXPECT_FALSE(Like(U"DORIAN", U"DORIA"));
   EXPECT_FALSE(Like(U"DORIA", U"DORIAN"));
@@ -79,26 +79,26 @@ TEST(LikeMatcher, ListMatchesItsCharactersAndRangesByCode) {
   EXPECT_EQ(Matching(U"\u0410\u0411\u042F\u0430", U"[\u0410-\u042F]"), U"\u0410\u0411\u042F");
 }
 
-TEST(LikeMatcher, ListWithAnExclamationMarkInFrontMatchesOneCharacterThatIsNotInIt) {
+TEST(LikeMatcher, NegatedListMatchesOneCharacterNotInIt) {
   EXPECT_EQ(Matching(U"ALMNZ1", U"[!A-M]"), U"NZ1");
   EXPECT_FALSE(Like(U"", U"[!A]"));
   EXPECT_EQ(Matching(U"!AB", U"[!!]"), U"AB");
 }
 
-TEST(LikeMatcher, ExclamationMarkElsewhereStandsForItself) {
+TEST(LikeMatcher, ExclamationMarkElsewhereIsLiteral) {
   EXPECT_EQ(Matching(U"!AB", U"[A!]"), U"!A");
   EXPECT_EQ(Matching(U"!AB", U"[!]"), U"!");
   EXPECT_TRUE(Like(U"HO!", U"HO!"));
 }
 
-TEST(LikeMatcher, WildcardsInAListStandForThemselves) { EXPECT_EQ(Matching(U"*?#[]A", U"[[*?#]"), U"*?#["); }
+TEST(LikeMatcher, WildcardsInAListAreLiteral) { EXPECT_EQ(Matching(U"*?#[]A", U"[[*?#]"), U"*?#["); }
 
-TEST(LikeMatcher, ClosingBracketOutsideAListStandsForItself) {
+TEST(LikeMatcher, ClosingBracketOutsideAListIsLiteral) {
   EXPECT_TRUE(Like(U"A]B", U"A]B"));
   EXPECT_TRUE(Like(U"A]", U"[A]]"));
 }
 
-TEST(LikeMatcher, HyphenAtEitherEndOfAListStandsForItself) {
+TEST(LikeMatcher, HyphenAtEitherEndOfAListIsLiteral) {
   EXPECT_EQ(Matching(U"-ABC", U"[-A]"), U"-A");
   EXPECT_EQ(Matching(U"-ABC", U"[A-]"), U"-A");
   EXPECT_EQ(Matching(U"-ABC", U"[!-A]"), U"BC");
@@ -108,7 +108,7 @@ TEST(LikeMatcher, HyphenAtEitherEndOfAListStandsForItself) {
   EXPECT_EQ(Matching(U"-ABC", U"[--]"), U"-");
 }
 
-TEST(LikeMatcher, HyphenBehindARangeStandsForItself) { EXPECT_EQ(Matching(U"-ABCDE", U"[A-C-E]"), U"-ABCE"); }
+TEST(LikeMatcher, HyphenAfterARangeIsLiteral) { EXPECT_EQ(Matching(U"-ABCDE", U"[A-C-E]"), U"-ABCE"); }
 
 TEST(LikeMatcher, EmptyListIsAnEmptyText) {
   EXPECT_TRUE(Like(U"AB", U"A[]B"));
@@ -116,21 +116,21 @@ TEST(LikeMatcher, EmptyListIsAnEmptyText) {
   EXPECT_FALSE(Like(U"A", U"[]"));
 }
 
-TEST(LikeMatcher, ListThatIsNotClosedIsInvalid) {
+TEST(LikeMatcher, UnclosedListIsInvalid) {
   ExpectInvalid(U"[");
   ExpectInvalid(U"A[BC");
   ExpectInvalid(U"[A][");
   ExpectInvalid(U"[!");
 }
 
-TEST(LikeMatcher, RangeThatRunsDownwardsIsInvalid) {
+TEST(LikeMatcher, DescendingRangeIsInvalid) {
   ExpectInvalid(U"[Z-A]");
   ExpectInvalid(U"[!M-B]");
   ExpectInvalid(U"[ABZ-Y]");
   EXPECT_EQ(Matching(U"ABC", U"[B-B]"), U"B");
 }
 
-TEST(LikeMatcher, ManyRunsOverTenThousandLettersTakeStepsInProportionToTheLetters) {
+TEST(LikeMatcher, StepsForManyRunsAreProportionalToTheText) {
   const LikePattern pattern(U"*a*a*a*a*b");
   const auto once = pattern.Match(std::u32string(10000, U'a'));
   EXPECT_FALSE(once.matches);
@@ -140,7 +140,7 @@ TEST(LikeMatcher, ManyRunsOverTenThousandLettersTakeStepsInProportionToTheLetter
   EXPECT_LT(twice.steps, once.steps * 2 + 10);
 }
 
-TEST(LikeMatcher, HardestPatternTakesNoMoreStepsThanTheProductOfTheLengths) {
+TEST(LikeMatcher, WorstCaseStepsAreBoundedByTheProductOfLengths) {
   const std::u32string text(400, U'a');
   const std::u32string pattern = U"*" + std::u32string(200, U'a') + U"b*";
   const auto verdict = LikePattern(pattern).Match(text);
@@ -149,7 +149,7 @@ TEST(LikeMatcher, HardestPatternTakesNoMoreStepsThanTheProductOfTheLengths) {
   EXPECT_LE(verdict.steps, text.size() * pattern.size() + text.size() + pattern.size());
 }
 
-TEST(LikeMatcher, AgreesWithTheSlowMatcherOnThousandsOfRandomPatterns) {
+TEST(LikeMatcher, AgreesWithTheReferenceMatcherOnRandomPatterns) {
   std::mt19937 random(20261120);
   const std::u32string_view patternLetters = U"ab1*?#[]!-\u00c4";
   const std::u32string_view textLetters = U"ab1[!-\u00c4";

@@ -33,7 +33,7 @@ class NextMatch : public testing::Test {
   }
   ~NextMatch() override { QToolTip::hideText(); }
   SearchOutcome Find(const char* text) { return FindNextMatch(scales_, text, box_, *window_).outcome; }
-  /// Makes the walk so slow, and the records so many, that it would take minutes.
+  /// Adds so many records and such a delay that the search would take minutes.
   void MakeSlow(std::int64_t records = 100000) {
     for (std::int64_t key = 4; key < records; ++key) scales_.rows_[key] = "Major";
     scales_.onTest_ = [this] {
@@ -49,14 +49,14 @@ class NextMatch : public testing::Test {
   int tested_ = 0;
 };
 
-TEST_F(NextMatch, WalksOnFromTheCurrentRecord) {
+TEST_F(NextMatch, SearchesFromTheCurrentRecord) {
   EXPECT_EQ(Find("m"), SearchOutcome::kFound);
   EXPECT_EQ(scales_.current_, 3);
   EXPECT_EQ(scales_.TakeLog(), "Dorian? Melodic Minor? =Melodic Minor ");
   EXPECT_EQ(QToolTip::text(), QString());
 }
 
-TEST_F(NextMatch, TellsOfTheEndInAToolTip) {
+TEST_F(NextMatch, ReportsAWrapInAToolTip) {
   scales_.current_ = 2;
   EXPECT_EQ(Find("major"), SearchOutcome::kFound);
   EXPECT_EQ(scales_.current_, 1);
@@ -74,7 +74,7 @@ TEST_F(NextMatch, ReportsAFailureByItsDescription) {
   EXPECT_THAT(box_.Messages(), ElementsAre(Message{"Invalid pattern string", core::MsgBoxStyle::kOkOnly, ""}));
 }
 
-TEST_F(NextMatch, EscapeStopsALongWalkAndOtherKeysAreDropped) {
+TEST_F(NextMatch, EscapeStopsALongSearchAndOtherKeysAreDropped) {
   MakeSlow();
   QTimer::singleShot(0, window_.get(), [this] {
     EXPECT_NE(QGuiApplication::overrideCursor(), nullptr);
@@ -90,7 +90,7 @@ TEST_F(NextMatch, EscapeStopsALongWalkAndOtherKeysAreDropped) {
   EXPECT_EQ(line_->text(), QStringLiteral("a"));
 }
 
-TEST_F(NextMatch, PointerIsNotBusyOverTheMessageAfterALongWalk) {
+TEST_F(NextMatch, PointerIsNotBusyDuringTheMessageAfterALongSearch) {
   constexpr std::int64_t kAThirdOfASecond = 170;
   MakeSlow(kAThirdOfASecond);
   bool wasBusy = false;
@@ -101,14 +101,14 @@ TEST_F(NextMatch, PointerIsNotBusyOverTheMessageAfterALongWalk) {
   EXPECT_EQ(box.wasBusy, false);
 }
 
-TEST_F(NextMatch, ClosingTheWindowStopsALongWalk) {
+TEST_F(NextMatch, ClosingTheWindowStopsALongSearch) {
   MakeSlow();
   QTimer::singleShot(0, window_.get(), [this] { window_->close(); });
   EXPECT_EQ(Find("nothing"), SearchOutcome::kStopped);
   EXPECT_LT(tested_, 1000);
 }
 
-TEST_F(NextMatch, WindowMayGoDuringALongWalk) {
+TEST_F(NextMatch, WindowMayBeDestroyedDuringALongSearch) {
   MakeSlow();
   QTimer::singleShot(0, QCoreApplication::instance(), [this] { window_.reset(); });
   EXPECT_EQ(Find("nothing"), SearchOutcome::kStopped);

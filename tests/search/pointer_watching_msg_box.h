@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A message box that answers OK and notes whether the pointer said that the program is busy while it was shown.
+// A message box that returns OK and records whether the busy pointer was shown.
 
 #pragma once
 

@@ -56,7 +56,7 @@ class ScaleSearchTest : public testing::Test {
   std::string tag_;
 };
 
-TEST_F(ScaleSearchTest, MatchOfTheCurrentRecordOnlyIsFoundLastAfterWrapping) {
+TEST_F(ScaleSearchTest, CurrentRecordIsTestedLastAfterTheWrap) {
   Make("A,B,C", "B");
   EXPECT_EQ(Search("b"), "C? A? B? =B ");
   EXPECT_EQ(watcher_.message_, kWrapText);
@@ -79,13 +79,13 @@ TEST_F(ScaleSearchTest, SearchingAgainFindsTheNextMatchAndWraps) {
   EXPECT_EQ(Search("a"), "B? Ay? =Ay ");
 }
 
-TEST_F(ScaleSearchTest, StartingBehindTheLastRecordBeginsAtTheFirstWithoutAMessage) {
+TEST_F(ScaleSearchTest, SearchAfterTheLastRecordStartsAtTheFirstSilently) {
   Make("A,B,C", "C");
   EXPECT_EQ(Search("b"), "A? B? =B ");
   EXPECT_EQ(watcher_.message_, "");
 }
 
-TEST_F(ScaleSearchTest, WalkThatBeganAtTheFirstRecordTellsAtTheLastOne) {
+TEST_F(ScaleSearchTest, SearchFromTheFirstRecordReportsTheWrapAtTheLast) {
   Make("A,B,C", "C");
   EXPECT_EQ(Search("x"), "A? B? C? ");
   EXPECT_EQ(watcher_.message_, kWrapText);
@@ -97,7 +97,7 @@ TEST_F(ScaleSearchTest, WrapMessageIsThereWhenTheMatchFollowsTheWrap) {
   EXPECT_EQ(watcher_.message_, kWrapText);
 }
 
-TEST_F(ScaleSearchTest, WithoutAMatchEachRecordIsTestedOnceAndTheWindowStays) {
+TEST_F(ScaleSearchTest, WithoutAMatchEachRecordIsTestedOnceAndNoneIsMadeCurrent) {
   Make("A,B,C", "A");
   EXPECT_EQ(Search("x"), "B? C? A? ");
   EXPECT_EQ(watcher_.message_, kWrapText);
@@ -123,7 +123,7 @@ TEST_F(ScaleSearchTest, CaseAndALeadingStarMakeNoDifference) {
   }
 }
 
-TEST_F(ScaleSearchTest, CaseOfLettersBeyondAsciiMakesNoDifference) {
+TEST_F(ScaleSearchTest, CaseOfNonAsciiLettersMakesNoDifference) {
   Make("A,\u00c9tude", "A");
   EXPECT_EQ(Search("\u00e9TUDE"), "\u00c9tude? =\u00c9tude ");
   Make("A,\u0426\u042b\u0413\u0410\u041d\u0421\u041a\u0410\u042f", "A");
@@ -139,7 +139,7 @@ TEST_F(ScaleSearchTest, StarInsideTheTextIsAWildcard) {
   EXPECT_EQ(Search("Min*Pent"), "Minor Pentatonic? =Minor Pentatonic ");
 }
 
-TEST_F(ScaleSearchTest, QuestionMarkMatchesAnySingleCharacterInThatPlace) {
+TEST_F(ScaleSearchTest, QuestionMarkMatchesAnySingleCharacter) {
   Make("Mjor,Maajor,Major", "Mjor");
   EXPECT_EQ(Search("m?jor"), "Maajor? Major? =Major ");
   Make("A,Gro\u00dfe", "A");
@@ -157,7 +157,7 @@ TEST_F(ScaleSearchTest, ListAndRangeWorkInAnyCase) {
   EXPECT_EQ(Search("[!a-m]ova"), "Nova? =Nova ");
 }
 
-TEST_F(ScaleSearchTest, BlanksAtTheEndsAreDroppedAndThoseInsideAreKept) {
+TEST_F(ScaleSearchTest, TextIsTrimmedAndInnerBlanksAreKept) {
   Make("A,MinorBlues,Minor Blues", "A");
   EXPECT_EQ(Search("  minor blues  "), "MinorBlues? Minor Blues? =Minor Blues ");
 }
@@ -197,7 +197,7 @@ TEST_F(ScaleSearchTest, EmptyRecordSetHasNoMatches) {
   EXPECT_EQ(watcher_.message_, "");
 }
 
-TEST_F(ScaleSearchTest, WithoutARecordSetTheFailureSaysSo) {
+TEST_F(ScaleSearchTest, MissingRecordSetIsReported) {
   scales_.isOpen_ = false;
   const auto failureOf = [](const auto& search) -> std::string {
     try {
@@ -213,7 +213,7 @@ TEST_F(ScaleSearchTest, WithoutARecordSetTheFailureSaysSo) {
   EXPECT_EQ(Search("  "), "");
 }
 
-TEST_F(ScaleSearchTest, SearchFromADeletedRecordBeginsAtTheFirst) {
+TEST_F(ScaleSearchTest, SearchFromADeletedRecordStartsAtTheFirst) {
   Make("A,B,C", "B");
   scales_.rows_.erase(2);
   EXPECT_EQ(Search("x"), "A? C? ");
@@ -221,7 +221,7 @@ TEST_F(ScaleSearchTest, SearchFromADeletedRecordBeginsAtTheFirst) {
   EXPECT_EQ(Search("c"), "A? C? =C ");
 }
 
-TEST_F(ScaleSearchTest, MatchThatIsDeletedBeforeItCanBeShownIsPassedOver) {
+TEST_F(ScaleSearchTest, MatchDeletedBeforeItIsShownIsSkipped) {
   Make("A,Bx,By", "A");
   int tested = 0;
   scales_.onTest_ = [&] {
@@ -230,7 +230,7 @@ TEST_F(ScaleSearchTest, MatchThatIsDeletedBeforeItCanBeShownIsPassedOver) {
   EXPECT_EQ(Search("b"), "Bx? By? =By ");
 }
 
-TEST_F(ScaleSearchTest, WalkEndsWhenTheRecordItBeganAtIsGone) {
+TEST_F(ScaleSearchTest, SearchEndsIfItsStartRecordIsDeleted) {
   Make("A,B,C,D", "C");
   int tested = 0;
   scales_.onTest_ = [&] {
@@ -240,7 +240,7 @@ TEST_F(ScaleSearchTest, WalkEndsWhenTheRecordItBeganAtIsGone) {
   EXPECT_EQ(result_.outcome, SearchOutcome::kNoMatch);
 }
 
-TEST_F(ScaleSearchTest, WalkEndsWhenAllRecordsGo) {
+TEST_F(ScaleSearchTest, SearchEndsIfAllRecordsAreDeleted) {
   Make("A,B,C", "A");
   scales_.onTest_ = [&] { scales_.rows_.clear(); };
   EXPECT_EQ(Search("x"), "B? ");
@@ -248,7 +248,7 @@ TEST_F(ScaleSearchTest, WalkEndsWhenAllRecordsGo) {
   EXPECT_THAT(box_.Messages(), ElementsAre(Message{"No matches found.", core::MsgBoxStyle::kInformation, ""}));
 }
 
-TEST_F(ScaleSearchTest, StoppedSearchSaysNothingAndMovesNothing) {
+TEST_F(ScaleSearchTest, StoppedSearchReportsAndMovesNothing) {
   Make("A,B,C,D", "A");
   watcher_.remaining_ = 2;
   EXPECT_EQ(Search("d"), "B? C? ");
@@ -257,7 +257,7 @@ TEST_F(ScaleSearchTest, StoppedSearchSaysNothingAndMovesNothing) {
   EXPECT_THAT(box_.Messages(), IsEmpty());
 }
 
-TEST_F(ScaleSearchTest, WatcherHearsOnceThatTheSearchHasEnded) {
+TEST_F(ScaleSearchTest, WatcherIsNotifiedOnceOfTheEnd) {
   Make("A,B,C", "A");
   Search("b");
   EXPECT_EQ(watcher_.ends_, 1);
@@ -273,7 +273,7 @@ TEST_F(ScaleSearchTest, FindNextWithANewTextTestsTheFirstRecordFirst) {
   EXPECT_EQ(tag_, "a");
 }
 
-TEST_F(ScaleSearchTest, FindNextWithTheSameTextGoesOnAndWrapsWithoutAMessage) {
+TEST_F(ScaleSearchTest, FindNextWithTheSameTextContinuesAndWrapsSilently) {
   Make("Ax,B,Ay", "B");
   FindNext("a");
   EXPECT_EQ(FindNext("a"), "B? Ay? =Ay ");
@@ -283,7 +283,7 @@ TEST_F(ScaleSearchTest, FindNextWithTheSameTextGoesOnAndWrapsWithoutAMessage) {
   EXPECT_EQ(watcher_.message_, "");
 }
 
-TEST_F(ScaleSearchTest, FindNextIgnoresCaseInMatchingAndHeedsItInTelling) {
+TEST_F(ScaleSearchTest, FindNextMatchesWithoutCaseButComparesItsTextWithCase) {
   Make("Ax,B,Ay", "B");
   FindNext("a");
   EXPECT_EQ(FindNext("A"), "Ax? =Ax ");
@@ -294,7 +294,7 @@ TEST_F(ScaleSearchTest, FindNextKeepsTheBlanksOfItsText) {
   EXPECT_EQ(FindNext("r "), "Minor? Minor Blues? =Minor Blues ");
 }
 
-TEST_F(ScaleSearchTest, FindNextWithoutAMatchStandsWhereItBegan) {
+TEST_F(ScaleSearchTest, FindNextWithoutAMatchEndsAtItsStart) {
   Make("A,B,C", "C");
   EXPECT_EQ(FindNext("x"), "A? B? C? =A ");
   EXPECT_EQ(FindNext("x"), "B? C? A? =B ");

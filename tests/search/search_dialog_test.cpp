@@ -17,7 +17,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Message = tests::RecordingMsgBox::Message;
 
-/// What happens while the dialog is shown, and what became of it.
+/// The script of a scripted dialog and the log of its run.
 struct Script {
   std::function<void(SearchDialog&)> whileShown = [](SearchDialog&) {};
   std::string text = "melodic";
@@ -51,49 +51,49 @@ class RunSearchTest : public testing::Test {
  protected:
   void Run() {
     RunSearch(
-        place_, [this] { return std::make_unique<ScriptedDialog>(script_); }, text_, box_);
+        dialog_, [this] { return std::make_unique<ScriptedDialog>(script_); }, text_, box_);
   }
   Script script_;
   tests::RecordingMsgBox box_;
-  std::unique_ptr<SearchDialog> place_;
+  std::unique_ptr<SearchDialog> dialog_;
   std::string text_;
 };
 
-TEST_F(RunSearchTest, MakesShowsAndUnloadsTheDialogWithTheFlagCleared) {
+TEST_F(RunSearchTest, ShowsTheDialogWithTheFlagCleared) {
   Run();
   EXPECT_EQ(script_.log, "made shown unloaded ");
-  EXPECT_EQ(place_, nullptr);
+  EXPECT_EQ(dialog_, nullptr);
 }
 
-TEST_F(RunSearchTest, SaysWhatWasSearchedForWhenTheDialogEndsByOtherMeans) {
+TEST_F(RunSearchTest, ShowsTheSearchTextIfTheDialogIsNotCancelled) {
   Run();
   EXPECT_THAT(box_.Messages(), ElementsAre(Message{"Searching for: melodic", core::MsgBoxStyle::kOkOnly, ""}));
 }
 
-TEST_F(RunSearchTest, SaysNothingWhenItWasCancelled) {
+TEST_F(RunSearchTest, ShowsNoMessageIfCancelled) {
   script_.whileShown = [](SearchDialog& dialog) { dialog.SetSearchCancelled(true); };
   Run();
   EXPECT_EQ(script_.log, "made shown unloaded ");
   EXPECT_THAT(box_.Messages(), IsEmpty());
 }
 
-TEST_F(RunSearchTest, OpensWithTheTextOfItsLastUse) {
+TEST_F(RunSearchTest, OpensWithItsLastText) {
   Run();
   EXPECT_EQ(script_.openedWith, "");
   script_.text = " ";
   Run();
   EXPECT_EQ(script_.openedWith, "melodic");
   Run();
-  EXPECT_EQ(script_.openedWith, "melodic") << "a blank text is not kept";
+  EXPECT_EQ(script_.openedWith, "melodic") << "a blank text is not stored";
 }
 
-TEST_F(RunSearchTest, UsesTheDialogThatIsThere) {
-  place_ = std::make_unique<ScriptedDialog>(script_);
+TEST_F(RunSearchTest, UsesAnExistingDialog) {
+  dialog_ = std::make_unique<ScriptedDialog>(script_);
   Run();
   EXPECT_EQ(script_.log, "made shown unloaded ");
 }
 
-TEST_F(RunSearchTest, SecondCommandWhileItIsShownBringsItToTheFront) {
+TEST_F(RunSearchTest, SecondCommandBringsAShownDialogToTheFront) {
   script_.whileShown = [this](SearchDialog& dialog) {
     Run();
     dialog.SetSearchCancelled(true);
@@ -103,15 +103,15 @@ TEST_F(RunSearchTest, SecondCommandWhileItIsShownBringsItToTheFront) {
   EXPECT_THAT(box_.Messages(), IsEmpty());
 }
 
-TEST_F(RunSearchTest, UnloadsTheDialogWhenShowingItFails) {
+TEST_F(RunSearchTest, DestroysTheDialogIfShowingItFails) {
   script_.whileShown = [](SearchDialog&) { throw std::runtime_error("no screen"); };
   EXPECT_THROW(Run(), std::runtime_error);
   EXPECT_EQ(script_.log, "made shown unloaded ");
-  EXPECT_EQ(place_, nullptr);
+  EXPECT_EQ(dialog_, nullptr);
 }
 
-TEST_F(RunSearchTest, OwnerMayUnloadItWhileItIsShown) {
-  script_.whileShown = [this](SearchDialog&) { place_.reset(); };
+TEST_F(RunSearchTest, OwnerMayDestroyAShownDialog) {
+  script_.whileShown = [this](SearchDialog&) { dialog_.reset(); };
   Run();
   EXPECT_EQ(script_.log, "made shown unloaded ");
   EXPECT_THAT(box_.Messages(), IsEmpty());

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The like operator once more, written for being obviously right and for nothing else: it tries every length of every
-// run. For short texts and patterns only. Pure functions.
+// A reference implementation of the like operator by exhaustive recursion. For short texts and patterns only. Pure
+// functions.
 
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace tonalith::search {
 
-/// Whether every list of the pattern is closed and every range in one runs upwards.
+/// Whether all lists are closed and no range is descending.
 inline bool IsWellFormed(std::u32string_view pattern) {
   while (!pattern.empty()) {
     if (pattern.front() != U'[') {
@@ -39,7 +39,7 @@ inline bool SlowIsIn(std::u32string_view list, char32_t character) {
   return character == list[0] || SlowIsIn(list.substr(1), character);
 }
 
-/// For well-formed patterns.
+/// Requires a well-formed pattern.
 inline bool SlowLike(std::u32string_view text, std::u32string_view pattern) {
   if (pattern.empty()) return text.empty();
   const char32_t head = pattern.front();

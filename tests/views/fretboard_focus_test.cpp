@@ -25,7 +25,7 @@ class FretboardFocus : public testing::Test, public platform::NotePlayer {
     after_.setGeometry(0, 520, 50, 20);
     QWidget::setTabOrder(&before_, &view_);
     window_.resize(1080, 594);
-    Light("C", "2212221");
+    ShowScale("C", "2212221");
     window_.show();
     window_.activateWindow();
     QApplication::processEvents();
@@ -33,7 +33,7 @@ class FretboardFocus : public testing::Test, public platform::NotePlayer {
 
   void Play(const std::string& path) override { played_ = path; }
 
-  void Light(const std::string& key, const std::string& pattern) {
+  void ShowScale(const std::string& key, const std::string& pattern) {
     OneScale scale(pattern);
     Refresh(view_, key, scale);
   }
@@ -73,7 +73,7 @@ TEST_F(FretboardFocus, IsOneTabStop) {
   EXPECT_EQ(stops, 1);
 }
 
-TEST_F(FretboardFocus, WalksAmongTheVisibleNotes) {
+TEST_F(FretboardFocus, ArrowKeysMoveBetweenVisibleNotes) {
   view_.Image(0).setFocus(Qt::TabFocusReason);
   Press(Qt::Key_Right);
   EXPECT_EQ(Focused(), "img1");
@@ -91,7 +91,7 @@ TEST_F(FretboardFocus, WalksAmongTheVisibleNotes) {
   EXPECT_EQ(Focused(), "img0");
 }
 
-TEST_F(FretboardFocus, ComesBackToTheNoteThatWasLeft) {
+TEST_F(FretboardFocus, TabReturnsToTheLastFocusedNote) {
   view_.Image(0).setFocus(Qt::TabFocusReason);
   Press(Qt::Key_Down);
   Press(Qt::Key_End);
@@ -100,7 +100,7 @@ TEST_F(FretboardFocus, ComesBackToTheNoteThatWasLeft) {
   EXPECT_EQ(Focused(), "img31");
 }
 
-TEST_F(FretboardFocus, PlaysTheNoteWithEnterAndSpace) {
+TEST_F(FretboardFocus, EnterAndSpacePlayTheNote) {
   for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
     played_.clear();
     view_.Image(0).setFocus(Qt::TabFocusReason);
@@ -109,7 +109,7 @@ TEST_F(FretboardFocus, PlaysTheNoteWithEnterAndSpace) {
   }
 }
 
-TEST_F(FretboardFocus, LeavesKeysWithModifiersToTheWindow) {
+TEST_F(FretboardFocus, IgnoresKeysWithModifiers) {
   view_.Image(3).setFocus(Qt::TabFocusReason);
   Press(Qt::Key_Home, Qt::ControlModifier);
   EXPECT_EQ(Focused(), "img3");
@@ -117,30 +117,30 @@ TEST_F(FretboardFocus, LeavesKeysWithModifiersToTheWindow) {
 
 TEST_F(FretboardFocus, StaysOnTheNeckWhenAnotherScaleIsShown) {
   view_.Image(1).setFocus(Qt::TabFocusReason);
-  Light("F#", "2212221");
+  ShowScale("F#", "2212221");
   EXPECT_EQ(Focused(), "img1") << "F is in both scales";
-  Light("D", "2212221");
-  EXPECT_EQ(Focused(), "img0") << "F has gone, E is nearest on its string";
+  ShowScale("D", "2212221");
+  EXPECT_EQ(Focused(), "img0") << "F is hidden, E is nearest on its string";
 }
 
-TEST_F(FretboardFocus, KeepsTheFocusElsewhereWhenAnotherScaleIsShown) {
+TEST_F(FretboardFocus, StaysElsewhereWhenAnotherScaleIsShown) {
   before_.setObjectName(QStringLiteral("before"));
   before_.setFocus();
-  Light("F#", "2212221");
+  ShowScale("F#", "2212221");
   EXPECT_EQ(Focused(), "before");
 }
 
-TEST_F(FretboardFocus, WaitsOnTheNeckWhileNoNoteIsVisible) {
+TEST_F(FretboardFocus, IsOnTheNeckWhileNoNoteIsVisible) {
   view_.Image(1).setFocus(Qt::TabFocusReason);
   OneScale nothing(std::nullopt);
   Refresh(view_, "C", nothing);
   EXPECT_EQ(Focused(), "fretboardView");
   EXPECT_EQ(view_.TabStop(), -1);
-  Light("C", "2212221");
+  ShowScale("C", "2212221");
   EXPECT_EQ(Focused(), "img0");
 }
 
-TEST_F(FretboardFocus, ComingBackToTheWindowKeepsTheRingAsItWas) {
+TEST_F(FretboardFocus, WindowActivationDoesNotChangeTheRing) {
   const auto look = [this] { return view_.grab().toImage(); };
   const auto comeBack = [this] {
     for (const auto type : {QEvent::FocusOut, QEvent::FocusIn}) {
@@ -160,7 +160,7 @@ TEST_F(FretboardFocus, ComingBackToTheWindowKeepsTheRingAsItWas) {
   EXPECT_EQ(look(), ringed);
 }
 
-TEST_F(FretboardFocus, PaintsARingRoundTheFocusedNoteForTheKeyboardOnly) {
+TEST_F(FretboardFocus, PaintsARingForKeyboardFocusOnly) {
   const QRect around = view_.Image(3).geometry().adjusted(-5, -5, 5, 5);
   const QImage plain = view_.grab(around).toImage();
   view_.Image(3).setFocus(Qt::MouseFocusReason);
@@ -170,7 +170,7 @@ TEST_F(FretboardFocus, PaintsARingRoundTheFocusedNoteForTheKeyboardOnly) {
   EXPECT_NE(view_.grab(around).toImage(), plain);
 }
 
-TEST_F(FretboardFocus, ShowsEachNoteAsAButtonWithItsNameToAssistiveTechnology) {
+TEST_F(FretboardFocus, ExposesEachNoteAsANamedButtonToAssistiveTechnology) {
   QAccessibleInterface* note = QAccessible::queryAccessibleInterface(&view_.Image(18));
   ASSERT_NE(note, nullptr);
   EXPECT_EQ(note->role(), QAccessible::Button);
@@ -179,7 +179,7 @@ TEST_F(FretboardFocus, ShowsEachNoteAsAButtonWithItsNameToAssistiveTechnology) {
   EXPECT_TRUE(note->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction()));
   QAccessibleInterface* open = QAccessible::queryAccessibleInterface(&view_.Image(0));
   open->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-  // The button shows itself pressed for a moment before it clicks.
+  // The button looks pressed for a moment before it clicks.
   EXPECT_TRUE(QTest::qWaitFor([this] { return !played_.empty(); }));
   EXPECT_EQ(played_, "/tonalith/Octaves/28.wav");
 }

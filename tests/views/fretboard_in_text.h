@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The fretboard drawn in characters, and a scale for it to show. One line a string, the highest first, one word a
-// position: `.` a hidden note, `F#` a scale note with its name, `*C` the key note, `o` and `*o` the same without a
-// name.
+// The fretboard as text, and a scale for it. One line per string, the highest first, one word per position: `.` is a
+// hidden note, `F#` a scale note with its name, `*C` the key note, `o` and `*o` the same without a name.
 
 #pragma once
 
@@ -17,14 +16,14 @@ namespace tonalith::tests {
 
 std::string InText(const views::FretboardView& view);
 
-/// A current record with a pattern; it counts how often it is asked.
+/// A current record with a pattern. Counts the reads of the pattern.
 class OneScale : public views::ScaleInView {
  public:
   explicit OneScale(std::optional<std::string> scaleIntervals) : pattern(std::move(scaleIntervals)) {}
 
   [[nodiscard]] bool HasCurrentRecord() const override { return hasRecord; }
   std::optional<std::string> ScaleIntervals() override {
-    ++asked;
+    ++reads;
     return pattern;
   }
   void AppendStepWord(const std::string& words) override { stepLine += words; }
@@ -32,10 +31,10 @@ class OneScale : public views::ScaleInView {
   std::optional<std::string> pattern;
   bool hasRecord = true;
   std::string stepLine = "Scale Steps: ";
-  int asked = 0;
+  int reads = 0;
 };
 
-/// Lights a scale as one refresh does, names included.
+/// Shows a scale with names, like a refresh of the window.
 void Refresh(views::FretboardView& view, const std::string& key, views::ScaleInView& scale);
 
 }  // namespace tonalith::tests

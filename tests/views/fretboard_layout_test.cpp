@@ -16,7 +16,7 @@ using core::Neck;
 using core::Pitch;
 using paint::Twips;
 
-/// The names of a row, open string first, separated by single blanks.
+/// The note names of a string, open string first, separated by blanks.
 std::string TagsOfRow(const FretboardLayout& layout, int row) {
   std::string tags;
   for (int position = 0; position < layout.Positions(); ++position) {
@@ -26,7 +26,7 @@ std::string TagsOfRow(const FretboardLayout& layout, int row) {
   return tags;
 }
 
-/// The octave numbers of a row, one digit for each position.
+/// The octave numbers of a string, one digit for each position.
 std::string OctavesOfRow(const FretboardLayout& layout, int row) {
   std::string octaves;
   for (int position = 0; position < layout.Positions(); ++position) {
@@ -95,11 +95,11 @@ TEST(FretboardLayout, LeavesPositionZeroAtTheBaseImage) {
   EXPECT_EQ(FretboardLayout::Left(Twips{1234}, 0).value, 1234);
 }
 
-TEST(FretboardLayout, PutsPositionFifteenFourteenThousandOneHundredTwipsRightOfTheBase) {
+TEST(FretboardLayout, PutsPosition15At14100TwipsFromTheBase) {
   EXPECT_EQ(FretboardLayout::Left(Twips{600}, 15).value - 600, 14100);
 }
 
-TEST(FretboardLayout, KeepsTheLeftEdgeIn16Bits) {
+TEST(FretboardLayout, FailsIfTheLeftEdgeExceeds16Bits) {
   EXPECT_EQ(FretboardLayout::Left(Twips{18667}, 15).value, 32767);
   try {
     static_cast<void>(FretboardLayout::Left(Twips{18668}, 15));
@@ -109,28 +109,26 @@ TEST(FretboardLayout, KeepsTheLeftEdgeIn16Bits) {
   }
 }
 
-TEST(FretboardLayout, PutsANoteTwoHundredAndFiftyTwipsAboveItsLine) {
-  EXPECT_EQ(FretboardLayout::Top(Twips{4200}).value, 3950);
-}
+TEST(FretboardLayout, PutsANote250TwipsAboveItsLine) { EXPECT_EQ(FretboardLayout::Top(Twips{4200}).value, 3950); }
 
-TEST(FretboardLayout, PutsTheFretLineAndTheMarkerBesideTheNote) {
+TEST(FretboardLayout, PutsTheFretLineAndTheMarkerNextToTheNote) {
   EXPECT_EQ(FretboardLayout::FretX(Twips{2480}).value, 3130);
   EXPECT_EQ(FretboardLayout::MarkerLeft(Twips{3420}).value, 3675);
   const Twips below = FretboardLayout().FirstFret().y2;
   EXPECT_EQ(FretboardLayout::MarkerTop(below).value, below.value + 250);
 }
 
-TEST(FretboardLayout, DrawsTheFirstFretWhereThePlacementRuleWouldPutIt) {
+TEST(FretboardLayout, FirstFretFollowsThePlacementRule) {
   EXPECT_EQ(FretboardLayout().FirstFret().x1,
             FretboardLayout::FretX(FretboardLayout::Left(FretboardLayout::kBaseLeft, 1)));
 }
 
-/// The two ends of a line from top to bottom.
+/// The y coordinates of a line.
 std::string Height(const LineGeometry& line) {
   return std::to_string(line.y1.value) + " to " + std::to_string(line.y2.value);
 }
 
-TEST(FretboardLayout, DrawsNutAndFretsALittleBeyondTheOuterStrings) {
+TEST(FretboardLayout, NutAndFretsExtendBeyondTheOuterStrings) {
   EXPECT_EQ(FretboardLayout::StringLine(1).y1.value, 4200);
   EXPECT_EQ(FretboardLayout::StringLine(6).y1.value, 6600);
   EXPECT_EQ(Height(FretboardLayout().NutLine()), "3840 to 6885");
@@ -139,7 +137,7 @@ TEST(FretboardLayout, DrawsNutAndFretsALittleBeyondTheOuterStrings) {
   EXPECT_EQ(FretboardLayout::AreaBottom(6).value, 502 * 15);
 }
 
-TEST(FretboardLayout, GrowsDownwardByTheSpacingForAFurtherString) {
+TEST(FretboardLayout, AnotherStringAddsItsSpacingAtTheBottom) {
   Neck seven = Neck::Standard();
   seven.openStrings.push_back(Pitch::Of(11, 1));
   const FretboardLayout layout(seven);
@@ -150,15 +148,15 @@ TEST(FretboardLayout, GrowsDownwardByTheSpacingForAFurtherString) {
   EXPECT_EQ(FretboardLayout::AreaBottom(7).value, FretboardLayout::AreaBottom(6).value + 480);
 }
 
-TEST(FretboardLayout, GivesOtherNecksTheirOwnNotes) {
+TEST(FretboardLayout, SupportsOtherTunings) {
   const FretboardLayout bass(Neck{{Pitch::Of(7, 2), Pitch::Of(2, 2), Pitch::Of(9, 1), Pitch::Of(4, 1)}, 13});
   EXPECT_EQ(bass.NoteCount(), 52);
   EXPECT_EQ(TagsOfRow(bass, 4), "E F F# G G# A A# B C C# D D# E");
   EXPECT_EQ(OctavesOfRow(bass, 4), "1111111122222");
 }
 
-/// Two rows of a small neck as characters: `o` a visible note, `.` a hidden one, `@` where the walk stands.
-std::string Walk(const std::string& rows, Move move) {
+/// Each word is a string of a small neck: `o` is a visible note, `.` a hidden one, `@` the start.
+std::string Navigate(const std::string& rows, Move move) {
   std::istringstream lines(rows);
   std::string cells;
   std::string line;
@@ -179,32 +177,32 @@ std::string Walk(const std::string& rows, Move move) {
             : "nowhere";
 }
 
-TEST(FretboardWalk, GoesAlongTheStringToTheNextVisibleNote) {
-  EXPECT_EQ(Walk("o.@..o", Move::kRight), "row 1 position 5");
-  EXPECT_EQ(Walk("o.@..o", Move::kLeft), "row 1 position 0");
-  EXPECT_EQ(Walk("..@...", Move::kRight), "nowhere");
+TEST(FretboardNavigation, MovesAlongTheStringToTheNextVisibleNote) {
+  EXPECT_EQ(Navigate("o.@..o", Move::kRight), "row 1 position 5");
+  EXPECT_EQ(Navigate("o.@..o", Move::kLeft), "row 1 position 0");
+  EXPECT_EQ(Navigate("..@...", Move::kRight), "nowhere");
 }
 
-TEST(FretboardWalk, GoesToTheNearestNoteOfTheNeighbouringString) {
-  EXPECT_EQ(Walk("o..o.o ...@..", Move::kUp), "row 1 position 3");
-  EXPECT_EQ(Walk("..@... o...o.", Move::kDown), "row 2 position 0");
-  EXPECT_EQ(Walk("..@... o..o..", Move::kDown), "row 2 position 3");
-  EXPECT_EQ(Walk("..@... ...... o.....", Move::kDown), "row 3 position 0") << "a string without notes is passed over";
-  EXPECT_EQ(Walk("..@...", Move::kUp), "nowhere");
+TEST(FretboardNavigation, MovesToTheNearestNoteOfTheNeighbouringString) {
+  EXPECT_EQ(Navigate("o..o.o ...@..", Move::kUp), "row 1 position 3");
+  EXPECT_EQ(Navigate("..@... o...o.", Move::kDown), "row 2 position 0");
+  EXPECT_EQ(Navigate("..@... o..o..", Move::kDown), "row 2 position 3");
+  EXPECT_EQ(Navigate("..@... ...... o.....", Move::kDown), "row 3 position 0") << "a string without notes is skipped";
+  EXPECT_EQ(Navigate("..@...", Move::kUp), "nowhere");
 }
 
-TEST(FretboardWalk, GoesToTheEndsOfTheString) {
-  EXPECT_EQ(Walk(".o.@.oo.", Move::kHome), "row 1 position 1");
-  EXPECT_EQ(Walk(".o.@.oo.", Move::kEnd), "row 1 position 6");
-  EXPECT_EQ(Walk("...@....", Move::kHome), "nowhere");
+TEST(FretboardNavigation, MovesToTheEndsOfTheString) {
+  EXPECT_EQ(Navigate(".o.@.oo.", Move::kHome), "row 1 position 1");
+  EXPECT_EQ(Navigate(".o.@.oo.", Move::kEnd), "row 1 position 6");
+  EXPECT_EQ(Navigate("...@....", Move::kHome), "nowhere");
 }
 
-TEST(FretboardLayout, NumbersEveryInlaidFretOfItsNeck) {
+TEST(FretboardLayout, NumbersEveryFretWithAnInlay) {
   EXPECT_EQ(FretboardLayout().NumberedFrets(), (std::vector<int>{3, 5, 7, 9, 12, 15}));
   EXPECT_EQ(FretboardLayout::MarkedFrets(), (std::vector<int>{3, 5, 7, 9, 12}));
 }
 
-TEST(FretboardLayout, InlaysTheUsualFrets) {
+TEST(FretboardLayout, HasInlaysAtTheUsualFrets) {
   std::string frets;
   for (int fret = 0; fret <= 15; ++fret) {
     if (FretboardLayout::HasInlay(fret))

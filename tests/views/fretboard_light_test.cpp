@@ -29,7 +29,7 @@ class FretboardLight : public testing::Test {
   FretboardView view_{msgBox_};
 };
 
-/// The notes that are lit, such as "img3 img20".
+/// The highlighted notes, such as "img3 img20 ".
 std::string LitNotes(const FretboardView& view) {
   std::string lit;
   for (int index = 0; index < view.Layout().NoteCount(); ++index) {
@@ -38,11 +38,11 @@ std::string LitNotes(const FretboardView& view) {
   return lit;
 }
 
-TEST_F(FretboardLight, LightsAPressedNoteWhileItSounds) {
+TEST_F(FretboardLight, HighlightsAPressedNoteWhileItSounds) {
   OneScale scale("2212221");
   tests::Refresh(view_, "C", scale);
   QTest::mousePress(&view_.Image(3), Qt::LeftButton);
-  EXPECT_EQ(LitNotes(view_), "") << "not before the player says that it sounds";
+  EXPECT_EQ(LitNotes(view_), "") << "not before the player has started the note";
   ASSERT_NE(player_.Notifier, nullptr);
   player_.Notifier->NoteStarted();
   EXPECT_EQ(LitNotes(view_), "img3 ");
@@ -53,7 +53,7 @@ TEST_F(FretboardLight, LightsAPressedNoteWhileItSounds) {
   EXPECT_EQ(LitNotes(view_), "img5 ");
 }
 
-TEST_F(FretboardLight, LightsTheNoteOfThePlaybackBesideAPressedOne) {
+TEST_F(FretboardLight, HighlightsAPlayedAndAPressedNoteIndependently) {
   view_.LightNote(LitBy::kPlayback, "img20");
   view_.Image(20).click();
   player_.Notifier->NoteStarted();
@@ -68,7 +68,7 @@ TEST_F(FretboardLight, LightsTheNoteOfThePlaybackBesideAPressedOne) {
   EXPECT_EQ(LitNotes(view_), "");
 }
 
-TEST_F(FretboardLight, LeavesThePlayerWhenItGoes) {
+TEST_F(FretboardLight, DestructorRemovesTheNotifier) {
   SilentPlayer player;
   {
     FretboardView view(msgBox_);

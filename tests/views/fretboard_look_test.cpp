@@ -36,7 +36,7 @@ QImage NotePicture29(NotePicture picture, const std::string& tag, bool named, do
   return image;
 }
 
-/// The box of everything that `is` says yes to.
+/// The bounding box of the dots for which `is` returns true.
 template <class Is>
 QRect BoxWhere(const QImage& image, Is is) {
   QRect box;
@@ -48,7 +48,7 @@ QRect BoxWhere(const QImage& image, Is is) {
   return box;
 }
 
-TEST(NotePictures, DrawANameInTheOrderOfTheProcedure) {
+TEST(NotePictures, DrawTheNameAfterThePicture) {
   NoteImage note(QStringLiteral("img"), "F#", nullptr);
   note.SetPicture(NotePicture::kKeyNote);
   note.DrawName();
@@ -62,18 +62,18 @@ TEST(NotePictures, DrawANameInTheOrderOfTheProcedure) {
                                   "\" 14px bold\nprint \"F#\" at " + x.data() + ",5\n");
 }
 
-TEST(NotePictures, KeepTheirNamesReadable) {
+TEST(NotePictures, HaveEnoughContrastForTheirNames) {
   EXPECT_GE(ContrastRatio(Qt::white, QColor(paint::kAccent)), 4.5);
   EXPECT_GE(ContrastRatio(Qt::white, QColor(paint::kNote)), 4.5);
   EXPECT_EQ(QColor(paint::kNote), QColor(0x2f, 0x5d, 0x62));
 }
 
-TEST(NotePictures, PaintTheirDiscInTheColourThatTheContrastWasComputedFor) {
+TEST(NotePictures, PaintTheDiscInTheTestedColour) {
   EXPECT_EQ(NotePicture29(NotePicture::kKeyNote, "", false, 1).pixelColor(5, 14), QColor(paint::kAccent));
   EXPECT_EQ(NotePicture29(NotePicture::kScaleNote, "", false, 1).pixelColor(5, 14), QColor(paint::kNote));
 }
 
-TEST(NotePictures, TellTheKeyNoteApartByItsShape) {
+TEST(NotePictures, KeyNoteHasItsOwnShape) {
   const QImage key = NotePicture29(NotePicture::kKeyNote, "", false, 2);
   const QImage other = NotePicture29(NotePicture::kScaleNote, "", false, 2);
   const auto covered = [](const QImage& image) {
@@ -101,11 +101,11 @@ TEST(NotePictures, AreCentredOnTheirImage) {
   }
 }
 
-TEST(NotePictures, WriteTheCapitalInTheMiddleOfTheDisc) {
+TEST(NotePictures, CentreTheNameOnTheDisc) {
   for (const double scale : {1.0, 1.5, 2.0}) {
     for (const char* tag : {"E", "B", "D", "F#", "G#"}) {
       const QImage image = NotePicture29(NotePicture::kScaleNote, tag, true, scale);
-      // The ring is light as well, so only what lies well inside counts.
+      // The ring is light too, so only the inner part counts.
       const QRect inside = QRect(QPoint(0, 0), image.size())
                                .adjusted(qRound(3 * scale), qRound(6 * scale), qRound(-3 * scale), qRound(-6 * scale));
       const QRect box = BoxWhere(image.copy(inside), [](const QColor& dot) { return dot.lightness() > 170; });
@@ -127,12 +127,12 @@ class FretboardLook : public testing::Test {
   FretboardView view_{msgBox_};
 };
 
-TEST_F(FretboardLook, RunsEachStringThroughTheMiddleOfItsDiscs) {
+TEST_F(FretboardLook, StringsRunThroughTheCentresOfTheirDiscs) {
   view_.HideNotes();
   const QImage image = view_.grab().toImage();
   for (int row = 1; row <= 6; ++row) {
     const QRect disc = view_.Image(view_.Layout().IndexAt(row, 4)).geometry();
-    // Between fret 4's inlays nothing but wood and the string: its lightest dot is the string.
+    // Fret 4 has no inlay: the lightest dot is the string.
     int lightest = 0;
     int at = 0;
     for (int y = disc.top(); y <= disc.bottom(); ++y) {
@@ -146,7 +146,7 @@ TEST_F(FretboardLook, RunsEachStringThroughTheMiddleOfItsDiscs) {
   }
 }
 
-/// The ink left of the nut between a row's string and the next, in pixels of the view.
+/// The bounds of the painted string left of the nut, in pixels of the view.
 QRectF InkLeftOfNut(const FretboardView& view, const QImage& image, int row) {
   const double scale = image.devicePixelRatio();
   const QPointF origin = FretboardView::DesignRect().topLeft();
@@ -158,7 +158,7 @@ QRectF InkLeftOfNut(const FretboardView& view, const QImage& image, int row) {
   return {QPointF(box.topLeft()) / scale, QSizeF(box.size()) / scale};
 }
 
-TEST_F(FretboardLook, EndsAStringAtTheNutWhereItsOpenNoteIsNotShown) {
+TEST_F(FretboardLook, StringWithoutAnOpenNoteEndsAtTheNut) {
   const NeckGeometry neck = view_.Geometry();
   const auto painted = [&](double scale, const auto& paint) {
     QImage image(view_.size() * scale, QImage::Format_ARGB32_Premultiplied);
@@ -195,7 +195,7 @@ TEST_F(FretboardLook, EndsAStringAtTheNutWhereItsOpenNoteIsNotShown) {
   EXPECT_TRUE(view_.Image(0).isHidden()) << "E does not";
 }
 
-TEST_F(FretboardLook, PaintsANumberBelowEveryInlayThatHasAControlOrNot) {
+TEST_F(FretboardLook, PaintsANumberBelowEveryInlay) {
   view_.HideNotes();
   const QImage image = view_.grab().toImage();
   for (int fret = 1; fret <= 15; ++fret) {
@@ -207,7 +207,7 @@ TEST_F(FretboardLook, PaintsANumberBelowEveryInlayThatHasAControlOrNot) {
   EXPECT_EQ(view_.findChild<QWidget*>(QStringLiteral("fretPosition15")), nullptr);
 }
 
-TEST_F(FretboardLook, ShowsALitNoteBySignsOfItsOwnAndKeepsItsName) {
+TEST_F(FretboardLook, HighlightChangesRimAndGlowButNotTheName) {
   const NoteImage& note = view_.Image(16);
   ASSERT_FALSE(note.isHidden());
   const auto grab = [&] {
@@ -227,7 +227,7 @@ TEST_F(FretboardLook, ShowsALitNoteBySignsOfItsOwnAndKeepsItsName) {
   EXPECT_EQ(grab(), dark);
 }
 
-TEST_F(FretboardLook, PaintsFretWireWhereTheFretLinesAre) {
+TEST_F(FretboardLook, PaintsFretWireAtTheFretLines) {
   view_.HideNotes();
   const QImage image = view_.grab().toImage();
   const int y = view_.Image(0).geometry().bottom() + 2;

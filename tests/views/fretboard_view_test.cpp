@@ -51,7 +51,7 @@ class FretboardViewTest : public testing::Test {
   FretboardView view_{msgBox_};
 };
 
-TEST_F(FretboardViewTest, HoldsEveryControlUnderItsName) {
+TEST_F(FretboardViewTest, HasEveryControlUnderItsName) {
   const auto has = [&](const QString& name) { return view_.findChild<QObject*>(name) != nullptr; };
   for (int i = 0; i < 96; ++i) EXPECT_TRUE(has(QStringLiteral("img") + QString::number(i))) << i;
   for (const int i : {6, 7, 8, 9, 13, 14, 15}) EXPECT_TRUE(has(QStringLiteral("imgE") + QString::number(i))) << i;
@@ -99,7 +99,7 @@ TEST_F(FretboardViewTest, PlacesEveryImageByItsRowAndPosition) {
   }
 }
 
-TEST_F(FretboardViewTest, KeepsPositionZeroAtTheLeftOfAMovedBaseImage) {
+TEST_F(FretboardViewTest, PlacesPositionZeroAtTheLeftOfAMovedBaseImage) {
   view_.Image(32).Left = Twips{700};
   view_.PositionNotes();
   EXPECT_EQ(view_.Image(32).Left.value, 700);
@@ -109,7 +109,7 @@ TEST_F(FretboardViewTest, KeepsPositionZeroAtTheLeftOfAMovedBaseImage) {
 
 TEST_F(FretboardViewTest, PlacesTheFretLinesFromTheSecondOn) {
   const LineControl& fret1 = Line("fret1");
-  EXPECT_EQ(fret1.x1.value, 2190) << "the first keeps its design place";
+  EXPECT_EQ(fret1.x1.value, 2190) << "the first fret does not move";
   for (int fret = 2; fret <= 15; ++fret) {
     const LineControl& line = Line(("fret" + std::to_string(fret)).c_str());
     EXPECT_EQ(line.x1.value, 600 + 940 * fret + 650) << fret;
@@ -120,7 +120,7 @@ TEST_F(FretboardViewTest, PlacesTheFretLinesFromTheSecondOn) {
   }
 }
 
-TEST_F(FretboardViewTest, LeavesTheFirstFretAloneWhenTheNotesArePlacedAgain) {
+TEST_F(FretboardViewTest, DoesNotMoveTheFirstFretWhenNotesArePlacedAgain) {
   Line("fret1").x1 = Twips{2000};
   Line("fret1").y2 = Twips{6900};
   view_.PositionNotes();
@@ -141,11 +141,11 @@ TEST_F(FretboardViewTest, PlacesAndNamesTheFiveFretMarkers) {
   }
 }
 
-TEST_F(FretboardViewTest, PassesOverAnImageThatLiesTooFarRight) {
+TEST_F(FretboardViewTest, SkipsAnImageTooFarRight) {
   view_.Image(16).Left = Twips{32000};
   view_.PositionNotes();
   EXPECT_EQ(msgBox_.Texts(), "");
-  EXPECT_EQ(view_.Image(17).Left.value, 600 + 940) << "past the 16-bit range it stays where it was";
+  EXPECT_EQ(view_.Image(17).Left.value, 600 + 940) << "beyond the 16-bit range it does not move";
   EXPECT_EQ(view_.Image(33).Left.value, 600 + 940);
 }
 
@@ -170,7 +170,7 @@ TEST_F(FretboardViewTest, ShowsAMajorScaleWithItsKeyNoteMarked) {
             "A . B *C . D . E F . G . A . B *C\n"
             "E F . G . A . B *C . D . E F . G\n");
   EXPECT_EQ(scale.stepLine, "Scale Steps:   T  T  S  T  T  T  S");
-  EXPECT_EQ(scale.asked, 1);
+  EXPECT_EQ(scale.reads, 1);
 }
 
 TEST_F(FretboardViewTest, MarksEveryFSharpOfAScaleOnFSharp) {
@@ -222,12 +222,12 @@ TEST_F(FretboardViewTest, ReportsAPatternThatIsNoNumberOnceAndStillWritesItsStep
   EXPECT_EQ(scale.stepLine, "Scale Steps:   T  S");
 }
 
-TEST_F(FretboardViewTest, ShowsNothingAndSaysNothingWithoutACurrentRecord) {
+TEST_F(FretboardViewTest, ShowsAndReportsNothingWithoutACurrentRecord) {
   OneScale scale("2212221");
   scale.hasRecord = false;
   Refresh(view_, "99", scale);
   EXPECT_EQ(msgBox_.Texts(), "");
-  EXPECT_EQ(scale.asked, 0);
+  EXPECT_EQ(scale.reads, 0);
   EXPECT_TRUE(view_.Image(0).isHidden());
   EXPECT_EQ(scale.stepLine, "Scale Steps: ");
 }
@@ -244,7 +244,7 @@ TEST_F(FretboardViewTest, ShowsTheDescriptionOfAPendingFailure) {
   EXPECT_EQ(msgBox_.Texts(), "The record is gone.\n");
 }
 
-TEST_F(FretboardViewTest, TakesANumericKeyThatIsANoteNumberAsItStands) {
+TEST_F(FretboardViewTest, KeepsANumericKeyThatIsANoteNumber) {
   OneScale scale("2212221");
   Refresh(view_, "5", scale);
   EXPECT_EQ(msgBox_.Texts(), "");
@@ -259,7 +259,7 @@ TEST_F(FretboardViewTest, FallsBackToCForANumericKeyThatIsNoNoteNumber) {
   EXPECT_EQ(msgBox_.Messages().size(), 1U) << "the conversion reports its bad index";
 }
 
-TEST_F(FretboardViewTest, TakesAnUnknownKeyAsItStands) {
+TEST_F(FretboardViewTest, KeepsAnUnknownKey) {
   for (const char* key : {"Db", "c", "", "H", "1.5", "99999999"}) {
     OneScale scale("2212221");
     Refresh(view_, key, scale);
@@ -280,7 +280,7 @@ TEST_F(FretboardViewTest, ResetsThePicturesOfTheLabelImages) {
   EXPECT_FALSE(labels.at(2)->isHidden()) << "only the first two are hidden";
 }
 
-TEST_F(FretboardViewTest, NeverTouchesTheFirstImageWhenNamesAreToggled) {
+TEST_F(FretboardViewTest, DoesNotChangeTheFirstImageWhenNamesAreToggled) {
   OneScale scale("2212221");
   Refresh(view_, "C", scale);
   view_.ClearNoteNames();
@@ -311,7 +311,7 @@ TEST_F(FretboardViewTest, MovesThePlayMarkerAboveTheNamedNote) {
   EXPECT_EQ(msgBox_.Texts(), "");
 }
 
-TEST_F(FretboardViewTest, SaysThatANamedControlIsMissing) {
+TEST_F(FretboardViewTest, ReportsAMissingControlByName) {
   view_.FlashNotes("img96");
   EXPECT_EQ(msgBox_.Texts(), "Control 'img96' not found\n");
   EXPECT_EQ(pumped_, 1) << "the later steps run all the same";
@@ -342,7 +342,7 @@ TEST_F(FretboardViewTest, ShowsTheDescriptionWhenTheSoundDeviceFails) {
   EXPECT_EQ(msgBox_.Texts(), "The sound device is gone.\n");
 }
 
-TEST(MapNoteNameToPositionIndex, KeepsItsOwnTableOfFlats) {
+TEST(MapNoteNameToPositionIndex, HasItsOwnTableOfFlats) {
   const std::vector<std::pair<const char*, int>> table{
       {"C", 0}, {"C#", 1}, {"D", 2}, {"GB", 2}, {"D#", 3},  {"E", 4},  {"AB", 4},  {"F", 5},  {"F#", 6}, {"BB", 6},
       {"G", 7}, {"G#", 8}, {"A", 9}, {"DB", 9}, {"A#", 10}, {"B", 11}, {"EB", 11}, {"H", -1}, {"", -1},  {"CB", -1}};

@@ -24,7 +24,7 @@ constexpr const char* kStaff =
     "font \"Maestro\" 24pt\n"
     "print 38 at 766,103\n";
 
-/// A scale's drawing behind the staff and the clef, and the names, as text.
+/// The drawing of a scale after staff and clef, and the note names, as text.
 std::string Notes(std::int16_t key, std::string_view pattern) {
   paint::RecordingSurface surface;
   std::string names = "left over";
@@ -59,7 +59,7 @@ TEST(ScoreHandler, WritesFSharpMajorWithTheSharpInTheTextOfEachSharpNote) {
             "names F# G# A# B C# D# F\n");
 }
 
-TEST(ScoreHandler, ClimbsPastTheTopLineInTheKeyOfA) {
+TEST(ScoreHandler, RisesAboveTheTopLineInTheKeyOfA) {
   EXPECT_EQ(Notes(9, "2212221"),
             "print 119 at 796,98\n"
             "print 119 at 815,93\n"
@@ -158,7 +158,7 @@ TEST(ScoreHandler, FailsOnAnEmptyIntervalListAfterClearingTheTarget) {
   EXPECT_EQ(names, "as before");
 }
 
-TEST(ScoreHandler, LeavesWhatItDrewWhenANoteNumberIsOutOfBounds) {
+TEST(ScoreHandler, KeepsTheDrawingBeforeAnInvalidNoteNumber) {
   paint::RecordingSurface surface;
   std::string names = "as before";
   EXPECT_THROW(ScoreHandler(&surface, -13, {2, 2}, names), core::Failure);

@@ -15,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// The walk of a scale as text: every note with its step.
+/// The notes of a scale with their steps, as text.
 std::string Steps(std::int16_t key, std::string_view pattern) {
   StaffWalk walk(kTreble);
   std::string text;
@@ -26,7 +26,7 @@ std::string Steps(std::int16_t key, std::string_view pattern) {
   return text;
 }
 
-TEST(StaffLayout, ListsOneKeyForEachIntervalAndLeavesTheClosingOctaveOut) {
+TEST(StaffLayout, ListsOneKeyPerIntervalWithoutTheClosingOctave) {
   EXPECT_THAT(KeyList(0, core::IntervalsOf("2212221")), ElementsAre(0, 2, 4, 5, 7, 9, 11));
   EXPECT_THAT(KeyList(11, core::IntervalsOf("2212221")), ElementsAre(11, 1, 3, 4, 6, 8, 10));
   EXPECT_THAT(KeyList(5, {7}), ElementsAre(5));
@@ -45,7 +45,7 @@ TEST(StaffLayout, StartsAScaleOnCTwoStepsBelowTheBottomLine) {
   EXPECT_EQ(Steps(0, "2212221"), "C-2 D-1 E0 F1 G2 A3 B4 ");
 }
 
-TEST(StaffLayout, ClimbsAnOctaveWhereTheScalePassesFromBToC) {
+TEST(StaffLayout, RisesAnOctaveFromBToC) {
   EXPECT_EQ(Steps(9, "2212221"), "A3 B4 C#5 D6 E7 F#8 G#9 ");
   EXPECT_EQ(Steps(2, "2122212"), "D-1 E0 F1 G2 A3 B4 C5 ");
 }
@@ -54,11 +54,11 @@ TEST(StaffLayout, WritesASharpOnTheStepOfItsNatural) {
   EXPECT_EQ(Steps(0, "111111111111"), "C-2 C#-2 D-1 D#-1 E0 F1 F#1 G2 G#2 A3 A#3 B4 ");
 }
 
-TEST(StaffLayout, ClimbsOnWithEveryOctaveOfALongPattern) { EXPECT_EQ(Steps(11, "777"), "B4 F#8 C#12 "); }
+TEST(StaffLayout, RisesWithEveryOctaveOfALongPattern) { EXPECT_EQ(Steps(11, "777"), "B4 F#8 C#12 "); }
 
-TEST(StaffLayout, ReadsAKeyThatIsNotInTheKeyBoxAsTheNoteBelowC) { EXPECT_EQ(Steps(-1, "21"), "B4 C#5 "); }
+TEST(StaffLayout, ReadsAnUnknownKeyAsTheNoteBelowC) { EXPECT_EQ(Steps(-1, "21"), "B4 C#5 "); }
 
-TEST(StaffLayout, FailsOnANoteNumberFarOutside) {
+TEST(StaffLayout, FailsOnAnInvalidNoteNumber) {
   StaffWalk walk(kTreble);
   EXPECT_THROW(walk.NameOf(-13), core::Failure);
 }
@@ -84,22 +84,22 @@ TEST(StaffLayout, PutsLinesColumnsAndStepsOnTheirPixels) {
   EXPECT_EQ(kTrebleStaff.StepY(10), 113);
 }
 
-TEST(StaffLayout, PrintsTheClefSoThatItCurlsRoundTheLineOfItsG) {
+TEST(StaffLayout, PrintsTheClefAroundTheLineOfTheG) {
   EXPECT_EQ(kTrebleStaff.ClefY(), 103) << "(2300 - 750) / 15";
   EXPECT_EQ(kTrebleStaff.StepY(kTreble.line), 153) << "the second line from below";
 }
 
-/// An octave and a sixth lower, and the sign names the line of the F: what sets a bass staff apart.
+/// A bass staff: an octave and a sixth lower, the clef defines the line of the F.
 constexpr Staff kBassStaff{{"Bass clef", 63, 6, 3}, paint::Twips{2900}};
 
-TEST(StaffLayout, PutsAnotherClefAndAnotherPlaceOnTheSameArithmetic) {
+TEST(StaffLayout, SupportsAnotherClefAndPosition) {
   EXPECT_EQ(kBassStaff.LineY(0), 193);
   EXPECT_EQ(kBassStaff.LineY(4), 233);
   EXPECT_EQ(kBassStaff.StepY(0), kBassStaff.LineY(4));
   EXPECT_EQ(kBassStaff.ClefY(), 153) << "(3050 - 750) / 15";
   StaffWalk walk(kBassStaff.clef);
   walk.NameOf(0);
-  EXPECT_EQ(walk.Step(), 3) << "C lies in the second space";
+  EXPECT_EQ(walk.Step(), 3) << "C is in the second space";
 }
 
 TEST(StaffLayout, TakesHalfTheGlyphsHeightAsTwips) {

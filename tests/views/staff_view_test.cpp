@@ -32,9 +32,9 @@ void Write(StaffView& view, std::int16_t key, std::string_view pattern) {
 
 class StaffAtScale : public testing::TestWithParam<double> {};
 
-TEST_P(StaffAtScale, PutsEveryHeadOnItsLineOrInItsSpace) {
+TEST_P(StaffAtScale, CentresEveryNoteheadOnItsStep) {
   const double scale = GetParam();
-  // One note a column: its key decides the step. The lines are left out by looking at heads between the lines' ends.
+  // One note per column, its key decides the step. Only the noteheads are drawn, without staff lines.
   for (std::int16_t key = 0; key < 12; ++key) {
     paint::RecordingSurface heads;
     StaffView view;
@@ -68,7 +68,7 @@ TEST_P(StaffAtScale, PutsEveryHeadOnItsLineOrInItsSpace) {
   }
 }
 
-TEST_P(StaffAtScale, RunsLedgerLinesThroughTheMiddleOfTheirHeads) {
+TEST_P(StaffAtScale, LedgerLinesRunThroughTheCentresOfTheirNoteheads) {
   const double scale = GetParam();
   StaffView view;
   Write(view, 0, "75");
@@ -78,7 +78,7 @@ TEST_P(StaffAtScale, RunsLedgerLinesThroughTheMiddleOfTheirHeads) {
   const int y = static_cast<int>(line);
   const double left = (ColumnX(0) - 3 - origin.x()) * scale;
   const double right = (ColumnX(0) + 16 - origin.x()) * scale;
-  // Beside the head the line alone is dark, for its whole length.
+  // Next to the notehead only the ledger line is dark, over its whole length.
   EXPECT_GT(tests::Darkness(card, static_cast<int>(left + 1), y), 180);
   EXPECT_GT(tests::Darkness(card, static_cast<int>(right - 1), y), 180);
   EXPECT_LT(tests::Darkness(card, static_cast<int>(left - 2), y), 40);
@@ -94,7 +94,7 @@ TEST_P(StaffAtScale, PaintsItsLinesWithoutGrey) {
   StaffView view;
   Write(view, 0, "75");
   const QImage card = Card(view, scale);
-  const int x = static_cast<int>(280 * scale);  // Behind the last note.
+  const int x = static_cast<int>(280 * scale);  // After the last note.
   std::string rows;
   for (int y = static_cast<int>(50 * scale); y < static_cast<int>(110 * scale); ++y) {
     const int darkness = tests::Darkness(card, x, y);
@@ -105,7 +105,7 @@ TEST_P(StaffAtScale, PaintsItsLinesWithoutGrey) {
   EXPECT_EQ(rows, ".#.#.#.#.#.");
 }
 
-/// The glyphs of a drawing without its lines, at a scale factor.
+/// The glyphs of a drawing without lines, at a scale factor.
 QImage GlyphsOf(const paint::RecordingSurface& drawing, double scale) {
   return tests::Painted(1080, 250, scale, [&](QPainter& painter) {
     paint::PainterSurface surface(painter);
@@ -122,7 +122,7 @@ QImage GlyphsOf(const paint::RecordingSurface& drawing, double scale) {
   });
 }
 
-TEST_P(StaffAtScale, KeepsEverySharpBeforeItsOwnHeadAndClearOfBothNeighbours) {
+TEST_P(StaffAtScale, SharpsAreBeforeTheirNoteheadsAndTouchNone) {
   const double scale = GetParam();
   for (const char* pattern : {"2122131", "111111111111"}) {
     for (std::int16_t key = 0; key < 12; ++key) {
@@ -132,7 +132,7 @@ TEST_P(StaffAtScale, KeepsEverySharpBeforeItsOwnHeadAndClearOfBothNeighbours) {
       for (const paint::DrawCommand& command : view.Drawing().Commands()) {
         const auto* print = std::get_if<paint::PrintCommand>(&command);
         if (print == nullptr || print->text.back() != paint::kSharp) continue;
-        // From the last pixels of the head before to the first ones of its own head.
+        // From the end of the previous notehead to the start of the sharp's notehead.
         std::string columns;
         for (int x = qRound((print->at.x - 7) * scale); x < qRound((print->at.x + 6) * scale); ++x) {
           const bool ink = !tests::InkBox(glyphs, QRect(x, 0, 1, glyphs.height())).isEmpty();
@@ -146,7 +146,7 @@ TEST_P(StaffAtScale, KeepsEverySharpBeforeItsOwnHeadAndClearOfBothNeighbours) {
 
 INSTANTIATE_TEST_SUITE_P(Scales, StaffAtScale, testing::Values(1.0, 1.25, 1.5, 2.0));
 
-TEST(StaffView, StandsWhereTheFormPutsIt) {
+TEST(StaffView, HasItsPositionInTheForm) {
   StaffView view;
   EXPECT_EQ(view.geometry(), QRect(722, 62, 334, 150));
 }
@@ -170,7 +170,7 @@ TEST(StaffView, WritesANoticeInPlaceOfTheStaff) {
   Write(view, 0, "2212221");
   view.ShowNotice(QStringLiteral("This scale is damaged."));
   EXPECT_EQ(view.accessibleName().toStdString(), "This scale is damaged.");
-  EXPECT_EQ(view.Drawing().Commands().size(), 1U) << "the staff is gone";
+  EXPECT_EQ(view.Drawing().Commands().size(), 1U) << "no staff";
   const QImage image = tests::Painted(1200, 400, 1, [&](QPainter& painter) { view.Picture()->PaintOn(painter); });
   const QRect ink = tests::InkBox(image, image.rect());
   EXPECT_TRUE(StaffView::DesignRect().adjusted(8, 8, -8, -8).contains(ink));
@@ -179,7 +179,7 @@ TEST(StaffView, WritesANoticeInPlaceOfTheStaff) {
   EXPECT_EQ(view.accessibleName().toStdString(), "Treble clef: C D E F G A B");
 }
 
-TEST(StaffView, PassesAFailureOnAndSaysThatThereAreNoNotes) {
+TEST(StaffView, ThrowsAFailureAndReportsNoNotes) {
   StaffView view;
   Write(view, 0, "2212221");
   std::string names = " C";
@@ -189,9 +189,9 @@ TEST(StaffView, PassesAFailureOnAndSaysThatThereAreNoNotes) {
   EXPECT_TRUE(view.Drawing().Commands().empty());
 }
 
-/// Every picture of the card has its rim and nothing dark within four pixels of it.
+/// Expects all ink at least four pixels inside the card.
 void ExpectInside(StaffView& view, const std::string& what) {
-  // Painted with room on all sides and without the card's clip, so that ink outside would show.
+  // Painted with margins and without the clip of the card, so that ink outside would be visible.
   const QImage image = tests::Painted(1200, 400, 1, [&](QPainter& painter) { view.Picture()->PaintOn(painter); });
   const QRect ink = tests::InkBox(image, image.rect());
   EXPECT_TRUE(StaffView::DesignRect().adjusted(4, 4, -4, -4).contains(ink)) << what;
@@ -220,7 +220,7 @@ TEST(StaffView, PaintsAnOrdinaryScaleAtFullSize) {
   }
 }
 
-TEST(StaffView, RunsTheStaffLinesOnUnderAScaleThatIsLongerThanThey) {
+TEST(StaffView, ExtendsTheStaffLinesBelowAWideScale) {
   StaffView view;
   Write(view, 0, "1111111111111111111111111111111111111111");
   const QImage image = tests::Painted(1200, 400, 4, [&](QPainter& painter) { view.Picture()->PaintOn(painter); });
