@@ -10,14 +10,14 @@
 #include "data/data_failure.h"
 #include "data/database_file.h"
 #include "data/engine.h"
-#include "data/kept_engine.h"
+#include "data/engine_cache.h"
 #include "data/sql_tokens.h"
 
 namespace tonalith::data {
 
 Connection::Connection() = default;
-Connection::Connection(std::shared_ptr<KeptEngine> kept) : kept_(std::move(kept)) {}
-Connection::~Connection() { LetGoOfEngine(); }
+Connection::Connection(std::shared_ptr<EngineCache> cache) : cache_(std::move(cache)) {}
+Connection::~Connection() { ReleaseEngine(); }
 
 void Connection::SetMode(ConnectMode mode) {
   if (IsOpen()) throw ObjectAlreadyOpen();
@@ -59,7 +59,7 @@ void Connection::OpenAs(const std::string& user, const std::string& password) {
   if (!settings.password.empty() || (!settings.user.empty() && !SameName(settings.user, "Admin"))) {
     throw core::Failure(failure_number::kNotAuthorised, "Not a valid account name or password.");
   }
-  if (kept_ != nullptr) engine_ = kept_->Take(settings.dataSource, settings.isReadOnly);
+  if (cache_ != nullptr) engine_ = cache_->Take(settings.dataSource, settings.isReadOnly);
   if (engine_ == nullptr) {
     engine_ = std::make_shared<Engine>(RequireDatabaseFile(settings.dataSource), settings.isReadOnly, whileReading_);
   }
@@ -69,11 +69,11 @@ void Connection::OpenAs(const std::string& user, const std::string& password) {
 
 void Connection::Close() {
   OpenEngine();
-  LetGoOfEngine();
+  ReleaseEngine();
 }
 
-void Connection::LetGoOfEngine() {
-  if (kept_ != nullptr && engine_ != nullptr) kept_->Keep(std::move(*engine_));
+void Connection::ReleaseEngine() {
+  if (cache_ != nullptr && engine_ != nullptr) cache_->Put(std::move(*engine_));
   engine_.reset();
 }
 

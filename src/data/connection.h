@@ -20,7 +20,7 @@
 namespace tonalith::data {
 
 class Engine;
-class KeptEngine;
+class EngineCache;
 
 inline constexpr std::string_view kProvider = "Microsoft.Jet.OLEDB.4.0";
 /// How long a statement waits for another program that holds the file.
@@ -34,7 +34,7 @@ class Connection {
   Connection();
   /// Takes over the database that `kept` holds, where it can, and leaves its own there when it closes. To its user it
   /// opens and closes as any other.
-  explicit Connection(std::shared_ptr<KeptEngine> kept);
+  explicit Connection(std::shared_ptr<EngineCache> cache);
   ~Connection();
   Connection(const Connection&) = delete;
   Connection& operator=(const Connection&) = delete;
@@ -75,9 +75,9 @@ class Connection {
 
   void OpenAs(const std::string& user, const std::string& password);
   Engine& OpenEngine() const;
-  void LetGoOfEngine();
+  void ReleaseEngine();
 
-  std::shared_ptr<KeptEngine> kept_;
+  std::shared_ptr<EngineCache> cache_;
   ConnectMode mode_ = ConnectMode::kUnknown;
   std::function<void(std::int64_t rows)> whileReading_;
   std::string provider_;

@@ -28,7 +28,7 @@
 namespace tonalith::data {
 namespace {
 
-constexpr std::size_t kKeptStatements = 16;
+constexpr std::size_t kCachedStatements = 16;
 
 std::atomic<std::uint64_t> statementsIssued = 0;
 
@@ -145,10 +145,10 @@ int Engine::OnProgress(void* engine) {
 // The callback knows this object, so it is set again wherever the database moves to.
 void Engine::LimitStatements() {
   // One step may make a field of kLongestField, which takes some milliseconds.
-  constexpr int kStepsBetweenLooks = 200;
+  constexpr int kStepsBetweenChecks = 200;
   // What reads a file from beginning to end has limits of its own.
   isLimited_ = !guard_.isOurs && !isOpenedForReading_;
-  if (isLimited_) sqlite3_progress_handler(database_->getHandle(), kStepsBetweenLooks, &Engine::OnProgress, this);
+  if (isLimited_) sqlite3_progress_handler(database_->getHandle(), kStepsBetweenChecks, &Engine::OnProgress, this);
 }
 
 int Engine::SetLongestField(int bytes) { return sqlite3_limit(database_->getHandle(), SQLITE_LIMIT_LENGTH, bytes); }
@@ -180,7 +180,7 @@ SQLite::Statement& Engine::Prepared(const std::string& sql) {
   const auto known = statements_.find(sql);
   if (known != statements_.end()) return *known->second;
   auto statement = std::make_unique<SQLite::Statement>(*database_, sql);
-  if (statements_.size() >= kKeptStatements) statements_.clear();
+  if (statements_.size() >= kCachedStatements) statements_.clear();
   return *statements_.emplace(sql, std::move(statement)).first->second;
 }
 

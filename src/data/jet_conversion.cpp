@@ -15,9 +15,9 @@
 
 #include "core/failure.h"
 #include "data/data_failure.h"
+#include "data/durable_file.h"
 #include "data/engine.h"
 #include "data/jet_tables.h"
-#include "data/kept_file.h"
 #include "data/long_fields.h"
 #include "data/schema.h"
 #include "data/sql_dialect.h"
@@ -31,7 +31,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kUnfinished = ".converting";
-constexpr const char* kKeptLabel = " (Jet file before conversion)";
+constexpr const char* kBackupLabel = " (Jet file before conversion)";
 constexpr std::size_t kRowsPerStep = 1000;
 constexpr std::size_t kMostNamed = 10;
 
@@ -45,7 +45,7 @@ bool HasEquivalent(const jet::JetObject& object) {
 }
 
 // A column has its own way of holding a number, as text or with a fraction; what it says must be the same.
-bool SaysTheSame(const core::Value& given, const core::Value& stored) {
+bool IsSameContent(const core::Value& given, const core::Value& stored) {
   const core::Value a = WithoutEmptyFraction(given);
   const core::Value b = WithoutEmptyFraction(stored);
   if (a == b) return true;
@@ -61,17 +61,17 @@ std::string ReadBackStatement(const jet::JetTable& table) {
 }
 
 // Fills an empty scale database with what a Jet file holds.
-class Filling : public jet::JetVisitor {
+class JetFiller : public jet::JetVisitor {
  public:
-  Filling(SQLite::Database& database, std::string path, const std::function<void(ConversionStep)>& onStep)
+  JetFiller(SQLite::Database& database, std::string path, const std::function<void(ConversionStep)>& onStep)
       : database_(database), path_(std::move(path)), onStep_(onStep) {}
 
   void OnObject(const jet::JetObject& object) override {
-    if (!HasEquivalent(object)) inTheWay_.push_back(object.kind + " '" + object.name + "'");
+    if (!HasEquivalent(object)) unsupported_.push_back(object.kind + " '" + object.name + "'");
   }
 
   void OnTable(const jet::JetTable& table) override {
-    RequireNothingInTheWay();
+    RequireNothingUnsupported();
     onStep_(ConversionStep::kFilling);
     table_ = table;
     row_ = 0;
@@ -100,7 +100,7 @@ class Filling : public jet::JetVisitor {
   }
 
   void RequireComplete() const {
-    RequireNothingInTheWay();
+    RequireNothingUnsupported();
     for (const char* name : {"ScaleTypes", "Scales"}) {
       const bool isThere = std::any_of(scaleTables_.begin(), scaleTables_.end(),
                                        [&](const std::string& table) { return SameName(table, name); });
@@ -109,11 +109,11 @@ class Filling : public jet::JetVisitor {
   }
 
  private:
-  void RequireNothingInTheWay() const {
-    if (inTheWay_.empty()) return;
+  void RequireNothingUnsupported() const {
+    if (unsupported_.empty()) return;
     std::string words = "A scale database cannot hold ";
-    for (std::size_t i = 0; i < std::min(inTheWay_.size(), kMostNamed); ++i) words += (i ? ", " : "") + inTheWay_[i];
-    if (inTheWay_.size() > kMostNamed) words += " and " + std::to_string(inTheWay_.size() - kMostNamed) + " more";
+    for (std::size_t i = 0; i < std::min(unsupported_.size(), kMostNamed); ++i) words += (i ? ", " : "") + unsupported_[i];
+    if (unsupported_.size() > kMostNamed) words += " and " + std::to_string(unsupported_.size() - kMostNamed) + " more";
     throw core::Failure::Unspecified(words + ".");
   }
 
@@ -131,7 +131,7 @@ class Filling : public jet::JetVisitor {
     readBack_->bind(1, static_cast<std::int64_t>(database_.getLastInsertRowid()));
     readBack_->executeStep();
     for (std::size_t i = 0; i < values.size(); ++i) {
-      if (SaysTheSame(values[i], ReadColumn(readBack_->getColumn(static_cast<int>(i))))) continue;
+      if (IsSameContent(values[i], ReadColumn(readBack_->getColumn(static_cast<int>(i))))) continue;
       const bool isPlain = !values[i].IsNull() && !std::holds_alternative<core::Bytes>(values[i].Raw());
       throw RowFailure("The field '" + table_.columns[i].name + "' cannot hold " +
                        (isPlain ? "'" + values[i].AsText() + "'" : "what is in it") + " as it stands.");
@@ -146,7 +146,7 @@ class Filling : public jet::JetVisitor {
   SQLite::Database& database_;
   std::string path_;
   const std::function<void(ConversionStep)>& onStep_;
-  std::vector<std::string> inTheWay_;
+  std::vector<std::string> unsupported_;
   std::vector<std::string> scaleTables_;
   jet::JetTable table_;
   std::size_t row_ = 0;
@@ -175,9 +175,9 @@ void MakeConverted(const std::string& path, const std::string& unfinished,
     // What the program could not read again is refused here, before anything is changed.
     sqlite3_limit(database.getHandle(), SQLITE_LIMIT_LENGTH, kLongestField);
     SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
-    Filling filling(database, path, onStep);
-    jet::ReadJetFile(path, filling);
-    filling.RequireComplete();
+    JetFiller filler(database, path, onStep);
+    jet::ReadJetFile(path, filler);
+    filler.RequireComplete();
     transaction.commit();
   } catch (const SQLite::Exception& exception) {
     throw FromEngine(exception, unfinished);
@@ -185,7 +185,7 @@ void MakeConverted(const std::string& path, const std::string& unfinished,
 }
 
 // What the engine keeps beside a database belongs to that one; beside another file it would be taken for that one's.
-void PutStrayCompanionsAside(const std::string& path) {
+void RenameStrayCompanions(const std::string& path) {
   for (const char* ending : {"-journal", "-wal", "-shm"}) {
     const std::string companion = path + ending;
     if (fs::exists(companion)) ReplaceDurably(companion, companion + ".kept");
@@ -200,12 +200,12 @@ std::string Convert(const std::string& path, const std::function<void(Conversion
     onStep(ConversionStep::kFilled);
     if (fs::last_write_time(path) != changed)
       throw core::Failure::Unspecified("It was changed by another program meanwhile.");
-    std::string kept = KeepBeside(path, kKeptLabel);
-    PutStrayCompanionsAside(path);
+    std::string backup = LinkOrCopyWithLabel(path, kBackupLabel);
+    RenameStrayCompanions(path);
     onStep(ConversionStep::kKept);
     ReplaceDurably(unfinished, path);
     onStep(ConversionStep::kReplaced);
-    return kept;
+    return backup;
   } catch (const std::exception&) {
     const core::Failure failure = core::Failure::FromCurrentException();
     std::error_code ignored;
@@ -223,7 +223,7 @@ std::optional<std::string> ConvertMainDatabaseIfJet(const std::string& path,
   if (!jet::IsJetFile(path)) return {};
   // Through a link the file itself is converted, where it lies.
   const std::string file = fs::canonical(path).string();
-  const FileHold hold(file);
+  const FileLock lock(file);
   // Another program of ours may have been at it while this one waited.
   if (!jet::IsJetFile(file)) return {};
   return Convert(

@@ -24,18 +24,18 @@ std::vector<std::string> Quoted(std::vector<std::string> names) {
 }
 
 // The same for all texts that are equal without regard to case. The engine looks no further than a zero.
-std::uint64_t MarkOf(std::string_view text) {
+std::uint64_t HashOf(std::string_view text) {
   constexpr std::uint64_t kOffset = 14695981039346656037U;  // FNV-1a
   constexpr std::uint64_t kPrime = 1099511628211U;
-  std::uint64_t mark = kOffset;
-  for (const char32_t character : core::UpperCase(text.substr(0, text.find('\0')))) mark = (mark ^ character) * kPrime;
-  return mark;
+  std::uint64_t hash = kOffset;
+  for (const char32_t character : core::UpperCase(text.substr(0, text.find('\0')))) hash = (hash ^ character) * kPrime;
+  return hash;
 }
 
 // Nothing for what a column may turn into a text of its own.
-std::optional<std::uint64_t> MarkOf(const core::Value& value) {
-  if (const auto* const text = std::get_if<std::string>(&value.Raw())) return MarkOf(std::string_view(*text));
-  if (std::holds_alternative<std::int64_t>(value.Raw())) return MarkOf(std::string_view(value.AsText()));
+std::optional<std::uint64_t> HashOf(const core::Value& value) {
+  if (const auto* const text = std::get_if<std::string>(&value.Raw())) return HashOf(std::string_view(*text));
+  if (std::holds_alternative<std::int64_t>(value.Raw())) return HashOf(std::string_view(value.AsText()));
   return {};
 }
 
@@ -51,18 +51,18 @@ NewRows::NewRows(Engine& engine, const std::string& table, const std::vector<std
       values_(fields.size() * kRowsAtOnce) {}
 
 void NewRows::Add(std::int64_t number) {
-  const std::optional<std::uint64_t> mark = keyField_ ? MarkOf(NextRow()[*keyField_]) : std::nullopt;
-  marks_[waiting_] = mark.value_or(0);
+  const std::optional<std::uint64_t> hash = keyField_ ? HashOf(NextRow()[*keyField_]) : std::nullopt;
+  hashes_[waiting_] = hash.value_or(0);
   numbers_[waiting_] = number;
   ++waiting_;
-  if (!mark || waiting_ == kRowsAtOnce) Write();
+  if (!hash || waiting_ == kRowsAtOnce) Write();
 }
 
 bool NewRows::MayHold(const core::Value& key) const {
   if (waiting_ == 0) return false;
-  const std::optional<std::uint64_t> mark = MarkOf(key);
-  const auto end = marks_.begin() + static_cast<std::ptrdiff_t>(waiting_);
-  return !mark || std::find(marks_.begin(), end, *mark) != end;
+  const std::optional<std::uint64_t> hash = HashOf(key);
+  const auto end = hashes_.begin() + static_cast<std::ptrdiff_t>(waiting_);
+  return !hash || std::find(hashes_.begin(), end, *hash) != end;
 }
 
 bool NewRows::IsContentRefused() const {

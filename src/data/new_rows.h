@@ -51,7 +51,7 @@ class NewRows {
   std::size_t fieldCount_;
   std::optional<std::size_t> keyField_;
   std::vector<core::Value> values_;
-  std::array<std::uint64_t, kRowsAtOnce> marks_{};
+  std::array<std::uint64_t, kRowsAtOnce> hashes_{};
   std::array<std::int64_t, kRowsAtOnce> numbers_{};
   std::size_t waiting_ = 0;
   std::optional<std::int64_t> refusedRow_;

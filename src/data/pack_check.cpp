@@ -22,7 +22,7 @@ constexpr std::size_t kLongestNumber = 64;
 // Bytes of a column that only the user's own library has: nothing shows it, and pictures have room.
 constexpr std::size_t kLongestOtherField = std::size_t{1} << 20;
 // Characters of a name in a message.
-constexpr std::size_t kLongestNameTold = 60;
+constexpr std::size_t kLongestNameShown = 60;
 
 struct ColumnLimit {
   std::string_view column;
@@ -52,10 +52,10 @@ std::string OfOwner(const core::Value& owner) {
   const auto* const name = std::get_if<std::string>(&owner.Raw());
   if (name == nullptr) return "";
   const std::vector<std::string_view> characters =
-      core::Characters(std::string_view(*name).substr(0, (kLongestNameTold + 1) * 4));
+      core::Characters(std::string_view(*name).substr(0, (kLongestNameShown + 1) * 4));
   std::string told;
-  for (std::size_t i = 0; i < std::min(characters.size(), kLongestNameTold); ++i) told += characters[i];
-  return " of '" + told + (characters.size() > kLongestNameTold ? "...'" : "'");
+  for (std::size_t i = 0; i < std::min(characters.size(), kLongestNameShown); ++i) told += characters[i];
+  return " of '" + told + (characters.size() > kLongestNameShown ? "...'" : "'");
 }
 
 std::size_t DigitsOf(std::string_view pattern) {
@@ -84,7 +84,7 @@ void RequirePlainTable(Engine& pack, const std::string& table) {
   RequireStoredColumns(pack, table);
 }
 
-void RisingRows::Require(std::int64_t row) {
+void AscendingKeyCheck::Require(std::int64_t row) {
   if (latest_ && row <= *latest_) throw core::Failure::UnrecognizedFormat(path_);
   latest_ = row;
 }

@@ -27,9 +27,9 @@ void RequirePlainTable(Engine& pack, const std::string& table);
 
 /// Watches a walk through a table. The numbers of its rows rise, but in a damaged file they may lead back to rows that
 /// were there before.
-class RisingRows {
+class AscendingKeyCheck {
  public:
-  explicit RisingRows(std::string path) : path_(std::move(path)) {}
+  explicit AscendingKeyCheck(std::string path) : path_(std::move(path)) {}
   void Require(std::int64_t row);
 
  private:

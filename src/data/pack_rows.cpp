@@ -40,7 +40,7 @@ std::vector<std::string> PackRows::ColumnsOf(Engine& pack, const std::string& ta
 
 void PackRows::ForEach(PackBudget& budget,
                        const std::function<void(std::int64_t row, std::span<const core::Value> values)>& onRow) {
-  RisingRows rising(pack_.Path());
+  AscendingKeyCheck rising(pack_.Path());
   bool isReading = true;
   try {
     pack_.Query(StatementFor(table_, columns_, isNumbered_), {}, [&](SQLite::Statement& statement) {

@@ -36,7 +36,7 @@ void RecordSet::Open(const std::string& source, std::shared_ptr<Connection> conn
   isNew_ = false;
   pending_.clear();
   NoteOwnChange();
-  StandOn(std::move(first), 1, Place::kEmpty);
+  SetCurrentRow(std::move(first), 1, Place::kEmpty);
 }
 
 void RecordSet::Close() {
@@ -87,7 +87,7 @@ std::unique_ptr<RecordSet> RecordSet::CloneOf(std::shared_ptr<const Selection> s
   clone->cursorType_ = cursorType_;
   clone->lockType_ = lockType_;
   clone->NoteOwnChange();
-  clone->StandOnFirst();
+  clone->GoToFirstRow();
   return clone;
 }
 
@@ -96,7 +96,7 @@ void RecordSet::Requery() {
   if (IsEditPending()) throw NotAllowedHere();
   rows_->Forget();
   NoteOwnChange();
-  StandOnFirst();
+  GoToFirstRow();
 }
 
 bool RecordSet::IsBof() const {
@@ -128,17 +128,17 @@ void RecordSet::NoteOwnChange() {
   count_.reset();
 }
 
-void RecordSet::StandOn(RowPointer row, std::optional<std::int64_t> position, Place otherwise) {
+void RecordSet::SetCurrentRow(RowPointer row, std::optional<std::int64_t> position, Place otherwise) {
   place_ = row == nullptr ? otherwise : Place::kRow;
   position_ = position;
   row_ = std::move(row);
 }
 
-void RecordSet::StandOnFirst() { StandOn(rows_->First(), 1, Place::kEmpty); }
+void RecordSet::GoToFirstRow() { SetCurrentRow(rows_->First(), 1, Place::kEmpty); }
 
 void RecordSet::MoveFirst() {
   LeaveRow();
-  StandOnFirst();
+  GoToFirstRow();
   if (place_ == Place::kEmpty) throw NoCurrentRecord();
 }
 
@@ -146,20 +146,20 @@ void RecordSet::MoveLast() {
   RequireOpen();
   RequireScrollable();
   LeaveRow();
-  StandOn(rows_->Last(), count_, Place::kEmpty);
+  SetCurrentRow(rows_->Last(), count_, Place::kEmpty);
   if (place_ == Place::kEmpty) throw NoCurrentRecord();
 }
 
 void RecordSet::MoveNext() {
   LeaveRow();
-  if (place_ == Place::kBof) return StandOnFirst();
+  if (place_ == Place::kBof) return GoToFirstRow();
   if (place_ == Place::kEmpty || place_ == Place::kEof) throw NoCurrentRecord();
   // The row after a deleted one has taken its place already.
   std::optional<std::int64_t> position = position_;
   if (position && place_ == Place::kRow) ++*position;
   RowPointer next = rows_->After(row_->key);
   const bool isEmpty = next == nullptr && place_ == Place::kDeleted && rows_->First() == nullptr;
-  StandOn(std::move(next), position, isEmpty ? Place::kEmpty : Place::kEof);
+  SetCurrentRow(std::move(next), position, isEmpty ? Place::kEmpty : Place::kEof);
 }
 
 void RecordSet::MovePrevious() {
@@ -167,12 +167,12 @@ void RecordSet::MovePrevious() {
   RequireScrollable();
   LeaveRow();
   if (place_ == Place::kEmpty || place_ == Place::kBof) throw NoCurrentRecord();
-  if (place_ == Place::kEof) return StandOn(rows_->Last(), count_, Place::kEmpty);
+  if (place_ == Place::kEof) return SetCurrentRow(rows_->Last(), count_, Place::kEmpty);
   std::optional<std::int64_t> position = position_;
   if (position) --*position;
   RowPointer previous = rows_->Before(row_->key);
   const bool isEmpty = previous == nullptr && place_ == Place::kDeleted && rows_->First() == nullptr;
-  StandOn(std::move(previous), position, isEmpty ? Place::kEmpty : Place::kBof);
+  SetCurrentRow(std::move(previous), position, isEmpty ? Place::kEmpty : Place::kBof);
 }
 
 Bookmark RecordSet::GetBookmark() const {
@@ -189,7 +189,7 @@ void RecordSet::SetBookmark(Bookmark bookmark) {
   RowPointer row = rows_->At(bookmark.key);
   if (row == nullptr) throw InvalidBookmark();
   const bool isSame = place_ == Place::kRow && row_->key == bookmark.key;
-  StandOn(std::move(row), isSame ? position_ : std::nullopt, Place::kEmpty);
+  SetCurrentRow(std::move(row), isSame ? position_ : std::nullopt, Place::kEmpty);
 }
 
 std::int64_t RecordSet::AbsolutePosition() {
@@ -225,7 +225,7 @@ void RecordSet::SetFilter(const std::string& filter) {
   rows_ = std::move(rows);
   filter_ = filter;
   count_.reset();
-  StandOn(std::move(first), 1, Place::kEmpty);
+  SetCurrentRow(std::move(first), 1, Place::kEmpty);
 }
 
 int RecordSet::FieldCount() const {

@@ -117,8 +117,8 @@ class RecordSet {
   [[nodiscard]] int RequireField(std::string_view name) const;
   void RequireField(int index) const;
   void LeaveRow();
-  void StandOn(std::shared_ptr<const Row> row, std::optional<std::int64_t> position, Place otherwise);
-  void StandOnFirst();
+  void SetCurrentRow(std::shared_ptr<const Row> row, std::optional<std::int64_t> position, Place otherwise);
+  void GoToFirstRow();
   void WritePending();
   void Insert();
   void Change();

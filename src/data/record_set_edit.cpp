@@ -145,7 +145,7 @@ void RecordSet::Insert() {
   NoteOwnChange();
   rows_->Forget();
   RowPointer row = rows_->At(key);
-  StandOn(row != nullptr ? std::move(row) : RowPointer(std::move(fallback)), std::nullopt, Place::kEmpty);
+  SetCurrentRow(row != nullptr ? std::move(row) : RowPointer(std::move(fallback)), std::nullopt, Place::kEmpty);
 }
 
 // What another connection has saved meanwhile is not overwritten unasked. A row that the filter leaves out cannot be
@@ -177,7 +177,7 @@ void RecordSet::Change() {
   NoteOwnChange();
   rows_->Forget();
   RowPointer row = rows_->At(changed->key);
-  StandOn(row != nullptr ? std::move(row) : RowPointer(std::move(changed)), position, Place::kEmpty);
+  SetCurrentRow(row != nullptr ? std::move(row) : RowPointer(std::move(changed)), position, Place::kEmpty);
 }
 
 void RecordSet::Delete() {

@@ -139,25 +139,25 @@ class KeyedRows : public RowSource {
 
   RowPointer After(std::int64_t key) override {
     if (key == kHighestKey) return nullptr;
-    const bool isHeld = reachesFirst_ || (!rows_.empty() && rows_.front()->key <= key);
-    if (isHeld) {
+    const bool isCached = reachesFirst_ || (!rows_.empty() && rows_.front()->key <= key);
+    if (isCached) {
       here_ = IndexAfter(key);
       if (here_ < rows_.size()) return rows_[here_];
       if (reachesLast_) return nullptr;
     }
-    FetchUpwards(key + 1, isHeld ? std::min(block_ * 2, largestBlock_) : kFirstBlock);
+    FetchUpwards(key + 1, isCached ? std::min(block_ * 2, largestBlock_) : kFirstBlock);
     return rows_.empty() ? nullptr : rows_.front();
   }
 
   RowPointer Before(std::int64_t key) override {
     if (key == kLowestKey) return nullptr;
-    const bool isHeld = reachesLast_ || (!rows_.empty() && rows_.back()->key >= key);
-    if (isHeld) {
+    const bool isCached = reachesLast_ || (!rows_.empty() && rows_.back()->key >= key);
+    if (isCached) {
       const auto next = std::lower_bound(rows_.begin(), rows_.end(), key, IsLess);
       if (next != rows_.begin()) return *(next - 1);
       if (reachesFirst_) return nullptr;
     }
-    FetchDownwards(key - 1, isHeld ? std::min(block_ * 2, largestBlock_) : kFirstBlock);
+    FetchDownwards(key - 1, isCached ? std::min(block_ * 2, largestBlock_) : kFirstBlock);
     return rows_.empty() ? nullptr : rows_.back();
   }
 

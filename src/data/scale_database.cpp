@@ -11,7 +11,7 @@
 #include "core/scale_construction.h"
 #include "core/scale_record.h"
 #include "core/text.h"
-#include "data/kept_engine.h"
+#include "data/engine_cache.h"
 
 namespace tonalith::data {
 namespace {
@@ -29,7 +29,7 @@ std::optional<std::string> PatternByName(const std::shared_ptr<Connection>& conn
   return pattern;
 }
 
-void StandOnFirstWithCount(RecordSet& records) {
+void MoveToFirstWithCount(RecordSet& records) {
   if (records.IsEof()) return;
   records.MoveLast();
   records.MoveFirst();
@@ -56,7 +56,7 @@ ScaleDatabase::ScaleDatabase(std::string appFolder, core::MsgBox& msgBox)
     : appFolder_(std::move(appFolder)),
       databasePath_(appFolder_ + core::kPathSeparator + std::string(kDatabaseFileName)),
       msgBox_(msgBox),
-      keptEngine_(std::make_shared<KeptEngine>()) {}
+      engineCache_(std::make_shared<EngineCache>()) {}
 
 void ScaleDatabase::OpenShared() {
   scaleConnection_ = std::make_shared<Connection>();
@@ -65,12 +65,12 @@ void ScaleDatabase::OpenShared() {
   scaleConnection_->Open();
   scaleRecordset_ = std::make_shared<RecordSet>();
   scaleRecordset_->Open(std::string(kAllScalesStatement), scaleConnection_, CursorType::kKeyset, LockType::kReadOnly);
-  StandOnFirstWithCount(*scaleRecordset_);
+  MoveToFirstWithCount(*scaleRecordset_);
 }
 
 std::shared_ptr<Connection> ScaleDatabase::OpenScaleConnection() {
   core::DeferredFailure deferred;
-  auto connection = std::make_shared<Connection>(keptEngine_);
+  auto connection = std::make_shared<Connection>(engineCache_);
   if (deferred.Try([&] { connection->Open(FullConnectionString(databasePath_)); })) return connection;
   msgBox_.Show("Database connection failed: " + deferred.Pending()->Description(), MsgBoxStyle::kCritical);
   return nullptr;
@@ -99,7 +99,7 @@ std::string ScaleDatabase::GetScaleIntervalsByID(std::int32_t scaleId) {
     scaleRecordset_ = std::make_shared<RecordSet>();
     scaleRecordset_->Open(ScaleByIdStatement(scaleId), scaleConnection_, CursorType::kKeyset, LockType::kReadOnly);
   });
-  deferred.Try([&] { StandOnFirstWithCount(*scaleRecordset_); });
+  deferred.Try([&] { MoveToFirstWithCount(*scaleRecordset_); });
   deferred.Try([&] { pattern = scaleRecordset_->FieldValue(core::scale_field::kIntervals).AsText(); });
   deferred.ReportNumberAndDescription(msgBox_, MsgBoxStyle::kCritical);
   return pattern;

@@ -20,7 +20,7 @@
 
 namespace tonalith::data {
 
-class KeptEngine;
+class EngineCache;
 
 inline constexpr std::string_view kDatabaseFileName = "TonalithDB97.mdb";
 /// Names the file alone, which is found through the current directory.
@@ -72,7 +72,7 @@ class ScaleDatabase {
   std::string appFolder_;
   std::string databasePath_;
   core::MsgBox& msgBox_;
-  std::shared_ptr<KeptEngine> keptEngine_;
+  std::shared_ptr<EngineCache> engineCache_;
   std::shared_ptr<Connection> scaleConnection_;
   std::shared_ptr<RecordSet> scaleRecordset_;
 };

@@ -129,7 +129,7 @@ void Apply(SQLite::Database& database, std::span<const SchemaRevision> revisions
 
 // Nothing is wrong with the revision: the file is in use, its folder or disk takes no writing, or its pages are
 // damaged.
-bool IsFaultOfThePlace(const SQLite::Exception& exception) {
+bool IsEnvironmentError(const SQLite::Exception& exception) {
   constexpr int kPrimary = 0xFF;
   constexpr std::array kCodes = {SQLITE_BUSY,     SQLITE_LOCKED, SQLITE_PERM,  SQLITE_READONLY,
                                  SQLITE_CANTOPEN, SQLITE_FULL,   SQLITE_IOERR, SQLITE_CORRUPT};
@@ -138,14 +138,14 @@ bool IsFaultOfThePlace(const SQLite::Exception& exception) {
 
 // A program that is writing at the moment is not waited for: the next connection tries again.
 void ApplyIfPossible(SQLite::Database& database, std::span<const SchemaRevision> revisions) {
-  const int patience = database.execAndGet("PRAGMA busy_timeout").getInt();
+  const int timeout = database.execAndGet("PRAGMA busy_timeout").getInt();
   database.setBusyTimeout(0);
   try {
     Apply(database, revisions);
   } catch (const SQLite::Exception& exception) {
-    if (!IsFaultOfThePlace(exception)) throw;
+    if (!IsEnvironmentError(exception)) throw;
   }
-  database.setBusyTimeout(patience);
+  database.setBusyTimeout(timeout);
 }
 
 // The file must come into being here: nobody's database is opened and filled by mistake.

@@ -35,7 +35,7 @@ struct Findings {
 
 // Triggers, views, tables and indexes. What the engine keeps for itself has a name that begins with its own, which no
 // other object can have.
-Findings LookAtSchema(SQLite::Database& database) {
+Findings ReadSchema(SQLite::Database& database) {
   const std::set<std::string_view> ours(SchemaObjects().begin(), SchemaObjects().end());
   Findings findings;
   SQLite::Statement objects(
@@ -80,7 +80,7 @@ void StopTriggersOfFile(SQLite::Database& database) {
 }  // namespace
 
 SchemaGuard GuardSchema(SQLite::Database& database) {
-  const Findings findings = LookAtSchema(database);
+  const Findings findings = ReadSchema(database);
   SchemaGuard guard;
   guard.isOurs = findings.hasOurQuery && !findings.hasOthers;
   guard.stopsTriggers = findings.hasTrigger;

@@ -31,8 +31,8 @@ constexpr int kLongestRenewal = 500;
 class TimeLimit {
  public:
   explicit TimeLimit(sqlite3* handle) : handle_(handle), end_(ProcessorMilliseconds() + kLongestRenewal) {
-    constexpr int kStepsBetweenLooks = 100;
-    sqlite3_progress_handler(handle_, kStepsBetweenLooks, &TimeLimit::OnProgress, this);
+    constexpr int kStepsBetweenChecks = 100;
+    sqlite3_progress_handler(handle_, kStepsBetweenChecks, &TimeLimit::OnProgress, this);
   }
   ~TimeLimit() { sqlite3_progress_handler(handle_, 0, nullptr, nullptr); }
   TimeLimit(const TimeLimit&) = delete;
@@ -75,11 +75,11 @@ Renewals FindRows(SQLite::Database& database, std::span<const ShippedRow> rows) 
   while (scales.executeStep()) {
     // No row of ours has a longer field, and a mark of one would take its time.
     if (HasLongField(scales)) continue;
-    RowMark mark;
-    for (int i = 1; i < scales.getColumnCount(); ++i) mark.Add(scales.getColumn(i).getString());
-    const auto found = std::lower_bound(rows.begin(), rows.end(), mark.Get(),
-                                        [](const ShippedRow& row, auto wanted) { return row.earlierMark < wanted; });
-    if (found != rows.end() && found->earlierMark == mark.Get()) {
+    RowHash hash;
+    for (int i = 1; i < scales.getColumnCount(); ++i) hash.Add(scales.getColumn(i).getString());
+    const auto found = std::lower_bound(rows.begin(), rows.end(), hash.Get(),
+                                        [](const ShippedRow& row, auto wanted) { return row.earlierHash < wanted; });
+    if (found != rows.end() && found->earlierHash == hash.Get()) {
       renewals.emplace(scales.getColumn(0).getInt64(), &*found);
     }
   }

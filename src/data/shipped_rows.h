@@ -24,32 +24,32 @@ inline constexpr std::string_view kCreateRevisions =
 inline constexpr int kRenewedRowsRevision = 3;
 
 struct ShippedRow {
-  std::uint64_t earlierMark = 0;
+  std::uint64_t earlierHash = 0;
   std::string_view name;
   std::string_view description;
 };
 
 /// What a row is known by: name, type, description, start note, pattern and whether it is a chord (0 or 1), as text,
 /// each with a zero byte after it, by FNV-1a in 64 bits.
-class RowMark {
+class RowHash {
  public:
   void Add(std::string_view field) {
     for (const char c : field) AddByte(static_cast<unsigned char>(c));
     AddByte(0);
   }
-  [[nodiscard]] std::uint64_t Get() const { return mark_; }
+  [[nodiscard]] std::uint64_t Get() const { return hash_; }
 
  private:
-  void AddByte(unsigned char byte) { mark_ = (mark_ ^ byte) * 1099511628211U; }
+  void AddByte(unsigned char byte) { hash_ = (hash_ ^ byte) * 1099511628211U; }
 
-  std::uint64_t mark_ = 14695981039346656037U;
+  std::uint64_t hash_ = 14695981039346656037U;
 };
 
-/// The rows of the library that differ from an earlier version's, by rising mark. Made by the build out of
+/// The rows of the library that differ from an earlier version's, in ascending order of hashes. Made by the build out of
 /// content/scales.
 std::span<const ShippedRow> ShippedRows();
 
-/// Renews the rows of the library at `path`. `rows` by rising mark.
+/// Renews the rows of the library at `path`. `rows` in ascending order of hashes.
 void RenewShippedRows(const std::string& path, std::span<const ShippedRow> rows = ShippedRows());
 
 }  // namespace tonalith::data

@@ -119,7 +119,7 @@ TEST(ScaleDatabase, SaysThatTheConnectionFailedAndGivesNothing) {
                                                      MsgBoxStyle::kCritical, ""}));
 }
 
-class ScaleQuestions : public testing::Test {
+class ScaleQueries : public testing::Test {
  protected:
   static constexpr const char* kRows = R"sql(
     INSERT INTO ScaleTypes VALUES (1, 10, 'Common scales');
@@ -134,51 +134,51 @@ class ScaleQuestions : public testing::Test {
   ScaleDatabase database_{folder_.Folder(), msgBox_};
 };
 
-TEST_F(ScaleQuestions, GiveTheSemitonesOfANamedScale) {
+TEST_F(ScaleQueries, GiveTheSemitonesOfANamedScale) {
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Major"), ElementsAre(2, 2, 1, 2, 2, 2, 1));
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Long"), testing::SizeIs(9));
   EXPECT_THAT(msgBox_.Messages(), IsEmpty());
 }
 
-TEST_F(ScaleQuestions, FindNamesWithApostrophesQuotesPercentSignsAndLettersOutsideAscii) {
+TEST_F(ScaleQueries, FindNamesWithApostrophesQuotesPercentSignsAndLettersOutsideAscii) {
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("O'Neil"), ElementsAre(6, 6));
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("50% \"Übermäßig\""), ElementsAre(4, 4, 4));
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("' OR '1'='1"), IsEmpty());
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("%"), IsEmpty());
 }
 
-TEST_F(ScaleQuestions, GiveNothingAndSayNothingForAnUnknownName) {
+TEST_F(ScaleQueries, GiveNothingAndSayNothingForAnUnknownName) {
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Nobody's"), IsEmpty());
   EXPECT_THAT(database_.GetScaleNotes(0, "Nobody's"), IsEmpty());
   EXPECT_THAT(msgBox_.Messages(), IsEmpty());
 }
 
-TEST_F(ScaleQuestions, TakeTheFirstOfTwoScalesOfOneName) {
+TEST_F(ScaleQueries, TakeTheFirstOfTwoScalesOfOneName) {
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("MAJOR"), testing::SizeIs(7));
 }
 
-TEST_F(ScaleQuestions, TrimTheBlanksAroundAPattern) {
+TEST_F(ScaleQueries, TrimTheBlanksAroundAPattern) {
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Blanks"), ElementsAre(2, 2, 1, 2, 2, 2, 1));
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Blank"), IsEmpty());
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Empty"), IsEmpty());
 }
 
-TEST_F(ScaleQuestions, ThrowForANullPattern) {
+TEST_F(ScaleQueries, ThrowForANullPattern) {
   EXPECT_EQ(FailureOf([&] { database_.GetScaleIntervalsFromDB("Null"); }).Number(), 94);
   EXPECT_EQ(FailureOf([&] { database_.GetScaleNotes(0, "Null"); }).Number(), 94);
 }
 
-TEST_F(ScaleQuestions, ThrowForACharacterThatIsNoDigit) {
+TEST_F(ScaleQueries, ThrowForACharacterThatIsNoDigit) {
   EXPECT_EQ(FailureOf([&] { database_.GetScaleIntervalsFromDB("Letters"); }).Number(), 13);
   EXPECT_EQ(FailureOf([&] { database_.GetScaleIntervalsFromDB("Inner"); }).Number(), 13);
   EXPECT_EQ(FailureOf([&] { database_.GetScaleNotes(0, "Letters"); }).Number(), 13);
 }
 
-TEST_F(ScaleQuestions, GiveTheWrappedNotesOfANamedScale) {
+TEST_F(ScaleQueries, GiveTheWrappedNotesOfANamedScale) {
   EXPECT_THAT(database_.GetScaleNotes(14, "Major"), ElementsAre("D", "E", "F#", "G", "A", "B", "C#"));
 }
 
-TEST_F(ScaleQuestions, ShowTheFailedConnectionAndThenThrow) {
+TEST_F(ScaleQueries, ShowTheFailedConnectionAndThenThrow) {
   std::filesystem::remove(folder_.Path());
   EXPECT_EQ(FailureOf([&] { database_.GetScaleIntervalsFromDB("Major"); }).Number(), 3709);
   EXPECT_EQ(FailureOf([&] { database_.GetScaleNotes(0, "Major"); }).Number(), 3709);
@@ -186,14 +186,14 @@ TEST_F(ScaleQuestions, ShowTheFailedConnectionAndThenThrow) {
   EXPECT_EQ(msgBox_.Texts(), words + words);
 }
 
-TEST_F(ScaleQuestions, GiveThePatternOfANumberedScaleAsItStands) {
+TEST_F(ScaleQueries, GiveThePatternOfANumberedScaleAsItStands) {
   EXPECT_EQ(database_.GetScaleIntervalsByID(7), "66");
   EXPECT_EQ(database_.GetScaleIntervalsByID(5), "  2212221 ");
   EXPECT_EQ(database_.GetScaleIntervalsByID(4), "22x");
   EXPECT_THAT(msgBox_.Messages(), IsEmpty());
 }
 
-TEST_F(ScaleQuestions, ReplaceTheSharedConnectionAndRecordSet) {
+TEST_F(ScaleQueries, ReplaceTheSharedConnectionAndRecordSet) {
   database_.OpenShared();
   const auto connection = database_.ScaleConnection();
   const auto records = database_.ScaleRecordset();
@@ -203,24 +203,24 @@ TEST_F(ScaleQuestions, ReplaceTheSharedConnectionAndRecordSet) {
   EXPECT_EQ(Lines(*database_.ScaleRecordset(), {"ScaleID", "ScaleName"}), "7 | O'Neil\n");
 }
 
-TEST_F(ScaleQuestions, SayNumberAndWordsForANumberWithoutAScale) {
+TEST_F(ScaleQueries, SayNumberAndWordsForANumberWithoutAScale) {
   EXPECT_EQ(database_.GetScaleIntervalsByID(99), "");
   EXPECT_THAT(msgBox_.Messages(), ElementsAre(Message{kNoRecordMessage, MsgBoxStyle::kCritical, ""}));
 }
 
-TEST_F(ScaleQuestions, SayNumberAndWordsForANullPatternOfANumberedScale) {
+TEST_F(ScaleQueries, SayNumberAndWordsForANullPatternOfANumberedScale) {
   EXPECT_EQ(database_.GetScaleIntervalsByID(2), "");
   EXPECT_THAT(msgBox_.Messages(), ElementsAre(Message{"94: Invalid use of Null", MsgBoxStyle::kCritical, ""}));
 }
 
-TEST_F(ScaleQuestions, SayTheLastFailureOnceWhenTheFileOfANumberedScaleIsMissing) {
+TEST_F(ScaleQueries, SayTheLastFailureOnceWhenTheFileOfANumberedScaleIsMissing) {
   std::filesystem::remove(folder_.Path());
   EXPECT_EQ(database_.GetScaleIntervalsByID(7), "");
   EXPECT_THAT(msgBox_.Messages(), ElementsAre(Message{"3704: Operation is not allowed when the object is closed.",
                                                       MsgBoxStyle::kCritical, ""}));
 }
 
-TEST_F(ScaleQuestions, CostOneStatementByName) {
+TEST_F(ScaleQueries, CostOneStatementByName) {
   const std::uint64_t before = Connection::StatementsIssued();
   database_.GetScaleIntervalsFromDB("Major");
   EXPECT_EQ(Connection::StatementsIssued() - before, 1U);

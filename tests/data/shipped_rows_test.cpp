@@ -31,9 +31,9 @@ std::string ContentOf(const std::string& path) {
 }
 
 std::uint64_t Mark(std::initializer_list<std::string_view> fields) {
-  RowMark mark;
-  for (const std::string_view field : fields) mark.Add(field);
-  return mark.Get();
+  RowHash hash;
+  for (const std::string_view field : fields) hash.Add(field);
+  return hash.Get();
 }
 
 /// Three rows of kFourScales in another version: one with a new name, one with a new description, and one whose new
@@ -45,7 +45,7 @@ std::array<ShippedRow, 3> Rows() {
       {Mark({"Minor triad", "2", "Sad.", "C", "345", "1"}), "Major", "Three notes."},
   }};
   std::sort(rows.begin(), rows.end(),
-            [](const ShippedRow& a, const ShippedRow& b) { return a.earlierMark < b.earlierMark; });
+            [](const ShippedRow& a, const ShippedRow& b) { return a.earlierHash < b.earlierHash; });
   return rows;
 }
 
@@ -170,14 +170,14 @@ TEST(ShippedRows, OfTheProgramAreInOrderAndKnowTheFirstRow) {
   const std::span<const ShippedRow> rows = ShippedRows();
   ASSERT_GT(rows.size(), 100U);
   EXPECT_TRUE(std::is_sorted(rows.begin(), rows.end(),
-                             [](const ShippedRow& a, const ShippedRow& b) { return a.earlierMark < b.earlierMark; }));
+                             [](const ShippedRow& a, const ShippedRow& b) { return a.earlierHash < b.earlierHash; }));
   const std::uint64_t major =
       Mark({"Major", "1",
             "The measure by which Western music names everything else: bright, settled and singable. As a mode it is "
             "called Ionian; its sixth note starts the relative minor.",
             "C", "2212221", "0"});
   const auto found =
-      std::find_if(rows.begin(), rows.end(), [&](const ShippedRow& row) { return row.earlierMark == major; });
+      std::find_if(rows.begin(), rows.end(), [&](const ShippedRow& row) { return row.earlierHash == major; });
   ASSERT_NE(found, rows.end());
   EXPECT_EQ(found->name, "Major");
 }

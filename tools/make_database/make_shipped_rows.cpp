@@ -2,7 +2,7 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // tonalith_make_shipped_rows <table-folder> <output.cpp>: writes the rows of the library that differ from those of an
-// earlier version, as C++ source. marks_1_0.tsv contains hashes of the earlier rows, earlier_rows.tsv their current
+// earlier version, as C++ source. row_hashes_1_0.tsv contains hashes of the earlier rows, earlier_rows.tsv their current
 // names. Exit status 0: success. 1: a table is malformed; prints one line. 2: wrong arguments.
 
 #include <exception>
@@ -45,22 +45,22 @@ std::string Literal(const std::string& text) {
 }
 
 void Make(const std::string& folder, const std::string& output) {
-  const auto marks = ReadPairs(folder + "/marks_1_0.tsv");
+  const auto hashes = ReadPairs(folder + "/row_hashes_1_0.tsv");
   std::map<std::string, make_database::ScaleRow> currentRows;
   for (const auto& row : make_database::ReadScaleTables(folder).scales) currentRows[row.scaleName] = row;
-  std::map<std::string, const make_database::ScaleRow*> byMark;
+  std::map<std::string, const make_database::ScaleRow*> byHash;
   for (const auto& [before, now] : ReadPairs(folder + "/earlier_rows.tsv")) {
-    const auto mark = marks.find(before);
+    const auto hash = hashes.find(before);
     const auto row = currentRows.find(now);
-    if (mark == marks.end()) throw make_database::TableFailure({folder, 0}, "'" + before + "' has no mark");
+    if (hash == hashes.end()) throw make_database::TableFailure({folder, 0}, "'" + before + "' has no hash");
     if (row == currentRows.end()) throw make_database::TableFailure({folder, 0}, "there is no row '" + now + "'");
-    byMark[mark->second] = &row->second;
+    byHash[hash->second] = &row->second;
   }
   std::ofstream source(output);
   source << "#include <array>\n#include \"data/shipped_rows.h\"\nnamespace tonalith::data {\nnamespace {\n"
-         << "constexpr std::array<ShippedRow, " << byMark.size() << "> kRows = {{\n";
-  for (const auto& [mark, row] : byMark) {
-    source << "{0x" << mark << "U, " << Literal(row->scaleName) << ", " << Literal(row->scaleDescription) << "},\n";
+         << "constexpr std::array<ShippedRow, " << byHash.size() << "> kRows = {{\n";
+  for (const auto& [hash, row] : byHash) {
+    source << "{0x" << hash << "U, " << Literal(row->scaleName) << ", " << Literal(row->scaleDescription) << "},\n";
   }
   source << "}};\n}\nstd::span<const ShippedRow> ShippedRows() { return kRows; }\n}\n";
   if (!source.flush()) throw make_database::TableFailure({output, 0}, "the source cannot be written");

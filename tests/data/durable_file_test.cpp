@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "data/kept_file.h"
+#include "data/durable_file.h"
 
 #include <gtest/gtest.h>
 
@@ -15,31 +15,31 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(KeptFile, GetsASecondNameBesideItsOwn) {
+TEST(DurableFile, GetsASecondNameBesideItsOwn) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("tune.mdb", "la");
-  EXPECT_EQ(KeepBeside(path, " (old)"), folder / "tune (old).mdb");
+  EXPECT_EQ(LinkOrCopyWithLabel(path, " (old)"), folder / "tune (old).mdb");
   EXPECT_EQ(jet::ContentOfFile(folder / "tune (old).mdb"), "la");
   EXPECT_EQ(jet::ContentOfFile(path), "la");
 }
 
-TEST(KeptFile, KeepsItsNameWhenItIsKeptAlready) {
+TEST(DurableFile, KeepsItsNameWhenItIsKeptAlready) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("tune.mdb", "la");
-  EXPECT_EQ(KeepBeside(path, " (old)"), folder / "tune (old).mdb");
-  EXPECT_EQ(KeepBeside(path, " (old)"), folder / "tune (old).mdb");
+  EXPECT_EQ(LinkOrCopyWithLabel(path, " (old)"), folder / "tune (old).mdb");
+  EXPECT_EQ(LinkOrCopyWithLabel(path, " (old)"), folder / "tune (old).mdb");
 }
 
-TEST(KeptFile, NeverTakesTheNameOfAnotherFile) {
+TEST(DurableFile, NeverTakesTheNameOfAnotherFile) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("tune.mdb", "la");
   const std::string other = folder.Write("tune (old).mdb", "do");
   fs::create_directory(folder / "tune (old) 2.mdb");
-  EXPECT_EQ(KeepBeside(path, " (old)"), folder / "tune (old) 3.mdb");
+  EXPECT_EQ(LinkOrCopyWithLabel(path, " (old)"), folder / "tune (old) 3.mdb");
   EXPECT_EQ(jet::ContentOfFile(other), "do");
 }
 
-TEST(KeptFile, IsCopiedWhole) {
+TEST(DurableFile, IsCopiedWhole) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("tune.mdb", std::string(100'000, 'x'));
   const std::string copy = folder / "copy.mdb";
@@ -50,7 +50,7 @@ TEST(KeptFile, IsCopiedWhole) {
             "The file '" + copy + "' cannot be made: File exists.");
 }
 
-TEST(KeptFile, IsReplacedByAnotherUnderItsName) {
+TEST(DurableFile, IsReplacedByAnotherUnderItsName) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("tune.mdb", "la");
   ReplaceDurably(folder.Write("new.mdb", "do"), path);
@@ -58,16 +58,16 @@ TEST(KeptFile, IsReplacedByAnotherUnderItsName) {
   EXPECT_FALSE(fs::exists(folder / "new.mdb"));
 }
 
-TEST(KeptFile, IsGivenUpInWordsWhenAnotherHoldsItForTooLong) {
+TEST(DurableFile, IsGivenUpInWordsWhenAnotherHoldsItForTooLong) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("library.mdb", "Jet");
   {
-    const FileHold other(path);
-    const core::Failure failure = FailureOf([&] { const FileHold hold(path, std::chrono::milliseconds(120)); });
+    const FileLock other(path);
+    const core::Failure failure = FailureOf([&] { const FileLock lock(path, std::chrono::milliseconds(120)); });
     EXPECT_EQ(failure.Description(), "Could not use '" + path + "'; file already in use.");
   }
-  EXPECT_NO_THROW(FileHold(path, std::chrono::milliseconds(0)));
-  EXPECT_LE(kHoldPatience, std::chrono::seconds(10));
+  EXPECT_NO_THROW(FileLock(path, std::chrono::milliseconds(0)));
+  EXPECT_LE(kLockTimeout, std::chrono::seconds(10));
 }
 
 }  // namespace

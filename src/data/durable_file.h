@@ -13,7 +13,7 @@ namespace tonalith::data {
 
 /// Gives the file a second name beside it: its own with `label` before the ending, and with a number where that name is
 /// taken by something else. Gives that name back. Where the file system knows no second names, it is a copy.
-std::string KeepBeside(const std::string& path, const std::string& label);
+std::string LinkOrCopyWithLabel(const std::string& path, const std::string& label);
 
 /// A copy that is there completely or not at all. Throws when there is a file of the new name.
 void CopyDurably(const std::string& from, const std::string& to);
@@ -22,16 +22,16 @@ void CopyDurably(const std::string& from, const std::string& to);
 void ReplaceDurably(const std::string& from, const std::string& to);
 
 /// How long a program that shows nothing yet may wait for another.
-inline constexpr std::chrono::milliseconds kHoldPatience{10'000};
+inline constexpr std::chrono::milliseconds kLockTimeout{10'000};
 
 /// Holds a file against others who hold it so, from construction to destruction. Waits for them as long as it may, and
 /// then fails as with any file that is in use. A file system without locks counts as held.
-class FileHold {
+class FileLock {
  public:
-  explicit FileHold(const std::string& path, std::chrono::milliseconds patience = kHoldPatience);
-  ~FileHold();
-  FileHold(const FileHold&) = delete;
-  FileHold& operator=(const FileHold&) = delete;
+  explicit FileLock(const std::string& path, std::chrono::milliseconds timeout = kLockTimeout);
+  ~FileLock();
+  FileLock(const FileLock&) = delete;
+  FileLock& operator=(const FileLock&) = delete;
 
  private:
   int descriptor_;

@@ -12,7 +12,7 @@
 #include <string>
 
 #include "data/data_fixture.h"
-#include "data/kept_file.h"
+#include "data/durable_file.h"
 #include "jet/jet_fixture.h"
 #include "support/refused_calls.h"
 
@@ -29,20 +29,20 @@ std::string WithoutLinks(int error, const std::function<std::string()>& step) {
 #endif
 }
 
-class KeptCopy : public testing::Test {
+class DurableCopy : public testing::Test {
  protected:
   void SetUp() override {
     if (!tests::CanRefuseCalls()) GTEST_SKIP() << "this system does not let a process refuse its own calls";
   }
   [[nodiscard]] std::string Keep(int error = EPERM) const {
-    return WithoutLinks(error, [this] { return KeepBeside(path_, " (old)"); });
+    return WithoutLinks(error, [this] { return LinkOrCopyWithLabel(path_, " (old)"); });
   }
 
   tests::TempFolder folder_;
   std::string path_ = folder_.Write("tune.mdb", "la");
 };
 
-TEST_F(KeptCopy, StandsBesideTheFileWithAllThatIsInIt) {
+TEST_F(DurableCopy, StandsBesideTheFileWithAllThatIsInIt) {
   for (const int error : {EPERM, EOPNOTSUPP, EMLINK}) {
     fs::remove(folder_ / "tune (old).mdb");
     EXPECT_EQ(Keep(error), folder_ / "tune (old).mdb");
@@ -52,25 +52,25 @@ TEST_F(KeptCopy, StandsBesideTheFileWithAllThatIsInIt) {
   }
 }
 
-TEST_F(KeptCopy, IsMadeOnce) {
+TEST_F(DurableCopy, IsMadeOnce) {
   EXPECT_EQ(Keep(), folder_ / "tune (old).mdb");
   EXPECT_EQ(Keep(), folder_ / "tune (old).mdb");
   EXPECT_FALSE(fs::exists(folder_ / "tune (old) 2.mdb"));
 }
 
-TEST_F(KeptCopy, LeavesAnotherFileOfThatNameAsItIs) {
+TEST_F(DurableCopy, LeavesAnotherFileOfThatNameAsItIs) {
   const std::string other = folder_.Write("tune (old).mdb", "do");
   EXPECT_EQ(Keep(), folder_ / "tune (old) 2.mdb");
   EXPECT_EQ(jet::ContentOfFile(other), "do");
   EXPECT_EQ(jet::ContentOfFile(folder_ / "tune (old) 2.mdb"), "la");
 }
 
-TEST_F(KeptCopy, IsNotTriedWhenTheDiskHasNoRoom) {
+TEST_F(DurableCopy, IsNotTriedWhenTheDiskHasNoRoom) {
   EXPECT_EQ(Keep(ENOSPC), "The file '" + (folder_ / "tune (old).mdb") + "' cannot be made: No space left on device.");
   EXPECT_FALSE(fs::exists(folder_ / "tune (old).mdb"));
 }
 
-TEST_F(KeptCopy, LeavesNothingUnfinishedBehindWhenThereIsNothingToCopy) {
+TEST_F(DurableCopy, LeavesNothingUnfinishedBehindWhenThereIsNothingToCopy) {
   const std::string copy = folder_ / "copy.mdb";
   EXPECT_EQ(FailureOf([&] { CopyDurably(folder_ / "absent.mdb", copy); }).Description(),
             "The file '" + copy + "' cannot be made: No such file or directory.");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "data/kept_file.h"
+#include "data/durable_file.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -55,28 +55,28 @@ bool HasSameContent(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-std::string KeepBeside(const std::string& path, const std::string& label) {
+std::string LinkOrCopyWithLabel(const std::string& path, const std::string& label) {
   const fs::path file(path);
   for (int number = 1;; ++number) {
     std::string name = file.stem().string() + label;
     if (number > 1) name += " " + std::to_string(number);
-    std::string kept = (file.parent_path() / (name + file.extension().string())).string();
-    if (::link(path.c_str(), kept.c_str()) == 0) {
-      SyncFolderOf(kept);
-      return kept;
+    std::string backup = (file.parent_path() / (name + file.extension().string())).string();
+    if (::link(path.c_str(), backup.c_str()) == 0) {
+      SyncFolderOf(backup);
+      return backup;
     }
     if (errno == EEXIST) {
-      if (HasSameContent(path, kept)) return kept;
+      if (HasSameContent(path, backup)) return backup;
       continue;
     }
     if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS && errno != EMLINK) {
-      throw FileFailure(kept, "made", errno);
+      throw FileFailure(backup, "made", errno);
     }
-    if (!fs::exists(kept)) {
-      CopyDurably(path, kept);
-      return kept;
+    if (!fs::exists(backup)) {
+      CopyDurably(path, backup);
+      return backup;
     }
-    if (HasSameContent(path, kept)) return kept;
+    if (HasSameContent(path, backup)) return backup;
   }
 }
 
@@ -99,12 +99,12 @@ void ReplaceDurably(const std::string& from, const std::string& to) {
   SyncFolderOf(to);
 }
 
-FileHold::FileHold(const std::string& path, std::chrono::milliseconds patience)
+FileLock::FileLock(const std::string& path, std::chrono::milliseconds timeout)
     : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
   if (descriptor_ < 0) throw FileFailure(path, "opened", errno);
   // Nobody can see a program that has no window yet, so it must not wait for ever.
   constexpr auto kBetweenTries = std::chrono::milliseconds(50);
-  const auto end = std::chrono::steady_clock::now() + patience;
+  const auto end = std::chrono::steady_clock::now() + timeout;
   while (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR)) {
     if (std::chrono::steady_clock::now() >= end) {
       ::close(descriptor_);
@@ -114,6 +114,6 @@ FileHold::FileHold(const std::string& path, std::chrono::milliseconds patience)
   }
 }
 
-FileHold::~FileHold() { ::close(descriptor_); }
+FileLock::~FileLock() { ::close(descriptor_); }
 
 }  // namespace tonalith::data

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "data/kept_engine.h"
+#include "data/engine_cache.h"
 
 #include <filesystem>
 #include <system_error>
@@ -11,16 +11,16 @@
 
 namespace tonalith::data {
 
-KeptEngine::KeptEngine() = default;
+EngineCache::EngineCache() = default;
 
-KeptEngine::~KeptEngine() = default;
+EngineCache::~EngineCache() = default;
 
-void KeptEngine::Keep(Engine&& engine) {
+void EngineCache::Put(Engine&& engine) {
   if (!engine.IsReusable()) return;
   engine_ = std::make_shared<Engine>(std::move(engine));
 }
 
-std::shared_ptr<Engine> KeptEngine::Take(const std::string& dataSource, bool readOnly) {
+std::shared_ptr<Engine> EngineCache::Take(const std::string& dataSource, bool readOnly) {
   if (engine_ == nullptr) return nullptr;
   // Only one connection has it at a time.
   std::shared_ptr<Engine> engine = std::exchange(engine_, nullptr);

@@ -4,7 +4,7 @@
 // The questions by name use one open database for many connections. Each case changes the file between two questions
 // and expects what two connections of their own would give.
 
-#include "data/kept_engine.h"
+#include "data/engine_cache.h"
 
 #include <gmock/gmock.h>
 #include <sys/inotify.h>
@@ -58,11 +58,11 @@ class OpeningWatch {
   int notices_;
 };
 
-class KeptEngineTest : public testing::Test {
+class EngineCacheTest : public testing::Test {
  protected:
-  KeptEngineTest() { EXPECT_THAT(database_.GetScaleIntervalsFromDB("Minor triad"), ElementsAre(3, 4, 5)); }
+  EngineCacheTest() { EXPECT_THAT(database_.GetScaleIntervalsFromDB("Minor triad"), ElementsAre(3, 4, 5)); }
 
-  std::string MessageOfNextQuestion() {
+  std::string MessageOfNextQuery() {
     FailureOf([&] { database_.GetScaleIntervalsFromDB("Major"); });
     return msgBox_.Texts();
   }
@@ -72,7 +72,7 @@ class KeptEngineTest : public testing::Test {
   ScaleDatabase database_{folder_.Folder(), msgBox_};
 };
 
-TEST_F(KeptEngineTest, ServesTheNextConnectionWithoutOpeningTheFileAgain) {
+TEST_F(EngineCacheTest, ServesTheNextConnectionWithoutOpeningTheFileAgain) {
   const OpeningWatch watch(folder_.Path());
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Major"), ElementsAre(2, 2, 1, 2, 2, 2, 1));
   EXPECT_FALSE(watch.HasBeenOpened());
@@ -80,7 +80,7 @@ TEST_F(KeptEngineTest, ServesTheNextConnectionWithoutOpeningTheFileAgain) {
   EXPECT_TRUE(watch.HasBeenOpened());
 }
 
-TEST_F(KeptEngineTest, IsClosedToTheRecordSetsOfAClosedConnection) {
+TEST_F(EngineCacheTest, IsClosedToTheRecordSetsOfAClosedConnection) {
   const auto connection = database_.OpenScaleConnection();
   RecordSet records;
   records.Open("SELECT * FROM ScalesQuery", connection);
@@ -90,7 +90,7 @@ TEST_F(KeptEngineTest, IsClosedToTheRecordSetsOfAClosedConnection) {
   EXPECT_EQ(FailureOf([&] { connection->Close(); }).Number(), 3704);
 }
 
-TEST_F(KeptEngineTest, LeavesAnOpenTransactionToNobody) {
+TEST_F(EngineCacheTest, LeavesAnOpenTransactionToNobody) {
   const auto connection = database_.OpenScaleConnection();
   connection->BeginTrans();
   RecordSet records;
@@ -101,18 +101,18 @@ TEST_F(KeptEngineTest, LeavesAnOpenTransactionToNobody) {
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Major"), ElementsAre(2, 2, 1, 2, 2, 2, 1));
 }
 
-TEST_F(KeptEngineTest, SeesWhatAnotherConnectionWrote) {
+TEST_F(EngineCacheTest, SeesWhatAnotherConnectionWrote) {
   RunRaw(folder_.Path(), "UPDATE Scales SET ScaleIntervals = '66' WHERE ScaleName = 'Minor triad'");
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Minor triad"), ElementsAre(6, 6));
 }
 
-TEST_F(KeptEngineTest, ReportsAFileThatWasDeletedAndHoldsItNoLonger) {
+TEST_F(EngineCacheTest, ReportsAFileThatWasDeletedAndHoldsItNoLonger) {
   fs::remove(folder_.Path());
-  EXPECT_EQ(MessageOfNextQuestion(), "Database connection failed: Could not find file '" + folder_.Path() + "'.\n");
+  EXPECT_EQ(MessageOfNextQuery(), "Database connection failed: Could not find file '" + folder_.Path() + "'.\n");
   EXPECT_EQ(OpenFilesOf(folder_.Path()), 0);
 }
 
-TEST_F(KeptEngineTest, ReadsTheFileThatTookThePlaceOfTheOther) {
+TEST_F(EngineCacheTest, ReadsTheFileThatTookThePlaceOfTheOther) {
   const DatabaseFolder other(
       "INSERT INTO ScaleTypes VALUES (1, 10, 'Types');"
       "INSERT INTO Scales (ScaleName, ScaleTypeID, ScaleIntervals) VALUES ('Major', 1, '57')");
@@ -120,41 +120,41 @@ TEST_F(KeptEngineTest, ReadsTheFileThatTookThePlaceOfTheOther) {
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Major"), ElementsAre(5, 7));
 }
 
-TEST_F(KeptEngineTest, RefusesTheOtherFileThatTookItsPlace) {
+TEST_F(EngineCacheTest, RefusesTheOtherFileThatTookItsPlace) {
   fs::remove(folder_.Path());
   std::ofstream(folder_.Path()) << std::string(5000, 'x');
-  EXPECT_EQ(MessageOfNextQuestion(),
+  EXPECT_EQ(MessageOfNextQuery(),
             "Database connection failed: Unrecognized database format '" + folder_.Path() + "'.\n");
 }
 
-TEST_F(KeptEngineTest, RefusesTheFileOnceItIsCutOff) {
+TEST_F(EngineCacheTest, RefusesTheFileOnceItIsCutOff) {
   fs::resize_file(folder_.Path(), fs::file_size(folder_.Path()) - 1);
-  EXPECT_EQ(MessageOfNextQuestion(),
+  EXPECT_EQ(MessageOfNextQuery(),
             "Database connection failed: Unrecognized database format '" + folder_.Path() + "'.\n");
 }
 
-TEST_F(KeptEngineTest, RefusesTheFileOnceANewerVersionHasWrittenIt) {
+TEST_F(EngineCacheTest, RefusesTheFileOnceANewerVersionHasWrittenIt) {
   RunRaw(folder_.Path(), "PRAGMA user_version = 99");
-  EXPECT_THAT(MessageOfNextQuestion(), testing::HasSubstr("was made by a newer version of Tonalith"));
+  EXPECT_THAT(MessageOfNextQuery(), testing::HasSubstr("was made by a newer version of Tonalith"));
 }
 
-TEST_F(KeptEngineTest, RefusesAJournalThatIsAPipe) {
+TEST_F(EngineCacheTest, RefusesAJournalThatIsAPipe) {
   ASSERT_EQ(::mkfifo((folder_.Path() + "-journal").c_str(), 0600), 0);
-  EXPECT_EQ(MessageOfNextQuestion(),
+  EXPECT_EQ(MessageOfNextQuery(),
             "Database connection failed: The file '" + folder_.Path() + "-journal' cannot be opened: it is no file.\n");
 }
 
-TEST_F(KeptEngineTest, ReportsAFileThatAnotherProgramHolds) {
+TEST_F(EngineCacheTest, ReportsAFileThatAnotherProgramHolds) {
   {
     SQLite::Database other(folder_.Path(), SQLite::OPEN_READWRITE);
     other.exec("BEGIN EXCLUSIVE");
-    EXPECT_EQ(MessageOfNextQuestion(),
+    EXPECT_EQ(MessageOfNextQuery(),
               "Database connection failed: Could not use '" + folder_.Path() + "'; file already in use.\n");
   }
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Minor triad"), ElementsAre(3, 4, 5));
 }
 
-TEST_F(KeptEngineTest, IsNoHindranceToAWriter) {
+TEST_F(EngineCacheTest, IsNoHindranceToAWriter) {
   SQLite::Database other(folder_.Path(), SQLite::OPEN_READWRITE);
   EXPECT_NO_THROW(other.exec("BEGIN EXCLUSIVE; DELETE FROM Scales; COMMIT"));
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Major"), IsEmpty());

@@ -15,15 +15,15 @@ namespace tonalith::data {
 
 class Engine;
 
-class KeptEngine {
+class EngineCache {
  public:
-  KeptEngine();
-  ~KeptEngine();
-  KeptEngine(const KeptEngine&) = delete;
-  KeptEngine& operator=(const KeptEngine&) = delete;
+  EngineCache();
+  ~EngineCache();
+  EngineCache(const EngineCache&) = delete;
+  EngineCache& operator=(const EngineCache&) = delete;
 
   /// Takes over what an engine holds, where that can be used again.
-  void Keep(Engine&& engine);
+  void Put(Engine&& engine);
   /// An engine on the file that `dataSource` names, or nullptr where there is none that can be used. Throws as opening
   /// does when another program holds the file.
   std::shared_ptr<Engine> Take(const std::string& dataSource, bool readOnly);
