@@ -14,7 +14,7 @@
 namespace tonalith::data {
 namespace {
 
-// Keywords that are understood and change nothing here.
+// Keywords that are accepted and ignored.
 constexpr std::array<std::string_view, 5> kWithoutEffect = {"Persist Security Info", "Extended Properties",
                                                             "Locale Identifier", "Window Handle", "OLE DB Services"};
 constexpr std::array<std::string_view, 8> kWithEffect = {"Provider", "Data Source", "DataSource", "Mode",
@@ -51,8 +51,8 @@ std::string TakeQuoted(std::string_view& rest, char quote) {
   return value;
 }
 
-// A folder's name may hold a semicolon and stand there without quotes: what follows the semicolon and is no setting
-// still belongs to the value.
+// The name of a folder may contain a semicolon without quotes: text after the semicolon that is not a setting belongs
+// to the value.
 std::string TakePlain(std::string_view& rest, std::size_t from = 0) {
   std::size_t end = std::min(rest.find(';', from), rest.size());
   while (end < rest.size()) {
@@ -65,8 +65,8 @@ std::string TakePlain(std::string_view& rest, std::size_t from = 0) {
   return value;
 }
 
-// A folder's name may also look like a setting. No other setting holds a path separator, so the path reaches beyond the
-// last one.
+// The name of a folder may also look like a setting. No other setting contains a path separator, so the path includes
+// the last separator.
 std::string TakePlainPath(std::string_view& rest) {
   const std::size_t separator = rest.rfind(core::kPathSeparator);
   return TakePlain(rest, separator == std::string_view::npos ? 0 : separator);

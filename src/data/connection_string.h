@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What a connection string says, and the string that says it. Keywords come in any case and order, values may be quoted
-// with either kind of quote. A path without quotes may hold anything, even what looks like a setting. Plain values and
-// pure functions; a string that cannot be understood throws in words.
+// Parses and formats connection strings. Keywords are accepted in any case and order, values in either kind of quotes.
+// A path without quotes may contain any text, even text that looks like a setting. Pure functions.
 
 #pragma once
 
@@ -20,10 +19,11 @@ struct ConnectionSettings {
   bool isReadOnly = false;
 };
 
-/// Reads a connection string. Text that does not begin with a known keyword and "=" is the path of the data source.
+/// Text that does not start with a known keyword and "=" is the path of the data source. Throws for an unknown setting
+/// or mode and for malformed quotes.
 ConnectionSettings ParseConnectionString(std::string_view text);
 
-/// The expanded form: every setting with its keyword, values quoted where they have to be. Never holds the password.
+/// The expanded form: every setting with its keyword, values quoted if needed. Never contains the password.
 std::string ExpandedConnectionString(const ConnectionSettings& settings);
 
 }  // namespace tonalith::data

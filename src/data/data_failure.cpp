@@ -56,16 +56,16 @@ Failure NoTransaction() { return {number::kNoTransaction, "No transaction is act
 Failure TransactionActive() {
   return {number::kTransactionActive, "Only one transaction can be active on a connection."};
 }
-Failure SyntaxError(const std::string& words) { return {number::kSyntax, words}; }
+Failure SyntaxError(const std::string& description) { return {number::kSyntax, description}; }
 
 namespace {
 
-Failure FromStatementError(const std::string& words, const std::string& path) {
+Failure FromStatementError(const std::string& message, const std::string& path) {
   static constexpr std::string_view kNoTable = "no such table: ";
   static constexpr std::string_view kNoField = "no such column: ";
   static constexpr std::string_view kCannotModify = "cannot modify ";
-  static constexpr std::string_view kViewOfOthers = "access to view \"";
-  const std::string_view text = words;
+  static constexpr std::string_view kForeignView = "access to view \"";
+  const std::string_view text = message;
   if (text.starts_with(kNoTable)) {
     return {number::kUnknownTable, "The database '" + path + "' has no table or stored query '" +
                                        std::string(text.substr(kNoTable.size())) + "'."};
@@ -74,30 +74,30 @@ Failure FromStatementError(const std::string& words, const std::string& path) {
     return {number::kUnknownField, "There is no field '" + std::string(text.substr(kNoField.size())) + "'."};
   }
   if (text.starts_with(kCannotModify)) return UpdatingNotSupported();
-  if (text.starts_with(kViewOfOthers)) {
-    const std::string_view rest = text.substr(kViewOfOthers.size());
+  if (text.starts_with(kForeignView)) {
+    const std::string_view rest = text.substr(kForeignView.size());
     return ViewAsTable(path, std::string(rest.substr(0, rest.find('"'))));
   }
-  return SyntaxError("Syntax error in the statement: " + words + ".");
+  return SyntaxError("Syntax error in the statement: " + message + ".");
 }
 
-Failure FromConstraint(int extendedCode, const std::string& words) {
+Failure FromConstraint(int extendedCode, const std::string& message) {
   switch (extendedCode) {
     case SQLITE_CONSTRAINT_TRIGGER:
-      return Failure::Unspecified(words);
+      return Failure::Unspecified(message);
     case SQLITE_CONSTRAINT_PRIMARYKEY:
     case SQLITE_CONSTRAINT_ROWID:
     case SQLITE_CONSTRAINT_UNIQUE:
       return Failure::Unspecified("The record was not saved, because another record has the same key.");
     default:
-      return Failure::Unspecified("The record was not saved: " + words + ".");
+      return Failure::Unspecified("The record was not saved: " + message + ".");
   }
 }
 
 }  // namespace
 
 Failure FromEngine(const SQLite::Exception& exception, const std::string& path) {
-  const std::string words = exception.what();
+  const std::string message = exception.what();
   const int code = exception.getErrorCode() & 0xFF;
   switch (code) {
     case SQLITE_BUSY:
@@ -125,11 +125,11 @@ Failure FromEngine(const SQLite::Exception& exception, const std::string& path) 
     case SQLITE_MISMATCH:
       return Failure::TypeMismatch();
     case SQLITE_CONSTRAINT:
-      return FromConstraint(exception.getExtendedErrorCode(), words);
+      return FromConstraint(exception.getExtendedErrorCode(), message);
     case SQLITE_ERROR:
-      return FromStatementError(words, path);
+      return FromStatementError(message, path);
     default:
-      return Failure::Unspecified("The database '" + path + "' reports: " + words + ".");
+      return Failure::Unspecified("The database '" + path + "' reports: " + message + ".");
   }
 }
 

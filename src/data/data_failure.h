@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The failures of the data layer: their numbers, one maker for each, and the translation of what the database engine
-// reports into words that name the file. Every maker returns a Failure for the caller to throw. Pure
-// functions; any thread.
+// The failures of this room: their numbers, a factory function for each, and the translation of the errors of the
+// database engine into descriptions with the file name. The functions return the Failure; the caller throws it. Any
+// thread.
 
 #pragma once
 
@@ -47,9 +47,9 @@ class FieldTooLong : public core::Failure {
 
 core::Failure NoCurrentRecord();
 core::Failure NotAllowedHere();
-/// The record set takes no changes: read-only lock, or rows that cannot be told apart by a key.
+/// The record set is read-only: its lock type, or rows without a key.
 core::Failure UpdatingNotSupported();
-/// The record set cannot do this move or has no bookmarks.
+/// The record set does not support this move or bookmarks.
 core::Failure OperationNotSupported();
 core::Failure UnknownItem();
 core::Failure ObjectClosed();
@@ -60,16 +60,16 @@ core::Failure InvalidBookmark();
 core::Failure RowVanished();
 /// Another connection has changed the row since it was read.
 core::Failure RowChanged();
-/// The user has decided against the operation; there is nothing to report.
+/// The user has cancelled the operation; it is not reported.
 core::Failure Cancelled();
-/// The engine has no number left to give to a new row.
+/// The engine has no row number left for a new row.
 core::Failure NumbersUsedUp(const std::string& path);
 core::Failure ViewAsTable(const std::string& path, const std::string& table);
 core::Failure NoTransaction();
 core::Failure TransactionActive();
-core::Failure SyntaxError(const std::string& words);
+core::Failure SyntaxError(const std::string& description);
 
-/// What the engine reported about the file at `path`. A refusal by the stored query keeps the words of its trigger.
+/// The error of the engine for the file at `path`. An error raised by a trigger of the stored query keeps its text.
 core::Failure FromEngine(const SQLite::Exception& exception, const std::string& path);
 
 }  // namespace tonalith::data

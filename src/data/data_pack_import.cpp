@@ -27,8 +27,8 @@ bool EndsAround(std::string_view name, std::string_view prefix, std::string_view
          SameName(name.substr(name.size() - ending.size()), ending);
 }
 
-// The pattern DataPack_*.mdb, by the file system's own rule on letter case: a name that fits in other letters does so
-// if the system finds the file under the pattern's letters too.
+// The pattern DataPack_*.mdb, with the case rule of the file system: a name in another case matches if the system also
+// finds the file in the case of the pattern.
 bool MatchesPattern(const fs::path& file) {
   const std::string name = file.filename().string();
   if (!EndsAround(name, kPackPrefix, kPackEnding)) return false;
@@ -91,9 +91,9 @@ void DataPackImport::ImportDataPack(const std::string& path) {
     isStopped_ = true;
   } catch (const std::exception&) {
     const core::Failure failure = core::Failure::FromCurrentException();
-    core::DeferredFailure passedOver;
-    passedOver.Try([&] { merge.Rollback(); });
-    passedOver.Clear();
+    core::DeferredFailure ignored;
+    ignored.Try([&] { merge.Rollback(); });
+    ignored.Clear();
     msgBox_.Show("Error importing " + path + "\n" + failure.Description(), core::MsgBoxStyle::kCritical);
   }
   merge.Close();

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The unit modDataPackImport: merges the packs in the program's folder into the main database. A scale type is known by
-// its number, a scale by its name; what the main database has already is left as it is. One pack is one transaction on
-// connections of its own: it arrives whole or not at all, and a pack that fails leaves the others. Packs are only read.
-// The main database is found through the current directory. Every pack ends in one message. User-interface thread; used
-// by one caller at a time.
+// The unit modDataPackImport: merges the packs in the program's folder into the main database. A scale type is
+// identified by its number, a scale by its name; existing rows are not changed. Each pack is one transaction on
+// separate connections: it is imported completely or not at all, and a failed pack does not affect the others. Packs
+// are only read. The main database is found through the current directory. Each pack ends in one message.
+// User-interface thread.
 
 #pragma once
 
@@ -23,8 +23,8 @@ namespace tonalith::data {
 /// The rows between two calls of DataPackObserver::ImportProgress.
 inline constexpr std::int64_t kRowsPerProgress = 256;
 
-/// What an observer throws to end an import: what is under way is rolled back, no message is shown, and no further pack
-/// is tried.
+/// Thrown by an observer to stop an import: the current pack is rolled back, no message is shown, and no further pack
+/// is imported.
 class ImportStopped : public std::exception {
  public:
   [[nodiscard]] const char* what() const noexcept override { return "the import was stopped"; }
@@ -34,11 +34,11 @@ class ImportStopped : public std::exception {
 class DataPackObserver {
  public:
   virtual ~DataPackObserver() = default;
-  /// After each pack: packs were imported, and what the window shows may be out of date.
+  /// Called after each pack: the content of the window may be out of date.
   virtual void DataPackDone() = 0;
-  /// `rows` of a Jet pack are read, none of them is merged yet. May throw ImportStopped.
+  /// `rows` of a Jet pack are read and not merged yet. May throw ImportStopped.
   virtual void ReadingProgress(const std::string& /*path*/, std::int64_t /*rows*/) {}
-  /// `rows` of the pack are merged; a transaction is under way. May throw ImportStopped.
+  /// `rows` of the pack are merged; a transaction is open. May throw ImportStopped.
   virtual void ImportProgress(const std::string& path, std::int64_t rows) = 0;
 };
 
@@ -47,17 +47,17 @@ bool FieldExists(const RecordSet& recordset, std::string_view name);
 
 class DataPackImport {
  public:
-  /// `appFolder` without a separator at its end. The ports outlive this.
+  /// `appFolder` without a separator at its end.
   DataPackImport(std::string appFolder, core::MsgBox& msgBox, DataPackObserver& observer);
 
-  /// Imports every pack in the folder DataPacks and gives their paths, in the order of the file system. No folder is no
-  /// packs. Throws when the folder cannot be listed.
+  /// Imports every pack in the folder DataPacks and returns their paths, in the order of the file system. A missing
+  /// folder is like an empty one. Throws if the folder cannot be listed.
   std::vector<std::string> GetAvailableDataPacks();
 
-  /// Imports one pack. Whatever fails is shown, not thrown.
+  /// Imports one pack. Failures are shown, not thrown.
   void ImportDataPack(const std::string& path);
 
-  /// What has been imported so far: packs that arrived, and the scales that they have added.
+  /// Imported packs and added scales so far.
   struct Totals {
     std::int64_t packs = 0;
     std::int64_t scales = 0;
@@ -66,7 +66,7 @@ class DataPackImport {
   /// Whether the observer has stopped the import.
   [[nodiscard]] bool IsStopped() const { return isStopped_; }
 
-  /// The pack that GetAvailableDataPacks has come to.
+  /// The current pack of GetAvailableDataPacks.
   [[nodiscard]] const std::string& CurrentPack() const { return currentPack_; }
 
  private:

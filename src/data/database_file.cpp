@@ -29,7 +29,7 @@ core::Failure CannotBeOpened(const std::string& path, const std::string& reason)
   return core::Failure::Unspecified("The file '" + path + "' cannot be opened: " + reason + ".");
 }
 
-// What the engine keeps beside a database it opens whatever it is, and waits at a pipe until somebody writes to it.
+// The engine opens these files of any kind and would block on a pipe.
 void RequireOrdinaryCompanions(const std::string& path) {
   for (const char* ending : {"-journal", "-wal"}) {
     struct stat status {};

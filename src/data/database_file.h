@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The look at a file before the engine gets it: is it there, may it be read, does its content begin like a database.
-// Never creates or changes anything. Pure function of the file system; what is wrong is thrown in words.
+// Checks of a file before the engine opens it: that it exists, is readable, and starts like a database. Never creates
+// or changes anything.
 
 #pragma once
 
@@ -10,14 +10,13 @@
 
 namespace tonalith::data {
 
-/// The absolute path of the file that `dataSource` names, a relative one being found through the current directory.
-/// Throws when there is no such file, when it is no ordinary file or unreadable, when it is no database, and when the
-/// journal beside it is no ordinary file.
+/// The absolute path of the file `dataSource`; a relative path is resolved through the current directory. Throws if the
+/// file does not exist, is not a regular file, is unreadable or not a database, or if its journal is not a regular
+/// file.
 std::string RequireDatabaseFile(const std::string& dataSource);
 
-/// Throws when a file of the engine ends in the middle of a page: the engine takes a page whose rest is missing for one
-/// that holds zeros there. Nobody may be writing to it meanwhile. Does not open the file: closing it again would take
-/// the engine's locks away.
+/// Throws if a file of the engine ends within a page, because the engine reads the missing part as zeros. No other
+/// process may write to the file meanwhile. Does not open the file: closing it would release the locks of the engine.
 void RequireWholePages(const std::string& path, int pageSize);
 
 }  // namespace tonalith::data

@@ -36,7 +36,7 @@ void Sync(const std::string& path, int flags) {
   const int result = ::fsync(descriptor);
   const int error = errno;
   ::close(descriptor);
-  // EINVAL: the file system does not do this, for folders above all.
+  // EINVAL: the file system does not support this, in most cases for folders.
   if (result != 0 && error != EINVAL) throw FileFailure(path, "saved", error);
 }
 
@@ -102,7 +102,6 @@ void ReplaceDurably(const std::string& from, const std::string& to) {
 FileLock::FileLock(const std::string& path, std::chrono::milliseconds timeout)
     : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
   if (descriptor_ < 0) throw FileFailure(path, "opened", errno);
-  // Nobody can see a program that has no window yet, so it must not wait for ever.
   constexpr auto kBetweenTries = std::chrono::milliseconds(50);
   const auto end = std::chrono::steady_clock::now() + timeout;
   while (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR)) {

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Steps with files that hold through a crash: each is done before or after it, and what is done is on the disk when the
-// function returns. Pure functions of the file system. They fail by throwing core::Failure in words that name the file.
+// File operations that are atomic in case of a crash. When a function returns, its result is on the disk.
 
 #pragma once
 
@@ -11,21 +10,21 @@
 
 namespace tonalith::data {
 
-/// Gives the file a second name beside it: its own with `label` before the ending, and with a number where that name is
-/// taken by something else. Gives that name back. Where the file system knows no second names, it is a copy.
+/// Adds a hard link to the file in its folder: its name with `label` before the extension, and a number if another file
+/// has that name. Makes a copy if the file system has no hard links. Returns the new path.
 std::string LinkOrCopyWithLabel(const std::string& path, const std::string& label);
 
-/// A copy that is there completely or not at all. Throws when there is a file of the new name.
+/// Copies the file completely or not at all. Throws if `to` exists.
 void CopyDurably(const std::string& from, const std::string& to);
 
-/// Puts `from` in the place of `to`, which has the one content or the other at every moment.
+/// Renames `from` to `to`, which has either the old or the new content at any moment.
 void ReplaceDurably(const std::string& from, const std::string& to);
 
-/// How long a program that shows nothing yet may wait for another.
+/// How long the program may wait for another one while it has no window yet.
 inline constexpr std::chrono::milliseconds kLockTimeout{10'000};
 
-/// Holds a file against others who hold it so, from construction to destruction. Waits for them as long as it may, and
-/// then fails as with any file that is in use. A file system without locks counts as held.
+/// An advisory lock on a file for the current scope. Waits up to `timeout`, then throws the failure of a file in use.
+/// On a file system without locks it has no effect.
 class FileLock {
  public:
   explicit FileLock(const std::string& path, std::chrono::milliseconds timeout = kLockTimeout);

@@ -32,14 +32,15 @@ constexpr std::size_t kCachedStatements = 16;
 
 std::atomic<std::uint64_t> statementsIssued = 0;
 
-// Without a first byte, or with a zero there, a journal undoes nothing (SQLite database file format, section 3).
+// An empty journal, or one that starts with a zero byte, has nothing to roll back (SQLite database file format,
+// section 3).
 bool IsEmptyJournal(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   return file.is_open() && file.get() <= 0;
 }
 
-// A program that ended before its first write to the journal was complete leaves one that holds nothing to undo. The
-// engine passes over it. While this holds the file for writing, nobody else's journal can be in use.
+// A program that was killed before its first write to the journal was complete leaves a journal with nothing to roll
+// back, which the engine ignores. While this function has the write lock, no other connection uses the journal.
 void RemoveStaleJournal(SQLite::Database& database, const std::string& path) {
   const std::string journal = path + "-journal";
   if (!FileState::Of(journal)) return;
@@ -52,7 +53,7 @@ void RemoveStaleJournal(SQLite::Database& database, const std::string& path) {
   database.setBusyTimeout(kBusyMilliseconds);
 }
 
-// A statement is bound anew before each use, so it may point to what outlives only this one.
+// A statement is bound again before each use, so it may refer to a value that only outlives this use.
 void BindInPlace(SQLite::Statement& statement, int index, const core::Value& value) {
   if (const auto* const text = std::get_if<std::string>(&value.Raw())) {
     statement.bindNoCopy(index, *text);
@@ -61,7 +62,7 @@ void BindInPlace(SQLite::Statement& statement, int index, const core::Value& val
   }
 }
 
-// Gives a kept statement back in the state in which it can be used again, however its use ended.
+// Resets a cached statement at the end of the scope.
 class Reset {
  public:
   explicit Reset(SQLite::Statement& statement) : statement_(statement) {}
@@ -81,7 +82,7 @@ Engine::Engine(std::string path, bool readOnly, const std::function<void(std::in
     const std::optional<FileState> before = FileState::Of(path_);
     OpenFile(readOnly, whileReading);
     fileState_ = FileState::Of(path_);
-    // A file that changed meanwhile may not be the one that was opened.
+    // A file that was changed meanwhile may not be the one that was opened.
     if (fileState_ != before) fileState_.reset();
   } catch (const SQLite::Exception& exception) {
     throw FromEngine(exception, path_);
@@ -103,12 +104,12 @@ void Engine::OpenDatabase(bool readOnly, const std::function<void(std::int64_t r
 void Engine::OpenFile(bool readOnly, const std::function<void(std::int64_t rows)>& whileReading) {
   OpenDatabase(readOnly, whileReading);
   sqlite3* handle = database_->getHandle();
-  // A file may come from a stranger: no side effects out of its schema.
+  // The file is untrusted: its schema must not have side effects.
   sqlite3_db_config(handle, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-  // Nor a field that takes all memory: a calculated one needs no room in the file.
+  // A calculated field needs no space in the file and could use all memory.
   sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, kLongestField);
-  // The first look at the file brings it to order where a program ended while it wrote, and keeps others from writing.
+  // The first read rolls back a hot journal and prevents writes by others.
   database_->exec("BEGIN");
   const std::int32_t applicationId = database_->execAndGet("PRAGMA application_id").getInt();
   if (!isJetCopy_) RequireWholePages(path_, database_->execAndGet("PRAGMA page_size").getInt());
@@ -116,12 +117,12 @@ void Engine::OpenFile(bool readOnly, const std::function<void(std::int64_t rows)
   if (!isJetCopy_ && !readOnly) RemoveStaleJournal(*database_, path_);
   isScaleDatabase_ = applicationId == kApplicationId;
   UpgradeSchema(*database_, path_);
-  // A copy of a Jet file has no views but the one that we made.
+  // A copy of a Jet file has no views except our own.
   if (!isJetCopy_) guard_ = GuardSchema(*database_);
-  // A file that is only read has checks of its own, with words of their own.
+  // The import of packs checks files that are only read, with other messages.
   if (!readOnly && !guard_.viewAsTable.empty()) throw ViewAsTable(path_, guard_.viewAsTable);
   LimitStatements();
-  // In KiB: a record set keeps its own block of rows, so more would only hold memory.
+  // In KiB. Record sets cache their own rows, so more would waste memory.
   database_->exec("PRAGMA cache_size = -512");
 }
 
@@ -142,11 +143,11 @@ int Engine::OnProgress(void* engine) {
   return ProcessorMilliseconds() > static_cast<const Engine*>(engine)->deadline_ ? 1 : 0;
 }
 
-// The callback knows this object, so it is set again wherever the database moves to.
+// The callback has a pointer to this object, so a move sets it again.
 void Engine::LimitStatements() {
-  // One step may make a field of kLongestField, which takes some milliseconds.
+  // One step may create a field of kLongestField bytes, which takes some milliseconds.
   constexpr int kStepsBetweenChecks = 200;
-  // What reads a file from beginning to end has limits of its own.
+  // The import of packs, which opens files for reading, has its own limits.
   isLimited_ = !guard_.isOurs && !isOpenedForReading_;
   if (isLimited_) sqlite3_progress_handler(database_->getHandle(), kStepsBetweenChecks, &Engine::OnProgress, this);
 }
@@ -209,7 +210,7 @@ bool Engine::AreNumbersUsedUp() {
     numbers.bind(1, std::numeric_limits<std::int64_t>::max());
     return numbers.executeStep();
   } catch (const SQLite::Exception&) {
-    // A file without such a table, or one that cannot be read: not this cause.
+    // The table does not exist or cannot be read: the cause is another one.
     return false;
   }
 }
@@ -222,7 +223,7 @@ void Engine::Execute(const std::string& sql, std::span<const core::Value> bindin
 void Engine::RollBack() noexcept {
   if (!IsInTransaction()) return;
   ++changes_;
-  // Should this fail, the file's journal undoes the write when the file is opened next.
+  // If this fails, the journal undoes the write when the file is opened again.
   database_->tryExec("ROLLBACK");
 }
 
@@ -243,7 +244,7 @@ bool Engine::IsNumberedTable(const std::string& name) {
                                                   nullptr, nullptr, nullptr, nullptr);
   if (found != SQLITE_OK) return false;
   if (isScaleDatabase_) return true;
-  // A stranger's table may have a column of that very name, with anything in it.
+  // A foreign table may have a column of this name with any content.
   for (const std::string& column : ColumnNames("SELECT * FROM " + QuoteName(name))) {
     if (SameName(column, kRowNumber)) return false;
   }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The open database behind a connection: the one place of this room that runs statements. It keeps prepared statements
-// for reuse, counts what it is asked, and turns what goes wrong into failures that name the file. Private to the data
-// room; owned by its Connection, watched by the record sets; one thread.
+// The open database of a connection. It runs the statements, caches prepared ones, counts them, and converts errors
+// into failures with the file name. Private to this room. Owned by its Connection; record sets have weak pointers to
+// it.
 
 #pragma once
 
@@ -26,16 +26,16 @@
 
 namespace tonalith::data {
 
-/// What a statement calls the number that the engine itself gives to a row of a table.
+/// The column name of the row number that the engine assigns to each row of a table.
 inline constexpr const char* kRowNumber = "_rowid_";
-/// Milliseconds of computing that a statement may take in a file whose schema is not ours. Ours cannot ask for more
-/// than the file holds; a stranger's can ask for anything.
+/// Processor time in milliseconds for a statement on a file with a foreign schema, which may need time without end. The
+/// time of Tonalith's own schema is limited by the size of the file.
 inline constexpr int kForeignStatementMilliseconds = 500;
 
 class Engine {
  public:
-  /// Opens an existing file whose path is absolute, checks it and brings it to the present revision.
-  /// `whileReading` is called as OpenJetCopy calls it, for a Jet file alone.
+  /// Opens an existing file, checks it and upgrades it to the current revision. `path` is absolute. `whileReading`: see
+  /// OpenJetCopy.
   Engine(std::string path, bool readOnly, const std::function<void(std::int64_t rows)>& whileReading = {});
   Engine(Engine&& other) noexcept;
   Engine& operator=(Engine&&) = delete;
@@ -44,36 +44,36 @@ class Engine {
   [[nodiscard]] const std::string& Path() const { return path_; }
   [[nodiscard]] bool IsReadOnly() const;
   [[nodiscard]] bool IsOpenedForReading() const { return isOpenedForReading_; }
-  /// Whether another connection may have this one's place when it is closed: an ordinary file, between transactions.
+  /// Whether another connection may use this engine after its connection is closed: not a Jet file, no transaction.
   [[nodiscard]] bool IsReusable() const;
-  /// Whether the path leads to the file that was opened, unchanged since and with nothing beside it.
+  /// Whether the path still leads to the file that was opened, unchanged and without a journal.
   [[nodiscard]] bool IsFileAsOpened() const;
-  /// Throws as opening does when another program holds the file. Is not counted as a question.
+  /// Throws like opening if another program has the file locked. Not counted as a statement.
   void RequireFreeFile();
   [[nodiscard]] const SchemaGuard& Guard() const { return guard_; }
-  /// Bytes of a field that can be read or written from now on; gives the number that held before.
+  /// Sets the maximum size of a field in bytes, for reading and writing. Returns the previous maximum.
   int SetLongestField(int bytes);
-  /// Whether the file's header says that it is a scale database of this program.
+  /// Whether the header of the file has the application ID of Tonalith.
   [[nodiscard]] bool IsScaleDatabase() const { return isScaleDatabase_; }
 
-  /// Runs a statement and hands every row to `onRow`, which must not use the engine.
+  /// Runs a statement and passes every row to `onRow`, which must not use the engine.
   void Query(const std::string& sql, std::span<const core::Value> bindings,
              const std::function<void(SQLite::Statement&)>& onRow);
   /// Runs a statement that writes.
   void Execute(const std::string& sql, std::span<const core::Value> bindings = {});
-  /// Undoes the transaction that is under way, if there is one.
+  /// Rolls back the open transaction, if there is one.
   void RollBack() noexcept;
-  /// The names of the columns that a statement would give. Runs nothing.
+  /// The names of the result columns of a statement. Does not run it.
   std::vector<std::string> ColumnNames(const std::string& sql);
-  /// Whether `name` is a table whose rows have a number of the engine's own, which answers to kRowNumber.
+  /// Whether `name` is a table with row numbers of the engine in the column kRowNumber.
   bool IsNumberedTable(const std::string& name);
 
   [[nodiscard]] std::int64_t LastInsertedRow() const { return database_->getLastInsertRowid(); }
   [[nodiscard]] bool IsInTransaction() const;
-  /// Grows with every write through this engine, so that a record set knows when what it holds may be out of date.
+  /// Increases with every write through this engine, so that a record set knows when its rows may be out of date.
   [[nodiscard]] std::uint64_t Changes() const { return changes_; }
 
-  /// The engine's own code for how the latest statement ended.
+  /// The SQLite result code of the latest statement.
   [[nodiscard]] int LatestError() const { return database_->getErrorCode(); }
 
   static std::uint64_t StatementsIssued();
@@ -84,7 +84,7 @@ class Engine {
   void LimitStatements();
   void OpenDatabase(bool readOnly, const std::function<void(std::int64_t rows)>& whileReading);
   SQLite::Statement& Prepared(const std::string& sql);
-  /// Whether a table has given its highest number. The engine reports that as a full disk.
+  /// Whether a table has used its highest row number. The engine reports that as a full disk.
   bool AreNumbersUsedUp();
 
   std::string path_;
@@ -100,16 +100,16 @@ class Engine {
   std::uint64_t changes_ = 0;
 };
 
-/// Puts a value in the place of a statement's parameter; the first one is number 1.
+/// Binds a value to a parameter of a statement. `index` starts at 1.
 void BindValue(SQLite::Statement& statement, int index, const core::Value& value);
 
-/// The content of a column of the row on which its statement stands.
+/// The content of a column in the current row of its statement.
 core::Value ReadColumn(const SQLite::Column& column);
-/// The same into `value`, where a text takes the place of another without new memory.
+/// The same, stored in `value`, which reuses its memory for a text.
 void ReadColumn(const SQLite::Column& column, core::Value& value);
 
-/// A write that is whole or not at all. Takes the file for writing at once, unless a transaction is under way already,
-/// of which it then is a part. Undone by its destructor if Commit was not reached.
+/// An atomic write. Locks the file for writing at once, or joins a transaction that is already open. The destructor
+/// rolls back if Commit was not called.
 class WriteGuard {
  public:
   explicit WriteGuard(Engine& engine);

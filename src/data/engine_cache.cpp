@@ -22,7 +22,7 @@ void EngineCache::Put(Engine&& engine) {
 
 std::shared_ptr<Engine> EngineCache::Take(const std::string& dataSource, bool readOnly) {
   if (engine_ == nullptr) return nullptr;
-  // Only one connection has it at a time.
+  // An engine belongs to one connection at a time.
   std::shared_ptr<Engine> engine = std::exchange(engine_, nullptr);
   std::error_code error;
   const std::filesystem::path path = std::filesystem::absolute(dataSource, error).lexically_normal();

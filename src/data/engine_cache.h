@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The open database of a connection that was closed, kept for the next connection to the same file, because opening one
-// takes longer than a question to it. It is given out only while the file is the one that was checked when it was
-// opened: same place, same file, unchanged since, nothing beside it. Otherwise it is closed, and the next connection
-// opens and checks the file in full. Holds one database at a time. Private to the data room; one thread.
+// Caches the open database of a closed connection for the next connection to the same file, because opening takes
+// longer than a query. It is reused only if the path leads to the same file, unchanged and without a journal; otherwise
+// it is closed, and the next connection opens and checks the file again. Contains at most one database. Private to this
+// room.
 
 #pragma once
 
@@ -22,10 +22,10 @@ class EngineCache {
   EngineCache(const EngineCache&) = delete;
   EngineCache& operator=(const EngineCache&) = delete;
 
-  /// Takes over what an engine holds, where that can be used again.
+  /// Takes the database of an engine if it can be reused.
   void Put(Engine&& engine);
-  /// An engine on the file that `dataSource` names, or nullptr where there is none that can be used. Throws as opening
-  /// does when another program holds the file.
+  /// The cached engine for the file `dataSource`, or nullptr. Throws like opening if another program has the file
+  /// locked.
   std::shared_ptr<Engine> Take(const std::string& dataSource, bool readOnly);
 
  private:

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Which file stands at a path and in what state: equal states are the same file, neither written nor given other rights
-// in between. Private to the data room; any thread; never throws.
+// Identity and state of the file at a path: equal states mean the same file without a write or a change of permissions
+// in between. Private to this room. Any thread; never throws.
 
 #pragma once
 
@@ -17,7 +17,7 @@ namespace tonalith::data {
 
 class FileState {
  public:
-  /// Nothing where there is no file that can be reached.
+  /// std::nullopt if the file does not exist or cannot be reached.
   static std::optional<FileState> Of(const std::string& path) {
     struct stat status {};
     if (::stat(path.c_str(), &status) != 0) return std::nullopt;

@@ -37,14 +37,14 @@ constexpr std::size_t kMostNamed = 10;
 
 bool IsScaleTable(const std::string& name) { return SameName(name, "Scales") || SameName(name, "ScaleTypes"); }
 
-// The stored query is part of every scale database, and its triggers hold what the relationship between its two tables
-// asks for. That one bears the name that joins theirs.
+// Every scale database has the stored query, and its triggers enforce the relationship between the two tables, which is
+// named after both.
 bool HasEquivalent(const jet::JetObject& object) {
   if (object.kind == "stored query") return SameName(object.name, "ScalesQuery");
   return object.kind == "relationship" && SameName(object.name, "ScaleTypesScales");
 }
 
-// A column has its own way of holding a number, as text or with a fraction; what it says must be the same.
+// A column may store a number as text or as a fraction; the value must be equal.
 bool IsSameContent(const core::Value& given, const core::Value& stored) {
   const core::Value a = WithoutEmptyFraction(given);
   const core::Value b = WithoutEmptyFraction(stored);
@@ -60,7 +60,7 @@ std::string ReadBackStatement(const jet::JetTable& table) {
   return "SELECT " + columns + " FROM " + QuoteName(table.name) + " WHERE " + kRowNumber + " = ?";
 }
 
-// Fills an empty scale database with what a Jet file holds.
+// Fills an empty scale database with the content of a Jet file.
 class JetFiller : public jet::JetVisitor {
  public:
   JetFiller(SQLite::Database& database, std::string path, const std::function<void(ConversionStep)>& onStep)
@@ -91,7 +91,7 @@ class JetFiller : public jet::JetVisitor {
     try {
       writer_->Write(values);
     } catch (const SQLite::Exception& exception) {
-      // A disk that is full or fails is no fault of the row.
+      // A full or failing disk is not an error of the row.
       const int code = exception.getErrorCode() & 0xFF;
       if (code == SQLITE_FULL || code == SQLITE_IOERR) throw;
       throw RowFailure(FromEngine(exception, path_).Description());
@@ -111,10 +111,11 @@ class JetFiller : public jet::JetVisitor {
  private:
   void RequireNothingUnsupported() const {
     if (unsupported_.empty()) return;
-    std::string words = "A scale database cannot hold ";
-    for (std::size_t i = 0; i < std::min(unsupported_.size(), kMostNamed); ++i) words += (i ? ", " : "") + unsupported_[i];
-    if (unsupported_.size() > kMostNamed) words += " and " + std::to_string(unsupported_.size() - kMostNamed) + " more";
-    throw core::Failure::Unspecified(words + ".");
+    std::string message = "A scale database cannot hold ";
+    const std::size_t named = std::min(unsupported_.size(), kMostNamed);
+    for (std::size_t i = 0; i < named; ++i) message += (i ? ", " : "") + unsupported_[i];
+    if (unsupported_.size() > named) message += " and " + std::to_string(unsupported_.size() - named) + " more";
+    throw core::Failure::Unspecified(message + ".");
   }
 
   void AddColumns(const jet::JetTable& table) {
@@ -139,8 +140,8 @@ class JetFiller : public jet::JetVisitor {
     readBack_->reset();
   }
 
-  [[nodiscard]] core::Failure RowFailure(const std::string& words) const {
-    return core::Failure::Unspecified("Row " + std::to_string(row_) + " of the table '" + table_.name + "': " + words);
+  [[nodiscard]] core::Failure RowFailure(const std::string& reason) const {
+    return core::Failure::Unspecified("Row " + std::to_string(row_) + " of the table '" + table_.name + "': " + reason);
   }
 
   SQLite::Database& database_;
@@ -172,7 +173,7 @@ void MakeConverted(const std::string& path, const std::string& unfinished,
   fs::permissions(unfinished, fs::status(path).permissions());
   try {
     SQLite::Database database(unfinished, SQLite::OPEN_READWRITE);
-    // What the program could not read again is refused here, before anything is changed.
+    // Fields that the program could not read later are refused here, before anything is changed.
     sqlite3_limit(database.getHandle(), SQLITE_LIMIT_LENGTH, kLongestField);
     SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
     JetFiller filler(database, path, onStep);
@@ -184,7 +185,7 @@ void MakeConverted(const std::string& path, const std::string& unfinished,
   }
 }
 
-// What the engine keeps beside a database belongs to that one; beside another file it would be taken for that one's.
+// A journal of another database would be applied to the new file.
 void RenameStrayCompanions(const std::string& path) {
   for (const char* ending : {"-journal", "-wal", "-shm"}) {
     const std::string companion = path + ending;
@@ -221,10 +222,10 @@ std::string Convert(const std::string& path, const std::function<void(Conversion
 std::optional<std::string> ConvertMainDatabaseIfJet(const std::string& path,
                                                     const std::function<void(ConversionStep)>& onStep) {
   if (!jet::IsJetFile(path)) return {};
-  // Through a link the file itself is converted, where it lies.
+  // A link stays a link; its target is converted.
   const std::string file = fs::canonical(path).string();
   const FileLock lock(file);
-  // Another program of ours may have been at it while this one waited.
+  // Another instance may have converted it while this one waited.
   if (!jet::IsJetFile(file)) return {};
   return Convert(
       file, onStep ? onStep : [](ConversionStep) {});

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The main database as a genuine Jet file, put there by the user, becomes a scale database of this program: all of it,
-// once, or nothing. The new file is made beside the old one, every row is read back and compared, then the old file
-// gets a second name that says what it is, and the new one takes its place. Killed at any moment, the program finds the
-// Jet file or the finished database when it starts again, and the Jet file is never gone. One thread; called before the
-// database is opened. Fails by throwing core::Failure that says what is in the way; then nothing has changed.
+// Converts a main database that is a genuine Jet file into a scale database, completely or not at all. The new file is
+// created in the same folder, every row is read back and compared, the old file gets a second name, and the new file
+// replaces it. If the program is killed at any moment, the Jet file or the finished database is there at the next
+// start, and the Jet file is never lost. Called before the database is opened. If it throws, nothing has changed.
 
 #pragma once
 
@@ -17,8 +16,8 @@ namespace tonalith::data {
 
 enum class ConversionStep { kMaking, kFilling, kFilled, kKept, kReplaced };
 
-/// Converts the file if it is a Jet file and gives the name under which that one is kept; nothing where there was
-/// nothing to do. `onStep` is told of each step that begins, kFilling once for each table and each thousand rows.
+/// Converts the file if it is a Jet file. Returns the second name of the Jet file, or std::nullopt if the file is not a
+/// Jet file. `onStep` is called at the start of each step; kFilling once for each table and each thousand rows.
 std::optional<std::string> ConvertMainDatabaseIfJet(const std::string& path,
                                                     const std::function<void(ConversionStep)>& onStep = {});
 

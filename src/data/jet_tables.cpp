@@ -31,7 +31,7 @@ const char* TypeOf(jet::JetContent content) {
     case jet::JetContent::kFraction:
       return " REAL";
     case jet::JetContent::kDecimal:
-      return "";  // A type would make numbers of decimals that no number holds exactly.
+      return "";  // A type would convert decimals to numbers that cannot represent them exactly.
     case jet::JetContent::kDate:
       return " TEXT";
     case jet::JetContent::kText:

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The tables of a Jet file as tables of the database engine. A field keeps its name and its content; text compares
-// without regard to ASCII case. Borrowed databases stay with their owner; one thread. Fails by throwing core::Failure
-// or, out of the engine, SQLite::Exception.
+// The tables of a Jet file as tables of the database engine. Field names and content do not change; text comparison
+// ignores the ASCII case. Throws core::Failure or SQLite::Exception.
 
 #pragma once
 
@@ -20,7 +19,7 @@
 
 namespace tonalith::data {
 
-/// A column as it stands in CREATE TABLE.
+/// The definition of a column in CREATE TABLE.
 std::string ColumnDefinition(const jet::JetColumn& column);
 
 void CreateTableFor(SQLite::Database& database, const jet::JetTable& table);
@@ -35,9 +34,9 @@ class JetRowWriter {
   SQLite::Statement insert_;
 };
 
-/// What a Jet file holds, in a private database that is gone when it is closed and takes no changes. A stored query
-/// ScalesQuery comes along where the file has one. Its pages lie in a temporary file, so memory does not grow with
-/// them. `whileReading` is called with the rows read so far, as ChildProcess calls.
+/// The content of a Jet file in a temporary read-only database, with a stored query ScalesQuery if the file has one. It
+/// is stored in a temporary file, so memory use does not depend on the size. `whileReading` is called with the number
+/// of rows read so far, as often as ChildProcess calls `whileWaiting`.
 std::unique_ptr<SQLite::Database> OpenJetCopy(const std::string& path,
                                               const std::function<void(std::int64_t rows)>& whileReading = {});
 

@@ -16,7 +16,7 @@ static_assert(kCutLength * kMostBytesOfCharacter <= kLongestFieldInBlock);
 
 std::string InForm(FieldForm form, const std::string& field) {
   const std::string length = std::to_string(kCutLength);
-  // The type of a field is known without reading it.
+  // The engine knows the type of a field without reading it.
   const std::string isLong = "CASE WHEN typeof(" + field + ") IN ('text', 'blob') THEN ";
   switch (form) {
     case FieldForm::kWhole:

@@ -23,7 +23,7 @@ std::vector<std::string> Quoted(std::vector<std::string> names) {
   return names;
 }
 
-// The same for all texts that are equal without regard to case. The engine looks no further than a zero.
+// Equal for texts that differ only in case. The engine compares only up to a zero byte.
 std::uint64_t HashOf(std::string_view text) {
   constexpr std::uint64_t kOffset = 14695981039346656037U;  // FNV-1a
   constexpr std::uint64_t kPrime = 1099511628211U;
@@ -32,7 +32,7 @@ std::uint64_t HashOf(std::string_view text) {
   return hash;
 }
 
-// Nothing for what a column may turn into a text of its own.
+// std::nullopt for a value that a column may convert to another text.
 std::optional<std::uint64_t> HashOf(const core::Value& value) {
   if (const auto* const text = std::get_if<std::string>(&value.Raw())) return HashOf(std::string_view(*text));
   if (std::holds_alternative<std::int64_t>(value.Raw())) return HashOf(std::string_view(value.AsText()));
@@ -70,14 +70,14 @@ bool NewRows::IsContentRefused() const {
   return code == SQLITE_CONSTRAINT || code == SQLITE_MISMATCH || code == SQLITE_TOOBIG;
 }
 
-// False when the database refuses one of the rows, and has taken none of them.
+// Returns false, without a row written, if the database refuses one of the rows.
 bool NewRows::WriteAll(std::size_t rows) {
   if (rows != kRowsAtOnce || fieldCount_ == 0) return false;
   try {
     engine_.Execute(insertAll_, values_);
     return true;
   } catch (const core::Failure&) {
-    // Some failures end the transaction, and then nothing more may be written.
+    // Some failures end the transaction; nothing more may be written after that.
     if (!IsContentRefused() || !engine_.IsInTransaction()) throw;
     return false;
   }

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Rows on their way into a table, written several by one statement, because a statement of its own for each row takes
-// longer than the row. What waits to be written is not found by asking the table, so whoever looks for a row asks
-// MayHold first. Private to the data room; uses an engine that must outlive it; one thread. Fails as the engine does,
-// and says which row was refused; rows that wait when it goes are dropped.
+// Buffers rows and inserts several with one statement, because one statement for each row is slow. A query does not
+// find buffered rows, so callers check MayHold first. Throws like the engine and reports which row was refused. The
+// destructor drops buffered rows. Private to this room.
 
 #pragma once
 
@@ -22,21 +21,20 @@ class Engine;
 
 class NewRows {
  public:
-  /// `fields` without quotes; `keyField` is the place in them of the field by which rows are looked for, nothing where
-  /// it is not among them.
+  /// `fields` without quotes; `keyField` is the index of the key field in them, if it is one of them.
   NewRows(Engine& engine, const std::string& table, const std::vector<std::string>& fields,
           std::optional<std::size_t> keyField);
 
-  /// Where the values of the next row go, one for each field, whatever they hold before. Add takes them.
+  /// The buffer for the values of the next row, one for each field, with arbitrary content. Add takes them.
   [[nodiscard]] core::Value* NextRow() { return values_.data() + waiting_ * fieldCount_; }
-  /// `number` is what RefusedRow calls it.
+  /// RefusedRow identifies the row by `number`.
   void Add(std::int64_t number = 0);
-  /// Whether a row that waits may be found by that key. True where it is hard to tell; never false by mistake.
+  /// Whether a buffered row may have that key. May report false positives, never false negatives.
   [[nodiscard]] bool MayHold(const core::Value& key) const;
-  /// Writes what waits.
+  /// Writes the buffered rows.
   void Write();
-  /// The number of the row whose content the database has refused in a call that threw; nothing where the failure has
-  /// nothing to do with a row.
+  /// After a call that threw: the number of the row that the database refused, or std::nullopt if the failure has
+  /// another cause.
   [[nodiscard]] std::optional<std::int64_t> RefusedRow() const { return refusedRow_; }
 
  private:

@@ -19,7 +19,7 @@ namespace {
 
 // Characters of a number that is written as text.
 constexpr std::size_t kLongestNumber = 64;
-// Bytes of a column that only the user's own library has: nothing shows it, and pictures have room.
+// Bytes of an additional column in the user's library. It is never shown and may contain pictures.
 constexpr std::size_t kLongestOtherField = std::size_t{1} << 20;
 // Characters of a name in a message.
 constexpr std::size_t kLongestNameShown = 60;
@@ -47,15 +47,15 @@ std::size_t LimitOf(std::string_view column) {
   return found == kColumnLimits.end() ? kLongestOtherField : found->characters;
 }
 
-// Ready for words after it.
+// " of 'name'", with a long name cut; empty without a name.
 std::string OfOwner(const core::Value& owner) {
   const auto* const name = std::get_if<std::string>(&owner.Raw());
   if (name == nullptr) return "";
   const std::vector<std::string_view> characters =
       core::Characters(std::string_view(*name).substr(0, (kLongestNameShown + 1) * 4));
-  std::string told;
-  for (std::size_t i = 0; i < std::min(characters.size(), kLongestNameShown); ++i) told += characters[i];
-  return " of '" + told + (characters.size() > kLongestNameShown ? "...'" : "'");
+  std::string shown;
+  for (std::size_t i = 0; i < std::min(characters.size(), kLongestNameShown); ++i) shown += characters[i];
+  return " of '" + shown + (characters.size() > kLongestNameShown ? "...'" : "'");
 }
 
 std::size_t DigitsOf(std::string_view pattern) {
@@ -96,7 +96,7 @@ void PackBudget::Take(std::uint64_t bytes) {
     throw core::Failure::Unspecified("The pack gives more than a file of " + std::to_string(fileSize_) +
                                      " bytes can hold.");
   }
-  // A row without fields counts too, so that the walk ends.
+  // A row without fields counts too, so that the iteration ends.
   left_ -= bytes + 1;
 }
 
@@ -124,10 +124,10 @@ void FieldLimit::Require(const core::Value& value, const core::Value& owner) con
 }
 
 core::Failure At(const PackPlace& place, const core::Failure& failure) {
-  std::string words = "Table '" + place.table + "'";
-  if (place.row > 0) words += ", row " + std::to_string(place.row);
-  if (!place.column.empty()) words += ", column '" + place.column + "'";
-  return {failure.Number(), words + ": " + failure.Description()};
+  std::string message = "Table '" + place.table + "'";
+  if (place.row > 0) message += ", row " + std::to_string(place.row);
+  if (!place.column.empty()) message += ", column '" + place.column + "'";
+  return {failure.Number(), message + ": " + failure.Description()};
 }
 
 }  // namespace tonalith::data

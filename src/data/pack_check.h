@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What is asked of a pack before and while its rows are read, because its file may come from anywhere: that a table is
-// a table whose fields are stored, that the walk through its rows comes to an end, that they are no more than the file
-// can hold, and that no field is too long to be shown. Private to the data room; one thread. All fail by throwing
-// core::Failure.
+// Checks of a pack before and while its rows are read, because its file is untrusted: a table is a real table with
+// stored fields, the iteration of its rows ends, its content is not larger than the file allows, and no field is too
+// long. Private to this room. All throw core::Failure.
 
 #pragma once
 
@@ -21,12 +20,11 @@ namespace tonalith::data {
 
 class Engine;
 
-/// Throws for a stored query, which could be anything and could go on for ever, for what an extension makes, and for a
-/// column that is calculated, which needs no room in the file. A table that is not there is left to its reader.
+/// Throws for a stored query, whose rows may be without end, for a virtual table, and for a calculated column, which
+/// needs no space in the file. Does not throw for a missing table.
 void RequirePlainTable(Engine& pack, const std::string& table);
 
-/// Watches a walk through a table. The numbers of its rows rise, but in a damaged file they may lead back to rows that
-/// were there before.
+/// Requires ascending row numbers. In a damaged file an iteration may return to earlier rows and never end.
 class AscendingKeyCheck {
  public:
   explicit AscendingKeyCheck(std::string path) : path_(std::move(path)) {}
@@ -37,11 +35,11 @@ class AscendingKeyCheck {
   std::optional<std::int64_t> latest_;
 };
 
-/// What is left of the content that a file of that size can hold.
+/// Limits the content to the maximum of a file of the given size.
 class PackBudget {
  public:
   explicit PackBudget(std::uint64_t fileSize);
-  /// Counts a row of these many bytes.
+  /// Counts a row of `bytes` bytes.
   void Take(std::uint64_t bytes);
 
  private:
@@ -49,14 +47,14 @@ class PackBudget {
   std::uint64_t left_;
 };
 
-/// The bytes that a value counts as.
+/// The size of a value in bytes, for PackBudget.
 std::uint64_t SizeOf(const core::Value& value);
 
-/// The longest content of one column, by its name.
+/// The maximum length of a column, by its name.
 class FieldLimit {
  public:
   explicit FieldLimit(std::string_view column);
-  /// Throws for content that is longer. `owner` is the name of the scale or type to which it belongs.
+  /// Throws for longer content. `owner` is the name of the scale or type, for the message.
   void Require(const core::Value& value, const core::Value& owner) const;
 
  private:
@@ -64,14 +62,14 @@ class FieldLimit {
   bool isPattern_;
 };
 
-/// Where in a pack something was found. Row 0 is no row in particular, an empty column none in particular.
+/// A location in a pack. Row 0 means no specific row, an empty column no specific column.
 struct PackPlace {
   std::string table;
   std::int64_t row = 0;
   std::string column;
 };
 
-/// The failure with the place in front of its words.
+/// The failure with the location before its description.
 core::Failure At(const PackPlace& place, const core::Failure& failure);
 
 }  // namespace tonalith::data

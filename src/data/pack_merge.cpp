@@ -26,10 +26,10 @@ namespace tonalith::data {
 namespace {
 
 constexpr const char* kPackSource = "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=";
-// In KiB. The names of a large pack come in any order, so their index is written all over.
+// In KiB. The names of a large pack are not sorted, so their index is written at random places.
 constexpr const char* kImportCache = "PRAGMA cache_size = -16384";
 
-// A path with a character that means something in a connection string is quoted.
+// Quotes a path with a special character of connection strings.
 std::string DataSourceValue(const std::string& path) {
   const bool isPlain =
       path.find_first_of(";\"'") == std::string::npos && !path.starts_with(' ') && !path.ends_with(' ');
@@ -42,7 +42,7 @@ std::string DataSourceValue(const std::string& path) {
   return quoted + '"';
 }
 
-// Into the memory of the value that was there.
+// Reuses the memory of `to`.
 void CopyValue(const core::Value& from, core::Value& to) {
   to = from;
   if (std::holds_alternative<double>(to.Raw())) to = WithoutEmptyFraction(to);
@@ -61,7 +61,7 @@ std::size_t IndexWithin(std::vector<std::string>& names, const std::string& name
   return index.value_or(names.size() - 1);
 }
 
-// What belongs to a file's content but is not in the file itself is in its log.
+// Including the write-ahead log, which is part of the content.
 std::uint64_t BytesOf(const std::string& path) {
   std::uint64_t bytes = 0;
   for (const char* ending : {"", "-wal"}) {
@@ -98,16 +98,17 @@ void PackMerge::Run() {
 void PackMerge::Rollback() { main_->RollbackTrans(); }
 
 void PackMerge::Close() {
-  core::DeferredFailure passedOver;
-  if (mainRecords_->IsOpen()) passedOver.Try([&] { mainRecords_->Close(); });
+  core::DeferredFailure ignored;
+  if (mainRecords_->IsOpen()) ignored.Try([&] { mainRecords_->Close(); });
   for (Connection* connection : {pack_.get(), main_.get()}) {
-    if (connection->IsOpen()) passedOver.Try([&] { connection->Close(); });
+    if (connection->IsOpen()) ignored.Try([&] { connection->Close(); });
   }
-  passedOver.Clear();
+  ignored.Clear();
 }
 
-// Adds the rows of a table whose key the main table lacks, and gives their number. The main table is asked and written
-// by statements that stay prepared, because packs may be large.
+// Adds the rows of a table whose key is not in the main table, and returns their number. Uses prepared statements on
+// the main table, because packs may be large.
+// Kept: see docs/behaviour.md, Type numbers of packs are not mapped.
 std::int64_t PackMerge::MergeTable(const TableRules& rules, PackBudget& budget) {
   Engine& pack = pack_->OpenEngine();
   RequirePlainTable(pack, rules.table);

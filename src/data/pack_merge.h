@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// One data pack on its way into the main database, with all that is open for it: a connection to each, and the record
-// sets of the table that is being merged. Private to the data room; made for one pack, used once; one thread. Fails by
-// throwing core::Failure; Rollback then takes back what was done, and Close ends what is open.
+// Merges one data pack into the main database, with its own connections to both. Use it for one pack, once. If Run
+// throws, call Rollback; call Close in any case. Private to this room.
 
 #pragma once
 
@@ -26,33 +25,33 @@ class PackMerge {
  public:
   using OnRows = std::function<void(std::int64_t rows)>;
 
-  /// `onRead` is called while a Jet file is read, with the rows read so far, and `onRow` after each row of the pack
-  /// that is merged, counted from 1. What they throw ends the run.
+  /// `onRead` is called with the number of rows read so far while a Jet file is read, `onRow` after each merged row of
+  /// the pack with its number, from 1. An exception from either ends the run.
   PackMerge(std::string path, OnRows onRead, OnRows onRow);
 
   void Run();
   void Rollback();
-  /// The record set first, then the pack, then the main database, whatever state they are in. Throws nothing.
+  /// Closes the record set, the pack and the main database, in this order and in any state. Never throws.
   void Close();
-  /// The scales that a run which came to its end has added.
+  /// The number of scales that a complete run has added.
   [[nodiscard]] std::int64_t AddedScales() const { return addedScales_; }
 
  private:
-  /// How the rows of a table are known and named.
+  /// How the rows of a table are identified and named.
   struct TableRules {
     std::string table;
-    /// The field by which the main table is asked for a row, and what it is asked for.
+    /// The key field for the lookup in the main table, and the conversion of its content to the key.
     std::string key;
     std::function<void(const core::Value& field, core::Value& key)> keyOfField;
-    /// The field that is not copied: a type's number is its key, a scale gets a number of the main database.
+    /// The field that is not copied: the number of a type is its key, a scale gets a new number.
     std::string ownNumber;
-    /// The field by which messages call a row.
+    /// The field that messages use as the name of a row.
     std::string name;
   };
 
   std::int64_t MergeTable(const TableRules& rules, PackBudget& budget);
   [[nodiscard]] std::vector<std::string> CopiedFields(const TableRules& rules) const;
-  /// `names` where the key is a scale's name.
+  /// `names`: only if the key is the name of a scale.
   bool MainHas(const std::string& statement, const core::Value& key, ScaleNames* names);
 
   std::string path_;

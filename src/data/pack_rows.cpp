@@ -14,7 +14,7 @@
 namespace tonalith::data {
 namespace {
 
-// Indexes come from a stranger too, and may say something else than the table.
+// Indexes are untrusted too and may differ from the table.
 std::string From(const std::string& table) { return " FROM " + QuoteName(table) + " NOT INDEXED"; }
 
 std::string StatementFor(const std::string& table, const std::vector<std::string>& columns, bool isNumbered) {
@@ -40,12 +40,12 @@ std::vector<std::string> PackRows::ColumnsOf(Engine& pack, const std::string& ta
 
 void PackRows::ForEach(PackBudget& budget,
                        const std::function<void(std::int64_t row, std::span<const core::Value> values)>& onRow) {
-  AscendingKeyCheck rising(pack_.Path());
+  AscendingKeyCheck ascending(pack_.Path());
   bool isReading = true;
   try {
     pack_.Query(StatementFor(table_, columns_, isNumbered_), {}, [&](SQLite::Statement& statement) {
       isReading = false;
-      if (isNumbered_) rising.Require(statement.getColumn(0).getInt64());
+      if (isNumbered_) ascending.Require(statement.getColumn(0).getInt64());
       ++row_;
       std::uint64_t size = 0;
       for (std::size_t i = 0; i < values_.size(); ++i) {
@@ -74,7 +74,7 @@ void PackRows::RequireLimits() const {
   }
 }
 
-// The engine says only that there is one; each field of the row is asked for alone.
+// The engine does not report which field is too long, so each field of the row is queried separately.
 core::Failure PackRows::HugeFieldInNextRow() {
   PackPlace place{table_, row_ + 1, {}};
   for (const std::string& column : columns_) {

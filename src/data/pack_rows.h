@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The rows of one table of a pack, read one after the other, so that memory does not grow with them. Everything is held
-// to its limits before it is handed on. Private to the data room; uses an engine that must outlive it; one thread.
-// Fails by throwing core::Failure, which names the table, row and column where one of them is to blame.
+// Iterates the rows of one table of a pack with constant memory. Checks all limits before it passes a row on. The
+// description of a failure has the table, row and column if one of them is the cause. Private to this room.
 
 #pragma once
 
@@ -22,15 +21,15 @@ namespace tonalith::data {
 
 class PackRows {
  public:
-  /// `columns` are what is read of the table, none twice. `name` is the place in them of the one by which messages call
-  /// a row, nothing where it is not among them.
+  /// `columns`: the columns to read, without duplicates. `name`: the index in them of the column that messages use as
+  /// the name of a row, if it is one of them.
   PackRows(Engine& pack, std::string table, std::vector<std::string> columns, std::optional<std::size_t> name);
 
-  /// The names of all columns that a table has.
+  /// The names of all columns of a table.
   static std::vector<std::string> ColumnsOf(Engine& pack, const std::string& table);
 
-  /// Hands each row to `onRow`, in the order of the file: its number, from 1, and its values in the order of the
-  /// columns. The values stay until the next row comes.
+  /// Passes each row to `onRow`, in the order of the file: its number, from 1, and its values in the order of the
+  /// columns. The values are valid until the next row.
   void ForEach(PackBudget& budget,
                const std::function<void(std::int64_t row, std::span<const core::Value> values)>& onRow);
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The processor time of the calling thread, by which statements on a file from a stranger are limited: waiting for a
-// slow disk takes none of it. Private to the data room; any thread; never throws.
+// The processor time of the calling thread. It limits statements on untrusted files; waiting for a slow disk does not
+// count. Private to this room. Any thread; never throws.
 
 #pragma once
 

@@ -12,10 +12,10 @@
 namespace tonalith::data {
 namespace {
 
-// One thread at a time, so the engine need not lock.
+// Used by one thread at a time, so the engine needs no locks.
 const int kForReading = SQLite::OPEN_READONLY | SQLite::OPEN_NOMUTEX;
 
-// SQLite database file format, section 1.3: 2 in both version bytes is a file with a write-ahead log.
+// SQLite database file format, section 1.3: both version bytes are 2 in a file with a write-ahead log.
 bool HasWriteAheadLog(const std::string& path) {
   constexpr std::size_t kReadVersionOffset = 19;
   std::array<char, kReadVersionOffset + 1> header{};
@@ -23,8 +23,8 @@ bool HasWriteAheadLog(const std::string& path) {
   return file.read(header.data(), header.size()) && header[kReadVersionOffset] == 2;
 }
 
-// Whether nobody has the file open who could change it: such a one would keep the log beside it.
-bool IsLogAtRest(const std::string& path) {
+// Whether no other connection can change the file: it would have a log next to the file.
+bool IsImmutable(const std::string& path) {
   std::error_code error;
   return HasWriteAheadLog(path) && !std::filesystem::exists(path + "-wal", error);
 }
@@ -48,8 +48,8 @@ std::string UriOf(const std::string& path) {
 }  // namespace
 
 std::unique_ptr<SQLite::Database> OpenForReading(const std::string& path) {
-  // Reading such a file makes two more beside it, unless the engine is told that it does not change.
-  if (IsLogAtRest(path)) {
+  // The engine would create two more files to read this one, unless it is opened as immutable.
+  if (IsImmutable(path)) {
     return std::make_unique<SQLite::Database>(UriOf(path), kForReading | SQLite::OPEN_URI, kBusyMilliseconds);
   }
   return std::make_unique<SQLite::Database>(path, kForReading, kBusyMilliseconds);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Opens a database file that is only to be read, so that neither it nor its folder changes. Private to the data room;
-// one thread. Fails by throwing SQLite::Exception.
+// Opens a database file for reading, so that neither the file nor its folder changes. Private to this room. Throws
+// SQLite::Exception.
 
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace tonalith::data {
 
-/// `path` is absolute. Another program that holds the file is waited for, up to kBusyMilliseconds.
+/// `path` is absolute. Waits up to kBusyMilliseconds if another program has the file locked.
 std::unique_ptr<SQLite::Database> OpenForReading(const std::string& path);
 
 }  // namespace tonalith::data

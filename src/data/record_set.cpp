@@ -56,7 +56,7 @@ void RecordSet::RequireOpen() const {
 }
 
 Engine& RecordSet::OpenEngine() const {
-  // The connection owns the engine and this record set the connection, so the reference outlives the call.
+  // This record set shares the connection, which owns the engine, so the reference outlives the call.
   const std::shared_ptr<Engine> engine = engine_.lock();
   if (engine == nullptr) throw ObjectClosed();
   return *engine;
@@ -113,7 +113,7 @@ void RecordSet::RequireScrollable() const {
   if (cursorType_ == CursorType::kForwardOnly) throw OperationNotSupported();
 }
 
-// Saves what is pending, and lets go of rows that a write through the same connection may have changed.
+// Saves the pending edit, and drops cached rows that a write through the same connection may have changed.
 void RecordSet::LeaveRow() {
   Engine& engine = OpenEngine();
   if (IsEditPending()) WritePending();
@@ -154,7 +154,7 @@ void RecordSet::MoveNext() {
   LeaveRow();
   if (place_ == Place::kBof) return GoToFirstRow();
   if (place_ == Place::kEmpty || place_ == Place::kEof) throw NoCurrentRecord();
-  // The row after a deleted one has taken its place already.
+  // The row after a deleted row already has its position.
   std::optional<std::int64_t> position = position_;
   if (position && place_ == Place::kRow) ++*position;
   RowPointer next = rows_->After(row_->key);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The half of a record set that changes rows.
+// The member functions of RecordSet that change rows.
 
 #include <algorithm>
 #include <utility>
@@ -17,7 +17,7 @@
 namespace tonalith::data {
 namespace {
 
-// The names and contents of the fields that were set, side by side.
+// The names and values of the fields that were set, in parallel vectors.
 struct SetFields {
   std::vector<std::string> names;
   std::vector<core::Value> values;
@@ -37,7 +37,7 @@ std::string UpdateStatement(const Selection::Walk& walk, const std::vector<std::
   return "UPDATE " + walk.source + " SET " + settings + " WHERE " + walk.key + " = ?";
 }
 
-// A stored query's triggers do not tell how many rows they changed, so the row is looked for first.
+// The triggers of a stored query do not report the number of changed rows, so this checks that the row exists.
 void RequireRow(Engine& engine, const Selection::Walk& walk, std::int64_t key) {
   bool exists = false;
   const core::Value binding = key;
@@ -46,7 +46,7 @@ void RequireRow(Engine& engine, const Selection::Walk& walk, std::int64_t key) {
   if (!exists) throw RowVanished();
 }
 
-// A stored query gives no number to the row that it added. Numbers rise, so it is the highest one.
+// A stored query does not report the key of the row that it added. Keys ascend, so it is the highest one.
 std::int64_t HighestKey(Engine& engine, const Selection::Walk& walk) {
   std::int64_t key = 0;
   engine.Query("SELECT " + walk.key + " FROM " + walk.source + " ORDER BY " + walk.key + " DESC LIMIT 1", {},
@@ -137,7 +137,7 @@ void RecordSet::Insert() {
   }
   guard.Commit();
 
-  // A row that the condition or filter of the record set leaves out is current all the same until the next move.
+  // A row that the condition or filter excludes is still current until the next move.
   auto fallback = std::make_shared<Row>(Row{key, std::vector<core::Value>(selection_->fields.size())});
   for (std::size_t i = 0; i < pending_.size(); ++i) fallback->values[i] = pending_[i].value_or(core::Value::Null());
   isNew_ = false;
@@ -148,8 +148,7 @@ void RecordSet::Insert() {
   SetCurrentRow(row != nullptr ? std::move(row) : RowPointer(std::move(fallback)), std::nullopt, Place::kEmpty);
 }
 
-// What another connection has saved meanwhile is not overwritten unasked. A row that the filter leaves out cannot be
-// compared.
+// Prevents overwriting a change that another connection has saved. A row that the filter excludes cannot be compared.
 void RecordSet::RequireUnchanged() {
   rows_->Forget();
   const RowPointer now = rows_->At(row_->key);

@@ -18,7 +18,7 @@
 namespace tonalith::data {
 namespace {
 
-// Rows; the largest block is one of so many fields, whatever rows they make.
+// kFirstBlock in rows; the largest block is limited by its number of fields.
 constexpr std::int64_t kFirstBlock = 32;
 constexpr std::int64_t kLargestBlockFields = 1280;
 constexpr std::int64_t kLowestKey = std::numeric_limits<std::int64_t>::min();
@@ -31,7 +31,7 @@ std::int64_t LargestBlock(const Selection& selection) {
   return std::max(kFirstBlock, kLargestBlockFields / std::max<std::int64_t>(std::ssize(selection.fields), 1));
 }
 
-// Rows that nobody else holds are filled again, so that walking through everything makes no rows but the first.
+// Reuses rows without other owners, so that an iteration does not allocate new ones.
 class SpareRows {
  public:
   explicit SpareRows(Rows rows) : rows_(std::move(rows)) {}
@@ -49,7 +49,7 @@ class SpareRows {
   Rows rows_;
 };
 
-// While it lives, a longer field is a failure.
+// Limits the size of a field for the current scope; a longer field throws.
 class FieldLimit {
  public:
   FieldLimit(Engine& engine, int bytes) : engine_(engine), before_(engine.SetLongestField(bytes)) {}
@@ -73,7 +73,7 @@ std::vector<SQLite::Column> ColumnsOf(SQLite::Statement& statement) {
 Rows ReadRows(Engine& engine, const std::string& sql, std::span<const core::Value> bindings, Rows spare) {
   SpareRows spares(std::move(spare));
   Rows rows;
-  // A column reads the row on which its statement stands, so one of each serves all rows.
+  // A Column reads the current row of its statement, so one object for each column is enough.
   std::vector<SQLite::Column> columns;
   engine.Query(sql, bindings, [&](SQLite::Statement& statement) {
     if (columns.empty()) columns = ColumnsOf(statement);
@@ -89,7 +89,7 @@ Rows ReadRows(Engine& engine, const std::string& sql, std::span<const core::Valu
 bool IsLess(const RowPointer& row, std::int64_t key) { return row->key < key; }
 bool IsGreater(std::int64_t key, const RowPointer& row) { return key < row->key; }
 
-// Ends in the key, ready for a comparison.
+// Ends with the key; the caller appends a comparison.
 std::string FromWhere(const Selection::Walk& walk, const std::string& filter) {
   std::string text = " FROM " + walk.source + " WHERE ";
   if (!walk.condition.empty()) text += "(" + walk.condition + ") AND ";
@@ -97,7 +97,7 @@ std::string FromWhere(const Selection::Walk& walk, const std::string& filter) {
   return text + walk.key;
 }
 
-// What a selection takes, in some form, of the rows that `statement` gives, whose key is called kKeyOfRow.
+// The fields of a selection, in a form, from the result of `statement`, whose key column is kKeyOfRow.
 std::string Narrowed(const Selection& selection, FieldForm form, const std::string& statement) {
   std::string columns = kKeyOfRow;
   for (const std::string& field : selection.fields) columns += ", " + InForm(form, QuoteName(field));
@@ -114,8 +114,8 @@ std::string BlockStatement(const Selection& selection, const std::string& filter
   return Narrowed(selection, form, "SELECT " + walk.key + " AS " + kKeyOfRow + rows) + " ORDER BY " + kKeyOfRow + limit;
 }
 
-// Holds one contiguous run of the rows. A run that is walked on at its end grows from block to block, so that walking
-// through everything asks seldom and looking at one row reads little.
+// Caches one contiguous block of rows. Blocks grow while an iteration continues at their end, so that an iteration
+// needs few queries and a single row reads little.
 class KeyedRows : public RowSource {
  public:
   KeyedRows(Engine& engine, const Selection& selection, const std::string& filter)
@@ -182,7 +182,7 @@ class KeyedRows : public RowSource {
   }
 
  private:
-  // Most often the row after the one that was given last.
+  // Usually the row after the one that was returned last.
   [[nodiscard]] std::size_t IndexAfter(std::int64_t key) const {
     if (here_ < rows_.size() && rows_[here_]->key == key) return here_ + 1;
     return static_cast<std::size_t>(std::upper_bound(rows_.begin(), rows_.end(), key, IsGreater) - rows_.begin());
@@ -193,7 +193,7 @@ class KeyedRows : public RowSource {
     std::string wholeFields;
   };
 
-  // Gives the number of rows that were asked for, which is less than `block` where rows are long.
+  // Returns the number of requested rows, which is 1 instead of `block` if a row is too long.
   std::int64_t Fetch(const Direction& direction, std::int64_t from, std::int64_t block) {
     Rows before = std::move(rows_);
     Forget();
@@ -228,7 +228,7 @@ class KeyedRows : public RowSource {
     }
   }
 
-  // In a damaged file the rows after a key may be rows from before it: a walk would go round in it for ever.
+  // In a damaged file the rows after a key may be rows before it, and an iteration would never end.
   template <class IsBeyond>
   void RequireOrder(std::int64_t from, IsBeyond isBeyond) const {
     const auto isOutOfOrder = [&](const RowPointer& row, const RowPointer& next) {
@@ -239,7 +239,7 @@ class KeyedRows : public RowSource {
     if (!isRight) throw core::Failure::UnrecognizedFormat(engine_.Path());
   }
 
-  // A run without rows in it says nothing of the other side of its key.
+  // An empty block does not show whether there are rows on the other side of the key.
   void FetchUpwards(std::int64_t from, std::int64_t block) {
     const std::int64_t wanted = Fetch(upwards_, from, block);
     RequireOrder(from, std::greater<>());
@@ -329,7 +329,7 @@ class SnapshotRows : public RowSource {
         columns += ", " + InForm(form, QuoteName(field)) + " AS " + QuoteName(field);
       }
     }
-    // Numbered below the filter, so that a row keeps its key whatever the filter is.
+    // Numbered before the filter applies, so that a row has the same key with any filter.
     std::string sql =
         std::string("SELECT row_number() OVER () AS ") + kKeyOfRow + columns + " FROM (" + selection_.sql + ")";
     if (!filter_.empty()) sql = "SELECT * FROM (" + sql + ") WHERE " + filter_;
@@ -347,7 +347,7 @@ std::optional<Selection::Walk> WalkOf(Engine& engine, const SelectStatement::Par
   Selection::Walk walk{parts.columns, QuoteName(parts.source), {}, parts.condition, false};
   const char* key = StoredQueryKey(parts.source);
   if (key != nullptr) {
-    // Only in a file of ours is the key of a stored query known to be one.
+    // Only in a scale database of Tonalith is the key of a stored query known to be unique.
     if (!engine.IsScaleDatabase()) return {};
     walk.key = QuoteName(key);
     return walk;

@@ -18,7 +18,8 @@ namespace {
 
 using core::MsgBoxStyle;
 
-// The pattern of the first scale of that name without the blanks at its ends; nothing when there is no such scale.
+// The trimmed pattern of the first scale of that name.
+// Kept: see docs/behaviour.md, Records of one name share a staff.
 std::optional<std::string> PatternByName(const std::shared_ptr<Connection>& connection, const std::string& scaleName) {
   RecordSet records;
   records.Open(ScaleByNameStatement(scaleName), connection, CursorType::kForwardOnly, LockType::kReadOnly);
@@ -43,6 +44,7 @@ std::string ScaleByNameStatement(std::string_view scaleName) {
   return statement + "'";
 }
 
+// Kept: see docs/behaviour.md, The by-ID statement has no blank.
 std::string ScaleByIdStatement(std::int32_t scaleId) {
   return "SELECT * FROM ScalesQuery WHERE (Scales.ScaleID) =" + std::to_string(scaleId) + ";";
 }
@@ -86,6 +88,7 @@ std::vector<std::string> ScaleDatabase::GetScaleNotes(std::int16_t rootIndex, co
   return pattern ? core::WrappedScaleNotes(rootIndex, *pattern) : std::vector<std::string>();
 }
 
+// Kept: see docs/behaviour.md, GetScaleIntervalsByID replaces the shared connection.
 std::string ScaleDatabase::GetScaleIntervalsByID(std::int32_t scaleId) {
   core::DeferredFailure deferred;
   std::string pattern;

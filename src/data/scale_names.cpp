@@ -18,11 +18,11 @@ namespace tonalith::data {
 namespace {
 
 constexpr const char* kName = "ScaleName";
-// A name with a character after the last one of ASCII.
+// Names with non-ASCII characters.
 constexpr const char* kNamesWithOtherLetters = "SELECT ScaleID, ScaleName FROM Scales WHERE ScaleName GLOB ?";
 constexpr const char* kOtherLetters = "*[^\x01-\x7F]*";
 constexpr const char* kOtherScaleOfTheName = "SELECT 1 FROM Scales WHERE ScaleName = ? AND ScaleID <> ? LIMIT 1";
-// For a name that is not in the table. Numbers of scales count from 1.
+// For a name that is not in the table. Scale numbers start at 1.
 constexpr std::int64_t kNoNumber = 0;
 
 }  // namespace
@@ -44,7 +44,7 @@ bool ScaleNames::Has(std::string_view name, std::int64_t except) {
   const auto found = others_.find(upper);
   const auto isAnother = [except](std::int64_t number) { return number != except || number == kNoNumber; };
   if (found != others_.end() && std::any_of(found->second.begin(), found->second.end(), isAnother)) return true;
-  // A letter such as the Kelvin sign has its capital among the ASCII letters.
+  // The upper case of a letter such as the Kelvin sign is an ASCII letter.
   const bool hasAsciiForm = std::all_of(upper.begin(), upper.end(), [](char32_t c) { return c <= 0x7F; });
   return !isAscii && hasAsciiForm && TableHas(std::string(upper.begin(), upper.end()), except);
 }

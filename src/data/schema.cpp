@@ -22,11 +22,10 @@
 namespace tonalith::data {
 namespace {
 
-// Revision 1. Scale numbers are never given twice, so that a bookmark of a deleted scale cannot mean another one. The
-// cross join fixes the order of the loops: scales by number, to each its type, so rows come in order without sorting.
+// Revision 1. Scale numbers are never reused, so that the bookmark of a deleted scale cannot refer to another one. The
+// cross join fixes the order of the loops, scales by number and then their type, so rows are ordered without sorting.
 //
-// The guards look at what a write changes, not at what stands there already: a row that breaks a rule can be repaired
-// one field at a time.
+// The triggers check only the fields that a write changes, so that an invalid row can be corrected one field at a time.
 constexpr const char* kRevision1 = R"sql(
 CREATE TABLE ScaleTypes (
   ScaleTypeID INTEGER PRIMARY KEY NOT NULL,
@@ -108,8 +107,8 @@ BEGIN
 END;
 )sql";
 
-// Revision 2. The last scale of a type without a look at the others. As whole numbers, which is how sort numbers are
-// compared wherever a table holds something else.
+// Revision 2. Finds the last scale of a type without reading the others. As integers, because sort numbers are compared
+// as integers even if a table contains something else.
 constexpr const char* kRevision2 = R"sql(
 CREATE INDEX ScalesByTypeAndSort ON Scales (ScaleTypeID, CAST(Sort AS INTEGER));
 )sql";
@@ -127,8 +126,7 @@ void Apply(SQLite::Database& database, std::span<const SchemaRevision> revisions
   transaction.commit();
 }
 
-// Nothing is wrong with the revision: the file is in use, its folder or disk takes no writing, or its pages are
-// damaged.
+// The revision is not the cause: the file is in use, its folder or disk cannot be written, or its pages are damaged.
 bool IsEnvironmentError(const SQLite::Exception& exception) {
   constexpr int kPrimary = 0xFF;
   constexpr std::array kCodes = {SQLITE_BUSY,     SQLITE_LOCKED, SQLITE_PERM,  SQLITE_READONLY,
@@ -136,7 +134,7 @@ bool IsEnvironmentError(const SQLite::Exception& exception) {
   return std::find(kCodes.begin(), kCodes.end(), exception.getErrorCode() & kPrimary) != kCodes.end();
 }
 
-// A program that is writing at the moment is not waited for: the next connection tries again.
+// Does not wait for another program that is writing: the next connection tries again.
 void ApplyIfPossible(SQLite::Database& database, std::span<const SchemaRevision> revisions) {
   const int timeout = database.execAndGet("PRAGMA busy_timeout").getInt();
   database.setBusyTimeout(0);
@@ -148,7 +146,7 @@ void ApplyIfPossible(SQLite::Database& database, std::span<const SchemaRevision>
   database.setBusyTimeout(timeout);
 }
 
-// The file must come into being here: nobody's database is opened and filled by mistake.
+// Creates the file exclusively, so that an existing database is never changed by mistake.
 void MakeNewFile(const std::string& path) {
   const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
   if (file < 0) {
@@ -159,7 +157,7 @@ void MakeNewFile(const std::string& path) {
   ::close(file);
 }
 
-// Statements are separated by an empty line, and only they are.
+// Only statements are separated by an empty line.
 void AddObjects(std::string_view statements, std::vector<std::string>& objects) {
   constexpr std::string_view kEnd = ";\n";
   while (!statements.empty()) {
@@ -207,7 +205,7 @@ void UpgradeSchema(SQLite::Database& database, const std::string& path, std::spa
                                      std::to_string(found) + ", this version reads up to " + std::to_string(last) +
                                      ").");
   }
-  // What can only be read is read as it is.
+  // A read-only file is not upgraded.
   if (sqlite3_db_readonly(database.getHandle(), "main") == 1) return;
   if (found == 0) {
     Apply(database, revisions);

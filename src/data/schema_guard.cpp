@@ -21,7 +21,7 @@ namespace {
 constexpr std::string_view kStoredQuery = "ScalesQuery";
 constexpr std::string_view kCreate = "CREATE ";
 
-/// The tables that a file must have for our stored query.
+/// The tables that Tonalith's stored query needs.
 bool IsTableOfQuery(std::string_view name) { return SameName(name, "Scales") || SameName(name, "ScaleTypes"); }
 
 struct Findings {
@@ -33,8 +33,7 @@ struct Findings {
   std::string viewAsTable;
 };
 
-// Triggers, views, tables and indexes. What the engine keeps for itself has a name that begins with its own, which no
-// other object can have.
+// Reads triggers, views, tables and indexes. The internal objects of the engine have a reserved prefix.
 Findings ReadSchema(SQLite::Database& database) {
   const std::set<std::string_view> ours(SchemaObjects().begin(), SchemaObjects().end());
   Findings findings;
@@ -90,8 +89,8 @@ SchemaGuard GuardSchema(SQLite::Database& database) {
   if (guard.replacesQuery) {
     sqlite3_db_config(database.getHandle(), SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     CreateOurView(database);
-    // Triggers of a view that belongs to the connection run only where those of the file do, too. Nothing addresses
-    // the stored query of the file any more, so its triggers may stay, but those of its tables may not.
+    // The triggers of a temporary view run only if those of the file are enabled too. The triggers of the file's stored
+    // query are harmless, because no statement uses it now, but those of its tables are not.
     if (findings.hasTriggerOfTable) {
       StopTriggersOfFile(database);
     } else {

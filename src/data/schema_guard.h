@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Keeps what others wrote into a file's schema from running. The tables are read as they are. Where the stored query is
-// not ours, the connection gets ours for as long as it is open. Triggers that are not ours never run. The file stays as
-// it is. With a stored query and triggers of tables that are both not ours, scales can only be read. Private to the
-// data room. Fails by throwing SQLite::Exception.
+// Prevents foreign code in the schema of a file from running. If the stored query is not Tonalith's, the connection
+// gets a temporary one. Foreign triggers never run. The file is not changed. If both the stored query and triggers of
+// tables are foreign, scales are read-only. Throws SQLite::Exception. Private to this room.
 
 #pragma once
 
@@ -17,19 +16,19 @@ class Database;
 namespace tonalith::data {
 
 struct SchemaGuard {
-  /// Whether every table, index, view and trigger is as a revision of ours makes it.
+  /// Whether every table, index, view and trigger is as a revision of Tonalith creates it.
   bool isOurs = true;
-  /// Whether our stored query took the place of one that the file has in another form.
+  /// Whether Tonalith's stored query replaces a different one of the file.
   bool replacesQuery = false;
-  /// Whether the file has triggers of others, which never run.
+  /// Whether the file has foreign triggers, which never run.
   bool stopsTriggers = false;
-  /// Whether scales can only be read, because the stored query and triggers of tables are both not ours.
+  /// Whether scales are read-only, because the stored query and triggers of tables are both foreign.
   bool stopsWriting = false;
-  /// The name of a table of ours if the file has a view in its place, which may need any time and memory.
+  /// The name of a required table if it is a view in the file, which may need any time and memory.
   std::string viewAsTable;
 };
 
-/// Looks at the schema of an open file and puts ours in the place of what is not ours.
+/// Checks the schema of an open file and replaces foreign objects for this connection.
 SchemaGuard GuardSchema(SQLite::Database& database);
 
 }  // namespace tonalith::data

@@ -23,11 +23,11 @@
 namespace tonalith::data {
 namespace {
 
-/// Milliseconds of computing before the window is there. 100,000 rows take a third of it; calculated columns and
-/// indexes in a file from a stranger can take any time.
+/// Milliseconds of processor time, because the window is not visible yet. 100,000 rows need a third of it; calculated
+/// columns and indexes in an untrusted file may need any time.
 constexpr int kLongestRenewal = 500;
 
-/// Interrupts what takes longer.
+/// Interrupts statements that take longer.
 class TimeLimit {
  public:
   explicit TimeLimit(sqlite3* handle) : handle_(handle), end_(ProcessorMilliseconds() + kLongestRenewal) {
@@ -47,10 +47,10 @@ class TimeLimit {
   std::int64_t end_;
 };
 
-/// The row of today for each number of a row that is to be renewed.
+/// The current row for each number of a row to update.
 using Renewals = std::map<std::int64_t, const ShippedRow*>;
 
-// Names that are the same but for the case of their letters are one name.
+// Names that differ only in case are equal.
 bool HasName(SQLite::Database& database, const ShippedRow& row, const Renewals& renewals) {
   SQLite::Statement owners(database, "SELECT ScaleID FROM Scales WHERE ScaleName = ? COLLATE NOCASE");
   owners.bind(1, std::string(row.name));
@@ -73,7 +73,7 @@ Renewals FindRows(SQLite::Database& database, std::span<const ShippedRow> rows) 
                            "SELECT ScaleID, ScaleName, ScaleTypeID, ScaleDescription, StartNote, ScaleIntervals, Chord "
                            "FROM Scales");
   while (scales.executeStep()) {
-    // No row of ours has a longer field, and a mark of one would take its time.
+    // No shipped row has a longer field, and its hash would take too long.
     if (HasLongField(scales)) continue;
     RowHash hash;
     for (int i = 1; i < scales.getColumnCount(); ++i) hash.Add(scales.getColumn(i).getString());
@@ -86,7 +86,7 @@ Renewals FindRows(SQLite::Database& database, std::span<const ShippedRow> rows) 
   return renewals;
 }
 
-// A name that the user has given to another scale stays with that one.
+// A name that the user has given to another scale is not used again.
 void LeaveOutTakenNames(SQLite::Database& database, Renewals& renewals) {
   std::vector<std::int64_t> taken;
   do {
@@ -150,7 +150,7 @@ void RenewShippedRows(const std::string& path, std::span<const ShippedRow> rows)
         database.execAndGet("PRAGMA user_version").getInt() == static_cast<int>(SchemaRevisions().size());
     if (isOurs && sqlite3_db_readonly(handle, "main") == 0 && !IsRenewed(database)) Renew(database, rows);
   } catch (const SQLite::Exception&) {
-    // The opening of the library that follows reports what is wrong with it.
+    // The library is opened next, which reports the error.
     return;
   } catch (const core::Failure&) {
     return;

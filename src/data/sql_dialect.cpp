@@ -53,7 +53,7 @@ void RequireNoSemicolon(Tokens tokens) {
   }
 }
 
-// The names that a column may be qualified with: everything that FROM and JOIN name, and the aliases.
+// The valid qualifiers of a column: the names in FROM and JOIN, and the aliases.
 struct Sources {
   std::vector<std::string> names;
   bool hasStoredQuery = false;
@@ -83,8 +83,9 @@ Sources SourcesOf(Tokens tokens) {
   return sources;
 }
 
-// A stored query's columns may be written with the name of the table that they come from. The engine knows them by
-// their own name only, so a qualifier that FROM does not know goes; without a stored query it stays and is refused.
+// The columns of a stored query may be qualified with the table that they come from. The engine knows only their own
+// names, so a qualifier that is not in FROM is dropped; without a stored query it stays and is refused.
+// Kept: see docs/behaviour.md, The by-ID statement has no blank.
 bool IsForeignQualifier(Tokens tokens, std::size_t i, const Sources& sources) {
   return sources.hasStoredQuery && i + 2 < tokens.size() && IsName(tokens[i]) && IsSymbol(tokens[i + 1], ".") &&
          (i == 0 || !IsSymbol(tokens[i - 1], ".")) && !sources.Contains(tokens[i].text);
@@ -106,8 +107,9 @@ std::string Emit(Tokens tokens, const Sources& sources) {
       ++i;
       continue;
     }
+    // Kept: see docs/behaviour.md, DISTINCTROW is ignored.
     if (i > 0 && IsWord(tokens[i], "DISTINCTROW") && IsWord(tokens[i - 1], "SELECT")) continue;
-    // A blank between any two tokens keeps two minus signs from becoming a comment.
+    // A blank between tokens prevents that two minus signs become a comment.
     if (!sql.empty()) sql += ' ';
     switch (tokens[i].kind) {
       case SqlTokenKind::kWord:
@@ -196,25 +198,25 @@ std::string TranslateCondition(std::string_view condition) {
   if (tokens.empty()) throw SyntaxError("The condition is empty.");
   RequireNoSemicolon(tokens);
   RequireBalance(tokens);
-  // A record set has one set of fields, so no qualifier tells it anything.
+  // A record set has one set of fields, so qualifiers are dropped.
   return Emit(tokens, {{}, true});
 }
 
 std::string InsertStatement(const std::string& table, const std::vector<std::string>& fields, std::size_t rows) {
   if (fields.empty()) return "INSERT INTO " + table + " DEFAULT VALUES";
   std::string names;
-  std::string marks;
+  std::string parameters;
   for (const std::string& field : fields) {
     names += (names.empty() ? "" : ", ") + field;
-    marks += marks.empty() ? "?" : ", ?";
+    parameters += parameters.empty() ? "?" : ", ?";
   }
-  std::string statement = "INSERT INTO " + table + " (" + names + ") VALUES (" + marks + ")";
-  for (std::size_t row = 1; row < rows; ++row) statement += ", (" + marks + ")";
+  std::string statement = "INSERT INTO " + table + " (" + names + ") VALUES (" + parameters + ")";
+  for (std::size_t row = 1; row < rows; ++row) statement += ", (" + parameters + ")";
   return statement;
 }
 
 std::string QuoteName(std::string_view name) {
-  // Brackets, because the engine takes an unknown name in double quotes for a text.
+  // Brackets, because the engine treats an unknown name in double quotes as a text.
   std::string quoted;
   if (name.find(']') == std::string_view::npos) return quoted.append("[").append(name).append("]");
   quoted = "`";

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Turns SELECT statements of the product's SQL dialect into the engine's. It knows DISTINCTROW (a join of whole tables
-// never yields one pair of rows twice, so it asks for nothing), names in brackets, texts in either kind of quotes,
-// True and False, "&" between texts, one trailing semicolon, and a column of a stored query written with the name of
-// the table below it. What it does not know it passes on or refuses; it never guesses. Also how names, texts and new
-// rows are written for the engine. Pure functions; failures are syntax failures in words.
+// Translates SELECT statements of Tonalith's SQL dialect into SQL of the engine: DISTINCTROW (ignored, because a join
+// of whole tables gives no pair of rows twice), names in brackets, texts in either kind of quotes, True and False, "&"
+// between texts, a trailing semicolon, and columns of a stored query qualified with the table they come from. Other
+// syntax is passed on or refused. Also quotes names and texts. Pure functions; they throw SyntaxError failures.
 
 #pragma once
 
@@ -20,8 +19,8 @@ struct SelectStatement {
   /// The whole statement, without a semicolon.
   std::string sql;
 
-  /// The parts of a statement that takes plain columns of one table or stored query, row by row: it can be walked by
-  /// key, because a further condition, an order by key and a limit may be added.
+  /// The parts of a statement that selects plain columns of one table or stored query. Its rows can be read by key,
+  /// because a condition, an order by key and a limit can be added.
   struct Parts {
     std::string columns;
     std::string source;     // a name, not quoted
@@ -33,14 +32,14 @@ struct SelectStatement {
 /// `source` is a SELECT or the bare name of a table or stored query.
 SelectStatement TranslateSelect(std::string_view source);
 
-/// A condition over the fields of one record set. What comes out can stand in parentheses.
+/// Translates a condition over the fields of one record set. The result can be put in parentheses.
 std::string TranslateCondition(std::string_view condition);
 
-/// The statement that adds `rows` rows to a table, with a parameter for each of `fields` in each row; a row of defaults
-/// where there are none. Names come quoted.
+/// An INSERT of `rows` rows, with a parameter for each of `fields` in each row, or of one row of defaults without
+/// fields. The names are already quoted.
 std::string InsertStatement(const std::string& table, const std::vector<std::string>& fields, std::size_t rows = 1);
 
-/// A name or a text as the engine reads it, whatever characters are in it.
+/// Quotes a name or a text with any characters for the engine.
 std::string QuoteName(std::string_view name);
 std::string QuoteText(std::string_view text);
 

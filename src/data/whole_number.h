@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A number that is whole though it is held as a fraction. Where such a one goes into a column of texts, "2212221" is to
-// stand there and not "2212221.0". A pure function.
+// Converts integers that are stored as floating-point numbers, so that a text column gets "2212221" and not
+// "2212221.0".
 
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace tonalith::data {
 
-/// The value itself, or the whole number that a fraction without a rest is.
+/// The value itself, or an integer for a floating-point number without a fraction.
 inline core::Value WithoutEmptyFraction(core::Value value) {
   constexpr double kExact = 9007199254740992.0;
   const auto* number = std::get_if<double>(&value.Raw());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Packs that are damaged, incomplete or hostile, and imports that are disturbed.
+// Damaged, incomplete and hostile packs, and interrupted imports.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,7 +28,7 @@ TEST_F(BadDataPackTest, RefusesAPackWithoutATable) {
                 "The database '" + Packs() + "DataPack_A.mdb' has no table or stored query 'Scales'.");
 }
 
-TEST_F(BadDataPackTest, RefusesAPackWithoutAFieldThatItIsKnownBy) {
+TEST_F(BadDataPackTest, RefusesAPackWithoutAKeyField) {
   const std::string unknown = "Item cannot be found in the collection corresponding to the requested name or ordinal.";
   ExpectRefused(MakeForeignPack("DataPack_A.mdb",
                                 "CREATE TABLE ScaleTypes (Name); INSERT INTO ScaleTypes VALUES (1);"
@@ -47,7 +47,7 @@ TEST_F(BadDataPackTest, RefusesATypeWithoutANumber) {
                 "Table 'ScaleTypes', row 1, column 'ScaleTypeID': Invalid use of Null");
 }
 
-TEST_F(BadDataPackTest, RefusesAStoredQueryInThePlaceOfATable) {
+TEST_F(BadDataPackTest, RefusesAStoredQueryInsteadOfATable) {
   ExpectRefused(MakeForeignPack("DataPack_A.mdb",
                                 "CREATE TABLE ScaleTypes (ScaleTypeID);"
                                 "CREATE VIEW scales AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) "
@@ -55,7 +55,7 @@ TEST_F(BadDataPackTest, RefusesAStoredQueryInThePlaceOfATable) {
                 "'Scales' is a stored query in this pack, not a table.");
 }
 
-TEST_F(BadDataPackTest, TakesBackEverythingOfAPackThatFailsHalfWay) {
+TEST_F(BadDataPackTest, RollsBackAPackThatFailsHalfWay) {
   const std::string pack = MakeForeignPack("DataPack_A.mdb",
                                            "CREATE TABLE ScaleTypes (ScaleTypeID); INSERT INTO ScaleTypes VALUES (300);"
                                            "CREATE TABLE Scales (ScaleName); INSERT INTO Scales VALUES ('A'), (x'00')");
@@ -63,7 +63,7 @@ TEST_F(BadDataPackTest, TakesBackEverythingOfAPackThatFailsHalfWay) {
   EXPECT_EQ(Ask("SELECT count(*) FROM ScaleTypes"), "2");
 }
 
-TEST_F(BadDataPackTest, RefusesAFolderAnEmptyFileAndNoise) {
+TEST_F(BadDataPackTest, RefusesAFolderAnEmptyFileAndInvalidContent) {
   fs::create_directory(Packs() + "DataPack_A.mdb");
   ExpectRefused(Packs() + "DataPack_A.mdb", "'" + Packs() + "DataPack_A.mdb' is a folder, not a database file.");
   for (const std::string& content : {std::string(), std::string(5000, '\7'), std::string("SQLite format 3")}) {
@@ -104,7 +104,7 @@ TEST_F(BadDataPackTest, RunsNoTriggerOfAPack) {
   EXPECT_EQ(AskRaw(pack, "SELECT count(*) FROM Scales"), "1");
 }
 
-TEST_F(BadDataPackTest, NeverWritesAPackNorBesideIt) {
+TEST_F(BadDataPackTest, NeverWritesToAPackOrItsFolder) {
   const std::string plain = MakePack("DataPack_A.mdb", kAddScale);
   const std::string older = MakePack("DataPack_B.mdb", "PRAGMA user_version = 0");
   const std::string logged = MakePack("DataPack_C.mdb", "PRAGMA journal_mode = WAL; PRAGMA user_version = 1");
@@ -120,7 +120,7 @@ TEST_F(BadDataPackTest, NeverWritesAPackNorBesideIt) {
   EXPECT_EQ(std::distance(fs::directory_iterator(Packs()), {}), 4);
 }
 
-TEST_F(BadDataPackTest, RefusesADamagedJetPackInWords) {
+TEST_F(BadDataPackTest, RefusesADamagedJetPackWithAMessage) {
   std::string content = jet::ContentOfFile(jet::kJet2003);
   content.resize(content.size() - 3 * jet::kJetPage);
   std::ofstream(Packs() + "DataPack_A.mdb", std::ios::binary) << content;
@@ -131,7 +131,7 @@ TEST_F(BadDataPackTest, RefusesADamagedJetPackInWords) {
   EXPECT_EQ(jet::ContentOfFile(Main()), before);
 }
 
-TEST_F(BadDataPackTest, LeavesNothingBehindWhenKilledHalfWay) {
+TEST_F(BadDataPackTest, LeavesNoRowsOrFilesWhenKilledHalfWay) {
   const std::string pack = MakePack("DataPack_A.mdb", ManyScales(3000));
   const pid_t process = ::fork();
   if (process == 0) {
@@ -149,7 +149,7 @@ TEST_F(BadDataPackTest, LeavesNothingBehindWhenKilledHalfWay) {
   EXPECT_EQ(Ask("SELECT count(*) FROM Scales"), "3004");
 }
 
-TEST_F(BadDataPackTest, ReadsAPathWithCharactersOfConnectionStrings) {
+TEST_F(BadDataPackTest, ReadsAPathWithSpecialCharactersOfConnectionStrings) {
   for (const char* name : {"DataPack_a;b.mdb", "DataPack_it's.mdb", "DataPack_\"x\".mdb", "DataPack_a=b.mdb"}) {
     const std::string pack = MakePack(name, "");
     Install(pack);

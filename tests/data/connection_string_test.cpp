@@ -17,26 +17,26 @@ TEST(ConnectionString, ReadsTheKeywordForm) {
   EXPECT_FALSE(settings.isReadOnly);
 }
 
-TEST(ConnectionString, IsBuiltFromTheLiteralPiecesInTheirOrder) {
+TEST(ConnectionString, IsBuiltFromTheFixedPartsInTheirOrder) {
   EXPECT_EQ(FullConnectionString("/music/TonalithDB97.mdb"),
             "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=/music/TonalithDB97.mdb;"
             "Mode=ReadWrite|Share Deny None;Persist Security Info=False");
 }
 
-TEST(ConnectionString, TakesTextWithoutAKeywordForAPath) {
+TEST(ConnectionString, ReadsTextWithoutAKeywordAsAPath) {
   EXPECT_EQ(ParseConnectionString("/music/TonalithDB97.mdb").dataSource, "/music/TonalithDB97.mdb");
   EXPECT_EQ(ParseConnectionString("/a=b;c/x.mdb").dataSource, "/a=b;c/x.mdb");
   EXPECT_EQ(ParseConnectionString("").dataSource, "");
 }
 
-TEST(ConnectionString, TakesKeywordsInAnyCaseAndOrderWithBlanksAroundThem) {
+TEST(ConnectionString, ReadsKeywordsInAnyCaseAndOrderWithBlanks) {
   const ConnectionSettings settings = ParseConnectionString(" data SOURCE = x.mdb ;; PROVIDER=P; mode=read;");
   EXPECT_EQ(settings.dataSource, "x.mdb");
   EXPECT_EQ(settings.provider, "P");
   EXPECT_TRUE(settings.isReadOnly);
 }
 
-TEST(ConnectionString, TakesQuotedValues) {
+TEST(ConnectionString, ReadsQuotedValues) {
   EXPECT_EQ(ParseConnectionString("Data Source=\"a;b \"\"c\"\" 'd'\";Provider='P''Q'").dataSource, "a;b \"c\" 'd'");
   EXPECT_EQ(ParseConnectionString("Data Source=\"a\";Provider='P''Q'").provider, "P'Q");
 }
@@ -45,7 +45,7 @@ TEST(ConnectionString, KeepsASemicolonAndAnEqualsSignInAFolderName) {
   EXPECT_EQ(ParseConnectionString(FullConnectionString("/a;b=c/d;e/x.mdb")).dataSource, "/a;b=c/d;e/x.mdb");
 }
 
-TEST(ConnectionString, TakesAFolderNameThatLooksLikeASettingForAPartOfThePath) {
+TEST(ConnectionString, ReadsAFolderNameThatLooksLikeASettingAsPartOfThePath) {
   for (const char* folder : {"x;Mode=Read", "x;Mode=Read;y", ";Mode=Read;", "x;Provider=None;Data Source=\"/etc/y",
                              "x;Password=secret", "x;;User ID='me'", "x;Colour=red;Mode=Read"}) {
     const std::string path = "/music/" + std::string(folder) + "/TonalithDB97.mdb";
@@ -59,7 +59,7 @@ TEST(ConnectionString, TakesAFolderNameThatLooksLikeASettingForAPartOfThePath) {
   }
 }
 
-TEST(ConnectionString, ExpandsToATextThatReadsTheSame) {
+TEST(ConnectionString, ExpandsToATextWithTheSameSettings) {
   for (const char* path : {"/plain/x.mdb", "/a;b/x.mdb", "/a\"b/x.mdb", "/a'b=c/x.mdb", " x "}) {
     ConnectionSettings settings;
     settings.provider = "Microsoft.Jet.OLEDB.4.0";
@@ -78,7 +78,7 @@ TEST(ConnectionString, NeverExpandsThePassword) {
   EXPECT_EQ(ExpandedConnectionString(settings).find("secret"), std::string::npos);
 }
 
-TEST(ConnectionString, RefusesWhatItDoesNotUnderstandInWords) {
+TEST(ConnectionString, RefusesInvalidTextWithAMessage) {
   EXPECT_EQ(FailureOf([] { ParseConnectionString("Provider=P;Mode=Share Exclusive"); }).Description(),
             "The mode 'Share Exclusive' of the connection string is not supported.");
   EXPECT_EQ(FailureOf([] { ParseConnectionString("Provider='P"); }).Description(),

@@ -26,35 +26,35 @@ std::string OpenFailure(const std::string& path) {
   return FailureOf([&] { Connection().Open(FullConnectionString(path)); }).Description();
 }
 
-// Runs `step` in a child process as a user whom file permissions bind. The step gives an empty text when all is as
-// expected, otherwise what is not; so does this function.
+// Runs `step` in a child process as a user without root permissions. Returns the result of the step: empty if all is as
+// expected, otherwise the error.
 template <class Step>
 std::string AsNobody(Step step) {
   int channel[2];
   if (::pipe(channel) != 0) return "no pipe";
   const pid_t child = ::fork();
   if (child == 0) {
-    std::string words;
+    std::string result;
     const bool isNobody =
         ::geteuid() != 0 || (::setgroups(0, nullptr) == 0 && ::setgid(65534) == 0 && ::setuid(65534) == 0);
-    if (!isNobody) words = "cannot become nobody";
+    if (!isNobody) result = "cannot become nobody";
     try {
-      if (words.empty()) words = step();
+      if (result.empty()) result = step();
     } catch (const std::exception& exception) {
-      words = std::string("unexpected: ") + exception.what();
+      result = std::string("unexpected: ") + exception.what();
     }
-    const ssize_t written = ::write(channel[1], words.data(), words.size());
-    ::_exit(written == static_cast<ssize_t>(words.size()) ? 0 : 1);
+    const ssize_t written = ::write(channel[1], result.data(), result.size());
+    ::_exit(written == static_cast<ssize_t>(result.size()) ? 0 : 1);
   }
   ::close(channel[1]);
-  std::string words;
+  std::string result;
   char piece[512];
   for (ssize_t size = 0; (size = ::read(channel[0], piece, sizeof piece)) > 0;)
-    words.append(piece, static_cast<std::size_t>(size));
+    result.append(piece, static_cast<std::size_t>(size));
   ::close(channel[0]);
   int status = 0;
   ::waitpid(child, &status, 0);
-  return status == 0 ? words : "the child process failed: " + words;
+  return status == 0 ? result : "the child process failed: " + result;
 }
 
 TEST(Connection, OpensTheKeywordForm) {
@@ -102,7 +102,7 @@ TEST(Connection, FindsARelativeDataSourceThroughTheCurrentFolder) {
   EXPECT_NE(connection.ConnectionString().find("Data Source=" + folder.Path() + ";"), std::string::npos);
 }
 
-TEST(Connection, OpensAFolderWhoseNameHasEveryAwkwardCharacter) {
+TEST(Connection, OpensAFileInAFolderWithSpecialCharacters) {
   const tests::TempFolder outer;
   const fs::path folder = outer.Path() / "a;b=c 'd' \"e\" 100% Größe";
   fs::create_directory(folder);
@@ -115,7 +115,7 @@ TEST(Connection, OpensAFolderWhoseNameHasEveryAwkwardCharacter) {
   EXPECT_TRUE(second.IsOpen());
 }
 
-TEST(Connection, NamesAMissingFileAndMakesNone) {
+TEST(Connection, NamesAMissingFileAndCreatesNone) {
   const tests::TempFolder folder;
   EXPECT_EQ(OpenFailure(folder / "none.mdb"), "Could not find file '" + (folder / "none.mdb") + "'.");
   EXPECT_EQ(FailureOf([&] { Connection().Open(FullConnectionString(folder / "none.mdb")); }).Number(), -2147467259);
@@ -126,13 +126,13 @@ TEST(Connection, NamesAFileInAMissingFolder) {
   EXPECT_EQ(OpenFailure("/no/such/folder/x.mdb"), "Could not find file '/no/such/folder/x.mdb'.");
 }
 
-TEST(Connection, NamesALinkToNothing) {
+TEST(Connection, NamesABrokenLink) {
   const tests::TempFolder folder;
   fs::create_symlink(folder / "gone", folder / "link.mdb");
   EXPECT_EQ(OpenFailure(folder / "link.mdb"), "Could not find file '" + (folder / "link.mdb") + "'.");
 }
 
-TEST(Connection, RefusesAFolderInWords) {
+TEST(Connection, RefusesAFolderWithAMessage) {
   const tests::TempFolder folder;
   EXPECT_EQ(OpenFailure(folder.Path().string()), "'" + folder.Path().string() + "' is a folder, not a database file.");
 }
@@ -147,12 +147,12 @@ TEST(Connection, NamesAJournalThatIsAPipeOrAFolderWithoutWaitingForIt) {
   for (const char* ending : {"-journal", "-wal"}) {
     const DatabaseFolder folder;
     const std::string companion = folder.Path() + ending;
-    const std::string words = "The file '" + companion + "' cannot be opened: it is no file.";
+    const std::string message = "The file '" + companion + "' cannot be opened: it is no file.";
     ASSERT_EQ(::mkfifo(companion.c_str(), 0600), 0);
-    EXPECT_EQ(OpenFailure(folder.Path()), words);
+    EXPECT_EQ(OpenFailure(folder.Path()), message);
     fs::remove(companion);
     fs::create_directory(companion);
-    EXPECT_EQ(OpenFailure(folder.Path()), words);
+    EXPECT_EQ(OpenFailure(folder.Path()), message);
     fs::remove(companion);
     Connection().Open(FullConnectionString(folder.Path()));
   }
@@ -203,7 +203,7 @@ TEST(Connection, RefusesADatabaseOfANewerRevision) {
                 std::to_string(SchemaRevisions().size()) + ").");
 }
 
-TEST(Connection, BringsAFileOfOursWithoutASchemaToThePresentRevision) {
+TEST(Connection, UpgradesAScaleDatabaseWithoutASchema) {
   const tests::TempFolder folder;
   const std::string path = folder / "old.mdb";
   SQLite::Database(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec("PRAGMA application_id = 1414417480");
@@ -213,7 +213,7 @@ TEST(Connection, BringsAFileOfOursWithoutASchemaToThePresentRevision) {
   EXPECT_EQ(AskRaw(path, "SELECT count(*) FROM ScalesQuery"), "0");
 }
 
-TEST(Connection, OpensADatabaseOfAnotherProgramAndLeavesItAlone) {
+TEST(Connection, OpensADatabaseOfAnotherProgramWithoutChanges) {
   const tests::TempFolder folder;
   const std::string path = folder / "other.mdb";
   SQLite::Database(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec("CREATE TABLE Scales (ScaleName)");
@@ -223,7 +223,7 @@ TEST(Connection, OpensADatabaseOfAnotherProgramAndLeavesItAlone) {
   EXPECT_EQ(AskRaw(path, "PRAGMA user_version"), "0");
 }
 
-TEST(Connection, OpensForReadingWhenToldSo) {
+TEST(Connection, OpensForReadingOnRequest) {
   const DatabaseFolder folder;
   auto connection = std::make_shared<Connection>();
   connection->Open("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + folder.Path() + ";Mode=Read");
@@ -234,7 +234,7 @@ TEST(Connection, OpensForReadingWhenToldSo) {
             "Cannot update. The database '" + folder.Path() + "' or its folder is read-only.");
 }
 
-TEST(Connection, SaysThatAnUnreadableFileCannotBeOpened) {
+TEST(Connection, ReportsAnUnreadableFile) {
   const DatabaseFolder folder;
   fs::permissions(folder.Folder(), fs::perms::all);
   fs::permissions(folder.Path(), fs::perms::none);
@@ -242,7 +242,7 @@ TEST(Connection, SaysThatAnUnreadableFileCannotBeOpened) {
             "The file '" + folder.Path() + "' cannot be opened: Permission denied.");
 }
 
-TEST(Connection, SaysThatAnUnreachableFolderCannotBeReached) {
+TEST(Connection, ReportsAnUnreachableFolder) {
   const DatabaseFolder folder;
   fs::permissions(folder.Folder(), fs::perms::none);
   EXPECT_EQ(AsNobody([&] { return OpenFailure(folder.Path()); }),
@@ -250,7 +250,7 @@ TEST(Connection, SaysThatAnUnreachableFolderCannotBeReached) {
   fs::permissions(folder.Folder(), fs::perms::owner_all);
 }
 
-// Reads all rows, then tries to write one: what the write said.
+// Reads all rows, then tries to write one. Returns the failure of the write.
 std::string ReadThenWrite(const std::string& path) {
   auto connection = std::make_shared<Connection>();
   connection->Open(FullConnectionString(path));
@@ -258,11 +258,11 @@ std::string ReadThenWrite(const std::string& path) {
   records.Open("ScalesQuery", connection, CursorType::kKeyset, LockType::kOptimistic);
   if (records.RecordCount() != 4) return "cannot read";
   records.SetFieldValue("ScaleName", "Other");
-  const std::string words = FailureOf([&] { records.Update(); }).Description();
-  return records.IsEditPending() ? words : "the edit is lost";
+  const std::string result = FailureOf([&] { records.Update(); }).Description();
+  return records.IsEditPending() ? result : "the edit is lost";
 }
 
-TEST(Connection, ReadsAReadOnlyFileAndRefusesToWriteItInWords) {
+TEST(Connection, ReadsAReadOnlyFileAndRefusesToWriteIt) {
   const DatabaseFolder folder;
   fs::permissions(folder.Folder(), fs::perms::all);
   fs::permissions(folder.Path(), fs::perms::owner_read | fs::perms::others_read);
@@ -270,7 +270,7 @@ TEST(Connection, ReadsAReadOnlyFileAndRefusesToWriteItInWords) {
             "Cannot update. The database '" + folder.Path() + "' or its folder is read-only.");
 }
 
-TEST(Connection, ReadsAFileInAReadOnlyFolderAndRefusesToWriteItInWords) {
+TEST(Connection, ReadsAFileInAReadOnlyFolderAndRefusesToWriteIt) {
   const DatabaseFolder folder;
   fs::permissions(folder.Path(), fs::perms::all);
   fs::permissions(folder.Folder(), fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
@@ -278,7 +278,7 @@ TEST(Connection, ReadsAFileInAReadOnlyFolderAndRefusesToWriteItInWords) {
             "Cannot update. The database '" + folder.Path() + "' or its folder is read-only.");
 }
 
-TEST(Connection, SaysAfterAShortWaitThatAnotherProcessHoldsTheFile) {
+TEST(Connection, ReportsALockedFileAfterAShortTimeout) {
   const DatabaseFolder folder;
   int ready[2];
   int done[2];
@@ -289,8 +289,8 @@ TEST(Connection, SaysAfterAShortWaitThatAnotherProcessHoldsTheFile) {
     SQLite::Database database(folder.Path(), SQLite::OPEN_READWRITE);
     database.exec("PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE");
     char byte = 'r';
-    const bool isTold = ::write(ready[1], &byte, 1) == 1 && ::read(done[0], &byte, 1) == 1;
-    ::_exit(isTold ? 0 : 1);
+    const bool isReported = ::write(ready[1], &byte, 1) == 1 && ::read(done[0], &byte, 1) == 1;
+    ::_exit(isReported ? 0 : 1);
   }
   char byte = 0;
   ASSERT_EQ(::read(ready[0], &byte, 1), 1);
@@ -305,7 +305,7 @@ TEST(Connection, SaysAfterAShortWaitThatAnotherProcessHoldsTheFile) {
   EXPECT_TRUE(connection.IsOpen());
 }
 
-TEST(Connection, RollsBackWhatItBegan) {
+TEST(Connection, RollsBackItsTransaction) {
   const DatabaseFolder folder;
   const auto connection = folder.Open();
   connection->BeginTrans();
@@ -318,7 +318,7 @@ TEST(Connection, RollsBackWhatItBegan) {
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM Scales"), "4");
 }
 
-TEST(Connection, CommitsWhatItBegan) {
+TEST(Connection, CommitsItsTransaction) {
   const DatabaseFolder folder;
   const auto connection = folder.Open();
   connection->BeginTrans();
@@ -362,7 +362,7 @@ TEST(Connection, RefusesEverythingWhileClosedAndChangesOfItsStringWhileOpen) {
   EXPECT_EQ(FailureOf([&] { connection.Open(); }).Number(), 3705);
 }
 
-TEST(Connection, LeavesNoOtherFilesBesideTheDatabase) {
+TEST(Connection, LeavesNoOtherFilesInTheFolder) {
   const DatabaseFolder folder;
   {
     const auto connection = folder.Open();
@@ -374,7 +374,7 @@ TEST(Connection, LeavesNoOtherFilesBesideTheDatabase) {
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.Folder()), fs::directory_iterator()), 1);
 }
 
-TEST(Connection, CountsWhatIsAskedButNotTheChecksOfOpening) {
+TEST(Connection, CountsStatementsButNotTheChecksOfOpening) {
   const DatabaseFolder folder;
   const std::uint64_t before = Connection::StatementsIssued();
   const auto connection = folder.Open();

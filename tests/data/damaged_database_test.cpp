@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A database whose pages are damaged, and one that claims more than it holds.
+// Databases with damaged pages, and one that states a larger size than it has.
 
 #include <filesystem>
 #include <fstream>
@@ -21,7 +21,7 @@ std::string ContentOf(const std::string& path) {
   return content.str();
 }
 
-/// How many rows a walk meets, or -1 where it fails. Longer than the table is a walk without an end.
+/// The number of rows of an iteration, or -1 if it fails. More rows than in the table mean an endless iteration.
 int Walk(const DatabaseFolder& folder, void (RecordSet::*begin)(), void (RecordSet::*step)()) {
   try {
     RecordSet records;
@@ -39,7 +39,7 @@ int Walk(const DatabaseFolder& folder, void (RecordSet::*begin)(), void (RecordS
   }
 }
 
-TEST(DamagedDatabase, IsWalkedToAnEndOrRefusedWhereItsPagesHoldNothing) {
+TEST(DamagedDatabase, IsReadToTheEndOrRefusedIfPagesAreZero) {
   const DatabaseFolder folder(ManyScales(kScales));
   const std::string whole = ContentOf(folder.Path());
   int refused = 0;
@@ -64,7 +64,7 @@ TEST(DamagedDatabase, FieldThatWouldTakeAllMemoryIsAFailure) {
             "The database '" + folder.Path() + "' reports: string or blob too big.");
 }
 
-TEST(StaleJournal, IsRemovedWhenItHoldsNothing) {
+TEST(StaleJournal, IsRemovedIfItHasNothingToRollBack) {
   for (const std::size_t size : {0U, 512U}) {
     const DatabaseFolder folder;
     std::ofstream(folder.Path() + "-journal") << std::string(size, '\0');

@@ -24,7 +24,7 @@ std::string Described(int code, const std::string& words = "words of the engine"
   return FromEngine(SQLite::Exception(words, code), "/a/b.mdb").Description();
 }
 
-TEST(DataFailure, SaysInWordsOfItsOwnWhatTheEngineReportsAboutAFile) {
+TEST(DataFailure, DescribesTheErrorsOfTheEngineForAFile) {
   const std::string kInUse = "Could not use '/a/b.mdb'; file already in use.";
   const std::string kNoAccess = "The file '/a/b.mdb' or its folder does not allow this access.";
   const std::string kUnknown = "Unrecognized database format '/a/b.mdb'.";
@@ -48,13 +48,13 @@ TEST(DataFailure, SaysInWordsOfItsOwnWhatTheEngineReportsAboutAFile) {
   for (const Report& report : reports) EXPECT_EQ(Described(report.code), report.words) << report.code;
 }
 
-TEST(DataFailure, KeepsTheNumbersThatMemoryAndTypesHaveEverywhere) {
+TEST(DataFailure, HasTheUsualNumbersForMemoryAndTypes) {
   EXPECT_EQ(FromEngine(SQLite::Exception("words", SQLITE_NOMEM), "").Number(), core::failure_number::kOutOfMemory);
   EXPECT_EQ(FromEngine(SQLite::Exception("words", SQLITE_MISMATCH), "").Number(), 13);
   EXPECT_EQ(FromEngine(SQLite::Exception("words", SQLITE_FULL), "").Number(), core::failure_number::kUnspecified);
 }
 
-TEST(DataFailure, TellsWhichRuleARecordBreaks) {
+TEST(DataFailure, NamesTheRuleThatARecordViolates) {
   const DatabaseFolder folder;
   SQLite::Database database(folder.Path(), SQLite::OPEN_READWRITE);
   database.exec("CREATE TABLE Rules (Id INTEGER PRIMARY KEY, Name TEXT NOT NULL, Age INTEGER CHECK (Age > 0))");

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What the tests of the data room share: small scale databases in a folder of their own, a look past the data room into
-// the file, and record sets written as text.
+// Shared by the tests of this room: small scale databases in a temporary folder, raw queries on a file, and record sets
+// formatted as text.
 
 #pragma once
 
@@ -24,7 +24,7 @@ namespace tonalith::data {
 
 using tests::FailureOf;
 
-/// Runs SQL of the engine on a file without the data room.
+/// Runs SQL of the engine on a file, without the code under test.
 inline void RunRaw(const std::string& path, const std::string& sql) {
   SQLite::Database(path, SQLite::OPEN_READWRITE, 1000).exec(sql);
 }
@@ -76,7 +76,7 @@ inline std::string ManyScales(int count) {
 
 inline std::string FieldText(const RecordSet& records, int index) { return records.FieldValue(index).TextOr("(null)"); }
 
-/// The name of the current row, or where the record set stands instead.
+/// The name of the current row, or "(no rows)", "(BOF)" or "(EOF)".
 inline std::string Here(const RecordSet& records) {
   if (records.IsBof() && records.IsEof()) return "(no rows)";
   if (records.IsBof()) return "(BOF)";

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A program's folder for the tests of the import, with packs in it, and what the import has shown and reported.
+// A program folder with packs for the tests of the import, and the messages and reports of the import.
 
 #pragma once
 
@@ -34,7 +34,7 @@ class CountingObserver : public DataPackObserver {
   std::function<void()> onProgress;
 };
 
-// A program's folder that is the current directory: the main database with four scales, and a folder for packs.
+// A program folder that is the current directory, with a main database of four scales and a folder for packs.
 class DataPackImportTest : public ::testing::Test {
  protected:
   DataPackImportTest() : before_(std::filesystem::current_path()) {
@@ -47,13 +47,13 @@ class DataPackImportTest : public ::testing::Test {
   [[nodiscard]] const std::string& Main() const { return main_; }
   [[nodiscard]] std::string Ask(const std::string& sql) const { return AskRaw(Main(), sql); }
 
-  /// Makes a pack of our schema and gives its path.
+  /// Creates a pack with the current schema and returns its path.
   std::string MakePack(const std::string& name, const std::string& rows) const {
     CreateScaleDatabase(Packs() + name);
     RunRaw(Packs() + name, rows);
     return Packs() + name;
   }
-  /// Makes a pack out of statements alone.
+  /// Creates a pack from statements only.
   std::string MakeForeignPack(const std::string& name, const std::string& sql) const {
     SQLite::Database(Packs() + name, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(sql);
     return Packs() + name;
@@ -66,7 +66,7 @@ class DataPackImportTest : public ::testing::Test {
   std::vector<std::string> InstallAll() { return import_.GetAvailableDataPacks(); }
   void Install(const std::string& path) { import_.ImportDataPack(path); }
 
-  /// What the import has shown; forgotten by the call.
+  /// Returns and clears the messages of the import.
   std::string Shown() {
     std::string texts = msgBox_.Texts();
     msgBox_.Forget();

@@ -29,14 +29,14 @@ TEST_F(DataPackImportTest, AddsTypesUnderTheirNumbersAndScalesUnderNewOnes) {
             "8300A dance.D213122105");
 }
 
-TEST_F(DataPackImportTest, TellsInTheInformationStyleUnderTheProgramsTitle) {
+TEST_F(DataPackImportTest, ShowsASuccessInTheInformationStyle) {
   const std::string pack = MakePack("DataPack_Folk.mdb", kAddScale);
   Install(pack);
   EXPECT_THAT(msgBox_.Messages(), ElementsAre(tests::RecordingMsgBox::Message{"Imported data pack: \n" + pack,
                                                                               core::MsgBoxStyle::kInformation, ""}));
 }
 
-TEST_F(DataPackImportTest, CountsPacksThatArrivedAndTheScalesThatTheyHaveAdded) {
+TEST_F(DataPackImportTest, CountsImportedPacksAndAddedScales) {
   MakePack("DataPack_A.mdb", kAddScale);
   MakePack("DataPack_B.mdb", std::string(kAddScale) + "INSERT INTO Scales (ScaleName) VALUES ('Major'), ('Other')");
   std::ofstream(Packs() + "DataPack_C.mdb") << "noise";
@@ -45,7 +45,7 @@ TEST_F(DataPackImportTest, CountsPacksThatArrivedAndTheScalesThatTheyHaveAdded) 
   EXPECT_EQ(import_.Imported().scales, 2);
 }
 
-TEST_F(DataPackImportTest, EndsWithoutAMessageWhereItsObserverStopsIt) {
+TEST_F(DataPackImportTest, EndsWithoutAMessageIfItsObserverStopsIt) {
   MakePack("DataPack_A.mdb", ManyScales(2000));
   MakePack("DataPack_B.mdb", ManyScales(2000));
   const std::string before = jet::ContentOfFile(Main());
@@ -58,7 +58,7 @@ TEST_F(DataPackImportTest, EndsWithoutAMessageWhereItsObserverStopsIt) {
   EXPECT_EQ(jet::ContentOfFile(Main()), before);
 }
 
-TEST_F(DataPackImportTest, TellsAFailureInTheCriticalStyle) {
+TEST_F(DataPackImportTest, ShowsAFailureInTheCriticalStyle) {
   Install("nowhere.mdb");
   ASSERT_EQ(msgBox_.Messages().size(), 1U);
   EXPECT_EQ(msgBox_.Messages()[0].text,
@@ -66,7 +66,7 @@ TEST_F(DataPackImportTest, TellsAFailureInTheCriticalStyle) {
   EXPECT_EQ(msgBox_.Messages()[0].style, core::MsgBoxStyle::kCritical);
 }
 
-TEST_F(DataPackImportTest, AddsNothingTheSecondTimeAndSaysTheSame) {
+TEST_F(DataPackImportTest, AddsNothingTheSecondTimeAndShowsTheSameMessage) {
   const std::string pack = MakePack("DataPack_Folk.mdb", std::string(kAddType) + kAddScale);
   Install(pack);
   const std::string before = Ask("SELECT group_concat(ScaleID || ScaleName) FROM Scales");
@@ -75,13 +75,13 @@ TEST_F(DataPackImportTest, AddsNothingTheSecondTimeAndSaysTheSame) {
   EXPECT_EQ(Ask("SELECT group_concat(ScaleID || ScaleName) FROM Scales"), before);
 }
 
-TEST_F(DataPackImportTest, LeavesATypeAloneThatIsThereAlready) {
+TEST_F(DataPackImportTest, DoesNotChangeAnExistingType) {
   Install(MakePack("DataPack_A.mdb", "INSERT INTO ScaleTypes VALUES (2, 99, 'Other'), (3, 30, 'New');"));
   EXPECT_EQ(Ask("SELECT ScaleTypeNo || ScaleTypeName FROM ScaleTypes WHERE ScaleTypeID = 2"), "20Triads");
   EXPECT_EQ(Ask("SELECT count(*) FROM ScaleTypes"), "3");
 }
 
-TEST_F(DataPackImportTest, KnowsAScaleByItsNameInAnyCase) {
+TEST_F(DataPackImportTest, IdentifiesAScaleByItsNameInAnyCase) {
   Install(MakePack("DataPack_A.mdb", "INSERT INTO Scales VALUES (9, 'mAJOR', 1, 'x', 'C', '1', 0, 1);"));
   EXPECT_EQ(Ask("SELECT count(*) || max(ScaleDescription = 'x') FROM Scales"), "40");
 }
@@ -94,7 +94,7 @@ TEST_F(DataPackImportTest, IgnoresTheCaseOfEveryLetterOfAName) {
   EXPECT_EQ(Ask("SELECT group_concat(Sort) FROM Scales WHERE Sort > 70"), "74");
 }
 
-TEST_F(DataPackImportTest, TakesOneOfTwoRowsWhoseNamesDifferInTheCaseOfAnyLetter) {
+TEST_F(DataPackImportTest, ImportsOneOfTwoRowsWhoseNamesDifferOnlyInCase) {
   Install(MakePack("DataPack_A.mdb",
                    "INSERT INTO Scales (ScaleName, Sort) VALUES ('S\u00e1mi', 71), ('S\u00c1MI', 72), ('Kilo', 73), "
                    "('\u212Ailo', 74), ('\u212Aelp', 75), ('kelp', 76);"));
@@ -114,7 +114,7 @@ TEST_F(DataPackImportTest, MatchesNamesWithApostrophesAndStatements) {
   EXPECT_EQ(Shown(), Imported(pack) + Imported(pack));
 }
 
-TEST_F(DataPackImportTest, TakesOneOfTwoRowsOfOneName) {
+TEST_F(DataPackImportTest, ImportsOneOfTwoRowsOfOneName) {
   Install(MakePack("DataPack_A.mdb", "INSERT INTO Scales (ScaleName, Sort) VALUES ('Twin', 1), ('TWIN', 2);"));
   EXPECT_EQ(Ask("SELECT count(*) || max(Sort) FROM Scales WHERE ScaleName = 'Twin'"), "11");
 }
@@ -125,7 +125,7 @@ TEST_F(DataPackImportTest, ReadsAMissingNameAsEmptyText) {
   EXPECT_EQ(Ask("SELECT count(*) FROM Scales WHERE Sort = 77"), "0");
 }
 
-TEST_F(DataPackImportTest, CopiesTheNumberOfAScalesTypeAsItStands) {
+TEST_F(DataPackImportTest, CopiesTheTypeNumberOfAScaleUnchanged) {
   Install(MakePack("DataPack_A.mdb", "INSERT INTO Scales (ScaleName, ScaleTypeID) VALUES ('A', 2), ('B', 555);"));
   EXPECT_EQ(Ask("SELECT group_concat(ScaleTypeID) FROM Scales WHERE ScaleName IN ('A', 'B')"), "2,555");
 }
@@ -159,7 +159,7 @@ TEST_F(DataPackImportTest, KeepsNullsNull) {
             "1");
 }
 
-TEST_F(DataPackImportTest, InstallsEveryPackOfTheFolderAndTellsOfEach) {
+TEST_F(DataPackImportTest, InstallsEveryPackOfTheFolderAndReportsEach) {
   const std::string first = MakePack("DataPack_A.mdb", kAddScale);
   const std::string second = MakePack("DataPack_.mdb", kAddType);
   MakePack("Pack_C.mdb", "");
@@ -172,7 +172,7 @@ TEST_F(DataPackImportTest, InstallsEveryPackOfTheFolderAndTellsOfEach) {
   EXPECT_EQ(Ask("SELECT count(*) FROM Scales"), "5");
 }
 
-TEST_F(DataPackImportTest, FindsNamesInOtherLettersAsTheFileSystemDoes) {
+TEST_F(DataPackImportTest, FindsNamesInAnotherCaseAsTheFileSystemDoes) {
   const std::string pack = MakePack("datapack_a.MDB", kAddScale);
   const bool ignoresCase = fs::exists(Packs() + "DataPack_a.mdb");
   EXPECT_EQ(InstallAll().size(), ignoresCase ? 1U : 0U);
@@ -186,7 +186,7 @@ TEST_F(DataPackImportTest, ShowsNothingWithoutPacks) {
   EXPECT_EQ(observer_.packsDone, 0);
 }
 
-TEST_F(DataPackImportTest, GoesOnBehindAPackThatFails) {
+TEST_F(DataPackImportTest, ContinuesAfterAPackThatFails) {
   MakePack("DataPack_A.mdb", "INSERT INTO Scales (ScaleName) VALUES ('A')");
   std::ofstream(Packs() + "DataPack_B.mdb") << "noise";
   MakePack("DataPack_C.mdb", "INSERT INTO Scales (ScaleName) VALUES ('C')");
@@ -232,7 +232,7 @@ TEST_F(DataPackImportTest, ReportsItsProgress) {
   EXPECT_EQ(observer_.latest, 768);
 }
 
-TEST_F(DataPackImportTest, NeedsAboutTheSameForEachScaleHoweverManyThereAre) {
+TEST_F(DataPackImportTest, StatementsPerScaleDoNotDependOnTheSizeOfTheLibrary) {
   RunRaw(Main(), "DELETE FROM Scales; DELETE FROM ScaleTypes; " + ManyScales(100'000));
   const std::string many = MakePack("DataPack_A.mdb",
                                     "INSERT INTO Scales (ScaleName) SELECT 'A' || i FROM (WITH RECURSIVE "
@@ -251,7 +251,7 @@ TEST_F(DataPackImportTest, NeedsAboutTheSameForEachScaleHoweverManyThereAre) {
   EXPECT_THAT(plan.getColumn(3).getString(), HasSubstr("INDEX ScalesByName (ScaleName=?"));
 }
 
-TEST(FieldExists, AsksForTheNameInAnyCase) {
+TEST(FieldExists, IgnoresTheCaseOfTheName) {
   const DatabaseFolder folder;
   RecordSet records;
   records.Open("SELECT * FROM ScaleTypes", folder.Open());

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Keeping a file where a file can have one name only, as on the file systems of memory sticks: the system is told to
-// refuse second names to a process of its own, and that process keeps the file.
+// LinkOrCopyWithLabel on a file system without hard links, as on memory sticks: the calls run in a child process in
+// which the system refuses hard links.
 
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ class DurableCopy : public testing::Test {
   std::string path_ = folder_.Write("tune.mdb", "la");
 };
 
-TEST_F(DurableCopy, StandsBesideTheFileWithAllThatIsInIt) {
+TEST_F(DurableCopy, IsInTheSameFolderWithTheSameContent) {
   for (const int error : {EPERM, EOPNOTSUPP, EMLINK}) {
     fs::remove(folder_ / "tune (old).mdb");
     EXPECT_EQ(Keep(error), folder_ / "tune (old).mdb");
@@ -52,25 +52,25 @@ TEST_F(DurableCopy, StandsBesideTheFileWithAllThatIsInIt) {
   }
 }
 
-TEST_F(DurableCopy, IsMadeOnce) {
+TEST_F(DurableCopy, IsCreatedOnce) {
   EXPECT_EQ(Keep(), folder_ / "tune (old).mdb");
   EXPECT_EQ(Keep(), folder_ / "tune (old).mdb");
   EXPECT_FALSE(fs::exists(folder_ / "tune (old) 2.mdb"));
 }
 
-TEST_F(DurableCopy, LeavesAnotherFileOfThatNameAsItIs) {
+TEST_F(DurableCopy, DoesNotChangeAnotherFileOfThatName) {
   const std::string other = folder_.Write("tune (old).mdb", "do");
   EXPECT_EQ(Keep(), folder_ / "tune (old) 2.mdb");
   EXPECT_EQ(jet::ContentOfFile(other), "do");
   EXPECT_EQ(jet::ContentOfFile(folder_ / "tune (old) 2.mdb"), "la");
 }
 
-TEST_F(DurableCopy, IsNotTriedWhenTheDiskHasNoRoom) {
+TEST_F(DurableCopy, IsNotTriedIfTheDiskIsFull) {
   EXPECT_EQ(Keep(ENOSPC), "The file '" + (folder_ / "tune (old).mdb") + "' cannot be made: No space left on device.");
   EXPECT_FALSE(fs::exists(folder_ / "tune (old).mdb"));
 }
 
-TEST_F(DurableCopy, LeavesNothingUnfinishedBehindWhenThereIsNothingToCopy) {
+TEST_F(DurableCopy, LeavesNoUnfinishedFileIfTheSourceIsMissing) {
   const std::string copy = folder_ / "copy.mdb";
   EXPECT_EQ(FailureOf([&] { CopyDurably(folder_ / "absent.mdb", copy); }).Description(),
             "The file '" + copy + "' cannot be made: No such file or directory.");

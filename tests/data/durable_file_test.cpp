@@ -15,7 +15,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(DurableFile, GetsASecondNameBesideItsOwn) {
+TEST(DurableFile, GetsASecondNameInItsFolder) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("tune.mdb", "la");
   EXPECT_EQ(LinkOrCopyWithLabel(path, " (old)"), folder / "tune (old).mdb");
@@ -23,14 +23,14 @@ TEST(DurableFile, GetsASecondNameBesideItsOwn) {
   EXPECT_EQ(jet::ContentOfFile(path), "la");
 }
 
-TEST(DurableFile, KeepsItsNameWhenItIsKeptAlready) {
+TEST(DurableFile, ReusesAnExistingSecondName) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("tune.mdb", "la");
   EXPECT_EQ(LinkOrCopyWithLabel(path, " (old)"), folder / "tune (old).mdb");
   EXPECT_EQ(LinkOrCopyWithLabel(path, " (old)"), folder / "tune (old).mdb");
 }
 
-TEST(DurableFile, NeverTakesTheNameOfAnotherFile) {
+TEST(DurableFile, NeverUsesTheNameOfAnotherFile) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("tune.mdb", "la");
   const std::string other = folder.Write("tune (old).mdb", "do");
@@ -39,7 +39,7 @@ TEST(DurableFile, NeverTakesTheNameOfAnotherFile) {
   EXPECT_EQ(jet::ContentOfFile(other), "do");
 }
 
-TEST(DurableFile, IsCopiedWhole) {
+TEST(DurableFile, IsCopiedCompletely) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("tune.mdb", std::string(100'000, 'x'));
   const std::string copy = folder / "copy.mdb";
@@ -50,7 +50,7 @@ TEST(DurableFile, IsCopiedWhole) {
             "The file '" + copy + "' cannot be made: File exists.");
 }
 
-TEST(DurableFile, IsReplacedByAnotherUnderItsName) {
+TEST(DurableFile, IsReplacedByAnotherFile) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("tune.mdb", "la");
   ReplaceDurably(folder.Write("new.mdb", "do"), path);
@@ -58,7 +58,7 @@ TEST(DurableFile, IsReplacedByAnotherUnderItsName) {
   EXPECT_FALSE(fs::exists(folder / "new.mdb"));
 }
 
-TEST(DurableFile, IsGivenUpInWordsWhenAnotherHoldsItForTooLong) {
+TEST(DurableFile, LockTimesOutWithAMessage) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("library.mdb", "Jet");
   {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The questions by name use one open database for many connections. Each case changes the file between two questions
-// and expects what two connections of their own would give.
+// Queries by name reuse one open database. Each test changes the file between two queries and expects the result of two
+// separate connections.
 
 #include "data/engine_cache.h"
 
@@ -28,7 +28,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using tests::RecordingMsgBox;
 
-/// The entries of this process's table of open files that lead to a path.
+/// The number of open file descriptors of this process for a path.
 int OpenFilesOf(const std::string& path) {
   int count = 0;
   for (const auto& entry : fs::directory_iterator("/proc/self/fd")) {
@@ -39,7 +39,7 @@ int OpenFilesOf(const std::string& path) {
   return count;
 }
 
-/// Sees whether anybody opens a file from now on.
+/// Detects whether a file is opened from now on.
 class OpeningWatch {
  public:
   explicit OpeningWatch(const std::string& path) : notices_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
@@ -80,7 +80,7 @@ TEST_F(EngineCacheTest, ServesTheNextConnectionWithoutOpeningTheFileAgain) {
   EXPECT_TRUE(watch.HasBeenOpened());
 }
 
-TEST_F(EngineCacheTest, IsClosedToTheRecordSetsOfAClosedConnection) {
+TEST_F(EngineCacheTest, IsClosedForTheRecordSetsOfAClosedConnection) {
   const auto connection = database_.OpenScaleConnection();
   RecordSet records;
   records.Open("SELECT * FROM ScalesQuery", connection);
@@ -90,7 +90,7 @@ TEST_F(EngineCacheTest, IsClosedToTheRecordSetsOfAClosedConnection) {
   EXPECT_EQ(FailureOf([&] { connection->Close(); }).Number(), 3704);
 }
 
-TEST_F(EngineCacheTest, LeavesAnOpenTransactionToNobody) {
+TEST_F(EngineCacheTest, DoesNotPassOnAnOpenTransaction) {
   const auto connection = database_.OpenScaleConnection();
   connection->BeginTrans();
   RecordSet records;
@@ -101,18 +101,18 @@ TEST_F(EngineCacheTest, LeavesAnOpenTransactionToNobody) {
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Major"), ElementsAre(2, 2, 1, 2, 2, 2, 1));
 }
 
-TEST_F(EngineCacheTest, SeesWhatAnotherConnectionWrote) {
+TEST_F(EngineCacheTest, ReadsTheChangesOfAnotherConnection) {
   RunRaw(folder_.Path(), "UPDATE Scales SET ScaleIntervals = '66' WHERE ScaleName = 'Minor triad'");
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Minor triad"), ElementsAre(6, 6));
 }
 
-TEST_F(EngineCacheTest, ReportsAFileThatWasDeletedAndHoldsItNoLonger) {
+TEST_F(EngineCacheTest, ReportsADeletedFileAndClosesIt) {
   fs::remove(folder_.Path());
   EXPECT_EQ(MessageOfNextQuery(), "Database connection failed: Could not find file '" + folder_.Path() + "'.\n");
   EXPECT_EQ(OpenFilesOf(folder_.Path()), 0);
 }
 
-TEST_F(EngineCacheTest, ReadsTheFileThatTookThePlaceOfTheOther) {
+TEST_F(EngineCacheTest, ReadsAFileThatReplacedTheFirst) {
   const DatabaseFolder other(
       "INSERT INTO ScaleTypes VALUES (1, 10, 'Types');"
       "INSERT INTO Scales (ScaleName, ScaleTypeID, ScaleIntervals) VALUES ('Major', 1, '57')");
@@ -120,20 +120,20 @@ TEST_F(EngineCacheTest, ReadsTheFileThatTookThePlaceOfTheOther) {
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Major"), ElementsAre(5, 7));
 }
 
-TEST_F(EngineCacheTest, RefusesTheOtherFileThatTookItsPlace) {
+TEST_F(EngineCacheTest, RefusesAnInvalidFileThatReplacedTheFirst) {
   fs::remove(folder_.Path());
   std::ofstream(folder_.Path()) << std::string(5000, 'x');
   EXPECT_EQ(MessageOfNextQuery(),
             "Database connection failed: Unrecognized database format '" + folder_.Path() + "'.\n");
 }
 
-TEST_F(EngineCacheTest, RefusesTheFileOnceItIsCutOff) {
+TEST_F(EngineCacheTest, RefusesTheFileAfterATruncation) {
   fs::resize_file(folder_.Path(), fs::file_size(folder_.Path()) - 1);
   EXPECT_EQ(MessageOfNextQuery(),
             "Database connection failed: Unrecognized database format '" + folder_.Path() + "'.\n");
 }
 
-TEST_F(EngineCacheTest, RefusesTheFileOnceANewerVersionHasWrittenIt) {
+TEST_F(EngineCacheTest, RefusesTheFileAfterANewerVersionHasWrittenIt) {
   RunRaw(folder_.Path(), "PRAGMA user_version = 99");
   EXPECT_THAT(MessageOfNextQuery(), testing::HasSubstr("was made by a newer version of Tonalith"));
 }
@@ -144,7 +144,7 @@ TEST_F(EngineCacheTest, RefusesAJournalThatIsAPipe) {
             "Database connection failed: The file '" + folder_.Path() + "-journal' cannot be opened: it is no file.\n");
 }
 
-TEST_F(EngineCacheTest, ReportsAFileThatAnotherProgramHolds) {
+TEST_F(EngineCacheTest, ReportsAFileThatAnotherProgramHasLocked) {
   {
     SQLite::Database other(folder_.Path(), SQLite::OPEN_READWRITE);
     other.exec("BEGIN EXCLUSIVE");
@@ -154,7 +154,7 @@ TEST_F(EngineCacheTest, ReportsAFileThatAnotherProgramHolds) {
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Minor triad"), ElementsAre(3, 4, 5));
 }
 
-TEST_F(EngineCacheTest, IsNoHindranceToAWriter) {
+TEST_F(EngineCacheTest, DoesNotBlockAWriter) {
   SQLite::Database other(folder_.Path(), SQLite::OPEN_READWRITE);
   EXPECT_NO_THROW(other.exec("BEGIN EXCLUSIVE; DELETE FROM Scales; COMMIT"));
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Major"), IsEmpty());

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Libraries that others prepared to do harm: their stored queries and triggers never run, and fields of any length
-// neither stop the library from opening nor take all memory.
+// Malicious libraries: their stored queries and triggers never run, and fields of any length neither prevent the
+// library from opening nor use all memory.
 
 #include <gmock/gmock.h>
 
@@ -44,7 +44,7 @@ void RenameFirst(const DatabaseFolder& folder, const std::string& name) {
   records.Update();
 }
 
-/// Runs a step that has to leave the window usable within a second.
+/// Runs a step that must end within a second.
 template <class Step>
 void Soon(Step step) {
   const auto start = std::chrono::steady_clock::now();
@@ -55,7 +55,7 @@ void Soon(Step step) {
 constexpr const char* kAllNames = "SELECT group_concat(ScaleName) FROM (SELECT ScaleName FROM Scales ORDER BY ScaleID)";
 const std::string kFourNames = "Major\nMinor\nMajor triad\nMinor triad\n";
 
-TEST(HostileLibrary, SchemaOfOursIsKnownAsOurs) {
+TEST(HostileLibrary, OwnSchemaIsRecognised) {
   const DatabaseFolder folder;
   SQLite::Database database(folder.Path(), SQLite::OPEN_READWRITE);
   EXPECT_TRUE(GuardSchema(database).isOurs);
@@ -67,7 +67,7 @@ TEST(HostileLibrary, SchemaOfOursIsKnownAsOurs) {
   EXPECT_FALSE(guard.stopsTriggers);
 }
 
-TEST(HostileLibrary, EndlessStoredQueryIsReplacedByOurOwnWithANotice) {
+TEST(HostileLibrary, EndlessStoredQueryIsReplacedWithANotice) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), std::string("DROP VIEW ScalesQuery; CREATE VIEW ScalesQuery AS ") + kEndless +
                             "SELECT i AS ScaleID, 'n' AS ScaleName, " + kFields);
@@ -86,7 +86,7 @@ TEST(HostileLibrary, EndlessStoredQueryIsReplacedByOurOwnWithANotice) {
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT ScaleName FROM Scales WHERE ScaleID = 1"), "Ionian");
 }
 
-TEST(HostileLibrary, TableInThePlaceOfTheStoredQueryIsReplaced) {
+TEST(HostileLibrary, TableInsteadOfTheStoredQueryIsReplaced) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(),
          "DROP VIEW ScalesQuery; CREATE TABLE ScalesQuery (ScaleID, ScaleName);"
@@ -96,7 +96,7 @@ TEST(HostileLibrary, TableInThePlaceOfTheStoredQueryIsReplaced) {
   EXPECT_EQ(NamesIn(records), kFourNames);
 }
 
-TEST(HostileLibrary, MissingStoredQueryIsReplacedWhereTheTablesAreThere) {
+TEST(HostileLibrary, MissingStoredQueryIsReplacedIfTheTablesExist) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "DROP VIEW ScalesQuery");
   RecordSet records;
@@ -104,7 +104,7 @@ TEST(HostileLibrary, MissingStoredQueryIsReplacedWhereTheTablesAreThere) {
   EXPECT_EQ(NamesIn(records), kFourNames);
 }
 
-TEST(HostileLibrary, TriggerOfOthersNeverRunsOnSaving) {
+TEST(HostileLibrary, ForeignTriggerNeverRunsOnSaving) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "CREATE TRIGGER Bomb AFTER UPDATE ON Scales BEGIN DELETE FROM Scales; END");
   EXPECT_EQ(folder.Open()->NoticeText(),
@@ -114,7 +114,7 @@ TEST(HostileLibrary, TriggerOfOthersNeverRunsOnSaving) {
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM sqlite_schema WHERE name = 'Bomb'"), "1");
 }
 
-TEST(HostileLibrary, TriggerThatBearsTheNameOfOursNeverRuns) {
+TEST(HostileLibrary, ForeignTriggerWithTheNameOfAnOwnOneNeverRuns) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(),
          "DROP TRIGGER ScalesQueryUpdate; CREATE TRIGGER ScalesQueryUpdate INSTEAD OF UPDATE ON "
@@ -124,7 +124,7 @@ TEST(HostileLibrary, TriggerThatBearsTheNameOfOursNeverRuns) {
   EXPECT_EQ(FailureOf([&] { RenameFirst(folder, "Minor"); }).Description(), "There is a scale of this name already.");
 }
 
-TEST(HostileLibrary, ForeignQueryAndForeignTriggersLeaveScalesToBeRead) {
+TEST(HostileLibrary, ForeignQueryAndForeignTriggersMakeScalesReadOnly) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(),
          "CREATE TRIGGER Bomb AFTER UPDATE ON Scales BEGIN DELETE FROM Scales; END;"
@@ -142,7 +142,7 @@ TEST(HostileLibrary, ForeignQueryAndForeignTriggersLeaveScalesToBeRead) {
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM Scales"), "4");
 }
 
-TEST(HostileLibrary, StoredQueryInThePlaceOfATableIsRefused) {
+TEST(HostileLibrary, StoredQueryInsteadOfATableIsRefused) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), std::string("DROP TABLE Scales; CREATE VIEW Scales AS ") + kEndless +
                             "SELECT i AS ScaleID, 'n' AS ScaleName, " + kFields);
@@ -152,7 +152,7 @@ TEST(HostileLibrary, StoredQueryInThePlaceOfATableIsRefused) {
   });
 }
 
-TEST(HostileLibrary, StoredQueriesOfManyStoredQueriesTakeNoMemory) {
+TEST(HostileLibrary, NestedStoredQueriesTakeNoMemory) {
   const DatabaseFolder folder;
   std::string views = "ALTER TABLE Scales RENAME TO Old; CREATE VIEW v0 AS SELECT * FROM Old;";
   for (int i = 1; i < 28; ++i) {
@@ -170,7 +170,7 @@ TEST(HostileLibrary, StoredQueriesOfManyStoredQueriesTakeNoMemory) {
   }
 }
 
-TEST(HostileLibrary, TablesWhoseJoinHasNoEndAreGivenUpInTime) {
+TEST(HostileLibrary, EndlessJoinIsInterruptedInTime) {
   const tests::TempFolder folder;
   const std::string path = folder / "TonalithDB97.mdb";
   SQLite::Database(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
@@ -191,7 +191,7 @@ TEST(HostileLibrary, TablesWhoseJoinHasNoEndAreGivenUpInTime) {
 
 std::string Megabytes(int count) { return "printf('%.*c', " + std::to_string(count) + "000000, 'x')"; }
 
-TEST(HostileLibrary, LongFieldIsCutAndItsRecordStaysAmongTheOthers) {
+TEST(HostileLibrary, LongFieldIsCutAndItsRecordIsListed) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "UPDATE Scales SET ScaleDescription = " + Megabytes(15) + " WHERE ScaleID = 2;" +
                             "UPDATE Scales SET ScaleName = " + Megabytes(3) + " WHERE ScaleID = 4;" +
@@ -218,7 +218,7 @@ TEST(HostileLibrary, LongFieldIsCutAndItsRecordStaysAmongTheOthers) {
   });
 }
 
-TEST(HostileLibrary, NameOfSomeMegabytesIsWholeSoThatItIsFound) {
+TEST(HostileLibrary, NameOfSomeMegabytesIsNotCut) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "UPDATE Scales SET ScaleName = " + Megabytes(3) + " WHERE ScaleID = 1");
   RecordSet records;
@@ -229,7 +229,7 @@ TEST(HostileLibrary, NameOfSomeMegabytesIsWholeSoThatItIsFound) {
   EXPECT_EQ(database.GetScaleIntervalsFromDB(FieldText(records, 1)).size(), 7U);
 }
 
-TEST(HostileLibrary, FieldLongerThanCanBeReadIsDots) {
+TEST(HostileLibrary, FieldThatIsTooLongToReadIsReplacedByDots) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "UPDATE Scales SET ScaleDescription = " + Megabytes(20) + " WHERE ScaleID = 1");
   RecordSet records;
@@ -239,7 +239,7 @@ TEST(HostileLibrary, FieldLongerThanCanBeReadIsDots) {
   EXPECT_EQ(FieldText(records, 3), "Dark.");
 }
 
-TEST(HostileLibrary, SavingAnotherFieldKeepsALongOne) {
+TEST(HostileLibrary, SavingAnotherFieldPreservesALongOne) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "UPDATE Scales SET ScaleDescription = " + Megabytes(4) + " WHERE ScaleID = 1");
   RenameFirst(folder, "Ionian");
@@ -247,7 +247,7 @@ TEST(HostileLibrary, SavingAnotherFieldKeepsALongOne) {
             "Ionian4000000");
 }
 
-TEST(HostileLibrary, LongFieldsInAFileOfOthersAreCutToo) {
+TEST(HostileLibrary, LongFieldsInAForeignFileAreCutToo) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "PRAGMA application_id = 0; UPDATE Scales SET ScaleDescription = " + Megabytes(15) +
                             " WHERE ScaleID IN (1, 7)");
@@ -261,7 +261,7 @@ TEST(HostileLibrary, LongFieldsInAFileOfOthersAreCutToo) {
   });
 }
 
-TEST(HostileLibrary, ComputedFieldOfAnyLengthIsAFailureInTime) {
+TEST(HostileLibrary, ComputedFieldOfAnyLengthFailsInTime) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "ALTER TABLE Scales ADD COLUMN Huge AS (replace(hex(zeroblob(15000000)), '0', '1'))");
   Soon([&] {

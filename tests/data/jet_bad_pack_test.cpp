@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Jet packs that cannot be imported: each ends in one message that says what to do about it, and leaves no trace.
+// Jet packs that cannot be imported: each ends in one helpful message and changes nothing.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -26,17 +26,17 @@ class BadJetPackTest : public DataPackImportTest {
   static std::string CannotBeRead(const std::string& pack) { return "The file '" + pack + "' cannot be read: it is "; }
 };
 
-TEST_F(BadJetPackTest, SaysThatItIsEncrypted) {
+TEST_F(BadJetPackTest, ReportsAnEncryptedPack) {
   const std::string pack = WritePack(jet::ContentWith(jet::kJet2000, {{0x3E, 0x01}}));
   ExpectRefused(pack, CannotBeRead(pack) + "encrypted. Save it without encryption and try again.");
 }
 
-TEST_F(BadJetPackTest, SaysThatItHasAPassword) {
+TEST_F(BadJetPackTest, ReportsAPackWithAPassword) {
   const std::string pack = WritePack(jet::ContentWith(jet::kJet2003, {{0x42, 'a'}}));
   ExpectRefused(pack, CannotBeRead(pack) + "protected with a password. Remove the password and try again.");
 }
 
-TEST_F(BadJetPackTest, SaysThatItIsTruncatedWhereverItEnds) {
+TEST_F(BadJetPackTest, ReportsATruncatedPackAtAnyLength) {
   const std::string whole = jet::ContentOfFile(jet::kJet2000);
   for (std::size_t size = 100; size < whole.size(); size += 3 * jet::kJetPage - 17) {
     const std::string pack = WritePack(whole.substr(0, size));
@@ -48,7 +48,7 @@ TEST_F(BadJetPackTest, SaysThatItIsTruncatedWhereverItEnds) {
   EXPECT_EQ(Ask("SELECT count(*) FROM Scales"), "4");
 }
 
-TEST_F(BadJetPackTest, SaysWhichTableIsMissing) {
+TEST_F(BadJetPackTest, NamesAMissingTable) {
   std::string content = jet::ContentOfFile(jet::kJet2000);
   const std::string wide("S\0c\0a\0l\0e\0T\0y\0p\0e\0s\0", 20);
   content.replace(content.find(wide), 2, std::string("X\0", 2));
@@ -56,7 +56,7 @@ TEST_F(BadJetPackTest, SaysWhichTableIsMissing) {
   ExpectRefused(pack, "The database '" + pack + "' has no table or stored query 'ScaleTypes'.");
 }
 
-// Whatever the bytes are: one message, and a main database that is sound.
+// For any content: one message, and an intact main database.
 TEST_F(BadJetPackTest, SurvivesEveryKindOfDamage) {
   const std::string whole = jet::ContentOfFile(jet::kJet2000);
   const std::string main = jet::ContentOfFile(Main());
@@ -83,7 +83,7 @@ TEST_F(BadJetPackTest, SurvivesEveryKindOfDamage) {
   EXPECT_GT(refused, 5);
 }
 
-TEST_F(BadJetPackTest, LeavesNothingWhereverTheDiskFillsUp) {
+TEST_F(BadJetPackTest, LeavesNothingIfTheDiskFillsUpAtAnyStep) {
   const std::string pack = CopyPack(jet::kJet2003, "DataPack_A.mdb");
   const std::string before = ContentOfDatabase(Main());
   PackDisk disk;

@@ -39,7 +39,7 @@ TEST(JetConnection, ComparesTextWithoutRegardToCase) {
   EXPECT_EQ(FieldText(scales, 0), "2131221");
 }
 
-TEST(JetConnection, TakesNoChanges) {
+TEST(JetConnection, IsReadOnly) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("a.mdb", jet::ContentOfFile(jet::kJet2000));
   const auto connection = OpenJet(path);
@@ -53,7 +53,7 @@ TEST(JetConnection, TakesNoChanges) {
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
 }
 
-TEST(JetConnection, KnowsNoStoredQueryWhereTheFileHasNone) {
+TEST(JetConnection, HasNoStoredQueryIfTheFileHasNone) {
   RecordSet scales;
   EXPECT_EQ(FailureOf([&] { scales.Open("SELECT * FROM ScalesQuery", OpenJet(jet::kJet2000)); }).Number(),
             failure_number::kUnknownTable);

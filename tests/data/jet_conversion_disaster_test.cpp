@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The conversion of a Jet file in the database's place, on a disk that fills up, killed at every step of writing, and
-// by somebody who may not do it: the Jet file is there before and after, under the one name or the other.
+// The conversion of a Jet library on a disk that fills up, killed at every write, and without permission: the Jet file
+// always exists under one of its two names.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -60,7 +60,7 @@ class JetConversionDisaster : public ::testing::Test {
   std::string content_ = jet::ContentOfFile(jet::kJet2000);
 };
 
-TEST_F(JetConversionDisaster, ChangesNothingWhereverTheDiskFillsUp) {
+TEST_F(JetConversionDisaster, ChangesNothingIfTheDiskFillsUpAtAnyStep) {
   PackDisk disk;
   ConvertMainDatabaseIfJet(path_);
   const int needed = disk.Growths();
@@ -68,10 +68,10 @@ TEST_F(JetConversionDisaster, ChangesNothingWhereverTheDiskFillsUp) {
   for (int room = 0; room < needed; room += 2) {
     PutJetFile();
     disk.FillUpAfter(room);
-    const std::string words = Refusal();
+    const std::string result = Refusal();
     disk.MakeRoom();
-    ASSERT_THAT(words, StartsWith(CannotBeConverted())) << room;
-    ASSERT_THAT(words,
+    ASSERT_THAT(result, StartsWith(CannotBeConverted())) << room;
+    ASSERT_THAT(result,
                 ::testing::EndsWith("The disk that holds '" + path_ + ".converting' is full. Nothing was saved."))
         << room;
     ExpectUnchanged();
@@ -80,8 +80,8 @@ TEST_F(JetConversionDisaster, ChangesNothingWhereverTheDiskFillsUp) {
   ExpectConverted();
 }
 
-TEST_F(JetConversionDisaster, IsMadeGoodAtTheNextStartWhereverItWasKilled) {
-  // Each conversion reads the whole file, so not every single step is one to be killed at.
+TEST_F(JetConversionDisaster, IsCompletedAtTheNextStartAfterAKillAtAnyStep) {
+  // Each conversion reads the whole file, so this does not kill at every step.
   constexpr int kStride = 3;
   int kills = 0;
   for (int step = 1;; step += kStride, ++kills) {
@@ -100,7 +100,7 @@ TEST_F(JetConversionDisaster, IsMadeGoodAtTheNextStartWhereverItWasKilled) {
   EXPECT_GT(kills, 10);
 }
 
-TEST_F(JetConversionDisaster, SaysThatARealDiskIsFull) {
+TEST_F(JetConversionDisaster, ReportsThatARealDiskIsFull) {
   const tests::TempFolder temp;
   const SmallDisk disk(temp.Path().string(), 1024);
   if (!disk.IsThere()) GTEST_SKIP() << "this system lets nobody mount a file system";
@@ -116,7 +116,7 @@ TEST_F(JetConversionDisaster, SaysThatARealDiskIsFull) {
   EXPECT_EQ(AskRaw(path, "SELECT count(*) FROM Scales"), "5");
 }
 
-TEST_F(JetConversionDisaster, LeavesAFileAloneThatAnotherProgramHasChangedMeanwhile) {
+TEST_F(JetConversionDisaster, DoesNotReplaceAFileThatAnotherProgramHasChanged) {
   for (const auto by : {std::chrono::hours(1), std::chrono::hours(-1)}) {
     PutJetFile();
     const auto change = [&](ConversionStep step) {
@@ -136,21 +136,21 @@ TEST_F(JetConversionDisaster, RefusesAnEncryptedFileAndChangesNothing) {
   ExpectUnchanged();
 }
 
-// What the conversion says to somebody who is not allowed everything.
+// The result of a conversion by a user without root permissions.
 std::string RefusalToNobody(const std::string& path) {
   std::array<int, 2> ends{};
   if (::pipe(ends.data()) != 0) return "no pipe";
   const bool isKilled = IsKilledIn([&] {
     constexpr uid_t kNobody = 65534;
-    std::string words = "cannot become nobody";
+    std::string result = "cannot become nobody";
     if (::setgid(kNobody) == 0 && ::setuid(kNobody) == 0) {
       try {
-        words = ConvertMainDatabaseIfJet(path).value_or("left alone");
+        result = ConvertMainDatabaseIfJet(path).value_or("left alone");
       } catch (const core::Failure& failure) {
-        words = failure.Description();
+        result = failure.Description();
       }
     }
-    if (::write(ends[1], words.data(), words.size()) < 0) ::_exit(2);
+    if (::write(ends[1], result.data(), result.size()) < 0) ::_exit(2);
   });
   EXPECT_FALSE(isKilled);
   ::close(ends[1]);
@@ -160,14 +160,14 @@ std::string RefusalToNobody(const std::string& path) {
   return {text.data(), static_cast<std::size_t>(size > 0 ? size : 0)};
 }
 
-TEST_F(JetConversionDisaster, LeavesAFileAloneThatCannotBeRead) {
+TEST_F(JetConversionDisaster, DoesNotChangeAFileThatCannotBeRead) {
   fs::permissions(folder_.Path(), fs::perms::all);
   fs::permissions(path_, fs::perms::none);
   EXPECT_EQ(RefusalToNobody(path_), "left alone");
   ExpectUnchanged();
 }
 
-TEST_F(JetConversionDisaster, SaysThatTheFolderCannotBeWritten) {
+TEST_F(JetConversionDisaster, ReportsThatTheFolderCannotBeWritten) {
   fs::permissions(folder_.Path(), fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
   fs::permissions(path_, fs::perms::all);
   EXPECT_EQ(RefusalToNobody(path_),

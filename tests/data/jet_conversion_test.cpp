@@ -32,22 +32,22 @@ class JetFolder {
   }
 
   [[nodiscard]] std::string Path() const { return folder_ / kDatabaseFileName; }
-  [[nodiscard]] std::string Kept() const { return folder_ / "TonalithDB97 (Jet file before conversion).mdb"; }
+  [[nodiscard]] std::string SecondName() const { return folder_ / "TonalithDB97 (Jet file before conversion).mdb"; }
   [[nodiscard]] std::set<std::string> Names() const {
     std::set<std::string> names;
     for (const auto& entry : fs::directory_iterator(folder_.Path())) names.insert(entry.path().filename().string());
     return names;
   }
-  /// The Jet file is untouched, and alone.
+  /// The Jet file is unchanged and the only file.
   void ExpectUnchanged() const {
     EXPECT_EQ(jet::ContentOfFile(Path()), content_);
     EXPECT_EQ(Names(), std::set<std::string>{std::string(kDatabaseFileName)});
   }
-  /// The database is complete, and the Jet file is there under its other name.
+  /// The database is complete, and the Jet file exists under its second name.
   void ExpectConverted() const {
     EXPECT_EQ(AskRaw(Path(), "SELECT count(*) || ' ' || sum(ScaleID) FROM Scales"), "270 40620");
     EXPECT_EQ(AskRaw(Path(), "PRAGMA integrity_check"), "ok");
-    EXPECT_EQ(jet::ContentOfFile(Kept()), content_);
+    EXPECT_EQ(jet::ContentOfFile(SecondName()), content_);
     EXPECT_EQ(Names().size(), 2U);
   }
 
@@ -56,7 +56,7 @@ class JetFolder {
   std::string content_;
 };
 
-TEST(JetConversion, LeavesEverythingAloneThatIsNoJetFile) {
+TEST(JetConversion, IgnoresFilesThatAreNotJetFiles) {
   const DatabaseFolder ours;
   const std::string before = jet::ContentOfFile(ours.Path());
   EXPECT_FALSE(ConvertMainDatabaseIfJet(ours.Path()).has_value());
@@ -64,22 +64,22 @@ TEST(JetConversion, LeavesEverythingAloneThatIsNoJetFile) {
   EXPECT_FALSE(ConvertMainDatabaseIfJet(ours.Path() + ".absent").has_value());
 }
 
-TEST(JetConversion, MakesAScaleDatabaseAndKeepsTheJetFileBesideIt) {
+TEST(JetConversion, CreatesAScaleDatabaseAndKeepsTheJetFile) {
   const JetFolder folder;
-  EXPECT_EQ(ConvertMainDatabaseIfJet(folder.Path()), folder.Kept());
+  EXPECT_EQ(ConvertMainDatabaseIfJet(folder.Path()), folder.SecondName());
   folder.ExpectConverted();
   EXPECT_EQ(AskRaw(folder.Path(), "PRAGMA application_id"), std::to_string(kApplicationId));
-  EXPECT_TRUE(jet::IsJetFile(folder.Kept()));
+  EXPECT_TRUE(jet::IsJetFile(folder.SecondName()));
 }
 
-TEST(JetConversion, HappensOnce) {
+TEST(JetConversion, RunsOnce) {
   const JetFolder folder;
   ASSERT_TRUE(ConvertMainDatabaseIfJet(folder.Path()).has_value());
   EXPECT_FALSE(ConvertMainDatabaseIfJet(folder.Path()).has_value());
   folder.ExpectConverted();
 }
 
-TEST(JetConversion, CarriesFieldsOverThatOnlyTheJetFileHas) {
+TEST(JetConversion, CopiesFieldsThatOnlyTheJetFileHas) {
   const JetFolder folder;
   ASSERT_TRUE(ConvertMainDatabaseIfJet(folder.Path()).has_value());
   EXPECT_EQ(AskRaw(folder.Path(),
@@ -88,7 +88,7 @@ TEST(JetConversion, CarriesFieldsOverThatOnlyTheJetFileHas) {
             "Somebody|2001-09-10 01:46:40|12.5|3.25|none");
 }
 
-TEST(JetConversion, GivesADatabaseThatCanBeEdited) {
+TEST(JetConversion, CreatesADatabaseThatCanBeEdited) {
   const JetFolder folder(jet::ContentOfFile(jet::kJet2000));
   ASSERT_TRUE(ConvertMainDatabaseIfJet(folder.Path()).has_value());
   const auto connection = std::make_shared<Connection>();
@@ -131,7 +131,7 @@ std::string Wide(const std::string& text) {
   return units;
 }
 
-// The packs' catalog names each object in two bytes a letter, behind its type and its flags.
+// The catalog has each name in UTF-16, after the type and the flags of the object.
 constexpr std::size_t kTypeBeforeName = 22;
 constexpr std::size_t kFlagsBeforeName = 4;
 
@@ -161,7 +161,7 @@ TEST(JetConversion, RefusesAFileWithoutATableOfScaleTypes) {
   folder.ExpectUnchanged();
 }
 
-TEST(JetConversion, CarriesATableOverThatOnlyTheJetFileHas) {
+TEST(JetConversion, CopiesATableThatOnlyTheJetFileHas) {
   std::string content = ContentWithName(jet::kJet2003, "MSysNavPaneGroups", "Players and Bands");
   content.at(PlaceInCatalog(content, "Players and Bands") - kFlagsBeforeName) = 0;
   const JetFolder folder(content);
@@ -170,18 +170,18 @@ TEST(JetConversion, CarriesATableOverThatOnlyTheJetFileHas) {
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) > 0 FROM [Players and Bands]"), "1");
 }
 
-TEST(JetConversion, SaysWhatAScaleDatabaseCannotHoldAndChangesNothing) {
+TEST(JetConversion, NamesUnsupportedObjectsAndChangesNothing) {
   const std::vector<std::pair<std::int16_t, std::string>> kinds = {
       {5, "stored query"}, {6, "linked table"}, {8, "relationship"}, {-32768, "form"}, {-32764, "report"}};
-  for (const auto& [type, words] : kinds) {
+  for (const auto& [type, kind] : kinds) {
     const JetFolder folder(ContentWithType(jet::kJet2003, "SummaryInfo", type));
     EXPECT_THAT(FailureOf([&] { ConvertMainDatabaseIfJet(folder.Path()); }).Description(),
-                EndsWith("nothing was changed. A scale database cannot hold " + words + " 'SummaryInfo'."));
+                EndsWith("nothing was changed. A scale database cannot hold " + kind + " 'SummaryInfo'."));
     folder.ExpectUnchanged();
   }
 }
 
-TEST(JetConversion, TakesTheStoredQueryForItsOwn) {
+TEST(JetConversion, AcceptsTheStoredQuery) {
   std::string content = ContentWithType(jet::kJet2003, "SummaryInfo", 5);
   content.replace(PlaceInCatalog(content, "SummaryInfo"), 22, Wide("ScalesQuery"));
   const JetFolder folder(content);
@@ -190,7 +190,7 @@ TEST(JetConversion, TakesTheStoredQueryForItsOwn) {
 }
 
 TEST(JetConversion, RefusesTwoTypesOfOneNumber) {
-  // The numbers of the types stand at the front of their rows, twice in each: as key and as number of the type.
+  // Each row starts with the key and the number of the type, which are equal.
   std::string content = jet::ContentOfFile(jet::kJet2000);
   const std::string row("\x91\x01\0\0\x91\x01\0\0", 8);
   const std::size_t place = content.find(row);
@@ -204,9 +204,9 @@ TEST(JetConversion, RefusesTwoTypesOfOneNumber) {
   folder.ExpectUnchanged();
 }
 
-TEST(JetConversion, RefusesAValueThatWouldNotStandAsItIs) {
-  // The first row of a page ends with it, and its last byte says which fields are not null: the type has no number now,
-  // and the database would give it one.
+TEST(JetConversion, RefusesAValueThatWouldChange) {
+  // The last byte of a page is the null mask of its first row. The type has no number now, and the database would
+  // assign one.
   std::string content = jet::ContentOfFile(jet::kJet2000);
   const std::size_t place = content.find(std::string("\x91\x01\0\0\x91\x01\0\0", 8));
   ASSERT_NE(place, std::string::npos);
@@ -220,23 +220,23 @@ TEST(JetConversion, RefusesAValueThatWouldNotStandAsItIs) {
   folder.ExpectUnchanged();
 }
 
-TEST(JetConversion, WorksThroughALinkOnTheFileItself) {
+TEST(JetConversion, ConvertsTheTargetOfALink) {
   const JetFolder folder;
   const tests::TempFolder elsewhere;
   fs::create_symlink(folder.Path(), elsewhere / kDatabaseFileName);
-  EXPECT_EQ(ConvertMainDatabaseIfJet(elsewhere / kDatabaseFileName), folder.Kept());
+  EXPECT_EQ(ConvertMainDatabaseIfJet(elsewhere / kDatabaseFileName), folder.SecondName());
   EXPECT_TRUE(fs::is_symlink(elsewhere / kDatabaseFileName));
   folder.ExpectConverted();
 }
 
-TEST(JetConversion, KeepsWhoMayReadTheFile) {
+TEST(JetConversion, KeepsThePermissionsOfTheFile) {
   const JetFolder folder;
   fs::permissions(folder.Path(), fs::perms::owner_read | fs::perms::owner_write);
   ASSERT_TRUE(ConvertMainDatabaseIfJet(folder.Path()).has_value());
   EXPECT_EQ(fs::status(folder.Path()).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 
-TEST(JetConversion, PutsTheJournalOfAnotherDatabaseAside) {
+TEST(JetConversion, RenamesTheJournalOfAnotherDatabase) {
   const JetFolder folder;
   std::ofstream(folder.Path() + "-journal") << "of a database that lay here before";
   ASSERT_TRUE(ConvertMainDatabaseIfJet(folder.Path()).has_value());
@@ -245,15 +245,15 @@ TEST(JetConversion, PutsTheJournalOfAnotherDatabaseAside) {
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM Scales"), "270");
 }
 
-TEST(JetConversion, IsNotStoppedByWhatAnEarlierOneLeft) {
+TEST(JetConversion, ReplacesTheFilesOfAnInterruptedConversion) {
   const JetFolder folder;
   std::ofstream(folder.Path() + ".converting") << "half";
   std::ofstream(folder.Path() + ".converting-journal") << "half";
-  EXPECT_EQ(ConvertMainDatabaseIfJet(folder.Path()), folder.Kept());
+  EXPECT_EQ(ConvertMainDatabaseIfJet(folder.Path()), folder.SecondName());
   folder.ExpectConverted();
 }
 
-// Runs a conversion in a process of its own that is killed when `isTime` says so.
+// Runs a conversion in a child process, which is killed when `isTime` returns true.
 void ConvertAndBeKilled(const std::string& path, const std::function<bool(ConversionStep)>& isTime) {
   const pid_t process = ::fork();
   ASSERT_GE(process, 0);
@@ -272,7 +272,7 @@ void ConvertAndBeKilled(const std::string& path, const std::function<bool(Conver
   ASSERT_TRUE(WIFSIGNALED(status)) << status;
 }
 
-TEST(JetConversion, IsMadeGoodAtTheNextStartWhereverItWasKilled) {
+TEST(JetConversion, IsCompletedAtTheNextStartAfterAKillAtAnyStep) {
   for (const ConversionStep last : {ConversionStep::kMaking, ConversionStep::kFilling, ConversionStep::kFilled,
                                     ConversionStep::kKept, ConversionStep::kReplaced}) {
     const JetFolder folder;
@@ -287,7 +287,7 @@ TEST(JetConversion, IsMadeGoodAtTheNextStartWhereverItWasKilled) {
   }
 }
 
-TEST(JetConversion, IsTheFileBeforeOrAfterAtEveryMoment) {
+TEST(JetConversion, ShowsTheOldOrTheNewFileAtEveryMoment) {
   for (int delay = 0; delay < 16; ++delay) {
     const JetFolder folder;
     const pid_t process = ::fork();
@@ -312,7 +312,7 @@ TEST(JetConversion, IsTheFileBeforeOrAfterAtEveryMoment) {
   }
 }
 
-TEST(JetConversion, IsDoneOnceByTwoProgramsThatStartTogether) {
+TEST(JetConversion, RunsOnceIfTwoProgramsStartTogether) {
   const JetFolder folder;
   std::array<pid_t, 3> programs{};
   for (pid_t& program : programs) {

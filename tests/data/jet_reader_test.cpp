@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What the reading process runs, run in this one: files whose damage is known and harms nobody.
+// The reader of the child process, run in this process on files with known, harmless damage.
 
 #include "jet/jet_reader.h"
 
@@ -25,7 +25,7 @@ using ::testing::Contains;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-/// Where the older fixture's catalog says what kind of object "Scales" is: 1, a table.
+/// The offset of the object type of "Scales" in the catalog of the older fixture: 1, a table.
 constexpr std::size_t kKindOfScales = 59688;
 constexpr std::size_t kVersion = 0x14;
 
@@ -65,7 +65,7 @@ TEST(JetReader, NamesEveryKindOfObjectThatIsNoTable) {
   }
 }
 
-TEST(JetReader, LeavesOutWhatBelongsToTheSystem) {
+TEST(JetReader, OmitsSystemObjects) {
   const tests::TempFolder folder;
   Listing whole;
   jet::ReadWithLibmdb(jet::kJet2000, whole);
@@ -76,7 +76,7 @@ TEST(JetReader, LeavesOutWhatBelongsToTheSystem) {
   EXPECT_THAT(listing.tables, Not(Contains("Scales")));
 }
 
-TEST(JetReader, GivesNoTableWhereTheFileHasAQueryOfThatName) {
+TEST(JetReader, ReadsNoTableIfTheFileHasAQueryOfThatName) {
   const tests::TempFolder folder;
   const auto connection = std::make_shared<Connection>();
   connection->Open("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + folder.Write("a.mdb", WithScalesAs(5)));
@@ -88,7 +88,7 @@ TEST(JetReader, GivesNoTableWhereTheFileHasAQueryOfThatName) {
             failure_number::kUnknownTable);
 }
 
-TEST(JetReader, RefusesWhatItMustNotOrCannotRead) {
+TEST(JetReader, RefusesEncryptedProtectedAndUnknownFiles) {
   EXPECT_EQ(RefusalOf(jet::ContentWith(jet::kJet2000, {{0x3E, 0x01}})),
             "it is encrypted. Save it without encryption and try again");
   EXPECT_EQ(RefusalOf(jet::ContentWith(jet::kJet2003, {{0x42, 'a'}})),
@@ -97,11 +97,11 @@ TEST(JetReader, RefusesWhatItMustNotOrCannotRead) {
             "it is damaged in its header, or of a version that is not known here");
 }
 
-// Read as the oldest format, the same bytes are a password, unless they are nothing at all.
-TEST(JetReader, KnowsThePasswordOfTheOldestFormat) {
+// In the oldest format the same bytes are a password, unless they are all zero.
+TEST(JetReader, RecognisesThePasswordOfTheOldestFormat) {
   EXPECT_EQ(RefusalOf(jet::ContentWith(jet::kJet2000, {{kVersion, 0x01}})),
             "it is protected with a password. Remove the password and try again");
-  // The day on which the fixture was made stands where no password is.
+  // Without a password the creation date of the fixture is there.
   constexpr std::size_t kPassword = 0x42;
   std::string content = jet::ContentWith(jet::kJet2000, {{kVersion, 0x01}});
   for (std::size_t i = 0; i < 20; i += 4) {

@@ -28,7 +28,7 @@ constexpr const char* kScaleColumns =
 constexpr const char* kMajor = "Major\t1\tC\t2212221\tno\ta book\tBright, \"plain\" and it's settled.\n";
 constexpr const char* kTriad = "Major triad\t2\tC\t435\tyes\tanother book\tÜberall.\n";
 
-// A content folder whose tables a test may spoil.
+// A content folder with tables that a test may change.
 class MakeDatabaseTest : public testing::Test {
  protected:
   MakeDatabaseTest() {
@@ -42,12 +42,12 @@ class MakeDatabaseTest : public testing::Test {
   void Scales(const std::string& text) { (void)folder_.Write("scales/scales.tsv", text); }
   [[nodiscard]] std::string Output() const { return folder_ / "made.mdb"; }
   void Make() { MakeDatabase(ReadScaleTables(folder_.Path() / "scales"), Output()); }
-  // What making says, without the folder in front.
+  // The message of the maker without the folder.
   std::string Refusal() {
-    const std::string words = FailureOf([&] { Make(); }).Description();
+    const std::string message = FailureOf([&] { Make(); }).Description();
     const std::string prefix = folder_ / "scales/";
-    EXPECT_TRUE(words.starts_with(prefix)) << words;
-    return words.substr(std::min(prefix.size(), words.size()));
+    EXPECT_TRUE(message.starts_with(prefix)) << message;
+    return message.substr(std::min(prefix.size(), message.size()));
   }
 
   tests::TempFolder folder_;
@@ -73,7 +73,7 @@ TEST_F(MakeDatabaseTest, NumbersTheRowsInTheirOrder) {
   EXPECT_EQ(numbers, "Major 1.1; Other 2.1; Minor 3.2; Major triad 4.2; ");
 }
 
-TEST_F(MakeDatabaseTest, MakesADatabaseThatTheProgramReads) {
+TEST_F(MakeDatabaseTest, CreatesADatabaseThatTheProgramReads) {
   Make();
   auto connection = std::make_shared<data::Connection>();
   connection->Open(data::FullConnectionString(Output()));
@@ -85,7 +85,7 @@ TEST_F(MakeDatabaseTest, MakesADatabaseThatTheProgramReads) {
             "Bright, \"plain\" and it's settled.");
 }
 
-TEST_F(MakeDatabaseTest, TakesThePlaceOfAnOlderFileAndLeavesNothingBesideIt) {
+TEST_F(MakeDatabaseTest, ReplacesAnOlderFileAndLeavesNoOtherFiles) {
   (void)folder_.Write("made.mdb", "older");
   Make();
   EXPECT_EQ(AskRaw(Output(), "SELECT count(*) FROM ScalesQuery"), "2");
@@ -93,7 +93,7 @@ TEST_F(MakeDatabaseTest, TakesThePlaceOfAnOlderFileAndLeavesNothingBesideIt) {
             2);
 }
 
-TEST_F(MakeDatabaseTest, LeavesTheOlderFileWhenATableIsRefused) {
+TEST_F(MakeDatabaseTest, KeepsTheOlderFileIfATableIsRefused) {
   (void)folder_.Write("made.mdb", "older");
   Scales(std::string(kScaleColumns) + kMajor + kMajor);
   Refusal();
@@ -102,7 +102,7 @@ TEST_F(MakeDatabaseTest, LeavesTheOlderFileWhenATableIsRefused) {
             2);
 }
 
-TEST_F(MakeDatabaseTest, NamesTheLineThatIsNotWellFormed) {
+TEST_F(MakeDatabaseTest, NamesAMalformedLine) {
   const std::string columns = kScaleColumns;
   Scales(columns + kMajor + "\n");
   EXPECT_EQ(Refusal(), "scales.tsv:3: the line has 1 columns instead of 7");
@@ -122,7 +122,7 @@ TEST_F(MakeDatabaseTest, NamesTheLineThatIsNotWellFormed) {
   EXPECT_EQ(Refusal(), "scales.tsv:0: the table cannot be read");
 }
 
-TEST_F(MakeDatabaseTest, NamesTheLineThatBreaksARuleOfTheDatabase) {
+TEST_F(MakeDatabaseTest, NamesALineThatViolatesARuleOfTheDatabase) {
   const std::string columns = kScaleColumns;
   Scales(columns + kMajor + "major\t1\tC\t66\tno\ts\td\n");
   EXPECT_EQ(Refusal(), "scales.tsv:3: There is a scale of this name already.");
@@ -135,14 +135,14 @@ TEST_F(MakeDatabaseTest, NamesTheLineThatBreaksARuleOfTheDatabase) {
   EXPECT_EQ(Refusal(), "types.tsv:5: The record was not saved, because another record has the same key.");
 }
 
-// Puts made.mdb onto a stage the way the build does.
+// Copies made.mdb to a stage as the build does.
 bool Stage(const std::string& from, const std::string& to) {
   const std::string script = TONALITH_SOURCE_DIR "/tools/make_database/stage_database.cmake";
   const std::string command = "cmake -D 'FROM=" + from + "' -D 'TO=" + to + "' -P '" + script + "'";
   return std::system(command.c_str()) == 0;
 }
 
-TEST_F(MakeDatabaseTest, PutsADatabaseOntoAnEmptyStageAndNeverOverOneThatIsThere) {
+TEST_F(MakeDatabaseTest, CopiesADatabaseOnlyToAStageWithoutOne) {
   Make();
   const std::string stage = folder_ / "stage dir/TonalithDB97.mdb";
   ASSERT_TRUE(Stage(Output(), stage));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A record set over 100,000 scales: what it asks the database for, and how, must not depend on their number.
+// A record set over 100,000 scales: its queries must not depend on their number.
 
 #include <gtest/gtest.h>
 #include <malloc.h>
@@ -29,7 +29,7 @@ class ManyScalesTest : public testing::Test {
 };
 DatabaseFolder* ManyScalesTest::folder = nullptr;
 
-// How the engine answers the statement that fetches a block of rows of `source`.
+// The query plan of the statement that reads a block of rows of `source`.
 std::string PlanOf(const std::string& path, const std::string& source, bool isUpwards) {
   Engine engine(path, true);
   const auto selection = MakeSelection(engine, source);
@@ -42,7 +42,7 @@ std::string PlanOf(const std::string& path, const std::string& source, bool isUp
   return text;
 }
 
-TEST_F(ManyScalesTest, AreWalkedByTheirKeyWithoutSorting) {
+TEST_F(ManyScalesTest, AreReadByTheirKeyWithoutSorting) {
   const std::string source(kAllScalesStatement);
   EXPECT_EQ(
       PlanOf(folder->Path(), source, true),
@@ -70,7 +70,7 @@ std::uint64_t StatementsOf(Step step) {
   return Connection::StatementsIssued() - before;
 }
 
-TEST_F(ManyScalesTest, AskOnceToOpenAndAtMostOnceToMove) {
+TEST_F(ManyScalesTest, NeedOneQueryToOpenAndAtMostOneToMove) {
   const auto connection = folder->Open();
   RecordSet records;
   EXPECT_EQ(StatementsOf([&] { records.Open("SELECT * FROM ScalesQuery", connection); }), 1U);
@@ -84,7 +84,7 @@ TEST_F(ManyScalesTest, AskOnceToOpenAndAtMostOnceToMove) {
   EXPECT_EQ(StatementsOf([&] { records.MoveFirst(); }), 1U);
 }
 
-TEST_F(ManyScalesTest, AreCountedOnceWhenAskedFor) {
+TEST_F(ManyScalesTest, AreCountedOnceOnRequest) {
   RecordSet records;
   records.Open("SELECT * FROM ScalesQuery", folder->Open());
   EXPECT_EQ(StatementsOf([&] { EXPECT_EQ(records.RecordCount(), kMany); }), 1U);
@@ -100,7 +100,7 @@ TEST_F(ManyScalesTest, AreCountedOnceWhenAskedFor) {
   EXPECT_EQ(StatementsOf([&] { EXPECT_EQ(records.AbsolutePosition(), kMany); }), 0U);
 }
 
-TEST_F(ManyScalesTest, AreWalkedThroughInFewQuestions) {
+TEST_F(ManyScalesTest, AreReadWithFewQueries) {
   RecordSet records;
   records.Open("SELECT * FROM ScalesQuery", folder->Open());
   std::int64_t sum = 0;
@@ -114,7 +114,7 @@ TEST_F(ManyScalesTest, AreWalkedThroughInFewQuestions) {
   EXPECT_EQ(backwards, sum);
 }
 
-TEST_F(ManyScalesTest, AreWalkedThroughByOneFieldInFewerQuestionsStill) {
+TEST_F(ManyScalesTest, AreReadByOneFieldWithEvenFewerQueries) {
   RecordSet records;
   records.Open("SELECT * FROM ScalesQuery", folder->Open());
   const auto names = records.Clone({"ScaleName"});
@@ -126,7 +126,7 @@ TEST_F(ManyScalesTest, AreWalkedThroughByOneFieldInFewerQuestionsStill) {
   EXPECT_LT(statements, 100U);
 }
 
-TEST_F(ManyScalesTest, HoldLessMemoryThanTwentyFourBytesARow) {
+TEST_F(ManyScalesTest, UseLessThanTwentyFourBytesOfMemoryPerRow) {
 #if defined(__SANITIZE_ADDRESS__)
   GTEST_SKIP() << "the sanitizer's allocator does not report what is held";
 #endif

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Clones that hold only some of the fields: the same rows under the same bookmarks.
+// Clones with only some of the fields: the same rows with the same bookmarks.
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ class NarrowCloneTest : public testing::Test {
   RecordSet records_;
 };
 
-TEST_F(NarrowCloneTest, HoldsTheFieldsThatItWasAskedForInTheirOrder) {
+TEST_F(NarrowCloneTest, HasTheRequestedFieldsInTheirOrder) {
   const auto clone = CloneOf("SELECT * FROM ScalesQuery", {"scaletypename", "ScaleName"});
   ASSERT_EQ(clone->FieldCount(), 2);
   EXPECT_EQ(clone->FieldName(0), "ScaleTypeName");
@@ -34,7 +34,7 @@ TEST_F(NarrowCloneTest, HoldsTheFieldsThatItWasAskedForInTheirOrder) {
             "Major | Common scales\nMinor | Common scales\nMajor triad | Triads\nMinor triad | Triads\n");
 }
 
-TEST_F(NarrowCloneTest, StandsOnTheFirstRowAndMovesApart) {
+TEST_F(NarrowCloneTest, StartsAtTheFirstRowAndMovesIndependently) {
   records_.Open("SELECT * FROM ScalesQuery", connection_);
   records_.MoveLast();
   const auto clone = records_.Clone({"ScaleName"});
@@ -55,7 +55,7 @@ TEST_F(NarrowCloneTest, SharesBookmarksBothWays) {
   EXPECT_EQ(Here(records_), "Minor triad");
 }
 
-TEST_F(NarrowCloneTest, FailsForAFieldThatItDoesNotHold) {
+TEST_F(NarrowCloneTest, FailsForAFieldThatItDoesNotHave) {
   const auto clone = Names();
   EXPECT_FALSE(clone->FindField("ScaleDescription").has_value());
   const core::Failure byName = FailureOf([&] { (void)clone->FieldValue("ScaleDescription"); });
@@ -79,7 +79,7 @@ TEST_F(NarrowCloneTest, HasNoFilterAtFirstAndTakesOneThatNamesOtherFields) {
   EXPECT_EQ(FailureOf([&] { clone->SetBookmark({1}); }).Number(), -2147217906);
 }
 
-TEST_F(NarrowCloneTest, SeesRowsThatTheMainSetChangesAndDeletes) {
+TEST_F(NarrowCloneTest, ReadsTheChangesAndDeletionsOfTheMainSet) {
   const auto clone = Names();
   records_.SetBookmark({2});
   records_.SetFieldValue("ScaleName", "Natural minor");
@@ -94,7 +94,7 @@ TEST_F(NarrowCloneTest, SeesRowsThatTheMainSetChangesAndDeletes) {
   EXPECT_EQ(Here(*clone), "Minor triad");
 }
 
-TEST_F(NarrowCloneTest, KeepsItsRowWhileRowsAroundItAreReadInVain) {
+TEST_F(NarrowCloneTest, KeepsItsRowIfABookmarkIsNotFound) {
   const auto clone = Names();
   for (RecordSet* const set : {clone.get(), &records_}) {
     set->MoveLast();
@@ -104,7 +104,7 @@ TEST_F(NarrowCloneTest, KeepsItsRowWhileRowsAroundItAreReadInVain) {
   }
 }
 
-TEST_F(NarrowCloneTest, ChangesAddsAndDeletesThroughTheFieldsThatItHolds) {
+TEST_F(NarrowCloneTest, ChangesAddsAndDeletesThroughItsFields) {
   const auto clone = CloneOf("SELECT * FROM ScalesQuery", {"ScaleName", "ScaleTypeID"});
   clone->SetFieldValue("ScaleName", "Ionian");
   clone->Update();
@@ -126,7 +126,7 @@ TEST_F(NarrowCloneTest, NarrowsAConditionAndColumnsUnderOtherNames) {
   EXPECT_EQ(Lines(*clone, {"Called"}), "Major triad\nMinor triad\n");
 }
 
-TEST_F(NarrowCloneTest, NarrowsASelectThatIsReadWhole) {
+TEST_F(NarrowCloneTest, NarrowsASelectThatIsReadCompletely) {
   const auto clone = CloneOf(
       "SELECT ScaleTypeID, count(*) AS Scales, max(ScaleName) AS Latest FROM Scales "
       "GROUP BY ScaleTypeID",
@@ -154,7 +154,7 @@ TEST_F(NarrowCloneTest, FailsForAClosedOrForwardOnlySet) {
   EXPECT_EQ(FailureOf([&] { (void)records_.Clone({"ScaleName"}); }).Number(), 3251);
 }
 
-TEST(NarrowClone, WalksManyRowsAsTheMainSetDoesInBothDirections) {
+TEST(NarrowClone, ReadsManyRowsAsTheMainSetDoesInBothDirections) {
   constexpr int kMany = 5000;
   const DatabaseFolder folder(ManyScales(kMany) + "DELETE FROM Scales WHERE ScaleID % 7 = 3");
   RecordSet records;
@@ -174,8 +174,8 @@ TEST(NarrowClone, WalksManyRowsAsTheMainSetDoesInBothDirections) {
   EXPECT_EQ(rows, 0);
 }
 
-// Rows are read into the memory of earlier ones: nothing of those may shine through, nor change under who holds one.
-TEST(NarrowClone, ReadsEachRowAnewWhateverTheOneBeforeItHeld) {
+// Rows reuse the memory of earlier rows: old content must not remain, and a row with another owner must not change.
+TEST(NarrowClone, ReusedRowsHaveNoContentOfEarlierRows) {
   const DatabaseFolder folder("");
   SQLite::Database(folder.Path(), SQLite::OPEN_READWRITE)
       .exec(

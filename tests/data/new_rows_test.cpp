@@ -29,7 +29,7 @@ class NewRowsTest : public testing::Test {
   NewRows rows_{engine_, "Scales", {"ScaleName", "Sort"}, 0};
 };
 
-TEST_F(NewRowsTest, ArriveInTheirOrderWhateverTheirNumber) {
+TEST_F(NewRowsTest, AreWrittenInTheirOrderForAnyNumber) {
   for (const int count : {1, 15, 16, 17, 100}) {
     RunRaw(folder_.Path(), "DELETE FROM Scales");
     std::string expected;
@@ -43,7 +43,7 @@ TEST_F(NewRowsTest, ArriveInTheirOrderWhateverTheirNumber) {
   EXPECT_EQ(Ask("SELECT ScaleName FROM Scales ORDER BY ScaleID DESC"), "Scale 99");
 }
 
-TEST_F(NewRowsTest, WaitUntilTheyAreWritten) {
+TEST_F(NewRowsTest, AreBufferedUntilTheyAreWritten) {
   Add("A");
   EXPECT_EQ(Count(), "0");
   EXPECT_TRUE(rows_.MayHold("A"));
@@ -54,7 +54,7 @@ TEST_F(NewRowsTest, WaitUntilTheyAreWritten) {
   EXPECT_EQ(Count(), "1");
 }
 
-TEST_F(NewRowsTest, SayOfEveryKeyThatTheEngineWouldFindThatTheyMayHoldIt) {
+TEST_F(NewRowsTest, FindEveryBufferedKeyThatTheEngineWouldFind) {
   Add("Dorian");
   Add(std::int64_t{7});
   Add("\xC3\x84olian");
@@ -68,7 +68,7 @@ TEST_F(NewRowsTest, SayOfEveryKeyThatTheEngineWouldFindThatTheyMayHoldIt) {
   for (const char* const key : {"Doria", "Dorian ", "", "70"}) EXPECT_FALSE(rows_.MayHold(key)) << key;
 }
 
-TEST_F(NewRowsTest, AreWrittenAtOnceWhereTheColumnMayTurnTheKeyIntoATextOfItsOwn) {
+TEST_F(NewRowsTest, AreWrittenAtOnceIfTheColumnMayConvertTheKey) {
   Add(0.1);
   EXPECT_EQ(Ask("SELECT ScaleName FROM Scales"), "0.1");
   Add(core::Value::Null());

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What the tests of full disks and killed processes share: everything that a scale database says, as text, and a
-// process that ends in the middle of its work.
+// Shared by the tests of full disks and killed processes: the content of a scale database as text, and a child process
+// that is killed.
 
 #pragma once
 
@@ -21,8 +21,8 @@
 
 namespace tonalith::data {
 
-/// Every field of every row, by number. The file is opened by the program's own connection, as at its next start, so
-/// that a write that was broken off is undone first.
+/// Every field of every row, by number. Opens the file with a Connection, as the program does at its next start, so
+/// that an interrupted write is rolled back first.
 inline std::string ContentOfDatabase(const std::string& path) {
   const auto connection = std::make_shared<Connection>();
   connection->Open(FullConnectionString(path));
@@ -40,13 +40,13 @@ inline std::string ContentOfDatabase(const std::string& path) {
 
 inline void ExpectSound(const std::string& path) { EXPECT_EQ(AskRaw(path, "PRAGMA integrity_check"), "ok"); }
 
-/// Sound, and nothing of a write is left beside it.
+/// The database is intact and has no journal.
 inline void ExpectAtRest(const std::string& path) {
   ExpectSound(path);
   EXPECT_FALSE(std::filesystem::exists(path + "-journal"));
 }
 
-/// Runs `work` in a process of its own. Whether that process was killed; the test fails when it ended in any other way.
+/// Runs `work` in a child process. Returns whether it was killed; the test fails if it ended with an error.
 inline bool IsKilledIn(const std::function<void()>& work) {
   const pid_t process = ::fork();
   if (process == 0) {
@@ -64,7 +64,7 @@ inline bool IsKilledIn(const std::function<void()>& work) {
   return isKilled;
 }
 
-/// How often the tests with kills at random moments kill: TONALITH_KILLS in the environment, or `usual`.
+/// The number of kills at random moments: TONALITH_KILLS in the environment, or `usual`.
 inline int NumberOfKills(int usual) {
   const char* const given = std::getenv("TONALITH_KILLS");
   return given == nullptr ? usual : std::atoi(given);

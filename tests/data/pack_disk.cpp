@@ -31,11 +31,11 @@ struct State {
   int lastGrowth = INT_MAX;
 };
 
-State state;  // NOLINT(readability-identifier-naming): the engine's callbacks have nothing else to find it by
+State state;  // NOLINT(readability-identifier-naming): the callbacks of the engine have no context pointer
 
 struct File {
   sqlite3_file base;
-  // The real disk's file lies behind this one.
+  // The file of the real disk is stored after this one.
   sqlite3_file* Real() { return reinterpret_cast<sqlite3_file*>(this + 1); }
 };
 
@@ -76,8 +76,8 @@ int FileSize(sqlite3_file* file, sqlite3_int64* size) { return RealOf(file)->pMe
 
 int Lock(sqlite3_file* file, int level) { return RealOf(file)->pMethods->xLock(RealOf(file), level); }
 int Unlock(sqlite3_file* file, int level) { return RealOf(file)->pMethods->xUnlock(RealOf(file), level); }
-int CheckReservedLock(sqlite3_file* file, int* isHeld) {
-  return RealOf(file)->pMethods->xCheckReservedLock(RealOf(file), isHeld);
+int CheckReservedLock(sqlite3_file* file, int* isReserved) {
+  return RealOf(file)->pMethods->xCheckReservedLock(RealOf(file), isReserved);
 }
 int FileControl(sqlite3_file* file, int what, void* content) {
   return RealOf(file)->pMethods->xFileControl(RealOf(file), what, content);

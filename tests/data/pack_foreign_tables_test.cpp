@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Packs that somebody else's program has made: tables of another shape, contents of any kind, files with damage, and
-// files that were made to do harm.
+// Packs of other programs: other tables, any kind of content, damaged files, and malicious files.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,11 +22,11 @@ constexpr const char* kScalesTable = "CREATE TABLE Scales (ScaleName TEXT, Scale
 
 class ForeignTablesTest : public DataPackImportTest {
  protected:
-  /// A pack of two tables, and what is added to it.
+  /// A pack of two tables and additional statements.
   std::string PackWith(const std::string& sql) const {
     return MakeForeignPack("DataPack_A.mdb", std::string(kTypesTable) + kScalesTable + sql);
   }
-  void ExpectBothTablesStand() const {
+  void ExpectBothTablesExist() const {
     EXPECT_EQ(Ask("SELECT group_concat(name, ' ') FROM sqlite_master WHERE type IN ('table', 'view')"),
               "ScaleTypes Scales sqlite_sequence ScalesQuery");
   }
@@ -42,7 +41,7 @@ TEST_F(ForeignTablesTest, RefusesAPackWithoutEitherTable) {
                 "The database '" + Packs() + "DataPack_C.mdb' has no table or stored query 'ScaleTypes'.");
 }
 
-TEST_F(ForeignTablesTest, ReadsTablesThatLackAnyFieldButTheirName) {
+TEST_F(ForeignTablesTest, ReadsTablesWithoutAnyOneFieldExceptTheName) {
   for (const char* field : {"ScaleTypeID", "ScaleDescription", "StartNote", "ScaleIntervals", "Chord", "Sort"}) {
     const std::string name = std::string("DataPack_") + field + ".mdb";
     const std::string pack = MakePack(name, "INSERT INTO Scales VALUES (1, 'Without " + std::string(field) +
@@ -67,7 +66,7 @@ TEST_F(ForeignTablesTest, ReadsTablesThatLackAnyFieldButTheirName) {
   EXPECT_EQ(row("Sort"), "2'Words.''D''435'10");
 }
 
-TEST_F(ForeignTablesTest, TakesTheFirstOfTwoRowsOfOneNameOrNumber) {
+TEST_F(ForeignTablesTest, ImportsTheFirstOfTwoRowsOfOneNameOrNumber) {
   const std::string pack = PackWith(
       "INSERT INTO ScaleTypes VALUES (300, 'First'), (300, 'Second');"
       "INSERT INTO Scales VALUES ('Twin', '1'), ('Twin', '2'), ('tWIN', '3'), ('Twin ', '4')");
@@ -78,7 +77,7 @@ TEST_F(ForeignTablesTest, TakesTheFirstOfTwoRowsOfOneNameOrNumber) {
             "'Twin'1,'Twin '4");
 }
 
-TEST_F(ForeignTablesTest, TakesStatementsInNamesForNames) {
+TEST_F(ForeignTablesTest, ReadsStatementsInNamesAsNames) {
   const std::string pack = PackWith(
       "CREATE TABLE \"x'); DROP TABLE Scales; --\" (y);"
       "ALTER TABLE Scales ADD COLUMN \"a\"\"; DROP TABLE Scales; --\" TEXT DEFAULT 'b';"
@@ -91,12 +90,12 @@ TEST_F(ForeignTablesTest, TakesStatementsInNamesForNames) {
   Install(pack);
   Install(pack);
   EXPECT_EQ(Shown(), Imported(pack) + Imported(pack));
-  ExpectBothTablesStand();
+  ExpectBothTablesExist();
   EXPECT_EQ(Ask("SELECT count(*) || group_concat(DISTINCT [a\"; DROP TABLE Scales; --]) FROM Scales"), "10b");
   EXPECT_EQ(Ask("SELECT ScaleTypeName FROM ScaleTypes WHERE ScaleTypeID = 300"), "'); DROP TABLE ScaleTypes; --");
 }
 
-TEST_F(ForeignTablesTest, RefusesStoredQueriesInThePlaceOfEitherTable) {
+TEST_F(ForeignTablesTest, RefusesStoredQueriesInsteadOfEitherTable) {
   ExpectRefused(
       MakeForeignPack("DataPack_A.mdb", std::string(kScalesTable) + "CREATE TABLE t (ScaleTypeID INTEGER);"
                                                                     "CREATE VIEW ScaleTypes AS SELECT * FROM t"),
@@ -106,7 +105,7 @@ TEST_F(ForeignTablesTest, RefusesStoredQueriesInThePlaceOfEitherTable) {
                 "'Scales' is a stored query in this pack, not a table.");
 }
 
-// The schema of a file is text that somebody may have written over.
+// The schema of a file is text that may have been changed.
 TEST_F(ForeignTablesTest, RefusesAStoredQueryThatClaimsToBeATable) {
   const std::string endless =
       "sql = 'CREATE VIEW Scales AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT i AS "
@@ -117,7 +116,7 @@ TEST_F(ForeignTablesTest, RefusesAStoredQueryThatClaimsToBeATable) {
   ExpectRefused(pack, "'Scales' is a stored query in this pack, not a table.");
 }
 
-TEST_F(ForeignTablesTest, RefusesATableThatAnExtensionMakes) {
+TEST_F(ForeignTablesTest, RefusesAVirtualTable) {
   ExpectRefused(
       MakeForeignPack("DataPack_A.mdb", std::string(kTypesTable) + "CREATE VIRTUAL TABLE Scales USING fts5(ScaleName)"),
       "'Scales' is not an ordinary table in this pack.");
@@ -156,7 +155,7 @@ TEST_F(ForeignTablesTest, RefusesTypeNumbersThatAreNoWholeNumbers) {
   }
 }
 
-TEST_F(ForeignTablesTest, BringsTextsOfEveryKindUnharmed) {
+TEST_F(ForeignTablesTest, ImportsTextsOfEveryKindUnchanged) {
   const std::string pack = PackWith(
       "ALTER TABLE Scales ADD COLUMN ScaleDescription;"
       "INSERT INTO Scales VALUES (char(0x1D11E) || ' Clef', '1', hex(zeroblob(4000))),"
@@ -173,7 +172,7 @@ TEST_F(ForeignTablesTest, BringsTextsOfEveryKindUnharmed) {
             4);
 }
 
-TEST_F(ForeignTablesTest, RefusesATruncatedPackWhereverItEnds) {
+TEST_F(ForeignTablesTest, RefusesATruncatedPackAtAnyLength) {
   const std::string whole = jet::ContentOfFile(MakePack("DataPack_A.mdb", PackOfManyPages()));
   const std::string pack = Packs() + "DataPack_B.mdb";
   for (std::size_t size = 0; size < whole.size(); size += 2500) {
@@ -182,8 +181,8 @@ TEST_F(ForeignTablesTest, RefusesATruncatedPackWhereverItEnds) {
   }
 }
 
-// Zeros where rows were read as rows of number 0, which come before those that were read already.
-TEST_F(ForeignTablesTest, ComesToAnEndWhereTheNumbersOfRowsLeadBack) {
+// Zeros instead of rows are read as rows of number 0, which is lower than the numbers before.
+TEST_F(ForeignTablesTest, EndsIfRowNumbersDoNotAscend) {
   const std::string whole = jet::ContentOfFile(MakePack("DataPack_A.mdb", PackOfManyPages()));
   const std::string pack = Packs() + "DataPack_B.mdb";
   const std::string main = jet::ContentOfFile(Main());
@@ -202,7 +201,7 @@ TEST_F(ForeignTablesTest, ComesToAnEndWhereTheNumbersOfRowsLeadBack) {
   EXPECT_GT(refused, 3);
 }
 
-// Damage that hits nothing that is read goes unnoticed, and may; whatever is hit, the main database is sound.
+// Damage in parts that are not read is not detected; in any case the main database is intact.
 TEST_F(ForeignTablesTest, SurvivesEveryKindOfDamage) {
   const std::string whole = jet::ContentOfFile(MakePack("DataPack_A.mdb", PackOfManyPages()));
   const std::string pack = Packs() + "DataPack_B.mdb";

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A disk that fills up in the middle of an import, a save or a deletion: nothing is lost, nothing is half there, and
-// the message says what is the matter.
+// A disk that fills up during an import, a save or a deletion: nothing is lost, nothing is partly written, and a
+// message reports the cause.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ class FullDiskTest : public DataPackImportTest {
   static std::string LongText() { return std::string(30'000, 'x'); }
 };
 
-TEST_F(FullDiskTest, LeavesNothingOfAPackWhereverItFillsUp) {
+TEST_F(FullDiskTest, LeavesNothingOfAPackIfItFillsUpAtAnyStep) {
   const std::string pack = MakePack("DataPack_A.mdb", PackOfManyPages());
   const std::string before = ContentOfDatabase(Main());
   PackDisk disk;
@@ -49,7 +49,7 @@ TEST_F(FullDiskTest, LeavesNothingOfAPackWhereverItFillsUp) {
   ExpectAtRest(Main());
 }
 
-TEST_F(FullDiskTest, TakesBackWhatALargePackHasPutOnItAlready) {
+TEST_F(FullDiskTest, RollsBackTheWrittenPartOfALargePack) {
   const std::string pack = MakePack("DataPack_A.mdb",
                                     "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 3000) "
                                     "INSERT INTO Scales (ScaleName, ScaleDescription) "
@@ -67,7 +67,7 @@ TEST_F(FullDiskTest, TakesBackWhatALargePackHasPutOnItAlready) {
   ExpectAtRest(Main());
 }
 
-TEST_F(FullDiskTest, KeepsAnEditAndTheRecordWhereverASaveIsBrokenOff) {
+TEST_F(FullDiskTest, KeepsAnEditAndTheRecordIfASaveFailsAtAnyStep) {
   const std::string before = ContentOfDatabase(Main());
   PackDisk disk;
   RecordSet records;
@@ -93,7 +93,7 @@ TEST_F(FullDiskTest, KeepsAnEditAndTheRecordWhereverASaveIsBrokenOff) {
   EXPECT_EQ(Ask("SELECT ScaleName || length(ScaleDescription) FROM Scales WHERE ScaleID = 1"), "Ionian30000");
 }
 
-TEST_F(FullDiskTest, KeepsANewRecordPendingWhereverItsSaveIsBrokenOff) {
+TEST_F(FullDiskTest, KeepsANewRecordPendingIfItsSaveFailsAtAnyStep) {
   const std::string before = ContentOfDatabase(Main());
   PackDisk disk;
   RecordSet records;
@@ -120,7 +120,7 @@ TEST_F(FullDiskTest, KeepsANewRecordPendingWhereverItsSaveIsBrokenOff) {
   EXPECT_EQ(Ask("SELECT count(*) || max(ScaleID) FROM Scales"), "58") << "no number was used up by the refusals";
 }
 
-TEST_F(FullDiskTest, DeletesWhollyOrNotAtAll) {
+TEST_F(FullDiskTest, DeletesCompletelyOrNotAtAll) {
   RunRaw(Main(), "UPDATE Scales SET ScaleDescription = hex(zeroblob(20000)) WHERE ScaleID = 2");
   const std::string before = ContentOfDatabase(Main());
   PackDisk disk;
@@ -146,8 +146,8 @@ TEST_F(FullDiskTest, DeletesWhollyOrNotAtAll) {
   ExpectAtRest(Main());
 }
 
-// A genuine file system that is full, through the system's own errors.
-TEST(SmallDisk, FailsTheImportAndTheSaveInWordsAndKeepsWhatWasThere) {
+// A real file system that is full, with the errors of the system.
+TEST(SmallDisk, ImportAndSaveFailWithAMessageAndWithoutLoss) {
   const tests::TempFolder temp;
   const SmallDisk disk(temp.Path().string(), 512);
   if (!disk.IsThere()) GTEST_SKIP() << "this system lets nobody mount a file system";

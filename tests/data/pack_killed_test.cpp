@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A program that is killed in the middle of an import, a save or a deletion: the next start finds the state before or
-// after it, and all that was finished earlier. Killed at every single step of writing, and at random moments.
+// A program that is killed during an import, a save or a deletion: the next start finds the state before or after it,
+// and everything that was finished earlier. Killed at every write, and at random moments.
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -26,8 +26,8 @@ namespace fs = std::filesystem;
 
 class KilledTest : public DataPackImportTest {
  protected:
-  /// Runs `work` on the same database again and again, killed one step later each time, until it runs to its end.
-  /// Gives the number of kills.
+  /// Runs `work` repeatedly on the same database, killed one step later each time, until it completes. Returns the
+  /// number of kills.
   int KillAtEveryStepOf(const std::function<void()>& work) const {
     const std::string file = jet::ContentOfFile(Main());
     const std::string before = ContentOfDatabase(Main());
@@ -41,7 +41,7 @@ class KilledTest : public DataPackImportTest {
       if (!isKilled) break;
       states_.insert(ContentOfDatabase(Main()));
       ExpectSound(Main());
-      // A journal that was never finished means nothing and stays until the next write.
+      // An incomplete journal has no effect and remains until the next write.
       fs::remove(Main() + "-journal");
       std::ofstream(Main(), std::ios::binary) << file;
     }
@@ -56,19 +56,19 @@ class KilledTest : public DataPackImportTest {
   mutable std::set<std::string> states_;
 };
 
-TEST_F(KilledTest, ImportsAPackWhollyOrNotAtAll) {
+TEST_F(KilledTest, ImportsAPackCompletelyOrNotAtAll) {
   const std::string pack = MakePack("DataPack_A.mdb", PackOfManyPages(20));
   EXPECT_GT(KillAtEveryStepOf([&] { Install(pack); }), 20);
   EXPECT_EQ(Ask("SELECT count(*) || ' ' || (SELECT count(*) FROM ScaleTypes) FROM Scales"), "24 4");
 }
 
-TEST_F(KilledTest, ImportsAJetPackWhollyOrNotAtAll) {
+TEST_F(KilledTest, ImportsAJetPackCompletelyOrNotAtAll) {
   const std::string pack = CopyPack(jet::kJet2000, "DataPack_A.mdb");
   EXPECT_GT(KillAtEveryStepOf([&] { Install(pack); }), 5);
   EXPECT_EQ(Ask("SELECT count(*) || ' ' || (SELECT count(*) FROM ScaleTypes) FROM Scales"), "8 3");
 }
 
-TEST_F(KilledTest, SavesARecordWhollyOrNotAtAll) {
+TEST_F(KilledTest, SavesARecordCompletelyOrNotAtAll) {
   EXPECT_GT(KillAtEveryStepOf([&] {
               RecordSet records;
               records.Open("SELECT * FROM ScalesQuery", program_.Open(), CursorType::kKeyset,
@@ -81,7 +81,7 @@ TEST_F(KilledTest, SavesARecordWhollyOrNotAtAll) {
   EXPECT_EQ(Ask("SELECT ScaleName || length(ScaleDescription) FROM Scales WHERE ScaleID = 1"), "Ionian12000");
 }
 
-TEST_F(KilledTest, DeletesARecordWhollyOrNotAtAll) {
+TEST_F(KilledTest, DeletesARecordCompletelyOrNotAtAll) {
   RunRaw(Main(), "UPDATE Scales SET ScaleDescription = hex(zeroblob(5000)) WHERE ScaleID = 1");
   EXPECT_GT(KillAtEveryStepOf([&] {
               RecordSet records;
@@ -93,7 +93,7 @@ TEST_F(KilledTest, DeletesARecordWhollyOrNotAtAll) {
   EXPECT_EQ(Ask("SELECT count(*) || min(ScaleID) FROM Scales"), "32");
 }
 
-/// What a process of its own has finished, one letter for each: what it reports after the fact has happened.
+/// A child process that reports each finished operation with one letter.
 class Worker {
  public:
   explicit Worker(const std::function<void(Worker&)>& work) {
@@ -119,7 +119,7 @@ class Worker {
   void Report(char finished) const {
     if (::write(pipe_, &finished, 1) != 1) ::_exit(1);
   }
-  /// Kills it and gives its reports.
+  /// Kills the process and returns its reports.
   std::string Kill() {
     ::kill(process_, SIGKILL);
     ::waitpid(process_, nullptr, 0);
@@ -135,8 +135,8 @@ class Worker {
 
 constexpr int kDescriptionLength = 9000;
 
-// Round after round on one database: import a pack (i), give one of its scales a new name and a long description (s),
-// delete another one (d).
+// Repeats on one database: import a pack (i), change the name and the description of one of its scales (s), delete
+// another one (d).
 void WorkRoundAfterRound(Worker& worker, const std::string& main, const std::function<void(int)>& install,
                          int firstRound) {
   const auto connection = std::make_shared<Connection>();
@@ -162,7 +162,7 @@ void WorkRoundAfterRound(Worker& worker, const std::string& main, const std::fun
 
 class KilledAtRandomTest : public DataPackImportTest {
  protected:
-  // A pack of round `round`: 40 scales, three of which have names of their own.
+  // The pack of round `round`: 40 scales, three of them with unique names.
   void InstallRound(int round) {
     const std::string number = std::to_string(round);
     const std::string pack = Packs() + "DataPack_" + number + ".mdb";
@@ -172,7 +172,7 @@ class KilledAtRandomTest : public DataPackImportTest {
     Install(pack);
   }
 
-  // The number of scales of a round, by what was done to it.
+  // The number of scales of a round by state.
   [[nodiscard]] std::string StateOf(int round) const {
     const std::string number = "'" + std::to_string(round) + "'";
     return Ask(
@@ -196,8 +196,8 @@ class KilledAtRandomTest : public DataPackImportTest {
   }();
 };
 
-TEST_F(KilledAtRandomTest, KeepsWhatWasFinishedAndNothingThatIsHalfDone) {
-  // What a round goes through: nothing of it, imported, saved, deleted.
+TEST_F(KilledAtRandomTest, KeepsFinishedChangesAndNoPartialOnes) {
+  // The states of a round: nothing, imported, saved, deleted.
   const std::array<std::string, 4> states = {"0 000", "40 101", "40 011", "39 010"};
   std::mt19937 random(20);
   int next = 0;
@@ -213,7 +213,7 @@ TEST_F(KilledAtRandomTest, KeepsWhatWasFinishedAndNothingThatIsHalfDone) {
     ExpectSound(Main());
     const int finished = static_cast<int>(reports.size()) / 3;
     for (int round = next; round < next + finished; ++round) ASSERT_EQ(StateOf(round), states[3]) << round;
-    // The round that it was in stands where it was reported, or one step further.
+    // The last round is in the reported state or one step further.
     const std::size_t reported = reports.size() % 3;
     const std::string state = StateOf(next + finished);
     ASSERT_TRUE(state == states.at(reported) || state == states.at(reported + 1)) << state << " after " << reports;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Packs that ask for more than a pack may: long patterns and texts, calculated columns, rows that the file cannot hold.
-// Each is refused in words that name the table, the row and the column, and nothing of it is kept.
+// Packs that exceed a limit: long patterns and texts, calculated columns, more rows than the file can contain. Each is
+// refused with a message that names the table, the row and the column, and nothing of it is imported.
 
 #include <gtest/gtest.h>
 
@@ -39,7 +39,7 @@ TEST_F(PackLimitsTest, RefusesAPatternOfMoreThanThreeOctavesAndNamesTheScale) {
   }
 }
 
-TEST_F(PackLimitsTest, TakesAPatternOfThreeOctaves) {
+TEST_F(PackLimitsTest, AcceptsAPatternOfThreeOctaves) {
   std::string spaced;
   for (int i = 0; i < 36; ++i) spaced += " 1 ";
   for (const std::string& pattern : {std::string(36, '1'), spaced}) {
@@ -54,7 +54,7 @@ TEST_F(PackLimitsTest, TakesAPatternOfThreeOctaves) {
       "Table 'Scales', row 2, column 'ScaleIntervals': The field of 'Long one' is longer than 108 characters.");
 }
 
-TEST_F(PackLimitsTest, HoldsEveryFieldOfAScaleToItsLength) {
+TEST_F(PackLimitsTest, LimitsTheLengthOfEveryFieldOfAScale) {
   const struct {
     const char* column;
     std::size_t most;
@@ -83,24 +83,24 @@ TEST_F(PackLimitsTest, CountsCharactersAndNotBytes) {
   EXPECT_EQ(Shown(), Imported(pack));
 }
 
-TEST_F(PackLimitsTest, HoldsNamesToTheirLengthAndShortensThemInTheMessage) {
-  const std::string told = "'" + std::string(60, 'x') + "...'";
+TEST_F(PackLimitsTest, LimitsNamesAndShortensThemInTheMessage) {
+  const std::string shown = "'" + std::string(60, 'x') + "...'";
   ExpectRefused(PackWith("ScaleName", Letters(256)),
-                "Table 'Scales', row 2, column 'ScaleName': The field of " + told + " is longer than 255 characters.");
+                "Table 'Scales', row 2, column 'ScaleName': The field of " + shown + " is longer than 255 characters.");
   ExpectRefused(PackWith("ScaleName", Letters(5'000'000)),
-                "Table 'Scales', row 2, column 'ScaleName': The field of " + told + " is longer than 255 characters.");
+                "Table 'Scales', row 2, column 'ScaleName': The field of " + shown + " is longer than 255 characters.");
   ExpectRefused(
       MakePack("DataPack_A.mdb", "INSERT INTO ScaleTypes VALUES (300, 30, " + Letters(256) + ")"),
-      "Table 'ScaleTypes', row 1, column 'ScaleTypeName': The field of " + told + " is longer than 255 characters.");
+      "Table 'ScaleTypes', row 1, column 'ScaleTypeName': The field of " + shown + " is longer than 255 characters.");
 }
 
-TEST_F(PackLimitsTest, NamesTheFieldThatNoDatabaseMayHandOver) {
+TEST_F(PackLimitsTest, NamesAFieldThatIsTooLongToRead) {
   ExpectRefused(PackWith("ScaleDescription", "CAST(zeroblob(17000000) AS TEXT)"),
                 "Table 'Scales', row 2, column 'ScaleDescription': The field is longer than 16777216 bytes.");
 }
 
-// A column of the user's own has room for a picture, and what is not copied is not looked at.
-TEST_F(PackLimitsTest, LeavesRoomInOtherColumns) {
+// An additional column may contain a picture, and columns that are not copied are not checked.
+TEST_F(PackLimitsTest, AllowsLongContentInOtherColumns) {
   const std::string column = "ALTER TABLE Scales ADD COLUMN Picture BLOB;";
   const auto packWith = [&](const char* name, const char* bytes) {
     return MakePack(
@@ -135,7 +135,7 @@ TEST_F(PackLimitsTest, RefusesCalculatedColumns) {
   }
 }
 
-// The default of a column that was added later needs no room in the rows that were there before.
+// The default of a column that was added later needs no space in existing rows.
 TEST_F(PackLimitsTest, RefusesRowsThatTheFileCannotHold) {
   const std::string pack =
       MakeForeignPack("DataPack_A.mdb",

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A pack of 100,000 rows arrives complete and in order, and only once.
+// A pack of 100,000 rows is imported completely, in order and only once.
 
 #include <gtest/gtest.h>
 
@@ -10,8 +10,8 @@
 namespace tonalith::data {
 namespace {
 
-TEST_F(DataPackImportTest, BringsAHundredThousandRowsAsTheyAre) {
-  // Rows 1 to 4 of the pack have the names that are there already.
+TEST_F(DataPackImportTest, ImportsAHundredThousandRowsUnchanged) {
+  // Rows 1 to 4 of the pack have names of existing scales.
   const std::string pack = MakePack(
       "DataPack_A.mdb", ManyScales(100'000) +
                             "UPDATE Scales SET ScaleName = (SELECT 'Major' WHERE ScaleID = 1 UNION ALL "
@@ -28,7 +28,7 @@ TEST_F(DataPackImportTest, BringsAHundredThousandRowsAsTheyAre) {
     database.exec("ATTACH '" + pack + "' AS pack");
     EXPECT_EQ(database.execAndGet("SELECT count(*) FROM Scales").getInt(), 100'000);
     EXPECT_EQ(database.execAndGet("SELECT count(*) FROM ScaleTypes").getInt(), 502);
-    // Everything but the number, which goes on behind the highest one in the order of the pack.
+    // Everything except the number, which continues after the highest one in the order of the pack.
     EXPECT_EQ(database
                   .execAndGet("SELECT count(*) FROM pack.Scales p JOIN main.Scales m ON m.ScaleID = p.ScaleID + 3 AND "
                               "m.ScaleName = p.ScaleName AND m.ScaleDescription = p.ScaleDescription AND m.StartNote = "

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What may lie in the packs' folder in the place of a pack, or what may be the matter with that folder.
+// Special files instead of packs in the folder of packs, and problems with that folder.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ class PackPlaceTest : public DataPackImportTest {
   static std::string Failed(const std::string& pack, const std::string& why) {
     return std::string("Error importing ").append(pack).append("\n").append(why).append("\n");
   }
-  /// What the import shows when somebody runs it who is not allowed everything.
+  /// The messages of an import by a user without root permissions.
   std::string ShownToNobody(const std::function<void()>& import, fs::perms main = fs::perms::all,
                             fs::perms folder = fs::perms::all) {
     fs::permissions(Main(), main);
@@ -56,7 +56,7 @@ class PackPlaceTest : public DataPackImportTest {
   }
 };
 
-TEST_F(PackPlaceTest, PassesOverEverythingThatIsNoFile) {
+TEST_F(PackPlaceTest, IgnoresEverythingThatIsNotAFile) {
   fs::create_directory(Packs() + "DataPack_Folder.mdb");
   fs::create_symlink("nowhere", Packs() + "DataPack_Nothing.mdb");
   fs::create_symlink("DataPack_Itself.mdb", Packs() + "DataPack_Itself.mdb");
@@ -68,7 +68,7 @@ TEST_F(PackPlaceTest, PassesOverEverythingThatIsNoFile) {
   EXPECT_EQ(Shown(), "");
 }
 
-TEST_F(PackPlaceTest, RefusesWhatIsNoFileWithoutWaitingForIt) {
+TEST_F(PackPlaceTest, RefusesSpecialFilesWithoutWaitingForThem) {
   fs::create_symlink("nowhere", Packs() + "DataPack_A.mdb");
   ExpectRefused(Packs() + "DataPack_A.mdb", "Could not find file '" + Packs() + "DataPack_A.mdb'.");
   ASSERT_EQ(::mkfifo((Packs() + "DataPack_B.mdb").c_str(), 0666), 0);
@@ -90,7 +90,7 @@ TEST_F(PackPlaceTest, FollowsALinkToAPack) {
   EXPECT_EQ(Ask("SELECT count(*) FROM Scales WHERE ScaleName = 'Hora'"), "1");
 }
 
-TEST_F(PackPlaceTest, SaysThatAPackCannotBeReadAndGoesOn) {
+TEST_F(PackPlaceTest, ReportsAnUnreadablePackAndContinues) {
   for (const std::string& pack : {MakePack("DataPack_A.mdb", kAddScale), CopyPack(jet::kJet2000, "DataPack_B.mdb")}) {
     fs::permissions(pack, fs::perms::none);
     EXPECT_EQ(ShownToNobody([&] { Install(pack); }),
@@ -102,7 +102,7 @@ TEST_F(PackPlaceTest, SaysThatAPackCannotBeReadAndGoesOn) {
   EXPECT_EQ(Ask("SELECT count(*) FROM Scales"), "5");
 }
 
-TEST_F(PackPlaceTest, ReadsAPackThatNobodyMayWriteInAFolderThatNobodyMayWrite) {
+TEST_F(PackPlaceTest, ReadsAReadOnlyPackInAReadOnlyFolder) {
   const std::string pack = MakePack("DataPack_A.mdb", kAddScale);
   const std::string logged = MakePack("DataPack_B.mdb", "PRAGMA journal_mode = WAL; PRAGMA user_version = 1");
   for (const std::string& path : {pack, logged}) {
@@ -112,7 +112,7 @@ TEST_F(PackPlaceTest, ReadsAPackThatNobodyMayWriteInAFolderThatNobodyMayWrite) {
   EXPECT_EQ(Ask("SELECT count(*) FROM Scales"), "5");
 }
 
-TEST_F(PackPlaceTest, SaysThatTheFolderCannotBeListed) {
+TEST_F(PackPlaceTest, ReportsThatTheFolderCannotBeListed) {
   MakePack("DataPack_A.mdb", kAddScale);
   fs::permissions(Packs(), fs::perms::none);
   EXPECT_EQ(ShownToNobody([&] { InstallAll(); }),
@@ -121,7 +121,7 @@ TEST_F(PackPlaceTest, SaysThatTheFolderCannotBeListed) {
   EXPECT_EQ(Ask("SELECT count(*) FROM Scales"), "4");
 }
 
-TEST_F(PackPlaceTest, SaysThatTheMainDatabaseCannotBeWritten) {
+TEST_F(PackPlaceTest, ReportsThatTheMainDatabaseCannotBeWritten) {
   const std::string pack = MakePack("DataPack_A.mdb", kAddScale);
   fs::permissions(pack, fs::perms::others_read);
   const std::string before = ContentOfDatabase(Main());
@@ -134,14 +134,14 @@ TEST_F(PackPlaceTest, SaysThatTheMainDatabaseCannotBeWritten) {
   EXPECT_EQ(ContentOfDatabase(Main()), before);
 }
 
-TEST_F(PackPlaceTest, FindsNoPacksWhereAFileLiesInTheFoldersPlace) {
+TEST_F(PackPlaceTest, FindsNoPacksInAFileInsteadOfTheFolder) {
   fs::remove(Packs());
   std::ofstream(program_.Folder() + "/DataPacks") << "a file";
   EXPECT_THAT(InstallAll(), IsEmpty());
   EXPECT_EQ(Shown(), "");
 }
 
-TEST_F(PackPlaceTest, AddsNothingOutOfTheMainDatabaseItself) {
+TEST_F(PackPlaceTest, AddsNothingFromTheMainDatabaseItself) {
   const std::string before = ContentOfDatabase(Main());
   fs::create_symlink(Main(), Packs() + "DataPack_A.mdb");
   fs::create_hard_link(Main(), Packs() + "DataPack_B.mdb");
@@ -152,14 +152,14 @@ TEST_F(PackPlaceTest, AddsNothingOutOfTheMainDatabaseItself) {
   ExpectAtRest(Main());
 }
 
-TEST_F(PackPlaceTest, SaysThatAnotherProgramHoldsThePack) {
+TEST_F(PackPlaceTest, ReportsAPackThatAnotherProgramHasLocked) {
   const std::string pack = MakePack("DataPack_A.mdb", kAddScale);
   SQLite::Database other(pack, SQLite::OPEN_READWRITE);
   other.exec("BEGIN EXCLUSIVE");
   ExpectRefused(pack, "Could not use '" + pack + "'; file already in use.");
 }
 
-TEST_F(PackPlaceTest, TakesOnePackUnderTwoNamesForOne) {
+TEST_F(PackPlaceTest, ImportsAPackWithTwoNamesOnlyOnce) {
   MakePack("DataPack_A.mdb", std::string(kAddType) + kAddScale);
   fs::copy_file(Packs() + "DataPack_A.mdb", Packs() + "DataPack_B.mdb");
   CopyPack(jet::kJet2003, "DataPack_C.mdb");

@@ -15,8 +15,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// What the engine takes for signs of its own in the address of a file.
-TEST(ReadOnlyFile, IsFoundWhateverSignsItsNameHas) {
+// Characters with a special meaning in a file URI of the engine.
+TEST(ReadOnlyFile, IsFoundWithSpecialCharactersInItsName) {
   const tests::TempFolder folder;
   for (const char* const name : {"100%25.db", "what?mode=rw.db", "C#.db", "ré la.db"}) {
     const std::string path = folder / name;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Two record sets that edit one row, each through a connection of its own, and a table without a number left.
+// Two record sets that edit one row through separate connections, and a table without unused row numbers.
 
 #include <gtest/gtest.h>
 
@@ -71,7 +71,7 @@ TEST_F(RecordSetConflict, ResyncWithoutTheEditShowsTheOtherOne) {
   EXPECT_EQ(mine_.FieldValue("ScaleName"), core::Value("Theirs"));
 }
 
-TEST_F(RecordSetConflict, AChangeOfAnotherRowIsNone) {
+TEST_F(RecordSetConflict, AChangeOfAnotherRowIsNoConflict) {
   mine_.SetFieldValue("ScaleName", "Mine");
   theirs_.MoveNext();
   theirs_.SetFieldValue("ScaleName", "Theirs");
@@ -89,7 +89,7 @@ TEST_F(RecordSetConflict, ResyncNeedsARowInTheDatabase) {
   EXPECT_EQ(FailureOf([&] { mine_.Resync(); }).Number(), failure_number::kNoCurrentRecord);
 }
 
-TEST_F(RecordSetConflict, ATableWithoutANumberLeftIsNoFullDisk) {
+TEST_F(RecordSetConflict, UsedUpRowNumbersAreNotReportedAsAFullDisk) {
   RunRaw(folder_.Path(),
          "INSERT INTO Scales (ScaleID, ScaleName, ScaleTypeID) VALUES (9223372036854775807, 'Last', 1)");
   mine_.AddNew();

@@ -18,7 +18,7 @@ namespace {
 constexpr const char* kAllNames =
     "SELECT group_concat(ScaleName, ', ') FROM (SELECT ScaleName FROM Scales ORDER BY ScaleID)";
 
-// A record set over the stored query in a file of its own.
+// A record set over the stored query in a temporary file.
 class EditedScales : public DatabaseFolder {
  public:
   explicit EditedScales(LockType lock) : connection_(Open()) {
@@ -75,7 +75,7 @@ TEST(RecordSetEdit, WritesAnEditWhenUpdated) {
 
 TEST(RecordSetEdit, ChangesOnlyTheFieldsThatWereSet) {
   EditedScales scales(LockType::kOptimistic);
-  // They notice a field that is written, also with the content that it has.
+  // The triggers detect every written field, even if its content does not change.
   std::string triggers = "CREATE TABLE Written (Field TEXT);";
   for (const std::string field : {"ScaleName", "ScaleTypeID", "ScaleDescription", "StartNote", "ScaleIntervals"}) {
     triggers += "CREATE TRIGGER Notice" + field + " INSTEAD OF UPDATE OF " + field +
@@ -87,7 +87,7 @@ TEST(RecordSetEdit, ChangesOnlyTheFieldsThatWereSet) {
   EXPECT_EQ(scales.InFile("SELECT group_concat(Field) FROM Written"), "ScaleDescription");
 }
 
-TEST(RecordSetEdit, HasNothingPendingWhenAFieldTakesTheContentThatItHas) {
+TEST(RecordSetEdit, HasNothingPendingAfterAFieldIsSetToItsOwnContent) {
   EditedScales scales(LockType::kOptimistic);
   scales->SetFieldValue("ScaleName", "Major");
   EXPECT_FALSE(scales->IsEditPending());
@@ -151,7 +151,7 @@ TEST(RecordSetEdit, DropsAnEditWhenCancelled) {
   EXPECT_EQ(scales.Names(), "Major, Minor, Major triad, Minor triad");
 }
 
-TEST(RecordSetEdit, AddsARowAndStandsOnIt) {
+TEST(RecordSetEdit, AddsARowAndMovesToIt) {
   EditedScales scales(LockType::kOptimistic);
   SetNewScale(*scales, "Tritone");
   EXPECT_EQ(scales->AbsolutePosition(), -1);
@@ -166,7 +166,7 @@ TEST(RecordSetEdit, AddsARowAndStandsOnIt) {
   EXPECT_EQ(scales.Names(), "Major, Minor, Major triad, Minor triad, Tritone");
 }
 
-TEST(RecordSetEdit, AddsARowWithTheNumberThatItWasGiven) {
+TEST(RecordSetEdit, AddsARowWithAGivenNumber) {
   EditedScales scales(LockType::kOptimistic);
   SetNewScale(*scales, "Tritone");
   scales->SetFieldValue("ScaleID", 5);
@@ -207,7 +207,7 @@ TEST(RecordSetEdit, AddsTheFirstRowOfAnEmptyDatabase) {
   EXPECT_EQ(Lines(records, {"ScaleID", "ScaleName"}), "1 | Only\n");
 }
 
-TEST(RecordSetEdit, StandsOnANewRowThatItsFilterHides) {
+TEST(RecordSetEdit, StaysOnANewRowThatItsFilterHides) {
   EditedScales scales(LockType::kOptimistic);
   scales->SetFilter("Chord=True");
   SetNewScale(*scales, "Tritone");
@@ -218,7 +218,7 @@ TEST(RecordSetEdit, StandsOnANewRowThatItsFilterHides) {
   EXPECT_EQ(scales->RecordCount(), 2);
 }
 
-TEST(RecordSetEdit, DeletesAtOnceWhateverTheLock) {
+TEST(RecordSetEdit, DeletesAtOnceWithAnyLock) {
   EditedScales scales(LockType::kBatchOptimistic);
   scales->MoveNext();
   scales->Delete();
@@ -274,7 +274,7 @@ TEST(RecordSetEdit, DeletesNoRowThatWasNotSavedYet) {
   EXPECT_EQ(scales.Names(), "Major, Minor, Major triad, Minor triad");
 }
 
-TEST(RecordSetEdit, NeverGivesTheNumberOfADeletedScaleAgain) {
+TEST(RecordSetEdit, NeverReusesTheNumberOfADeletedScale) {
   EditedScales scales(LockType::kOptimistic);
   scales->MoveLast();
   const Bookmark last = scales->GetBookmark();
@@ -285,7 +285,7 @@ TEST(RecordSetEdit, NeverGivesTheNumberOfADeletedScaleAgain) {
   EXPECT_EQ(FailureOf([&] { scales->SetBookmark(last); }).Number(), failure_number::kInvalidBookmark);
 }
 
-TEST(RecordSetEdit, SaysThatARowVanishedAndKeepsTheEdit) {
+TEST(RecordSetEdit, ReportsADeletedRowAndKeepsTheEdit) {
   EditedScales scales(LockType::kOptimistic);
   RunRaw(scales.Path(), "DELETE FROM Scales WHERE ScaleID = 1");
   scales->SetFieldValue("ScaleName", "Other");
@@ -306,7 +306,7 @@ TEST(RecordSetEdit, RefusesToCloseOrRequeryOverAPendingEdit) {
   scales->Close();
 }
 
-TEST(RecordSetEdit, KeepsThePendingEditWhenAnotherProgramHoldsTheFile) {
+TEST(RecordSetEdit, KeepsThePendingEditIfAnotherProgramHasTheFileLocked) {
   EditedScales scales(LockType::kOptimistic);
   scales->SetFieldValue("ScaleName", "Other");
   {
@@ -320,7 +320,7 @@ TEST(RecordSetEdit, KeepsThePendingEditWhenAnotherProgramHoldsTheFile) {
   EXPECT_EQ(scales.Names(), "Other, Minor, Major triad, Minor triad");
 }
 
-TEST(RecordSetEdit, WritesTextOfEveryKindAsItIs) {
+TEST(RecordSetEdit, WritesTextOfEveryKindUnchanged) {
   EditedScales scales(LockType::kOptimistic);
   const std::string text = "'); DROP TABLE Scales; -- \" % _ \t Ünïcödé 音";
   scales->SetFieldValue("ScaleName", text);
@@ -331,7 +331,7 @@ TEST(RecordSetEdit, WritesTextOfEveryKindAsItIs) {
   EXPECT_EQ(scales.InFile("SELECT ScaleDescription IS NULL FROM Scales WHERE ScaleID = 1"), "1");
 }
 
-TEST(RecordSetEdit, WritesTheTablesThemselvesWithoutGuards) {
+TEST(RecordSetEdit, WritesTheTablesThemselvesWithoutChecks) {
   const DatabaseFolder folder;
   const auto connection = folder.Open();
   RecordSet types;
@@ -356,7 +356,7 @@ TEST(RecordSetEdit, WritesTheTablesThemselvesWithoutGuards) {
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM Scales WHERE ScaleName = 'Major'"), "2");
 }
 
-TEST(RecordSetEdit, SaysThatAKeyIsTaken) {
+TEST(RecordSetEdit, ReportsADuplicateKey) {
   const DatabaseFolder folder;
   RecordSet types;
   types.Open("ScaleTypes", folder.Open(), CursorType::kKeyset, LockType::kOptimistic);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What a record set can be opened on, and what a filter makes of it.
+// Sources and filters of record sets.
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ TEST(RecordSetSource, FindsTheScaleOfTheByIdStatement) {
   EXPECT_EQ(Lines(records, {"ScaleID", "ScaleName"}), "7 | Minor triad\n");
 }
 
-TEST(RecordSetSource, FindsANameWithEveryAwkwardCharacter) {
+TEST(RecordSetSource, FindsANameWithSpecialCharacters) {
   const std::string name = "O'Neil's \"odd\" 100% _ -- /* [x] ; Ünïcödé 音";
   const DatabaseFolder folder;
   const auto connection = folder.Open();
@@ -45,7 +45,7 @@ TEST(RecordSetSource, ComparesNamesWithoutRegardToCase) {
   EXPECT_EQ(Lines(records, {"ScaleIntervals"}), "2212221\n");
 }
 
-TEST(RecordSetSource, GivesTwoRowsOfOneNameInTheOrderOfTheirNumbers) {
+TEST(RecordSetSource, ReturnsTwoRowsOfOneNameInTheOrderOfTheirNumbers) {
   const DatabaseFolder folder(
       "INSERT INTO ScaleTypes VALUES (1, 1, 'A');"
       "INSERT INTO Scales (ScaleID, ScaleName, ScaleTypeID, ScaleIntervals) VALUES (9, 'Twin', 1, '9'), (3, 'twin', 1, "
@@ -55,7 +55,7 @@ TEST(RecordSetSource, GivesTwoRowsOfOneNameInTheOrderOfTheirNumbers) {
   EXPECT_EQ(Lines(records, {"ScaleIntervals"}), "3\n9\n");
 }
 
-TEST(RecordSetSource, TakesTheTextOfTheStoredQueryAsASource) {
+TEST(RecordSetSource, AcceptsTheTextOfTheStoredQueryAsASource) {
   const DatabaseFolder folder;
   RecordSet records;
   records.Open(
@@ -68,7 +68,7 @@ TEST(RecordSetSource, TakesTheTextOfTheStoredQueryAsASource) {
   EXPECT_EQ(records.FieldName(9), "ScaleTypeName");
 }
 
-TEST(RecordSetSource, WalksAnySelectAndReturnsToItsBookmarks) {
+TEST(RecordSetSource, ReadsAnySelectAndReturnsToItsBookmarks) {
   const DatabaseFolder folder;
   RecordSet records;
   records.Open("SELECT ScaleName FROM Scales ORDER BY ScaleName DESC", folder.Open());
@@ -98,14 +98,14 @@ TEST(RecordSetSource, NamesATableAStoredQueryAndAFieldThatDoNotExist) {
   EXPECT_FALSE(records.IsOpen());
 }
 
-TEST(RecordSetSource, TakesNoTextForAnUnknownFieldInQuotes) {
+TEST(RecordSetSource, RefusesAnUnknownFieldInBrackets) {
   const DatabaseFolder folder;
   RecordSet records;
   EXPECT_EQ(FailureOf([&] { records.Open("SELECT [Colour] FROM Scales", folder.Open()); }).Number(),
             failure_number::kUnknownField);
 }
 
-TEST(RecordSetSource, WalksATableOfAnotherProgramByItsRowNumber) {
+TEST(RecordSetSource, ReadsATableOfAnotherProgramByItsRowNumber) {
   const tests::TempFolder folder;
   const std::string path = folder / "pack.mdb";
   SQLite::Database(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
@@ -120,7 +120,7 @@ TEST(RecordSetSource, WalksATableOfAnotherProgramByItsRowNumber) {
   EXPECT_EQ(Lines(records, {"ScaleID", "ScaleName"}), "5 | Five\n5 | Again\n(null) | Null\n1 | One\n");
 }
 
-TEST(RecordSetSource, LosesNoRowOfAStrangeTable) {
+TEST(RecordSetSource, ReadsEveryRowOfAForeignTable) {
   const tests::TempFolder folder;
   const std::string path = folder / "pack.mdb";
   SQLite::Database(path, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE)
@@ -157,7 +157,7 @@ TEST(RecordSetSource, ReadsEveryKindOfContent) {
   EXPECT_EQ(records.FieldValue(5), core::Value(core::Bytes{}));
 }
 
-TEST(RecordSetSource, ShowsTheRowsThatMeetItsFilter) {
+TEST(RecordSetSource, ShowsTheRowsThatMatchItsFilter) {
   const DatabaseFolder folder(std::string(kFourScales) +
                               "INSERT INTO Scales (ScaleID, ScaleName, ScaleTypeID) VALUES (8, 'O''Neil', 2)");
   RecordSet records;

@@ -16,7 +16,7 @@ namespace {
 constexpr const char* kNoRecordWords =
     "Either BOF or EOF is True, or the current record has been deleted. Requested operation requires a current record.";
 
-TEST(RecordSet, StandsOnTheFirstRowOnceOpen) {
+TEST(RecordSet, StartsAtTheFirstRow) {
   const DatabaseFolder folder;
   RecordSet records;
   EXPECT_FALSE(records.IsOpen());
@@ -26,7 +26,7 @@ TEST(RecordSet, StandsOnTheFirstRowOnceOpen) {
   EXPECT_EQ(records.AbsolutePosition(), 1);
 }
 
-TEST(RecordSet, GivesTheScaleRecordInItsFixedOrderOfFields) {
+TEST(RecordSet, HasTheFieldsOfAScaleInTheirFixedOrder) {
   const DatabaseFolder folder;
   RecordSet records;
   records.Open("SELECT * FROM ScalesQuery", folder.Open());
@@ -37,7 +37,7 @@ TEST(RecordSet, GivesTheScaleRecordInItsFixedOrderOfFields) {
             "Chord=0 Sort=1 ScaleTypeNo=10 ScaleTypeName=Common scales ");
 }
 
-TEST(RecordSet, WalksTheStoredQueryByScaleId) {
+TEST(RecordSet, ReadsTheStoredQueryByScaleId) {
   const DatabaseFolder folder(
       "INSERT INTO ScaleTypes VALUES (1, 1, 'A'), (2, 2, 'B');"
       "INSERT INTO Scales (ScaleID, ScaleName, ScaleTypeID) VALUES (30, 'Third', 1), (10, 'First', 2), (20, 'Second', "
@@ -48,7 +48,7 @@ TEST(RecordSet, WalksTheStoredQueryByScaleId) {
             "10 | First | B\n20 | Second | A\n30 | Third | A\n");
 }
 
-TEST(RecordSet, LeavesOutScalesWhoseTypeIsMissing) {
+TEST(RecordSet, OmitsScalesWhoseTypeIsMissing) {
   const DatabaseFolder folder(std::string(kFourScales) +
                               "INSERT INTO Scales (ScaleName, ScaleTypeID) VALUES ('Lost', 99)");
   RecordSet records;
@@ -56,7 +56,7 @@ TEST(RecordSet, LeavesOutScalesWhoseTypeIsMissing) {
   EXPECT_EQ(records.RecordCount(), 4);
 }
 
-TEST(RecordSet, WalksForthAndBackAcrossBothEnds) {
+TEST(RecordSet, MovesForwardsAndBackwardsAcrossBothEnds) {
   const DatabaseFolder folder;
   RecordSet records;
   records.Open("ScalesQuery", folder.Open());
@@ -161,7 +161,7 @@ TEST(RecordSet, KeepsItsConnectionAlive) {
   EXPECT_EQ(Here(records), "Minor triad");
 }
 
-TEST(RecordSet, ComesBackToABookmarkAlsoAfterARequeryAndInAClone) {
+TEST(RecordSet, ReturnsToABookmarkAlsoAfterARequeryAndInAClone) {
   const DatabaseFolder folder;
   RecordSet records;
   records.Open("ScalesQuery", folder.Open());
@@ -181,7 +181,7 @@ TEST(RecordSet, ComesBackToABookmarkAlsoAfterARequeryAndInAClone) {
   EXPECT_EQ(Here(records), "Minor triad");
 }
 
-TEST(RecordSet, StaysWhereItIsWhenTheBookmarkedRowIsGone) {
+TEST(RecordSet, DoesNotMoveIfTheBookmarkedRowIsDeleted) {
   const DatabaseFolder folder;
   RecordSet records;
   records.Open("ScalesQuery", folder.Open());
@@ -196,7 +196,7 @@ TEST(RecordSet, StaysWhereItIsWhenTheBookmarkedRowIsGone) {
   EXPECT_EQ(Here(records), "Major triad");
 }
 
-TEST(RecordSet, ClonesWithoutTheFilterAndMovesApart) {
+TEST(RecordSet, ClonesWithoutTheFilterAndMovesIndependently) {
   const DatabaseFolder folder;
   RecordSet records;
   records.Open("ScalesQuery", folder.Open());
@@ -208,7 +208,7 @@ TEST(RecordSet, ClonesWithoutTheFilterAndMovesApart) {
   EXPECT_EQ(Here(records), "Major triad");
 }
 
-TEST(RecordSet, SeesRowsAddedElsewhereAfterARequery) {
+TEST(RecordSet, ReadsRowsOfOtherConnectionsAfterARequery) {
   const DatabaseFolder folder;
   RecordSet records;
   records.Open("ScalesQuery", folder.Open());
@@ -220,7 +220,7 @@ TEST(RecordSet, SeesRowsAddedElsewhereAfterARequery) {
   EXPECT_EQ(records.RecordCount(), 4);
 }
 
-TEST(RecordSet, SeesAtItsNextMoveWhatItsConnectionChanged) {
+TEST(RecordSet, ReadsChangesOfItsConnectionAtTheNextMove) {
   const DatabaseFolder folder;
   const auto connection = folder.Open();
   RecordSet first;
@@ -235,7 +235,7 @@ TEST(RecordSet, SeesAtItsNextMoveWhatItsConnectionChanged) {
   EXPECT_EQ(first.AbsolutePosition(), 2);
 }
 
-TEST(RecordSet, OnlyGoesForwardWithAForwardOnlyCursor) {
+TEST(RecordSet, OnlyMovesForwardWithAForwardOnlyCursor) {
   const DatabaseFolder folder;
   RecordSet records;
   records.Open("ScalesQuery", folder.Open(), CursorType::kForwardOnly, LockType::kReadOnly);
@@ -260,7 +260,7 @@ TEST(RecordSet, CannotBeOpenedTwice) {
   EXPECT_EQ(records.FieldCount(), 8);
 }
 
-TEST(RecordSet, FindsTheFirstRowAgainFromBeforeItAfterABookmark) {
+TEST(RecordSet, MovesFromBofToTheFirstRowAfterABookmark) {
   const DatabaseFolder folder;
   RecordSet records;
   records.Open("SELECT * FROM ScalesQuery", folder.Open());
@@ -272,7 +272,7 @@ TEST(RecordSet, FindsTheFirstRowAgainFromBeforeItAfterABookmark) {
 }
 
 // The rows are read in blocks; some of these libraries end where a block ends.
-TEST(RecordSet, FindsTheLastRowAgainFromBehindItInALibraryOfAnySize) {
+TEST(RecordSet, MovesFromEofToTheLastRowInALibraryOfAnySize) {
   for (const int count : {1, 31, 32, 33, 64, 96, 128, 224}) {
     const DatabaseFolder folder(ManyScales(count));
     RecordSet records;

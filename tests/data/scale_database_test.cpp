@@ -26,7 +26,7 @@ constexpr const char* kNoRecordMessage =
     "3021: Either BOF or EOF is True, or the current record has been deleted. Requested operation requires a current "
     "record.";
 
-TEST(ScaleDatabase, BuildsItsStatementsToTheLetter) {
+TEST(ScaleDatabase, BuildsItsStatementsExactly) {
   EXPECT_EQ(ScaleByNameStatement("Major"), "SELECT ScaleIntervals FROM Scales WHERE ScaleName = 'Major'");
   EXPECT_EQ(ScaleByNameStatement("O'Neil's"), "SELECT ScaleIntervals FROM Scales WHERE ScaleName = 'O''Neil''s'");
   EXPECT_EQ(ScaleByIdStatement(7), "SELECT * FROM ScalesQuery WHERE (Scales.ScaleID) =7;");
@@ -42,7 +42,7 @@ TEST(ScaleDatabase, FindsItsFileInTheProgramsFolder) {
   EXPECT_EQ(database.DatabasePath(), "/music/tonalith/TonalithDB97.mdb");
 }
 
-TEST(ScaleDatabase, FindsItsFileWhateverTheCurrentFolderIs) {
+TEST(ScaleDatabase, FindsItsFileFromAnyCurrentFolder) {
   const DatabaseFolder folder;
   tests::RecordingMsgBox msgBox;
   ScaleDatabase database(folder.Folder(), msgBox);
@@ -97,7 +97,7 @@ TEST(ScaleDatabase, ThrowsWhenTheSharedFileHasNoStoredQuery) {
             "The database '" + (folder / "TonalithDB97.mdb") + "' has no table or stored query 'ScalesQuery'.");
 }
 
-TEST(ScaleDatabase, HandsOutConnectionsOfTheirOwn) {
+TEST(ScaleDatabase, ReturnsSeparateConnections) {
   const DatabaseFolder folder;
   tests::RecordingMsgBox msgBox;
   ScaleDatabase database(folder.Folder(), msgBox);
@@ -109,7 +109,7 @@ TEST(ScaleDatabase, HandsOutConnectionsOfTheirOwn) {
   EXPECT_EQ(database.ScaleConnection(), nullptr);
 }
 
-TEST(ScaleDatabase, SaysThatTheConnectionFailedAndGivesNothing) {
+TEST(ScaleDatabase, ShowsThatTheConnectionFailedAndReturnsNothing) {
   const tests::TempFolder folder;
   tests::RecordingMsgBox msgBox;
   ScaleDatabase database(folder.Path().string(), msgBox);
@@ -134,26 +134,26 @@ class ScaleQueries : public testing::Test {
   ScaleDatabase database_{folder_.Folder(), msgBox_};
 };
 
-TEST_F(ScaleQueries, GiveTheSemitonesOfANamedScale) {
+TEST_F(ScaleQueries, ReturnTheSemitonesOfANamedScale) {
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Major"), ElementsAre(2, 2, 1, 2, 2, 2, 1));
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Long"), testing::SizeIs(9));
   EXPECT_THAT(msgBox_.Messages(), IsEmpty());
 }
 
-TEST_F(ScaleQueries, FindNamesWithApostrophesQuotesPercentSignsAndLettersOutsideAscii) {
+TEST_F(ScaleQueries, FindNamesWithSpecialCharactersAndNonAsciiLetters) {
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("O'Neil"), ElementsAre(6, 6));
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("50% \"Übermäßig\""), ElementsAre(4, 4, 4));
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("' OR '1'='1"), IsEmpty());
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("%"), IsEmpty());
 }
 
-TEST_F(ScaleQueries, GiveNothingAndSayNothingForAnUnknownName) {
+TEST_F(ScaleQueries, ReturnAndShowNothingForAnUnknownName) {
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("Nobody's"), IsEmpty());
   EXPECT_THAT(database_.GetScaleNotes(0, "Nobody's"), IsEmpty());
   EXPECT_THAT(msgBox_.Messages(), IsEmpty());
 }
 
-TEST_F(ScaleQueries, TakeTheFirstOfTwoScalesOfOneName) {
+TEST_F(ScaleQueries, UseTheFirstOfTwoScalesOfOneName) {
   EXPECT_THAT(database_.GetScaleIntervalsFromDB("MAJOR"), testing::SizeIs(7));
 }
 
@@ -174,7 +174,7 @@ TEST_F(ScaleQueries, ThrowForACharacterThatIsNoDigit) {
   EXPECT_EQ(FailureOf([&] { database_.GetScaleNotes(0, "Letters"); }).Number(), 13);
 }
 
-TEST_F(ScaleQueries, GiveTheWrappedNotesOfANamedScale) {
+TEST_F(ScaleQueries, ReturnTheWrappedNotesOfANamedScale) {
   EXPECT_THAT(database_.GetScaleNotes(14, "Major"), ElementsAre("D", "E", "F#", "G", "A", "B", "C#"));
 }
 
@@ -186,7 +186,7 @@ TEST_F(ScaleQueries, ShowTheFailedConnectionAndThenThrow) {
   EXPECT_EQ(msgBox_.Texts(), words + words);
 }
 
-TEST_F(ScaleQueries, GiveThePatternOfANumberedScaleAsItStands) {
+TEST_F(ScaleQueries, ReturnThePatternOfANumberedScaleUnchanged) {
   EXPECT_EQ(database_.GetScaleIntervalsByID(7), "66");
   EXPECT_EQ(database_.GetScaleIntervalsByID(5), "  2212221 ");
   EXPECT_EQ(database_.GetScaleIntervalsByID(4), "22x");
@@ -203,24 +203,24 @@ TEST_F(ScaleQueries, ReplaceTheSharedConnectionAndRecordSet) {
   EXPECT_EQ(Lines(*database_.ScaleRecordset(), {"ScaleID", "ScaleName"}), "7 | O'Neil\n");
 }
 
-TEST_F(ScaleQueries, SayNumberAndWordsForANumberWithoutAScale) {
+TEST_F(ScaleQueries, ShowNumberAndDescriptionForAnUnknownScaleNumber) {
   EXPECT_EQ(database_.GetScaleIntervalsByID(99), "");
   EXPECT_THAT(msgBox_.Messages(), ElementsAre(Message{kNoRecordMessage, MsgBoxStyle::kCritical, ""}));
 }
 
-TEST_F(ScaleQueries, SayNumberAndWordsForANullPatternOfANumberedScale) {
+TEST_F(ScaleQueries, ShowNumberAndDescriptionForANullPattern) {
   EXPECT_EQ(database_.GetScaleIntervalsByID(2), "");
   EXPECT_THAT(msgBox_.Messages(), ElementsAre(Message{"94: Invalid use of Null", MsgBoxStyle::kCritical, ""}));
 }
 
-TEST_F(ScaleQueries, SayTheLastFailureOnceWhenTheFileOfANumberedScaleIsMissing) {
+TEST_F(ScaleQueries, ShowTheLastFailureOnceIfTheFileIsMissing) {
   std::filesystem::remove(folder_.Path());
   EXPECT_EQ(database_.GetScaleIntervalsByID(7), "");
   EXPECT_THAT(msgBox_.Messages(), ElementsAre(Message{"3704: Operation is not allowed when the object is closed.",
                                                       MsgBoxStyle::kCritical, ""}));
 }
 
-TEST_F(ScaleQueries, CostOneStatementByName) {
+TEST_F(ScaleQueries, NeedOneStatementByName) {
   const std::uint64_t before = Connection::StatementsIssued();
   database_.GetScaleIntervalsFromDB("Major");
   EXPECT_EQ(Connection::StatementsIssued() - before, 1U);

@@ -27,7 +27,7 @@ class ScaleNamesTest : public testing::Test {
   DatabaseFolder folder_;
 };
 
-TEST_F(ScaleNamesTest, FindANameWithOtherLettersInAnyCase) {
+TEST_F(ScaleNamesTest, FindANonAsciiNameInAnyCase) {
   Rename(1, "\u00c9clair");
   EXPECT_TRUE(Has("\u00e9CLAIR"));
   EXPECT_TRUE(Has("\u00e9clair", 2));
@@ -43,7 +43,7 @@ TEST_F(ScaleNamesTest, FindAPairOfWhichOneNameIsAscii) {
   EXPECT_FALSE(Has("\u212ailo", 1));
 }
 
-TEST_F(ScaleNamesTest, FindANameThatWaitsToBeWritten) {
+TEST_F(ScaleNamesTest, FindANameThatIsNotWrittenYet) {
   Engine engine(folder_.Path(), false);
   ScaleNames names(engine);
   names.Add("S\u00e1mi");
@@ -51,7 +51,7 @@ TEST_F(ScaleNamesTest, FindANameThatWaitsToBeWritten) {
   EXPECT_TRUE(names.Has("S\u00c1MI", 1));
 }
 
-TEST_F(ScaleNamesTest, AreGuardedWhenARecordIsChangedOrAdded) {
+TEST_F(ScaleNamesTest, AreCheckedWhenARecordIsChangedOrAdded) {
   Rename(1, "\u00c9clair");
   RecordSet scales;
   scales.Open("SELECT * FROM ScalesQuery", folder_.Open(), CursorType::kKeyset, LockType::kBatchOptimistic);

@@ -34,7 +34,7 @@ TEST(Schema, MarksTheFileWithItsApplicationAndRevision) {
   EXPECT_EQ(SchemaRevisions().size(), 2U) << "version 1.0 refuses a library of a newer revision";
 }
 
-TEST(Schema, HoldsTheTablesTheStoredQueryAndTheIndexes) {
+TEST(Schema, HasTheTablesTheStoredQueryAndTheIndexes) {
   const DatabaseFolder folder;
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT group_concat(name) FROM pragma_table_info('Scales')"),
             "ScaleID,ScaleName,ScaleTypeID,ScaleDescription,StartNote,ScaleIntervals,Chord,Sort");
@@ -49,7 +49,7 @@ TEST(Schema, HoldsTheTablesTheStoredQueryAndTheIndexes) {
             "ScalesByName,ScalesByTypeAndSort");
 }
 
-TEST(Schema, MakesNoDatabaseInThePlaceOfAFile) {
+TEST(Schema, DoesNotReplaceAnExistingFile) {
   const tests::TempFolder folder;
   const std::string path = folder.Write("there.mdb", "somebody's");
   EXPECT_EQ(FailureOf([&] { CreateScaleDatabase(path); }).Description(), "There is a file '" + path + "' already.");
@@ -83,7 +83,7 @@ TEST(Schema, AppliesTheRevisionsThatAnOlderFileLacks) {
   EXPECT_EQ(AskRaw(path, "SELECT count(*) FROM One"), "1");
 }
 
-TEST(Schema, LeavesAnOlderFileAsItWasWhenOneRevisionFails) {
+TEST(Schema, DoesNotChangeAnOlderFileIfARevisionFails) {
   const tests::TempFolder folder;
   const std::string path = AtRevision(folder, 1);
   constexpr std::array<SchemaRevision, 3> kBroken = {
@@ -96,7 +96,7 @@ TEST(Schema, LeavesAnOlderFileAsItWasWhenOneRevisionFails) {
   EXPECT_EQ(AskRaw(path, "SELECT group_concat(name) FROM pragma_table_info('One')"), "a");
 }
 
-TEST(Schema, RefusesAFileOfANewerRevisionInWords) {
+TEST(Schema, RefusesAFileOfANewerRevisionWithAMessage) {
   const tests::TempFolder folder;
   const std::string path = AtRevision(folder, 3);
   SQLite::Database database(path, SQLite::OPEN_READWRITE);
@@ -105,8 +105,7 @@ TEST(Schema, RefusesAFileOfANewerRevisionInWords) {
       "The database '" + path + "' was made by a newer version of Tonalith (revision 3, this version reads up to 2).");
 }
 
-/// A scale database as the program made it at `revision`, with the four scales and one of which the sort number is
-/// text.
+/// A scale database of an earlier `revision`, with the four scales and one whose sort number is text.
 class FileOfRevision {
  public:
   explicit FileOfRevision(int revision) {
@@ -124,7 +123,7 @@ class FileOfRevision {
     return Ask("SELECT group_concat(ScaleID || ScaleName || ScaleTypeID || Sort || typeof(Sort), ' ') FROM Scales") +
            Ask("SELECT group_concat(ScaleTypeID || ScaleTypeName, ' ') FROM ScaleTypes");
   }
-  /// Opens it as the program does; what its scales are called then.
+  /// Opens it as the program does and returns the names of its scales.
   [[nodiscard]] std::string NamesWhenOpened() const {
     auto connection = std::make_shared<Connection>();
     connection->Open(FullConnectionString(Path()));
@@ -151,7 +150,7 @@ TEST_P(EveryOlderRevision, IsUpgradedWhenItIsOpenedAndKeepsItsRows) {
   EXPECT_EQ(file.Revision(), std::to_string(SchemaRevisions().size()));
   EXPECT_EQ(file.Rows(), rows);
   EXPECT_EQ(file.Ask("PRAGMA integrity_check"), "ok");
-  // The same objects as in a new file, word for word.
+  // The same objects as in a new file, with identical statements.
   const DatabaseFolder fresh;
   constexpr const char* kSchema = "SELECT group_concat(sql, ';') FROM (SELECT sql FROM sqlite_schema ORDER BY name)";
   EXPECT_EQ(file.Ask(kSchema), AskRaw(fresh.Path(), kSchema));
@@ -167,7 +166,7 @@ TEST(Schema, OpensAnOlderFileThatAnotherProgramIsWritingAndUpgradesItLater) {
     other.exec("BEGIN IMMEDIATE");
     const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(file.NamesWhenOpened(), kFiveNames);
-    // It is not waited for, however often the file is opened meanwhile.
+    // Opening does not wait for it, no matter how often.
     EXPECT_LT(std::chrono::steady_clock::now() - start, tests::Timely(std::chrono::milliseconds(100)));
     EXPECT_EQ(file.Revision(), "1");
   }
@@ -175,7 +174,7 @@ TEST(Schema, OpensAnOlderFileThatAnotherProgramIsWritingAndUpgradesItLater) {
   EXPECT_EQ(file.Revision(), std::to_string(SchemaRevisions().size()));
 }
 
-TEST(Schema, StillWaitsForAnotherProgramAfterAnUpgradeThatWasPutOff) {
+TEST(Schema, StillWaitsForAnotherProgramAfterAPostponedUpgrade) {
   const FileOfRevision file(1);
   SQLite::Database other(file.Path(), SQLite::OPEN_READWRITE);
   other.exec("BEGIN IMMEDIATE");
@@ -184,7 +183,7 @@ TEST(Schema, StillWaitsForAnotherProgramAfterAnUpgradeThatWasPutOff) {
   EXPECT_EQ(database.execAndGet("PRAGMA busy_timeout").getInt(), kBusyMilliseconds);
 }
 
-TEST(Schema, OpensAnOlderFileForWhichThereIsNoRoomToGrow) {
+TEST(Schema, OpensAnOlderFileThatCannotGrow) {
   const FileOfRevision file(1);
   SQLite::Database database(file.Path(), SQLite::OPEN_READWRITE);
   database.exec("PRAGMA max_page_count = " + database.execAndGet("PRAGMA page_count").getString());
@@ -193,7 +192,7 @@ TEST(Schema, OpensAnOlderFileForWhichThereIsNoRoomToGrow) {
   EXPECT_EQ(file.Revision(), "1");
 }
 
-TEST(Schema, OpensAnOlderFileThatMayOnlyBeReadAndLeavesItAlone) {
+TEST(Schema, OpensAReadOnlyOlderFileWithoutChanges) {
   const FileOfRevision file(1);
   SQLite::Database database(file.Path(), SQLite::OPEN_READONLY);
   UpgradeSchema(database, file.Path());
@@ -210,7 +209,7 @@ TEST(Schema, FindsTheLastScaleOfATypeThroughItsIndex) {
   EXPECT_EQ(plan.getColumn(3).getString(), "SEARCH Scales USING INDEX ScalesByTypeAndSort (ScaleTypeID=?)");
 }
 
-TEST(ScalesQueryTriggers, FillInWhatAnInsertLeavesOut) {
+TEST(ScalesQueryTriggers, FillInTheDefaultsOfAnInsert) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "INSERT INTO ScalesQuery (ScaleName, ScaleTypeID, ScaleIntervals) VALUES ('Tritone', 1, '66')");
   EXPECT_EQ(
@@ -220,7 +219,7 @@ TEST(ScalesQueryTriggers, FillInWhatAnInsertLeavesOut) {
       "8 C 0 3 null");
 }
 
-TEST(ScalesQueryTriggers, NumberANewScaleBehindThoseOfItsOwnType) {
+TEST(ScalesQueryTriggers, NumberANewScaleAfterThoseOfItsType) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "INSERT INTO Scales (ScaleName, ScaleTypeID, Sort) VALUES ('Of another type', 2, 70)");
   RunRaw(folder.Path(), "INSERT INTO ScalesQuery (ScaleName, ScaleTypeID) VALUES ('Tritone', 1)");
@@ -234,7 +233,7 @@ TEST(ScalesQueryTriggers, WriteYesAsOne) {
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT group_concat(Chord) FROM Scales WHERE ScaleName IN ('A', 'Major')"), "1,1");
 }
 
-TEST(ScalesQueryTriggers, RefuseAnInsertInReadableWords) {
+TEST(ScalesQueryTriggers, RefuseAnInvalidInsertWithAReadableMessage) {
   const DatabaseFolder folder;
   const auto refusal = [&](const std::string& values) {
     return RawRefusal(folder.Path(),
@@ -254,7 +253,7 @@ TEST(ScalesQueryTriggers, RefuseAnInsertInReadableWords) {
   EXPECT_EQ(refusal("'A', '1', '6 6', '12'"), "not refused");
 }
 
-TEST(ScalesQueryTriggers, RefuseAChangeInReadableWords) {
+TEST(ScalesQueryTriggers, RefuseAnInvalidChangeWithAReadableMessage) {
   const DatabaseFolder folder;
   const auto refusal = [&](const std::string& setting) {
     return RawRefusal(folder.Path(), "UPDATE ScalesQuery SET " + setting + " WHERE ScaleID = 1");
@@ -274,7 +273,7 @@ TEST(ScalesQueryTriggers, RefuseAChangeInReadableWords) {
       "Major221222111");
 }
 
-TEST(ScalesQueryTriggers, AllowWhatBreaksNoRule) {
+TEST(ScalesQueryTriggers, AllowValidChanges) {
   const DatabaseFolder folder;
   const auto refusal = [&](const std::string& setting) {
     return RawRefusal(folder.Path(), "UPDATE ScalesQuery SET " + setting + " WHERE ScaleID = 1");
@@ -291,7 +290,7 @@ TEST(ScalesQueryTriggers, AllowWhatBreaksNoRule) {
       "O'Neilnullinteger");
 }
 
-TEST(ScalesQueryTriggers, LetARowThatBreaksTheRulesBeRepairedFieldByField) {
+TEST(ScalesQueryTriggers, AllowRepairingAnInvalidRowFieldByField) {
   const DatabaseFolder folder(
       "INSERT INTO ScaleTypes VALUES (1, 1, 'A'); INSERT INTO Scales (ScaleName, ScaleTypeID, ScaleIntervals, Sort) "
       "VALUES ('Twin', 1, 'bad', 'x'), ('twin', 1, '66', 1), (NULL, 1, '66', 1)");

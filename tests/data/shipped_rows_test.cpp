@@ -36,8 +36,8 @@ std::uint64_t Mark(std::initializer_list<std::string_view> fields) {
   return hash.Get();
 }
 
-/// Three rows of kFourScales in another version: one with a new name, one with a new description, and one whose new
-/// name was the name of the first.
+/// Three rows of kFourScales in another version: one with a new name, one with a new description, and one with the
+/// earlier name of the first.
 std::array<ShippedRow, 3> Rows() {
   std::array<ShippedRow, 3> rows = {{
       {Mark({"Major", "1", "Bright.", "C", "2212221", "0"}), "Ionian", "Bright and open."},
@@ -54,7 +54,7 @@ constexpr const char* kAll =
     "(SELECT * FROM Scales ORDER BY ScaleID)";
 constexpr const char* kRenewed = "1Ionian:Bright and open. 2Minor:Dark and low. 4Major triad:- 7Major:Three notes.";
 
-TEST(ShippedRows, GetTheNamesAndDescriptionsOfToday) {
+TEST(ShippedRows, GetTheCurrentNamesAndDescriptions) {
   const DatabaseFolder folder;
   RenewShippedRows(folder.Path(), Rows());
   EXPECT_EQ(AskRaw(folder.Path(), kAll), kRenewed);
@@ -65,7 +65,7 @@ TEST(ShippedRows, GetTheNamesAndDescriptionsOfToday) {
   EXPECT_EQ(folder.Open()->NoticeText(), "");
 }
 
-TEST(ShippedRows, StayWhereTheUserHasChangedThem) {
+TEST(ShippedRows, StayIfTheUserHasChangedThem) {
   for (const char* change : {"ScaleName = 'My major'", "ScaleDescription = 'Mine.'", "ScaleIntervals = '66'",
                              "ScaleTypeID = 2", "StartNote = 'D'", "Chord = 1"}) {
     const DatabaseFolder folder;
@@ -76,14 +76,14 @@ TEST(ShippedRows, StayWhereTheUserHasChangedThem) {
   }
 }
 
-TEST(ShippedRows, LeaveANameToTheScaleThatHasIt) {
+TEST(ShippedRows, DoNotGetTheNameOfAnotherScale) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "UPDATE Scales SET ScaleName = 'IONIAN' WHERE ScaleID = 4");
   RenewShippedRows(folder.Path(), Rows());
   EXPECT_EQ(AskRaw(folder.Path(), kAll), "1Major:Bright. 2Minor:Dark and low. 4IONIAN:- 7Minor triad:Sad.");
 }
 
-TEST(ShippedRows, AreRenewedOnceSoThatAUserMayGoBack) {
+TEST(ShippedRows, AreUpdatedOnceSoThatAUserMayRevertThem) {
   const DatabaseFolder folder;
   RenewShippedRows(folder.Path(), Rows());
   RunRaw(folder.Path(), "UPDATE Scales SET ScaleName = 'Major', ScaleDescription = 'Bright.' WHERE ScaleID = 1");
@@ -92,7 +92,7 @@ TEST(ShippedRows, AreRenewedOnceSoThatAUserMayGoBack) {
   EXPECT_EQ(ContentOf(folder.Path()), before);
 }
 
-TEST(ShippedRows, WaitForALibraryThatCannotBeWrittenNow) {
+TEST(ShippedRows, AreUpdatedLaterIfTheLibraryCannotBeWrittenNow) {
   const DatabaseFolder folder;
   {
     SQLite::Database other(folder.Path(), SQLite::OPEN_READWRITE);
@@ -104,7 +104,7 @@ TEST(ShippedRows, WaitForALibraryThatCannotBeWrittenNow) {
   EXPECT_EQ(AskRaw(folder.Path(), kAll), kRenewed);
 }
 
-TEST(ShippedRows, LeaveEveryOtherFileAlone) {
+TEST(ShippedRows, DoNotChangeOtherFiles) {
   const tests::TempFolder folder;
   EXPECT_NO_THROW(RenewShippedRows(folder / "none.mdb", Rows()));
   EXPECT_FALSE(fs::exists(folder / "none.mdb"));
@@ -123,14 +123,14 @@ TEST(ShippedRows, LeaveEveryOtherFileAlone) {
   EXPECT_EQ(ContentOf(stranger.Path()), before);
 }
 
-TEST(ShippedRows, RunNoTriggerOfOthers) {
+TEST(ShippedRows, RunNoForeignTrigger) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "CREATE TRIGGER Bomb AFTER UPDATE ON Scales BEGIN DELETE FROM Scales; END");
   RenewShippedRows(folder.Path(), Rows());
   EXPECT_EQ(AskRaw(folder.Path(), kAll), kRenewed);
 }
 
-TEST(ShippedRows, WaitWhereTheFileCalculatesWithoutEnd) {
+TEST(ShippedRows, AreNotUpdatedIfTheFileCalculatesWithoutEnd) {
   const DatabaseFolder folder;
   // Each row takes some milliseconds.
   RunRaw(folder.Path(),
@@ -144,7 +144,7 @@ TEST(ShippedRows, WaitWhereTheFileCalculatesWithoutEnd) {
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT count(*) FROM sqlite_schema WHERE name = 'Revisions'"), "0");
 }
 
-TEST(ShippedRows, AreTheOldOnesOrTheNewOnesWheneverTheProgramIsKilled) {
+TEST(ShippedRows, AreTheOldOrTheNewOnesAfterAKillAtAnyStep) {
   const DatabaseFolder folder;
   const std::string before = AskRaw(folder.Path(), kAll);
   int renewed = 0;
@@ -166,7 +166,7 @@ TEST(ShippedRows, AreTheOldOnesOrTheNewOnesWheneverTheProgramIsKilled) {
   RecordProperty("renewed", renewed);
 }
 
-TEST(ShippedRows, OfTheProgramAreInOrderAndKnowTheFirstRow) {
+TEST(ShippedRows, OfTheProgramAreSortedAndContainTheFirstRow) {
   const std::span<const ShippedRow> rows = ShippedRows();
   ASSERT_GT(rows.size(), 100U);
   EXPECT_TRUE(std::is_sorted(rows.begin(), rows.end(),

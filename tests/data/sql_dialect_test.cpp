@@ -14,7 +14,7 @@
 namespace tonalith::data {
 namespace {
 
-// Tokens as text: words as they stand, names in brackets, texts in quotes, each followed by a blank.
+// Tokens as text: words unchanged, names in brackets, texts in quotes, each followed by a blank.
 std::string Tokens(std::string_view statement) {
   std::string text;
   for (const SqlToken& token : TokenizeSql(statement)) {
@@ -32,7 +32,7 @@ std::string Tokens(std::string_view statement) {
   return text;
 }
 
-TEST(SqlTokens, CutAStatementAtWordsNamesTextsNumbersAndSymbols) {
+TEST(SqlTokens, SplitAStatementIntoWordsNamesTextsNumbersAndSymbols) {
   EXPECT_EQ(Tokens("SELECT a.b,[c d] FROM x WHERE n>=1.5 AND t<>'u'"),
             "SELECT a . b , [c d] FROM x WHERE n >= 1.5 AND t <> <u> ");
 }
@@ -41,40 +41,38 @@ TEST(SqlTokens, NeedNoBlankBetweenASymbolAndANumber) {
   EXPECT_EQ(Tokens("(Scales.ScaleID) =7;"), "( Scales . ScaleID ) = 7 ; ");
 }
 
-TEST(SqlTokens, MakeADoubledQuoteOne) {
+TEST(SqlTokens, ReadADoubledQuoteAsOne) {
   EXPECT_EQ(Tokens("'O''Neil''s'"), "<O'Neil's> ");
   EXPECT_EQ(Tokens("\"say \"\"so\"\"\""), "<say \"so\"> ");
   EXPECT_EQ(Tokens("''''"), "<'> ");
   EXPECT_EQ(Tokens("''"), "<> ");
 }
 
-TEST(SqlTokens, LeaveTheOtherQuoteAloneInsideAText) {
+TEST(SqlTokens, KeepTheOtherQuoteInsideAText) {
   EXPECT_EQ(Tokens("'a\"b'"), "<a\"b> ");
   EXPECT_EQ(Tokens("\"a'b\""), "<a'b> ");
 }
 
-TEST(SqlTokens, ReadNothingIntoTheInsideOfAText) {
+TEST(SqlTokens, DoNotInterpretTheInsideOfAText) {
   EXPECT_EQ(Tokens("'-- ; /* % [x] # SELECT DISTINCTROW True'"), "<-- ; /* % [x] # SELECT DISTINCTROW True> ");
 }
 
-TEST(SqlTokens, KnowNoComments) { EXPECT_EQ(Tokens("1--2 /* 3"), "1 - - 2 / * 3 "); }
+TEST(SqlTokens, HaveNoComments) { EXPECT_EQ(Tokens("1--2 /* 3"), "1 - - 2 / * 3 "); }
 
-TEST(SqlTokens, TakeLettersOutsideAsciiForLetters) {
-  EXPECT_EQ(Tokens("Größe='Übermäßig 音'"), "Größe = <Übermäßig 音> ");
-}
+TEST(SqlTokens, ReadNonAsciiLettersAsLetters) { EXPECT_EQ(Tokens("Größe='Übermäßig 音'"), "Größe = <Übermäßig 音> "); }
 
 TEST(SqlTokens, ReadFractionsAndExponents) {
   EXPECT_EQ(Tokens("1.5e-3 .5 2E7"), "1.5e-3 .5 2E7 ");
   EXPECT_EQ(Tokens("a.5"), "a . 5 ");
 }
 
-TEST(SqlTokens, RefuseWhatDoesNotEnd) {
+TEST(SqlTokens, RefuseUnterminatedTextsAndNames) {
   for (const char* statement : {"'a", "\"a", "[a", "'a''", "[]"}) {
     EXPECT_EQ(FailureOf([&] { TokenizeSql(statement); }).Number(), failure_number::kSyntax) << statement;
   }
 }
 
-TEST(SqlTokens, RefuseDatesAndUnknownCharactersInWords) {
+TEST(SqlTokens, RefuseDatesAndUnknownCharactersWithAMessage) {
   EXPECT_EQ(FailureOf([] { TokenizeSql("d=#1/2/2003#"); }).Description(), "Dates between # signs are not understood.");
   EXPECT_EQ(FailureOf([] { TokenizeSql("a ? b"); }).Description(), "The character ? is not understood here.");
   EXPECT_EQ(FailureOf([] { TokenizeSql("12abc"); }).Description(), "A number runs into a name.");
@@ -102,7 +100,7 @@ TEST(SqlDialect, FindsAColumnOfTheStoredQueryUnderTheNameOfItsTable) {
   EXPECT_EQ(Sql("SELECT [Scales].[ScaleName] FROM scalesquery"), "SELECT [ScaleName] FROM scalesquery");
 }
 
-TEST(SqlDialect, KeepsAQualifierThatFromKnows) {
+TEST(SqlDialect, KeepsAQualifierThatIsInFrom) {
   EXPECT_EQ(Sql("SELECT ScalesQuery.ScaleID FROM ScalesQuery"), "SELECT [ScalesQuery] . [ScaleID] FROM ScalesQuery");
   EXPECT_EQ(Sql("SELECT q.ScaleID FROM ScalesQuery AS q"), "SELECT [q] . [ScaleID] FROM ScalesQuery AS q");
   EXPECT_EQ(Sql("SELECT q.ScaleID FROM ScalesQuery q"), "SELECT [q] . [ScaleID] FROM ScalesQuery q");
@@ -110,7 +108,7 @@ TEST(SqlDialect, KeepsAQualifierThatFromKnows) {
             "SELECT [t] . [a] FROM ScalesQuery INNER JOIN t ON [t] . [a] = [ScaleID]");
 }
 
-TEST(SqlDialect, KeepsAQualifierWhereThereIsNoStoredQuery) {
+TEST(SqlDialect, KeepsAQualifierWithoutAStoredQuery) {
   EXPECT_EQ(Sql("SELECT Other.a FROM Scales"), "SELECT [Other] . [a] FROM Scales");
 }
 
@@ -131,12 +129,12 @@ TEST(SqlDialect, MakesNoCommentOutOfMinusSigns) {
   EXPECT_EQ(Sql("SELECT a FROM t WHERE n = 1--1"), "SELECT a FROM t WHERE n = 1 - - 1");
 }
 
-TEST(SqlDialect, TakesABareNameForAllOfIt) {
+TEST(SqlDialect, ReadsABareNameAsAllItsColumns) {
   EXPECT_EQ(Sql("ScalesQuery"), "SELECT * FROM [ScalesQuery]");
   EXPECT_EQ(Sql("[odd name]"), "SELECT * FROM [odd name]");
 }
 
-TEST(SqlDialect, RefusesWhatIsNoSelect) {
+TEST(SqlDialect, RefusesOtherStatements) {
   for (const char* statement : {"", ";", "DROP TABLE Scales", "DELETE FROM Scales", "PRAGMA user_version = 9",
                                 "ATTACH 'x' AS y", "'text'", "7", "INSERT INTO Scales SELECT * FROM Scales"}) {
     EXPECT_EQ(FailureOf([&] { Sql(statement); }).Number(), failure_number::kSyntax) << statement;
@@ -148,7 +146,7 @@ TEST(SqlDialect, RefusesParenthesesThatDoNotMatch) {
   EXPECT_EQ(FailureOf([] { TranslateCondition("a=1) OR (1=1"); }).Number(), failure_number::kSyntax);
 }
 
-TEST(SqlDialect, TellsThePartsOfAPlainSelect) {
+TEST(SqlDialect, ReturnsThePartsOfAPlainSelect) {
   const SelectStatement statement =
       TranslateSelect("SELECT DISTINCTROW ScaleID, Scales.ScaleName FROM [ScalesQuery] WHERE Chord=True;");
   ASSERT_TRUE(statement.parts);
@@ -157,7 +155,7 @@ TEST(SqlDialect, TellsThePartsOfAPlainSelect) {
   EXPECT_EQ(statement.parts->condition, "Chord = 1");
 }
 
-TEST(SqlDialect, TellsNoPartsOfAnythingThatIsNotRowByRow) {
+TEST(SqlDialect, ReturnsNoPartsOfOtherStatements) {
   for (const char* statement :
        {"SELECT count(*) FROM t", "SELECT DISTINCT a FROM t", "SELECT TOP 3 a FROM t", "SELECT a FROM t ORDER BY a",
         "SELECT a FROM t WHERE b = 1 GROUP BY a", "SELECT a FROM t, u", "SELECT a FROM t INNER JOIN u ON t.a = u.a",
@@ -174,7 +172,7 @@ TEST(SqlDialect, TranslatesAConditionAndDropsItsQualifiers) {
   EXPECT_EQ(FailureOf([] { TranslateCondition("  "); }).Number(), failure_number::kSyntax);
 }
 
-TEST(SqlDialect, WritesRowsWithAMarkForEachField) {
+TEST(SqlDialect, WritesRowsWithAParameterForEachField) {
   EXPECT_EQ(InsertStatement("[t]", {"[a]", "[b]"}), "INSERT INTO [t] ([a], [b]) VALUES (?, ?)");
   EXPECT_EQ(InsertStatement("[t]", {"[a]", "[b]"}, 3), "INSERT INTO [t] ([a], [b]) VALUES (?, ?), (?, ?), (?, ?)");
   EXPECT_EQ(InsertStatement("[t]", {}), "INSERT INTO [t] DEFAULT VALUES");

@@ -2,8 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // tonalith_make_shipped_rows <table-folder> <output.cpp>: writes the rows of the library that differ from those of an
-// earlier version, as C++ source. row_hashes_1_0.tsv contains hashes of the earlier rows, earlier_rows.tsv their current
-// names. Exit status 0: success. 1: a table is malformed; prints one line. 2: wrong arguments.
+// earlier version, as C++ source. row_hashes_1_0.tsv contains hashes of the earlier rows, earlier_rows.tsv their
+// current names. Exit status 0: success. 1: a table is malformed; prints one line. 2: wrong arguments.
 
 #include <exception>
 #include <fstream>
