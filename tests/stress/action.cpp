@@ -12,7 +12,7 @@
 namespace tonalith::stress {
 namespace {
 
-/// What would end a column or a line, as an escape.
+/// Escapes the characters that separate columns and lines.
 std::string Escaped(const std::string& text) {
   std::string escaped;
   for (const char c : text) {
@@ -48,7 +48,7 @@ std::string Unescaped(const std::string& text) {
 
 }  // namespace
 
-std::string Action::Line() const { return verb + '\t' + Escaped(target) + '\t' + Escaped(text); }
+std::string Action::Line() const { return kind + '\t' + Escaped(target) + '\t' + Escaped(text); }
 
 std::optional<Action> Action::FromLine(const std::string& line) {
   if (line.empty() || line[0] == '#') return std::nullopt;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// One thing that a user does, as a line of text: what, on which control, with which text, separated by tabs. The
-// journal of a run is a file of such lines; a line is on the disk before its action begins, so that a crash does not
-// take it along. Plain values; one thread. A journal that cannot be written throws std::runtime_error.
+// One user action as a line of text: kind, control and text, separated by tabs. The journal of a run is a file of such
+// lines; each line is written before its action begins, so that it survives a crash. Throws std::runtime_error if the
+// journal cannot be written.
 
 #pragma once
 
@@ -14,18 +14,18 @@
 namespace tonalith::stress {
 
 struct Action {
-  std::string verb;
+  std::string kind;
   /// "window/control", or the window alone.
   std::string target;
-  /// What is typed, pressed or answered; UTF-8.
+  /// The text to type, the key or the button; UTF-8.
   std::string text;
 
   [[nodiscard]] std::string Line() const;
-  /// Nothing for a comment and an empty line.
+  /// Returns nullopt for a comment or an empty line.
   static std::optional<Action> FromLine(const std::string& line);
 };
 
-/// The actions of a journal or of a finding, in order.
+/// Reads the actions of a journal or of the file of a finding.
 std::vector<Action> ReadActions(const std::string& path);
 
 class Journal {

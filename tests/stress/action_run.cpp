@@ -26,15 +26,15 @@ namespace {
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
-/// Far above the longest action on a machine that does much else.
-constexpr std::chrono::seconds kStandstill(90);
+/// Far above the longest action on a busy system.
+constexpr std::chrono::seconds kTimeout(90);
 
 struct Outcome {
-  /// Empty when all is well.
+  /// Empty if no rule is violated.
   std::string finding;
   std::vector<Action> actions;
   std::string summary;
-  int lives = 0;
+  int runs = 0;
 
   [[nodiscard]] std::string Rule() const { return finding.substr(0, finding.find(':')); }
 };
@@ -50,64 +50,64 @@ std::uintmax_t SizeOf(const fs::path& path) {
   return error ? 0 : size;
 }
 
-/// The status of a life that has ended; nothing for one that stood still and was ended here.
-std::optional<int> WaitFor(pid_t life, const fs::path& journal) {
+/// The status of a process that has ended; nullopt if it was killed after the timeout.
+std::optional<int> WaitFor(pid_t process, const fs::path& journal) {
   std::uintmax_t size = 0;
   auto latest = Clock::now();
   int status = 0;
-  while (::waitpid(life, &status, WNOHANG) == 0) {
+  while (::waitpid(process, &status, WNOHANG) == 0) {
     ::usleep(5000);
     if (const std::uintmax_t now = SizeOf(journal); now != size) {
       size = now;
       latest = Clock::now();
     }
-    if (Clock::now() - latest < kStandstill) continue;
-    ::kill(life, SIGKILL);
-    ::waitpid(life, &status, 0);
+    if (Clock::now() - latest < kTimeout) continue;
+    ::kill(process, SIGKILL);
+    ::waitpid(process, &status, 0);
     return std::nullopt;
   }
   return status;
 }
 
-/// What the end of a life means; empty when nothing is wrong with it.
-std::string FindingOf(const std::optional<int>& status, const Places& places) {
-  if (!status) return "standstill: no action began for " + std::to_string(kStandstill.count()) + " s";
+/// The finding of a process that has ended; empty if there is none.
+std::string FindingOf(const std::optional<int>& status, const WorkPaths& paths) {
+  if (!status) return "standstill: no action began for " + std::to_string(kTimeout.count()) + " s";
   if (WIFSIGNALED(*status)) return std::string("crash: ") + ::strsignal(WTERMSIG(*status));
   const int code = WEXITSTATUS(*status);
   if (code == exit_code::kDone || code == exit_code::kClosed) return {};
   if (code != exit_code::kFound) return "crash: exit code " + std::to_string(code);
-  std::istringstream text(ContentOf(places.FindingFile()));
+  std::istringstream text(ContentOf(paths.FindingFile()));
   std::string line;
   std::getline(text, line);
-  std::string words;
-  while (std::getline(text, line)) words += (words.empty() ? "" : " | ") + line;
-  return words;
+  std::string finding;
+  while (std::getline(text, line)) finding += (finding.empty() ? "" : " | ") + line;
+  return finding;
 }
 
-/// `script` may be empty: dice then.
-Outcome Live(const Options& options, const std::vector<Action>& script) {
-  const WorkFolder playground(options.stage);
-  playground.AddBrokenPacks();
-  const Places& places = playground.Where();
-  const fs::path scriptFile = places.root / "script.txt";
+/// Runs random actions if `script` is empty.
+Outcome RunScript(const Options& options, const std::vector<Action>& script) {
+  const WorkFolder folder(options.stage);
+  folder.AddBrokenPacks();
+  const WorkPaths& paths = folder.Paths();
+  const fs::path scriptFile = paths.root / "script.txt";
   if (!script.empty()) {
     const Journal file(scriptFile.string());
     for (const Action& action : script) file.Write(action);
   }
   Outcome outcome;
   const auto begin = Clock::now();
-  for (bool isOver = false; !isOver; ++outcome.lives) {
+  for (bool isOver = false; !isOver; ++outcome.runs) {
     const auto spent = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - begin).count();
-    const pid_t life = playground.Start({"live", std::to_string(options.seed), std::to_string(outcome.lives),
-                                         std::to_string(outcome.actions.size()), std::to_string(options.actions),
-                                         std::to_string(std::max<long>(1, options.seconds - spent)),
-                                         script.empty() ? "-" : scriptFile.string()});
-    const std::optional<int> status = WaitFor(life, places.JournalFile());
-    outcome.actions = ReadActions(places.JournalFile().string());
-    outcome.finding = FindingOf(status, places);
+    const pid_t process = folder.Start({"live", std::to_string(options.seed), std::to_string(outcome.runs),
+                                        std::to_string(outcome.actions.size()), std::to_string(options.actions),
+                                        std::to_string(std::max<long>(1, options.seconds - spent)),
+                                        script.empty() ? "-" : scriptFile.string()});
+    const std::optional<int> status = WaitFor(process, paths.JournalFile());
+    outcome.actions = ReadActions(paths.JournalFile().string());
+    outcome.finding = FindingOf(status, paths);
     isOver = !outcome.finding.empty() || WEXITSTATUS(*status) == exit_code::kDone;
   }
-  outcome.summary = ContentOf(places.SummaryFile());
+  outcome.summary = ContentOf(paths.SummaryFile());
   return outcome;
 }
 
@@ -132,9 +132,9 @@ std::vector<Action> Without(const std::vector<Action>& actions, std::size_t begi
 int RunActions(const Options& options) {
   const bool isReplay = options.mode == Options::Mode::kReplay;
   const auto begin = Clock::now();
-  const Outcome outcome = Live(options, isReplay ? ReadActions(options.script.string()) : std::vector<Action>());
+  const Outcome outcome = RunScript(options, isReplay ? ReadActions(options.script.string()) : std::vector<Action>());
   const double spent = std::chrono::duration<double>(Clock::now() - begin).count();
-  std::cout << outcome.actions.size() << " actions in " << outcome.lives << " lives, seed " << options.seed << ", "
+  std::cout << outcome.actions.size() << " actions in " << outcome.runs << " lives, seed " << options.seed << ", "
             << static_cast<int>(spent) << " s\n"
             << outcome.summary;
   if (outcome.finding.empty()) return exit_code::kDone;
@@ -150,7 +150,7 @@ int RunActions(const Options& options) {
 
 int RunShrink(const Options& options) {
   const auto end = Clock::now() + std::chrono::seconds(options.seconds);
-  Outcome shortest = Live(options, ReadActions(options.script.string()));
+  Outcome shortest = RunScript(options, ReadActions(options.script.string()));
   if (shortest.finding.empty()) {
     std::cout << "These actions find nothing.\n";
     return exit_code::kDone;
@@ -158,7 +158,7 @@ int RunShrink(const Options& options) {
   for (std::size_t part = shortest.actions.size() / 2; part > 0 && Clock::now() < end; part /= 2) {
     for (std::size_t at = 0; at < shortest.actions.size() && Clock::now() < end;) {
       const std::vector<Action> script = Without(shortest.actions, at, part);
-      const Outcome fewer = script.empty() ? Outcome() : Live(options, script);
+      const Outcome fewer = script.empty() ? Outcome() : RunScript(options, script);
       if (fewer.Rule() != shortest.Rule()) {
         at += part;
         continue;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Random actions from outside: starts the program again each time its user has closed it, on the same folder, until the
-// actions are done; watches for a crash and for a standstill; writes what was found with everything that led to it.
-// Parent process, no Qt.
+// Runs random actions in child processes: starts the program on the same folder again each time its user has closed it,
+// until the actions are done. Detects crashes and timeouts; writes each finding with all preceding actions. Runs in the
+// parent process, without Qt.
 
 #pragma once
 
@@ -11,10 +11,11 @@
 
 namespace tonalith::stress {
 
-/// Random actions, or those of a file. Gives the exit code of the process.
+/// Runs random actions, or those of a file. Returns the exit code of the process.
 int RunActions(const Options& options);
 
-/// Leaves out whatever the finding of a file does not need, until time is up, and writes the shorter file.
+/// Removes actions that are not needed to reproduce the finding of a file, until the time limit; writes the shorter
+/// file.
 int RunShrink(const Options& options);
 
 }  // namespace tonalith::stress

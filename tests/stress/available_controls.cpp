@@ -19,22 +19,24 @@ namespace {
 
 QString ClassOf(const QWidget& widget) { return QString::fromLatin1(widget.metaObject()->className()); }
 
-/// Those that share the name, in the order in which the window holds them.
+/// The matching children of the window, in its order.
 template <class Fits>
-QWidgetList Sharing(const QWidget& window, Fits&& fits) {
-  QWidgetList sharing;
+QWidgetList MatchingChildren(const QWidget& window, Fits&& fits) {
+  QWidgetList matching;
   for (QWidget* const child : window.findChildren<QWidget*>()) {
-    if (fits(*child)) sharing << child;
+    if (fits(*child)) matching << child;
   }
-  return sharing;
+  return matching;
 }
 
 QWidgetList OfName(const QWidget& window, const QString& name) {
-  return Sharing(window, [&](const QWidget& child) { return child.objectName() == name && child.window() == &window; });
+  return MatchingChildren(
+      window, [&](const QWidget& child) { return child.objectName() == name && child.window() == &window; });
 }
 
 QWidgetList OfClass(const QWidget& window, const QString& name) {
-  return Sharing(window, [&](const QWidget& child) { return ClassOf(child) == name && child.window() == &window; });
+  return MatchingChildren(window,
+                          [&](const QWidget& child) { return ClassOf(child) == name && child.window() == &window; });
 }
 
 template <class... Kinds>
@@ -42,7 +44,7 @@ bool IsOneOf(const QWidget* widget) {
   return ((qobject_cast<const Kinds*>(widget) != nullptr) || ...);
 }
 
-/// The text of a list box belongs to the box.
+/// Excludes the edit field of a combo box: the box itself is listed.
 bool IsUsable(const QWidget* control) {
   if (IsOneOf<QComboBox>(control->parentWidget())) return false;
   return IsOneOf<QAbstractButton, QAbstractScrollArea, QAbstractSlider, QComboBox, QLineEdit, QMenuBar, QSplitterHandle,
@@ -97,7 +99,7 @@ std::vector<QWidget*> ReachableWindows() {
     const bool isWindow = window->windowType() == Qt::Window || window->windowType() == Qt::Dialog;
     if (isWindow && window->isVisible()) windows.push_back(window);
   }
-  // The order of the list is that of addresses in memory, which no seed decides.
+  // Qt lists windows in the order of their addresses, which differs between runs.
   std::sort(windows.begin(), windows.end(), [](const QWidget* a, const QWidget* b) { return NameOf(*a) < NameOf(*b); });
   return windows;
 }

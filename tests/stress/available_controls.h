@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Where a user's hands can reach, and names for it: a window is called by its object name or its class, a control by
-// its object name within the window or, where that is none or not the only one, by its class and number. The names are
-// the same in every run. Controls belong to the program; user-interface thread; nothing is found for what is not there.
+// Finds the windows and controls that a user can reach, and gives them stable names. A window is named by its object
+// name or its class. A control is named by its object name if that is unique in the window, otherwise by its class and
+// a number. The names are the same in every run.
 
 #pragma once
 
@@ -16,14 +16,14 @@ namespace tonalith::stress {
 QString NameOf(const QWidget& window);
 /// "window/control".
 QString AddressOf(QWidget& control);
-/// The visible window of that name, the modal one before others; null when there is none.
+/// Returns the visible window of that name, preferring the modal one; null if there is none.
 QWidget* FindWindow(const QString& name);
-/// Null when it is not there or not visible.
+/// Returns null if there is no visible control at this address.
 QWidget* FindControl(const QString& address);
 
-/// The visible controls of a window that take clicks or keys.
+/// The visible controls of a window that accept clicks or keys.
 std::vector<QWidget*> UsableControls(QWidget& window);
-/// The windows that a click could reach now: the modal one alone where there is one.
+/// The windows that a click can reach: only the modal one if there is one.
 std::vector<QWidget*> ReachableWindows();
 
 }  // namespace tonalith::stress

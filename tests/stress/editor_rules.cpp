@@ -15,7 +15,7 @@ namespace {
 
 namespace field = editor::field;
 
-/// A box shows line ends and blanks of other kinds in its own way.
+/// An edit field shows line ends and other white space as blanks.
 QString AsShown(const Cell& cell) {
   QString text = QString::fromStdString(cell.value_or(std::string()));
   text.replace(QStringLiteral("\r\n"), QStringLiteral(" "));
@@ -42,64 +42,66 @@ const editor::frmScales* Form() {
   return nullptr;
 }
 
-void CheckMode(const EditorState& sight) {
+void CheckMode(const EditorState& state) {
   const editor::frmScales* const form = Form();
   if (form == nullptr) return;
   const editor::ScalesControls& c = form->Controls();
-  const auto require = [](bool isKept, const char* control) {
-    Require(isKept, "a control of the editor is not as the mode wants it", control);
+  const auto require = [](bool condition, const char* control) {
+    Require(condition, "a control of the editor is not as the mode wants it", control);
   };
-  const bool canType = sight.isModifying && sight.hasRecord;
-  require(c.cmdApply->isEnabled() == sight.isModifying, "cmdApply");
-  require(c.picButtons->isHidden() != sight.isModifying, "picButtons");
-  require(c.Note(0)->isEnabled() == sight.isModifying, "note0");
+  const bool canType = state.isModifying && state.hasRecord;
+  require(c.cmdApply->isEnabled() == state.isModifying, "cmdApply");
+  require(c.picButtons->isHidden() != state.isModifying, "picButtons");
+  require(c.Note(0)->isEnabled() == state.isModifying, "note0");
   require(c.txtFields[field::kName].box->isEnabled() == canType, "txtFields(1)");
   require(c.Combo1->isEnabled() == canType, "Combo1");
   require(c.txtIntervals->isReadOnly() != canType, "txtIntervals");
   require(!c.txtFields[field::kScaleId].box->isEnabled(), "txtFields(0)");
 }
 
-void CheckNotes(const EditorState& sight) {
-  const QString& notice = sight.notice;
-  const bool areChosen =
+void CheckNotes(const EditorState& state) {
+  const QString& notice = state.notice;
+  const bool areUnsaved =
       notice.startsWith(QLatin1String("Apply saves")) || notice.startsWith(QLatin1String("No note is selected")) ||
       notice.startsWith(QLatin1String("Not kept")) || notice.endsWith(QLatin1String("the rest was left out.")) ||
       notice.startsWith(QLatin1String("Your changes are here again"));
-  const std::string pattern = sight.fields[field::kIntervals].toStdString();
-  if (areChosen || PatternOfNotes(sight.notes) == pattern) return;
-  const unsigned wanted = sight.hasRecord ? NotesOfPattern(pattern) : 0;
-  Require(sight.notes == wanted, "the note buttons are not those of the pattern",
-          "'" + pattern + "' shows " + PatternOfNotes(sight.notes) + ", notice '" + notice.toStdString() + "'");
+  const std::string pattern = state.fields[field::kIntervals].toStdString();
+  if (areUnsaved || PatternOfNotes(state.notes) == pattern) return;
+  const unsigned wanted = state.hasRecord ? NotesOfPattern(pattern) : 0;
+  Require(state.notes == wanted, "the note buttons are not those of the pattern",
+          "'" + pattern + "' shows " + PatternOfNotes(state.notes) + ", notice '" + notice.toStdString() + "'");
 }
 
 }  // namespace
 
-std::string Difference(const EditorState& sight, const Scale& scale, const std::vector<std::string>& patterns) {
-  const auto& f = sight.fields;
-  const auto told = [&](int index, std::size_t at) {
+std::string Difference(const EditorState& state, const Scale& scale, const std::vector<std::string>& patterns) {
+  const auto& f = state.fields;
+  const auto description = [&](int index, std::size_t at) {
     return "field " + std::to_string(index) + " '" + f.at(static_cast<std::size_t>(index)).toStdString() +
            "' is stored as '" + scale.at(at).value_or("(null)") + "'";
   };
-  if (!IsSameText(f[field::kName], scale[column::kName])) return told(field::kName, column::kName);
+  if (!IsSameText(f[field::kName], scale[column::kName])) return description(field::kName, column::kName);
   if (!IsSameText(f[field::kDescription], scale[column::kDescription])) {
-    return told(field::kDescription, column::kDescription);
+    return description(field::kDescription, column::kDescription);
   }
-  if (!IsSameNumber(f[field::kScaleTypeId], scale[column::kTypeId])) return told(field::kScaleTypeId, column::kTypeId);
-  const bool isDefaultStart = sight.isNew && f[field::kStartNote].isEmpty() && scale[column::kStart] == "C";
+  if (!IsSameNumber(f[field::kScaleTypeId], scale[column::kTypeId]))
+    return description(field::kScaleTypeId, column::kTypeId);
+  const bool isDefaultStart = state.isNew && f[field::kStartNote].isEmpty() && scale[column::kStart] == "C";
   if (!isDefaultStart && !IsSameText(f[field::kStartNote], scale[column::kStart])) {
-    return told(field::kStartNote, column::kStart);
+    return description(field::kStartNote, column::kStart);
   }
-  const bool isDefaultSort = sight.isNew && f[field::kSort].trimmed().isEmpty();
-  if (!isDefaultSort && !IsSameNumber(f[field::kSort], scale[column::kSort])) return told(field::kSort, column::kSort);
+  const bool isDefaultSort = state.isNew && f[field::kSort].trimmed().isEmpty();
+  if (!isDefaultSort && !IsSameNumber(f[field::kSort], scale[column::kSort]))
+    return description(field::kSort, column::kSort);
   const std::string stored = scale[column::kIntervals].value_or("");
   const bool isOneOfThem = std::find(patterns.begin(), patterns.end(), stored) != patterns.end();
   if (!isOneOfThem && !IsSameText(f[field::kIntervals], scale[column::kIntervals])) {
-    return told(field::kIntervals, column::kIntervals);
+    return description(field::kIntervals, column::kIntervals);
   }
   return {};
 }
 
-std::string Fault(std::int64_t number, const Library& library) {
+std::string ConstraintViolation(std::int64_t number, const Library& library) {
   const Scale& scale = library.scales.at(number);
   const std::string name = scale[column::kName].value_or("");
   if (name.find_first_not_of(' ') == std::string::npos) return "it has no name";
@@ -118,15 +120,15 @@ std::string Fault(std::int64_t number, const Library& library) {
   return {};
 }
 
-void CheckEditor(const EditorState& sight, const Library& library) {
-  if (!sight.isThere) return;
-  CheckMode(sight);
-  CheckNotes(sight);
-  if (!sight.hasRecord || sight.isPending) return;
-  const auto row = library.scales.find(sight.number);
+void CheckEditor(const EditorState& state, const Library& library) {
+  if (!state.isOpen) return;
+  CheckMode(state);
+  CheckNotes(state);
+  if (!state.hasRecord || state.isPending) return;
+  const auto row = library.scales.find(state.number);
   Require(row != library.scales.end(), "the editor shows a record that is not in the library",
-          std::to_string(sight.number));
-  const std::string difference = Difference(sight, row->second);
+          std::to_string(state.number));
+  const std::string difference = Difference(state, row->second);
   Require(difference.empty(), "the editor shows something else than the library holds", difference);
 }
 

@@ -17,12 +17,12 @@ namespace {
 
 constexpr std::string_view kImported = "Imported data pack: \n";
 
-/// What one library has and the other has not, by number.
+/// The differences between two libraries, by scale number.
 struct Changes {
   std::vector<std::int64_t> added;
   std::vector<std::int64_t> changed;
-  std::vector<std::int64_t> gone;
-  [[nodiscard]] std::size_t Size() const { return added.size() + changed.size() + gone.size(); }
+  std::vector<std::int64_t> deleted;
+  [[nodiscard]] std::size_t Size() const { return added.size() + changed.size() + deleted.size(); }
 };
 
 Changes Compare(const Library& before, const Library& after) {
@@ -36,12 +36,12 @@ Changes Compare(const Library& before, const Library& after) {
     }
   }
   for (const auto& [number, scale] : before.scales) {
-    if (after.scales.count(number) == 0) difference.gone.push_back(number);
+    if (after.scales.count(number) == 0) difference.deleted.push_back(number);
   }
   return difference;
 }
 
-std::string Told(const Changes& difference, const Library& before, const Library& after) {
+std::string Description(const Changes& difference, const Library& before, const Library& after) {
   std::string text;
   const auto add = [&](const char* what, const std::vector<std::int64_t>& numbers, const Library& library) {
     for (std::size_t i = 0; i < std::min<std::size_t>(numbers.size(), 5); ++i) {
@@ -51,16 +51,16 @@ std::string Told(const Changes& difference, const Library& before, const Library
   };
   add("added ", difference.added, after);
   add("changed ", difference.changed, after);
-  add("gone ", difference.gone, before);
+  add("gone ", difference.deleted, before);
   return text + "(" + std::to_string(difference.Size()) + " in all)";
 }
 
 bool IsAgreed(const Action& action) {
-  return action.verb == verb::kAnswer && (action.text == "OK" || action.text == "Return");
+  return action.kind == action_kind::kAnswer && (action.text == "OK" || action.text == "Return");
 }
 
 bool IsYes(const Action& action) {
-  return action.verb == verb::kAnswer && (action.text == "Yes" || action.text == "Alt+Y");
+  return action.kind == action_kind::kAnswer && (action.text == "Yes" || action.text == "Alt+Y");
 }
 
 bool IsAny(const std::vector<Action>& actions, bool (*fits)(const Action&)) {
@@ -68,7 +68,7 @@ bool IsAny(const std::vector<Action>& actions, bool (*fits)(const Action&)) {
 }
 
 bool IsDeletionConfirmed(const VisibleState& before, const std::vector<Action>& actions) {
-  return before.message == question::kDelete && IsAny(actions, IsYes);
+  return before.message == message_text::kDelete && IsAny(actions, IsYes);
 }
 
 std::string Lines(const std::vector<Action>& actions) {
@@ -77,81 +77,82 @@ std::string Lines(const std::vector<Action>& actions) {
   return lines;
 }
 
-/// What may bring a field back to what the record holds.
+/// Whether the action may return a field to the stored value.
 bool IsEditing(const Action& action) {
-  if (action.verb == verb::kType || action.verb == verb::kErase || action.verb == verb::kEntry) return true;
-  if (action.verb == verb::kWheel) return true;
+  if (action.kind == action_kind::kType || action.kind == action_kind::kErase || action.kind == action_kind::kEntry)
+    return true;
+  if (action.kind == action_kind::kWheel) return true;
   static const std::vector<std::string> keys = {"Ctrl+Z", "Ctrl+Y",    "Ctrl+Shift+Z", "Ctrl+X", "Ctrl+V", "Del",
                                                 "Up",     "Backspace", "Down",         "Home",   "End",    "A"};
-  return action.verb == verb::kKeys && std::find(keys.begin(), keys.end(), action.text) != keys.end();
+  return action.kind == action_kind::kKeys && std::find(keys.begin(), keys.end(), action.text) != keys.end();
 }
 
 }  // namespace
 
 ExpectedLibrary::ExpectedLibrary(const std::string& libraryPath)
     : file_(libraryPath), expected_(file_.Read()), version_(file_.Version()) {
-  const auto latest = file_.Ask("SELECT seq FROM sqlite_sequence WHERE name = 'Scales'");
+  const auto latest = file_.Query("SELECT seq FROM sqlite_sequence WHERE name = 'Scales'");
   if (!latest.empty()) latestNumber_ = std::stoll(latest.front().value_or("0"));
 }
 
-void ExpectedLibrary::Take(const Library& found) {
+void ExpectedLibrary::Accept(const Library& found) {
   expected_ = found;
   if (!found.scales.empty()) latestNumber_ = std::max(latestNumber_, found.scales.rbegin()->first);
 }
 
 void ExpectedLibrary::CheckFile() const {
-  const std::string complaint = file_.Complaint();
+  const std::string complaint = file_.IntegrityErrors();
   Require(complaint.empty(), "the library is not sound", complaint);
 }
 
-void ExpectedLibrary::JudgeImport(const VisibleState& now, const Library& found) {
+void ExpectedLibrary::CheckImport(const VisibleState& now, const Library& found) {
   const std::string path = now.message.substr(kImported.size());
   const Library wanted = Merged(expected_, LibraryFile(path).Read(), latestNumber_);
   if (found != wanted) {
     throw Finding("an import did not add what its pack holds",
-                  path + ": " + Told(Compare(wanted, found), wanted, found));
+                  path + ": " + Description(Compare(wanted, found), wanted, found));
   }
   ++imports_;
-  Take(found);
+  Accept(found);
 }
 
-void ExpectedLibrary::JudgeEdit(const VisibleState& before, const std::vector<Action>& actions, const Library& found) {
+void ExpectedLibrary::CheckEdit(const VisibleState& before, const std::vector<Action>& actions, const Library& found) {
   const Changes difference = Compare(expected_, found);
-  const std::string told = Told(difference, expected_, found) + " after " + Lines(actions);
-  Require(found.types == expected_.types, "types changed without an import", told);
+  const std::string description = Description(difference, expected_, found) + " after " + Lines(actions);
+  Require(found.types == expected_.types, "types changed without an import", description);
   if (difference.Size() == 0) return;
-  Require(difference.Size() == 1, "more than one record changed at once", told);
-  Require(before.editor.isThere, "the library changed without an editor", told);
+  Require(difference.Size() == 1, "more than one record changed at once", description);
+  Require(before.editor.isOpen, "the library changed without an editor", description);
   ++writes_;
-  if (!difference.gone.empty()) {
-    Require(IsDeletionConfirmed(before, actions) && difference.gone.front() == before.editor.number,
-            "a record went without being deleted", told);
+  if (!difference.deleted.empty()) {
+    Require(IsDeletionConfirmed(before, actions) && difference.deleted.front() == before.editor.number,
+            "a record went without being deleted", description);
   } else {
     const bool isNew = !difference.added.empty();
     const std::int64_t number = isNew ? difference.added.front() : difference.changed.front();
-    Require(isNew == before.editor.isNew, "another record was written than the one in the editor", told);
+    Require(isNew == before.editor.isNew, "another record was written than the one in the editor", description);
     Require(isNew ? number > latestNumber_ : number == before.editor.number,
-            "a record was written under another number", told);
+            "a record was written under another number", description);
     const std::vector<std::string> patterns = {before.editor.pattern.toStdString(),
                                                PatternOfNotes(before.editor.notes)};
     const std::string wrong = stress::Difference(before.editor, found.scales.at(number), patterns);
-    Require(wrong.empty(), "the library holds something else than the editor showed", wrong + " " + told);
-    const std::string fault = Fault(number, found);
-    Require(fault.empty(), "the library took what it has to refuse", fault + " " + told);
+    Require(wrong.empty(), "the library holds something else than the editor showed", wrong + " " + description);
+    const std::string violation = ConstraintViolation(number, found);
+    Require(violation.empty(), "the library took what it has to refuse", violation + " " + description);
   }
-  Take(found);
+  Accept(found);
 }
 
-void ExpectedLibrary::JudgeLoss(const VisibleState& before, const std::vector<Action>& actions,
-                                const VisibleState& now) const {
+void ExpectedLibrary::CheckLostEdit(const VisibleState& before, const std::vector<Action>& actions,
+                                    const VisibleState& now) const {
   const EditorState& was = before.editor;
   const EditorState& is = now.editor;
-  const bool isSame = is.isThere && is.isNew == was.isNew && is.number == was.number;
-  if (!was.isThere || !was.isPending || (isSame && is.isPending)) return;
-  if (before.message == question::kKeep && !IsAny(actions, IsAgreed)) return;
+  const bool isSame = is.isOpen && is.isNew == was.isNew && is.number == was.number;
+  if (!was.isOpen || !was.isPending || (isSame && is.isPending)) return;
+  if (before.message == message_text::kKeep && !IsAny(actions, IsAgreed)) return;
   if (IsDeletionConfirmed(before, actions)) return;
   if (isSame && IsAny(actions, IsEditing)) return;
-  if (is.isThere && is.setAside == was.fields) return;
+  if (is.isOpen && is.rejectedFields == was.fields) return;
   const auto row = expected_.scales.find(was.number);
   const std::vector<std::string> patterns = {was.pattern.toStdString(), PatternOfNotes(was.notes)};
   if (!was.isNew && row != expected_.scales.end() && stress::Difference(was, row->second, patterns).empty()) return;
@@ -160,20 +161,21 @@ void ExpectedLibrary::JudgeLoss(const VisibleState& before, const std::vector<Ac
                     "' after " + Lines(actions));
 }
 
-void ExpectedLibrary::Settle(const VisibleState& before, const std::vector<Action>& actions, const VisibleState& now) {
-  // A box may have the place in memory of the one before it.
-  const bool isNewReport = now.message.starts_with(kImported) && (now.box != judgedBox_ || now.message != judged_);
-  judgedBox_ = now.box;
-  judged_ = now.message;
+void ExpectedLibrary::Update(const VisibleState& before, const std::vector<Action>& actions, const VisibleState& now) {
+  // A new message box may have the same address as the previous one.
+  const bool isNewReport =
+      now.message.starts_with(kImported) && (now.box != checkedBox_ || now.message != checkedMessage_);
+  checkedBox_ = now.box;
+  checkedMessage_ = now.message;
   const std::int64_t version = file_.Version();
   const bool isWritten = version != version_;
   version_ = version;
-  if (!isWritten && !isNewReport) return JudgeLoss(before, actions, now);
+  if (!isWritten && !isNewReport) return CheckLostEdit(before, actions, now);
   const Library found = file_.Read();
-  if (isNewReport) return JudgeImport(now, found);
+  if (isNewReport) return CheckImport(now, found);
   const long writesBefore = writes_;
-  JudgeEdit(before, actions, found);
-  if (writes_ == writesBefore) JudgeLoss(before, actions, now);
+  CheckEdit(before, actions, found);
+  if (writes_ == writesBefore) CheckLostEdit(before, actions, now);
 }
 
 }  // namespace tonalith::stress

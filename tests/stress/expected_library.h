@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The independent account of the library: knows what it has to hold after what a user did and saw, and holds the file
-// against that. A write has to be what the editor showed, a deletion what was confirmed, an import what its pack adds;
-// anything else that appears, changes or is gone is a Finding, and so is a change of the user's that is neither stored
-// nor pending nor set aside. One thread.
+// An independent model of the expected library content, updated from the visible state and the actions of the user, and
+// compared with the file. A write must match what the editor showed, a deletion must have been confirmed, an import
+// must match its pack. Throws a Finding for every other difference, and for an edit that is neither stored nor pending
+// nor rejected.
 
 #pragma once
 
@@ -20,10 +20,10 @@ class ExpectedLibrary {
  public:
   explicit ExpectedLibrary(const std::string& libraryPath);
 
-  /// Looks at the file; `before` and `now` are what was seen before and after `actions`: more than one where an earlier
-  /// one was only now over.
-  void Settle(const VisibleState& before, const std::vector<Action>& actions, const VisibleState& now);
-  /// Integrity and keys of the whole file.
+  /// Compares the file with the model and accepts the permitted changes. `before` and `now` are the states around
+  /// `actions`; there are several actions if they were nested.
+  void Update(const VisibleState& before, const std::vector<Action>& actions, const VisibleState& now);
+  /// Checks the integrity and the foreign keys of the file.
   void CheckFile() const;
 
   [[nodiscard]] const Library& Content() const { return expected_; }
@@ -31,17 +31,17 @@ class ExpectedLibrary {
   [[nodiscard]] long Imports() const { return imports_; }
 
  private:
-  void JudgeImport(const VisibleState& now, const Library& found);
-  void JudgeEdit(const VisibleState& before, const std::vector<Action>& actions, const Library& found);
-  void JudgeLoss(const VisibleState& before, const std::vector<Action>& actions, const VisibleState& now) const;
-  void Take(const Library& found);
+  void CheckImport(const VisibleState& now, const Library& found);
+  void CheckEdit(const VisibleState& before, const std::vector<Action>& actions, const Library& found);
+  void CheckLostEdit(const VisibleState& before, const std::vector<Action>& actions, const VisibleState& now) const;
+  void Accept(const Library& found);
 
   LibraryFile file_;
   Library expected_;
   std::int64_t version_ = 0;
   std::int64_t latestNumber_ = 0;
-  const void* judgedBox_ = nullptr;
-  std::string judged_;
+  const void* checkedBox_ = nullptr;
+  std::string checkedMessage_;
   long writes_ = 0;
   long imports_ = 0;
 };

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What is wrong: thrown by whoever sees it, caught where an action began. Its first words, up to the colon, say which
-// rule is broken and are the same each time that rule is broken.
+// A violated rule. The message up to the colon identifies the rule and is the same for each violation of it.
 
 #pragma once
 
@@ -16,8 +15,8 @@ class Finding : public std::runtime_error {
   Finding(const std::string& rule, const std::string& details) : std::runtime_error(rule + ": " + details) {}
 };
 
-inline void Require(bool isKept, const std::string& rule, const std::string& details) {
-  if (!isKept) throw Finding(rule, details);
+inline void Require(bool condition, const std::string& rule, const std::string& details) {
+  if (!condition) throw Finding(rule, details);
 }
 
 }  // namespace tonalith::stress

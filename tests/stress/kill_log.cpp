@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::string_view kWorkName = "Kill ";
 
-/// The number behind "number " in a description.
+/// The number after "number " in a description.
 int NumberIn(const std::string& description) {
   return std::atoi(description.c_str() + std::min<std::size_t>(description.size(), 7));
 }
@@ -29,7 +29,7 @@ void RequireWholeRow(const Scale& scale) {
   Require(isWhole, "half a row", name + " lacks what a new scale begins with");
 }
 
-std::string Told(const std::map<std::string, int>& rows, const std::map<std::string, int>& others) {
+std::string Description(const std::map<std::string, int>& rows, const std::map<std::string, int>& others) {
   for (const auto& [name, number] : rows) {
     const auto other = others.find(name);
     if (other == others.end()) return name + " is missing";
@@ -46,29 +46,29 @@ std::string Told(const std::map<std::string, int>& rows, const std::map<std::str
 
 void KillLog::BeginRound(WorkPack pack) { pack_ = std::move(pack); }
 
-void KillLog::Take(const std::string& report) {
-  std::istringstream words(report);
+void KillLog::AddReport(const std::string& report) {
+  std::istringstream fields(report);
   Operation operation;
   std::string number;
-  std::getline(words, operation.verb, '\t');
-  std::getline(words, operation.name, '\t');
-  if (std::getline(words, number)) operation.number = std::stoi(number);
-  if (operation.verb == "ready") return;
-  if (operation.verb == "unexpected") throw Finding("the worker was surprised", operation.name);
-  if (operation.verb != "done") {
-    underWay_ = operation;
+  std::getline(fields, operation.kind, '\t');
+  std::getline(fields, operation.name, '\t');
+  if (std::getline(fields, number)) operation.number = std::stoi(number);
+  if (operation.kind == "ready") return;
+  if (operation.kind == "unexpected") throw Finding("the worker was surprised", operation.name);
+  if (operation.kind != "done") {
+    pending_ = operation;
     return;
   }
-  Require(underWay_.has_value(), "the worker ended what it had not begun", report);
-  Apply(*underWay_);
-  underWay_.reset();
+  Require(pending_.has_value(), "the worker ended what it had not begun", report);
+  Apply(*pending_);
+  pending_.reset();
   ++done;
 }
 
 void KillLog::Apply(const Operation& operation) {
-  if (operation.verb == "install") {
-    packs_[pack_.word] = pack_;
-  } else if (operation.verb == "delete") {
+  if (operation.kind == "install") {
+    packs_[pack_.namePrefix] = pack_;
+  } else if (operation.kind == "delete") {
     rows_.erase(operation.name);
   } else {
     rows_[operation.name] = operation.number;
@@ -87,7 +87,7 @@ KillLog::Rows KillLog::RowsOf(const Library& library) const {
   return rows;
 }
 
-void KillLog::SettlePacks(const Library& library) {
+void KillLog::CheckPacks(const Library& library) {
   std::map<std::string, int> counts;
   std::size_t others = 0;
   for (const auto& [number, scale] : library.scales) {
@@ -97,11 +97,11 @@ void KillLog::SettlePacks(const Library& library) {
       Require(scale[column::kDescription] && scale[column::kIntervals] && scale[column::kTypeId], "half a row", name);
     } else if (!name.starts_with(kWorkName)) {
       ++others;
-      const auto old = atFirst_.scales.find(number);
-      Require(old != atFirst_.scales.end() && old->second == scale, "a scale that nobody touched has changed", name);
+      const auto old = initial_.scales.find(number);
+      Require(old != initial_.scales.end() && old->second == scale, "a scale that nobody touched has changed", name);
     }
   }
-  Require(others == atFirst_.scales.size(), "a scale that nobody touched is gone", std::to_string(others));
+  Require(others == initial_.scales.size(), "a scale that nobody touched is gone", std::to_string(others));
   for (const auto& [word, pack] : packs_) {
     Require(counts[word] == pack.scales, "an import that was reported is not there",
             word + ": " + std::to_string(counts[word]) + " of " + std::to_string(pack.scales));
@@ -112,29 +112,29 @@ void KillLog::SettlePacks(const Library& library) {
   Require(known == 0, "a pack that was not installed is there", std::to_string(known));
 }
 
-void KillLog::Settle(const Library& library) {
-  const std::optional<Operation> open = std::exchange(underWay_, std::nullopt);
+void KillLog::CheckLibrary(const Library& library) {
+  const std::optional<Operation> open = std::exchange(pending_, std::nullopt);
   const Rows found = RowsOf(library);
-  if (open && open->verb == "install") {
-    const bool isThere = std::any_of(library.scales.begin(), library.scales.end(), [&](const auto& scale) {
-      return scale.second[column::kName].value_or("").starts_with(pack_.word + " ");
+  if (open && open->kind == "install") {
+    const bool isImported = std::any_of(library.scales.begin(), library.scales.end(), [&](const auto& scale) {
+      return scale.second[column::kName].value_or("").starts_with(pack_.namePrefix + " ");
     });
-    const bool isTypeThere = library.types.count(pack_.type) == 1;
-    Require(isThere == isTypeThere, "an import is there by half", pack_.word);
-    if (isThere) Apply(*open);
-    ++(isThere ? kept : lost);
+    const bool isTypeImported = library.types.count(pack_.type) == 1;
+    Require(isImported == isTypeImported, "an import is there by half", pack_.namePrefix);
+    if (isImported) Apply(*open);
+    ++(isImported ? completed : rolledBack);
   } else if (open) {
     const Rows before = rows_;
     if (Apply(*open); found == rows_) {
-      ++kept;
+      ++completed;
     } else {
       rows_ = before;
-      ++lost;
+      ++rolledBack;
     }
   }
-  const std::string wrong = Told(rows_, found);
+  const std::string wrong = Description(rows_, found);
   Require(wrong.empty(), "the library is neither as before nor as after", wrong);
-  SettlePacks(library);
+  CheckPacks(library);
 }
 
 }  // namespace tonalith::stress

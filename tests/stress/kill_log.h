@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What the library has to hold after the reports of a worker that was killed: everything that was done, and what was
-// under way in one of two states. One thread; what is broken is thrown as a Finding.
+// Computes the expected library content from the reports of a killed worker: all reported operations are stored, and
+// the pending one is stored completely or not at all. Throws a Finding if the library differs.
 
 #pragma once
 
@@ -15,33 +15,33 @@
 
 namespace tonalith::stress {
 
-/// The pack that the worker of a round finds.
+/// The pack that is available to the worker of a round.
 struct WorkPack {
-  std::string word;
+  std::string namePrefix;
   int scales = 0;
   int type = 0;
 };
 
 class KillLog {
  public:
-  explicit KillLog(const Library& atFirst) : atFirst_(atFirst) {}
+  explicit KillLog(const Library& initial) : initial_(initial) {}
 
   void BeginRound(WorkPack pack);
-  /// A line of the worker's; what it says is unexpected is a Finding.
-  void Take(const std::string& report);
-  /// Holds the library against the account, and takes over what the operation under way has come to.
-  void Settle(const Library& library);
+  /// Adds a line of the worker. Throws a Finding if the worker reports an unexpected message.
+  void AddReport(const std::string& report);
+  /// Compares the library with the expected content; accepts either result of the pending operation.
+  void CheckLibrary(const Library& library);
 
-  [[nodiscard]] bool IsUnderWay() const { return underWay_.has_value(); }
-  [[nodiscard]] bool IsInstalling() const { return underWay_ && underWay_->verb == "install"; }
-  /// Operations that were reported as done, and those that a kill met: not there, and wholly there.
+  [[nodiscard]] bool IsPending() const { return pending_.has_value(); }
+  [[nodiscard]] bool IsInstalling() const { return pending_ && pending_->kind == "install"; }
+  /// The operations that were reported as done, and those that a kill interrupted: rolled back, and stored completely.
   long done = 0;
-  long lost = 0;
-  long kept = 0;
+  long rolledBack = 0;
+  long completed = 0;
 
  private:
   struct Operation {
-    std::string verb;
+    std::string kind;
     std::string name;
     int number = 0;
   };
@@ -49,14 +49,14 @@ class KillLog {
 
   void Apply(const Operation& operation);
   [[nodiscard]] Rows RowsOf(const Library& library) const;
-  void SettlePacks(const Library& library);
+  void CheckPacks(const Library& library);
 
-  Library atFirst_;
-  /// By name, the number that decides what is in the row.
+  Library initial_;
+  /// The number that determines the fields of a row, by name.
   Rows rows_;
   std::map<std::string, WorkPack> packs_;
   WorkPack pack_;
-  std::optional<Operation> underWay_;
+  std::optional<Operation> pending_;
 };
 
 }  // namespace tonalith::stress

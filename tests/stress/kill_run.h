@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Kills the program at random moments while somebody saves in it, again and again on the same folder, and holds the
-// library against what was reported: sound, with everything that was held for saved, and the one operation that was
-// under way wholly there or not at all. What a kill leaves beside the library stays for the next start. Parent process.
+// Kills the program at random moments while a worker saves scales, again and again on the same folder. The library must
+// then be intact and must contain all reported operations; the pending operation is stored completely or not at all. A
+// hot journal stays for the next start. Runs in the parent process.
 
 #pragma once
 

@@ -16,13 +16,13 @@
 namespace tonalith::stress {
 namespace {
 
-constexpr int kReports = 3;
+constexpr int kReportFile = 3;
 
-void Press(const char* control) { Perform({verb::kClick, control, {}}); }
+void Press(const char* control) { Perform({action_kind::kClick, control, {}}); }
 
 void Fill(const char* control, const std::string& text) {
-  Perform({verb::kErase, control, {}});
-  Perform({verb::kType, control, text});
+  Perform({action_kind::kErase, control, {}});
+  Perform({action_kind::kType, control, text});
 }
 
 }  // namespace
@@ -33,11 +33,11 @@ WorkRow WorkRow::Of(int number) {
           kStarts.at(static_cast<std::size_t>(number) % kStarts.size()), std::to_string(1000 + number)};
 }
 
-KillWorker::KillWorker(std::uint64_t seed, std::string round) : dice_(seed), round_(std::move(round)) {}
+KillWorker::KillWorker(std::uint64_t seed, std::string round) : random_(seed), round_(std::move(round)) {}
 
-void KillWorker::Tell(const std::string& line) const {
+void KillWorker::Report(const std::string& line) const {
   const std::string whole = line + "\n";
-  if (::write(kReports, whole.data(), whole.size()) != static_cast<ssize_t>(whole.size())) ::_exit(1);
+  if (::write(kReportFile, whole.data(), whole.size()) != static_cast<ssize_t>(whole.size())) ::_exit(1);
 }
 
 void KillWorker::Begin() {
@@ -45,56 +45,56 @@ void KillWorker::Begin() {
   connect(boxes, &QTimer::timeout, this, &KillWorker::AnswerBox);
   boxes->start(1);
   QTimer::singleShot(0, this, [this] {
-    Tell("ready");
+    Report("ready");
     WorkOn();
   });
 }
 
 void KillWorker::AnswerBox() {
-  const VisibleState sight = Look();
-  if (sight.message.empty()) return;
-  const bool isExpected = !waiting_.empty() && sight.message.starts_with(waiting_);
+  const VisibleState state = ReadVisibleState();
+  if (state.message.empty()) return;
+  const bool isExpected = !expectedMessage_.empty() && state.message.starts_with(expectedMessage_);
   if (!isExpected) {
-    Tell("unexpected\t" + sight.message);
+    Report("unexpected\t" + state.message);
     ::_exit(1);
   }
-  waiting_.clear();
-  if (sight.message == question::kDelete) {
-    Tell("delete\t" + current_);
-    Perform({verb::kAnswer, {}, "Yes"});
+  expectedMessage_.clear();
+  if (state.message == message_text::kDelete) {
+    Report("delete\t" + currentName_);
+    Perform({action_kind::kAnswer, {}, "Yes"});
   } else {
-    // The box says that the pack is in.
-    Tell("done");
-    Perform({verb::kAnswer, {}, "OK"});
+    // The message confirms the import.
+    Report("done");
+    Perform({action_kind::kAnswer, {}, "OK"});
   }
 }
 
 void KillWorker::OpenEditor() {
-  if (Look().editor.isThere) return;
+  if (ReadVisibleState().editor.isOpen) return;
   Press("frmTonalith/cmdEdit");
   Press("frmScales/cmdModify");
-  current_.clear();
+  currentName_.clear();
 }
 
 void KillWorker::Commit(const char* control) {
   Press(control);
-  const VisibleState sight = Look();
-  if (sight.editor.isPending || !sight.message.empty()) {
-    Tell("unexpected\tthe change is still pending: " + sight.message);
+  const VisibleState state = ReadVisibleState();
+  if (state.editor.isPending || !state.message.empty()) {
+    Report("unexpected\tthe change is still pending: " + state.message);
     ::_exit(1);
   }
-  Tell("done");
+  Report("done");
 }
 
 void KillWorker::Add() {
   Press("frmScales/cmdAdd");
-  current_ = "Kill " + round_ + " " + std::to_string(++number_);
+  currentName_ = "Kill " + round_ + " " + std::to_string(++number_);
   const WorkRow row = WorkRow::Of(number_);
-  Fill("frmScales/txtFields(1)", current_);
+  Fill("frmScales/txtFields(1)", currentName_);
   Fill("frmScales/txtFields(2)", row.description);
   Fill("frmScales/txtFields(5)", row.start);
   Fill("frmScales/txtFields(7)", row.sort);
-  Tell("add\t" + current_ + "\t" + std::to_string(number_));
+  Report("add\t" + currentName_ + "\t" + std::to_string(number_));
   Commit("frmScales/cmdUpdate");
 }
 
@@ -103,35 +103,35 @@ void KillWorker::Change() {
   Fill("frmScales/txtFields(2)", row.description);
   Fill("frmScales/txtFields(5)", row.start);
   Fill("frmScales/txtFields(7)", row.sort);
-  Tell("change\t" + current_ + "\t" + std::to_string(number_));
-  const bool isMove = dice_.OneIn(2);
+  Report("change\t" + currentName_ + "\t" + std::to_string(number_));
+  const bool isMove = random_.OneIn(2);
   Commit(isMove ? "frmScales/Previous record" : "frmScales/cmdUpdate");
-  if (isMove) current_.clear();
+  if (isMove) currentName_.clear();
 }
 
 void KillWorker::Delete() {
-  waiting_ = question::kDelete;
+  expectedMessage_ = message_text::kDelete;
   Press("frmScales/cmdDelete");
-  Tell("done");
-  current_.clear();
+  Report("done");
+  currentName_.clear();
 }
 
 void KillWorker::Install() {
   isInstalled_ = true;
-  waiting_ = "Imported data pack: ";
-  Tell("install");
+  expectedMessage_ = "Imported data pack: ";
+  Report("install");
   Press("frmTonalith/cmdInstall");
 }
 
 void KillWorker::WorkOn() {
   QTimer::singleShot(0, this, &KillWorker::WorkOn);
-  // A question or a report lets events through.
-  if (!waiting_.empty() || QApplication::activeModalWidget() != nullptr || Look().isBusy) return;
+  // A message box runs the event loop.
+  if (!expectedMessage_.empty() || QApplication::activeModalWidget() != nullptr || ReadVisibleState().isBusy) return;
   OpenEditor();
-  const int throwOf = dice_.Below(10);
-  if (!isInstalled_ && throwOf < 3) return Install();
-  if (current_.empty() || throwOf < 5) return Add();
-  return throwOf < 8 ? Change() : Delete();
+  const int roll = random_.Below(10);
+  if (!isInstalled_ && roll < 3) return Install();
+  if (currentName_.empty() || roll < 5) return Add();
+  return roll < 8 ? Change() : Delete();
 }
 
 }  // namespace tonalith::stress

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The user who saves as fast as hands allow, to be killed in the middle of it: adds scales, changes and deletes them,
-// installs a pack, all through the real widgets, and tells file 3, unbuffered, what is about to be written and what the
-// program holds for saved. User-interface thread; ends the process when something goes otherwise than expected.
+// The user of a process that will be killed: adds, changes and deletes scales and installs a pack as fast as possible,
+// through the real widgets. Reports to file descriptor 3, unbuffered, each operation before it begins and after the
+// program has saved it. Ends the process if the program does something unexpected.
 
 #pragma once
 
@@ -14,7 +14,7 @@
 
 namespace tonalith::stress {
 
-/// What a scale of the worker's holds besides its name: one number decides all of it, so that half of a row is known.
+/// The fields of a scale of the worker. One number determines all of them, so that a partial write is detected.
 struct WorkRow {
   std::string description;
   std::string start;
@@ -25,7 +25,7 @@ struct WorkRow {
 
 class KillWorker : public QObject {
  public:
-  /// `round` is a word that no other round's names hold.
+  /// `round` is unique: it becomes part of the names.
   KillWorker(std::uint64_t seed, std::string round);
 
   void Begin();
@@ -39,14 +39,14 @@ class KillWorker : public QObject {
   void Delete();
   void Install();
   void Commit(const char* control);
-  void Tell(const std::string& line) const;
+  void Report(const std::string& line) const;
 
-  RandomSource dice_;
+  RandomSource random_;
   std::string round_;
   int number_ = 0;
-  /// The name of the worker's scale in the editor; empty where another one may be.
-  std::string current_;
-  std::string waiting_;
+  /// The name of the worker's scale in the editor; empty if the editor may show another scale.
+  std::string currentName_;
+  std::string expectedMessage_;
   bool isInstalled_ = false;
 };
 

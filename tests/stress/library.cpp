@@ -20,7 +20,7 @@ Cell ColumnOf(sqlite3_stmt* row, int index) {
   return std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(row, index)));
 }
 
-/// Runs one statement and hands every row to `onRow`.
+/// Runs one statement and passes every row to `onRow`.
 template <class OnRow>
 void ForEachRow(sqlite3* database, const std::string& statement, OnRow&& onRow) {
   sqlite3_stmt* prepared = nullptr;
@@ -45,7 +45,7 @@ std::string FoldedName(const std::string& name) {
 LibraryFile::LibraryFile(const std::string& path, Open open) {
   const int flags = open == Open::kForReading ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
   if (sqlite3_open_v2(path.c_str(), &database_, flags, nullptr) != SQLITE_OK) {
-    const std::string words = sqlite3_errmsg(database_);
+    const std::string message = sqlite3_errmsg(database_);
     sqlite3_close(database_);
     throw std::runtime_error(path + ": " + words);
   }
@@ -75,11 +75,11 @@ std::int64_t LibraryFile::Version() const {
   return version;
 }
 
-std::string LibraryFile::Complaint() const {
+std::string LibraryFile::IntegrityErrors() const {
   std::string complaint;
   ForEachRow(database_, "PRAGMA integrity_check", [&](sqlite3_stmt* row) {
-    const Cell words = ColumnOf(row, 0);
-    if (words != "ok") complaint += words.value_or("?") + "; ";
+    const Cell message = ColumnOf(row, 0);
+    if (message != "ok") complaint += message.value_or("?") + "; ";
   });
   ForEachRow(database_, "PRAGMA foreign_key_check",
              [&](sqlite3_stmt* row) { complaint += "a foreign key of " + ColumnOf(row, 0).value_or("?") + "; "; });
@@ -96,9 +96,9 @@ void LibraryFile::Run(const std::string& statements) const {
   }
 }
 
-std::vector<Cell> LibraryFile::Ask(const std::string& question) const {
+std::vector<Cell> LibraryFile::Query(const std::string& statement) const {
   std::vector<Cell> cells;
-  ForEachRow(database_, question, [&](sqlite3_stmt* row) {
+  ForEachRow(database_, statement, [&](sqlite3_stmt* row) {
     for (int i = 0; i < sqlite3_column_count(row); ++i) cells.push_back(ColumnOf(row, i));
   });
   return cells;

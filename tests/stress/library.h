@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The scale library as it stands in the file: read with the database engine alone, past the program's own data room.
-// Text in, text out, whatever a column holds; nothing stands for null. One thread. A file that cannot be read throws
-// std::runtime_error with the engine's words.
+// The content of a library file, read with SQLite alone, without the program's data room. All values are text; nullopt
+// is null. Throws std::runtime_error with SQLite's message if a file cannot be read.
 
 #pragma once
 
@@ -37,7 +36,7 @@ struct Library {
   bool operator==(const Library&) const = default;
 };
 
-/// What the engine takes for the same name.
+/// SQLite compares names in this form: ASCII letters in lower case.
 std::string FoldedName(const std::string& name);
 
 class LibraryFile {
@@ -50,20 +49,20 @@ class LibraryFile {
   LibraryFile& operator=(const LibraryFile&) = delete;
 
   [[nodiscard]] Library Read() const;
-  /// Grows when somebody else has written.
+  /// Changes after each write by another connection.
   [[nodiscard]] std::int64_t Version() const;
-  /// What the engine has against the file; empty when it is sound.
-  [[nodiscard]] std::string Complaint() const;
+  /// Empty if the file passes all integrity checks.
+  [[nodiscard]] std::string IntegrityErrors() const;
   void Run(const std::string& statements) const;
-  /// All cells of the answer, row by row.
-  [[nodiscard]] std::vector<Cell> Ask(const std::string& question) const;
+  /// All cells of the result, row by row.
+  [[nodiscard]] std::vector<Cell> Query(const std::string& statement) const;
 
  private:
   sqlite3* database_ = nullptr;
 };
 
-/// What an import of `pack` makes of `library`: types by number, scales by name, what is there stays. New scales get
-/// the numbers behind the highest one that was ever given, `latest`.
+/// The expected result of an import: adds types with new numbers and scales with new names. New scales get the numbers
+/// after `latest`, the highest number ever assigned.
 Library Merged(Library library, const Library& pack, std::int64_t latest);
 
 }  // namespace tonalith::stress

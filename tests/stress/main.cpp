@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Two programs in one: the parent, which prepares a folder, starts the program in it and judges it from outside; and
-// the program itself, composed as it ships, with somebody at its controls.
+// Runs in two roles: the parent prepares a folder, starts the program in it and checks the results; the child is the
+// complete program with simulated user input.
 
 #include <QWidget>
 #include <exception>
@@ -21,27 +21,27 @@
 namespace tonalith::stress {
 namespace {
 
-Places PlacesOf(const char* program) { return {std::filesystem::path(program).parent_path().parent_path()}; }
+WorkPaths PathsOf(const char* program) { return {std::filesystem::path(program).parent_path().parent_path()}; }
 
-int Live(char** argv) {
-  LifeOrder order{PlacesOf(argv[0]),
-                  std::stoull(argv[2]),
-                  std::stoi(argv[3]),
-                  std::stoi(argv[4]),
-                  std::stoi(argv[5]),
-                  std::stoi(argv[6]),
-                  {}};
-  if (std::string(argv[7]) != "-") order.script = ReadActions(argv[7]);
+int RunSession(char** argv) {
+  SessionOptions options{PathsOf(argv[0]),
+                         std::stoull(argv[2]),
+                         std::stoi(argv[3]),
+                         std::stoi(argv[4]),
+                         std::stoi(argv[5]),
+                         std::stoi(argv[6]),
+                         {}};
+  if (std::string(argv[7]) != "-") options.script = ReadActions(argv[7]);
   std::unique_ptr<StressSession> session;
   int argc = 1;
   app::RunProgram(argc, argv, [&](QWidget&) {
-    session = std::make_unique<StressSession>(std::move(order));
+    session = std::make_unique<StressSession>(std::move(options));
     session->Begin();
   });
   return session == nullptr ? 1 : session->End();
 }
 
-int Work(char** argv) {
+int RunWorker(char** argv) {
   std::unique_ptr<KillWorker> worker;
   const std::uint64_t seed = std::stoull(argv[2]);
   const std::string round = argv[3];
@@ -54,8 +54,8 @@ int Work(char** argv) {
 
 int Run(int argc, char** argv) {
   const std::string role = argc > 1 ? argv[1] : "";
-  if (role == "live" && argc == 8) return Live(argv);
-  if (role == "work" && argc == 4) return Work(argv);
+  if (role == "live" && argc == 8) return RunSession(argv);
+  if (role == "work" && argc == 4) return RunWorker(argv);
   const Options options = ParseOptions(argc, argv);
   switch (options.mode) {
     case Options::Mode::kKill:

@@ -39,23 +39,23 @@ void CheckCommands(const app::frmTonalith& form, bool hasRecord) {
   }
 }
 
-/// '.' for a hidden image, 'K' and 'o' by its picture.
+/// One character per image: '.' for hidden, 'K' for the key note, 'o' for another note.
 std::string NeckOf(const views::FretboardView& neck) {
-  std::string lit;
+  std::string shown;
   for (int i = 0; i < 96; ++i) {
     const views::NoteImage& image = neck.Image(i);
-    lit += image.isHidden() ? '.' : image.Picture() == views::NotePicture::kKeyNote ? 'K' : 'o';
+    shown += image.isHidden() ? '.' : image.Picture() == views::NotePicture::kKeyNote ? 'K' : 'o';
   }
-  return lit;
+  return shown;
 }
 
 void CheckNeck(const app::frmTonalith& form, const Cell& pattern, const Key& key) {
   const views::FretboardView& neck = *form.Controls().fretboard;
-  const std::string wanted = LitNeck(pattern, key);
-  const std::string lit = NeckOf(neck);
-  Require(lit == wanted, "the neck shows other notes", lit + " instead of " + wanted);
+  const std::string wanted = HighlightedNeck(pattern, key);
+  const std::string shown = NeckOf(neck);
+  Require(shown == wanted, "the neck shows other notes", shown + " instead of " + wanted);
   for (int i = 0; i < 96; ++i) {
-    if (lit[static_cast<std::size_t>(i)] == '.') continue;
+    if (shown[static_cast<std::size_t>(i)] == '.') continue;
     Require(neck.Image(i).NameDrawn() == form.NamesAreShown(), "the names on the neck are as they were chosen",
             "img" + std::to_string(i));
   }
@@ -117,7 +117,7 @@ void CheckMainWindow(const app::frmTonalith& form, const Library& library) {
   const Key key = KeyOf(c.cmbTranspose->currentText().toStdString());
   RequireText("the step line", c.lblTranspose->text(), "Scale Steps: " + Steps(textOf(scale[column::kIntervals])));
   CheckNeck(form, scale[column::kIntervals], key);
-  // Without a name, the staff is that of the major scale, wherever that may be.
+  // Without a name the staff shows the major scale.
   if (!textOf(scale[column::kName]).empty()) CheckStaff(c, scale[column::kIntervals], key);
 }
 

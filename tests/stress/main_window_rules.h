@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What has to hold in the main window between any two actions: it shows one record of the library, the one whose number
-// it holds, and everything in it follows from that record, the key box and the setting of the names. Reads the real
-// widgets; user-interface thread; what is broken is thrown as a Finding.
+// Rules for the main window between two actions: it shows the library record whose number it contains, and all other
+// content follows from that record, the key box and the option for note names. Throws a Finding if a rule is violated.
 
 #pragma once
 

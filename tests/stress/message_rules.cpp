@@ -13,9 +13,9 @@
 namespace tonalith::stress {
 namespace {
 
-constexpr std::array<std::string_view, 16> kWhole = {
-    question::kKeep,
-    question::kDelete,
+constexpr std::array<std::string_view, 16> kCompleteTexts = {
+    message_text::kKeep,
+    message_text::kDelete,
     "A scale or chord requires more than one note.",
     "The scale needs a name.",
     "There is a scale of this name already.",
@@ -32,7 +32,7 @@ constexpr std::array<std::string_view, 16> kWhole = {
     "No matches found.",
 };
 
-constexpr std::array<std::string_view, 4> kBeginnings = {
+constexpr std::array<std::string_view, 4> kPrefixes = {
     "No matches found for '",
     "This link leads out of the help. Do you want to open it?\n",
     "This link leads to something that the help does not open:\n",
@@ -49,8 +49,9 @@ bool IsAboutPack(const std::string& text) {
 
 void CheckMessage(const std::string& text) {
   const bool isKnown =
-      text.empty() || IsAboutPack(text) || std::find(kWhole.begin(), kWhole.end(), text) != kWhole.end() ||
-      std::any_of(kBeginnings.begin(), kBeginnings.end(), [&](auto begin) { return text.starts_with(begin); });
+      text.empty() || IsAboutPack(text) ||
+      std::find(kCompleteTexts.begin(), kCompleteTexts.end(), text) != kCompleteTexts.end() ||
+      std::any_of(kPrefixes.begin(), kPrefixes.end(), [&](auto begin) { return text.starts_with(begin); });
   Require(isKnown, "a message without a reason", text);
 }
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Which words the program may say in a stress: all files are whole, the disk has room and nobody else writes, so that
-// only what a user can bring about by the controls has a reason. Anything else that a message box says is a Finding.
+// The messages that the program may show in a stress test. All files are intact, the disk has space and no other
+// program writes, so only user input can cause a message. Throws a Finding for any other message.
 
 #pragma once
 
@@ -12,7 +12,7 @@ namespace tonalith::stress {
 
 void CheckMessage(const std::string& text);
 
-/// A pack whose name begins like this is broken on purpose.
+/// The file name prefix of the packs that are broken on purpose.
 inline constexpr const char* kBrokenPack = "DataPack_Broken";
 
 }  // namespace tonalith::stress

@@ -11,8 +11,8 @@
 namespace tonalith::stress {
 namespace {
 
-constexpr int kHighest = 35;
-constexpr std::size_t kNotesOnTheNeck = 16;
+constexpr int kHighestSemitone = 35;
+constexpr std::size_t kMostNeckNotes = 16;
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 bool AreDigits(const std::string& text) { return std::all_of(text.begin(), text.end(), IsDigit); }
@@ -31,15 +31,15 @@ std::optional<int> NumberIn(const std::string& text) {
   return number;
 }
 
-/// Semitones above C; nothing where the pattern leaves three octaves or is none.
-std::optional<std::vector<int>> Heights(const std::string& pattern, int start) {
-  std::vector<int> heights{start};
+/// Semitones above C; nullopt if the pattern exceeds three octaves or is not valid.
+std::optional<std::vector<int>> Semitones(const std::string& pattern, int start) {
+  std::vector<int> semitones{start};
   for (const char c : pattern) {
     if (!IsDigit(c)) return std::nullopt;
-    heights.push_back(heights.back() + (c - '0'));
+    semitones.push_back(semitones.back() + (c - '0'));
   }
-  if (heights.back() > kHighest) return std::nullopt;
-  return heights;
+  if (semitones.back() > kHighestSemitone) return std::nullopt;
+  return semitones;
 }
 
 }  // namespace
@@ -57,16 +57,17 @@ Key KeyOf(const std::string& text) {
   return key;
 }
 
-std::string LitNeck(const std::optional<std::string>& pattern, const Key& key) {
+std::string HighlightedNeck(const std::optional<std::string>& pattern, const Key& key) {
   constexpr std::array<int, 6> kOpenStrings = {4, 11, 7, 2, 9, 4};
   std::string neck(96, '.');
-  auto heights = pattern ? Heights(*pattern, key.start) : std::nullopt;
-  if (!heights) return neck;
-  if (heights->size() > kNotesOnTheNeck) heights->resize(kNotesOnTheNeck);
+  auto semitones = pattern ? Semitones(*pattern, key.start) : std::nullopt;
+  if (!semitones) return neck;
+  if (semitones->size() > kMostNeckNotes) semitones->resize(kMostNeckNotes);
   for (std::size_t place = 0; place < neck.size(); ++place) {
     const int note = (kOpenStrings.at(place / 16) + static_cast<int>(place % 16)) % 12;
-    const bool isLit = std::any_of(heights->begin(), heights->end(), [&](int height) { return height % 12 == note; });
-    if (isLit) neck[place] = kNames.at(static_cast<std::size_t>(note)) == key.name ? 'K' : 'o';
+    const bool isHighlighted =
+        std::any_of(semitones->begin(), semitones->end(), [&](int semitone) { return semitone % 12 == note; });
+    if (isHighlighted) neck[place] = kNames.at(static_cast<std::size_t>(note)) == key.name ? 'K' : 'o';
   }
   return neck;
 }
@@ -114,9 +115,9 @@ std::string PatternOfNotes(unsigned notes) {
 
 unsigned NotesOfPattern(const std::string& pattern) {
   unsigned notes = 0;
-  const auto heights = Heights(pattern, 0);
-  if (!heights) return notes;
-  for (const int height : *heights) notes |= 1U << static_cast<unsigned>(height % 12);
+  const auto semitones = Semitones(pattern, 0);
+  if (!semitones) return notes;
+  for (const int semitone : *semitones) notes |= 1U << static_cast<unsigned>(semitone % 12);
   return notes;
 }
 

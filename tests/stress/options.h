@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The command line of the stress. Plain values; a word that is not understood throws std::runtime_error with the
-// usage.
+// The command line of the stress test. Throws std::runtime_error with the usage for an unknown argument.
 
 #pragma once
 
@@ -17,7 +16,7 @@ struct Options {
 
   Mode mode = Mode::kActions;
   std::filesystem::path stage;
-  /// Where findings go.
+  /// The folder for findings.
   std::filesystem::path out = ".";
   std::filesystem::path script;
   std::uint64_t seed = 1;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The one source of chance of a stress: the same seed gives the same throws on every machine and with every library,
-// because the bounds are made here and not by the library's distributions. One thread; never fails.
+// The random generator of a stress test. The same seed gives the same numbers on every system: std::mt19937_64 is
+// standardised, the distributions of the standard library are not and therefore not used.
 
 #pragma once
 
@@ -15,10 +15,10 @@ namespace tonalith::stress {
 class RandomSource {
  public:
   explicit RandomSource(std::uint64_t seed) : generator_(seed) {}
-  /// A stream of its own for each part of a run.
+  /// An independent sequence for each part of a run.
   RandomSource(std::uint64_t seed, std::uint64_t part) : generator_(seed * 1000003U + part) {}
 
-  /// 0 up to `bound` - 1; 0 for a bound below 1.
+  /// A number from 0 to `bound` - 1; 0 if `bound` is below 1.
   int Below(int bound) {
     if (bound < 1) return 0;
     return static_cast<int>(((generator_() >> 32U) * static_cast<std::uint64_t>(bound)) >> 32U);

@@ -25,24 +25,24 @@ const Texts& Words() {
 
 }  // namespace
 
-std::string AnyText(RandomSource& dice, int longest) {
+std::string AnyText(RandomSource& random, int longest) {
   std::string text;
-  for (int left = dice.Below(longest + 1); left > 0; --left) text += dice.Pick(Scraps());
+  for (int left = random.Below(longest + 1); left > 0; --left) text += random.Pick(Scraps());
   return text;
 }
 
-std::string AnyName(RandomSource& dice) {
-  if (dice.OneIn(8)) return AnyText(dice, 12);
-  if (dice.OneIn(10)) return dice.Pick(Words());
-  return dice.Pick(Words()) + " " + std::to_string(dice.Below(100000));
+std::string AnyName(RandomSource& random) {
+  if (random.OneIn(8)) return AnyText(random, 12);
+  if (random.OneIn(10)) return random.Pick(Words());
+  return random.Pick(Words()) + " " + std::to_string(random.Below(100000));
 }
 
-std::string AnyPattern(RandomSource& dice) {
-  if (dice.OneIn(10)) return AnyText(dice, 6);
+std::string AnyPattern(RandomSource& random) {
+  if (random.OneIn(10)) return AnyText(random, 6);
   std::string pattern;
-  const bool isLoose = dice.OneIn(5);
-  for (int left = isLoose ? dice.Below(60) : 12; left > 0;) {
-    const int step = dice.Between(isLoose ? 0 : 1, isLoose ? 9 : 3);
+  const bool isLoose = random.OneIn(5);
+  for (int left = isLoose ? random.Below(60) : 12; left > 0;) {
+    const int step = random.Between(isLoose ? 0 : 1, isLoose ? 9 : 3);
     if (step > left) break;
     pattern += std::to_string(step);
     left -= step > 0 ? step : 1;
@@ -50,25 +50,25 @@ std::string AnyPattern(RandomSource& dice) {
   return pattern;
 }
 
-std::string AnyNumber(RandomSource& dice) {
+std::string AnyNumber(RandomSource& random) {
   static const Texts odd = {"",    "-1", "0",  "007", " 5", "5 ",  "1.5", "1e3", "99999999999999999999",
                             "abc", "+2", "-0", "٣",   "１", "0x10"};
-  return dice.OneIn(4) ? dice.Pick(odd) : std::to_string(dice.Between(1, 12));
+  return random.OneIn(4) ? random.Pick(odd) : std::to_string(random.Between(1, 12));
 }
 
-std::string AnyKey(RandomSource& dice) {
+std::string AnyKey(RandomSource& random) {
   static const Texts notes = {"C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"};
   static const Texts others = {"c", "Db", "5", "11", "12", "-1", " 3 ", "99999", "H", "C ", "", "+4", "-0"};
-  if (dice.OneIn(6)) return AnyText(dice, 4);
-  return dice.Pick(dice.OneIn(4) ? others : notes);
+  if (random.OneIn(6)) return AnyText(random, 4);
+  return random.Pick(random.OneIn(4) ? others : notes);
 }
 
-std::string AnySearch(RandomSource& dice) {
+std::string AnySearch(RandomSource& random) {
   static const Texts pieces = {"*", "?", "#", "[a-z]", "[!a-m]", "[", "]", "[z-a]", "[]", "[!]", "m", "or", "*blues*"};
-  if (dice.OneIn(3)) return dice.Pick(Words());
-  if (dice.OneIn(8)) return AnyText(dice, 10);
+  if (random.OneIn(3)) return random.Pick(Words());
+  if (random.OneIn(8)) return AnyText(random, 10);
   std::string text;
-  for (int left = dice.Between(1, 5); left > 0; --left) text += dice.Pick(pieces);
+  for (int left = random.Between(1, 5); left > 0; --left) text += random.Pick(pieces);
   return text;
 }
 

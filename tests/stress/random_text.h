@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What somebody types who does not care: names, patterns, numbers and search texts, sensible ones and others, in all
-// writings. UTF-8, without control characters. Pure functions of the dice.
+// Random input texts: names, patterns, numbers and search texts, valid and invalid, in several scripts. UTF-8, without
+// control characters.
 
 #pragma once
 
@@ -12,16 +12,16 @@
 
 namespace tonalith::stress {
 
-/// Any characters, at most `longest`.
-std::string AnyText(RandomSource& dice, int longest);
-/// Mostly a name that no scale has yet.
-std::string AnyName(RandomSource& dice);
-/// Mostly a pattern that sums to an octave.
-std::string AnyPattern(RandomSource& dice);
-std::string AnyNumber(RandomSource& dice);
-/// Mostly a note name.
-std::string AnyKey(RandomSource& dice);
-/// With wildcards and lists, closed and open.
-std::string AnySearch(RandomSource& dice);
+/// At most `longest` fragments of one or a few characters.
+std::string AnyText(RandomSource& random, int longest);
+/// Usually a new name.
+std::string AnyName(RandomSource& random);
+/// Usually a pattern that sums to an octave.
+std::string AnyPattern(RandomSource& random);
+std::string AnyNumber(RandomSource& random);
+/// Usually a note name.
+std::string AnyKey(RandomSource& random);
+/// May contain wildcards and character lists, complete or not.
+std::string AnySearch(RandomSource& random);
 
 }  // namespace tonalith::stress

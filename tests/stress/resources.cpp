@@ -17,18 +17,18 @@
 namespace tonalith::stress {
 namespace {
 
-constexpr int kActionsApart = 500;
-/// The recordings of all notes stay in memory (32 MiB), and so do glyphs, pictures and the pages of the help.
+constexpr int kActionsBetweenChecks = 500;
+/// The recordings of all notes (32 MiB), glyphs, images and help pages stay in memory.
 #ifdef __SANITIZE_ADDRESS__
-/// The sanitizer keeps what was freed.
-constexpr long kMoreKibibytes = 1024L * 1024;
+/// The sanitizer delays the release of freed memory.
+constexpr long kExtraKibibytes = 1024L * 1024;
 #else
-constexpr long kMoreKibibytes = 160L * 1024;
+constexpr long kExtraKibibytes = 160L * 1024;
 #endif
-constexpr int kMoreFiles = 12;
-/// The editor has 66 widgets. It is made at its first use, which may come after the first look, and then kept.
-constexpr int kMoreWidgets = 90;
-constexpr int kMoreTimers = 12;
+constexpr int kExtraFiles = 12;
+/// The editor has 66 widgets. It is created at its first use, possibly after the baseline, and stays in memory.
+constexpr int kExtraWidgets = 90;
+constexpr int kExtraTimers = 12;
 
 int RunningTimers() {
   auto* const dispatcher = QAbstractEventDispatcher::instance();
@@ -59,23 +59,23 @@ Resources Resources::Now() {
   return now;
 }
 
-std::string Resources::Told() const {
+std::string Resources::Text() const {
   return std::to_string(kibibytes / 1024) + " MiB, " + std::to_string(files) + " files, " + std::to_string(widgets) +
          " widgets, " + std::to_string(timers) + " timers";
 }
 
-void ResourceWatch::Look(int action) {
-  // What is made once, at the first use, does not count.
-  if (next_ < 0) next_ = action + kActionsApart;
+void ResourceWatch::Check(int action) {
+  // Objects that are created once, at the first use, belong to the baseline.
+  if (next_ < 0) next_ = action + kActionsBetweenChecks;
   if (action < next_) return;
   const Resources now = Resources::Now();
-  next_ = action + kActionsApart;
+  next_ = action + kActionsBetweenChecks;
   if (std::exchange(isFirst_, false)) first_ = now;
-  report_ = first_.Told() + " -> " + now.Told();
-  Require(now.kibibytes <= first_.kibibytes + kMoreKibibytes, "memory grows", report_);
-  Require(now.files <= first_.files + kMoreFiles, "open files grow", report_);
-  Require(now.widgets <= first_.widgets + kMoreWidgets, "widgets grow", report_);
-  Require(now.timers <= first_.timers + kMoreTimers, "running timers grow", report_);
+  report_ = first_.Text() + " -> " + now.Text();
+  Require(now.kibibytes <= first_.kibibytes + kExtraKibibytes, "memory grows", report_);
+  Require(now.files <= first_.files + kExtraFiles, "open files grow", report_);
+  Require(now.widgets <= first_.widgets + kExtraWidgets, "widgets grow", report_);
+  Require(now.timers <= first_.timers + kExtraTimers, "running timers grow", report_);
 }
 
 }  // namespace tonalith::stress

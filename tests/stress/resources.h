@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What the process holds: memory, open files, widgets, running timers. Measured from time to time where only the main
-// window is open, so that a window that leaves something behind each time it is used is found. User-interface thread.
+// The resources of the process: memory, open files, widgets and running timers. They are measured at intervals while
+// only the main window is open, to detect leaks of the other windows.
 
 #pragma once
 
@@ -17,14 +17,14 @@ struct Resources {
   int timers = 0;
 
   static Resources Now();
-  [[nodiscard]] std::string Told() const;
+  [[nodiscard]] std::string Text() const;
 };
 
 class ResourceWatch {
  public:
-  /// Measures when some hundred actions have gone by since the last time; the first time sets what the others are held
-  /// against.
-  void Look(int action);
+  /// Measures again after a fixed number of actions. The first measurement is the baseline; throws a Finding if a later
+  /// one exceeds it too far.
+  void Check(int action);
   [[nodiscard]] const std::string& Report() const { return report_; }
 
  private:

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Lives inside the running program: between any two events of its loop, also those of nested dialogs, it looks at what
-// there is, holds it against the rules, and does the next thing, from the dice or from a script. Ends the process with
-// exit code kFound when a rule is broken, after it has written the finding. User-interface thread; one for a process.
+// Runs inside the program: between two events, also in nested event loops, it reads the visible state, checks all rules
+// and performs the next random or scripted action. If a rule is violated, it writes the finding and ends the process
+// with kFound. One per process.
 
 #pragma once
 
@@ -31,49 +31,49 @@ inline constexpr int kFound = 3;
 inline constexpr int kClosed = 4;
 }  // namespace exit_code
 
-struct LifeOrder {
-  Places places;
+struct SessionOptions {
+  WorkPaths paths;
   std::uint64_t seed = 0;
-  /// The number of the life, and of the first action in it.
-  int life = 0;
+  /// The number of this run of the program, and of its first action.
+  int run = 0;
   int firstAction = 0;
   int lastAction = 0;
-  /// The user closes the program then, however many actions are left.
+  /// The time limit after which the user closes the program.
   int seconds = 0;
-  /// What to do instead of throwing dice; its lines from the first action on.
+  /// Actions that replace the random ones; empty for random actions.
   std::vector<Action> script;
 };
 
 class StressSession : public QObject {
  public:
-  explicit StressSession(LifeOrder order);
+  explicit StressSession(SessionOptions options);
 
   void Begin();
-  /// Once the program has returned: what it left. Gives the exit code of the process.
+  /// Checks the library after the end of the event loop. Returns the exit code of the process.
   int End();
 
  private:
   void Tick();
-  void LookAndJudge();
-  void Judge(const VisibleState& now);
-  void JudgeWithin();
+  void ReadAndCheck();
+  void CheckLibrary(const VisibleState& now);
+  void CheckNestedAction();
   void CheckAll(const VisibleState& now);
   std::optional<Action> NextAction();
   void Do(const Action& action);
-  void TellFinding(const std::string& words) const;
+  void WriteFinding(const std::string& finding) const;
   void MakeNewPack(const Action& action) const;
 
-  LifeOrder order_;
-  RandomSource dice_;
+  SessionOptions options_;
+  RandomSource random_;
   User user_;
   Journal journal_;
-  ExpectedLibrary ledger_;
+  ExpectedLibrary expectedLibrary_;
   ResourceWatch resources_;
   VisibleState before_;
-  /// Those that began or ended since the last look.
+  /// The actions that began or ended since the last check.
   std::vector<Action> recent_;
   int action_;
-  /// How many actions have begun and not ended.
+  /// The nesting depth of actions.
   int depth_ = 0;
   int idleEnds_ = 0;
   bool isEnding_ = false;

@@ -24,8 +24,8 @@ namespace {
 
 std::string TargetIn(QWidget& window, const char* control) { return NameOf(window).toStdString() + "/" + control; }
 
-/// Commands that only their window's own list gives, as rarely as it does.
-bool IsWeighed(const QWidget& control) {
+/// Controls with a fixed weight in the list of their window, excluded from AnyControl.
+bool HasOwnWeight(const QWidget& control) {
   static const QStringList names = {QStringLiteral("cmdInstall"), QStringLiteral("cmdPrint"), QStringLiteral("cmdPdf"),
                                     QStringLiteral("cmdListen"), QStringLiteral("cmbTranspose")};
   return names.contains(control.objectName());
@@ -33,114 +33,119 @@ bool IsWeighed(const QWidget& control) {
 
 }  // namespace
 
-Action User::Click(QWidget& window, const char* control) const { return {verb::kClick, TargetIn(window, control), {}}; }
-Action User::Keys(QWidget& window, const char* keys) const { return {verb::kKeys, NameOf(window).toStdString(), keys}; }
+Action User::Click(QWidget& window, const char* control) const {
+  return {action_kind::kClick, TargetIn(window, control), {}};
+}
+Action User::Keys(QWidget& window, const char* keys) const {
+  return {action_kind::kKeys, NameOf(window).toStdString(), keys};
+}
 Action User::Type(QWidget& window, const char* control, std::string text) const {
-  return {verb::kType, TargetIn(window, control), std::move(text)};
+  return {action_kind::kType, TargetIn(window, control), std::move(text)};
 }
 
 Action User::Next() {
   if (QWidget* const popup = QApplication::activePopupWidget()) return InPopup(*popup);
   const std::vector<QWidget*> windows = ReachableWindows();
-  if (windows.empty()) return {verb::kWait, {}, "5"};
+  if (windows.empty()) return {action_kind::kWait, {}, "5"};
   QWidget* const active = QApplication::activeWindow();
   const bool isActive = std::find(windows.begin(), windows.end(), active) != windows.end();
-  if (isActive && !dice_.OneIn(5)) return InWindow(*active);
-  QWidget& other = *dice_.Pick(windows);
-  if (&other != active && dice_.OneIn(3)) return {verb::kActivate, NameOf(other).toStdString(), {}};
+  if (isActive && !random_.OneIn(5)) return InWindow(*active);
+  QWidget& other = *random_.Pick(windows);
+  if (&other != active && random_.OneIn(3)) return {action_kind::kActivate, NameOf(other).toStdString(), {}};
   return InWindow(other);
 }
 
-Action User::NextTowardsEnd() {
+Action User::NextClosingStep() {
   if (QApplication::activePopupWidget() != nullptr)
-    return {verb::kKeys, NameOf(*QApplication::topLevelWidgets().first()).toStdString(), "Esc"};
+    return {action_kind::kKeys, NameOf(*QApplication::topLevelWidgets().first()).toStdString(), "Esc"};
   QWidget* const modal = QApplication::activeModalWidget();
-  if (modal != nullptr && qobject_cast<QMessageBox*>(modal) != nullptr) return {verb::kAnswer, {}, "Esc"};
-  if (modal != nullptr) return {verb::kClose, NameOf(*modal).toStdString(), {}};
+  if (modal != nullptr && qobject_cast<QMessageBox*>(modal) != nullptr) return {action_kind::kAnswer, {}, "Esc"};
+  if (modal != nullptr) return {action_kind::kClose, NameOf(*modal).toStdString(), {}};
   const std::vector<QWidget*> windows = ReachableWindows();
   for (QWidget* const window : windows) {
-    if (NameOf(*window) != QLatin1String("frmTonalith")) return {verb::kClose, NameOf(*window).toStdString(), {}};
+    if (NameOf(*window) != QLatin1String("frmTonalith"))
+      return {action_kind::kClose, NameOf(*window).toStdString(), {}};
   }
-  return {verb::kClose, "frmTonalith", {}};
+  return {action_kind::kClose, "frmTonalith", {}};
 }
 
 Action User::InPopup(QWidget& popup) {
   static const std::vector<const char*> keys = {"Esc", "Up", "Down", "Return", "End", "Home", "Esc"};
   const int entries = EntryCount(&popup);
-  if (entries > 0 && !dice_.OneIn(3)) return {verb::kEntry, {}, std::to_string(dice_.Below(entries))};
-  return Keys(*popup.window(), dice_.Pick(keys));
+  if (entries > 0 && !random_.OneIn(3)) return {action_kind::kEntry, {}, std::to_string(random_.Below(entries))};
+  return Keys(*popup.window(), random_.Pick(keys));
 }
 
 Action User::InMessage(QWidget& box) {
   const auto buttons = static_cast<QMessageBox&>(box).buttons();
-  if (buttons.isEmpty() || dice_.OneIn(6)) return {verb::kAnswer, {}, "Esc"};
-  const QAbstractButton* const button = buttons.at(dice_.Below(static_cast<int>(buttons.size())));
-  return {verb::kAnswer, {}, PlainCaption(button->text()).toStdString()};
+  if (buttons.isEmpty() || random_.OneIn(6)) return {action_kind::kAnswer, {}, "Esc"};
+  const QAbstractButton* const button = buttons.at(random_.Below(static_cast<int>(buttons.size())));
+  return {action_kind::kAnswer, {}, PlainCaption(button->text()).toStdString()};
 }
 
 Action User::InWindow(QWidget& window) {
   const QString name = NameOf(window);
   if (qobject_cast<QMessageBox*>(&window) != nullptr) return InMessage(window);
-  if (dice_.OneIn(8)) return Anything(window);
+  if (random_.OneIn(8)) return AnyControl(window);
   if (name == QLatin1String("frmTonalith")) return InMain(window);
   if (name == QLatin1String("frmScales")) return InEditor(window);
   if (name == QLatin1String("frmSearch")) return InSearch(window);
   if (name == QLatin1String("frmPrint")) return InPrint(window);
   if (name == QLatin1String("QFileDialog")) return InFileDialog(window);
-  if (dice_.OneIn(12)) return {verb::kClose, name.toStdString(), {}};
-  if (dice_.OneIn(12)) return Keys(window, "Esc");
-  return Anything(window);
+  if (random_.OneIn(12)) return {action_kind::kClose, name.toStdString(), {}};
+  if (random_.OneIn(12)) return Keys(window, "Esc");
+  return AnyControl(window);
 }
 
 Action User::InSearch(QWidget& window) {
-  const int throwOf = dice_.Below(20);
-  if (throwOf < 8) return Type(window, "txtSearch", AnySearch(dice_));
-  if (throwOf < 13) return Keys(window, "Return");
-  if (throwOf < 15) return Click(window, "cmdSearch");
-  if (throwOf < 16) return {verb::kErase, TargetIn(window, "txtSearch"), {}};
-  if (throwOf < 17) return {verb::kClose, "frmSearch", {}};
-  if (throwOf < 18) return Keys(window, "Esc");
+  const int roll = random_.Below(20);
+  if (roll < 8) return Type(window, "txtSearch", AnySearch(random_));
+  if (roll < 13) return Keys(window, "Return");
+  if (roll < 15) return Click(window, "cmdSearch");
+  if (roll < 16) return {action_kind::kErase, TargetIn(window, "txtSearch"), {}};
+  if (roll < 17) return {action_kind::kClose, "frmSearch", {}};
+  if (roll < 18) return Keys(window, "Esc");
   return Click(window, "cmdCancel");
 }
 
 Action User::InPrint(QWidget& window) {
-  const int throwOf = dice_.Below(20);
-  if (throwOf < 4) return Click(window, "cmbPaper");
-  if (throwOf < 8) return Click(window, "cmbOrientation");
-  if (throwOf < 10) return Click(window, "cmdPdf");
-  if (throwOf < 11) return Click(window, "cmdPrint");
-  if (throwOf < 12) return Keys(window, "Alt+O");
-  if (throwOf < 13) return {verb::kWheel, TargetIn(window, "cmbPaper"), dice_.OneIn(2) ? "120" : "-120"};
-  if (throwOf < 15) return Keys(window, "Esc");
-  if (throwOf < 16) return {verb::kClose, "frmPrint", {}};
+  const int roll = random_.Below(20);
+  if (roll < 4) return Click(window, "cmbPaper");
+  if (roll < 8) return Click(window, "cmbOrientation");
+  if (roll < 10) return Click(window, "cmdPdf");
+  if (roll < 11) return Click(window, "cmdPrint");
+  if (roll < 12) return Keys(window, "Alt+O");
+  if (roll < 13) return {action_kind::kWheel, TargetIn(window, "cmbPaper"), random_.OneIn(2) ? "120" : "-120"};
+  if (roll < 15) return Keys(window, "Esc");
+  if (roll < 16) return {action_kind::kClose, "frmPrint", {}};
   return Click(window, "cmdCancel");
 }
 
 Action User::InFileDialog(QWidget& window) {
-  if (dice_.OneIn(3)) return Keys(window, "Esc");
-  return {verb::kFile, {}, "page" + std::to_string(dice_.Below(6))};
+  if (random_.OneIn(3)) return Keys(window, "Esc");
+  return {action_kind::kFile, {}, "page" + std::to_string(random_.Below(6))};
 }
 
-Action User::Anything(QWidget& window) {
+Action User::AnyControl(QWidget& window) {
   const std::vector<QWidget*> usable = UsableControls(window);
   static const std::vector<const char*> keys = {"Tab",    "Shift+Tab", "Up",   "Down",   "Left",  "Right",
                                                 "PgDown", "PgUp",      "Home", "End",    "Space", "F1",
                                                 "Esc",    "F10",       "Del",  "Return", "A",     "Backspace"};
-  if (usable.empty() || dice_.OneIn(3)) return Keys(window, dice_.Pick(keys));
-  QWidget& control = *dice_.Pick(usable);
+  if (usable.empty() || random_.OneIn(3)) return Keys(window, random_.Pick(keys));
+  QWidget& control = *random_.Pick(usable);
   const std::string target = AddressOf(control).toStdString();
-  if (IsWeighed(control)) return Keys(window, "Tab");
+  if (HasOwnWeight(control)) return Keys(window, "Tab");
   if (qobject_cast<QSplitterHandle*>(&control) != nullptr) {
-    return {verb::kDrag, target, std::to_string(dice_.Between(-200, 200))};
+    return {action_kind::kDrag, target, std::to_string(random_.Between(-200, 200))};
   }
   const bool isText =
       qobject_cast<QLineEdit*>(&control) != nullptr || qobject_cast<QPlainTextEdit*>(&control) != nullptr;
-  if (isText && dice_.OneIn(2)) return {verb::kType, target, AnyText(dice_, 6)};
-  if (isText && dice_.OneIn(3)) return {verb::kErase, target, {}};
-  if (dice_.OneIn(6)) return {verb::kRightClick, target, {}};
-  if (dice_.OneIn(6)) return {verb::kDoubleClick, target, {}};
-  if (dice_.OneIn(6)) return {verb::kWheel, target, dice_.OneIn(2) ? "120" : "-120"};
-  return {verb::kClick, target, {}};
+  if (isText && random_.OneIn(2)) return {action_kind::kType, target, AnyText(random_, 6)};
+  if (isText && random_.OneIn(3)) return {action_kind::kErase, target, {}};
+  if (random_.OneIn(6)) return {action_kind::kRightClick, target, {}};
+  if (random_.OneIn(6)) return {action_kind::kDoubleClick, target, {}};
+  if (random_.OneIn(6)) return {action_kind::kWheel, target, random_.OneIn(2) ? "120" : "-120"};
+  return {action_kind::kClick, target, {}};
 }
 
 }  // namespace tonalith::stress

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The user who decides by dice what to do next: with an open popup, a modal dialog, the window in front or another one;
-// mostly what that window is for, sometimes anything that can be clicked. Looks at the widgets, touches none.
-// User-interface thread; never fails.
+// A simulated user: selects the next random action for the open popup, the modal dialog, the active window or another
+// one. Usually selects a typical action of that window, sometimes any control. Only reads the widgets.
 
 #pragma once
 
@@ -16,11 +15,11 @@ namespace tonalith::stress {
 
 class User {
  public:
-  explicit User(RandomSource& dice) : dice_(dice) {}
+  explicit User(RandomSource& random) : random_(random) {}
 
   Action Next();
-  /// The next step towards an end of the program.
-  Action NextTowardsEnd();
+  /// The next step towards closing the program.
+  Action NextClosingStep();
 
  private:
   Action InPopup(QWidget& popup);
@@ -33,13 +32,13 @@ class User {
   Action InSearch(QWidget& window);
   Action InPrint(QWidget& window);
   Action InFileDialog(QWidget& window);
-  Action Anything(QWidget& window);
+  Action AnyControl(QWidget& window);
 
   Action Click(QWidget& window, const char* control) const;
   Action Keys(QWidget& window, const char* keys) const;
   Action Type(QWidget& window, const char* control, std::string text) const;
 
-  RandomSource& dice_;
+  RandomSource& random_;
 };
 
 }  // namespace tonalith::stress

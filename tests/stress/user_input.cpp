@@ -25,30 +25,34 @@ namespace {
 
 QWindow* WindowOf(QWidget& control) { return control.window()->windowHandle(); }
 
-QPoint PlaceInWindow(const QWidget& control, const QPoint& place) { return control.mapTo(control.window(), place); }
+QPoint PositionInWindow(const QWidget& control, const QPoint& position) {
+  return control.mapTo(control.window(), position);
+}
 
-/// As a window manager does before a click arrives.
+/// A window manager activates the window before it delivers a click.
 void Activate(QWidget& window) {
   if (QApplication::activePopupWidget() == nullptr && !window.isActiveWindow()) window.activateWindow();
 }
 
-/// What the window system hands to the program. It is done when this returns, with everything that it led to.
+/// Sends mouse events as the window system does, synchronously.
 class Pointer {
  public:
   explicit Pointer(QWindow& window) : window_(&window) {}
 
-  void Press(const QPoint& place, Qt::MouseButton button) { Send(QEvent::MouseButtonPress, place, button, button); }
-  void Release(const QPoint& place, Qt::MouseButton button) {
-    Send(QEvent::MouseButtonRelease, place, button, Qt::NoButton);
+  void Press(const QPoint& position, Qt::MouseButton button) {
+    Send(QEvent::MouseButtonPress, position, button, button);
   }
-  void Move(const QPoint& place) { Send(QEvent::MouseMove, place, Qt::NoButton, Qt::LeftButton); }
+  void Release(const QPoint& position, Qt::MouseButton button) {
+    Send(QEvent::MouseButtonRelease, position, button, Qt::NoButton);
+  }
+  void Move(const QPoint& position) { Send(QEvent::MouseMove, position, Qt::NoButton, Qt::LeftButton); }
 
  private:
-  void Send(QEvent::Type type, const QPoint& place, Qt::MouseButton button, Qt::MouseButtons held) {
+  void Send(QEvent::Type type, const QPoint& position, Qt::MouseButton button, Qt::MouseButtons buttons) {
     if (window_.isNull()) return;
-    qt_handleMouseEvent(window_, place, window_->mapToGlobal(place), held, button, type, Qt::NoModifier, Now());
+    qt_handleMouseEvent(window_, position, window_->mapToGlobal(position), buttons, button, type, Qt::NoModifier, Now());
   }
-  /// Two clicks one after the other are no double click.
+  /// For single clicks the double-click interval is 0, so the distance of 5 ms prevents double clicks.
   static int Now() {
     static int now = 0;
     return now += 5;
@@ -57,12 +61,12 @@ class Pointer {
   QPointer<QWindow> window_;
 };
 
-/// Clicks in a row; two are a double click.
-bool ClickAt(QWidget& control, const QPoint& place, Qt::MouseButton button = Qt::LeftButton, int times = 1) {
+/// Two clicks are a double click.
+bool ClickAt(QWidget& control, const QPoint& position, Qt::MouseButton button = Qt::LeftButton, int times = 1) {
   Activate(*control.window());
   QWindow* const window = WindowOf(control);
   if (window == nullptr) return false;
-  const QPoint at = PlaceInWindow(control, place);
+  const QPoint at = PositionInWindow(control, position);
   static const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
   QGuiApplication::styleHints()->setMouseDoubleClickInterval(times == 2 ? interval : 0);
   Pointer pointer(*window);
@@ -74,33 +78,33 @@ bool ClickAt(QWidget& control, const QPoint& place, Qt::MouseButton button = Qt:
 }
 
 void PressKey(QWindow* window, int key, Qt::KeyboardModifiers modifiers, const QString& text) {
-  const QPointer<QWindow> there(window);
-  qt_handleKeyEvent(there, QEvent::KeyPress, key, modifiers, text);
-  if (!there.isNull()) qt_handleKeyEvent(there, QEvent::KeyRelease, key, modifiers, text);
+  const QPointer<QWindow> guard(window);
+  qt_handleKeyEvent(guard, QEvent::KeyPress, key, modifiers, text);
+  if (!guard.isNull()) qt_handleKeyEvent(guard, QEvent::KeyRelease, key, modifiers, text);
 }
 
 bool Click(QWidget& control) { return ClickAt(control, control.rect().center()); }
 
-/// Where keys go: a popup takes all of them.
+/// The window that receives keys: an open popup receives all of them.
 QWindow* KeyWindow(QWidget& window) {
   if (QWidget* const popup = QApplication::activePopupWidget()) return WindowOf(*popup);
   Activate(*window.window());
   return WindowOf(window);
 }
 
-/// One character after the other, each to what has the focus by then.
+/// Sends each character to the control that has the focus at that time.
 bool TypeText(QWidget& window, const QString& text) {
-  const QPointer<QWidget> there(&window);
+  const QPointer<QWidget> guard(&window);
   for (const char32_t character : text.toUcs4()) {
-    if (there.isNull() || !there->isVisible()) return true;
+    if (guard.isNull() || !there->isVisible()) return true;
     const bool isLatin = character >= 32 && character < 127;
     const int key = isLatin ? QTest::asciiToKey(static_cast<char>(character)) : static_cast<int>(Qt::Key_unknown);
-    PressKey(KeyWindow(*there), key, Qt::NoModifier, QString::fromUcs4(&character, 1));
+    PressKey(KeyWindow(*guard), key, Qt::NoModifier, QString::fromUcs4(&character, 1));
   }
   return true;
 }
 
-/// What a key writes by itself.
+/// The text that a key without modifiers types.
 QString TextOf(QKeyCombination keys) {
   if (keys.keyboardModifiers() != Qt::NoModifier) return {};
   const char letter = keys.key() < 128 ? static_cast<char>(keys.key()) : '\0';
@@ -117,8 +121,8 @@ bool PressKeys(QWidget& window, const QString& text) {
 
 bool Wheel(QWidget& control, int turn) {
   Activate(*control.window());
-  const QPointF place = control.rect().center();
-  QWheelEvent event(place, control.mapToGlobal(place), {}, QPoint(0, turn), Qt::NoButton, Qt::NoModifier,
+  const QPointF position = control.rect().center();
+  QWheelEvent event(position, control.mapToGlobal(position), {}, QPoint(0, turn), Qt::NoButton, Qt::NoModifier,
                     Qt::NoScrollPhase, false);
   QApplication::sendEvent(&control, &event);
   return true;
@@ -127,7 +131,7 @@ bool Wheel(QWidget& control, int turn) {
 bool Drag(QWidget& control, int pixels) {
   QWindow* const window = WindowOf(control);
   if (window == nullptr) return false;
-  const QPoint from = PlaceInWindow(control, control.rect().center());
+  const QPoint from = PositionInWindow(control, control.rect().center());
   Pointer pointer(*window);
   pointer.Press(from, Qt::LeftButton);
   pointer.Move(from + QPoint(pixels / 2, 0));
@@ -180,15 +184,15 @@ bool Answer(const QString& text) {
   return PressKeys(*box, text);
 }
 
-bool NameFile(const QString& name) {
+bool EnterFileName(const QString& name) {
   QWidget* const dialog = FindWindow(QStringLiteral("QFileDialog"));
   auto* const box = dialog == nullptr ? nullptr : dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
   if (box == nullptr) return false;
-  const QPointer<QWidget> there(dialog);
+  const QPointer<QWidget> guard(dialog);
   Click(*box);
   box->selectAll();
   TypeText(*dialog, name);
-  return there.isNull() || PressKeys(*there, QStringLiteral("Return"));
+  return guard.isNull() || PressKeys(*guard, QStringLiteral("Return"));
 }
 
 bool EraseIn(QWidget& control) {
@@ -198,20 +202,20 @@ bool EraseIn(QWidget& control) {
   return window.isNull() || PressKeys(*window, QStringLiteral("Del"));
 }
 
-/// The verbs that need a control.
-bool PerformOn(QWidget& control, const std::string& what, const QString& text) {
+/// The kinds of actions that need a control.
+bool PerformOn(QWidget& control, const std::string& kind, const QString& text) {
   const QPointer<QWidget> window(control.window());
-  if (what == verb::kClick) return Click(control);
-  if (what == verb::kDoubleClick) return ClickAt(control, control.rect().center(), Qt::LeftButton, 2);
-  if (what == verb::kRightClick) return ClickAt(control, control.rect().center(), Qt::RightButton);
-  if (what == verb::kWheel) return Wheel(control, text.toInt());
-  if (what == verb::kDrag) return Drag(control, text.toInt());
-  if (what == verb::kErase) return EraseIn(control);
-  if (what == verb::kKeys) return PressKeys(control, text);
-  if (what == verb::kMenu) return OpenMenu(control, text);
-  if (what == verb::kActivate) return control.window()->activateWindow(), true;
-  if (what == verb::kClose) return WindowOf(control) != nullptr && WindowOf(control)->close();
-  if (what != verb::kType) return false;
+  if (kind == action_kind::kClick) return Click(control);
+  if (kind == action_kind::kDoubleClick) return ClickAt(control, control.rect().center(), Qt::LeftButton, 2);
+  if (kind == action_kind::kRightClick) return ClickAt(control, control.rect().center(), Qt::RightButton);
+  if (kind == action_kind::kWheel) return Wheel(control, text.toInt());
+  if (kind == action_kind::kDrag) return Drag(control, text.toInt());
+  if (kind == action_kind::kErase) return EraseIn(control);
+  if (kind == action_kind::kKeys) return PressKeys(control, text);
+  if (kind == action_kind::kMenu) return OpenMenu(control, text);
+  if (kind == action_kind::kActivate) return control.window()->activateWindow(), true;
+  if (kind == action_kind::kClose) return WindowOf(control) != nullptr && WindowOf(control)->close();
+  if (kind != action_kind::kType) return false;
   Click(control);
   return window.isNull() || TypeText(*window, text);
 }
@@ -228,11 +232,11 @@ int EntryCount(QWidget* popup) {
 
 bool Perform(const Action& action) {
   const QString text = QString::fromStdString(action.text);
-  if (action.verb == verb::kEntry) return ChooseEntry(text.toInt());
-  if (action.verb == verb::kAnswer) return Answer(text);
-  if (action.verb == verb::kFile) return NameFile(text);
+  if (action.kind == action_kind::kEntry) return ChooseEntry(text.toInt());
+  if (action.kind == action_kind::kAnswer) return Answer(text);
+  if (action.kind == action_kind::kFile) return EnterFileName(text);
   QWidget* const control = FindControl(QString::fromStdString(action.target));
-  return control != nullptr && PerformOn(*control, action.verb, text);
+  return control != nullptr && PerformOn(*control, action.kind, text);
 }
 
 }  // namespace tonalith::stress

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The hands of the user: carries out an action with real mouse and key events through the windows of the platform, so
-// that modal dialogs, popups, shortcuts and the focus count as they do for a person. An action may open a dialog and
-// return only when that is closed again; whatever was there before may be gone then. User-interface thread.
+// Performs an action with real mouse and key events through the platform window, so that modal dialogs, popups,
+// shortcuts and the focus behave as for a user. An action may open a dialog and return only after that is closed;
+// widgets may be destroyed by then.
 
 #pragma once
 
@@ -16,11 +16,11 @@ class QWidget;
 
 namespace tonalith::stress {
 
-/// False when there is nothing of that name to act on.
+/// Returns false if the target does not exist.
 bool Perform(const Action& action);
 
-/// The verbs. Those with a text say here what it is.
-namespace verb {
+/// The kinds of actions, with the meaning of their text.
+namespace action_kind {
 inline constexpr const char* kClick = "click";
 inline constexpr const char* kDoubleClick = "double click";
 inline constexpr const char* kRightClick = "right click";
@@ -28,11 +28,11 @@ inline constexpr const char* kRightClick = "right click";
 inline constexpr const char* kWheel = "wheel";
 /// Pixels to the right.
 inline constexpr const char* kDrag = "drag";
-/// Characters, behind a click on the control.
+/// Characters, typed after a click on the control.
 inline constexpr const char* kType = "type";
-/// Everything in the control.
+/// Deletes the content of the control; no text.
 inline constexpr const char* kErase = "erase";
-/// A key sequence; target is the window.
+/// A key sequence; the target is the window.
 inline constexpr const char* kKeys = "keys";
 /// The object name of a menu, in the menu bar of the target.
 inline constexpr const char* kMenu = "menu";
@@ -44,16 +44,16 @@ inline constexpr const char* kAnswer = "answer";
 inline constexpr const char* kFile = "file";
 inline constexpr const char* kActivate = "activate";
 inline constexpr const char* kClose = "close";
-/// Milliseconds without doing anything.
+/// Milliseconds without an action.
 inline constexpr const char* kWait = "wait";
-/// Not with the window: puts a pack of that many scales into the folder of packs.
+/// Creates a pack with this number of scales in the folder of packs; uses no window.
 inline constexpr const char* kPack = "pack";
-}  // namespace verb
+}  // namespace action_kind
 
-/// A caption without its mnemonic mark.
+/// A caption without its mnemonic character.
 QString PlainCaption(QString caption);
 
-/// The number of entries of the popup that is open; 0 where none is.
+/// The number of entries of the open popup; 0 if there is none.
 int EntryCount(QWidget* popup);
 
 }  // namespace tonalith::stress

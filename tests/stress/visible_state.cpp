@@ -22,29 +22,29 @@ Window* VisibleWindow() {
   return nullptr;
 }
 
-EditorState LookAtEditor() {
-  EditorState sight;
+EditorState ReadEditorState() {
+  EditorState state;
   const auto* const form = VisibleWindow<editor::frmScales>();
-  if (form == nullptr || form->IsUnloaded()) return sight;
+  if (form == nullptr || form->IsUnloaded()) return state;
   const editor::ScalesControls& c = form->Controls();
-  sight.isThere = true;
-  sight.hasRecord = c.datPrimaryRS->HasRecord();
-  sight.isPending = c.datPrimaryRS->IsEditPending();
+  state.isOpen = true;
+  state.hasRecord = c.datPrimaryRS->HasRecord();
+  state.isPending = c.datPrimaryRS->IsEditPending();
   const auto bookmark = c.datPrimaryRS->CurrentBookmark();
-  sight.isNew = sight.hasRecord && !bookmark;
-  sight.number = bookmark ? bookmark->key : 0;
-  sight.isModifying = form->IsInModifyMode();
-  for (std::size_t i = 0; i < sight.fields.size(); ++i) {
-    if (c.txtFields[i].binding != nullptr) sight.fields[i] = c.txtFields[i].Text();
+  state.isNew = state.hasRecord && !bookmark;
+  state.number = bookmark ? bookmark->key : 0;
+  state.isModifying = form->IsInModifyMode();
+  for (std::size_t i = 0; i < state.fields.size(); ++i) {
+    if (c.txtFields[i].binding != nullptr) state.fields[i] = c.txtFields[i].Text();
   }
-  sight.pattern = c.txtIntervals->text();
-  sight.notice = c.lblNotice->text();
-  sight.notes = static_cast<unsigned>(form->SelectedNotes().to_ulong());
+  state.pattern = c.txtIntervals->text();
+  state.notice = c.lblNotice->text();
+  state.notes = static_cast<unsigned>(form->SelectedNotes().to_ulong());
   if (const editor::RejectedEdit* const edit = form->LatestRejected()) {
-    sight.setAside.emplace();
-    for (std::size_t i = 0; i < sight.fields.size(); ++i) sight.setAside->at(i) = edit->fields.at(i).text;
+    state.rejectedFields.emplace();
+    for (std::size_t i = 0; i < state.fields.size(); ++i) state.rejectedFields->at(i) = edit->fields.at(i).text;
   }
-  return sight;
+  return state;
 }
 
 }  // namespace
@@ -60,22 +60,22 @@ bool IsReturning() {
 
 app::frmTonalith* MainWindow() { return VisibleWindow<app::frmTonalith>(); }
 
-VisibleState Look() {
-  VisibleState sight;
-  sight.editor = LookAtEditor();
+VisibleState ReadVisibleState() {
+  VisibleState state;
+  state.editor = ReadEditorState();
   QWidget* const modal = QApplication::activeModalWidget();
   const auto* const box = qobject_cast<QMessageBox*>(modal);
   if (box != nullptr && box->objectName() == QLatin1String("MsgBox")) {
-    sight.message = box->text().toStdString();
-    sight.box = box;
+    state.message = box->text().toStdString();
+    state.box = box;
   }
   const auto* const editor = VisibleWindow<editor::frmScales>();
-  sight.isBusy = IsReturning() || (modal == nullptr && editor != nullptr && editor->IsRunning());
+  state.isBusy = IsReturning() || (modal == nullptr && editor != nullptr && editor->IsRunning());
   const app::frmTonalith* const form = MainWindow();
-  if (form == nullptr) return sight;
-  sight.isInstalling = !form->Controls().cmdInstall->isEnabled();
-  sight.isBusy = sight.isBusy || !form->updatesEnabled() || (sight.isInstalling && modal == nullptr);
-  return sight;
+  if (form == nullptr) return state;
+  state.isInstalling = !form->Controls().cmdInstall->isEnabled();
+  state.isBusy = state.isBusy || !form->updatesEnabled() || (state.isInstalling && modal == nullptr);
+  return state;
 }
 
 }  // namespace tonalith::stress

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What a user sees between two actions, as values: the message box, the editor's form. Taken from the real widgets on
-// the user-interface thread; never fails; nothing is kept of the widgets.
+// The state that a user sees between two actions, as values: the message box and the fields of the editor. Read from
+// the real widgets.
 
 #pragma once
 
@@ -18,47 +18,47 @@ class frmTonalith;
 
 namespace tonalith::stress {
 
-namespace question {
+namespace message_text {
 inline constexpr const char* kKeep = "Are you sure you want to keep these changes?";
 inline constexpr const char* kDelete =
     "Are you sure you want to delete this record? You will not be able to undo the deletion!";
-}  // namespace question
+}  // namespace message_text
 
 struct EditorState {
-  bool isThere = false;
+  bool isOpen = false;
   bool hasRecord = false;
   bool isPending = false;
-  /// A record that has no number yet.
+  /// The record has no number yet.
   bool isNew = false;
   bool isModifying = false;
   std::int64_t number = 0;
-  /// By the index of the field; the box of the chord has no text.
+  /// By the index of the field; the chord check box has no text.
   std::array<QString, 8> fields;
-  /// What stands in the box of the pattern, which may be typed or chosen but not be in the record yet.
+  /// The text of the pattern box, which may not be in the record yet.
   QString pattern;
   QString notice;
-  /// Bit i: note i is chosen.
+  /// Bit i: note i is selected.
   unsigned notes = 0;
-  /// The fields that undoing would bring back; nothing where no changes are set aside.
-  std::optional<std::array<QString, 8>> setAside;
+  /// The fields of the rejected edit that undo would restore; nullopt if there is none.
+  std::optional<std::array<QString, 8>> rejectedFields;
 };
 
 struct VisibleState {
   EditorState editor;
-  /// The text of the message box on top; empty where there is none.
+  /// The text of the topmost message box; empty if there is none.
   std::string message;
-  /// Tells two boxes apart.
+  /// Identifies the message box.
   const void* box = nullptr;
-  /// Whether the program is in the middle of something during which a user's clicks wait.
+  /// Whether the program runs a command and does not process user input.
   bool isBusy = false;
   bool isInstalling = false;
 };
 
-/// Whether a dialog is closed already, but whoever has shown it has not gone on yet: a moment too short for any user.
+/// Whether a dialog is closed, but its nested event loop has not returned yet. Too short for a user to act in.
 bool IsReturning();
 
-/// The main window, null once it is closed.
+/// The main window; null after it is closed.
 app::frmTonalith* MainWindow();
-VisibleState Look();
+VisibleState ReadVisibleState();
 
 }  // namespace tonalith::stress

@@ -38,8 +38,8 @@ std::vector<char*> Pointers(std::vector<std::string>& texts) {
   return pointers;
 }
 
-std::vector<std::string> Environment(const Places& places) {
-  const std::string home = places.Home().string();
+std::vector<std::string> Environment(const WorkPaths& paths) {
+  const std::string home = paths.Home().string();
   std::vector<std::string> variables = {"HOME=" + home,
                                         "XDG_DATA_HOME=" + home + "/data",
                                         "XDG_CONFIG_HOME=" + home + "/config",
@@ -58,35 +58,35 @@ std::vector<std::string> Environment(const Places& places) {
 
 }  // namespace
 
-WorkFolder::WorkFolder(const fs::path& stage) : places_{MakeRoot()} {
-  fs::create_directories(places_.Stage());
-  fs::create_directories(places_.Home() / "Documents");
-  fs::permissions(places_.Home(), fs::perms::owner_all);
+WorkFolder::WorkFolder(const fs::path& stage) : paths_{MakeRoot()} {
+  fs::create_directories(paths_.Stage());
+  fs::create_directories(paths_.Home() / "Documents");
+  fs::permissions(paths_.Home(), fs::perms::owner_all);
   for (const char* const name : {"TonalithDB97.mdb", "TLHELP.chm", "DataPacks"}) {
-    fs::copy(stage / name, places_.Stage() / name, fs::copy_options::recursive);
+    fs::copy(stage / name, paths_.Stage() / name, fs::copy_options::recursive);
   }
-  // Only read, and large.
+  // Large, and never written.
   for (const char* const name : {"Audio", "Octaves"}) {
-    fs::create_directory_symlink(fs::absolute(stage / name), places_.Stage() / name);
+    fs::create_directory_symlink(fs::absolute(stage / name), paths_.Stage() / name);
   }
   std::error_code error;
-  fs::create_hard_link("/proc/self/exe", places_.Program(), error);
+  fs::create_hard_link("/proc/self/exe", paths_.Program(), error);
   const fs::path self = fs::read_symlink("/proc/self/exe");
-  if (error) fs::create_hard_link(self, places_.Program(), error);
-  if (error) fs::copy_file(self, places_.Program());
+  if (error) fs::create_hard_link(self, paths_.Program(), error);
+  if (error) fs::copy_file(self, paths_.Program());
 }
 
 WorkFolder::~WorkFolder() {
   std::error_code ignored;
-  fs::remove_all(places_.root, ignored);
+  fs::remove_all(paths_.root, ignored);
 }
 
 void WorkFolder::AddBrokenPacks() const {
-  const auto pack = [&](const char* name) { return places_.Packs() / (std::string(kBrokenPack) + name + ".mdb"); };
+  const auto pack = [&](const char* name) { return paths_.Packs() / (std::string(kBrokenPack) + name + ".mdb"); };
   Write(pack("Empty"), "");
   Write(pack("Text"), "These are no scales.\n");
   Write(pack("Noise"), std::string(7000, '\xA5'));
-  const std::string whole = ContentOf(places_.Library());
+  const std::string whole = ContentOf(paths_.Library());
   Write(pack("Cut"), whole.substr(0, whole.size() / 2));
   std::string scratched = whole;
   for (std::size_t i = 4096; i < scratched.size(); i += 512) scratched[i] = static_cast<char>(scratched[i] ^ 0x55);
@@ -105,10 +105,10 @@ void WorkFolder::AddBrokenPacks() const {
 }
 
 pid_t WorkFolder::Start(const std::vector<std::string>& arguments, int output) const {
-  std::vector<std::string> words = {places_.Program().string()};
-  words.insert(words.end(), arguments.begin(), arguments.end());
-  std::vector<std::string> variables = Environment(places_);
-  const std::vector<char*> argv = Pointers(words);
+  std::vector<std::string> allArguments = {paths_.Program().string()};
+  allArguments.insert(allArguments.end(), arguments.begin(), arguments.end());
+  std::vector<std::string> variables = Environment(paths_);
+  const std::vector<char*> argv = Pointers(allArguments);
   const std::vector<char*> environment = Pointers(variables);
   const pid_t process = ::fork();
   if (process < 0) throw std::runtime_error("no process");
@@ -120,7 +120,7 @@ pid_t WorkFolder::Start(const std::vector<std::string>& arguments, int output) c
   ::_exit(127);
 }
 
-void MakePack(const fs::path& path, const std::string& word, int scales, int type) {
+void MakePack(const fs::path& path, const std::string& namePrefix, int scales, int type) {
   fs::remove(path);
   const LibraryFile pack(path.string(), LibraryFile::Open::kForWriting);
   const std::string number = std::to_string(type);
@@ -135,7 +135,7 @@ void MakePack(const fs::path& path, const std::string& word, int scales, int typ
       std::to_string(scales) +
       ") "
       "INSERT INTO Scales SELECT i, '" +
-      word + " ' || i, " + number + ", '" + word +
+      namePrefix + " ' || i, " + number + ", '" + namePrefix +
       " of ' || i, 'D',"
       " substr('2131221', 1 + i % 3), i % 2, i FROM n");
 }

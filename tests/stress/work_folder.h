@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A copy of the stage in a folder for temporary files, with this very program in the place of `tonalith`, so that the
-// program's own start finds it as its folder; a home of its own beside it; packs that are broken. Gone with the
-// destructor. Parent process; what the system refuses throws std::runtime_error or std::filesystem::filesystem_error.
+// A temporary copy of the stage in which this executable replaces `tonalith`, so that the program uses the copy as its
+// folder; a separate home folder; broken packs. Removed by the destructor. Throws std::runtime_error or
+// std::filesystem::filesystem_error if the system refuses an operation.
 
 #pragma once
 
@@ -15,8 +15,8 @@
 
 namespace tonalith::stress {
 
-/// The places, from either side: the parent knows the root, a life finds it above its own folder.
-struct Places {
+/// The paths of a work folder. The child process gets the root from the path of its executable.
+struct WorkPaths {
   std::filesystem::path root;
 
   [[nodiscard]] std::filesystem::path Stage() const { return root / "stage"; }
@@ -36,17 +36,18 @@ class WorkFolder {
   WorkFolder(const WorkFolder&) = delete;
   WorkFolder& operator=(const WorkFolder&) = delete;
 
-  [[nodiscard]] const Places& Where() const { return places_; }
+  [[nodiscard]] const WorkPaths& Paths() const { return paths_; }
   void AddBrokenPacks() const;
 
-  /// Starts the program with these arguments, without a screen, sound or desktop. `output`, if any, becomes file 3.
+  /// Starts the program with these arguments, without a screen, sound or desktop. `output`, if not negative, becomes
+  /// file descriptor 3.
   [[nodiscard]] pid_t Start(const std::vector<std::string>& arguments, int output = -1) const;
 
  private:
-  Places places_;
+  WorkPaths paths_;
 };
 
-/// Makes a pack of that many scales, whose names begin with `word`, and a type of its own.
-void MakePack(const std::filesystem::path& path, const std::string& word, int scales, int type);
+/// Creates a pack with one type and `scales` scales. Their names begin with `namePrefix`.
+void MakePack(const std::filesystem::path& path, const std::string& namePrefix, int scales, int type);
 
 }  // namespace tonalith::stress

@@ -1,17 +1,17 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""The list of cases: a case is a function of the session, known by its name, that throws when something is wrong."""
+"""The registry of cases: a case has a name and is a function of the session that raises an exception on failure."""
 
 CASES = {}
 SHORT = set()
 
 
 class Skipped(Exception):
-    """This machine cannot do the case; the text says why."""
+    """The case cannot run on this system; the text is the reason."""
 
 
 def case(name, short=False):
-    """Enters the function under this name; `short` puts it into the short run too."""
+    """Registers a function under this name; `short` includes it in the short run."""
     def enter(function):
         CASES[name] = function
         if short:

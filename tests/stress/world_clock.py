@@ -1,11 +1,10 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""Cases: a clock that is set for hours, forward and back, and a machine that stands still, while a scale plays and
-while one is edited.
+"""Cases: the time of day changes by hours, and the process is suspended, during playback and editing.
 
-The program alone sees the other time of day, through libfaketime, which reads it from a file again and again. Its
-steady clock is left alone: that one is never set, and libfaketime breaks the waiting of threads where it changes it.
-Without a sound device the program keeps the time of the notes by itself.
+Only the program sees the other time, through libfaketime, which reads it from a file. The monotonic clock is not
+changed: no system sets it, and libfaketime would break timed waits of threads. Without a sound device the program times
+the notes itself.
 """
 
 import glob
@@ -18,20 +17,20 @@ import world_use as use
 from timed import timely
 from world_cases import Skipped, case, require
 
-LIBRARIES = "/usr/lib/*/faketime/libfaketimeMT.so.1"
-# Seconds that the time of day is off, one jump after the other.
+FAKETIME = "/usr/lib/*/faketime/libfaketimeMT.so.1"
+# The offsets of the time of day, in seconds, in sequence.
 JUMPS = (5 * 3600, -9 * 3600, 30 * 3600, -26 * 3600)
 SILENT = {"ALSOFT_DRIVERS": "none"}
-STOPS = 3
-STANDSTILL = 1.5
-# Seconds that the notes of the second scale last at least, and that they may take.
+SUSPENSIONS = 3
+SUSPENDED_SECONDS = 1.5
+# Bounds for the playback of the second scale, in seconds.
 SHORTEST_PLAYBACK = 3.5
 LONGEST_PLAYBACK = 15.0
 
 
 @case("clock set", short=True)
 def clock_set(session):
-    libraries = glob.glob(LIBRARIES)
+    libraries = glob.glob(FAKETIME)
     if not libraries:
         raise Skipped("libfaketime is not installed")
     stage = session.new_stage()
@@ -50,39 +49,39 @@ def clock_set(session):
     use.leave(session, "Scales")
     use.search(session, use.FOUND)
     session.close()
-    use.require_whole(path, ["Campfire minor"])
+    use.require_intact(path, ["Campfire minor"])
 
 
-@case("machine stands still")
-def machine_stands_still(session):
+@case("process suspended")
+def process_suspended(session):
     stage = session.new_stage()
     path = os.path.join(stage, "TonalithDB97.mdb")
     session.start(stage, SILENT)
-    play(session, [lambda: stand_still(session)] * STOPS)
+    play(session, [lambda: suspend(session)] * SUSPENSIONS)
     editor = use.open_editor(session)
     use.type_scale(session, editor, "Campfire minor")
-    stand_still(session)
+    suspend(session)
     session.until(lambda: use.rows(path, use.ROW, "Campfire minor"), "the scale in the library")
     use.leave(session, "Scales")
     session.close()
-    use.require_whole(path, ["Campfire minor"])
+    use.require_intact(path, ["Campfire minor"])
 
 
-def stand_still(session):
+def suspend(session):
     session.program.send_signal(signal.SIGSTOP)
-    time.sleep(STANDSTILL)
+    time.sleep(SUSPENDED_SECONDS)
     session.program.send_signal(signal.SIGCONT)
 
 
 def set_clock(clock, seconds):
-    """The whole file at once: the program may read it at any moment."""
+    """Replaces the file atomically: the program may read it at any time."""
     with open(clock + ".new", "w", encoding="ascii") as file:
         file.write(f"{seconds:+d}\n")
     os.replace(clock + ".new", clock)
 
 
 def require_faked(clock, environment):
-    """Another program sees the jumps: without that nothing here would show anything."""
+    """Checks that libfaketime works: another program must see the offsets."""
     for seconds in (0, JUMPS[0], JUMPS[1], 0):
         set_clock(clock, seconds)
         date = subprocess.run(["date", "+%s"], env={**os.environ, **environment}, stdout=subprocess.PIPE, check=True)
@@ -91,16 +90,16 @@ def require_faked(clock, environment):
 
 
 def play(session, jumps):
-    """Plays the second scale, with these jumps while it sounds."""
+    """Plays the second scale and calls the jumps during the playback."""
     use.walk(session)
     use.listen(session)
     start = time.monotonic()
     for jump in jumps:
         jump()
-        session.until(lambda: session.status(), "an answer after the jump")
+        session.until(lambda: session.status(), "a response after the jump")
         time.sleep(0.3)
     session.until(lambda: session.status() == "Standby", "the end of the playback")
     took = time.monotonic() - start
     require(took > SHORTEST_PLAYBACK, f"the jumps have cut the playback down to {took:.1f} s")
     require(took < timely(LONGEST_PLAYBACK), f"the playback took {took:.1f} s")
-    require(not session.said, f"the program says {session.said}")
+    require(not session.messages, f"messages: {session.messages}")

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""What can stand in the place of a file or folder: each fault is a function of the path that it is done to.
+"""Faults: functions that replace or damage the file or folder at a path.
 
-fingerprint() says what stands at a path, so that a test can see whether it has been touched.
+fingerprint() describes the content of a path, so that a test can detect changes.
 """
 
 import hashlib
@@ -39,8 +39,8 @@ def sparse(path):
     os.truncate(path, SPARSE)
 
 
-def swollen(path):
-    """What it is, and behind it more than a disk holds."""
+def extended(path):
+    """The file, extended by a hole to more than the disk has."""
     if not os.path.exists(path):
         write(path, b"\0" * 4096)
     os.truncate(path, SPARSE)
@@ -79,18 +79,18 @@ FAULTS = {
     "empty": lambda path: write(path, b""),
     "folder": folder,
     "sparse": sparse,
-    "swollen": swollen,
+    "extended": extended,
     "loop": loop,
     "pipe": pipe,
     "locked": locked,
     "half": half,
 }
-# Those that can also stand in the place of a folder.
+# The faults that can also replace a folder.
 FOLDER_FAULTS = {name: FAULTS[name] for name in ("noise4096", "absent", "empty", "loop", "pipe", "locked")}
 
 
 def fingerprint(path):
-    """Kind, size and content; of a file that is mostly a hole, the part that is not."""
+    """Kind, size, mode and a hash of the first 4 MiB: the rest of a sparse file is a hole."""
     try:
         status = os.lstat(path)
     except FileNotFoundError:
@@ -106,14 +106,14 @@ def fingerprint(path):
 
 
 def digest(path):
-    """None of a file that may not be read: its size and its time of change have to do."""
+    """The hash, or the modification time if the file cannot be read."""
     if not os.access(path, os.R_OK):
         return os.stat(path).st_mtime_ns
     with open(path, "rb") as file:
         return hashlib.sha256(file.read(1 << 22)).hexdigest()
 
 
-def heal(path):
-    """Gives back the rights that a fault has taken, so that the folder can be removed."""
+def restore_permissions(path):
+    """Undoes a fault of the permissions, so that the folder can be removed."""
     if os.path.lexists(path) and not os.path.islink(path):
         os.chmod(path, 0o755 if os.path.isdir(path) else 0o644)

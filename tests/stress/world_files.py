@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""Cases: every file and folder that the program reads, replaced by what it is not.
+"""Cases: every file and folder that the program reads, replaced or damaged.
 
-The program starts or says which file is wrong; it goes on, ends when it is asked to, stays small, and leaves what it
-found as it was. A sound or a help file that is wrong is told in the words of the product, which name no sound file.
+The program starts or reports the invalid file; it keeps running, closes on request, stays within its memory limit and
+does not change the file. The fixed messages about sounds and the help do not name the sound file.
 """
 
 import os
@@ -12,21 +12,21 @@ import struct
 
 import world_use as use
 from world_cases import case, require
-from world_faults import FAULTS, FOLDER_FAULTS, SPARSE, fingerprint, heal, write
+from world_faults import FAULTS, FOLDER_FAULTS, SPARSE, fingerprint, restore_permissions, write
 
 DATABASE = "TonalithDB97.mdb"
 COMPANIONS = ("-journal", "-wal", "-shm")
 COMPANION_FAULTS = ("noise4096", "noise1048576", "empty", "folder", "sparse", "loop", "pipe", "locked")
 SHORT = ("noise4096", "absent", "folder", "pipe", "sparse", "locked")
-# What tells no more than other noise, except in the place of a library.
-SMALL_NOISES = ("noise1", "noise100")
-# Faults that leave everything there that is needed.
-HARMLESS = ("swollen",)
+# Only tested for the library: other files are read like with more noise.
+REDUNDANT_FAULTS = ("noise1", "noise100")
+# Faults that do not affect the needed content.
+HARMLESS = ("extended",)
 JET = "DataPack_Jet2000.mdb"
 PACK = os.path.join("DataPacks", "DataPack_Jazz.mdb")
 JET_PACK = os.path.join("DataPacks", JET)
 FIRST_SOUND = os.path.join("Audio", "0.wav")
-# The open first string, E in the third octave of the folder.
+# The open first string is E4, number 28 in the folder.
 NOTE, NOTE_SOUND = "E, string 1, open", os.path.join("Octaves", "28.wav")
 HELP = "TLHELP.chm"
 FOLDERS = ("Audio", "Octaves", "DataPacks")
@@ -54,48 +54,48 @@ def library_case(fault):
         if fault in HARMLESS:
             use.use_everything(session)
             session.close()
-            use.require_whole(path)
+            use.require_intact(path)
             return
         use.try_everything(session)
-        require(session.told(f"'{path}'"), f"nothing that was said names {path}: {session.said}")
-        require(session.told(f"Error importing {os.path.join(stage, PACK)}"), f"no word about the pack: {session.said}")
+        require(session.showed(f"'{path}'"), f"no message names {path}: {session.messages}")
+        require(session.showed(f"Error importing {os.path.join(stage, PACK)}"), f"the pack: {session.messages}")
         session.close()
         require_untouched(path, before)
         beside = [name for name in os.listdir(stage) if name.startswith(DATABASE)]
-        require(beside in ([], [DATABASE]), f"the program has made {beside}")
-        heal(path)
+        require(beside in ([], [DATABASE]), f"the program has created {beside}")
+        restore_permissions(path)
 
     return run
 
 
 def companion_case(ending, fault):
-    """What the engine keeps beside a database belongs to the engine; the library itself must not suffer."""
+    """Damages a file that SQLite creates next to a database; the library itself must stay intact."""
     def run(session):
         stage = session.new_stage()
         path = os.path.join(stage, DATABASE)
-        earlier = use.require_whole(path)
+        earlier = use.require_intact(path)
         companion, _ = damage(stage, DATABASE + ending, fault)
         session.start(stage)
-        session.until(lambda: True, "an answer")
-        if session.said or use.shown_scale(session) != "Major":
+        session.until(lambda: True, "a response")
+        if session.messages or use.shown_scale(session) != "Major":
             use.try_everything(session)
-            require(session.told(path), f"nothing that was said names {path}: {session.said}")
+            require(session.showed(path), f"no message names {path}: {session.messages}")
         else:
             use.walk(session)
             is_saved = use.try_scale(session, "Campfire minor")
-            require(is_saved or session.told(path), f"nothing that was said names {path}: {session.said}")
+            require(is_saved or session.showed(path), f"no message names {path}: {session.messages}")
             use.install(session)
         session.close()
         if os.path.lexists(companion):
-            heal(companion)
+            restore_permissions(companion)
             FAULTS["absent"](companion)
-        use.require_whole(path, earlier)
+        use.require_intact(path, earlier)
 
     return run
 
 
 def content_case(fault):
-    """A sound, a note, a pack and the help at the same time; the library is whole."""
+    """Damages a sound, a note, a pack and the help at the same time; the library is intact."""
     def run(session):
         stage = session.new_stage()
         shutil.copy(os.path.join(session.packs, JET), os.path.join(stage, JET_PACK))
@@ -108,32 +108,32 @@ def content_case(fault):
             session.press(note)
         use.add_scale(session, "Campfire minor")
         use.search(session, use.FOUND)
-        said = use.install(session)
+        messages = use.install(session)
         is_listed = fault not in ("absent", "folder", "loop", "pipe")
         for pack in (PACK, JET_PACK):
-            # Behind the end of a Jet file nothing may follow.
+            # A Jet file must not have additional bytes at its end.
             outcome = "Imported data pack: \n" if fault in HARMLESS and pack == PACK else "Error importing "
-            require(not is_listed or any(text.startswith(outcome + os.path.join(stage, pack)) for text in said),
-                    f"the program says of {pack}: {said}")
+            require(not is_listed or any(text.startswith(outcome + os.path.join(stage, pack)) for text in messages),
+                    f"messages about {pack}: {messages}")
         opened = use.open_help(session)
-        require(not opened and session.said[-1].startswith(HELP_WORDS), f"the program says of the help: {session.said}")
+        require(not opened and session.messages[-1].startswith(HELP_WORDS), f"help: {session.messages}")
         session.close()
         for path, before in damaged:
             require_untouched(path, before)
-            heal(path)
-        use.require_whole(os.path.join(stage, DATABASE))
+            restore_permissions(path)
+        use.require_intact(os.path.join(stage, DATABASE))
 
     return run
 
 
 def listens(session, fault):
-    before = len(session.said)
+    before = len(session.messages)
     session.input.press("ctrl+l")
     if fault in HARMLESS:
         session.until(lambda: session.status() == "Playing: C", "the first note")
     else:
-        session.until(lambda: len(session.said) > before, "a word about the first sound")
-        require(session.said[before].startswith(SOUND_WORDS), f"the program says of the sound: {session.said}")
+        session.until(lambda: len(session.messages) > before, "a message about the first sound")
+        require(session.messages[before].startswith(SOUND_WORDS), f"messages about the sound: {session.messages}")
         session.until(lambda: session.status().startswith("Playing: "), "the next note")
 
 
@@ -148,25 +148,25 @@ def folder_case(fault):
         session.start(stage)
         use.walk(session)
         session.input.press("ctrl+l")
-        session.until(lambda: session.told("Cannot open file"), "a word about the sounds")
+        session.until(lambda: session.showed("Cannot open file"), "a message about the sounds")
         session.until(lambda: session.status() in ("Stopped", "Standby"), "the end of the playback")
         use.add_scale(session, "Campfire minor")
         use.install(session)
         if fault in ("loop", "locked"):
-            # With no pack to wait for, the installation may not even have begun.
+            # Without packs, install() may return before the import begins.
             packs = "The folder '" + os.path.join(stage, "DataPacks")
-            session.until(lambda: session.told(packs), "a word about the packs")
-        require(use.open_help(session), f"no help: {session.said}")
+            session.until(lambda: session.showed(packs), "a message about the packs")
+        require(use.open_help(session), f"no help: {session.messages}")
         session.close()
         for path, before in damaged:
             require_untouched(path, before)
-            heal(path)
+            restore_permissions(path)
 
     return run
 
 
-def surroundings_case(fault):
-    """The settings of the sound library and the music font beside the program; neither is needed."""
+def optional_files_case(fault):
+    """Damages the settings of the sound library and the music font; the program needs neither."""
     def run(session):
         stage = session.new_stage()
         os.mkdir(os.path.join(stage, "fonts"))
@@ -177,28 +177,29 @@ def surroundings_case(fault):
         session.close()
         for path, before in damaged:
             require_untouched(path, before)
-            heal(path)
+            restore_permissions(path)
 
     return run
 
 
 @case("library half a Jet file")
 def half_a_jet_library(session):
-    """A file that would be converted if it were whole stays as it is."""
+    """A truncated Jet library is neither converted nor changed."""
     stage = session.new_stage()
     path = os.path.join(stage, DATABASE)
     shutil.copy(os.path.join(session.packs, JET), path)
     before = damage(stage, DATABASE, "half")[1]
     session.start(stage)
     use.try_everything(session)
-    require(session.told(f"The Jet database '{path}' cannot be converted, and nothing was changed."), session.said)
+    expected = f"The Jet database '{path}' cannot be converted, and nothing was changed."
+    require(session.showed(expected), f"messages: {session.messages}")
     session.close()
     require_untouched(path, before)
 
 
-@case("promising sound")
-def promising_sound(session):
-    """A sound of nearly four gigabytes, most of them a hole."""
+@case("sound with a false length")
+def oversized_sound(session):
+    """A sparse sound file of nearly four gigabytes."""
     stage = session.new_stage()
     length = 0xFFFFFF00
     head = b"RIFF" + struct.pack("<I", length) + b"WAVEfmt " + struct.pack("<IHHIIHH", 16, 1, 1, 44100, 88200, 2, 16)
@@ -210,26 +211,26 @@ def promising_sound(session):
     session.press(session.showing("push button", lambda node: node.get_name() == NOTE))
     use.walk(session)
     session.input.press("ctrl+l")
-    session.until(lambda: session.said, "a word about the sound")
-    require(session.said[0] == "Could not read full buffer", f"the program says of the sound: {session.said}")
+    session.until(lambda: session.messages, "a message about the sound")
+    require(session.messages[0] == "Could not read full buffer", f"messages about the sound: {session.messages}")
     session.close()
 
 
-@case("nothing wrong", short=True)
-def nothing_wrong(session):
+@case("no fault", short=True)
+def no_fault(session):
     stage = session.new_stage()
-    earlier = use.require_whole(os.path.join(stage, DATABASE))
+    earlier = use.require_intact(os.path.join(stage, DATABASE))
     session.start(stage)
     use.use_everything(session)
     session.close()
-    require(len(use.require_whole(os.path.join(stage, DATABASE), earlier)) > len(earlier) + 1, "the pack is not there")
+    require(len(use.require_intact(os.path.join(stage, DATABASE), earlier)) > len(earlier) + 1, "the pack is not there")
 
 
 for name in FAULTS:
     case(f"library {name}", short=name in SHORT)(library_case(name))
-    if name not in SMALL_NOISES:
+    if name not in REDUNDANT_FAULTS:
         case(f"content {name}", short=name in SHORT)(content_case(name))
-        case(f"surroundings {name}", short=name == "pipe")(surroundings_case(name))
+        case(f"optional files {name}", short=name == "pipe")(optional_files_case(name))
 for name in FOLDER_FAULTS:
     case(f"folders {name}", short=name == "locked")(folder_case(name))
 for ending in COMPANIONS:

@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""Cases: no room on the disk, while editing, adding, importing and saving a page; and room again.
+"""Cases: a full disk during editing, adding, importing and saving a page, and the recovery afterwards.
 
-Two kinds of full disk: a small one of its own, filled up, where root could make one; and a limit on the size of files,
-which every user can set and which fails another way.
+There are two kinds: a full temporary file system, if root could mount one, and a limit on the file size. Any user can
+set the limit, and it causes a different error.
 """
 
 import contextlib
@@ -18,15 +18,15 @@ PACKS = ("DataPack_Jazz.mdb", "DataPack_World.mdb")
 
 
 class SmallDisk:
-    """The session's room; full while a file of zeros takes what there is."""
+    """The small disk of the session, filled with a file of zeros."""
 
-    words = FULL_DISK
+    message = FULL_DISK
 
     def __init__(self, session):
-        if not session.room:
+        if not session.small_disk:
             raise Skipped("only root can make a small disk, and only where mounting is allowed")
-        self._filler = os.path.join(session.room, "filler")
-        self.stage = session.new_stage(session.room, PACKS)
+        self._filler = os.path.join(session.small_disk, "filler")
+        self.stage = session.new_stage(session.small_disk, PACKS)
 
     @contextlib.contextmanager
     def full(self, _):
@@ -44,9 +44,9 @@ class SmallDisk:
 
 
 class SizeLimit:
-    """No file may grow beyond a size below that of every database."""
+    """A limit on the file size below the size of every database."""
 
-    words = DISK_ERROR
+    message = DISK_ERROR
 
     def __init__(self, session):
         self.stage = session.new_stage(packs=PACKS)
@@ -64,45 +64,45 @@ def full_case(kind):
     def run(session):
         disk = kind(session)
         path = os.path.join(disk.stage, "TonalithDB97.mdb")
-        earlier = use.require_whole(path)
+        earlier = use.require_intact(path)
         session.start(disk.stage)
         add_and_change(session, disk, path, earlier)
         import_packs(session, disk, path)
         save_page(session, disk)
         session.close()
-        use.require_whole(path, [*earlier, "Campfire minor", "Midnight major"])
+        use.require_intact(path, [*earlier, "Campfire minor", "Midnight major"])
 
     return run
 
 
 def add_and_change(session, disk, path, earlier):
-    """What could not be saved stays in the editor and is saved by Apply when there is room."""
+    """An edit that cannot be saved stays in the editor, and Apply saves it after space is available."""
     use.walk(session)
     use.add_scale(session, "Campfire minor")
     editor = use.open_editor(session)
     with disk.full(session):
         use.type_scale(session, editor, "Midnight major")
-        session.until(lambda: session.told(disk.words.format(path)), "a word about the disk")
-        use.require_whole(path, [*earlier, "Campfire minor"])
+        session.until(lambda: session.showed(disk.message.format(path)), "a message about the disk")
+        use.require_intact(path, [*earlier, "Campfire minor"])
         require(not use.rows(path, use.ROW, "Midnight major"), "a scale was saved that the program calls not saved")
     session.input.press("F2")
     use.apply(session)
-    session.until(lambda: use.rows(path, use.ROW, "Midnight major"), "the scale saved when there is room")
+    session.until(lambda: use.rows(path, use.ROW, "Midnight major"), "the scale saved with free space")
     use.leave(session, "Scales")
-    session.said.clear()
+    session.messages.clear()
 
 
 def import_packs(session, disk, path):
-    before = use.require_whole(path)
+    before = use.require_intact(path)
     with disk.full(session):
-        said = use.install(session)
+        messages = use.install(session)
     for pack in PACKS:
-        told = [text for text in said if text.startswith("Error importing ") and pack in text]
-        require(told and disk.words.format(path) in told[0], f"of {pack} the program says {said}")
-    require(use.require_whole(path) == before, "an import that failed has left something behind")
-    said = use.install(session)
-    require(all(text.startswith("Imported data pack: ") for text in said), f"with room again: {said}")
-    require(len(use.require_whole(path, before)) > len(before), "the packs are not there")
+        errors = [text for text in messages if text.startswith("Error importing ") and pack in text]
+        require(errors and disk.message.format(path) in errors[0], f"messages about {pack}: {messages}")
+    require(use.require_intact(path) == before, "an import that failed has left rows")
+    messages = use.install(session)
+    require(all(text.startswith("Imported data pack: ") for text in messages), f"with free space: {messages}")
+    require(len(use.require_intact(path, before)) > len(before), "the packs are not there")
 
 
 def save_page(session, disk):
@@ -117,7 +117,7 @@ def save_page(session, disk):
             session.input.press("Return")
             session.until(lambda: not session.window_named("Save as PDF"), "the end of the file dialog")
             if is_full:
-                session.until(lambda: session.told(f"The file {page} could not be written: "), "a word about the page")
+                session.until(lambda: session.showed(f"The file {page} could not be written: "), "the message")
         require(not (is_full and os.path.exists(page)), "half a page was left")
     session.until(lambda: os.path.exists(page), "the page")
     with open(page, "rb") as file:

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""Cases: libraries, packs, sounds and surroundings that somebody made to do harm.
+"""Cases: libraries, packs, sounds and environments that are crafted to do harm.
 
-The program names the cause, changes no row, and its window answers within a second.
+The program reports the cause, changes no row, and its window responds within a second.
 """
 
 import contextlib
@@ -20,9 +20,9 @@ from world_faults import write
 
 DATABASE = "TonalithDB97.mdb"
 PACK = os.path.join("DataPacks", "DataPack_Jazz.mdb")
-LONGEST_ANSWER = 1.0
-# Seconds that the program waits for a Jet library.
-JET_PATIENCE = 10
+LONGEST_RESPONSE = 1.0
+# Seconds that the program waits for a locked Jet library.
+JET_TIMEOUT = 10
 NOTE, NOTE_SOUND = "E, string 1, open", os.path.join("Octaves", "28.wav")
 OWN_QUERY = "reads the tables with its own query"
 QUESTION = "keep these changes"
@@ -33,7 +33,7 @@ ENDLESS = "CREATE VIEW ScalesQuery AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL
           "SELECT i AS ScaleID, 'x' AS ScaleName FROM n;"
 NO_QUERY = "DROP VIEW ScalesQuery;"
 BOMB = "CREATE TRIGGER Bomb AFTER INSERT ON Scales BEGIN DELETE FROM Scales; END;"
-# Twice as many rows, and as much memory, with each view.
+# Each view doubles the rows and the memory.
 DOUBLING = "ALTER TABLE Scales RENAME TO v0;" + "".join(
     f"CREATE VIEW v{i} AS SELECT * FROM v{i - 1} UNION ALL SELECT * FROM v{i - 1};" for i in range(1, 30))
 CALCULATED = "CREATE TABLE Old AS SELECT * FROM Scales; DROP VIEW ScalesQuery; DROP TABLE Scales;" \
@@ -48,39 +48,40 @@ def change(path, script):
 
 
 def started(session, script):
-    """The program on a library that the script has changed, its window there in time; the path of the library."""
+    """Starts the program on a library changed by the script and checks the start time; returns the path."""
     stage = session.new_stage()
     path = os.path.join(stage, DATABASE)
     change(path, script)
     start = time.monotonic()
     session.start(stage)
     seconds = time.monotonic() - start
-    require(seconds < timely(LONGEST_ANSWER), f"the window came after {seconds:.1f} s")
+    require(seconds < timely(LONGEST_RESPONSE), f"the window came after {seconds:.1f} s")
     return path
 
 
-def require_answer(session):
+def require_response(session):
     session.until(lambda: True, "the end of earlier messages")
-    before = len(session.said)
+    before = len(session.messages)
     start = time.monotonic()
     session.input.press("ctrl+f")
-    session.until(lambda: session.window_named("Search") or len(session.said) > before, "an answer")
+    session.until(lambda: session.window_named("Search") or len(session.messages) > before, "a response")
     seconds = time.monotonic() - start
     use.leave(session, "Search")
-    require(seconds < timely(LONGEST_ANSWER), f"the window took {seconds:.1f} s for an answer")
+    require(seconds < timely(LONGEST_RESPONSE), f"the window took {seconds:.1f} s for a response")
 
 
-def foreign_schema(name, script, words, short=False):
-    """A schema of others: one notice; scales are read and saved."""
+def foreign_schema(name, script, message, short=False):
+    """A schema created by another program: one notice, and scales can be read and saved."""
     @case(f"library with {name}", short=short)
     def run(session):
         path = started(session, script)
         before = use.rows(path, "SELECT * FROM Scales")
-        require_answer(session)
-        require(len(session.said) == 1 and words in session.said[0], f"the program said {session.said}")
+        require_response(session)
+        require(len(session.messages) == 1 and message in session.messages[0], f"messages: {session.messages}")
         use.walk(session)
         use.add_scale(session, "Campfire minor")
-        require(len([text for text in session.said if QUESTION not in text]) == 1, f"more was said: {session.said}")
+        notices = [text for text in session.messages if QUESTION not in text]
+        require(len(notices) == 1, f"more messages: {session.messages}")
         session.close()
         after = use.rows(path, "SELECT * FROM Scales WHERE ScaleName <> 'Campfire minor'")
         require(after == before, "rows have changed")
@@ -95,15 +96,15 @@ foreign_schema("a trigger that deletes", BOMB, "has triggers that are not Tonali
 def only_read(session):
     path = started(session, NO_QUERY + VIEW + BOMB)
     before = use.rows(path, "SELECT * FROM Scales")
-    require_answer(session)
-    require(session.told("scales cannot be changed"), f"the program said {session.said}")
+    require_response(session)
+    require(session.showed("scales cannot be changed"), f"messages: {session.messages}")
     use.walk(session)
     editor = use.open_editor(session)
     use.again(session, "F2", lambda: use.has_keyboard(session, use.field(session, editor, "Scale Name")), "the name")
     session.input.press("alt+a")
     session.input.write("Campfire minor")
     session.input.press("ctrl+Return")
-    session.until(lambda: session.told("These records can only be read, not changed."), "the reason")
+    session.until(lambda: session.showed("These records can only be read, not changed."), "the reason")
     session.kill()
     require(use.rows(path, "SELECT * FROM Scales") == before, "rows have changed")
 
@@ -111,18 +112,18 @@ def only_read(session):
 @case("library of many stored queries")
 def doubling(session):
     started(session, NO_QUERY + DOUBLING + "CREATE VIEW Scales AS SELECT * FROM v29;" + VIEW)
-    require_answer(session)
-    require(session.told("'Scales' is a stored query instead of a table."), f"the program said {session.said}")
+    require_response(session)
+    require(session.showed("'Scales' is a stored query instead of a table."), f"messages: {session.messages}")
     session.close()
 
 
 @case("library with calculated fields")
 def calculated(session):
     started(session, CALCULATED)
-    require_answer(session)
-    require(session.told(OWN_QUERY), f"the program said {session.said}")
+    require_response(session)
+    require(session.showed(OWN_QUERY), f"messages: {session.messages}")
     session.input.press("Page_Down", "ctrl+l")
-    require_answer(session)
+    require_response(session)
     session.close()
 
 
@@ -133,7 +134,7 @@ def long_rows(session):
         f"UPDATE Scales SET {field} = printf('%.15900000c', '1') WHERE ScaleID = {number};"
         for number, field in enumerate(fields, start=2)))
     for _ in range(6):
-        require_answer(session)
+        require_response(session)
         session.input.press("Page_Down")
     use.open_editor(session)
     use.leave(session, "Scales")
@@ -148,13 +149,13 @@ def no_number(session):
     path = started(session, f"INSERT INTO Scales (ScaleID, ScaleName, ScaleTypeID, ScaleIntervals) VALUES {values};")
     cause = "the highest possible record number is in use"
     require(not use.try_scale(session, "Campfire minor"), "the scale was saved")
-    require(session.told(cause), f"the program said {session.said}")
-    require(cause in use.install(session)[-1], f"of the pack: {session.said}")
+    require(session.showed(cause), f"messages: {session.messages}")
+    require(cause in use.install(session)[-1], f"of the pack: {session.messages}")
     session.close()
-    use.require_whole(path, ["Last"])
+    use.require_intact(path, ["Last"])
 
 
-def pack_case(name, script, words):
+def pack_case(name, script, message):
     @case(f"pack with {name}")
     def run(session):
         stage = session.new_stage()
@@ -162,9 +163,9 @@ def pack_case(name, script, words):
         change(os.path.join(stage, PACK), script)
         rows, size = use.rows(path, "SELECT * FROM Scales"), os.path.getsize(path)
         session.start(stage)
-        said = use.install(session)
-        require(len(said) == 1 and words in said[0], f"the program said {said}")
-        require_answer(session)
+        messages = use.install(session)
+        require(len(messages) == 1 and message in messages[0], f"messages: {messages}")
+        require_response(session)
         require(use.rows(path, "SELECT * FROM Scales") == rows, "rows have changed")
         require(os.path.getsize(path) == size, "the library has grown")
         session.close()
@@ -182,8 +183,8 @@ pack_case("a stored query for a table", "ALTER TABLE Scales RENAME TO S; CREATE 
           "'Scales' is a stored query in this pack, not a table.")
 
 
-@case("sounds of zero chunks and of 57 MB")
-def hostile_sounds(session):
+@case("sounds with empty chunks and of 57 MB")
+def crafted_sounds(session):
     stage = session.new_stage()
     zeros, long = (os.path.join(stage, name) for name in (os.path.join("Audio", "0.wav"), NOTE_SOUND))
     write(zeros, b"RIFF" + struct.pack("<I", 0x7FFFFF00) + b"WAVE")
@@ -194,14 +195,14 @@ def hostile_sounds(session):
     os.truncate(long, size + 44)
     session.start(stage)
     session.press(session.showing("push button", lambda node: node.get_name() == NOTE))
-    require_answer(session)
+    require_response(session)
     session.input.press("ctrl+l")
-    session.until(lambda: session.told("Could not find fmt chunk"), "a word about the sound")
-    require_answer(session)
+    session.until(lambda: session.showed("Could not find fmt chunk"), "a message about the sound")
+    require_response(session)
     session.close()
 
 
-def place_case(name, folder):
+def folder_name_case(name, folder):
     @case(f"folder named {name}")
     def run(session):
         place = os.path.join(os.fsencode(session.folder), folder)
@@ -211,34 +212,34 @@ def place_case(name, folder):
             session.start(stage)
             use.use_everything(session)
             session.close()
-            use.require_whole(os.path.join(stage, DATABASE), ["Campfire minor"])
+            use.require_intact(os.path.join(stage, DATABASE), ["Campfire minor"])
         finally:
             shutil.rmtree(place)
 
 
-place_case("like a setting", b"x;Mode=Read")
-place_case("in no known coding", b"\xff\xfe")
-place_case("with quotes", b"a'b\"c; Provider=x")
+folder_name_case("like a setting", b"x;Mode=Read")
+folder_name_case("with invalid encoding", b"\xff\xfe")
+folder_name_case("with quotes", b"a'b\"c; Provider=x")
 
 
-def environment_case(name, words, **environment):
+def environment_case(name, message, **environment):
     @case(f"environment with {name}")
     def run(session):
         stage = session.new_stage()
         write(os.path.join(stage, "fonts.conf"), b"<?xml version='1.0'?><fontconfig></fontconfig>")
         session.start(stage, {key: value.replace("STAGE", stage) for key, value in environment.items()})
-        require_answer(session)
+        require_response(session)
         use.walk(session)
         session.close()
-        require(words in session.output() or session.told(words), f"no word of {words}: {session.said}")
+        require(message in session.output() or session.showed(message), f"{message} is missing: {session.messages}")
 
 
 environment_case("a negative scale", "QT_SCALE_FACTOR is set to '-2'", QT_SCALE_FACTOR="-2")
-environment_case("scales that are none", "QT_SCREEN_SCALE_FACTORS is set to", QT_SCREEN_SCALE_FACTORS="-3;abc")
+environment_case("invalid scales", "QT_SCREEN_SCALE_FACTORS is set to", QT_SCREEN_SCALE_FACTORS="-3;abc")
 environment_case("no fonts", "Tonalith found no font", FONTCONFIG_FILE="STAGE/fonts.conf")
 
 
-@case("journal that holds nothing")
+@case("empty journal")
 def empty_journal(session):
     stage = session.new_stage()
     journal = os.path.join(stage, DATABASE + "-journal")
@@ -249,8 +250,8 @@ def empty_journal(session):
         require(not os.path.exists(journal), "the journal is there after a start")
 
 
-@case("Jet library held by another program")
-def held_jet_library(session):
+@case("Jet library locked by another program")
+def locked_jet_library(session):
     stage = session.new_stage()
     path = os.path.join(stage, DATABASE)
     shutil.copy(os.path.join(session.packs, "DataPack_Jet2000.mdb"), path)
@@ -259,10 +260,10 @@ def held_jet_library(session):
         fcntl.flock(file, fcntl.LOCK_EX)
         start = time.monotonic()
         session.start(stage)
-        session.until(lambda: session.told("file already in use"), "a word about the library")
+        session.until(lambda: session.showed("file already in use"), "a message about the library")
         seconds = time.monotonic() - start
-        require(seconds < timely(JET_PATIENCE + LONGEST_ANSWER), f"the word came after {seconds:.1f} s")
-        require_answer(session)
+        require(seconds < timely(JET_TIMEOUT + LONGEST_RESPONSE), f"the message came after {seconds:.1f} s")
+        require_response(session)
         session.close()
         file.seek(0)
         require(file.read() == before, "the library has changed")
@@ -276,9 +277,9 @@ def record_changed_elsewhere(session):
     session.input.write("Mine")
     change(path, "UPDATE Scales SET ScaleDescription = 'Theirs' WHERE ScaleName = 'Major';")
     use.apply(session)
-    session.until(lambda: session.told("changed elsewhere") or session.told("another"), "a word about the record")
+    session.until(lambda: session.showed("changed elsewhere") or session.showed("another"), "the message")
     found = use.rows(path, "SELECT ScaleName, ScaleDescription FROM Scales WHERE ScaleID = 1")
-    require(found[0][1] == "Theirs", f"the other change is gone: {found}, {session.said}")
+    require(found[0][1] == "Theirs", f"the other change is lost: {found}, {session.messages}")
     session.consents = False
     use.leave(session, "Scales")
     session.close()

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""Cases: folders and libraries that may only be read, rights that are taken away, and files that go, change or are held
-by another program while the program runs."""
+"""Cases: read-only folders and libraries, revoked permissions, and files that are removed, changed or locked while the
+program runs."""
 
 import contextlib
 import os
@@ -21,30 +21,30 @@ NOT_REACHED = "The file '{}' cannot be reached: Permission denied."
 NOT_FOUND = "Could not find file '{}'."
 NO_FORMAT = "Unrecognized database format '{}'."
 IN_USE = "Could not use '{}'; file already in use."
-# How long, in seconds, the window may take from a key to what it does while another program holds the library.
-LONGEST_ANSWER = 2.0
+# The maximum response time to a key, in seconds, while another program has locked the library.
+LONGEST_RESPONSE = 2.0
 
 
 def started(session):
-    """A fresh stage with the program on it; the path of the library and what is in it."""
+    """Starts the program on a new stage; returns the path of the library and its names."""
     stage = session.new_stage()
     path = os.path.join(stage, "TonalithDB97.mdb")
-    earlier = use.require_whole(path)
+    earlier = use.require_intact(path)
     session.start(stage)
     use.walk(session)
     return path, earlier
 
 
-def refused_scale(session, path, name, *words):
-    """A scale that cannot be saved: the program says why, and it is not there."""
+def refused_scale(session, path, name, *reasons):
+    """Checks that a scale cannot be saved and that the program reports the reason."""
     if use.try_scale(session, name):
         raise AssertionError(f"{name} was saved where nothing can be")
-    require(any(session.told(text.format(path)) for text in words), f"nothing was said of {path}: {session.said}")
+    require(any(session.showed(text.format(path)) for text in reasons), f"no message names {path}: {session.messages}")
 
 
 @case("folder read-only", short=True)
 def folder_read_only(session):
-    """A program that lies where its user may not write works in a folder of the user's."""
+    """A program in a folder that its user cannot write uses a folder of the user."""
     stage = session.new_stage()
     path = os.path.join(stage, "TonalithDB97.mdb")
     before = use.digest_of_tree(stage)
@@ -55,7 +55,7 @@ def folder_read_only(session):
     try:
         use.use_everything(session)
         session.close()
-        use.require_whole(use.library(session), use.require_whole(path))
+        use.require_intact(use.library(session), use.require_intact(path))
         require(use.digest_of_tree(stage) == before, "the program has written where it may not")
     finally:
         shutil.rmtree(data, ignore_errors=True)
@@ -72,40 +72,41 @@ def library_read_only(session):
     refused_scale(session, path, "Campfire minor", READ_ONLY)
     use.search(session, use.FOUND)
     use.install(session)
-    require(session.told("Error importing ") and session.told(READ_ONLY.format(path)), f"of the pack: {session.said}")
+    require(session.showed("Error importing "), f"messages about the pack: {session.messages}")
+    require(session.showed(READ_ONLY.format(path)), f"messages about the pack: {session.messages}")
     os.chmod(path, 0o644)
     use.add_scale(session, "Campfire minor")
     session.close()
-    use.require_whole(path, ["Campfire minor"])
+    use.require_intact(path, ["Campfire minor"])
 
 
-@case("rights of the library revoked", short=True)
+@case("permissions of the library revoked", short=True)
 def library_revoked(session):
     path, earlier = started(session)
     os.chmod(path, 0)
     refused_scale(session, path, "Campfire minor", NOT_OPENED)
     os.chmod(path, 0o644)
-    recover(session, path, earlier)
+    require_recovery(session, path, earlier)
 
 
-@case("rights of the folder revoked")
+@case("permissions of the folder revoked")
 def folder_revoked(session):
     path, earlier = started(session)
-    for mode, words in ((0o555, (READ_ONLY, NO_ACCESS)), (0, (NOT_OPENED, NOT_REACHED, NO_ACCESS))):
+    for mode, reasons in ((0o555, (READ_ONLY, NO_ACCESS)), (0, (NOT_OPENED, NOT_REACHED, NO_ACCESS))):
         os.chmod(session.stage, mode)
-        session.said.clear()
-        refused_scale(session, path, "Campfire minor", *words)
+        session.messages.clear()
+        refused_scale(session, path, "Campfire minor", *reasons)
         os.chmod(session.stage, 0o755)
-    recover(session, path, earlier)
+    require_recovery(session, path, earlier)
 
 
-def recover(session, path, earlier):
-    """Once all is as it was, Update shows the library again and a scale is saved."""
+def require_recovery(session, path, earlier):
+    """After the fault is undone, Update shows the library again and a scale can be saved."""
     session.input.press("F5")
     session.until(lambda: use.shown_scale(session), "the scales again")
     use.add_scale(session, "Midnight major")
     session.close()
-    use.require_whole(path, [*earlier, "Midnight major"])
+    use.require_intact(path, [*earlier, "Midnight major"])
 
 
 @case("folder renamed while running")
@@ -116,10 +117,11 @@ def folder_renamed(session):
     try:
         refused_scale(session, path, "Campfire minor", NOT_FOUND)
         use.install(session)
-        require(not use.open_help(session) and session.told("Cannot find help file:\n"), f"of the help: {session.said}")
+        require(not use.open_help(session), "the help is open")
+        require(session.showed("Cannot find help file:\n"), f"messages about the help: {session.messages}")
     finally:
         os.rename(moved, session.stage)
-    recover(session, path, earlier)
+    require_recovery(session, path, earlier)
 
 
 @case("folder removed while running", short=True)
@@ -135,7 +137,7 @@ def folder_removed(session):
 
 @case("library replaced while running")
 def library_replaced(session):
-    """Another library in the place of the one that is open: Update shows it, scales go into it, neither is harmed."""
+    """The open library is replaced: Update shows the new one, which gets new scales; the old one does not change."""
     path, earlier = started(session)
     other = path + ".other"
     shutil.copy2(path, other)
@@ -147,8 +149,8 @@ def library_replaced(session):
     session.until(lambda: use.shown_scale(session) == "Replaced", "the library that is there now")
     use.add_scale(session, "Campfire minor")
     session.close()
-    use.require_whole(path, ["Replaced", "Campfire minor"])
-    require(use.require_whole(path + ".first") == earlier, "the library that was there before has changed")
+    use.require_intact(path, ["Replaced", "Campfire minor"])
+    require(use.require_intact(path + ".first") == earlier, "the library that was there before has changed")
 
 
 @case("library damaged while running")
@@ -158,53 +160,53 @@ def library_damaged(session):
     FAULTS["noise4096"](path)
     refused_scale(session, path, "Campfire minor", NO_FORMAT)
     os.replace(path + ".true", path)
-    recover(session, path, earlier)
+    require_recovery(session, path, earlier)
 
 
-@case("library held by another program", short=True)
-def library_held(session):
+@case("library locked by another program", short=True)
+def library_locked(session):
     path, earlier = started(session)
     with contextlib.closing(sqlite3.connect(path, isolation_level=None)) as other:
         other.execute("BEGIN EXCLUSIVE")
-        end = time.monotonic() + session.hold
-        longest = max(answer_of_menus(session), refused_update(session, path))
+        end = time.monotonic() + session.lock_seconds
+        longest = max(menu_response(session), refused_update(session, path))
         refused_scale(session, path, "Campfire minor", IN_USE)
         while time.monotonic() < end:
-            longest = max(longest, answer_of_menus(session), refused_update(session, path))
-        require(longest < timely(LONGEST_ANSWER), f"the window took {longest:.1f} s for an answer")
-        print(f"         while the library is held the window answers in {longest:.2f} s at most")
+            longest = max(longest, menu_response(session), refused_update(session, path))
+        require(longest < timely(LONGEST_RESPONSE), f"the window took {longest:.1f} s for a response")
+        print(f"         while the library is locked the window responds in {longest:.2f} s at most")
         other.execute("ROLLBACK")
-    recover(session, path, earlier)
+    require_recovery(session, path, earlier)
 
 
 def refused_update(session, path):
-    """Seconds from the key for Update to the word why there is none."""
-    session.said.clear()
+    """Seconds from the key for Update to the error message."""
+    session.messages.clear()
     start = time.monotonic()
     session.input.press("F5")
-    session.until(lambda: session.told(IN_USE.format(path)), "a word about the library")
+    session.until(lambda: session.showed(IN_USE.format(path)), "a message about the library")
     return time.monotonic() - start
 
 
-def answer_of_menus(session):
-    """Seconds from the key for the search to its window, or to the word why there is none."""
+def menu_response(session):
+    """Seconds from the key for the search to its window or to an error message."""
     session.until(lambda: True, "the end of earlier messages")
-    before = len(session.said)
+    before = len(session.messages)
     start = time.monotonic()
     session.input.press("ctrl+f")
-    session.until(lambda: session.window_named("Search") or len(session.said) > before, "an answer")
+    session.until(lambda: session.window_named("Search") or len(session.messages) > before, "a response")
     seconds = time.monotonic() - start
     use.leave(session, "Search")
     return seconds
 
 
-@case("home that is not there")
+@case("missing home folder")
 def no_home(session):
-    """No home, no folder for settings, data or caches."""
+    """The folders for settings, data, caches and temporary files are missing."""
     nowhere = os.path.join(session.folder, "nowhere")
     names = ("HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR", "TMPDIR")
     stage = session.new_stage()
     session.start(stage, dict.fromkeys(names, nowhere))
     use.use_everything(session)
     session.close()
-    use.require_whole(os.path.join(stage, "TonalithDB97.mdb"))
+    use.require_intact(os.path.join(stage, "TonalithDB97.mdb"))

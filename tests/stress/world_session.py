@@ -1,10 +1,10 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""A session that starts one program after the other, each on a stage of its own, and writes down what each one says.
+"""A session that starts several programs in sequence, each on a separate stage, and records their messages.
 
-WorldSession is a WindowsSession: one screen, one pair of buses, many programs. Every message box is read, agreed to and
-kept in session.said. The end of a program that nobody asked to end is a SessionFailure; what it took at most of memory,
-its helper processes included, is in session.peak after its end.
+WorldSession is a WindowsSession: one screen and one pair of buses for all programs. It records every message box in
+session.messages and accepts it. An unexpected exit of a program is a SessionFailure. After an exit, session.peak is
+the peak memory in MiB of the program and its child processes.
 """
 
 import os
@@ -21,73 +21,73 @@ from playing import STATUS
 from session import SessionFailure, children, descendants
 from timed import timely
 from windows_session import WindowsSession
-from world_faults import heal
+from world_faults import restore_permissions
 
-# The windows of the program that are dialogs and no messages.
+# The dialogs of the program that are not message boxes.
 NO_MESSAGES = ("Search", "Print", "Save as PDF", "Scales")
 LONGEST_CLOSING = 1.0
-# In milliseconds, of one question on the accessibility bus.
+# The timeout of one call on the accessibility bus, in milliseconds.
 LONGEST_REPLY = 10000
-# In MiB, of the program or of one of its helper processes.
+# In MiB, for the program and each of its child processes.
 MOST_MEMORY = 400
 
 
 class WorldSession(WindowsSession):
-    """with WorldSession(stage, folder) as session: session.start(session.new_stage()). The room is a small disk."""
+    """with WorldSession(stage, folder) as session: session.start(session.new_stage())."""
 
-    def __init__(self, stage, folder, room=None):
+    def __init__(self, stage, folder, small_disk=None):
         super().__init__(stage)
-        self.true_stage = stage
+        self.original_stage = stage
         self.folder = folder
-        self.room = room
-        # Seconds that another program holds a library.
-        self.hold = 10
-        self.said = []
+        self.small_disk = small_disk
+        # How long another program locks a library, in seconds.
+        self.lock_seconds = 10
+        self.messages = []
         self.peak = 0
         self.others = []
         self.application = None
-        # Whether questions are answered with OK or with Cancel.
+        # Whether message boxes are answered with OK or with Cancel.
         self.consents = True
         self._numbers = 0
         self._stages = []
 
     def _start(self):
-        # Nobody listens, in real time.
+        # No sound device, but real-time playback.
         os.environ["ALSOFT_DRIVERS"] = "null"
         super()._start()
-        # A machine with other things to do is no finding.
+        # A busy system must not cause failures.
         self.atspi.set_timeout(LONGEST_REPLY, LONGEST_REPLY)
         self.close()
 
     def new_stage(self, folder=None, packs=("DataPack_Jazz.mdb",)):
-        """A fresh copy of the true stage, with these packs alone."""
+        """Makes a copy of the original stage with only these packs."""
         self._numbers += 1
         stage = os.path.join(folder or self.folder, f"stage{self._numbers}")
         os.mkdir(stage)
         self._stages.append(stage)
-        for name in os.listdir(self.true_stage):
-            true = os.path.join(self.true_stage, name)
+        for name in os.listdir(self.original_stage):
+            original = os.path.join(self.original_stage, name)
             if name == "tonalith" and not folder:
-                # Large, and nothing here writes into it.
-                os.link(true, os.path.join(stage, name))
-            elif os.path.isdir(true):
-                shutil.copytree(true, os.path.join(stage, name))
+                # Large, and never written.
+                os.link(original, os.path.join(stage, name))
+            elif os.path.isdir(original):
+                shutil.copytree(original, os.path.join(stage, name))
             else:
-                shutil.copy2(true, stage)
+                shutil.copy2(original, stage)
         for name in os.listdir(os.path.join(stage, "DataPacks")):
             if name not in packs:
                 os.remove(os.path.join(stage, "DataPacks", name))
         return stage
 
     def start(self, stage, environment=None):
-        """Another program, in the place of the one before; returns with its window on the screen."""
+        """Ends the current program, starts another one and waits for its window."""
         self.kill()
-        self.said = []
+        self.messages = []
         self.consents = True
         self.open_another(stage, environment)
 
     def open_another(self, stage, environment=None):
-        """Another program beside those that run: from now on the session's own."""
+        """Starts an additional program, which becomes the current one of the session."""
         if self.program and self.program.returncode is None:
             self.others.append((self.program, self.window))
         self.stage = stage
@@ -112,8 +112,8 @@ class WorldSession(WindowsSession):
         return None
 
     def windows(self):
-        """The program's windows on the screen. The application is known: asking a window for the one that it belongs to
-        ends this process too where the program ends in that moment."""
+        """The visible windows of the program. Uses the cached application: querying a window for its application would
+        end this process if the program exits at that moment."""
         self.application.clear_cache()
         return [window for window in children(self.application) if self.is_showing(window)]
 
@@ -125,34 +125,34 @@ class WorldSession(WindowsSession):
         self.others = []
 
     def clean(self):
-        """Ends what runs, whatever its state, and removes the stages."""
+        """Kills all programs and removes the stages."""
         self.kill()
         for stage in self._stages:
             for path, folders, _ in os.walk(stage):
                 for name in (".", *folders):
-                    heal(os.path.join(path, name))
+                    restore_permissions(os.path.join(path, name))
             shutil.rmtree(stage, ignore_errors=True)
         self._stages = []
 
     def _reap(self, program):
-        """Waits for the end of the program and notes its memory."""
+        """Waits for the end of the program and records its peak memory."""
         _, status, usage = os.wait4(program.pid, 0)
         program.returncode = os.waitstatus_to_exitcode(status)
         self.peak = usage.ru_maxrss / 1024
 
     def output(self):
-        """Without what the buses say of themselves."""
+        """The output without the lines of the D-Bus daemons."""
         return "".join(line for line in super().output().splitlines(True) if "dbus-daemon[" not in line)
 
     def limit_files(self, size):
-        """From now on no file of the program grows beyond this size, as on a disk that is full."""
+        """Limits the size of files that the program writes, which simulates a full disk; None removes the limit."""
         highest = resource.prlimit(self.program.pid, resource.RLIMIT_FSIZE)[1]
         resource.prlimit(self.program.pid, resource.RLIMIT_FSIZE, (highest if size is None else size, highest))
 
     def close(self, programs=()):
-        """Asks a window to close as a window manager does, and answers what its program asks; the seconds it takes.
+        """Requests a window to close as a window manager does, and answers all message boxes; returns the seconds.
 
-        With several programs any of them may be the one; it is the session's afterwards.
+        With several programs, any of them may receive the request; it becomes the current one.
         """
         def ask():
             with open_screen() as screen:
@@ -172,7 +172,7 @@ class WorldSession(WindowsSession):
                 if time.monotonic() - start > timely(LONGEST_CLOSING):
                     raise SessionFailure(f"the program does not end when it is asked to; {self.output()}")
                 if self.dismiss():
-                    # A window below a message takes no request.
+                    # A window below a message box ignores the request.
                     ask()
             self.program = handles[ended[0][0]]
         finally:
@@ -189,7 +189,7 @@ class WorldSession(WindowsSession):
         return seconds
 
     def box(self):
-        """The message box that is open and what it says, or None."""
+        """The open message box and its text, or None."""
         for window in self.windows():
             if window.get_role_name() in ("dialog", "alert") and window.get_name() not in NO_MESSAGES:
                 texts = [node.get_name() for node in children(window) if node.get_role_name() == "label"]
@@ -197,7 +197,7 @@ class WorldSession(WindowsSession):
         return None
 
     def dismiss(self):
-        """Writes down what the message box that is open says, and agrees, or not; False without a box."""
+        """Records the text of the open message box and answers it; returns False without a box."""
         try:
             found = self.box()
             if not found or not found[1]:
@@ -207,7 +207,7 @@ class WorldSession(WindowsSession):
             button = buttons[0] if len(buttons) == 1 else next(filter(self.is_consent, buttons), None)
             if button is None or not self.is_showing(box):
                 return False
-            self.said.append(text)
+            self.messages.append(text)
             self.press(button)
         except GLib.Error:
             return False
@@ -231,17 +231,17 @@ class WorldSession(WindowsSession):
         action.do_action(button, names.index("Press"))
 
     def until(self, condition, what):
-        """Answers the program's boxes until the condition is true."""
+        """Answers message boxes until the condition is true."""
         def answer():
             return not self.dismiss() and condition()
 
         return self.wait(answer, what)
 
-    def told(self, text):
-        return any(text in said for said in self.said)
+    def showed(self, text):
+        return any(text in message for message in self.messages)
 
     def showing(self, role, matches, window=None):
-        """The first part of a window, the main one by itself, that shows and matches, or None."""
+        """The first visible matching node of a window, by default the main window, or None."""
         window = window or self.window
         window.clear_cache()
         for node in descendants(window):

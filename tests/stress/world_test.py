@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""The real program in a hostile world: files that are not what they were, full disks, lost rights, other clocks.
+"""Tests the real program with faults of its environment: invalid files, full disks, missing permissions, clock changes.
 
 world_test.py STAGE [--short] [--only CASE]... [--list]: the stage is the folder with the built program and its content;
-it is copied, never changed. --short is the slice for every day; --only does one case again. Ends with 1 and a list of
-what was found. Root has all rights, so the cases run as another user when root starts them; root makes a small disk for
-that user first, where it may.
+it is copied, never changed. --short runs a subset, --only one case. The exit status is 1 if a case fails; the end lists
+the failures. If started by root, the cases run as an unprivileged user, because root bypasses permissions; root
+first mounts a small disk for that user, if permitted.
 """
 
 import argparse
@@ -19,69 +19,69 @@ import time
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 OUTSIDE = os.path.join(HERE, os.pardir, "outside")
-# Nobody: owns nothing on any system.
-PLAIN_USER = 65534
-ROOM_MIB = 160
+# The user "nobody", who owns no files.
+UNPRIVILEGED_USER = 65534
+SMALL_DISK_MIB = 160
 
 
-def as_plain_user(arguments):
-    """Runs this again without root's rights, on copies that the plain user can read; its exit code."""
+def as_unprivileged_user(arguments):
+    """Runs this script again as an unprivileged user, on copies that this user can read; returns its exit code."""
     base = tempfile.mkdtemp(prefix="tonalith-world-")
-    room = os.path.join(base, "room")
+    disk = os.path.join(base, "disk")
     is_mounted = False
     try:
-        for folder in (base, room):
+        for folder in (base, disk):
             os.makedirs(folder, exist_ok=True)
-            os.chown(folder, PLAIN_USER, PLAIN_USER)
-        is_mounted = mount(room)
+            os.chown(folder, UNPRIVILEGED_USER, UNPRIVILEGED_USER)
+        is_mounted = mount(disk)
         scripts = copy_scripts(os.path.join(base, "scripts"))
         shutil.copytree(arguments.stage, os.path.join(base, "true"))
-        give(os.path.join(base, "true"))
+        change_owner(os.path.join(base, "true"))
         test = os.path.join(scripts, "stress", "world_test.py")
-        command = ["setpriv", "--pdeathsig", "TERM", f"--reuid={PLAIN_USER}", f"--regid={PLAIN_USER}", "--clear-groups",
-                   "env", f"HOME={base}", f"TMPDIR={base}", sys.executable, "-B", test, os.path.join(base, "true"),
-                   *as_given(arguments)]
-        return subprocess.call([*command, "--room", room] if is_mounted else command, cwd=base)
+        command = ["setpriv", "--pdeathsig", "TERM", f"--reuid={UNPRIVILEGED_USER}", f"--regid={UNPRIVILEGED_USER}",
+                   "--clear-groups", "env", f"HOME={base}", f"TMPDIR={base}", sys.executable, "-B", test,
+                   os.path.join(base, "true"), *options_of(arguments)]
+        return subprocess.call([*command, "--small-disk", disk] if is_mounted else command, cwd=base)
     finally:
         if is_mounted:
-            subprocess.run(["umount", "-l", room], check=False)
+            subprocess.run(["umount", "-l", disk], check=False)
         shutil.rmtree(base, ignore_errors=True)
 
 
-def as_given(arguments):
+def options_of(arguments):
     options = ["--short"] * arguments.short + ["--list"] * arguments.list
     return [*options, *(f"--only={name}" for name in arguments.only), f"--called={sys.argv[0]} {arguments.stage}"]
 
 
-def mount(room):
-    options = f"size={ROOM_MIB}m,uid={PLAIN_USER},gid={PLAIN_USER},mode=700"
-    command = ["mount", "-t", "tmpfs", "-o", options, "tonalith-world", room]
+def mount(disk):
+    options = f"size={SMALL_DISK_MIB}m,uid={UNPRIVILEGED_USER},gid={UNPRIVILEGED_USER},mode=700"
+    command = ["mount", "-t", "tmpfs", "-o", options, "tonalith-world", disk]
     return subprocess.run(command, check=False, stderr=subprocess.DEVNULL).returncode == 0
 
 
 def copy_scripts(place):
-    """The checkout may lie where only its owner can read."""
+    """Copies the scripts: only the owner may be able to read the checkout."""
     for name in ("stress", "outside", "jet/fixtures"):
         shutil.copytree(os.path.join(HERE, os.pardir, name), os.path.join(place, name))
     return place
 
 
-def give(folder):
+def change_owner(folder):
     for path, folders, files in os.walk(folder):
         for name in (".", *folders, *files):
-            os.chown(os.path.join(path, name), PLAIN_USER, PLAIN_USER)
+            os.chown(os.path.join(path, name), UNPRIVILEGED_USER, UNPRIVILEGED_USER)
 
 
 def run_cases(arguments):
-    """Runs the chosen cases in one session; the findings, as pairs of a case and what was found."""
+    """Runs the chosen cases in one session; returns the failures as pairs of case and text."""
     from world_session import WorldSession
 
     findings, skipped = [], []
     chosen = choose(arguments)
     with tempfile.TemporaryDirectory(prefix="tonalith-world-", ignore_cleanup_errors=True) as folder:
-        with WorldSession(os.path.abspath(arguments.stage), folder, arguments.room) as session:
+        with WorldSession(os.path.abspath(arguments.stage), folder, arguments.small_disk) as session:
             if arguments.short:
-                session.hold = 2
+                session.lock_seconds = 2
             for name in chosen:
                 run_case(session, name, findings, skipped)
     for name, why in skipped:
@@ -99,9 +99,9 @@ def run_case(session, name, findings, skipped):
     except Skipped as why:
         outcome = "skipped"
         skipped.append((name, why))
-    except Exception as finding:  # Whatever it is, the other cases run on; it is told at the end.
+    except Exception as finding:  # The other cases still run.
         outcome = "FOUND"
-        findings.append((name, f"{type(finding).__name__}: {finding}\n  said: {session.said}"))
+        findings.append((name, f"{type(finding).__name__}: {finding}\n  messages: {session.messages}"))
     session.clean()
     print(f"{outcome:8}{time.monotonic() - start:6.1f} s {session.peak:6.0f} MiB  {name}", flush=True)
 
@@ -115,25 +115,25 @@ def choose(arguments):
     return arguments.only or [name for name in CASES if name in SHORT or not arguments.short]
 
 
-def end_in_order(*_):
-    """A request to end leaves no screen, no disk and no program behind."""
+def exit_cleanly(*_):
+    """Exits through the context managers, which remove the screen, the disk and the programs."""
     raise SystemExit("ended from outside")
 
 
 def main():
-    signal.signal(signal.SIGTERM, end_in_order)
+    signal.signal(signal.SIGTERM, exit_cleanly)
     parser = argparse.ArgumentParser(description=__doc__.split("\n", 1)[0])
     parser.add_argument("stage")
     parser.add_argument("--short", action="store_true")
     parser.add_argument("--only", action="append", default=[], metavar="CASE")
     parser.add_argument("--list", action="store_true")
-    parser.add_argument("--room", help="a small disk of its own")
-    parser.add_argument("--called", help="how the test was called, to be told where something was found")
+    parser.add_argument("--small-disk", help="a small disk for the cases")
+    parser.add_argument("--called", help="the original command, for the list of failures")
     arguments = parser.parse_args()
     if os.geteuid() == 0:
-        return as_plain_user(arguments)
+        return as_unprivileged_user(arguments)
     sys.path.insert(0, OUTSIDE)
-    import world_clock, world_files, world_full, world_hostile, world_rights, world_two  # Each enters its cases.
+    import world_clock, world_files, world_full, world_hostile, world_rights, world_two  # Each registers its cases.
     from world_cases import CASES
 
     if arguments.list:

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""Case: two programs edit one library at the same time. Each scale is saved, or its program says why it is not."""
+"""Case: two programs edit one library at the same time. Each scale is saved, or its program reports the reason."""
 
 import os
 
@@ -12,7 +12,7 @@ IN_USE = "file already in use"
 
 
 class Musician:
-    """One of the programs, worked through the accessibility bus: two programs cannot both have the keyboard."""
+    """The user of one program, through the accessibility bus: only one program can have the keyboard focus."""
 
     def __init__(self, session, number):
         self._session = session
@@ -20,26 +20,26 @@ class Musician:
         self.program = session.program
         self._name = ("First", "Second")[number]
         self.editor = None
-        self.said = []
+        self.messages = []
 
-    def take(self):
-        """From now on the session means this program."""
+    def select(self):
+        """Makes this program the current one of the session."""
         self._session.program, self._session.window, self._session.application = self._shown
         return self._session
 
     def press(self, name, window=None):
-        session = self.take()
+        session = self.select()
         session.press(session.wait(lambda: session.showing(
             "push button", lambda node: node.get_name().replace("&", "") == name, window), f"the button {name}"))
 
     def open(self):
         self.press("Editor")
-        self.editor = self.take().wait(lambda: self.take().window_named("Scales"), "an editor")
+        self.editor = self.select().wait(lambda: self.select().window_named("Scales"), "an editor")
         self.press("Modify", self.editor)
 
     def type_scale(self, round_):
-        """A new record that is not saved yet."""
-        session, name = self.take(), self.scale(round_)
+        """Adds a record and types its name, without saving."""
+        session, name = self.select(), self.scale(round_)
         self.press("Add", self.editor)
         box = session.wait(lambda: use.field(session, self.editor, "Scale Name"), "the box for the name")
         session.wait(lambda: session.text_of(box) == "", "the new record")
@@ -53,21 +53,21 @@ class Musician:
         self.press("Apply", self.editor)
 
     def question(self):
-        """The button of the question whether to keep the changes."""
-        session = self.take()
+        """The button that confirms the changes."""
+        session = self.select()
         box = session.wait(session.box, "the question of Apply")[0]
         return session.wait(lambda: session.showing("push button", session.is_consent, box), "its button")
 
-    def settle(self, round_, path):
-        """Waits until the scale is saved, pressing Apply again when the program says that the library is in use."""
-        session = self.take()
-        session.said = self.said
+    def wait_for_saved(self, round_, path):
+        """Waits until the scale is saved; chooses Apply again if the library was in use."""
+        session = self.select()
+        session.messages = self.messages
 
         def is_saved():
             if use.rows(path, use.ROW, self.scale(round_)):
                 return True
-            if self.said and IN_USE in self.said[-1]:
-                self.said.append("Apply again")
+            if self.messages and IN_USE in self.messages[-1]:
+                self.messages.append("Apply again")
                 self.press("Modify", self.editor)
                 self.apply()
             return False
@@ -82,7 +82,7 @@ class Musician:
 def two_programs(session):
     stage = session.new_stage()
     path = os.path.join(stage, "TonalithDB97.mdb")
-    earlier = use.require_whole(path)
+    earlier = use.require_intact(path)
     musicians = []
     for number in range(2):
         session.open_another(stage) if musicians else session.start(stage)
@@ -95,13 +95,13 @@ def two_programs(session):
             musician.type_scale(round_)
         for musician in musicians:
             musician.apply()
-        # Both write now, one as soon as the other.
+        # Both programs write at the same time.
         for button in [musician.question() for musician in musicians]:
             session.press(button)
         for musician in musicians:
-            musician.settle(round_, path)
+            musician.wait_for_saved(round_, path)
     scales = [musician.scale(round_) for round_ in range(ROUNDS) for musician in musicians]
-    names = use.require_whole(path, [*earlier, *scales])
+    names = use.require_intact(path, [*earlier, *scales])
     require(len(names) == len(earlier) + len(scales), f"{len(names)} scales of {len(earlier)} and {len(scales)}")
     for musician in musicians:
         musician.press("Close", musician.editor)

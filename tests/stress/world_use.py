@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""What a musician does with the program, one step after the other, whatever the program has to say meanwhile.
+"""Steps of a user in the program, with real input.
 
-The steps work the session's program with input and answer its messages. Those of a program whose library is whole wait
-for the result; try_everything wants nothing but a program that goes on answering.
+The steps answer all message boxes of the program. They wait for their results; try_everything only requires that the
+program keeps responding.
 """
 
 import contextlib
@@ -18,7 +18,7 @@ ROW = "SELECT ScaleName, ScaleIntervals FROM Scales WHERE ScaleName = ?"
 NAMES = "SELECT ScaleName FROM ScalesQuery ORDER BY ScaleID"
 HELP = "Tonalith Help"
 FOUND = "Harmonic minor"
-# How often Escape is pressed again where a message may have swallowed it.
+# Seconds until a key is pressed again, because a message box may have consumed it.
 AGAIN = 1.0
 
 
@@ -31,8 +31,8 @@ def library(session):
     return os.path.join(session.stage, "TonalithDB97.mdb")
 
 
-def require_whole(path, earlier=()):
-    """The library at the path is in order and has lost nothing of what was there."""
+def require_intact(path, earlier=()):
+    """Checks the integrity of the library and that it still has the `earlier` names; returns all names."""
     found = rows(path, "PRAGMA integrity_check")
     if found != [("ok",)]:
         raise AssertionError(f"the library is damaged: {found}")
@@ -42,7 +42,7 @@ def require_whole(path, earlier=()):
         raise AssertionError(f"the library has lost {lost}")
     halves = rows(path, "SELECT ScaleName FROM Scales WHERE ScaleIntervals IS NULL OR trim(ScaleName) = ''")
     if halves:
-        raise AssertionError(f"the library holds halves of records: {halves}")
+        raise AssertionError(f"the library has incomplete records: {halves}")
     return names
 
 
@@ -59,13 +59,13 @@ def walk(session):
 
 
 def listen(session):
-    """Starts to play; the rest sounds while the next steps go on."""
+    """Starts the playback and waits for the first note; the next steps run during the playback."""
     session.input.press("ctrl+l")
     session.until(lambda: session.status().startswith("Playing: "), "a note")
 
 
 def again(session, chord, condition, what):
-    """Presses until it has happened: a message may have had the keyboard."""
+    """Presses the key until the condition is true: a message box may have consumed it."""
     pressed = 0.0
 
     def has_happened():
@@ -92,7 +92,7 @@ def field(session, editor, name):
 
 
 def type_scale(session, editor, name):
-    """A new record with this name, up to Apply and the question whether to keep it."""
+    """Adds a record with this name, chooses Apply and confirms the changes."""
     again(session, "F2", lambda: has_keyboard(session, field(session, editor, "Scale Name")), "the box for the name")
     box = field(session, editor, "Scale Name")
     session.input.press("alt+a")
@@ -107,20 +107,21 @@ def has_keyboard(session, node):
 
 
 def write_into(session, window, text):
-    """Types into the box of the window that has the keyboard, over what stands selected in it."""
+    """Types into the focused text field of the window, replacing the selected text."""
     box = session.until(lambda: session.showing("text", lambda node: has_keyboard(session, node), window), "a box")
     session.input.write(text)
     session.until(lambda: session.text_of(box) == text, f"the text {text}")
 
 
 def apply(session):
-    asked = len(session.said)
+    before = len(session.messages)
     session.input.press("ctrl+Return")
-    session.until(lambda: any("keep these changes" in said for said in session.said[asked:]), "the question of Apply")
+    question = "keep these changes"
+    session.until(lambda: any(question in text for text in session.messages[before:]), "the question of Apply")
 
 
 def add_scale(session, name):
-    """A new scale through the editor, saved."""
+    """Adds a scale in the editor and waits until it is saved."""
     editor = open_editor(session)
     type_scale(session, editor, name)
     session.until(lambda: rows(library(session), ROW, name), f"the scale {name} in the library")
@@ -128,8 +129,8 @@ def add_scale(session, name):
 
 
 def try_scale(session, name):
-    """The same where it may be refused: whether it was saved. The editor is left in any case."""
-    said = len(session.said)
+    """Like add_scale, but returns False if the program refuses to save. Always closes the editor."""
+    before = len(session.messages)
     try:
         editor = open_editor(session)
         session.until(lambda: True, "the end of messages")
@@ -137,7 +138,7 @@ def try_scale(session, name):
             return False
         type_scale(session, editor, name)
         path = library(session)
-        reasons = lambda: [text for text in session.said[said:] if path in text]
+        reasons = lambda: [text for text in session.messages[before:] if path in text]
         session.until(lambda: is_saved(path, name) or reasons(), f"{name} in the library, or why not")
         return is_saved(path, name)
     finally:
@@ -147,7 +148,7 @@ def try_scale(session, name):
 
 
 def is_saved(path, name):
-    """Of a library that may be out of reach."""
+    """Returns False also if the library cannot be read."""
     try:
         return bool(rows(path, ROW, name))
     except sqlite3.Error:
@@ -160,7 +161,7 @@ def shown_name(session, editor):
 
 
 def digest_of_tree(folder):
-    """Every path under the folder with what stands there."""
+    """Maps every path in the folder to its fingerprint."""
     return {os.path.join(path, name): fingerprint(os.path.join(path, name))
             for path, folders, files in os.walk(folder) for name in (*folders, *files) if name != "tonalith"}
 
@@ -174,13 +175,13 @@ def search(session, name):
 
 
 def install(session):
-    """Installs what there is; what the program has said about it."""
-    before = len(session.said)
+    """Installs all packs; returns the messages."""
+    before = len(session.messages)
     session.input.press("ctrl+i")
     packs = len(packs_there(session))
-    told = lambda: [said for said in session.said[before:] if "mporting " in said or "mported " in said]
-    session.until(lambda: len(told()) >= packs and can_install(session), "the end of the import")
-    return session.said[before:]
+    reports = lambda: [text for text in session.messages[before:] if "mporting " in text or "mported " in text]
+    session.until(lambda: len(reports()) >= packs and can_install(session), "the end of the import")
+    return session.messages[before:]
 
 
 def packs_there(session):
@@ -197,10 +198,10 @@ def can_install(session):
 
 
 def open_help(session):
-    """Opens the help and closes it again; False when the program has said why there is none."""
-    before = len(session.said)
+    """Opens and closes the help; returns False if the program shows a message instead."""
+    before = len(session.messages)
     session.input.press("alt+h", "Return")
-    session.until(lambda: session.window_named(HELP) or len(session.said) > before, "the help, or why not")
+    session.until(lambda: session.window_named(HELP) or len(session.messages) > before, "the help, or why not")
     if not session.window_named(HELP):
         return False
     leave(session, HELP)
@@ -208,26 +209,26 @@ def open_help(session):
 
 
 def use_everything(session, name="Campfire minor"):
-    """All of it, with its results, on a library that is whole."""
+    """Uses all features of a program with an intact library and checks the results."""
     walk(session)
     listen(session)
     add_scale(session, name)
     search(session, FOUND)
     install(session)
     if not open_help(session):
-        raise AssertionError(f"no help: {session.said}")
+        raise AssertionError(f"no help: {session.messages}")
 
 
 def try_everything(session):
-    """All of it on a library that is not whole: the program goes on, whatever it says."""
-    session.until(lambda: session.said, "a word about the library")
+    """Uses all features of a program with a broken library; the program must keep responding."""
+    session.until(lambda: session.messages, "a message about the library")
     session.input.press("Page_Down", "ctrl+l")
     open_editor(session)
     session.input.press("F2", "alt+a")
     leave(session, "Scales")
     no_scales = "There are no scales to search"
-    again(session, "ctrl+f", lambda: session.window_named("Search") or session.told(no_scales), "the search")
+    again(session, "ctrl+f", lambda: session.window_named("Search") or session.showed(no_scales), "the search")
     leave(session, "Search")
     install(session)
     if not open_help(session):
-        raise AssertionError(f"no help: {session.said}")
+        raise AssertionError(f"no help: {session.messages}")
