@@ -1,9 +1,8 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""Asks a window to close as a window manager does when its close box is clicked.
+"""Requests a window to close as a window manager does when the user clicks the close button.
 
-The virtual screen has no window manager, so the request is sent by hand, through the X library that the program's own
-toolkit uses. The display is the environment's.
+The virtual screen has no window manager, so this sends the request through Xlib. Uses the display of the environment.
 """
 
 import contextlib
@@ -13,7 +12,7 @@ CLIENT_MESSAGE = 33
 
 
 class ClientMessage(ctypes.Structure):
-    """A client message event, filled up to the size that the library expects of an event."""
+    """A client message event, padded to the size of the XEvent union."""
 
     _fields_ = [
         ("type", ctypes.c_int),
@@ -29,7 +28,7 @@ class ClientMessage(ctypes.Structure):
 
 
 class Screen:
-    """A connection to the display; None in place of a window where there is none of that title."""
+    """A connection to the display."""
 
     def __init__(self):
         self._x = ctypes.CDLL("libX11.so.6")
@@ -47,7 +46,7 @@ class Screen:
         return next((window for window in self._windows() if self._title(window) == title), None)
 
     def ask_to_close(self, window):
-        """Returns as soon as the display has the request."""
+        """Returns after the X server has the request."""
         protocols, delete = (
             self._x.XInternAtom(self._display, name, False) for name in (b"WM_PROTOCOLS", b"WM_DELETE_WINDOW")
         )

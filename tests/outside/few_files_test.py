@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""A program that may open few files says so and ends, or starts; it never hangs and is never ended by a signal."""
+"""With a low limit on open files, the program starts or exits with a message; it never hangs or crashes."""
 
 import os
 import resource
@@ -13,13 +13,13 @@ import unittest
 
 from timed import timely
 
-# What the program needs besides its three streams.
+# The files that the program needs in addition to its three streams.
 NEEDED = 32
 STREAMS = 3
-WORDS = "it may have too few open files"
-# Seconds in which a start that does not work out has ended.
+MESSAGE = "it may have too few open files"
+# The maximum time of a failed start, in seconds.
 LONGEST_END = 1.0
-# Seconds after which a program that still runs has started.
+# A program that still runs after this time, in seconds, has started.
 STARTED = 2.0
 
 
@@ -48,12 +48,12 @@ class FewFiles(unittest.TestCase):
         for count in range(8, STREAMS + NEEDED):
             with self.subTest(files=count), self.start(count, count) as program:
                 try:
-                    _, words = program.communicate(timeout=timely(LONGEST_END))
+                    _, output = program.communicate(timeout=timely(LONGEST_END))
                 finally:
                     program.kill()
-                self.assertEqual(program.returncode, 1, words)
-                self.assertIn(WORDS, words)
-                self.assertIn(f"the limit is {count},", words)
+                self.assertEqual(program.returncode, 1, output)
+                self.assertIn(MESSAGE, output)
+                self.assertIn(f"the limit is {count},", output)
 
     def test_as_many_files_as_needed_are_enough(self):
         self.require_start(STREAMS + NEEDED, STREAMS + NEEDED)

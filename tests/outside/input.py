@@ -1,17 +1,16 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""Real keys and a real pointer on the virtual screen, through the X library that the program's own toolkit uses.
+"""Sends real key and mouse events on the virtual screen, through Xlib and the XTest extension.
 
-The virtual screen has no window manager, so Input does what one does for keyboard input: before every key, the topmost
-window gets the keyboard if no window has it. Everything goes over one connection to the display, so keys, clicks and
-the keyboard's way arrive in the order of the calls. The display is the environment's. A key that the keyboard of the
-screen lacks is a ValueError.
+The virtual screen has no window manager, so before every key Input gives the keyboard focus to the topmost window if no
+window has it. All events use one connection, so they arrive in the order of the calls. Uses the display of the
+environment. Raises ValueError for a key that the keyboard of the screen lacks.
 """
 
 import ctypes
 
 MODIFIERS = {"ctrl": "Control_L", "alt": "Alt_L", "shift": "Shift_L"}
-# Keysyms of the characters of ISO 8859-1 are their codes; these have names in writing.
+# Keysyms of ISO 8859-1 characters equal their codes; XStringToKeysym needs names for these.
 NAMED = {" ": "space", "\n": "Return"}
 REVERT_TO_POINTER_ROOT = 1
 CURRENT_TIME = 0
@@ -20,7 +19,7 @@ LEFT_BUTTON = 1
 
 
 class Attributes(ctypes.Structure):
-    """What the library tells of a window, as far as it is read here, and room for the rest."""
+    """The structure XWindowAttributes."""
 
     _fields_ = [
         ("x", ctypes.c_int), ("y", ctypes.c_int), ("width", ctypes.c_int), ("height", ctypes.c_int),
@@ -43,7 +42,7 @@ class Input:
         self._x.XDefaultRootWindow.restype = ctypes.c_ulong
         self._x.XStringToKeysym.restype = ctypes.c_ulong
         self._x.XkbKeycodeToKeysym.restype = ctypes.c_ulong
-        # A window may go between the look at it and the request: that is no reason to end the test.
+        # A window may be closed between query and request; the default handler would end the test.
         handler = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)
         self._ignore = handler(lambda *_: 0)
         self._x.XSetErrorHandler(self._ignore)
@@ -56,7 +55,7 @@ class Input:
         self._x.XCloseDisplay(self._display)
 
     def press(self, *chords):
-        """Each chord is a key by its X name, with any modifiers before it: "Tab", "alt+a", "shift+Tab"."""
+        """A chord is the X name of a key, after optional modifiers: "Tab", "alt+a", "shift+Tab"."""
         for chord in chords:
             *modifiers, name = chord.split("+")
             self._strike([MODIFIERS[modifier] for modifier in modifiers], self._keysym(name))
@@ -103,7 +102,7 @@ class Input:
                 return
 
     def _windows(self):
-        """The windows on the screen, the topmost one last."""
+        """The windows on the screen, topmost last."""
         ignored, count, found = ctypes.c_ulong(), ctypes.c_uint(), ctypes.POINTER(ctypes.c_ulong)()
         self._x.XQueryTree(
             self._display, self._root, *(ctypes.byref(out) for out in (ignored, ignored, found, count))

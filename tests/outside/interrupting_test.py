@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""A playback that is not left alone: closing in the middle, Listen again, another record and key, a message box."""
+"""Interrupts a playback: closing the program, Listen again, another record and key, a message box."""
 
 import os
 import signal
@@ -12,7 +12,7 @@ import time
 import unittest
 
 from close_request import open_screen
-from listening_case import MAJOR, SHORT, ListeningCase, notes_heard, stage_with_short_scale
+from listening_case import MAJOR, SHORT, ListeningCase, expected_notes, stage_with_short_scale
 from playing import PlayingSession, ended
 from stalls import Stalls
 from timed import timely
@@ -23,22 +23,21 @@ LONGEST_CLOSING = 0.200
 
 class Interrupting(ListeningCase):
     def listen(self):
-        """Presses Listen and waits for the first note; the status line."""
+        """Presses Listen and waits for the first note; returns the status line."""
         status = self.session.status()
         self.session.press(self.session.button("Listen"))
         self.session.wait(lambda: self.session.text(status).startswith("Playing: "), "the first note")
         return status
 
-    def test_closing_in_the_middle_ends_the_process_at_once(self):
+    def test_closing_during_a_playback_ends_the_process_immediately(self):
         times, own = [], []
         for round_ in range(CLOSINGS):
             self.session.restart()
             self.listen()
-            # Over the rounds, everywhere between the beginning of a note and the gap after it. A late call falls into
-            # the next note, which is as good.
+            # The rounds cover a note and the gap after it. A late call hits the next note, which is equivalent.
             time.sleep(0.07 * round_)
             times.append(self.session.close())
-            own.append(self.seconds_of_a_process_that_ends_at_once())
+            own.append(self.seconds_to_end_a_trivial_process())
             self.assertLess(len(self.session.recording().sounds()), len(MAJOR) + 1, "that was in the middle")
         print(
             f"\nclosing in the middle of a playback: {statistics.median(times) * 1000:.1f} ms, "
@@ -47,7 +46,7 @@ class Interrupting(ListeningCase):
         self.assertLess(statistics.median(times), timely(LONGEST_CLOSING))
 
     @staticmethod
-    def seconds_of_a_process_that_ends_at_once():
+    def seconds_to_end_a_trivial_process():
         with subprocess.Popen(["sleep", "60"]) as process:
             start = time.monotonic()
             process.send_signal(signal.SIGKILL)
@@ -63,18 +62,18 @@ class Interrupting(ListeningCase):
             self.session.wait_for_standby(status)
         time.sleep(0.5)
         self.assertEqual(self.session.text(status), "Standby")
-        self.assert_sounds(self.session.recording(), notes_heard("C", MAJOR), stalls)
+        self.assert_sounds(self.session.recording(), expected_notes("C", MAJOR), stalls)
 
-    def test_another_record_and_another_key_show_at_once_and_leave_the_playback_as_it_was(self):
+    def test_another_record_and_key_do_not_change_the_playback(self):
         with Stalls() as stalls:
             status = self.listen()
             self.session.press(self.session.button("Next record"))
             self.choose("D", SHORT)
             self.assertTrue(self.session.text(status).startswith("Playing: "), "the scale still plays")
             self.session.wait_for_standby(status)
-        self.assert_sounds(self.session.recording(), notes_heard("C", MAJOR), stalls)
+        self.assert_sounds(self.session.recording(), expected_notes("C", MAJOR), stalls)
 
-    def test_asking_to_close_while_a_message_box_is_open_is_safe(self):
+    def test_a_close_request_during_a_message_box_is_ignored(self):
         file = os.path.join(self.session.stage, "Audio", "0.wav")
         os.rename(file, file + ".gone")
         self.addCleanup(os.rename, file + ".gone", file)
@@ -83,7 +82,7 @@ class Interrupting(ListeningCase):
             self.session.press(self.session.button("Listen"))
             box = self.session.wait(self.session.dialog, "the message box")
             screen.ask_to_close(window)
-            # The box comes first: the window waits for its answer and stays.
+            # The window stays open until the message box is answered.
             time.sleep(0.3)
             self.assertIsNotNone(self.session.dialog())
             self.session.press(self.session.button("OK", box))

@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""A test that listens: plays scales in the program and finds the notes again in the recording.
+"""The base class of tests that play scales in the program and identify the notes in the recording.
 
-A note is known by its pitch alone; then the recording has to be the note's file, sample by sample. The session is the
-class's, set before the tests run; each test begins with a program that has just started.
+A note is identified by its pitch; then the recording must equal the file of the note, sample by sample. The session
+belongs to the class and is set before the tests run. Each test starts the program again.
 """
 
 import contextlib
@@ -22,37 +22,37 @@ KEYS = ["C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"]
 NOTE = re.compile(r"([A-G]#?), string [1-6], (?:open|fret \d+)")
 C4 = 440 * 2 ** (-9 / 12)
 MAJOR = "2212221"
-# The second record of the test's stage gets a pattern that ends short of the octave, so that its key closes it. In C and
-# in G all of its notes are notes of C major, for which there are files to compare them with.
+# The second record of the test's stage gets a pattern that does not reach the octave, so that the playback adds the key
+# note. In C and G all of its notes are notes of C major, whose files can be compared.
 SHORT = "221"
 LONGEST_GAP = 0.030
-# What a recording may differ from a sound file: nothing that can be heard, a third of the smallest step of 16 bits.
+# The maximum difference between a recording and its sound file: a third of a 16-bit step.
 SAME = 0.00001
-# Frames after the beginning of a sound at which its pitch is measured, and how far it may be off, in cents.
+# The pitch is measured this many frames after the beginning of a sound, with this tolerance in cents.
 SETTLED = 4000
 CLEAR = 5
 
 
 def steps_to(number, pattern=MAJOR):
-    """Semitones from the first note of a scale to the one of that number."""
+    """Semitones from the first note of a scale to the note `number`."""
     return sum(int(pattern[step % len(pattern)]) for step in range(number))
 
 
-# The shipped recordings hold the notes of C major upward from C4: their numbers by semitones above C4.
+# The shipped recordings are the notes of C major from C4 upwards: file numbers by semitones above C4.
 FILES = {steps_to(number): number for number in range(16)}
 
 
 def notes_of(key, pattern):
-    """The names of a scale's notes, one more than the pattern has steps."""
+    """The names of the notes of a scale, including the note after the last step."""
     return [KEYS[(KEYS.index(key) + sum(map(int, pattern[:steps]))) % 12] for steps in range(len(pattern) + 1)]
 
 
-def notes_heard(key, pattern):
-    """What a playback of the pattern sounds, in semitones above C4."""
+def expected_notes(key, pattern):
+    """The expected notes of a playback, in semitones above C4."""
     notes = notes_of(key, pattern)
-    heard = [number for number, note in enumerate(notes) if number == 0 or note != notes[number - 1]]
+    numbers = [number for number, note in enumerate(notes) if number == 0 or note != notes[number - 1]]
     first = KEYS.index(key)
-    return [first + steps_to(number, pattern) for number in heard] + ([] if notes[-1] == key else [first])
+    return [first + steps_to(number, pattern) for number in numbers] + ([] if notes[-1] == key else [first])
 
 
 class ListeningCase(unittest.TestCase):
@@ -62,7 +62,7 @@ class ListeningCase(unittest.TestCase):
         self.session.restart()
 
     def play(self):
-        """Presses Listen and waits for the end; how the machine stood still meanwhile."""
+        """Presses Listen and waits for the end; returns the stalls of the system during the playback."""
         status = self.session.status()
         with Stalls() as stalls:
             self.session.press(self.session.button("Listen"))
@@ -79,9 +79,9 @@ class ListeningCase(unittest.TestCase):
     def notes_on_the_neck(self):
         return {match.group(1) for match in (NOTE.fullmatch(node.get_name()) for node in self.session.nodes()) if match}
 
-    def heard(self, recording):
-        """The notes heard in semitones above C4, by their pitches alone, and where they begin and end."""
-        notes, places = [], []
+    def recorded_notes(self, recording):
+        """The recorded notes in semitones above C4, and their first and last frames."""
+        notes, ranges = [], []
         for first, _ in recording.sounds():
             frequency = pitch(recording.left, recording.rate, first + SETTLED)
             note = min(FILES, key=lambda which: abs(cents(frequency, C4 * 2 ** (which / 12))))
@@ -90,33 +90,33 @@ class ListeningCase(unittest.TestCase):
             samples, rate = samples_of(os.path.join(self.session.stage, "Audio", f"{FILES[note]}.wav"))
             self.assertEqual(rate, recording.rate)
             start = first - first_sound(samples)
-            # No note is cut, overlapped, clipped or clicked into: each is the file of its pitch, sample by sample.
+            # No note is cut, overlapped, clipped or disturbed: each equals its file, sample by sample.
             for side in (recording.left, recording.right):
                 self.assertLess(largest_difference(side, start, samples), SAME, f"{note} at frame {start}")
             notes.append(note)
-            places.append((start, start + len(samples)))
-        return notes, places
+            ranges.append((start, start + len(samples)))
+        return notes, ranges
 
     def assert_sounds(self, recording, expected, stalls, pauses=()):
-        """The expected notes and nothing else, with short gaps except before those at the places of `pauses`."""
-        notes, places = self.heard(recording)
+        """Checks that only the expected notes are recorded, with short gaps except before the indexes in `pauses`."""
+        notes, ranges = self.recorded_notes(recording)
         self.assertEqual(notes, expected)
         self.assertLess(recording.peak(), 0.99)
-        gaps = [(place[0] - before[1]) / recording.rate for before, place in zip(places, places[1:])]
+        gaps = [(after[0] - before[1]) / recording.rate for before, after in zip(ranges, ranges[1:])]
         self.assertGreaterEqual(min(gaps), 0, "no note begins before the one before has ended")
         gaps = [gap for at, gap in enumerate(gaps, start=1) if at not in pauses]
         print(
             f"\n{len(notes)} notes, gaps of {statistics.median(gaps) * 1000:.1f} ms, "
             f"{max(gaps) * 1000:.1f} ms at most; peak {recording.peak():.3f}; "
-            f"the machine stood still for {stalls.longest * 1000:.1f} ms at most"
+            f"the system stalled for {stalls.longest * 1000:.1f} ms at most"
         )
         self.assertLess(statistics.median(gaps), timely(LONGEST_GAP))
-        # A machine that stands still makes a gap that is not the program's.
+        # A stall of the system also causes a gap.
         self.assertLess(max(gaps), timely(LONGEST_GAP) + stalls.longest)
 
 
 def stage_with_short_scale(stage, folder):
-    """A copy of the stage whose second record has the short pattern."""
+    """Copies the stage and gives the second record the short pattern."""
     copy = os.path.join(folder, "stage")
     shutil.copytree(stage, copy)
     with contextlib.closing(sqlite3.connect(os.path.join(copy, "TonalithDB97.mdb"))) as connection, connection:

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""What a listener hears: Listen and clicks on notes, in the whole program, found again in a recording of its output."""
+"""Checks a recording of the program's output: Listen, and clicks on notes."""
 
 import operator
 import os
@@ -9,35 +9,35 @@ import tempfile
 import time
 import unittest
 
-from listening_case import CLEAR, MAJOR, SAME, SETTLED, SHORT, ListeningCase, notes_heard, stage_with_short_scale
+from listening_case import CLEAR, MAJOR, SAME, SETTLED, SHORT, ListeningCase, expected_notes, stage_with_short_scale
 from playing import PlayingSession
 from recorded import HEIGHT, cents, find, largest_difference, largest_step, pitch, samples_of
 from session import descendants
 from stalls import Stalls
 
-# Notes on the neck and the numbers of their files, counted in semitones; number 33 would be A4.
+# Notes on the neck and their file numbers in semitones; A4 is number 33.
 CLICKS = [("B, string 2, open", 23), ("E, string 1, open", 28), ("G, string 6, fret 15", 19)]
 A4_FILE = 33
-# Frames around a cut in which the sound that is stopped fades away: two periods of the output.
+# A stopped sound fades out within this many frames around the cut: two periods of the output.
 FADE = 512
 
 
 class Listening(ListeningCase):
-    def test_major_in_c_is_heard_note_by_note(self):
+    def test_major_in_c_is_played_note_by_note(self):
         stalls = self.play()
-        expected = notes_heard("C", MAJOR)
+        expected = expected_notes("C", MAJOR)
         self.assertEqual(expected, [0, 2, 4, 5, 7, 9, 11, 12])
         self.assert_sounds(self.session.recording(), expected, stalls)
 
-    def test_a_scale_in_g_that_misses_the_octave_is_closed_by_its_key(self):
+    def test_a_scale_in_g_without_the_octave_ends_with_its_key(self):
         self.session.press(self.session.button("Next record"))
         self.choose("G", SHORT)
         stalls = self.play()
-        expected = notes_heard("G", SHORT)
+        expected = expected_notes("G", SHORT)
         self.assertEqual(expected, [7, 9, 11, 12, 7])
         self.assert_sounds(self.session.recording(), expected, stalls)
 
-    def test_a_missing_file_is_reported_and_the_next_note_sounds(self):
+    def test_a_missing_file_is_reported_and_the_next_note_is_played(self):
         file = os.path.join(self.session.stage, "Audio", "1.wav")
         self.session.press(self.session.button("Next record"))
         self.choose("C", SHORT)
@@ -55,7 +55,7 @@ class Listening(ListeningCase):
             self.session.wait_for_standby(status)
         self.assert_sounds(self.session.recording(), [0, 4, 5, 0], stalls, pauses={1})
 
-    def test_clicks_sound_their_pitches_and_each_ends_the_one_before(self):
+    def test_a_click_plays_its_pitch_and_stops_the_previous_note(self):
         files = [samples_of(os.path.join(self.session.stage, "Octaves", f"{number}.wav"))[0] for _, number in CLICKS]
         for button in [self.session.button(name) for name, _ in CLICKS]:
             self.session.press(button)
@@ -74,7 +74,7 @@ class Listening(ListeningCase):
             self.assert_fades(recording, before, start - was, after, start)
 
     def assert_whole(self, recording, files, starts):
-        """Each sound is its file, alone, from the end of the one before to the next or to its own end."""
+        """Each sound equals its file from the end of the previous sound to the next one or to its own end."""
         ends = [start - FADE for start in starts[1:]] + [starts[-1] + len(files[-1])]
         fades = [0] + [FADE] * (len(files) - 1)
         for side in (recording.left, recording.right):
@@ -84,11 +84,11 @@ class Listening(ListeningCase):
             self.assertLess(max(map(abs, side[ends[-1] :]), default=0), HEIGHT)
 
     def assert_fades(self, recording, before, cut, after, start):
-        """Without the sound that begins, what is left of the one before goes down without a click."""
+        """Subtracts the new sound from the recording and checks that the previous sound fades without a click."""
         left = recording.left[start - FADE : start]
         left.extend(map(operator.sub, recording.left[start : start + FADE], after))
         height = max(map(abs, left))
-        # The sound's own steps, and those of a fade that takes a quarter of the time it has.
+        # The steps of the sound itself, plus those of a fade within a quarter of the permitted time.
         bound = largest_step(before[cut - FADE : cut + FADE]) + height / (FADE / 4)
         step = largest_step(left)
         print(f"\ncut at a height of {height:.3f}: largest step {step:.4f}, allowed {bound:.4f}")

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""What stands on the main window, as assistive technology hears it: captions, descriptions, menus, notes."""
+"""Checks the main window through assistive technology: captions, descriptions, menus, notes."""
 
 import re
 import sys
@@ -32,7 +32,7 @@ MENUS = {
     "Help": ["Help", "About Tonalith"],
 }
 
-# Open strings from the first to the sixth, as note numbers.
+# The note numbers of the open strings, from string 1 to 6.
 OPEN_STRINGS = [KEYS.index(note) for note in ("E", "B", "G", "D", "A", "E")]
 NOTE = re.compile(r"([A-G]#?), string ([1-6]), (?:open|fret ([1-9]|1[0-5]))")
 
@@ -55,8 +55,8 @@ class MainWindow(unittest.TestCase):
         return found[0]
 
     def test_every_tooltip_is_a_description(self):
-        heard = {node.get_description() for node in self.nodes}
-        self.assertEqual(DESCRIBED_LABELS - heard, set())
+        texts = {node.get_description() for node in self.nodes}
+        self.assertEqual(DESCRIBED_LABELS - texts, set())
 
     def test_the_first_record_is_major_in_c(self):
         names = [node.get_name() for node in self.nodes if node.get_description() == "The name of the scale"]
@@ -70,28 +70,28 @@ class MainWindow(unittest.TestCase):
         self.assertEqual(len(boxes), 1)
         return boxes[0]
 
-    def test_the_step_line_spells_the_pattern(self):
+    def test_the_step_line_describes_the_pattern(self):
         tip = "The step pattern for the scale in Tones and Semi tones"
         lines = [node.get_name() for node in self.nodes if node.get_description() == tip]
         self.assertEqual([line.split() for line in lines], [["Scale", "Steps:", *"TTSTTTS"]])
 
     def test_the_status_and_the_heading_of_the_data_control_can_be_read(self):
-        heard = {node.get_name() for node in self.nodes}
-        self.assertIn("Stopped", heard)
-        self.assertIn("Select Scales", heard)
+        texts = {node.get_name() for node in self.nodes}
+        self.assertIn("Stopped", texts)
+        self.assertIn("Select Scales", texts)
 
-    def test_every_button_is_there_once(self):
+    def test_every_button_exists_once(self):
         for caption in BUTTONS | set(ARROWS):
             self.named("push button", caption)
         self.assertTrue(self.is_enabled(self.named("push button", "Update")))
 
-    def test_the_arrows_stand_in_reading_order(self):
+    def test_the_arrows_are_in_reading_order(self):
         arrows = [self.named("push button", name) for name in ARROWS]
         lefts = [arrow.get_extents(self.session.atspi.CoordType.SCREEN).x for arrow in arrows]
         self.assertEqual(lefts, sorted(lefts))
         self.assertEqual(len(set(lefts)), len(ARROWS))
 
-    def test_the_menus_stand_in_their_order(self):
+    def test_the_menus_are_in_order(self):
         bar = next(node for node in self.nodes if node.get_role_name() == "menu bar")
         menus = {}
         for menu in children(bar):
@@ -104,7 +104,7 @@ class MainWindow(unittest.TestCase):
     def caption(entry):
         return SEPARATOR if entry.get_role_name() == "separator" else entry.get_name().replace("&", "")
 
-    def test_every_visible_note_says_what_and_where_it_is(self):
+    def test_every_visible_note_has_its_name_string_and_fret(self):
         notes = [node.get_name() for node in self.nodes if NOTE.fullmatch(node.get_name())]
         major = {"C", "D", "E", "F", "G", "A", "B"}
         expected = []
@@ -121,12 +121,12 @@ class MainWindow(unittest.TestCase):
                    for index in range(self.session.atspi.Action.get_n_actions(note))]
         self.assertIn("Press", actions)
 
-    def test_the_staff_says_its_clef_and_its_notes(self):
-        heard = [node.get_name() for node in self.nodes if node.get_name().startswith("Treble clef")]
-        self.assertEqual(len(heard), 1)
-        self.assertEqual(re.findall(r"[A-G]#?", heard[0].split(":", 1)[1]), list("CDEFGAB"))
+    def test_the_staff_describes_its_clef_and_notes(self):
+        texts = [node.get_name() for node in self.nodes if node.get_name().startswith("Treble clef")]
+        self.assertEqual(len(texts), 1)
+        self.assertEqual(re.findall(r"[A-G]#?", texts[0].split(":", 1)[1]), list("CDEFGAB"))
 
-    def test_a_part_that_is_shown_disabled_cannot_be_pressed(self):
+    def test_a_disabled_button_cannot_be_pressed(self):
         for caption in BUTTONS:
             button = self.named("push button", caption)
             sensitive = button.get_state_set().contains(self.session.atspi.StateType.SENSITIVE)

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""A session whose programs play into a recording: starting again, pressing, reading the status line, closing.
+"""A session that records the sound of the program, and can restart and close it.
 
-PlayingSession is a Session. The recording is written while the program runs and complete when it has ended.
+The recording is written while the program runs and is complete after its exit.
 """
 
 import os
@@ -18,31 +18,31 @@ from session import Session, descendants
 
 SETTINGS = "[general]\nsample-type = float32\nfrequency = 44100\ndither = false\n[wave]\nfile = "
 STATUS = ("Stopped", "Standby", "Loaded", "Playing: ")
-# How long a program may take to end before the test gives up.
-PATIENCE = 20
+# The timeout for the exit of the program, in seconds.
+TIMEOUT = 20
 
 
 class PlayingSession(Session):
-    """with PlayingSession(stage) as session: what session.window plays is in session.recording().
+    """with PlayingSession(stage) as session: session.recording() is the sound of the program.
 
-    The device is one of OpenAL Soft's; only "wave" records.
+    `device` is a driver of OpenAL Soft; only "wave" records.
     """
 
     def __init__(self, stage, device="wave"):
         super().__init__(stage)
-        self._studio = tempfile.mkdtemp(prefix="tonalith-recording-")
-        self._path = os.path.join(self._studio, "out.wav")
-        settings = os.path.join(self._studio, "alsoft.conf")
+        self._recording_folder = tempfile.mkdtemp(prefix="tonalith-recording-")
+        self._path = os.path.join(self._recording_folder, "out.wav")
+        settings = os.path.join(self._recording_folder, "alsoft.conf")
         with open(settings, "w", encoding="utf-8") as file:
             file.write(SETTINGS + self._path + "\n")
         os.environ.update(ALSOFT_DRIVERS=device, ALSOFT_CONF=settings)
 
     def __exit__(self, *details):
         super().__exit__(*details)
-        shutil.rmtree(self._studio, ignore_errors=True)
+        shutil.rmtree(self._recording_folder, ignore_errors=True)
 
     def restart(self):
-        """Another program on the same stage, in the place of the one before, in whatever state that was left."""
+        """Kills the program and starts it again on the same stage."""
         self.program.kill()
         self.program.wait()
         with open(self._log, "ab") as log:
@@ -53,7 +53,7 @@ class PlayingSession(Session):
         self.window = self.wait(self._find_window, "the window of the program that was started again")
 
     def close(self):
-        """Closes the window as a user does; the seconds from the request to the end of the process."""
+        """Closes the window as a user does; returns the seconds from the request to the exit."""
         if self.program.poll() is not None:
             return 0
         with open_screen() as screen:
@@ -91,7 +91,7 @@ class PlayingSession(Session):
 
     @staticmethod
     def text(node):
-        """A node's name at this moment."""
+        """The current name of a node."""
         node.clear_cache()
         return node.get_name()
 
@@ -99,7 +99,7 @@ class PlayingSession(Session):
         self.wait(lambda: self.text(status) == "Standby", "the end of the playback")
 
     def dialog(self):
-        """The message box that is open, or None."""
+        """The open message box, or None."""
         application = self.window.get_application()
         for index in range(application.get_child_count()):
             window = application.get_child_at_index(index)
@@ -108,7 +108,7 @@ class PlayingSession(Session):
         return None
 
     def choose_key(self, key):
-        """Types a key into the key box. Without a window manager the keyboard goes where the pointer is."""
+        """Types a key into the key box. Without a window manager the keyboard focus follows the pointer."""
         box = next(node for node in self.nodes() if node.get_role_name() == "combo box")
         field = next(node for node in descendants(box) if node.get_role_name() == "text")
         place = field.get_extents(self.atspi.CoordType.SCREEN)
@@ -118,12 +118,12 @@ class PlayingSession(Session):
 
 
 def ended(process, start):
-    """Waits asleep for the end of a child process and gives the seconds since `start`."""
+    """Waits for the exit of a child process without polling; returns the seconds since `start`."""
     handle = os.pidfd_open(process.pid)
     try:
         watch = select.poll()
         watch.register(handle, select.POLLIN)
-        if not watch.poll(PATIENCE * 1000):
+        if not watch.poll(TIMEOUT * 1000):
             raise AssertionError("the process does not end")
         seconds = time.monotonic() - start
     finally:

@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""The tests' ear: what OpenAL Soft's writer of wave files has recorded, cut into sounds, with their pitches.
+"""Analyses recordings of OpenAL Soft's wave file writer: separate sounds and their pitches.
 
-Samples are numbers from -1 to 1. Everything is measured in frames of the recording, so a machine that stands still for
-a while changes nothing.
+Samples are numbers from -1 to 1. All measurements are in frames of the recording, so stalls of the system do not affect
+them.
 """
 
 import array
@@ -12,16 +12,16 @@ import operator
 import struct
 import wave
 
-# What counts as sound: a fifth of a thousandth of full scale. A plucked note is never that low for longer than BRIDGE.
+# The threshold of sound, 0.02 % of full scale. A plucked note is never below it for longer than BRIDGE seconds.
 HEIGHT = 0.0002
 BRIDGE = 0.004
-# The pitches that are looked for, in hertz.
+# The range of detected pitches, in hertz.
 LOWEST, HIGHEST = 75, 1300
 WINDOW = 2048
 
 
 class Recording:
-    """Both sides of a recording. The writer may still be at work: what is there is read, whatever the header says."""
+    """Both channels of a recording. Ignores the sizes in the header: they are wrong until the writer closes it."""
 
     def __init__(self, path):
         with open(path, "rb") as file:
@@ -36,24 +36,24 @@ class Recording:
         self.left, self.right = both[0::2], both[1::2]
 
     def sounds(self):
-        """The stretches of sound between silences: a list of (first frame, frame after the last)."""
+        """The sounds between silences: a list of (first frame, frame after the last)."""
         bridge = int(BRIDGE * self.rate)
-        stretches = []
+        sounds = []
         for frame, sample in enumerate(self.left):
             if -HEIGHT <= sample <= HEIGHT:
                 continue
-            if stretches and frame <= stretches[-1][1] + bridge:
-                stretches[-1][1] = frame + 1
+            if sounds and frame <= sounds[-1][1] + bridge:
+                sounds[-1][1] = frame + 1
             else:
-                stretches.append([frame, frame + 1])
-        return stretches
+                sounds.append([frame, frame + 1])
+        return sounds
 
     def peak(self):
         return max((abs(sample) for side in (self.left, self.right) for sample in side), default=0)
 
 
 def samples_of(path):
-    """A mono file of 16 bits, as the recording would hold it, and its rate."""
+    """The samples of a 16-bit mono file, scaled like a recording, and its rate."""
     with wave.open(path) as file:
         if (file.getnchannels(), file.getsampwidth()) != (1, 2):
             raise ValueError(path)
@@ -66,11 +66,11 @@ def first_sound(samples):
 
 
 def largest_difference(recorded, first, expected):
-    """How far a recording is from what was to be heard from a frame on."""
-    heard = recorded[first : first + len(expected)]
-    if len(heard) < len(expected):
+    """The largest difference between the recording, from the frame `first`, and the expected samples."""
+    actual = recorded[first : first + len(expected)]
+    if len(actual) < len(expected):
         return math.inf
-    return max(map(abs, map(operator.sub, heard, expected)))
+    return max(map(abs, map(operator.sub, actual, expected)))
 
 
 def largest_step(samples):
@@ -78,7 +78,7 @@ def largest_step(samples):
 
 
 def pitch(samples, rate, first):
-    """The pitch after a frame, in hertz, from the first high point of the autocorrelation; 0 where there is none."""
+    """The pitch after a frame, in hertz, from the first high peak of the autocorrelation; 0 if there is none."""
     lags = range(int(rate / HIGHEST), int(rate / LOWEST) + 2)
     still = samples[first : first + WINDOW]
     moved = samples[first : first + WINDOW + lags.stop]
@@ -104,7 +104,7 @@ def cents(frequency, reference):
 
 
 def find(recorded, samples, anchor, count=64):
-    """The frame at which a sound begins in a recording, known by some of its samples; None where it is not heard."""
+    """The frame at which a sound begins, found by `count` of its samples from `anchor`; None if it is missing."""
     known = samples[anchor : anchor + count]
     for frame in range(len(recorded) - count):
         if abs(recorded[frame] - known[0]) < HEIGHT and largest_difference(recorded, frame, known) < HEIGHT:

@@ -1,9 +1,8 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""What playing costs the processor, and that a program that has played comes to rest.
+"""Measures the processor time of a playback, and checks that the program is idle afterwards.
 
-The sound goes to OpenAL Soft's null device: unlike the writer of wave files it may stop mixing between sounds, as the
-devices of a sound card do.
+Uses OpenAL Soft's null device: unlike the wave file writer it can stop mixing between sounds, like a sound card.
 """
 
 import os
@@ -14,18 +13,18 @@ import unittest
 from playing import PlayingSession
 from timed import timely
 
-# The shares of one core that are allowed: beyond mixing, while a scale plays; and of a program at rest.
+# The permitted shares of one core: in addition to mixing during a playback, and when idle.
 BEYOND_MIXING = 0.05
 AT_REST = 0.005
-# Wake-ups in a second that are allowed at rest, of all threads together.
+# The permitted wake-ups per second of all threads when idle.
 WAKE_UPS = 2
 SECONDS_OF_MAJOR = 8 * 0.6
-# The device goes on for two seconds after the last sound.
+# The device runs for two seconds after the last sound.
 SECONDS_TO_REST = 2.5
 
 
 class Threads:
-    """Processor seconds and wake-ups of a process's threads at this moment."""
+    """The processor seconds and wake-ups of the threads of a process until now."""
 
     def __init__(self, pid):
         self.at = time.monotonic()
@@ -42,7 +41,7 @@ class Threads:
             self.wake_ups[thread] = int(found.split()[1])
 
     def since(self, before):
-        """What was used from then to now by each thread: seconds, wake-ups; and the time between."""
+        """The seconds and wake-ups of each thread since `before`, and the time between."""
         seconds = {thread: value - before.seconds.get(thread, 0) for thread, value in self.seconds.items()}
         wake_ups = {thread: value - before.wake_ups.get(thread, 0) for thread, value in self.wake_ups.items()}
         return seconds, wake_ups, self.at - before.at
@@ -51,15 +50,15 @@ class Threads:
 class Resting(unittest.TestCase):
     session = None
 
-    def test_a_playback_costs_little_beyond_mixing_and_is_followed_by_rest(self):
+    def test_a_playback_costs_little_beyond_mixing_and_ends_idle(self):
         pid = self.session.program.pid
         status, listen = self.session.status(), self.session.button("Listen")
         before = Threads(pid)
         self.session.press(listen)
-        # Reading the status line over the bus would be work for the program.
+        # Reading the status line through the bus would cost processor time in the program.
         time.sleep(SECONDS_OF_MAJOR)
         seconds, wake_ups, time_passed = Threads(pid).since(before)
-        # All threads of the sound begin with the first note. The one that wakes up for every period is the mixer's.
+        # All sound threads start with the first note. The mixer is the one that wakes up for every period.
         mixer = max(set(seconds) - set(before.seconds), key=wake_ups.get)
         mixing = seconds.pop(mixer) / time_passed
         beyond = sum(seconds.values()) / time_passed
@@ -67,13 +66,13 @@ class Resting(unittest.TestCase):
         self.assertGreater(wake_ups[mixer], 100 * SECONDS_OF_MAJOR, "a thread mixes")
         self.assertLess(beyond, timely(BEYOND_MIXING))
         self.session.wait_for_standby(status)
-        self.assert_rest(pid, SECONDS_TO_REST)
+        self.assert_idle(pid, SECONDS_TO_REST)
 
-    def test_a_program_that_has_not_played_rests(self):
+    def test_a_program_without_playback_is_idle(self):
         self.session.restart()
-        self.assert_rest(self.session.program.pid, 1)
+        self.assert_idle(self.session.program.pid, 1)
 
-    def assert_rest(self, pid, seconds_before):
+    def assert_idle(self, pid, seconds_before):
         time.sleep(seconds_before)
         before = Threads(pid)
         time.sleep(2)

@@ -2,10 +2,9 @@
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
 """A screen, a session bus, an accessibility bus and a running Tonalith, all private to one test.
 
-Session is a context manager and owns all of it: the processes end and the folders vanish when it is left, whatever
-happened. The program runs on a copy of the stage, so a test may change the database. Starting fails with
-SessionFailure and the output of whatever did not come up. One Session in one process: the accessibility library reads
-its environment once.
+Session is a context manager that owns all processes and folders and removes them at its exit. The program runs on a
+copy of the stage, so a test may change the database. A failed start raises SessionFailure with the output of the
+processes. Only one Session per process: the accessibility library reads its environment once.
 """
 
 import os
@@ -16,7 +15,7 @@ import time
 
 
 class SessionFailure(Exception):
-    """Something outside of the test's subject did not come up."""
+    """The program or a service did not start or respond."""
 
 
 class Session:
@@ -55,7 +54,7 @@ class Session:
         shutil.rmtree(self._folder, ignore_errors=True)
 
     def wait(self, condition, what):
-        """The first true answer of condition; fails after the session's patience."""
+        """The first true result of condition; raises SessionFailure after the timeout."""
         end = time.monotonic() + self._seconds
         while time.monotonic() < end:
             answer = condition()
@@ -89,7 +88,7 @@ class Session:
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._spawn_and_read(
             ["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1"]
         )
-        # Imported here, after the addresses above are in the environment.
+        # Imported here, because it reads the addresses above from the environment.
         import gi
 
         gi.require_version("Atspi", "2.0")
@@ -125,7 +124,7 @@ class Session:
 
 
 def children(node):
-    """The children of a node that are there at this moment."""
+    """The current children of a node."""
     found = (node.get_child_at_index(index) for index in range(node.get_child_count()))
     return [child for child in found if child is not None]
 

@@ -2,8 +2,8 @@
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
 """The main window on a screen that is smaller than its layout: small_screen_test.py STAGE WIDTHxHEIGHT SCALE.
 
-The program is drawn smaller, so that all of the window is on the screen. Where the smallest scale is too large for that
-the window has scroll bars and is no larger than the screen. A note is where it is painted.
+The window is scaled down to fit on the screen. If the smallest scale does not fit, the window has scroll bars. Notes
+must react at the position where they are painted.
 """
 
 import ctypes
@@ -14,12 +14,12 @@ import unittest
 from input import Input
 from session import Session, descendants
 
-# The window's width, 1080 pixels, at the smallest scale, 0.7, and a frame around it.
+# The width of the window, 1080 pixels, at the smallest scale, 0.7, plus its frame.
 SMALLEST_WITHOUT_SCROLL_BARS = 760
 
 
 def largest_window():
-    """Width and height of the largest window on the screen, in pixels of the screen: the accessibility bus has others."""
+    """The size of the largest window in physical pixels: the accessibility bus uses logical ones."""
     x11 = ctypes.CDLL("libX11.so.6")
     window, number = ctypes.c_ulong, ctypes.c_uint
     x11.XOpenDisplay.restype = ctypes.c_void_p
@@ -57,7 +57,7 @@ class SmallScreen(unittest.TestCase):
 
     def test_every_button_is_on_the_screen_or_can_be_scrolled_to(self):
         if self.nodes("scroll bar"):
-            self.assertLess(self.screen[0], SMALLEST_WITHOUT_SCROLL_BARS * self.scale, "there is room for a smaller scale")
+            self.assertLess(self.screen[0], SMALLEST_WITHOUT_SCROLL_BARS * self.scale, "a smaller scale would fit")
             return
         window = self.extents(self.session.window)
         buttons = self.nodes("push button")
@@ -68,7 +68,7 @@ class SmallScreen(unittest.TestCase):
             self.assertLessEqual(place.y + place.height, window.y + window.height, button.get_name())
 
     def test_a_click_reaches_the_note_under_the_pointer(self):
-        # The bus has the places of the window system's pixels divided by the scale that the program is drawn at.
+        # The accessibility bus divides positions by the scale of the program.
         scale = largest_window()[0] / self.extents(self.session.window).width
         input = Input()
         for name in ("C, string 2, fret 1", "A, string 5, fret 12"):

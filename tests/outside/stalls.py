@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""Notices when the machine stands still: a process of its own that wakes up often and sees how late it is.
+"""Detects stalls of the system: a separate process wakes up often and measures its delay.
 
-Stalls is a context manager; once it is left, `longest` is the longest delay, in seconds, while it was open.
+Stalls is a context manager; after its exit, `longest` is the longest delay in seconds.
 """
 
 import select
@@ -10,7 +10,7 @@ import subprocess
 import sys
 import time
 
-LOOK = 0.005
+INTERVAL = 0.005
 
 
 class Stalls:
@@ -30,13 +30,13 @@ class Stalls:
 
 
 def watch():
-    """Looks until the standard input ends."""
+    """Measures until the standard input is closed."""
     longest = 0.0
     print("looking", flush=True)
     before = time.monotonic()
-    while not select.select([sys.stdin], [], [], LOOK)[0]:
+    while not select.select([sys.stdin], [], [], INTERVAL)[0]:
         now = time.monotonic()
-        longest = max(longest, now - before - LOOK)
+        longest = max(longest, now - before - INTERVAL)
         before = now
     print(longest)
 

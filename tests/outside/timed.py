@@ -1,12 +1,12 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""Upper bounds of times and shares, as support/timed.h has them for the other tests."""
+"""Upper bounds of times and shares, like support/timed.h."""
 
 import os
 
-OUT_OF_PROPORTION = 20
+LOADED_FACTOR = 20
 
 
-def timely(promised):
-    """The promise itself on a machine that does nothing else (TONALITH_TIMED is set), else far more."""
-    return promised if "TONALITH_TIMED" in os.environ else promised * OUT_OF_PROPORTION
+def timely(bound):
+    """The bound itself on an idle system (TONALITH_TIMED is set), otherwise a multiple of it."""
+    return bound if "TONALITH_TIMED" in os.environ else bound * LOADED_FACTOR

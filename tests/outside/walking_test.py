@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""Walking through the library from outside: arrows, keys, key box, names, and a click on a note.
+"""Navigation in the library: arrows, keys, key box, names, and a click on a note.
 
 The expected records are read with plain SQL from the copy of the database that the program has opened.
 """
@@ -55,7 +55,7 @@ class Walking(unittest.TestCase):
         return {match.group(1) for match in (NOTE.fullmatch(node.get_name()) for node in self.nodes()) if match}
 
     def expect(self, row, key):
-        """Name, type and notes of this record, in this key."""
+        """Checks the name, the type and the notes of a record in a key."""
         name, kind, pattern = self.records[row]
         number = KEYS.index(key)
         notes = {key}
@@ -67,7 +67,7 @@ class Walking(unittest.TestCase):
         self.assertEqual(self.described(TYPE_TIP), kind)
 
     def type_keys(self, *names):
-        """Presses and releases keys of the real keyboard of the virtual screen."""
+        """Presses and releases keys of the keyboard of the virtual screen."""
         atspi = self.session.atspi
         for name in names:
             keyval = KEYVALS.get(name)
@@ -83,7 +83,7 @@ class Walking(unittest.TestCase):
         atspi.generate_keyboard_event(CONTROL_KEYCODE, None, atspi.KeySynthType.RELEASE)
 
     def click(self, node):
-        """A real click. On a screen without a window manager the keyboard goes where the pointer is."""
+        """A real click. Without a window manager the keyboard focus follows the pointer."""
         place = node.get_extents(self.session.atspi.CoordType.SCREEN)
         x, y = place.x + place.width // 2, place.y + place.height // 2
         self.assertTrue(self.session.atspi.generate_mouse_event(x, y, "b1c"))
@@ -98,7 +98,7 @@ class Walking(unittest.TestCase):
     def tearDown(self):
         self.choose_key("C")
 
-    def test_next_and_previous_walk_record_by_record(self):
+    def test_next_and_previous_move_by_one_record(self):
         for row in (1, 2, 3):
             self.press("Next record")
             self.expect(row, "C")
@@ -111,7 +111,7 @@ class Walking(unittest.TestCase):
         self.press("First record")
         self.expect(0, "C")
 
-    def test_page_keys_and_control_home_and_end_walk_too(self):
+    def test_page_keys_and_control_home_and_end_move_too(self):
         self.click(next(node for node in self.nodes() if node.get_description() == NAME_TIP))
         self.type_keys("Page_Down")
         self.expect(1, "C")
@@ -135,7 +135,7 @@ class Walking(unittest.TestCase):
         self.type_keys("Return")
         self.expect(0, "A#")
 
-    def test_the_bar_reports_its_position(self):
+    def test_the_data_control_reports_its_position(self):
         bar = next(node for node in self.nodes() if node.get_name() == "Select Scales" and node.get_child_count() > 0)
         for row, command in enumerate(["First record", "Next record", "Next record"]):
             self.press(command)
@@ -148,7 +148,7 @@ class Walking(unittest.TestCase):
         self.press("Update")
         self.expect(1, "C")
 
-    def test_a_pressed_note_without_its_sound_file_is_silent_and_harmless(self):
+    def test_a_pressed_note_does_not_prevent_navigation(self):
         self.press("E, string 1, open")
         self.press("Next record")
         self.expect(1, "C")

@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""A session that is worked with input and read through the accessibility bus: windows, boxes, buttons and fields.
+"""A session with real input that reads windows, message boxes, buttons and fields through the accessibility bus.
 
-WindowsSession is a Session with a home folder of its own and an empty DataPacks folder; the packs that were in it lie in
-session.packs. Whatever is looked for is waited for; what does not come in the session's patience is a SessionFailure.
+WindowsSession is a Session with a separate home folder and an empty DataPacks folder; session.packs contains the
+original packs. All queries wait for their result and raise SessionFailure after the timeout.
 """
 
 import contextlib
@@ -22,7 +22,7 @@ NAME_TIP = "The name of the scale"
 
 
 class WindowsSession(Session):
-    """with WindowsSession(stage) as session: session.input work it."""
+    """with WindowsSession(stage) as session: session.input sends keys and clicks."""
 
     def __init__(self, stage):
         super().__init__(stage)
@@ -48,7 +48,7 @@ class WindowsSession(Session):
         super().__exit__(*details)
 
     def wait(self, condition, what):
-        """As the session waits; a part that goes away while it is read makes the answer false, not the test fail."""
+        """Like Session.wait; a node that is removed while it is read counts as a false result."""
         def answer():
             try:
                 return condition()
@@ -58,14 +58,14 @@ class WindowsSession(Session):
         return super().wait(answer, what)
 
     def put_packs(self, *names):
-        """These packs and no others lie in the program's folder now."""
+        """Replaces the packs of the program by these."""
         shutil.rmtree(self.data_packs)
         os.mkdir(self.data_packs)
         for name in names:
             shutil.copy(os.path.join(self.packs, name), self.data_packs)
 
     def query(self, statement, *values, path=None):
-        """The rows of a statement, read from the database of the program, or from another one."""
+        """The result rows of a statement, from the database of the program or from `path`."""
         database = path or os.path.join(self.stage, "TonalithDB97.mdb")
         with contextlib.closing(sqlite3.connect(f"file:{database}?mode=ro", uri=True)) as connection:
             return connection.execute(statement, values).fetchall()
@@ -74,7 +74,7 @@ class WindowsSession(Session):
         return node.get_state_set().contains(self.atspi.StateType.SHOWING)
 
     def windows(self):
-        """The program's windows on the screen at this moment."""
+        """The visible windows of the program."""
         application = self.window.get_application()
         application.clear_cache()
         return [window for window in children(application) if self.is_showing(window)]
@@ -87,7 +87,7 @@ class WindowsSession(Session):
         self.wait(lambda: all(window.get_name() != name for window in self.windows()), f"the end of {name}")
 
     def box(self):
-        """The message box that is open and what it says, or None."""
+        """The open message box and its text, or None."""
         for window in self.windows():
             if window.get_role_name() in BOXES and window.get_name() in ("Tonalith", "Confirm Deletion"):
                 texts = [node.get_name() for node in children(window) if node.get_role_name() == "label"]
@@ -95,7 +95,7 @@ class WindowsSession(Session):
         return None
 
     def wait_for_box(self, text):
-        """The message box that says this."""
+        """The message box that contains this text."""
         def found():
             box = self.box()
             return box and text in box[1] and box[0]
@@ -106,7 +106,7 @@ class WindowsSession(Session):
         self.wait(lambda: self.box() is None, "the end of the message box")
 
     def find(self, window, role, name):
-        """The part of the window with this role that has this name or this description."""
+        """The node of the window with this role and this name or description."""
         def found():
             window.clear_cache()
             for node in descendants(window):
@@ -118,7 +118,7 @@ class WindowsSession(Session):
         return self.wait(found, f"the {role} {name}")
 
     def showing_label(self, window, start):
-        """Whether a label of the window begins with this."""
+        """Whether a label of the window begins with `start`."""
         window.clear_cache()
         return any(node.get_role_name() == "label" and node.get_name().startswith(start) and self.is_showing(node)
                    for node in descendants(window))

@@ -1,8 +1,8 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
-"""The windows as a musician uses them, each by keyboard alone and by mouse alone: editor, search, packs, print, help.
+"""Uses the windows by keyboard alone and by mouse alone: editor, search, packs, print, help.
 
-By mouse, only names are typed. What must have happened is read from the screen, from the database and from the PDF.
+By mouse, only names are typed. Results are checked on the screen, in the database and in the PDF file.
 """
 
 import os
@@ -61,20 +61,20 @@ class Editor(WindowsCase):
         self.assertEqual(self.pattern(name), pattern)
         self.assertEqual(self.pattern("Major"), "2212221", "the record that was there before is as it was")
 
-    def test_by_keyboard_a_scale_is_made_bent_and_deleted(self):
+    def test_by_keyboard_a_scale_is_created_changed_and_deleted(self):
         session, input, name = self.session, self.input, "Campfire minor"
         editor = self.open_by_keyboard()
-        # Nobody who types fast waits after Alt+A.
+        # A fast user does not wait after Alt+A.
         input.press("alt+a")
         input.write(name)
         session.wait_for_text(session.find(editor, "text", "Scale Name"), name)
-        # Escape closes the open list of types and not the editor.
+        # Escape closes the open list of types, not the editor.
         types = session.find(editor, "combo box", "Major and minor scales")
         input.press("Tab")
         session.wait_for_keyboard_in(types)
         input.press("alt+Down", "Page_Down", "Escape")
         session.wait_for_keyboard_in(types)
-        # Over the number of the type to C, then from note to note: D# on, E off, A off, A# on, B off.
+        # Tab past the type number to C, then from note to note: D# on, E off, A off, A# on, B off.
         input.press("Tab", "Tab", *["Tab"] * 3, "space", "Tab", "space", *["Tab"] * 5, "space", "Tab", "space", "Tab",
                     "space")
         session.find(editor, "label", "Apply saves 212232: T S T T T1.5 T")
@@ -97,7 +97,7 @@ class Editor(WindowsCase):
         input.press("Escape")
         session.wait_for_end_of("Scales")
 
-        # Saving showed the first record again.
+        # Apply shows the first record again.
         input.press("ctrl+End")
         session.wait_for_scale(name)
         self.open_by_keyboard()
@@ -111,7 +111,7 @@ class Editor(WindowsCase):
         input.press("Escape")
         session.wait_for_end_of("Scales")
 
-    def test_by_mouse_a_scale_is_made_bent_and_deleted(self):
+    def test_by_mouse_a_scale_is_created_changed_and_deleted(self):
         session, name = self.session, "Midnight major"
         editor = self.open_by_mouse()
         session.click_button(editor, "Add")
@@ -144,7 +144,7 @@ class Editor(WindowsCase):
         session.click_button(editor, "Close")
         session.wait_for_end_of("Scales")
 
-    def test_by_screen_reader_a_note_is_selected_and_taken_back(self):
+    def test_by_screen_reader_a_note_is_selected_and_deselected(self):
         session, action = self.session, self.session.atspi.Action
         editor = self.open_by_mouse()
         note = session.find(editor, "check box", "A#")
@@ -175,19 +175,19 @@ class Search(WindowsCase):
         self.matches = [name for name in self.names if re.search("har.*minor", name, re.IGNORECASE)]
         self.assertGreater(len(self.matches), 1)
 
-    def walk_round(self, search, step):
-        """Every match in its turn, and the first one again, by then with the text that tells the wrap."""
+    def visit_all(self, search, step):
+        """Visits every match in order and the first one again, with the text about the wrap."""
         for name in [*self.matches, self.matches[0]]:
             step()
             self.session.wait_for_scale(name)
         self.session.find(search, "label", self.WRAPPED)
 
-    def test_by_keyboard_every_match_is_found_in_its_turn(self):
+    def test_by_keyboard_every_match_is_found_in_order(self):
         session, input = self.session, self.input
         input.press("ctrl+f")
         search = session.wait_for_window("Search")
         input.write(self.PIECE)
-        self.walk_round(search, lambda: input.press("Return"))
+        self.visit_all(search, lambda: input.press("Return"))
         input.write("qqq")
         input.press("Return")
         session.wait_for_box("No matches found.")
@@ -197,13 +197,13 @@ class Search(WindowsCase):
         session.wait_for_end_of("Search")
         self.assertEqual(session.scale(), self.matches[0])
 
-    def test_by_mouse_every_match_is_found_in_its_turn(self):
+    def test_by_mouse_every_match_is_found_in_order(self):
         session, input = self.session, self.input
         session.choose_from_menu("Tools", "Search")
         search = session.wait_for_window("Search")
         input.write(self.PIECE)
-        self.walk_round(search, lambda: session.click_button(search, "Search"))
-        # A click leaves the text selected, so that the next one can be typed at once.
+        self.visit_all(search, lambda: session.click_button(search, "Search"))
+        # A click leaves the text selected, so the next text replaces it.
         input.write("qqq")
         session.click_button(search, "Search")
         session.click_button(session.wait_for_box("No matches found."), "OK")
@@ -215,7 +215,7 @@ class Search(WindowsCase):
 
 class Packs(WindowsCase):
     def install(self, names, start, answer):
-        """Installs these packs and answers each one's message; the names that the library has gained."""
+        """Installs these packs and answers each message; returns the added names."""
         before = self.library()
         self.session.put_packs(*names)
         start()
@@ -269,7 +269,7 @@ class Packs(WindowsCase):
 
 class Print(WindowsCase):
     def saved(self, dialog, path):
-        """Waits until the preview says so; the width and height of the page, in points."""
+        """Waits for the message of the preview; returns the size of the page in points."""
         self.session.find(dialog, "label", f"Saved as {path}")
         with open(path, "rb") as file:
             content = file.read()
@@ -376,7 +376,7 @@ class Help(WindowsCase):
         session.find(window, "label", "110 %")
         session.click_button(window, "Smaller text")
         session.find(window, "label", "100 %")
-        # The close box is the window manager's.
+        # The window manager would draw the close button.
         with open_screen() as screen:
             screen.ask_to_close(screen.window_titled(self.TITLE))
         session.wait_for_end_of(self.TITLE)
