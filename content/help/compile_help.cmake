@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
 # SPDX-FileCopyrightText: 2026 The Tonalith authors
 #
-# cmake -D CHMCMD=... -D FOLDER=... -D TO=... -P compile_help.cmake: compiles FOLDER/tonalith.hhp and puts the result at
-# TO. The compiler's exit status says little: a missing project ends with success, and a missing topic is a warning. So
-# a warning or a missing result fails, with everything that the compiler said.
+# cmake -D CHMCMD=... -D FOLDER=... -D TO=... -P compile_help.cmake: compiles FOLDER/tonalith.hhp to the file TO. The
+# exit status of the compiler is not sufficient: it is 0 for a missing project, and a missing topic is only a warning.
+# So this script fails, with the output of the compiler, on a warning or a missing result.
 set(compiled "${FOLDER}/TLHELP.chm")
 file(REMOVE "${compiled}")
 execute_process(COMMAND "${CHMCMD}" tonalith.hhp WORKING_DIRECTORY "${FOLDER}" RESULT_VARIABLE status

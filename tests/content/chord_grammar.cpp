@@ -16,7 +16,7 @@
 namespace tonalith::content_tests {
 namespace {
 
-/// One step of a recipe: what to do, and the degree to do it with, such as "b9".
+/// One step of a recipe: an operation and its degree, such as "b9".
 struct Step {
   enum class Kind {
     kMinor,
@@ -115,7 +115,7 @@ class ChordBuilder {
 
 using Kind = Step::Kind;
 
-/// The front of the text, taken off it, if it is one of the given words.
+/// Removes the word from the beginning of the text; false if the text begins otherwise.
 bool Take(std::string_view& text, std::string_view word) {
   if (!text.starts_with(word)) {
     return false;
@@ -124,19 +124,19 @@ bool Take(std::string_view& text, std::string_view word) {
   return true;
 }
 
-/// Signs and digits at the front of the text, taken off it: "b13".
+/// Removes a degree from the beginning of the text, accidentals and digits such as "b13", and returns it.
 std::string TakeDegree(std::string_view& text) {
   std::string degree;
   while (!text.empty() && (text.front() == 'b' || text.front() == '#')) {
     degree += text.front();
     text.remove_prefix(1);
   }
-  const std::size_t signs = degree.size();
+  const std::size_t accidentals = degree.size();
   while (!text.empty() && std::isdigit(static_cast<unsigned char>(text.front())) != 0) {
     degree += text.front();
     text.remove_prefix(1);
   }
-  if (degree.size() == signs) {
+  if (degree.size() == accidentals) {
     throw std::invalid_argument("a degree is missing before: " + std::string(text));
   }
   return degree;
@@ -180,7 +180,7 @@ Step NextSymbolStep(std::string_view& rest) {
   return {altered ? Kind::kAlter : Kind::kStack, TakeDegree(rest)};
 }
 
-/// The degree that stands next in words: "flat 9", "sharp 11", "major 7" or a number.
+/// The degree at the beginning of the text: "flat 9", "sharp 11", "major 7" or a number.
 std::string DegreeInWords(std::istream& words) {
   std::string word;
   words >> word;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Chords are held against what their names and their symbols say, through a grammar that knows nothing of the tables
-// and is itself held against chords written as notes.
+// Compares the notes of chords with their names and symbols, through a grammar that is independent of the tables and is
+// itself tested with chords written as notes.
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@
 namespace tonalith::content_tests {
 namespace {
 
-/// The types whose chords have names that are no recipes.
+/// The types whose chord names do not describe the notes.
 const std::set<std::string> kNamedTypes = {"Inversions of triads and seventh chords",
                                            "Common slash chords",
                                            "Power chord and dyads",
@@ -36,7 +36,7 @@ const std::set<std::string> kNamedTypes = {"Inversions of triads and seventh cho
 
 PitchClassSet Notes(std::string_view name) { return ScaleLibrary::WithPacks().Notes(name); }
 
-/// The chords whose name is a recipe.
+/// The chords whose name describes the notes.
 std::vector<ScaleRow> SpelledChords() {
   std::set<std::int64_t> named;
   for (const ScaleTypeRow& type : ScaleLibrary::WithPacks().Types()) {
@@ -58,7 +58,7 @@ std::vector<std::string> Symbols(const std::string& description) {
   return {std::sregex_token_iterator(list.begin(), list.end(), separator, -1), std::sregex_token_iterator()};
 }
 
-TEST(ChordGrammar, ReadsSymbolsAsTheirNotes) {
+TEST(ChordGrammar, ReadsSymbolsAsNotes) {
   const std::map<std::string_view, std::string_view> known = {
       {"", "C E G"},
       {"-", "C Eb G"},
@@ -88,7 +88,7 @@ TEST(ChordGrammar, ReadsSymbolsAsTheirNotes) {
   }
 }
 
-TEST(ChordGrammar, ReadsWordsAsTheirNotes) {
+TEST(ChordGrammar, ReadsNamesAsNotes) {
   const std::map<std::string_view, std::string_view> known = {
       {"Minor triad", "C Eb G"},
       {"Power chord", "C G"},
@@ -105,21 +105,21 @@ TEST(ChordGrammar, ReadsWordsAsTheirNotes) {
   }
 }
 
-TEST(ChordGrammar, RefusesWhatIsNoChord) {
+TEST(ChordGrammar, RefusesInvalidChords) {
   EXPECT_THROW(ChordFromSymbol("C7"), std::invalid_argument);
   EXPECT_THROW(ChordFromSymbol("8"), std::invalid_argument);
   EXPECT_THROW(ChordFromSymbol("7no9"), std::invalid_argument);
   EXPECT_THROW(ChordFromWords("Dominant seventh"), std::invalid_argument);
 }
 
-TEST(Chords, HaveTheNotesThatTheirNamesSay) {
+TEST(Chords, HaveTheNotesOfTheirNames) {
   EXPECT_GE(SpelledChords().size(), 170U);
   for (const ScaleRow& row : SpelledChords()) {
     EXPECT_EQ(ToText(FromPattern(row.scaleIntervals)), ToText(ChordFromWords(row.scaleName))) << row.scaleName;
   }
 }
 
-TEST(Chords, HaveTheNotesThatTheirSymbolsSay) {
+TEST(Chords, HaveTheNotesOfTheirSymbols) {
   for (const ScaleRow& row : SpelledChords()) {
     const std::vector<std::string> symbols = Symbols(row.scaleDescription);
     EXPECT_FALSE(symbols.empty()) << row.scaleName << ": " << row.scaleDescription;
@@ -136,7 +136,7 @@ TEST(Chords, EndTheBracketsOfTheirNameWithTheirSymbol) {
     std::smatch brackets;
     if (!std::regex_search(row.scaleName, brackets, std::regex("\\((?:.*, )?([^,]*)\\)$"))) continue;
     const std::vector<std::string> symbols = Symbols(row.scaleDescription);
-    if (brackets[1] == "Hendrix chord") continue;  // Its symbol holds a wildcard of the search.
+    if (brackets[1] == "Hendrix chord") continue;  // Its symbol contains a wildcard of the search.
     EXPECT_NE(std::ranges::find(symbols, brackets[1].str()), symbols.end()) << row.scaleName;
     ++checked;
   }
@@ -195,7 +195,7 @@ TEST(Chords, CalledMixedQuartalStackTheFourthsOfTheirName) {
   EXPECT_EQ(checked, 5);
 }
 
-TEST(Chords, HoldSeventhsAndNinthsOfEveryQualityWithAlteredFifths) {
+TEST(Chords, ContainSeventhsAndNinthsWithAlteredFifths) {
   std::set<std::string> held;
   for (const ScaleRow& row : ScaleLibrary::WithPacks().Chords()) held.insert(ToText(FromPattern(row.scaleIntervals)));
   int checked = 0;
@@ -248,7 +248,7 @@ TEST(Chords, ThatAreInversionsOfEachOtherShareTheirNotes) {
   }
 }
 
-TEST(Chords, ThatSubstituteAtTheTritoneShareThirdAndSeventh) {
+TEST(Chords, TritoneSubstitutesShareThirdAndSeventh) {
   for (const std::string_view name : {"Dominant 7", "Dominant 9", "Dominant 13", "Dominant 7 flat 9"}) {
     const PitchClassSet chord = Notes(name);
     EXPECT_TRUE((chord & Transposed(chord, 6))[4]) << name;
@@ -257,7 +257,7 @@ TEST(Chords, ThatSubstituteAtTheTritoneShareThirdAndSeventh) {
   EXPECT_EQ(Notes("Dominant 7 flat 5 flat 9"), Transposed(Notes("Dominant 7"), 6).set(0));
 }
 
-TEST(Chords, StackTriadsAsMusiciansSay) {
+TEST(Chords, StackKnownTriads) {
   const PitchClassSet major = Notes("Major triad");
   const PitchClassSet minor = Notes("Minor triad");
   EXPECT_EQ(Notes("Dominant 7 flat 9"), Transposed(Notes("Diminished 7"), 1).set(0));
@@ -273,7 +273,7 @@ TEST(Chords, StackTriadsAsMusiciansSay) {
   EXPECT_EQ(Notes("Minor 6 added 9 added 11"), minor | Transposed(minor, 2));
 }
 
-TEST(Chords, OfSevenNotesAreTheScalesThatTheyAreStackedFrom) {
+TEST(Chords, OfSevenNotesHaveTheNotesOfTheirScale) {
   EXPECT_EQ(Notes("Minor 13"), Notes("Dorian"));
   EXPECT_EQ(Notes("Minor major 13"), Notes("Jazz minor"));
   EXPECT_EQ(Notes("Major 13 sharp 11"), Notes("Lydian"));
@@ -297,13 +297,13 @@ std::multiset<int> IntervalClasses(const PitchClassSet& chord) {
   return classes;
 }
 
-TEST(Chords, CalledAllIntervalHoldEveryIntervalOnce) {
+TEST(Chords, CalledAllIntervalContainEveryIntervalOnce) {
   const std::multiset<int> each = {1, 2, 3, 4, 5, 6};
   EXPECT_EQ(IntervalClasses(Notes("All-interval tetrachord")), each);
   EXPECT_EQ(IntervalClasses(Notes("Minor added flat 9")), each);
 }
 
-TEST(Chords, CalledAllTrichordHoldEveryKindOfThreeNotes) {
+TEST(Chords, CalledAllTrichordContainEveryTrichord) {
   const PitchClassSet hexachord = Notes("All-trichord hexachord");
   std::set<std::string> kinds;
   for (unsigned long bits = 0; bits < 4096; ++bits) {

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Rows with the same pattern sound the same, and a reader of one wants to know the other. In the library each of them
-// names all the others. A row of a pack names one such row of the library and all those of its own pack, but none of
-// another pack, because that may not be installed.
+// Rows with the same pattern refer to each other. In the library each of them names all others. A row of a pack names
+// one such row of the library and all those of its own pack, but no row of another pack, which may not be installed.
 
 #include <gtest/gtest.h>
 
@@ -61,7 +60,7 @@ TEST(CrossReferences, NameNoRowOfAnotherPack) {
   }
 }
 
-TEST(CrossReferences, CountTheLongestNameAsAWholeWord) {
+TEST(CrossReferences, MatchTheLongestNameAsACompleteWord) {
   const auto names = [](std::string_view text) {
     std::string all;
     for (const ScaleRow* row : Mentions(text)) all += ReferenceName(*row) + "; ";

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Descriptions make claims that can be calculated: "same notes as Phrygian dominant", "has the notes of the minor 7
-// chord a minor third lower". Every such claim is read and held against the patterns.
+// Descriptions contain claims that can be calculated: "same notes as Phrygian dominant", "has the notes of the minor 7
+// chord a minor third lower". The tests parse every such claim and compare it with the patterns.
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@
 namespace tonalith::content_tests {
 namespace {
 
-/// Another row of the tables, and by how many semitones its root lies above the root of the row that names it.
+/// Another row of the tables, and the number of semitones from the root of the naming row up to its root.
 struct Claim {
   const ScaleRow* row = nullptr;
   int shift = 0;
@@ -58,8 +58,8 @@ Claim ReadClaim(std::string text) {
   return claim;
 }
 
-/// The rows that the list at the front of `rest` names, which is taken off. A row whose true notes lie between the
-/// frets is named by "the approximation of" and its name: the row itself is only near to it.
+/// Removes a list of row names from the beginning of `rest` and returns the rows. "the approximation of" precedes the
+/// name of a row whose exact notes are between the frets.
 std::vector<const ScaleRow*> TakeComparisons(std::string_view& rest, const std::string& claim) {
   const auto isApproximation = [](const ScaleRow* row) { return row->scaleName.ends_with(" (approximation)"); };
   std::vector<const ScaleRow*> list = TakeNameList(rest);
@@ -127,7 +127,7 @@ TEST(Descriptions, NameAlteredDegreesThatTheScaleHas) {
   EXPECT_GE(checked, 10);
 }
 
-TEST(Descriptions, GiveTheNumberOfTheModeThatTheScaleIs) {
+TEST(Descriptions, StateTheCorrectModeNumber) {
   const std::map<std::string, std::string> parents = {{"the major scale", "Major"},
                                                       {"the major pentatonic", "Major pentatonic"},
                                                       {"melodic minor", "Jazz minor"},

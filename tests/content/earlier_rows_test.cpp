@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The list of library rows that have changed since version 1.0 leads from names of that version to names of today.
+// The list of library rows that have changed since version 1.0 maps names of that version to current names.
 
 #include <gtest/gtest.h>
 
@@ -49,7 +49,7 @@ std::vector<std::pair<std::string, std::string>> EarlierRows() {
   return rows;
 }
 
-TEST(EarlierRows, LeadFromNamesOfVersionOneToNamesOfTheLibrary) {
+TEST(EarlierRows, MapNamesOfVersion1ToCurrentNames) {
   const std::set<std::string> names = NamesOfVersionOne();
   ASSERT_EQ(names.size(), 338U);
   std::set<std::string> seen;
@@ -62,7 +62,7 @@ TEST(EarlierRows, LeadFromNamesOfVersionOneToNamesOfTheLibrary) {
   }
 }
 
-TEST(EarlierRows, HoldEveryNameThatHasChanged) {
+TEST(EarlierRows, ContainEveryChangedName) {
   std::set<std::string> before;
   std::set<std::string> now;
   for (const auto& [old, name] : EarlierRows()) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Scales and chords written down as note names on C, by ear and from general musical knowledge, not taken from the
-// tables: a pattern that is wrong under its name has to be wrong twice, in two notations, to pass.
+// Scales and chords as note names on C, written from general musical knowledge and not copied from the tables. An error
+// in a pattern is only missed if the same error is in both notations.
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ void PrintTo(const KnownScale& known, std::ostream* stream) { *stream << known.n
 
 class KnownScales : public ::testing::TestWithParam<KnownScale> {};
 
-TEST_P(KnownScales, HaveTheNotesOnCThatMusiciansWriteForThem) {
+TEST_P(KnownScales, HaveTheirKnownNotesOnC) {
   const KnownScale& known = GetParam();
   ASSERT_NE(ScaleLibrary::WithPacks().Find(known.name), nullptr) << known.name;
   EXPECT_EQ(ToText(ScaleLibrary::WithPacks().Notes(known.name)), ToText(FromNotes(known.notes))) << known.name;
@@ -145,7 +145,7 @@ constexpr KnownScale kRagas[] = {
     {"Raga Bhupalam", "C Db Eb G Ab"},     {"Raga Marwa", "C Db E F# A B"},
 };
 
-/// Chords whose name is no recipe. They are written from the notes on which they are known, see below.
+/// Chords whose name does not describe the notes, transposed from the works in which they occur (see below).
 constexpr KnownScale kNamedChords[] = {
     {"Quartal chord of three notes", "C F Bb"},
     {"Quartal chord of four notes", "C F Bb Eb"},
@@ -253,14 +253,14 @@ INSTANTIATE_TEST_SUITE_P(NamedChords, KnownScales, ::testing::ValuesIn(kNamedCho
 INSTANTIATE_TEST_SUITE_P(Added, KnownScales, ::testing::ValuesIn(kAdded));
 INSTANTIATE_TEST_SUITE_P(Packs, KnownScales, ::testing::ValuesIn(kPacks));
 
-/// A chord as it stands in the work that it is known from, and its lowest note there.
+/// A chord as it is written in a known work, and its lowest note there.
 struct QuotedChord {
   std::string_view name;
   int lowest;
   std::string_view notes;
 };
 
-TEST(QuotedChords, AreThoseOfTheWorksThatTheyCameFrom) {
+TEST(QuotedChords, HaveTheNotesOfTheirWorks) {
   constexpr QuotedChord kQuoted[] = {
       {"Tristan chord", 5, "F B D# G#"},        {"Elektra chord", 4, "E B Db F Ab"},
       {"So What chord", 4, "E A D G B"},        {"German sixth", 8, "Ab C Eb F#"},

@@ -2,7 +2,7 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // The 72 melakartas follow from a rule, and their names were chosen so that the first two syllables give the number in
-// the katapayadi notation of Sanskrit. Both are reckoned here from the number alone.
+// the katapayadi notation of Sanskrit. The test calculates both from the number alone.
 
 #include <gtest/gtest.h>
 
@@ -36,9 +36,9 @@ struct Consonant {
   std::set<int> digits;
 };
 
-/// The digits of the consonants in Latin spelling. Where one spelling stands for several Sanskrit letters (t for a
-/// dental, a retroflex and its aspirate, s for three sibilants) each of their digits is possible. Longer spellings come
-/// first.
+/// The digits of the consonants in Latin spelling. If one spelling represents several Sanskrit letters (t for a
+/// dental, a retroflex and its aspirate, s for three sibilants), each of their digits is possible. Longer spellings
+/// come first.
 const std::vector<Consonant>& Consonants() {
   static const std::vector<Consonant> kConsonants = {
       {"kh", {2}},      {"gh", {4}},   {"ch", {6, 7}}, {"jh", {9}}, {"th", {2, 7}},   {"dh", {4, 9}},
@@ -50,7 +50,7 @@ const std::vector<Consonant>& Consonants() {
 
 bool IsVowel(char c) { return std::string_view("aeiou").find(c) != std::string_view::npos; }
 
-/// The digits that the consonants of the next syllable allow; `rest` is left at the syllable after it.
+/// Removes the next syllable from `rest` and returns the possible digits of its consonants.
 std::set<int> NextSyllable(std::string_view& rest) {
   std::set<int> digits;
   while (!rest.empty() && !IsVowel(rest.front())) {
@@ -87,7 +87,7 @@ PitchClassSet ByRule(int number) {
   return notes;
 }
 
-TEST(Melakartas, AreSeventyTwoAndFollowTheRuleInTheirOrder) {
+TEST(Melakartas, Are72InTheOrderOfTheRule) {
   const std::vector<ScaleRow> rows = Melakartas();
   ASSERT_EQ(rows.size(), 72U);
   for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -96,7 +96,7 @@ TEST(Melakartas, AreSeventyTwoAndFollowTheRuleInTheirOrder) {
   }
 }
 
-TEST(Melakartas, BearNamesThatGiveTheirNumberInKatapayadiNotation) {
+TEST(Melakartas, HaveNamesThatEncodeTheirNumber) {
   int number = 1;
   for (const ScaleRow& row : Melakartas()) {
     const std::string lowered = Lowered(row.scaleName);
@@ -121,7 +121,7 @@ TEST(Melakartas, AreDescribedWithTheirNumberChakraAndSwaras) {
   }
 }
 
-TEST(Melakartas, NameThePartnerThatDiffersInTheFourthAlone) {
+TEST(Melakartas, NameThePartnerThatDiffersOnlyInTheFourth) {
   int partners = 0;
   for (const ScaleRow& row : Melakartas()) {
     const std::string_view text = row.scaleDescription;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Modes are checked twice: as rotations of their parent scale, and by what their names say ("Dorian flat 2" is Dorian
-// with its second note lowered).
+// Checks modes twice: as rotations of their parent scale, and by their names ("Dorian flat 2" is Dorian with its second
+// note lowered).
 
 #include <gtest/gtest.h>
 
@@ -48,7 +48,7 @@ constexpr Family kFamilies[] = {
      "Jazz minor flat 5", "Dorian flat 2 flat 4", "Lydian augmented flat 3"},
 };
 
-TEST(Modes, AreRotationsOfTheirParentInOrderOfItsDegrees) {
+TEST(Modes, AreRotationsOfTheirParentInOrder) {
   for (const Family& family : kFamilies) {
     const std::string& parent = Library().Pattern(family[0]);
     ASSERT_EQ(parent.size(), 7U) << family[0];
@@ -59,7 +59,7 @@ TEST(Modes, AreRotationsOfTheirParentInOrderOfItsDegrees) {
   }
 }
 
-TEST(Modes, ShareTheNotesOfTheirParentWhenTheyStartOnItsDegrees) {
+TEST(Modes, ShareTheNotesOfTheirParent) {
   for (const Family& family : kFamilies) {
     const std::vector<int> degrees = Offsets(Library().Pattern(family[0]));
     for (std::size_t degree = 0; degree < family.size(); ++degree) {
@@ -69,7 +69,7 @@ TEST(Modes, ShareTheNotesOfTheirParentWhenTheyStartOnItsDegrees) {
   }
 }
 
-TEST(Modes, StandInTheirTypeInOrderOfTheParentsDegrees) {
+TEST(Modes, AreInTheOrderOfTheParentsDegrees) {
   const std::map<std::string_view, std::string_view> firstModes = {
       {"Modes of the major scale", "Ionian"},
       {"Modes of the melodic minor scale", "Jazz minor"},
@@ -109,7 +109,7 @@ std::string AsDegree(const std::string& kind, const std::string& number) {
   return signs.at(kind) + number;
 }
 
-TEST(Modes, HaveTheAlterationsThatTheirNamesSay) {
+TEST(Modes, HaveTheAlterationsOfTheirNames) {
   const std::regex altered("(.+?)((?: (?:double flat|flat|sharp|natural) [2-7])+)");
   const std::regex alteration(" (double flat|flat|sharp|natural) ([2-7])");
   int checked = 0;
@@ -136,13 +136,13 @@ TEST(Modes, HaveTheAlterationsThatTheirNamesSay) {
   EXPECT_GE(checked, 34);
 }
 
-TEST(Modes, AreRaisedInTheFifthWhenCalledAugmented) {
+TEST(Modes, HaveARaisedFifthIfCalledAugmented) {
   for (const std::string base : {"Ionian", "Lydian", "Mixolydian"}) {
     EXPECT_EQ(Library().Notes(base + " augmented"), Library().Notes(base).flip(7).flip(8)) << base;
   }
 }
 
-TEST(Modes, HaveAMajorThirdAndMinorSeventhWhenCalledDominant) {
+TEST(Modes, HaveAMajorThirdAndMinorSeventhIfCalledDominant) {
   for (const std::string name : {"Lydian dominant", "Phrygian dominant", "Lydian augmented dominant"}) {
     const PitchClassSet notes = Library().Notes(name);
     EXPECT_TRUE(notes[4] && notes[10] && !notes[3] && !notes[11]) << name;

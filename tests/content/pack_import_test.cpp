@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The built data packs, installed into a copy of the built main database as the program does it. Whatever the order,
-// every row of the text tables has to arrive, because the import passes over names and type numbers that it knows.
+// Installs the built data packs into a copy of the built main database, as the program does. Every row of the text
+// tables must be imported in any order of packs, because the import skips existing names and type numbers.
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gtest/gtest.h>
@@ -31,7 +31,7 @@ class SilentObserver : public data::DataPackObserver {
   void ImportProgress(const std::string&, std::int64_t) override {}
 };
 
-/// Every row by its name, in the words of one line, without the number that the import gives anew.
+/// The fields of every row as one line, by name, without the number, which the import assigns.
 using RowsByName = std::map<std::string, std::string>;
 
 std::string InOneLine(const ScaleRow& row) {
@@ -45,7 +45,7 @@ RowsByName RowsOfTables() {
   return rows;
 }
 
-// A program's folder that is the current directory, with copies of the main database and of every pack.
+// A program folder with copies of the main database and all packs, which is the current directory.
 class ShippedPacks : public ::testing::Test {
  protected:
   ShippedPacks() : before_(fs::current_path()) {
@@ -117,7 +117,7 @@ class ShippedPacks : public ::testing::Test {
 
 TEST_F(ShippedPacks, AreBuiltFromEveryFolderOfTables) { EXPECT_EQ(packs_.size(), PackFolders().size()); }
 
-TEST_F(ShippedPacks, BringEveryRowOfTheTablesWhenTheFolderIsInstalled) {
+TEST_F(ShippedPacks, AddEveryRowOfTheTables) {
   std::vector<std::string> installed = import_.GetAvailableDataPacks();
   std::ranges::sort(installed);
   EXPECT_EQ(installed, packs_);
@@ -126,8 +126,8 @@ TEST_F(ShippedPacks, BringEveryRowOfTheTablesWhenTheFolderIsInstalled) {
   ExpectEveryRow();
 }
 
-// Whether a row is passed over depends on which of two packs comes first; here each of two comes first once.
-TEST_F(ShippedPacks, BringEveryRowForwardAndBackward) {
+// The order of two packs decides which rows are skipped: this tests both orders.
+TEST_F(ShippedPacks, AddEveryRowInBothOrders) {
   Install(packs_);
   ExpectEveryRow();
   CopyMain();
@@ -143,7 +143,7 @@ TEST_F(ShippedPacks, AddNothingTheSecondTime) {
   ExpectEveryRow();
 }
 
-TEST_F(ShippedPacks, LeaveTheNumbersOfTheMainDatabaseAsTheyWere) {
+TEST_F(ShippedPacks, DoNotChangeTheNumbersOfTheMainDatabase) {
   Install(packs_);
   SQLite::Database database(folder_ / "TonalithDB97.mdb", SQLite::OPEN_READONLY);
   for (const ScaleRow& row : ScaleLibrary::Shipped().Rows()) {
@@ -154,7 +154,7 @@ TEST_F(ShippedPacks, LeaveTheNumbersOfTheMainDatabaseAsTheyWere) {
   }
 }
 
-TEST_F(ShippedPacks, StandOnTheStage) {
+TEST_F(ShippedPacks, AreOnTheStage) {
   for (const std::string& pack : packs_) {
     const fs::path staged = fs::path(TONALITH_BINARY_DIR) / "stage" / "DataPacks" / fs::path(pack).filename();
     EXPECT_TRUE(fs::is_regular_file(staged)) << staged;

@@ -55,7 +55,7 @@ std::vector<int> Members(const PitchClassSet& set) {
   return members;
 }
 
-/// Compared from the last note back, so that the form packed closest to its start is the least.
+/// Compares from the last note back, so that the form packed most closely to its start is the smallest.
 bool PackedCloser(const std::vector<int>& left, const std::vector<int>& right) {
   return std::lexicographical_compare(left.rbegin(), left.rend(), right.rbegin(), right.rend());
 }

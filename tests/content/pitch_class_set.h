@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Sets of pitch classes, the common ground on which the tests compare interval patterns with what names, note names and
-// rules say. A value without an owner; every function is pure. Text that cannot be read throws std::invalid_argument,
-// so a mistake in a test table fails as loudly as one in the content.
+// Sets of pitch classes, the common representation in which the tests compare patterns, chord names, note names and
+// rules. Throws std::invalid_argument for invalid text, so that an error in a test table fails the test.
 
 #pragma once
 
@@ -14,15 +13,15 @@
 
 namespace tonalith::content_tests {
 
-/// Bit n is set when pitch class n belongs to the set; 0 is the root.
+/// Bit n is set if pitch class n belongs to the set; 0 is the root.
 using PitchClassSet = std::bitset<12>;
 
 PitchClassSet Transposed(const PitchClassSet& set, int semitones);
 
-/// The set that an interval pattern reaches from its root. The octave that closes it is the root again.
+/// The notes of an interval pattern from its root; the final octave is the root again.
 PitchClassSet FromPattern(std::string_view pattern);
 
-/// The semitones from the root to each note of a pattern, the closing octave left out.
+/// The semitones from the root to each note of a pattern, without the final octave.
 std::vector<int> Offsets(std::string_view pattern);
 
 /// The set of note names separated by blanks, each a letter and any number of # or b: "C Db E".
@@ -34,7 +33,7 @@ PitchClassSet FromDegrees(std::string_view degrees);
 /// One degree as semitones from the root within the octave: "b3" is 3, "13" is 9.
 int DegreeToPitchClass(std::string_view degree);
 
-/// How many different sets the twelve transpositions of a set make: 12, or less for a symmetric set.
+/// The number of different sets among the twelve transpositions: 12, or less for a symmetric set.
 int TranspositionCount(const PitchClassSet& set);
 
 /// The prime form as set theory writes it, T for ten and E for eleven: "0134689" for harmonic minor.

@@ -2,8 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // Rows of the data packs whose names are rules: triads over bass notes and over each other, rotations, repeated steps
-// and set classes. The notes are reckoned from the name and held against the tables, and where a rule has a known
-// number of cases every case must be there.
+// and set classes. The tests calculate the notes from the name and compare them with the tables. If a rule has a known
+// number of cases, all must exist.
 
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ struct NamedRow {
   PitchClassSet notes;
 };
 
-/// The rows whose name begins so, with what follows in the name.
+/// The rows whose name begins with the prefix, with the rest of the name.
 std::vector<NamedRow> RowsCalled(const std::string& beginning) {
   std::vector<NamedRow> rows;
   for (const ScaleRow& row : Library().Rows()) {
@@ -59,7 +59,7 @@ std::string BeforeOverI(const std::string& rest) {
   return rest.substr(0, rest.size() - ending.size());
 }
 
-TEST(RuleNames, SetEveryMajorAndMinorTriadOverTheRoot) {
+TEST(RuleNames, CombineEveryMajorAndMinorTriadWithTheRoot) {
   const std::vector<NamedRow> rows = RowsCalled("Slash chord ");
   EXPECT_EQ(rows.size(), 22U) << "eleven roots, major and minor";
   for (const NamedRow& row : rows) {
@@ -67,7 +67,7 @@ TEST(RuleNames, SetEveryMajorAndMinorTriadOverTheRoot) {
   }
 }
 
-TEST(RuleNames, SetEveryMajorTriadOverAMajorTriad) {
+TEST(RuleNames, CombineEveryMajorTriadWithAMajorTriad) {
   const std::vector<NamedRow> rows = RowsCalled("Polychord ");
   std::set<std::string> kinds = {ToText(Notes("Petrushka chord")), ToText(Notes("Elektra chord"))};
   for (const NamedRow& row : rows) {
@@ -77,7 +77,7 @@ TEST(RuleNames, SetEveryMajorTriadOverAMajorTriad) {
   EXPECT_EQ(kinds.size(), 11U) << "eleven roots, with the two that have names of their own";
 }
 
-TEST(RuleNames, SetUpperStructuresOverRootThirdAndSeventh) {
+TEST(RuleNames, PlaceUpperStructuresOverRootThirdAndSeventh) {
   const std::vector<NamedRow> rows = RowsCalled("Upper structure ");
   EXPECT_EQ(rows.size(), 9U);
   for (const NamedRow& row : rows) {
@@ -125,7 +125,7 @@ TEST(RuleNames, RepeatTheStepsOfSymmetricScalesUntilTheOctave) {
   }
 }
 
-TEST(RuleNames, HoldCombinatorialHexachordsWhoseComplementIsATransposition) {
+TEST(RuleNames, ComplementsOfCombinatorialHexachordsAreTranspositions) {
   const std::map<std::string, int> distances = {{"A", 6}, {"B", 6}, {"C", 6}, {"D", 3}, {"E", 2}, {"F", 1}};
   for (const auto& [letter, semitones] : distances) {
     const PitchClassSet hexachord = Notes("Combinatorial hexachord " + letter);
@@ -135,7 +135,7 @@ TEST(RuleNames, HoldCombinatorialHexachordsWhoseComplementIsATransposition) {
   EXPECT_EQ(RowsCalled("Combinatorial hexachord ").size(), distances.size());
 }
 
-TEST(RuleNames, CutPentatonicsOutOfTheirModes) {
+TEST(RuleNames, TakePentatonicsFromTheirModes) {
   const std::map<std::string_view, std::string_view> modes = {{"Lydian dominant pentatonic", "Lydian dominant"},
                                                               {"Lydian augmented pentatonic", "Lydian augmented"},
                                                               {"Super-Locrian pentatonic", "Altered"}};
@@ -148,7 +148,7 @@ TEST(RuleNames, CutPentatonicsOutOfTheirModes) {
   EXPECT_EQ(Notes("Whole tone pentatonic"), Notes("Whole tone").reset(2));
 }
 
-TEST(RuleNames, LayChordsOutAsPentatonics) {
+TEST(RuleNames, WriteChordsAsPentatonics) {
   const std::map<std::string_view, std::string_view> chords = {
       {"Major 9 pentatonic", "Major 9"},
       {"Minor 9 pentatonic", "Minor 9"},
@@ -161,7 +161,7 @@ TEST(RuleNames, LayChordsOutAsPentatonics) {
   for (const auto& [pentatonic, chord] : chords) EXPECT_EQ(Notes(pentatonic), Notes(chord)) << pentatonic;
 }
 
-/// The prime forms of all sets of that many notes, reckoned from every set there is.
+/// The prime forms of all sets of this size, calculated from every set.
 std::set<std::string> PrimeForms(std::size_t size) {
   std::set<std::string> forms;
   for (unsigned long bits = 0; bits < 4096; ++bits) {
@@ -170,7 +170,7 @@ std::set<std::string> PrimeForms(std::size_t size) {
   return forms;
 }
 
-/// The prime forms that the names of a type give in parentheses, each held against the row's own notes.
+/// The prime forms in parentheses in the names of a type; each is compared with the notes of the row.
 std::set<std::string> FormsInNames(const std::string& type) {
   std::set<std::string> forms;
   for (const ScaleRow& row : Library().OfType(type)) {
@@ -186,7 +186,7 @@ std::set<std::string> FormsInNames(const std::string& type) {
   return forms;
 }
 
-TEST(RuleNames, HoldEverySetClassOfThreeAndFourNotes) {
+TEST(RuleNames, ContainEverySetClassOfThreeAndFourNotes) {
   std::set<std::string> trichords = PrimeForms(3);
   EXPECT_EQ(trichords.erase("012"), 1U) << "its widest step needs two digits";
   EXPECT_EQ(FormsInNames("Trichords"), trichords);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Facts of music theory that hold between scales, whatever their patterns are written as.
+// Relations between scales that are facts of music theory.
 
 #include <gtest/gtest.h>
 
@@ -39,7 +39,7 @@ TEST(ScaleFacts, TheNotesOutsideMajorAreAMajorPentatonic) {
   EXPECT_EQ(Notes("Major") | Transposed(Notes("Major pentatonic"), 6), Notes("Chromatic"));
 }
 
-TEST(ScaleFacts, SymmetricScalesLeaveOutTheirLike) {
+TEST(ScaleFacts, SymmetricScalesOmitASymmetricSet) {
   EXPECT_EQ(~Notes("Whole tone"), Transposed(Notes("Whole tone"), 1));
   EXPECT_EQ(~Notes("Augmented"), Transposed(Notes("Augmented"), 2));
   EXPECT_EQ(~Notes("Diminished half-whole"), Transposed(Notes("Diminished 7"), 2));
@@ -56,7 +56,7 @@ TEST(ScaleFacts, FivePentatonicModesAreRotationsOfMajorPentatonic) {
   }
 }
 
-TEST(ScaleFacts, MinorScalesDifferInSixthAndSeventhAlone) {
+TEST(ScaleFacts, MinorScalesDifferOnlyInSixthAndSeventh) {
   EXPECT_EQ(Notes("Harmonic minor"), Notes("Natural minor").flip(10).flip(11));
   EXPECT_EQ(Notes("Melodic minor (ascending)"), Notes("Harmonic minor").flip(8).flip(9));
   EXPECT_EQ(Notes("Melodic minor (descending)"), Notes("Natural minor"));
@@ -64,7 +64,7 @@ TEST(ScaleFacts, MinorScalesDifferInSixthAndSeventhAlone) {
   EXPECT_EQ(Notes("Harmonic major"), Notes("Major").flip(9).flip(8));
 }
 
-TEST(ScaleFacts, HarmonicMajorIsHarmonicMinorTurnedUpsideDown) {
+TEST(ScaleFacts, HarmonicMajorIsInvertedHarmonicMinor) {
   std::string mirrored(Pattern("Harmonic minor"));
   mirrored = {mirrored.rbegin(), mirrored.rend()};
   EXPECT_EQ(Transposed(FromPattern(mirrored), 7), Notes("Harmonic major"));
@@ -135,7 +135,7 @@ TEST(ScaleFacts, TriadScalesJoinTheirTriads) {
   EXPECT_EQ(Notes("Tritone scale"), Notes("Major triad") | Transposed(Notes("Major triad"), 6));
 }
 
-TEST(ScaleFacts, JapaneseScalesAreTwoLikeTetrachords) {
+TEST(ScaleFacts, JapaneseScalesAreTwoEqualTetrachords) {
   const std::map<std::string_view, std::string_view> tetrachord = {
       {"Min'yo", "32"}, {"Yo", "23"}, {"Miyako-bushi", "14"}, {"Ryukyu", "41"}};
   for (const auto& [name, steps] : tetrachord) {
@@ -143,7 +143,7 @@ TEST(ScaleFacts, JapaneseScalesAreTwoLikeTetrachords) {
   }
 }
 
-TEST(ScaleFacts, DoubleHarmonicAndMayamalavagowlaAreTwoLikeTetrachords) {
+TEST(ScaleFacts, DoubleHarmonicAndMayamalavagowlaAreTwoEqualTetrachords) {
   EXPECT_EQ(Pattern("Double harmonic major"),
             "131"
             "2"
@@ -151,7 +151,7 @@ TEST(ScaleFacts, DoubleHarmonicAndMayamalavagowlaAreTwoLikeTetrachords) {
   EXPECT_EQ(Pattern("Mayamalavagowla"), Pattern("Double harmonic major"));
 }
 
-TEST(ScaleFacts, DominantScalesHoldTheirChords) {
+TEST(ScaleFacts, DominantScalesContainTheirChords) {
   constexpr std::pair<std::string_view, std::string_view> kChordScales[] = {
       {"Mixolydian", "Dominant 13"},
       {"Lydian dominant", "Dominant 13 sharp 11"},
@@ -177,7 +177,7 @@ TEST(ScaleFacts, DominantScalesHoldTheirChords) {
   }
 }
 
-TEST(ScaleFacts, SourcesWithAForteNumberNameTheSetThatThePatternIs) {
+TEST(ScaleFacts, ForteNumbersInSourcesMatchThePattern) {
   const std::map<std::string, std::string> primeForms = {
       {"3-2", "013"},       {"3-3", "014"},       {"3-4", "015"},        {"3-5", "016"},        {"3-6", "024"},
       {"3-7", "025"},       {"3-8", "026"},       {"3-9", "027"},        {"3-10", "036"},       {"3-11", "037"},

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The shipped scale tables as the tests see them: rows in the order of navigation, found by name. There is a library
-// for the main database, one for each data pack, and one that holds them all. Each is read once, by the reader that the
-// databases are made with, and owned by the process; a table that is not well formed throws its Failure, which fails
-// every test that asks.
+// The shipped scale tables for the tests: rows in navigation order, found by name. There is a library for the main
+// database, one for each data pack, and one for all. Each is read once, by the reader that builds the databases. An
+// invalid table throws a Failure in every test that uses it.
 
 #pragma once
 
@@ -25,24 +24,24 @@ class ScaleLibrary {
  public:
   /// The main database.
   static const ScaleLibrary& Shipped();
-  /// The main database with every data pack behind it, in the order of PackFolders.
+  /// The main database followed by all data packs, in the order of PackFolders.
   static const ScaleLibrary& WithPacks();
-  /// The tables of one folder below content/, such as "scales" or "packs/jazz".
+  /// The tables of one folder in content/, such as "scales" or "packs/jazz".
   explicit ScaleLibrary(const std::filesystem::path& folder);
 
   [[nodiscard]] const std::vector<ScaleTypeRow>& Types() const { return tables_.types; }
-  /// Scales first, then chords; with packs, the rows of one after those of the other.
+  /// Scales first, then chords; with packs, one library after another.
   [[nodiscard]] const std::vector<ScaleRow>& Rows() const { return tables_.scales; }
   [[nodiscard]] std::vector<ScaleRow> Scales() const;
   [[nodiscard]] std::vector<ScaleRow> Chords() const;
-  /// The rows of the type of that name, in their order. Throws std::out_of_range if there is no such type.
+  /// The rows of the type, in order. Throws std::out_of_range if the type does not exist.
   [[nodiscard]] std::vector<ScaleRow> OfType(std::string_view typeName) const;
 
-  /// The row of that name without regard to ASCII case, or else the only row whose plain name this is; otherwise null.
+  /// The row with this name, ignoring ASCII case, otherwise the only row with this plain name, otherwise null.
   [[nodiscard]] const ScaleRow* Find(std::string_view name) const;
-  /// The notes of the row of that name. Throws std::out_of_range if there is none.
+  /// The notes of a row. Throws std::out_of_range if it does not exist.
   [[nodiscard]] PitchClassSet Notes(std::string_view name) const;
-  /// The pattern of the row of that name. Throws std::out_of_range if there is none.
+  /// The pattern of a row. Throws std::out_of_range if it does not exist.
   [[nodiscard]] const std::string& Pattern(std::string_view name) const;
 
  private:
@@ -52,7 +51,7 @@ class ScaleLibrary {
   make_database::ScaleTables tables_;
 };
 
-/// The folders of the data packs below content/, such as "packs/jazz", in alphabetical order.
+/// The folders of the data packs in content/, such as "packs/jazz", in alphabetical order.
 std::vector<std::string> PackFolders();
 
 /// The name without its brackets: "Minor 7" for "Minor 7 (m7)".

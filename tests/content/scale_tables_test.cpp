@@ -28,14 +28,14 @@ using ::testing::Not;
 
 const ScaleLibrary& Library() { return ScaleLibrary::Shipped(); }
 
-/// The folders of tables below content/: the main database's, then those of the data packs.
+/// The folders of tables in content/: that of the main database, then those of the data packs.
 std::vector<std::string> TableFolders() {
   std::vector<std::string> folders = PackFolders();
   folders.insert(folders.begin(), "scales");
   return folders;
 }
 
-/// What holds for the tables of the main database and for those of each data pack.
+/// Rules for the tables of the main database and of each data pack.
 class ScaleTables : public ::testing::TestWithParam<std::string> {
  protected:
   [[nodiscard]] const std::vector<ScaleTypeRow>& Types() const { return library_.Types(); }
@@ -52,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(Shipped, ScaleTables, ::testing::ValuesIn(TableFolders(
   return name;
 });
 
-TEST_P(ScaleTables, SayInTheirFirstTwoLinesThatTheyAreInThePublicDomain) {
+TEST_P(ScaleTables, HavePublicDomainNotices) {
   for (const std::string file : {"types.tsv", "scales.tsv", "chords.tsv"}) {
     std::ifstream stream(std::filesystem::path(TONALITH_SOURCE_DIR) / "content" / GetParam() / file);
     std::string licence;
@@ -91,7 +91,7 @@ TEST_P(ScaleTables, NumberTheirTypes) {
   }
 }
 
-TEST_P(ScaleTables, GroupTheRowsOfATypeAndUseEveryTypeInItsOrder) {
+TEST_P(ScaleTables, GroupTheRowsByTypeInTheOrderOfTypes) {
   std::vector<std::int64_t> order;
   for (const ScaleRow& row : Rows()) {
     if (order.empty() || order.back() != row.scaleTypeId) {
@@ -110,14 +110,14 @@ TEST_P(ScaleTables, SortTheRowsOfEachTypeFromOne) {
   }
 }
 
-TEST_P(ScaleTables, KeepScalesAndChordsInTypesOfTheirOwn) {
+TEST_P(ScaleTables, HaveSeparateTypesForScalesAndChords) {
   std::map<std::int64_t, bool> chordType;
   for (const ScaleRow& row : Rows()) {
     EXPECT_EQ(chordType.try_emplace(row.scaleTypeId, row.isChord).first->second, row.isChord) << row.scaleName;
   }
 }
 
-TEST_P(ScaleTables, NameRowsInTextThatTheSearchFindsAsItStands) {
+TEST_P(ScaleTables, HaveNamesThatTheSearchFindsLiterally) {
   const std::regex plain("[A-Z][A-Za-z0-9 ,.()'/-]*[A-Za-z0-9)]");
   for (const ScaleRow& row : Rows()) {
     EXPECT_TRUE(std::regex_match(row.scaleName, plain)) << row.scaleName;
@@ -125,7 +125,7 @@ TEST_P(ScaleTables, NameRowsInTextThatTheSearchFindsAsItStands) {
   }
 }
 
-TEST_P(ScaleTables, WriteEveryPatternInDigitsThatCloseTheOctave) {
+TEST_P(ScaleTables, HavePatternsThatSumToTheOctave) {
   for (const ScaleRow& row : Rows()) {
     EXPECT_TRUE(std::regex_match(row.scaleIntervals, std::regex("[1-9]{2,12}")))
         << row.scaleName << ": " << row.scaleIntervals;
@@ -135,7 +135,7 @@ TEST_P(ScaleTables, WriteEveryPatternInDigitsThatCloseTheOctave) {
   }
 }
 
-TEST_P(ScaleTables, CountEveryPatternFromC) {
+TEST_P(ScaleTables, StartEveryPatternFromC) {
   for (const ScaleRow& row : Rows()) {
     EXPECT_THAT(core::kSharpNotes, Contains(row.startNote)) << row.scaleName;
     EXPECT_EQ(row.startNote, "C") << row.scaleName;
@@ -148,7 +148,7 @@ TEST_P(ScaleTables, NameASourceForEveryRow) {
   }
 }
 
-TEST_P(ScaleTables, DescribeEveryRowInSentencesThatFitTheWindow) {
+TEST_P(ScaleTables, HaveDescriptionsThatFitTheWindow) {
   for (const ScaleRow& row : Rows()) {
     EXPECT_GE(row.scaleDescription.size(), 40U) << row.scaleName;
     EXPECT_LE(row.scaleDescription.size(), 220U) << row.scaleName;
@@ -160,7 +160,7 @@ TEST_P(ScaleTables, DescribeEveryRowInSentencesThatFitTheWindow) {
   }
 }
 
-TEST(MainTables, OpenWithMajor) {
+TEST(MainTables, StartWithMajor) {
   ASSERT_FALSE(Library().Rows().empty());
   const ScaleRow& first = Library().Rows().front();
   EXPECT_EQ(first.scaleId, 1);
@@ -168,20 +168,20 @@ TEST(MainTables, OpenWithMajor) {
   EXPECT_EQ(first.scaleIntervals, "2212221");
 }
 
-TEST(MainTables, HoldScalesChordsAndTypesInThePromisedNumbers) {
+TEST(MainTables, HaveAtLeastTheDocumentedNumbersOfRows) {
   EXPECT_GE(Library().Scales().size(), 160U);
   EXPECT_GE(Library().Chords().size(), 110U);
   EXPECT_GE(Library().Types().size(), 12U);
 }
 
-TEST(PackTables, AreAtLeastFourAndHoldTwoHundredAndFiftyRowsThatTheMainDatabaseLacks) {
+TEST(PackTables, AreAtLeastFourWithAtLeast250NewRows) {
   EXPECT_GE(PackFolders().size(), 4U);
   const std::vector<ScaleRow>& all = ScaleLibrary::WithPacks().Rows();
   EXPECT_GE(std::ranges::count_if(all, [](const ScaleRow& row) { return Library().Find(row.scaleName) == nullptr; }),
             250);
 }
 
-TEST(AllTables, GiveNoNumberAndNoNameToTwoTypes) {
+TEST(AllTables, HaveUniqueTypeNumbersAndNames) {
   std::set<std::int64_t> numbers;
   std::set<std::string> names;
   for (const ScaleTypeRow& type : ScaleLibrary::WithPacks().Types()) {
@@ -190,14 +190,14 @@ TEST(AllTables, GiveNoNumberAndNoNameToTwoTypes) {
   }
 }
 
-TEST(AllTables, GiveEveryRowANameOfItsOwn) {
+TEST(AllTables, HaveUniqueRowNames) {
   std::set<std::string> names;
   for (const ScaleRow& row : ScaleLibrary::WithPacks().Rows()) {
     EXPECT_TRUE(names.insert(Lowered(row.scaleName)).second) << row.scaleName << " stands twice";
   }
 }
 
-TEST(AllTables, DescribeNoTwoRowsAlike) {
+TEST(AllTables, HaveUniqueDescriptions) {
   std::map<std::string, std::string> seen;
   for (const ScaleRow& row : ScaleLibrary::WithPacks().Rows()) {
     const auto [known, isNew] = seen.try_emplace(row.scaleDescription, row.scaleName);

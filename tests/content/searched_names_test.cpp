@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The search looks for its text in names alone, without regard to case. Common names and symbols are found because they
-// stand in the brackets of a name.
+// The search only looks in names, ignoring case. Common names and symbols are found because they are in the brackets of
+// a name.
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ struct Search {
 
 void PrintTo(const Search& search, std::ostream* stream) { *stream << search.text; }
 
-/// The rows of the library whose names contain the text, in the order in which the search visits them.
+/// The rows of the library whose names contain the text, in the order of the search.
 std::vector<ScaleRow> Found(std::string_view text) {
   std::vector<ScaleRow> rows = ScaleLibrary::Shipped().Rows();
   std::erase_if(
@@ -33,7 +33,7 @@ std::vector<ScaleRow> Found(std::string_view text) {
 
 class SearchedNames : public ::testing::TestWithParam<Search> {};
 
-TEST_P(SearchedNames, FindTheirRowBeforeOthersOfItsKind) {
+TEST_P(SearchedNames, FindTheirRowBeforeSimilarOnes) {
   std::vector<ScaleRow> found = Found(GetParam().text);
   const ScaleRow* expected = ScaleLibrary::Shipped().Find(GetParam().name);
   ASSERT_NE(expected, nullptr) << GetParam().name;
@@ -74,7 +74,7 @@ constexpr Search kSearches[] = {
 
 INSTANTIATE_TEST_SUITE_P(Shipped, SearchedNames, ::testing::ValuesIn(kSearches));
 
-TEST(SearchedNames, HoldNoWildcard) {
+TEST(SearchedNames, ContainNoWildcard) {
   for (const ScaleRow& row : ScaleLibrary::WithPacks().Rows()) {
     EXPECT_EQ(row.scaleName.find_first_of("*?#[]"), std::string::npos) << row.scaleName;
   }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Every row says where its form comes from: a work with its year, the number of a set class, or a rule. Rules over
-// other rows are calculated here; rules over the row's own name are checked where that kind of name is.
+// Every row states the source of its form: a work with its year, the number of a set class, or a rule. Rules about
+// other rows are calculated here; rules about the name of the row are checked in the tests of that kind of name.
 
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ std::optional<std::string> RuleOf(const ScaleRow& row) {
 /// "2, 4 and b6" as "2 4 b6".
 std::string DegreeList(const std::string& text) { return std::regex_replace(text, std::regex(", | and "), " "); }
 
-/// "Major without 2 and 6, with b2 and b6": every note taken away was there, every note added was not.
+/// "Major without 2 and 6, with b2 and b6": removed notes must exist before, added notes must not.
 PitchClassSet Altered(const std::smatch& parts) {
   PitchClassSet notes = Library().Notes(parts[1].str());
   const PitchClassSet away = parts[2].matched ? FromDegrees(DegreeList(parts[2])) : PitchClassSet();
@@ -39,7 +39,7 @@ PitchClassSet Altered(const std::smatch& parts) {
   return notes | added;
 }
 
-/// The pattern that the rule gives; the notes alone are in order because every row starts on its root.
+/// The pattern of the rule. A set of notes is sufficient, because every row starts on its root.
 std::string PatternByRule(const std::string& rule) {
   std::smatch parts;
   if (std::regex_match(rule, parts, std::regex("the notes of (.+)"))) return Library().Pattern(parts[1].str());
@@ -76,7 +76,7 @@ TEST(Sources, NameAWorkASetClassOrARule) {
   }
 }
 
-TEST(Sources, ConstructTheirRowsByTheirRules) {
+TEST(Sources, RulesProduceTheirRows) {
   const std::set<std::string> byName = {"the notes that its name spells", "the triad and bass note of its name",
                                         "the two triads of its name", "the melakarta rule", "the interval of its name"};
   int checked = 0;
@@ -89,7 +89,7 @@ TEST(Sources, ConstructTheirRowsByTheirRules) {
   EXPECT_GE(checked, 110);
 }
 
-TEST(Sources, GiveRulesOverNamesOnlyToNamesOfThatKind) {
+TEST(Sources, UseNameRulesOnlyForMatchingNames) {
   for (const ScaleRow& row : Library().Rows()) {
     const std::string rule = RuleOf(row).value_or("");
     if (rule == "the triad and bass note of its name") {
