@@ -20,7 +20,7 @@ TEST(CommandRunner, IsRunningDuringACommandAndItsMessage) {
   EXPECT_FALSE(runner.IsRunning());
 }
 
-TEST(CommandRunner, StaysRunningAfterAQuestionInsideACommand) {
+TEST(CommandRunner, StaysRunningAfterAMessageBoxInACommand) {
   tests::RecordingMsgBox box;
   const CommandRunner runner;
   runner.Run(
@@ -52,7 +52,7 @@ TEST(CommandRunner, ShowsTheFailureOfACommandWhileItIsRunning) {
   EXPECT_FALSE(runner.IsRunning());
 }
 
-TEST(CommandRunner, DoesNotShowThatTheUserHasCancelled) {
+TEST(CommandRunner, ShowsNoMessageIfTheUserCancels) {
   tests::RecordingMsgBox box;
   EXPECT_FALSE(CommandRunner().Run([] { throw data::Cancelled(); }, box));
   EXPECT_EQ(box.Texts(), "");

@@ -21,7 +21,7 @@ std::string Line(const std::optional<EditStep>& step) {
   return std::to_string(field.index) + ": " + field.before.toStdString() + " > " + field.after.toStdString();
 }
 
-TEST(EditHistory, TakesTheTypingInOneFieldAsOneStep) {
+TEST(EditHistory, CombinesTypingInOneFieldIntoOneStep) {
   EditHistory history;
   history.Add(FieldStep{1, Text("a"), Text("ab")});
   history.Add(FieldStep{1, Text("ab"), Text("abc")});
@@ -31,14 +31,14 @@ TEST(EditHistory, TakesTheTypingInOneFieldAsOneStep) {
   EXPECT_EQ(Line(history.Undo()), "none");
 }
 
-TEST(EditHistory, ForgetsAStepThatComesBackToWhereItBegan) {
+TEST(EditHistory, RemovesAStepThatReturnsToItsStart) {
   EditHistory history;
   history.Add(FieldStep{1, Text("a"), Text("ab")});
   history.Add(FieldStep{1, Text("ab"), Text("a")});
   EXPECT_EQ(Line(history.Undo()), "none");
 }
 
-TEST(EditHistory, KeepsTheNotesThatTypingTookBackAsTheLatestStep) {
+TEST(EditHistory, KeepsNotesThatTypingRevertedAsTheLatestStep) {
   EditHistory history;
   history.Add(FieldStep{1, Text(""), Text("x")});
   history.Add(NotesStep{Notes(5), Notes(7)});
@@ -47,7 +47,7 @@ TEST(EditHistory, KeepsTheNotesThatTypingTookBackAsTheLatestStep) {
   EXPECT_EQ(Line(history.Undo()), "1:  > xy");
 }
 
-TEST(EditHistory, MakesAgainWhatWasTakenBackUntilSomethingElseIsDone) {
+TEST(EditHistory, RedoesUntilTheNextChange) {
   EditHistory history;
   history.Add(FieldStep{1, Text("a"), Text("b")});
   history.Add(FieldStep{2, Text("c"), Text("d")});
@@ -60,7 +60,7 @@ TEST(EditHistory, MakesAgainWhatWasTakenBackUntilSomethingElseIsDone) {
   EXPECT_EQ(Line(history.Undo()), "none");
 }
 
-TEST(EditHistory, MakesNothingAgainOnceSomethingElseIsTyped) {
+TEST(EditHistory, RedoesNothingAfterTyping) {
   for (const int index : {1, 5}) {
     EditHistory history;
     history.Add(FieldStep{1, Text("a"), Text("b")});

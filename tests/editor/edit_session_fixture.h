@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A session on a scripted scale, and the names of its notices.
+// A session with a scripted scale, and the texts of its notices.
 
 #pragma once
 
@@ -25,7 +25,7 @@ inline std::string NameOf(NoticeId id) {
     case NoticeId::kPatternNotKept:
       return "pattern not kept";
     case NoticeId::kNotesTakenBack:
-      return "notes taken back";
+      return "notes reverted";
     case NoticeId::kNoNoteSelected:
       return "no note";
     case NoticeId::kApplySaves:
@@ -55,7 +55,7 @@ class EditSessionTest : public testing::Test {
     return NameOf(notice.id) + (notice.text.isEmpty() ? "" : " " + notice.text.toStdString());
   }
   void SetSaved() { session_.SetOutcome({NoticeId::kSaved}); }
-  /// The latest rejected edit, which is there.
+  /// The latest rejected edit, which must exist.
   RejectedEdit TakeRejected() { return session_.Rejected().TakeLatest().value(); }
 
   ScriptedScale scale_;

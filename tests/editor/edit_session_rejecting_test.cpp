@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Edits that are rejected and brought back, and new scales.
+// Rejecting and restoring edits, and new scales.
 
 #include <gtest/gtest.h>
 
@@ -15,13 +15,13 @@ using Decision = RejectedEdit::Decision;
 
 using Rejecting = ModifyingSessionTest;
 
-TEST_F(Rejecting, NothingUnsavedIsNothingToReject) {
+TEST_F(Rejecting, WithoutAnEditNothingIsRejected) {
   EXPECT_FALSE(session_.Reject(Decision::kOpen));
   EXPECT_TRUE(session_.Rejected().IsEmpty());
   EXPECT_EQ(scale_.Calls(), "");
 }
 
-TEST_F(Rejecting, MovesFieldsNotesAndStepsAway) {
+TEST_F(Rejecting, RemovesFieldsNotesAndStepsFromTheSession) {
   scale_.Type(field::kName, "Maj");
   scale_.Toggle("B");
   EXPECT_TRUE(session_.Reject(Decision::kOpen));
@@ -36,7 +36,7 @@ TEST_F(Rejecting, MovesFieldsNotesAndStepsAway) {
   EXPECT_EQ(edit.decision, Decision::kOpen);
 }
 
-TEST_F(Rejecting, ANewRecordIsBroughtBackOnTheOneShownNext) {
+TEST_F(Rejecting, ANewRecordIsRestoredFromTheNextRecord) {
   session_.Add();
   EXPECT_TRUE(session_.Reject(Decision::kByUser));
   const RejectedEdit edit = TakeRejected();
@@ -59,9 +59,9 @@ TEST_F(Rejecting, TheOtherVersionIsShownAndTheEditStored) {
   EXPECT_EQ(Notice(), "other version");
 }
 
-using BringingBack = ModifyingSessionTest;
+using Restoring = ModifyingSessionTest;
 
-TEST_F(BringingBack, MakesFieldsNotesAndStepsPendingAgain) {
+TEST_F(Restoring, MakesFieldsNotesAndStepsPendingAgain) {
   scale_.Type(field::kName, "Maj");
   scale_.Toggle("B");
   session_.Reject(Decision::kOpen);
@@ -76,7 +76,7 @@ TEST_F(BringingBack, MakesFieldsNotesAndStepsPendingAgain) {
   EXPECT_FALSE(session_.CanUndo());
 }
 
-TEST_F(BringingBack, ReturnsToItsRecord) {
+TEST_F(Restoring, ReturnsToItsRecord) {
   scale_.Type(field::kName, "Maj");
   session_.Reject(Decision::kOpen);
   scale_.MoveToRecord(1);
@@ -85,7 +85,7 @@ TEST_F(BringingBack, ReturnsToItsRecord) {
   EXPECT_EQ(scale_.Text(field::kName), "Maj");
 }
 
-TEST_F(BringingBack, MakesANewRecordOfADeletedOne) {
+TEST_F(Restoring, MakesADeletedRecordANewOne) {
   scale_.Type(field::kName, "Maj");
   session_.Reject(Decision::kOpen);
   scale_.MoveToRecord(1);
@@ -97,7 +97,7 @@ TEST_F(BringingBack, MakesANewRecordOfADeletedOne) {
   EXPECT_EQ(scale_.Text(field::kSort), "0") << "the sort number of the deleted record";
 }
 
-TEST_F(BringingBack, GivesANewRecordTheNextSortNumberOfItsType) {
+TEST_F(Restoring, GivesANewRecordTheNextSortNumberOfItsType) {
   session_.Add();
   session_.TypeChosen(QStringLiteral("2"));
   session_.Reject(Decision::kOpen);
@@ -107,7 +107,7 @@ TEST_F(BringingBack, GivesANewRecordTheNextSortNumberOfItsType) {
   EXPECT_EQ(scale_.Text(field::kSort), "60");
 }
 
-TEST_F(BringingBack, KeepsTheSortNumberThatTheUserTyped) {
+TEST_F(Restoring, KeepsTheSortNumberThatTheUserTyped) {
   session_.Add();
   scale_.Type(field::kSort, "7");
   session_.Reject(Decision::kOpen);
@@ -115,7 +115,7 @@ TEST_F(BringingBack, KeepsTheSortNumberThatTheUserTyped) {
   EXPECT_EQ(scale_.Text(field::kSort), "7");
 }
 
-TEST_F(BringingBack, RestoresTheChordMark) {
+TEST_F(Restoring, RestoresTheChordFlag) {
   session_.Add();
   scale_.SetContent("Chord", core::Value::YesNo(true));
   session_.Reject(Decision::kOpen);
@@ -124,7 +124,7 @@ TEST_F(BringingBack, RestoresTheChordMark) {
   EXPECT_EQ(scale_.Content("Chord"), core::Value::YesNo(true));
 }
 
-TEST_F(BringingBack, KeepsTheSortNumberOfADeletedRecord) {
+TEST_F(Restoring, KeepsTheSortNumberOfADeletedRecord) {
   session_.Add();
   session_.Update();
   scale_.Type(field::kName, "Mine");
@@ -137,7 +137,7 @@ TEST_F(BringingBack, KeepsTheSortNumberOfADeletedRecord) {
   EXPECT_EQ(scale_.Text(field::kSort), "10");
 }
 
-TEST_F(BringingBack, NotesThatTheRecordHasMeanwhileAreNotUnsaved) {
+TEST_F(Restoring, NotesThatTheRecordAlreadyHasAreNotUnsaved) {
   scale_.Toggle("D F A B");
   session_.Reject(Decision::kOpen);
   scale_.SetField(field::kIntervals, QStringLiteral("435435"));
@@ -159,7 +159,7 @@ TEST_F(NewScales, StartAsMajorOfTheShownType) {
   EXPECT_EQ(scale_.Text(field::kSort), "10");
 }
 
-TEST_F(NewScales, HaveTheFirstTypeWhereNoneIsShown) {
+TEST_F(NewScales, HaveTheFirstTypeIfNoneIsShown) {
   scale_.SetField(field::kScaleTypeId, QString());
   session_.Add();
   EXPECT_EQ(scale_.Text(field::kScaleTypeId), "1");

@@ -56,7 +56,7 @@ TEST_F(NotesState, AToggledNoteIsUnsaved) {
   EXPECT_EQ(Notice(), "apply saves 435");
 }
 
-TEST_F(NotesState, AreSavedWhenTheirPatternIsTheRecords) {
+TEST_F(NotesState, AreSavedIfTheRecordHasTheirPattern) {
   scale_.Toggle("B");
   scale_.Toggle("B");
   EXPECT_FALSE(session_.HasUnsavedNotes());
@@ -70,14 +70,14 @@ TEST_F(NotesState, TheSameSelectionIsNoChange) {
   EXPECT_EQ(Notice(), "saved");
 }
 
-TEST_F(NotesState, ASelectionOfOneOrNoneIsSaid) {
+TEST_F(NotesState, ASelectionOfOneNoteOrNoneIsReported) {
   scale_.Toggle("D E F G A B");
   EXPECT_EQ(Notice(), "apply saves one note 12");
   scale_.Toggle("C");
   EXPECT_EQ(Notice(), "no note");
 }
 
-TEST_F(NotesState, OneNoteIsSaidAlsoWhereItIsTheRecordsPattern) {
+TEST_F(NotesState, OneNoteIsReportedAlsoIfTheRecordHasIt) {
   scale_.SetField(field::kIntervals, QStringLiteral("12"));
   scale_.Toggle("C#");
   scale_.Toggle("D#");
@@ -92,32 +92,32 @@ TEST_F(NotesState, AToggleRemovesTheOutcomeOfTheLastCommand) {
   EXPECT_EQ(Notice(), "apply saves 221223");
 }
 
-TEST_F(NotesState, AnOutcomeComesBeforeThePatternOfTheNotes) {
+TEST_F(NotesState, AnOutcomePrecedesThePatternOfTheNotes) {
   scale_.Toggle("B");
   SetSaved();
   EXPECT_EQ(Notice(), "saved");
 }
 
-TEST_F(NotesState, TypingTakesThemBack) {
+TEST_F(NotesState, TypingRevertsThem) {
   scale_.Toggle("B");
   scale_.Calls();
   scale_.Type(field::kName, "Majority");
   EXPECT_EQ(scale_.Selected(), "C D E F G A B");
-  EXPECT_EQ(Notice(), "notes taken back");
+  EXPECT_EQ(Notice(), "notes reverted");
   EXPECT_EQ(scale_.Calls(), "ShowPattern ");
   EXPECT_FALSE(session_.HasUnsavedNotes());
   scale_.Toggle("A");
   EXPECT_EQ(Notice(), "apply saves 221241");
 }
 
-TEST_F(NotesState, EnteringModifyRemovesTheNoticeThatTheyWereTakenBack) {
+TEST_F(NotesState, EnteringModifyRemovesTheNoticeOfRevertedNotes) {
   scale_.Toggle("B");
   scale_.Type(field::kName, "Majority");
   session_.EnterModify();
   EXPECT_EQ(Notice(), "not saved yet");
 }
 
-TEST_F(NotesState, UndoReturnsThoseThatTypingTookBack) {
+TEST_F(NotesState, UndoRestoresNotesThatTypingReverted) {
   scale_.Toggle("B");
   scale_.Type(field::kName, "Majority");
   session_.Undo();
@@ -126,7 +126,7 @@ TEST_F(NotesState, UndoReturnsThoseThatTypingTookBack) {
   EXPECT_TRUE(session_.HasUnsavedNotes());
 }
 
-TEST_F(NotesState, TypingAfterATakenBackToggleLeavesNothingToTakeBack) {
+TEST_F(NotesState, TypingAfterAnUndoneToggleRevertsNothing) {
   scale_.Toggle("B");
   scale_.Toggle("B");
   scale_.Calls();
@@ -181,14 +181,14 @@ TEST_F(Steps, UndoAndRedoNotes) {
   EXPECT_EQ(Notice(), "apply saves 221223");
 }
 
-TEST_F(Steps, UndoingAFieldTakesNotesBackWithoutANewStep) {
+TEST_F(Steps, UndoingAFieldRevertsNotesWithoutANewStep) {
   scale_.Toggle("B");
   scale_.Type(field::kName, "Maj");
   session_.Undo();
   EXPECT_EQ(scale_.Selected(), "C D E F G A");
   session_.Undo();
   EXPECT_EQ(scale_.Text(field::kName), "Major");
-  EXPECT_EQ(Notice(), "notes taken back");
+  EXPECT_EQ(Notice(), "notes reverted");
   session_.Redo();
   session_.Redo();
   EXPECT_EQ(scale_.Text(field::kName), "Maj");
@@ -212,7 +212,7 @@ TEST_F(Steps, WithoutAnyUndoAndRedoDoNothing) {
   EXPECT_EQ(scale_.Calls(), "");
 }
 
-TEST_F(Steps, NotesThatTypingTakesBackAreAStepAlsoAfterAFailedUndo) {
+TEST_F(Steps, NotesThatTypingRevertsAreAStepAfterAFailedUndo) {
   scale_.Type(field::kName, "Maj");
   scale_.FailNext("refused");
   EXPECT_THROW(session_.Undo(), core::Failure);
@@ -259,16 +259,16 @@ TEST_F(Records, TheSameRecordReadAgainKeepsStepsAndOutcome) {
   EXPECT_EQ(Notice(), "saved");
 }
 
-TEST_F(Records, ALimitIsSaidBeforeAllElseUntilTheNextTyping) {
+TEST_F(Records, ALimitIsReportedFirstUntilTheNextTyping) {
   scale_.Toggle("B");
   SetSaved();
   session_.SetLimit({NoticeId::kPatternIsFull});
   EXPECT_EQ(Notice(), "full");
   scale_.Type(field::kName, "Maj");
-  EXPECT_EQ(Notice(), "notes taken back");
+  EXPECT_EQ(Notice(), "notes reverted");
   session_.SetLimit({NoticeId::kPatternIsFull});
   session_.ClearLimit();
-  EXPECT_EQ(Notice(), "notes taken back");
+  EXPECT_EQ(Notice(), "notes reverted");
 }
 
 TEST_F(Records, TypingRemovesTheOutcomeOfTheLastCommand) {
@@ -295,7 +295,7 @@ TEST_F(Saving, UpdateWithoutChosenNotesSelectsTheRecords) {
   EXPECT_FALSE(session_.HasUnsavedChanges());
 }
 
-TEST_F(Saving, NotesAreKeptWhenOldPatternAndSelectionAreLongEnough) {
+TEST_F(Saving, NotesCanBeSavedIfPatternAndSelectionAreLongEnough) {
   EXPECT_TRUE(session_.CanKeepNotes());
   scale_.Toggle("C D E F G A B");
   EXPECT_FALSE(session_.CanKeepNotes());
@@ -306,17 +306,17 @@ TEST_F(Saving, NotesAreKeptWhenOldPatternAndSelectionAreLongEnough) {
   EXPECT_TRUE(session_.CanKeepNotes());
 }
 
-TEST_F(Saving, KeepingNotesWritesThem) {
+TEST_F(Saving, SavingNotesWritesThem) {
   scale_.Toggle("D F A B");
   scale_.Calls();
   session_.KeepNotes();
   EXPECT_EQ(scale_.Calls(), "KeepPattern UpdateBatch ");
   EXPECT_EQ(scale_.Text(field::kIntervals), "435");
   EXPECT_FALSE(session_.HasUnsavedChanges());
-  EXPECT_EQ(Notice(), "modify") << "the notes were not taken back";
+  EXPECT_EQ(Notice(), "modify") << "the notes were not reverted";
 }
 
-TEST_F(Saving, APatternThatReadsAsOtherNotesTakesNoneBack) {
+TEST_F(Saving, ASavedPatternWithOtherNotesRevertsNone) {
   scale_.Toggle("D E F G A B");
   session_.KeepNotes();
   EXPECT_EQ(scale_.Text(field::kIntervals), "12");

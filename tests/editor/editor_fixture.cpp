@@ -29,7 +29,7 @@ ScaleEditorTest::ScaleEditorTest() : path_(temp_ / data::kDatabaseFileName), dat
   Execute(kScales);
 }
 
-ScaleEditorTest::~ScaleEditorTest() { delete place_.data(); }
+ScaleEditorTest::~ScaleEditorTest() { delete form_.data(); }
 
 void ScaleEditorTest::Execute(const std::string& statements) {
   SQLite::Database db(path_, SQLite::OPEN_READWRITE);
@@ -60,12 +60,12 @@ std::string ScaleEditorTest::Saved(const std::string& name) {
 frmScales& ScaleEditorTest::Open(std::optional<std::int64_t> scaleId) {
   std::optional<data::Bookmark> current;
   if (scaleId) current = data::Bookmark{*scaleId};
-  ShowScaleEditor(place_, {database_, box_, host_, current}, nullptr);
-  (void)QTest::qWaitForWindowActive(place_);
-  return *place_;
+  ShowScaleEditor(form_, {database_, box_, host_, current}, nullptr);
+  (void)QTest::qWaitForWindowActive(form_);
+  return *form_;
 }
 
-void ScaleEditorTest::Settle() {
+void ScaleEditorTest::ProcessEvents() {
   QCoreApplication::processEvents();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
@@ -88,7 +88,7 @@ void ScaleEditorTest::Type(int index, const char* text) {
   QTest::keyClicks(box, QLatin1String(text));
 }
 
-void ScaleEditorTest::Retype(int index, const char* text) {
+void ScaleEditorTest::Replace(int index, const char* text) {
   QWidget* const box = C().txtFields.at(static_cast<std::size_t>(index)).box;
   box->setFocus();
   QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
@@ -113,7 +113,7 @@ std::string ScaleEditorTest::VisibleNotes() {
   return notes;
 }
 
-std::string ScaleEditorTest::Told() {
+std::string ScaleEditorTest::Messages() {
   const std::string texts = box_.Texts();
   box_.Forget();
   return texts;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The scale editor on a database of the test's own: three scales of two types. Notes are written as in "C D# G".
+// The scale editor with a test database: three scales of two types. Notes are written as in "C D# G".
 
 #pragma once
 
@@ -24,25 +24,25 @@ inline constexpr const char* kViewHint = "Modify (F2) to change this scale or ad
 inline constexpr const char* kEditHint = "Choose notes and press Apply (Ctrl+Enter). Add begins a new scale.";
 inline constexpr const char* kKeep = "Are you sure you want to keep these changes?\n";
 
-/// Records what was shown, and can do something while a box stands on the screen.
-class BusyMsgBox : public tests::RecordingMsgBox {
+/// Records message boxes and can run an action while one is open.
+class ActingMsgBox : public tests::RecordingMsgBox {
  public:
   using tests::RecordingMsgBox::Show;
   core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override {
-    if (const auto meanwhile = std::exchange(meanwhile_, {})) meanwhile();
+    if (const auto action = std::exchange(action_, {})) action();
     return tests::RecordingMsgBox::Show(text, style, title);
   }
-  void Meanwhile(std::function<void()> act) { meanwhile_ = std::move(act); }
+  void WhileShown(std::function<void()> act) { action_ = std::move(act); }
 
  private:
-  std::function<void()> meanwhile_;
+  std::function<void()> action_;
 };
 
 class RecordingHost : public ScaleEditorHost {
  public:
   void EditUpdates() override { calls_ += "EditUpdates "; }
   void BringToFront() override { calls_ += "BringToFront "; }
-  /// What was called since the last time.
+  /// The calls since the last call of this function.
   std::string Calls() { return std::exchange(calls_, {}); }
 
  private:
@@ -55,38 +55,38 @@ class ScaleEditorTest : public testing::Test {
   ~ScaleEditorTest() override;
 
   void Execute(const std::string& statements);
-  /// The rows of a statement, columns separated by a bar, rows by a line feed; null is "-".
+  /// The result rows of a statement, with columns separated by a bar and rows by a line feed; null is "-".
   std::string Rows(const std::string& statement);
-  /// Name, pattern and the rest of one scale as the database holds it.
+  /// The stored fields of one scale.
   std::string Saved(const std::string& name);
 
   frmScales& Open(std::optional<std::int64_t> scaleId = {});
-  frmScales& Form() { return *place_; }
-  const ScalesControls& C() { return place_->Controls(); }
-  /// Handles what is pending, the end of a closed form included.
-  static void Settle();
+  frmScales& Form() { return *form_; }
+  const ScalesControls& C() { return form_->Controls(); }
+  /// Processes pending events, including the deferred delete of a closed form.
+  static void ProcessEvents();
 
   void Press(QWidget* button);
   void PressArrow(const char* accessibleName);
   /// Clicks the buttons of these notes.
   void ClickNotes(const std::string& names);
-  /// Types into a field from its end, or in place of what it holds.
+  /// Types at the end of a field, or replaces its text.
   void Type(int index, const char* text);
-  void Retype(int index, const char* text);
+  void Replace(int index, const char* text);
   std::string Field(int index) { return C().txtFields.at(static_cast<std::size_t>(index)).Text().toStdString(); }
 
   std::string SelectedNotes();
   std::string VisibleNotes();
   std::string Notice() { return C().lblNotice->text().toStdString(); }
-  /// The messages so far, and forgets them.
-  std::string Told();
+  /// Returns and removes the messages so far.
+  std::string Messages();
 
   tests::TempFolder temp_;
   std::string path_;
-  BusyMsgBox box_;
+  ActingMsgBox box_;
   RecordingHost host_;
   data::ScaleDatabase database_;
-  QPointer<frmScales> place_;
+  QPointer<frmScales> form_;
 };
 
 }  // namespace tonalith::editor

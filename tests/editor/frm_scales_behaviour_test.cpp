@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What docs/behaviour.md promises of the editor and no other test asserts: the names of its controls, the order of
-// SetAllControls, and controls that are kept without a use.
+// Behaviour of the editor that docs/behaviour.md fixes and no other test asserts: the names of its controls, the order
+// of SetAllControls, and unused controls.
 
 #include <gtest/gtest.h>
 
@@ -41,9 +41,9 @@ TEST_F(KeptBehaviour, ChordRawPatternAndNotesToUseAreNeverShown) {
 TEST_F(KeptBehaviour, SetAllControlsSwitchesTheControlsBeforeItSaves) {
   Open();
   Press(C().cmdModify);
-  Retype(1, "Natural Minor");
+  Replace(1, "Natural Minor");
   bool wasAsked = false;
-  box_.Meanwhile([&] {
+  box_.WhileShown([&] {
     wasAsked = true;
     EXPECT_FALSE(C().Note(0)->isEnabled());
     EXPECT_FALSE(C().picButtons->isVisible());
@@ -51,7 +51,7 @@ TEST_F(KeptBehaviour, SetAllControlsSwitchesTheControlsBeforeItSaves) {
   });
   bool isModified = false;
   EXPECT_FALSE(Form().SetAllControls(isModified));
-  EXPECT_EQ(Told(), "There is a scale of this name already.\n");
+  EXPECT_EQ(Messages(), "There is a scale of this name already.\n");
   EXPECT_TRUE(wasAsked) << "a name that is taken cannot be saved";
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Opening twice, closing, and what happens to what is pending then.
+// Opening the form twice, closing it, and pending edits at that time.
 
 #include <QAbstractItemView>
 #include <QTest>
@@ -16,18 +16,18 @@ constexpr auto kCancel = core::MsgBoxAnswer::kCancel;
 
 using Closing = ScaleEditorTest;
 
-TEST_F(Closing, CallsTheMainWindowAndEmptiesItsPlace) {
+TEST_F(Closing, NotifiesTheMainWindowAndClearsItsPointer) {
   Open();
   Press(C().cmdModify);
   Press(C().cmdClose);
   EXPECT_EQ(host_.Calls(), "EditUpdates BringToFront ");
-  Settle();
-  EXPECT_TRUE(place_.isNull());
-  EXPECT_EQ(Told(), "");
+  ProcessEvents();
+  EXPECT_TRUE(form_.isNull());
+  EXPECT_EQ(Messages(), "");
   EXPECT_EQ(host_.Calls(), "") << "once";
 }
 
-TEST_F(Closing, ASecondOpeningShowsTheFormThatIsThere) {
+TEST_F(Closing, ASecondOpeningShowsTheOpenForm) {
   const frmScales* const first = &Open();
   Press(C().cmdModify);
   Type(1, "X");
@@ -36,34 +36,34 @@ TEST_F(Closing, ASecondOpeningShowsTheFormThatIsThere) {
   C().datPrimaryRS->CancelUpdate();
 }
 
-TEST_F(Closing, AFormThatIsClosingIsNotTheOneToShow) {
+TEST_F(Closing, AClosingFormIsNotShownAgain) {
   Open();
   Form().close();
   Open(3);
   EXPECT_EQ(Field(1), "Minor Triad");
-  Settle();
-  EXPECT_FALSE(place_.isNull());
+  ProcessEvents();
+  EXPECT_FALSE(form_.isNull());
 }
 
 TEST_F(Closing, EscapeCloses) {
   Open();
-  QTest::keyClick(place_.data(), Qt::Key_Escape);
-  Settle();
-  EXPECT_TRUE(place_.isNull());
+  QTest::keyClick(form_.data(), Qt::Key_Escape);
+  ProcessEvents();
+  EXPECT_TRUE(form_.isNull());
 }
 
-TEST_F(Closing, EscapeInTheOpenListOfTypesClosesTheListOnly) {
+TEST_F(Closing, EscapeInTheOpenListOfTypesClosesOnlyTheList) {
   Open();
   Press(C().cmdModify);
   C().Combo1->showPopup();
   ASSERT_TRUE(C().Combo1->view()->isVisible());
   QTest::keyClick(C().Combo1->view(), Qt::Key_Escape);
   EXPECT_FALSE(C().Combo1->view()->isVisible());
-  Settle();
-  EXPECT_FALSE(place_.isNull());
+  ProcessEvents();
+  EXPECT_FALSE(form_.isNull());
 }
 
-TEST_F(Closing, PendingChangesAreKeptWithOk) {
+TEST_F(Closing, PendingChangesAreSavedWithOk) {
   Open();
   Press(C().cmdModify);
   Type(1, "X");
@@ -83,47 +83,47 @@ TEST_F(Closing, PendingChangesAreDroppedWithCancel) {
   Type(1, "Mine");
   box_.AnswerNext(kCancel);
   EXPECT_TRUE(Form().close());
-  EXPECT_EQ(Told(), kKeep);
+  EXPECT_EQ(Messages(), kKeep);
   EXPECT_EQ(Rows("SELECT count(*) FROM Scales"), "3");
 }
 
-TEST_F(Closing, ChangesThatAreRefusedKeepTheFormOpen) {
+TEST_F(Closing, RefusedChangesKeepTheFormOpen) {
   Open();
   Press(C().cmdModify);
-  Retype(1, "Natural Minor");
+  Replace(1, "Natural Minor");
   box_.AnswerNext(kOk);
   EXPECT_FALSE(Form().close());
-  EXPECT_EQ(Told(), std::string(kKeep) + "There is a scale of this name already.\n");
+  EXPECT_EQ(Messages(), std::string(kKeep) + "There is a scale of this name already.\n");
   EXPECT_EQ(Field(1), "Natural Minor");
   EXPECT_EQ(host_.Calls(), "");
   box_.AnswerNext(kOk);
-  EXPECT_FALSE(UnloadScaleEditor(place_));
+  EXPECT_FALSE(UnloadScaleEditor(form_));
 }
 
-TEST_F(Closing, ChosenNotesArePendingToo) {
+TEST_F(Closing, SelectedNotesArePendingToo) {
   Open();
   Press(C().cmdModify);
   ClickNotes("B A#");
   box_.AnswerNext(kOk);
   EXPECT_TRUE(Form().close());
-  EXPECT_EQ(Told(), kKeep);
+  EXPECT_EQ(Messages(), kKeep);
   EXPECT_EQ(Rows("SELECT ScaleIntervals FROM Scales WHERE ScaleID = 1"), "2212212");
 }
 
-TEST_F(Closing, ChosenNotesGoWithCancel) {
+TEST_F(Closing, SelectedNotesAreDroppedWithCancel) {
   Open();
   Press(C().cmdModify);
   ClickNotes("B A#");
   box_.AnswerNext(kCancel);
-  EXPECT_TRUE(UnloadScaleEditor(place_));
+  EXPECT_TRUE(UnloadScaleEditor(form_));
   EXPECT_EQ(Rows("SELECT ScaleIntervals FROM Scales WHERE ScaleID = 1"), "2212221");
 }
 
-TEST_F(Closing, UnloadingAnEmptyPlaceIsDoneAtOnce) {
-  EXPECT_TRUE(UnloadScaleEditor(place_));
+TEST_F(Closing, UnloadingWithoutAFormReturnsImmediately) {
+  EXPECT_TRUE(UnloadScaleEditor(form_));
   Open();
-  EXPECT_TRUE(UnloadScaleEditor(place_));
-  EXPECT_TRUE(UnloadScaleEditor(place_)) << "closed, not gone yet";
+  EXPECT_TRUE(UnloadScaleEditor(form_));
+  EXPECT_TRUE(UnloadScaleEditor(form_)) << "closed, not gone yet";
 }
 
 }  // namespace

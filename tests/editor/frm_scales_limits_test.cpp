@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Texts that are too long, pasted, typed, or in the library already.
+// Texts that are too long: pasted, typed, or already in the library.
 
 #include <QClipboard>
 #include <QElapsedTimer>
@@ -15,7 +15,7 @@ namespace tonalith::editor {
 namespace {
 
 constexpr int kMillion = 1000000;
-/// A window that does not answer for longer is frozen.
+/// A window that does not respond for longer is frozen.
 constexpr qint64 kLongestWait = 1000;
 
 class Limits : public ScaleEditorTest {
@@ -25,12 +25,12 @@ class Limits : public ScaleEditorTest {
     box->setFocus();
     QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
-    Settle();
+    ProcessEvents();
   }
   QWidget* Box(int index) { return C().txtFields.at(static_cast<std::size_t>(index)).box; }
 };
 
-TEST_F(Limits, AMillionPastedLettersAreCutAndToldAtOnce) {
+TEST_F(Limits, AMillionPastedLettersAreTruncatedAndReported) {
   Open();
   Press(C().cmdModify);
   for (const auto& [index, longest, caption] : {std::tuple(1, core::kLongestName, "Scale Name:"),
@@ -45,12 +45,12 @@ TEST_F(Limits, AMillionPastedLettersAreCutAndToldAtOnce) {
               std::string(caption) + " Only " + std::to_string(longest) + " characters fit; the rest was left out.");
   }
   Press(C().cmdUpdate);
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(Messages(), "");
   EXPECT_EQ(Rows("SELECT length(ScaleDescription) FROM Scales WHERE ScaleID = 1"),
             std::to_string(core::kLongestDescription));
 }
 
-TEST_F(Limits, APasteBesideWhatIsThereTakesWhatFits) {
+TEST_F(Limits, APasteIntoATextInsertsWhatFits) {
   Open();
   Press(C().cmdModify);
   QGuiApplication::clipboard()->setText(QString(kMillion, QLatin1Char('x')));
@@ -61,14 +61,14 @@ TEST_F(Limits, APasteBesideWhatIsThereTakesWhatFits) {
   EXPECT_EQ(Field(2).substr(0, 16), "The bright one.x");
   QTest::keyClick(Box(2), Qt::Key_Home, Qt::ControlModifier);
   QTest::keyClick(Box(2), Qt::Key_A);
-  Settle();
+  ProcessEvents();
   EXPECT_EQ(Field(2).substr(0, 15), "The bright one.") << "a full box takes no letter, and loses none";
   EXPECT_EQ(Field(2).size(), core::kLongestDescription);
   QTest::keyClick(Box(2), Qt::Key_Delete);
   EXPECT_EQ(Notice(), "Not saved yet.");
 }
 
-TEST_F(Limits, APastedPatternIsCutToThreeOctaves) {
+TEST_F(Limits, APastedPatternIsTruncatedToThreeOctaves) {
   Open();
   Press(C().cmdModify);
   Paste(C().txtIntervals, QString(kMillion, QLatin1Char('1')));
@@ -76,7 +76,7 @@ TEST_F(Limits, APastedPatternIsCutToThreeOctaves) {
   EXPECT_EQ(Notice(), "Scale Intervals: Only digits fit, 36 at most; the rest was left out.");
 }
 
-TEST_F(Limits, AHugeTextInTheLibraryOpensAtOnceAndIsReplacedOnlyWhenItIsTyped) {
+TEST_F(Limits, AHugeStoredTextOpensFastAndChangesOnlyByTyping) {
   Execute("UPDATE Scales SET ScaleDescription = '" + std::string(2 * kMillion, 'x') + "', ScaleName = '" +
           std::string(kMillion, 'y') + "' WHERE ScaleID = 1");
   QElapsedTimer clock;
@@ -85,12 +85,12 @@ TEST_F(Limits, AHugeTextInTheLibraryOpensAtOnceAndIsReplacedOnlyWhenItIsTyped) {
   EXPECT_LT(clock.elapsed(), 3 * kLongestWait);
   EXPECT_EQ(Field(2).size(), core::kLongestDescription);
   Press(C().cmdModify);
-  Retype(5, "D");
+  Replace(5, "D");
   EXPECT_EQ(Notice(), "Not saved yet.");
   Press(C().cmdUpdate);
   EXPECT_EQ(Rows("SELECT length(ScaleName), length(ScaleDescription) FROM Scales WHERE ScaleID = 1"), "1000000|2000000")
       << "a text that nobody typed into stays whole";
-  Retype(1, "Short");
+  Replace(1, "Short");
   EXPECT_EQ(Notice(), "The library holds more of this text than is shown. Saving replaces all of it.");
   Press(C().cmdUpdate);
   EXPECT_EQ(Rows("SELECT ScaleName FROM Scales WHERE ScaleID = 1"), "Short");

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What the form looks like, to the eye and to assistive technology.
+// The appearance of the form, and its accessible names and actions.
 
 #include <QAccessible>
 #include <QAccessibleActionInterface>
@@ -43,7 +43,7 @@ TEST_F(FormLook, TheToggleActionOfANoteButtonActsAsAClick) {
   for (const auto& action : {QAccessibleActionInterface::toggleAction(), QAccessibleActionInterface::pressAction()}) {
     for (const char* const notes : {"C C# D E F G A B", "C D E F G A B"}) {
       actions->doAction(action);
-      // A press takes the time that a button is seen to be down.
+      // A click by accessibility action shows the button as pressed for a while.
       EXPECT_TRUE(QTest::qWaitFor([&] { return SelectedNotes() == notes; })) << action.toStdString();
       EXPECT_EQ(C().Note(1)->isChecked(), IsSelected(C().Note(1)->Colours()));
     }
@@ -52,7 +52,7 @@ TEST_F(FormLook, TheToggleActionOfANoteButtonActsAsAClick) {
   EXPECT_EQ(Notice(), "Apply saves 11212221: S S T S T T T S");
 }
 
-TEST_F(FormLook, ALongNameAndTypeAreReadFromTheirBeginningAndEndInAnEllipsis) {
+TEST_F(FormLook, LongNamesAndTypesShowTheirBeginningAndAnEllipsis) {
   const std::string name = std::string(60, 'M') + " the end";
   const std::string type = std::string(60, 'W') + " the end";
   Execute("UPDATE Scales SET ScaleName = '" + name + "' WHERE ScaleID = 1;" +
@@ -72,7 +72,7 @@ TEST_F(FormLook, ALongNameAndTypeAreReadFromTheirBeginningAndEndInAnEllipsis) {
   EXPECT_TRUE(line->IsElided());
 }
 
-TEST_F(FormLook, AllFieldsAreWrittenInOneColour) {
+TEST_F(FormLook, AllFieldsHaveTheSameTextColour) {
   Open();
   const QRgb ink = C().txtScaleType->palette().color(QPalette::Active, QPalette::Text).rgb();
   for (const bool isModifying : {false, true}) {
@@ -86,7 +86,7 @@ TEST_F(FormLook, AllFieldsAreWrittenInOneColour) {
   }
 }
 
-TEST_F(FormLook, TheDescriptionShowsWholeLinesOnly) {
+TEST_F(FormLook, TheDescriptionShowsOnlyCompleteLines) {
   std::string words;
   for (int i = 0; i < 120; ++i) words += "word ";
   Execute("UPDATE Scales SET ScaleDescription = '" + words + "' WHERE ScaleID = 1");
@@ -108,7 +108,7 @@ TEST_F(FormLook, EveryReachableControlHasAnAccessibleName) {
   }
 }
 
-TEST_F(FormLook, SelectionIsSeenWithoutColour) {
+TEST_F(FormLook, SelectionIsVisibleWithoutColour) {
   Open();
   Press(C().cmdModify);
   C().cmdApply->setFocus();
@@ -126,17 +126,17 @@ TEST_F(FormLook, SelectionIsSeenWithoutColour) {
   EXPECT_GT(selected, darkPixels(grey()) + 300) << "heavy frame, tick and black caption";
 }
 
-TEST_F(FormLook, CanBeReadWhenTheSystemTurnsDarkAndWhenItTurnsLightAgain) {
+TEST_F(FormLook, StaysReadableWhenTheThemeChangesToDarkAndBack) {
   const auto systemAgain = qScopeGuard([] { QApplication::setPalette(QPalette()); });
   Open();
   for (const QRgb ground : {0xFF303034, 0xFFEFEFEF}) {
     QPalette system{QColor(ground)};
     system.setColor(QPalette::WindowText, qGray(ground) < 128 ? Qt::white : Qt::black);
     QApplication::setPalette(system);
-    // Qt tells its windows of a new palette only while the application's own loop runs.
+    // Qt sends palette changes to windows only while the main event loop runs.
     QEvent change(QEvent::ApplicationPaletteChange);
     QCoreApplication::sendEvent(&Form(), &change);
-    Settle();
+    ProcessEvents();
     const QColor paper = Form().palette().color(QPalette::Base);
     int lines = 0;
     for (const QLineEdit* const line : Form().findChildren<QLineEdit*>()) {
@@ -149,17 +149,17 @@ TEST_F(FormLook, CanBeReadWhenTheSystemTurnsDarkAndWhenItTurnsLightAgain) {
   }
 }
 
-TEST_F(FormLook, StaysAsWideAsItIsWhateverItTells) {
+TEST_F(FormLook, ANoticeOfAnyLengthKeepsTheWidth) {
   Execute("UPDATE Scales SET ScaleName = '" + std::string(300, 'M') + "' WHERE ScaleID = 1");
   Open();
   const QSize size = Form().size();
   Press(C().cmdModify);
   ClickNotes("C# D# F# G# A#");
-  Settle();
+  ProcessEvents();
   EXPECT_EQ(Form().size(), size);
   box_.AnswerNext(core::MsgBoxAnswer::kOk);
   Press(C().cmdApply);
-  Settle();
+  ProcessEvents();
   EXPECT_EQ(Notice().substr(0, 8), "Saved: M");
   EXPECT_EQ(Form().size(), size);
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A new scale from nothing but Modify, Add, a name, notes and Apply.
+// A new scale made with only Modify, Add, a name, notes and Apply.
 
 #include <QApplication>
 #include <QTest>
@@ -38,10 +38,10 @@ TEST_F(NewScale, StartsAsTheMajorScaleAtTheEndOfItsType) {
   EXPECT_FALSE(C().chkFields->isChecked());
   EXPECT_EQ(SelectedNotes(), "C D E F G A B");
   EXPECT_EQ(Rows("SELECT count(*) FROM Scales"), "3") << "pending";
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(Messages(), "");
 }
 
-TEST_F(NewScale, IsMadeByMouseAlone) {
+TEST_F(NewScale, IsMadeWithTheMouseAlone) {
   Open();
   Press(C().cmdModify);
   Press(C().cmdAdd);
@@ -50,15 +50,15 @@ TEST_F(NewScale, IsMadeByMouseAlone) {
   box_.AnswerNext(kOk);
   Press(C().cmdApply);
   EXPECT_EQ(Saved("Mine"), "Mine|2122221|1|-|C|0|3");
-  EXPECT_EQ(Told(), kKeep);
+  EXPECT_EQ(Messages(), kKeep);
   EXPECT_EQ(Field(1), "Major");
 }
 
-TEST_F(NewScale, IsMadeByKeyboardAlone) {
+TEST_F(NewScale, IsMadeWithTheKeyboardAlone) {
   Open();
   const auto key = [this](int code, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QWidget* const focus = QApplication::focusWidget();
-    QTest::keyClick(focus != nullptr ? focus : place_.data(), static_cast<Qt::Key>(code), modifiers);
+    QTest::keyClick(focus != nullptr ? focus : form_.data(), static_cast<Qt::Key>(code), modifiers);
   };
   key(Qt::Key_F2);
   key(Qt::Key_A, Qt::AltModifier);
@@ -74,11 +74,11 @@ TEST_F(NewScale, IsMadeByKeyboardAlone) {
   EXPECT_EQ(SelectedNotes(), "C D D# F G A B");
   box_.AnswerNext(kOk);
   key(Qt::Key_Return, Qt::ControlModifier);
-  EXPECT_EQ(Told(), kKeep);
+  EXPECT_EQ(Messages(), kKeep);
   EXPECT_EQ(Saved("Mine"), "Mine|2122221|1|-|C|0|3");
 }
 
-TEST_F(NewScale, MovesToTheEndOfTheTypeThatIsPicked) {
+TEST_F(NewScale, MovesToTheEndOfTheChosenType) {
   Open();
   Press(C().cmdModify);
   Press(C().cmdAdd);
@@ -86,18 +86,18 @@ TEST_F(NewScale, MovesToTheEndOfTheTypeThatIsPicked) {
   Form().Combo1_Click(1);
   EXPECT_EQ(Field(3), "2");
   EXPECT_EQ(Field(7), "8");
-  Retype(7, "5");
+  Replace(7, "5");
   Form().Combo1_Click(0);
   EXPECT_EQ(Field(7), "5") << "somebody chose it";
 }
 
-TEST_F(NewScale, AddedTwiceWithoutANameIsToldOnceAndKept) {
+TEST_F(NewScale, AddedTwiceWithoutANameIsReportedOnceAndStays) {
   Open();
   Press(C().cmdModify);
   Press(C().cmdAdd);
   Type(2, "Still here.");
   Press(C().cmdAdd);
-  EXPECT_EQ(Told(), "The scale needs a name.\n");
+  EXPECT_EQ(Messages(), "The scale needs a name.\n");
   EXPECT_EQ(Field(2), "Still here.");
   EXPECT_EQ(Rows("SELECT count(*) FROM Scales"), "3");
 }
@@ -125,7 +125,7 @@ TEST_F(NewScale, ThatWasNeverSavedIsDroppedByDelete) {
   EXPECT_EQ(box_.Messages().size(), 1U);
 }
 
-TEST_F(NewScale, GoesIntoAnEmptyTable) {
+TEST_F(NewScale, CanBeAddedToAnEmptyTable) {
   Execute("DELETE FROM Scales");
   Open();
   Press(C().cmdModify);
@@ -137,17 +137,17 @@ TEST_F(NewScale, GoesIntoAnEmptyTable) {
   EXPECT_EQ(Field(7), "1");
   Press(C().cmdUpdate);
   EXPECT_EQ(Saved("Mine"), "Mine|2212221|1|-|C|0|1");
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(Messages(), "");
 }
 
-TEST_F(NewScale, NeedsATypeThatExists) {
+TEST_F(NewScale, NeedsAnExistingType) {
   Execute("DELETE FROM Scales; DELETE FROM ScaleTypes");
   Open();
   Press(C().cmdModify);
   Press(C().cmdAdd);
   Type(1, "Mine");
   Press(C().cmdUpdate);
-  EXPECT_EQ(Told(), "There is no scale type of this number.\n");
+  EXPECT_EQ(Messages(), "There is no scale type of this number.\n");
   EXPECT_EQ(Field(1), "Mine");
 }
 

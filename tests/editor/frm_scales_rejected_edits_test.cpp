@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Changes that are set aside and brought back: by Cancel, by Refresh, and where somebody else has saved the record.
+// Rejecting and restoring edits: with Cancel, with Refresh, and after another program has changed the record.
 
 #include <QTest>
 
@@ -21,21 +21,21 @@ constexpr const char* kOverwrite =
     "shows "
     "the scale as it is now. Ctrl+Z then brings your changes back.\n";
 
-class SetAsideTest : public ScaleEditorTest {
+class RejectedEditTest : public ScaleEditorTest {
  protected:
   void CancelApply() {
     box_.AnswerNext(kCancel);
     Press(C().cmdApply);
-    Told();
+    Messages();
   }
   void Undo() {
     C().cmdClose->setFocus();
-    QTest::keyClick(place_.data(), Qt::Key_Z, Qt::ControlModifier);
+    QTest::keyClick(form_.data(), Qt::Key_Z, Qt::ControlModifier);
   }
   std::string AllRows() { return Rows("SELECT * FROM Scales"); }
 };
 
-TEST_F(SetAsideTest, CancelWritesNothingAndModifyBringsTypingAndNotesBack) {
+TEST_F(RejectedEditTest, CancelWritesNothingAndModifyRestoresTextsAndNotes) {
   Open();
   const std::string before = AllRows();
   Press(C().cmdModify);
@@ -59,7 +59,7 @@ TEST_F(SetAsideTest, CancelWritesNothingAndModifyBringsTypingAndNotesBack) {
   EXPECT_FALSE(C().datPrimaryRS->IsEditPending());
 }
 
-TEST_F(SetAsideTest, CancelSetsANewRecordAsideToo) {
+TEST_F(RejectedEditTest, CancelRejectsANewRecordToo) {
   Open(2);
   const std::string before = AllRows();
   Press(C().cmdModify);
@@ -81,7 +81,7 @@ TEST_F(SetAsideTest, CancelSetsANewRecordAsideToo) {
   EXPECT_EQ(Saved("Mine"), "Mine|2212212|2|-|C|0|8");
 }
 
-TEST_F(SetAsideTest, UndoBringsBackWhatCancelSetAside) {
+TEST_F(RejectedEditTest, UndoRestoresAnEditRejectedByCancel) {
   Open();
   Press(C().cmdModify);
   Type(1, "X");
@@ -92,7 +92,7 @@ TEST_F(SetAsideTest, UndoBringsBackWhatCancelSetAside) {
   EXPECT_EQ(Rows("SELECT ScaleName FROM Scales WHERE ScaleID = 1"), "Major");
 }
 
-TEST_F(SetAsideTest, ModifyOnAnotherRecordLeavesThemWhereTheyAre) {
+TEST_F(RejectedEditTest, ModifyOnAnotherRecordRestoresNothing) {
   Open();
   Press(C().cmdModify);
   Type(1, "X");
@@ -107,31 +107,31 @@ TEST_F(SetAsideTest, ModifyOnAnotherRecordLeavesThemWhereTheyAre) {
   EXPECT_EQ(Field(1), "MajorX");
 }
 
-TEST_F(SetAsideTest, ClosingDoesNotAskAgainAboutWhatWasCancelled) {
+TEST_F(RejectedEditTest, ClosingDoesNotAskAboutACancelledEdit) {
   Open();
   Press(C().cmdModify);
   Type(1, "X");
   CancelApply();
   EXPECT_TRUE(Form().close());
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(Messages(), "");
 }
 
-TEST_F(SetAsideTest, ClosingAsksAboutWhatARefusalSetAside) {
+TEST_F(RejectedEditTest, ClosingAsksAboutARefusedEdit) {
   Execute("UPDATE Scales SET ScaleIntervals = '5' WHERE ScaleID = 1");
   Open();
   Press(C().cmdModify);
   Type(1, "X");
   box_.AnswerNext(kOk);
   Press(C().cmdApply);
-  EXPECT_EQ(Told(), std::string(kKeep) + "A scale or chord requires more than one note.\n");
+  EXPECT_EQ(Messages(), std::string(kKeep) + "A scale or chord requires more than one note.\n");
   EXPECT_EQ(Rows("SELECT ScaleName FROM Scales WHERE ScaleID = 1"), "Major");
   box_.AnswerNext(kOk);
   EXPECT_TRUE(Form().close());
-  EXPECT_EQ(Told(), kKeep);
+  EXPECT_EQ(Messages(), kKeep);
   EXPECT_EQ(Rows("SELECT ScaleName FROM Scales WHERE ScaleID = 1"), "MajorX");
 }
 
-TEST_F(SetAsideTest, RefreshReadsAgainAndShowsTheFirstRecord) {
+TEST_F(RejectedEditTest, RefreshReadsAgainAndShowsTheFirstRecord) {
   Open(2);
   Press(C().cmdModify);
   Execute("UPDATE Scales SET ScaleName = 'Ionian' WHERE ScaleID = 1; INSERT INTO ScaleTypes VALUES (3, 3, 'Modes')");
@@ -141,7 +141,7 @@ TEST_F(SetAsideTest, RefreshReadsAgainAndShowsTheFirstRecord) {
   EXPECT_EQ(Notice(), kEditHint);
 }
 
-TEST_F(SetAsideTest, RefreshWritesNothingAndUndoBringsTheTypingBack) {
+TEST_F(RejectedEditTest, RefreshWritesNothingAndUndoRestoresTheTexts) {
   Open(2);
   const std::string before = AllRows();
   Press(C().cmdModify);
@@ -161,34 +161,34 @@ TEST_F(SetAsideTest, RefreshWritesNothingAndUndoBringsTheTypingBack) {
   EXPECT_EQ(Rows("SELECT ScaleName, ScaleIntervals FROM Scales WHERE ScaleID = 2"), "Natural MinorX|2122212");
 }
 
-TEST_F(SetAsideTest, RefreshWorksWhereTheRecordIsGoneAndUndoMakesItANewOne) {
+TEST_F(RejectedEditTest, RefreshWorksForADeletedRecordAndUndoMakesItNew) {
   Open(3);
   Press(C().cmdModify);
   Type(1, "X");
   Execute("DELETE FROM Scales WHERE ScaleID = 3");
   Press(C().cmdRefresh);
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(Messages(), "");
   EXPECT_EQ(Field(1), "Major");
   Undo();
   EXPECT_EQ(Field(1), "Minor TriadX");
   EXPECT_EQ(Field(0), "");
   Press(C().cmdUpdate);
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(Messages(), "");
   EXPECT_EQ(Saved("Minor TriadX"), "Minor TriadX|345|2|-|C|1|7");
 }
 
-TEST_F(SetAsideTest, ClosingAsksAboutWhatRefreshSetAside) {
+TEST_F(RejectedEditTest, ClosingAsksAboutAnEditRejectedByRefresh) {
   Open(2);
   Press(C().cmdModify);
   Type(1, "X");
   Press(C().cmdRefresh);
   box_.AnswerNext(kOk);
   EXPECT_TRUE(Form().close());
-  EXPECT_EQ(Told(), kKeep);
+  EXPECT_EQ(Messages(), kKeep);
   EXPECT_EQ(Rows("SELECT ScaleName FROM Scales WHERE ScaleID = 2"), "Natural MinorX");
 }
 
-TEST_F(SetAsideTest, TheIntervalBoxFollowsTheRecordAlsoWhereThePatternIsTheSame) {
+TEST_F(RejectedEditTest, TheIntervalBoxFollowsARecordWithTheSamePattern) {
   Execute("UPDATE Scales SET ScaleIntervals = '2212221' WHERE ScaleID = 2");
   Open();
   Press(C().cmdModify);
@@ -201,31 +201,31 @@ TEST_F(SetAsideTest, TheIntervalBoxFollowsTheRecordAlsoWhereThePatternIsTheSame)
   EXPECT_EQ(C().txtScaleIntervalTones->text(), QStringLiteral(" T T S T T T S"));
 }
 
-TEST_F(SetAsideTest, SetAllControlsTriesARefusedWriteAgainAndTellsItOnce) {
+TEST_F(RejectedEditTest, SetAllControlsRetriesARefusedWriteAndReportsItOnce) {
   Open();
   Press(C().cmdModify);
-  Retype(1, "Natural Minor");
+  Replace(1, "Natural Minor");
   box_.AnswerNext(kOk);
   Press(C().cmdApply);
-  EXPECT_EQ(Told(), std::string(kKeep) + "There is a scale of this name already.\n");
+  EXPECT_EQ(Messages(), std::string(kKeep) + "There is a scale of this name already.\n");
   Execute("UPDATE Scales SET ScaleName = 'Aeolian' WHERE ScaleID = 2");
   Press(C().cmdModify);
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(Messages(), "");
   EXPECT_EQ(Rows("SELECT ScaleName FROM Scales WHERE ScaleID = 1"), "Natural Minor");
 }
 
-class Conflict : public SetAsideTest {
+class Conflict : public RejectedEditTest {
  protected:
   void TypeWhileSomebodyElseSaves() {
     Open();
     Press(C().cmdModify);
-    Retype(1, "Mine");
+    Replace(1, "Mine");
     Execute("UPDATE Scales SET ScaleName = 'Theirs', ScaleDescription = 'Theirs too.' WHERE ScaleID = 1");
   }
   std::string Row() { return Rows("SELECT ScaleName, ScaleDescription FROM Scales WHERE ScaleID = 1"); }
 };
 
-TEST_F(Conflict, YesSavesOverTheOtherOneWhatWasTyped) {
+TEST_F(Conflict, YesOverwritesTheOtherVersion) {
   TypeWhileSomebodyElseSaves();
   box_.AnswerNext(kYes);
   Press(C().cmdUpdate);
@@ -237,11 +237,11 @@ TEST_F(Conflict, YesSavesOverTheOtherOneWhatWasTyped) {
   EXPECT_EQ(Field(2), "Theirs too.");
 }
 
-TEST_F(Conflict, NoShowsTheOtherOneAndUndoBringsTheTypingBack) {
+TEST_F(Conflict, NoShowsTheOtherVersionAndUndoRestoresTheTexts) {
   TypeWhileSomebodyElseSaves();
   box_.AnswerNext(kNo);
   Press(C().cmdUpdate);
-  EXPECT_EQ(Told(), kOverwrite);
+  EXPECT_EQ(Messages(), kOverwrite);
   EXPECT_EQ(Row(), "Theirs|Theirs too.");
   EXPECT_EQ(Field(1), "Theirs");
   EXPECT_FALSE(C().datPrimaryRS->IsEditPending());
@@ -250,14 +250,14 @@ TEST_F(Conflict, NoShowsTheOtherOneAndUndoBringsTheTypingBack) {
   EXPECT_EQ(Field(1), "Mine");
   EXPECT_EQ(Field(2), "Theirs too.");
   Press(C().cmdUpdate);
-  EXPECT_EQ(Told(), "") << "saved over what was seen";
+  EXPECT_EQ(Messages(), "") << "saved over what was seen";
   EXPECT_EQ(Row(), "Mine|Theirs too.");
 }
 
-TEST_F(Conflict, IsToldOnAMoveWhichIsNotMadeWithNo) {
+TEST_F(Conflict, IsReportedOnAMoveAndNoStaysOnTheRecord) {
   TypeWhileSomebodyElseSaves();
   PressArrow("Next record");
-  EXPECT_EQ(Told(), kOverwrite) << "No is the default";
+  EXPECT_EQ(Messages(), kOverwrite) << "No is the default";
   EXPECT_EQ(Field(1), "Theirs");
   Undo();
   box_.AnswerNext(kYes);
@@ -272,7 +272,7 @@ TEST_F(Conflict, InApplyLeavesTheModeAndSavesNothingWithNo) {
   box_.AnswerNext(kOk);
   box_.AnswerNext(kNo);
   Press(C().cmdApply);
-  EXPECT_EQ(Told(), std::string(kKeep) + kOverwrite);
+  EXPECT_EQ(Messages(), std::string(kKeep) + kOverwrite);
   EXPECT_FALSE(Form().IsInModifyMode());
   EXPECT_EQ(Field(1), "Theirs");
   EXPECT_EQ(Rows("SELECT ScaleIntervals FROM Scales WHERE ScaleID = 1"), "2212221");
@@ -281,19 +281,19 @@ TEST_F(Conflict, InApplyLeavesTheModeAndSavesNothingWithNo) {
   EXPECT_EQ(SelectedNotes(), "C D E F G A A#");
 }
 
-TEST_F(Conflict, AFormThatGoesInTheMiddleOfTheQuestionLeavesQuietly) {
+TEST_F(Conflict, DestroyingTheFormDuringTheMessageBoxIsSafe) {
   for (const bool isMove : {false, true}) {
     TypeWhileSomebodyElseSaves();
-    box_.Meanwhile([this] { delete place_.data(); });
+    box_.WhileShown([this] { delete form_.data(); });
     box_.AnswerNext(kYes);
     if (isMove) {
       PressArrow("Next record");
     } else {
       Form().cmdUpdate_Click();
     }
-    EXPECT_TRUE(place_.isNull());
+    EXPECT_TRUE(form_.isNull());
     EXPECT_EQ(Row(), "Theirs|Theirs too.");
-    EXPECT_EQ(Told(), kOverwrite);
+    EXPECT_EQ(Messages(), kOverwrite);
     Execute("UPDATE Scales SET ScaleName = 'Major' WHERE ScaleID = 1");
   }
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The form as it opens, its two states, and its buttons.
+// The form after opening, its two modes, and its buttons.
 
 #include <QTest>
 
@@ -16,7 +16,7 @@ constexpr auto kYes = core::MsgBoxAnswer::kYes;
 
 using FrmScales = ScaleEditorTest;
 
-/// A window that does something whenever the pointer comes or moves.
+/// A window that runs an action when the pointer enters or moves.
 class PointerWatch : public QWidget {
  public:
   explicit PointerWatch(std::function<void()> act) : act_(std::move(act)) { setMouseTracking(true); }
@@ -29,17 +29,17 @@ class PointerWatch : public QWidget {
   std::function<void()> act_;
 };
 
-TEST_F(FrmScales, OpensOnTheRecordThatItIsGiven) {
+TEST_F(FrmScales, OpensOnTheGivenRecord) {
   Open(2);
   EXPECT_EQ(Form().windowTitle(), QStringLiteral("Scales"));
   EXPECT_EQ(Field(1), "Natural Minor");
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(Messages(), "");
 }
 
-TEST_F(FrmScales, OpensOnTheFirstRecordWhereThereIsNoOther) {
+TEST_F(FrmScales, OpensOnTheFirstRecordByDefault) {
   Open();
   EXPECT_EQ(Field(1), "Major");
-  delete place_.data();
+  delete form_.data();
   Open(99);
   EXPECT_EQ(Field(1), "Major");
 }
@@ -95,7 +95,7 @@ TEST_F(FrmScales, ShowsThePatternAsButtonsAndStepWords) {
   EXPECT_EQ(C().txtScaleIntervalTones->text(), QStringLiteral(" T T S T T T S"));
 }
 
-TEST_F(FrmScales, BuildsTheColoursFromCWhateverTheStartNoteIs) {
+TEST_F(FrmScales, ColoursTheButtonsFromCForEveryStartNote) {
   Open(2);
   EXPECT_EQ(SelectedNotes(), "C D D# F G G# A#");
 }
@@ -154,7 +154,7 @@ TEST_F(FrmScales, ApplyWritesTheSelectedNotesAndGoesToTheFirstRecord) {
   ClickNotes("D D# E F A B");
   box_.AnswerNext(kOk);
   Press(C().cmdApply);
-  EXPECT_EQ(Told(), kKeep);
+  EXPECT_EQ(Messages(), kKeep);
   EXPECT_EQ(Saved("Minor Triad"), "Minor Triad|2212221|2|-|C|1|7");
   EXPECT_EQ(Field(1), "Major");
   EXPECT_FALSE(Form().IsInModifyMode());
@@ -164,7 +164,7 @@ TEST_F(FrmScales, ApplyWritesTheSelectedNotesAndGoesToTheFirstRecord) {
   EXPECT_EQ(Notice(), kViewHint);
 }
 
-TEST_F(FrmScales, AfterApplyOnlyThePatternsNotesAreInView) {
+TEST_F(FrmScales, AfterApplyOnlyTheNotesOfThePatternAreVisible) {
   Open();
   Press(C().cmdModify);
   ClickNotes("D F A B");
@@ -189,7 +189,7 @@ TEST_F(FrmScales, ApplyWithCancelLeavesTheModeHidesTheUnselectedAndWritesNothing
   EXPECT_EQ(Notice(), "Not kept. The scale still is 2212221. Modify (F2) brings your changes back.");
 }
 
-TEST_F(FrmScales, InputThatComesWhileApplyEndsWaitsUntilTheModeIsLeft) {
+TEST_F(FrmScales, InputAtTheEndOfApplyWaitsUntilTheModeIsLeft) {
   Open();
   Press(C().cmdModify);
   std::string modes;
@@ -198,16 +198,16 @@ TEST_F(FrmScales, InputThatComesWhileApplyEndsWaitsUntilTheModeIsLeft) {
   other.resize(100, 100);
   other.show();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&other));
-  // The offscreen platform queues what the pointer does as a window system would.
-  box_.Meanwhile([&] { QCursor::setPos(other.geometry().center()); });
+  // The offscreen platform queues mouse events like a window system.
+  box_.WhileShown([&] { QCursor::setPos(other.geometry().center()); });
   box_.AnswerNext(kCancel);
   Press(C().cmdApply);
-  Settle();
+  ProcessEvents();
   EXPECT_THAT(modes, testing::StartsWith("left "));
   EXPECT_THAT(modes, testing::Not(testing::HasSubstr("modify")));
 }
 
-TEST_F(FrmScales, ApplyWithCancelDropsWhatWasTyped) {
+TEST_F(FrmScales, ApplyWithCancelDropsTypedTexts) {
   Open();
   Press(C().cmdModify);
   Type(1, "X");
@@ -217,7 +217,7 @@ TEST_F(FrmScales, ApplyWithCancelDropsWhatWasTyped) {
   EXPECT_EQ(Rows("SELECT count(*) FROM Scales WHERE ScaleName = 'MajorX'"), "0");
 }
 
-TEST_F(FrmScales, ApplyTestsTheLengthOfThePatternAsItStood) {
+TEST_F(FrmScales, ApplyTestsTheLengthOfTheStoredPattern) {
   Execute("UPDATE Scales SET ScaleIntervals = '5' WHERE ScaleID = 1");
   Open();
   Press(C().cmdModify);
@@ -255,7 +255,7 @@ TEST_F(FrmScales, NoNoteAtAllIsRefused) {
   EXPECT_EQ(Notice(), "No note is selected.");
   box_.AnswerNext(kOk);
   Press(C().cmdApply);
-  EXPECT_EQ(Told(), std::string(kKeep) + "A scale or chord requires more than one note.\n");
+  EXPECT_EQ(Messages(), std::string(kKeep) + "A scale or chord requires more than one note.\n");
   EXPECT_EQ(Rows("SELECT ScaleIntervals FROM Scales WHERE ScaleID = 1"), "2212221");
 }
 
@@ -278,7 +278,7 @@ TEST_F(FrmScales, ChangingTheIntervalFieldAlsoRewritesTheStepWords) {
   EXPECT_EQ(C().txtIntervals->text(), QStringLiteral("435"));
 }
 
-TEST_F(FrmScales, ATypedPatternShowsAtOnceInButtonsAndStepWords) {
+TEST_F(FrmScales, ATypedPatternImmediatelyChangesButtonsAndStepWords) {
   Open();
   Press(C().cmdModify);
   C().txtIntervals->setFocus();
@@ -292,13 +292,13 @@ TEST_F(FrmScales, ATypedPatternShowsAtOnceInButtonsAndStepWords) {
   EXPECT_EQ(Rows("SELECT ScaleIntervals FROM Scales WHERE ScaleID = 1"), "435");
 }
 
-TEST_F(FrmScales, UpdateWritesWhatWasTyped) {
+TEST_F(FrmScales, UpdateWritesTypedTexts) {
   Open();
   Press(C().cmdModify);
-  Retype(1, "Ionian");
+  Replace(1, "Ionian");
   Type(2, " And how.");
-  Retype(5, "D");
-  Retype(7, "12");
+  Replace(5, "D");
+  Replace(7, "12");
   EXPECT_EQ(Notice(), "Not saved yet.");
   EXPECT_EQ(host_.Calls(), "");
   Press(C().cmdUpdate);
@@ -308,7 +308,7 @@ TEST_F(FrmScales, UpdateWritesWhatWasTyped) {
   EXPECT_TRUE(Form().IsInModifyMode());
 }
 
-TEST_F(FrmScales, UpdateKeepsTheNotesThatWaitForApply) {
+TEST_F(FrmScales, UpdateKeepsUnsavedNotes) {
   Open();
   Press(C().cmdModify);
   Press(C().cmdAdd);
@@ -320,17 +320,17 @@ TEST_F(FrmScales, UpdateKeepsTheNotesThatWaitForApply) {
   EXPECT_EQ(Saved("Mine"), "Mine|2212221|1|-|C|0|3");
 }
 
-TEST_F(FrmScales, AMoveWritesWhatWasTyped) {
+TEST_F(FrmScales, AMoveWritesTypedTexts) {
   Open();
   Press(C().cmdModify);
-  Retype(1, "Ionian");
+  Replace(1, "Ionian");
   PressArrow("Next record");
   EXPECT_EQ(Field(1), "Natural Minor");
   EXPECT_EQ(Rows("SELECT ScaleName FROM Scales WHERE ScaleID = 1"), "Ionian");
   EXPECT_EQ(host_.Calls(), "EditUpdates ");
 }
 
-TEST_F(FrmScales, DeleteAsksToTheLetterAndTakesNoAsItsDefault) {
+TEST_F(FrmScales, DeleteAsksWithTheFixedTextAndNoAsDefault) {
   Open();
   Press(C().cmdModify);
   Press(C().cmdDelete);
@@ -342,7 +342,7 @@ TEST_F(FrmScales, DeleteAsksToTheLetterAndTakesNoAsItsDefault) {
   EXPECT_EQ(Rows("SELECT count(*) FROM Scales"), "3");
 }
 
-TEST_F(FrmScales, DeleteTakesEffectAtOnceAndShowsTheNextRecord) {
+TEST_F(FrmScales, DeleteRemovesTheRecordAndShowsTheNextOne) {
   Open();
   Press(C().cmdModify);
   box_.AnswerNext(kYes);
@@ -361,7 +361,7 @@ TEST_F(FrmScales, DeletingTheLastRecordShowsTheNewLastOne) {
   EXPECT_EQ(box_.Messages().size(), 1U);
 }
 
-TEST_F(FrmScales, ATypeIsPickedByItsName) {
+TEST_F(FrmScales, ATypeIsChosenByItsName) {
   Open();
   Press(C().cmdModify);
   EXPECT_TRUE(C().Combo1->isVisible());
@@ -378,9 +378,9 @@ TEST_F(FrmScales, ATypeIsPickedByItsName) {
 TEST_F(FrmScales, ATypedTypeNumberShowsItsName) {
   Open();
   Press(C().cmdModify);
-  Retype(3, "2");
+  Replace(3, "2");
   EXPECT_EQ(C().Combo1->currentText(), QStringLiteral("Chords"));
-  Retype(3, "77");
+  Replace(3, "77");
   EXPECT_EQ(C().Combo1->currentIndex(), -1);
 }
 

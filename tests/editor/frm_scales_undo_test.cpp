@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Taking back and making again, with the usual keys.
+// Undo and redo with the standard keys.
 
 #include <QTest>
 
@@ -19,7 +19,7 @@ class Undo : public ScaleEditorTest {
   QWidget* Box(int index) { return C().txtFields.at(static_cast<std::size_t>(index)).box; }
 };
 
-TEST_F(Undo, TakesBackTypingInItsBoxAndMakesItAgain) {
+TEST_F(Undo, UndoesAndRedoesTypingInItsBox) {
   Open();
   Press(C().cmdModify);
   for (const int index : {1, 2}) {
@@ -34,11 +34,11 @@ TEST_F(Undo, TakesBackTypingInItsBoxAndMakesItAgain) {
   }
 }
 
-TEST_F(Undo, TakesBackTheLastFieldFromAnywhereOnTheForm) {
+TEST_F(Undo, UndoesTheLastFieldFromAnywhereInTheForm) {
   Open();
   Press(C().cmdModify);
   Type(1, "X");
-  Retype(5, "D");
+  Replace(5, "D");
   Key(C().cmdApply, Qt::Key_Z);
   EXPECT_EQ(Field(5), "C");
   EXPECT_EQ(Field(1), "MajorX");
@@ -51,7 +51,7 @@ TEST_F(Undo, TakesBackTheLastFieldFromAnywhereOnTheForm) {
   EXPECT_EQ(Field(5), "D");
 }
 
-TEST_F(Undo, TakesBackToggledNotes) {
+TEST_F(Undo, UndoesToggledNotes) {
   Open();
   Press(C().cmdModify);
   ClickNotes("B A#");
@@ -64,7 +64,7 @@ TEST_F(Undo, TakesBackToggledNotes) {
   EXPECT_EQ(SelectedNotes(), "C D E F G A");
 }
 
-TEST_F(Undo, BringsBackTheNotesThatTypingTook) {
+TEST_F(Undo, RestoresNotesThatTypingReverted) {
   Open();
   Press(C().cmdModify);
   ClickNotes("B A#");
@@ -75,7 +75,7 @@ TEST_F(Undo, BringsBackTheNotesThatTypingTook) {
   EXPECT_EQ(Field(1), "MajorXY");
 }
 
-TEST_F(Undo, TakesBackAPickedType) {
+TEST_F(Undo, UndoesAChosenType) {
   Open();
   Press(C().cmdModify);
   Form().Combo1_Click(1);
@@ -98,7 +98,7 @@ TEST_F(Undo, EndsWithTheRecord) {
 TEST_F(Undo, DoesNothingWhileTheFormIsReadOnly) {
   Open();
   Press(C().cmdModify);
-  Retype(1, "Natural Minor");
+  Replace(1, "Natural Minor");
   box_.AnswerNext(core::MsgBoxAnswer::kOk);
   Press(C().cmdApply);
   Key(C().cmdModify, Qt::Key_Z);

@@ -30,7 +30,7 @@ TEST(RejectedEdits, TakesTheLatestFirst) {
   EXPECT_EQ(PlaceOf(edits.TakeLatest()), -1);
 }
 
-TEST(RejectedEdits, TakesAtAPlaceTheLatestOfThatPlace) {
+TEST(RejectedEdits, TakesTheLatestOfARecord) {
   RejectedEdits edits;
   edits.Add(Edit(1));
   edits.Add(Edit(1, RejectedEdit::Decision::kOpen));
@@ -42,7 +42,7 @@ TEST(RejectedEdits, TakesAtAPlaceTheLatestOfThatPlace) {
   EXPECT_EQ(PlaceOf(edits.TakeAt(std::nullopt)), -1);
 }
 
-TEST(RejectedEdits, TakesOnlyUndecidedOnesForTheQuestionOfClosing) {
+TEST(RejectedEdits, TakesOnlyUndecidedOnesWhenClosing) {
   RejectedEdits edits;
   edits.Add(Edit(1, RejectedEdit::Decision::kOpen));
   edits.Add(Edit(2));

@@ -22,7 +22,7 @@ NoteSelection Notes(const std::string& names) {
 std::string Build(const std::string& names) { return ScaleIntervalBuild(Notes(names)); }
 
 TEST(ScaleIntervalBuild, MakesTheMajorPatternOfTheWhiteKeys) { EXPECT_EQ(Build("C D E F G A B"), "2212221"); }
-TEST(ScaleIntervalBuild, MakesFourThreeFiveOfTheMajorTriad) { EXPECT_EQ(Build("C E G"), "435"); }
+TEST(ScaleIntervalBuild, Makes435OfTheMajorTriad) { EXPECT_EQ(Build("C E G"), "435"); }
 TEST(ScaleIntervalBuild, ClosesALoneCWithTheTwoDigitOctave) { EXPECT_EQ(Build("C"), "12"); }
 TEST(ScaleIntervalBuild, ClosesALoneBWithASemitone) { EXPECT_EQ(Build("B"), "1"); }
 TEST(ScaleIntervalBuild, StartsFromTheLowestSelectedNote) { EXPECT_EQ(Build("D F# A"), "433"); }
@@ -33,7 +33,7 @@ TEST(ScaleIntervalBuild, WritesDistancesOfTwoDigitsWithoutASeparator) {
   EXPECT_EQ(Build("C A#"), "102");
   EXPECT_EQ(Build("C B"), "111");
 }
-TEST(ScaleIntervalBuild, GivesNothingForNothing) { EXPECT_EQ(Build(""), ""); }
+TEST(ScaleIntervalBuild, IsEmptyWithoutNotes) { EXPECT_EQ(Build(""), ""); }
 
 TEST(CEditNotesToTones, NamesEachCharacter) {
   EXPECT_EQ(CEditNotesToTones("2"), "T");
@@ -41,7 +41,7 @@ TEST(CEditNotesToTones, NamesEachCharacter) {
   EXPECT_EQ(CEditNotesToTones("3"), "T1.5");
   EXPECT_EQ(CEditNotesToTones("4"), "T2");
 }
-TEST(CEditNotesToTones, SkipsBlanksAndSaysNothingOfLetters) { EXPECT_EQ(CEditNotesToTones(" 2 x1 "), "TS"); }
+TEST(CEditNotesToTones, SkipsBlanksAndLettersWithoutAMessage) { EXPECT_EQ(CEditNotesToTones(" 2 x1 "), "TS"); }
 TEST(CEditNotesToTones, ReadsTwelveAsTwoCharacters) { EXPECT_EQ(CEditNotesToTones("12"), "ST"); }
 
 TEST(StepWordsText, PutsABlankInFrontOfEachWord) {
@@ -77,7 +77,7 @@ TEST(PatternNotes, FoldASecondOctaveOntoTheTwelveButtons) {
   tests::RecordingMsgBox box;
   EXPECT_EQ(PatternNotes(box).Of("1", "4334"), Notes("C D E G A#"));
 }
-TEST(PatternNotes, TellOfAPatternThatCannotBeBuiltOnce) {
+TEST(PatternNotes, ReportAnInvalidPatternOnce) {
   tests::RecordingMsgBox box;
   PatternNotes notes(box);
   for (int i = 0; i < 3; ++i) EXPECT_TRUE(notes.Of("1", "22x").none());
@@ -85,7 +85,7 @@ TEST(PatternNotes, TellOfAPatternThatCannotBeBuiltOnce) {
   EXPECT_TRUE(notes.Of("1", "99999").none());
   EXPECT_EQ(box.Messages().size(), 2U);
 }
-TEST(NotesOfTyped, SayNothingWhileSomebodyTypes) {
+TEST(NotesOfTyped, AreReadWithoutAMessageWhileTheUserTypes) {
   EXPECT_EQ(NotesOfTyped("22"), Notes("C D E"));
   EXPECT_TRUE(NotesOfTyped("2x").none());
 }
@@ -97,7 +97,7 @@ TEST(NoteExistsInScale, BuildsTheScaleOnTheNoteItself) {
   EXPECT_FALSE(NoteExistsInScale("Db", "2212221", box)) << "no note name, and C D E F G A B has no such text";
   EXPECT_EQ(box.Texts(), "");
 }
-TEST(NoteExistsInScale, IsFalseAndToldOnceForAPatternThatCannotBeBuilt) {
+TEST(NoteExistsInScale, IsFalseAndReportedOnceForAnInvalidPattern) {
   tests::RecordingMsgBox box;
   EXPECT_FALSE(NoteExistsInScale("C", "x", box));
   EXPECT_EQ(box.Texts(), "13 Type mismatch\n");

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A scale for tests of EditSession, without widgets and without a library: two records, their fields as texts, one
-// pending edit. It reports field changes and moves to the session as the form does, and logs its calls. Notes are
-// written as in "C D# G".
+// A scale for tests of EditSession, without widgets and without a library: two records with text fields and one pending
+// edit. Reports field changes and moves to the session like the form, and logs its calls. Notes are written as in "C D#
+// G".
 
 #pragma once
 
@@ -37,9 +37,9 @@ class ScriptedScale : public EditedScale {
   void Delete(std::int64_t key);
   /// The next call that writes or moves fails with this text.
   void FailNext(const std::string& text) { failure_ = text; }
-  /// The next sort number of type 1; that of type 2 is the double.
+  /// The next sort number of type 1; that of type 2 is twice this.
   void SetSortUnit(std::int64_t unit) { sortUnit_ = unit; }
-  /// The calls since the last time.
+  /// The calls since the last call of this function.
   std::string Calls();
   [[nodiscard]] std::string Text(int index) const { return texts_.at(static_cast<std::size_t>(index)).toStdString(); }
   [[nodiscard]] std::string Selected() const { return Names(selected_); }
