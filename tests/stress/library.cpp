@@ -47,7 +47,7 @@ LibraryFile::LibraryFile(const std::string& path, Open open) {
   if (sqlite3_open_v2(path.c_str(), &database_, flags, nullptr) != SQLITE_OK) {
     const std::string message = sqlite3_errmsg(database_);
     sqlite3_close(database_);
-    throw std::runtime_error(path + ": " + words);
+    throw std::runtime_error(path + ": " + message);
   }
   sqlite3_busy_timeout(database_, kBusyMilliseconds);
 }

@@ -50,7 +50,8 @@ class Pointer {
  private:
   void Send(QEvent::Type type, const QPoint& position, Qt::MouseButton button, Qt::MouseButtons buttons) {
     if (window_.isNull()) return;
-    qt_handleMouseEvent(window_, position, window_->mapToGlobal(position), buttons, button, type, Qt::NoModifier, Now());
+    qt_handleMouseEvent(window_, position, window_->mapToGlobal(position), buttons, button, type, Qt::NoModifier,
+                        Now());
   }
   /// For single clicks the double-click interval is 0, so the distance of 5 ms prevents double clicks.
   static int Now() {
@@ -96,7 +97,7 @@ QWindow* KeyWindow(QWidget& window) {
 bool TypeText(QWidget& window, const QString& text) {
   const QPointer<QWidget> guard(&window);
   for (const char32_t character : text.toUcs4()) {
-    if (guard.isNull() || !there->isVisible()) return true;
+    if (guard.isNull() || !guard->isVisible()) return true;
     const bool isLatin = character >= 32 && character < 127;
     const int key = isLatin ? QTest::asciiToKey(static_cast<char>(character)) : static_cast<int>(Qt::Key_unknown);
     PressKey(KeyWindow(*guard), key, Qt::NoModifier, QString::fromUcs4(&character, 1));
