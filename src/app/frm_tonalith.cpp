@@ -307,8 +307,8 @@ void frmTonalith::StopPlaying() {
   core::DeferredFailure passedOver;
   playback_.Cancel();
   passedOver.Try([this] { services_.sounds.UnloadSoundBuffer(audio::SoundManager::kAllBuffers); });
-  passedOver.Try([this] { desk_.HidePicture1(); });
-  passedOver.Try([this] { desk_.ShowStatus("Standby", {127, 127, 127}); });
+  passedOver.Try([this] { desk_.HideMarker(); });
+  passedOver.Try([this] { desk_.ShowStatus({audio::PlaybackState::kStandby, {}}); });
   passedOver.Clear();
 }
 

@@ -16,8 +16,8 @@
 
 #include "app/main_controls.h"
 #include "app/main_menu.h"
+#include "app/main_window_playback.h"
 #include "app/pack_install.h"
-#include "app/playback_desk.h"
 #include "app/print_desk.h"
 #include "audio/scale_playback.h"
 #include "core/current_scale.h"
@@ -140,7 +140,7 @@ class frmTonalith : public QMainWindow,
   bool packsImported_ = false;
   PackInstall* install_ = nullptr;
   std::optional<data::Bookmark> current_;
-  PlaybackDesk desk_;
+  MainWindowPlayback desk_;
   audio::ScalePlayback playback_;
   PrintDesk printing_;
   QPointer<editor::frmScales> frmScales_;

@@ -15,8 +15,6 @@ namespace tonalith::audio {
 namespace {
 
 constexpr int kSoundingStrings = 2;
-constexpr StatusColour kBlue{0, 0, 255};
-constexpr StatusColour kGrey{127, 127, 127};
 
 /// Middle C.
 constexpr voice::Pitch kC4 = 60;
@@ -50,9 +48,9 @@ class ScopedFlag {
 
 }  // namespace
 
-ScalePlayback::ScalePlayback(SoundManager& sounds, ScaleSoundFiles& files, PlaybackStage& stage,
+ScalePlayback::ScalePlayback(SoundManager& sounds, ScaleSoundFiles& files, PlaybackHost& host,
                              platform::EventPump& events, core::MsgBox& msgBox)
-    : sounds_(sounds), files_(files), stage_(stage), events_(events), msgBox_(msgBox) {}
+    : sounds_(sounds), files_(files), host_(host), events_(events), msgBox_(msgBox) {}
 
 void ScalePlayback::PlayToneNotes() {
   if (running_) return;
@@ -72,9 +70,9 @@ ScalePlayback::Score ScalePlayback::ReadScore(core::DeferredFailure& failure) {
   Score score;
   std::optional<std::string> scaleType = std::string();
   std::optional<std::string> pattern = std::string();
-  failure.Try([&] { scaleType = stage_.CurrentField(core::scale_field::kTypeName); });
-  failure.Try([&] { pattern = stage_.CurrentField(core::scale_field::kIntervals); });
-  failure.Try([&] { score.keyName = stage_.KeyText(); });
+  failure.Try([&] { scaleType = host_.CurrentField(core::scale_field::kTypeName); });
+  failure.Try([&] { pattern = host_.CurrentField(core::scale_field::kIntervals); });
+  failure.Try([&] { score.keyName = host_.KeyText(); });
   if (score.keyName.empty()) {
     score.keyName = "C";
   } else {
@@ -89,7 +87,7 @@ ScalePlayback::Score ScalePlayback::ReadScore(core::DeferredFailure& failure) {
   failure.Try([&] { score.pitches = PitchesOf(score.notes, pattern.value_or(std::string()), score.startNumber); });
   score.tags.resize(static_cast<std::size_t>(neck_.Notes()));
   for (int image = 0; image < neck_.Notes(); ++image) {
-    failure.Try([&] { score.tags[static_cast<std::size_t>(image)] = stage_.ImageTag(image); });
+    failure.Try([&] { score.tags[static_cast<std::size_t>(image)] = host_.NoteAt(image); });
   }
   return score;
 }
@@ -104,7 +102,7 @@ void ScalePlayback::PlayPosition(Score& score, int position, core::DeferredFailu
   if (!cancelled_ && position == score.length && score.keyPlayed) PlayClosingKey(score, failure);
   if (cancelled_) return;
   score.lastPlayed = note;
-  failure.Try([&] { stage_.HidePicture1(); });
+  failure.Try([&] { host_.HideMarker(); });
 }
 
 void ScalePlayback::PlayImage(Score& score, int position, int image, core::DeferredFailure& failure) {
@@ -142,17 +140,16 @@ void ScalePlayback::PlayClosingKey(Score& score, core::DeferredFailure& failure)
 void ScalePlayback::Sound(const Score& score, std::int32_t slot, int fileNumber, int position, int image,
                           core::DeferredFailure& failure) {
   std::string file;
-  failure.Try([&] { file = stage_.AudioFolder() + std::to_string(fileNumber) + ".wav"; });
+  failure.Try([&] { file = host_.SoundFolder() + std::to_string(fileNumber) + ".wav"; });
   {
     const ScaleSoundFiles::Pitched pitched(files_, score.pitches.at(static_cast<std::size_t>(position)));
     sounds_.LoadSoundBuffer(slot, file, BufferFlags::kNone);
   }
   if (cancelled_) return;
   PlayMultiSounds(slot, file);
-  const std::string control = "img" + std::to_string(image);
   // Highlight only a note that really plays.
-  if (!SoundEnded) failure.Try([&] { stage_.LightNote(control); });
-  failure.Try([&] { stage_.FlashNotes(control); });
+  if (!SoundEnded) failure.Try([&] { host_.LightNote(image); });
+  failure.Try([&] { host_.ShowMarker(image); });
   // Render the next note while this one plays.
   const auto next = static_cast<std::size_t>(position) + 1;
   if (next < score.pitches.size()) failure.Try([&] { files_.Prepare(score.pitches[next]); });
@@ -179,35 +176,35 @@ void ScalePlayback::PlayMultiSounds(std::int32_t pIndex, const std::string& /*tx
   failure.ReportDescription(msgBox_);
 }
 
-void ScalePlayback::SoundLoaded(std::int32_t /*BufferIndex*/) { ShowStatus("Loaded", kBlue); }
+void ScalePlayback::SoundLoaded(std::int32_t /*BufferIndex*/) { ShowStatus(PlaybackState::kLoaded); }
 
 void ScalePlayback::SoundPlayStart(std::int32_t /*BufferIndex*/) {
   SoundEnded = false;
-  ShowStatus("Playing: " + CurrentPlayNote, kBlue);
+  ShowStatus(PlaybackState::kPlaying, CurrentPlayNote);
 }
 
 void ScalePlayback::SoundPlayEnd(std::int32_t /*BufferIndex*/) {
   SoundEnded = true;
   DarkenNote();
-  ShowStatus("Stopped", kBlue);
+  ShowStatus(PlaybackState::kStopped);
 }
 
 void ScalePlayback::SoundUnloaded(std::int32_t /*BufferIndex*/) {
   DarkenNote();
-  ShowStatus("Standby", kGrey);
+  ShowStatus(PlaybackState::kStandby);
 }
 
 void ScalePlayback::DarkenNote() {
   if (running_ && cancelled_) return;
   core::DeferredFailure failure;
-  failure.Try([&] { stage_.DarkenNote(); });
-  failure.Clear();  // ShowStatus follows and reports a failing stage.
+  failure.Try([&] { host_.DarkenNote(); });
+  failure.Clear();  // ShowStatus follows and reports a failing host.
 }
 
-void ScalePlayback::ShowStatus(const std::string& caption, StatusColour colour) {
+void ScalePlayback::ShowStatus(PlaybackState state, const std::string& note) {
   if (running_ && cancelled_) return;
   core::DeferredFailure failure;
-  failure.Try([&] { stage_.ShowStatus(caption, colour); });
+  failure.Try([&] { host_.ShowStatus({state, note}); });
   failure.ReportNumberAndDescription(msgBox_);
 }
 

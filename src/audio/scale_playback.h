@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "audio/playback_stage.h"
+#include "audio/playback_host.h"
 #include "audio/scale_sound_files.h"
 #include "audio/sound_manager.h"
 #include "core/deferred_failure.h"
@@ -25,7 +25,7 @@ namespace tonalith::audio {
 class ScalePlayback : public SoundManagerNotifier {
  public:
   /// `files` must be the object that `sounds` reads its files from.
-  ScalePlayback(SoundManager& sounds, ScaleSoundFiles& files, PlaybackStage& stage, platform::EventPump& events,
+  ScalePlayback(SoundManager& sounds, ScaleSoundFiles& files, PlaybackHost& host, platform::EventPump& events,
                 core::MsgBox& msgBox);
 
   /// True while no note is sounding.
@@ -37,7 +37,7 @@ class ScalePlayback : public SoundManagerNotifier {
   void PlayToneNotes();
 
   /// Makes a running playback return as soon as the event that calls this is handled: it starts no further note, does
-  /// not call the stage again and shows no message. Called when the window closes.
+  /// not call the host again and shows no message. Called when the window closes.
   void Cancel() { cancelled_ = true; }
   [[nodiscard]] bool IsRunning() const { return running_; }
 
@@ -75,11 +75,11 @@ class ScalePlayback : public SoundManagerNotifier {
   void WaitForSoundEnd(core::DeferredFailure& failure);
   [[nodiscard]] bool IsAnySlotPlaying() const;
   void DarkenNote();
-  void ShowStatus(const std::string& caption, StatusColour colour);
+  void ShowStatus(PlaybackState state, const std::string& note = {});
 
   SoundManager& sounds_;
   ScaleSoundFiles& files_;
-  PlaybackStage& stage_;
+  PlaybackHost& host_;
   platform::EventPump& events_;
   core::MsgBox& msgBox_;
   core::Neck neck_ = core::Neck::Standard();

@@ -32,6 +32,8 @@ class FittingLabel : public QLabel {
   /// The colour of the text; without one, that of the palette. A colour that is unreadable on the window background
   /// gets a light chip.
   void SetTextColour(const QColor& colour);
+  /// Invalid while the text has the colour of the palette.
+  [[nodiscard]] QColor TextColour() const { return textColour_; }
 
   /// The pixel size of the current text.
   [[nodiscard]] int FittedPixelSize() const;

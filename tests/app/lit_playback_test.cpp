@@ -12,6 +12,7 @@
 #include <fstream>
 
 #include "app/main_window_fixture.h"
+#include "app/main_window_playback.h"
 #include "audio/wave_bytes.h"
 
 namespace tonalith::app {
@@ -45,6 +46,30 @@ TEST_F(LitPlayback, LightsEachDiscWhileItSoundsWithoutASoundDevice) {
   QTest::mouseClick(C().cmdListen, Qt::LeftButton);
   EXPECT_THAT(lit, ::testing::ElementsAre("img8", "img3", "img8")) << "C, G, C on the first string; " << box_.Texts();
   for (int index = 0; index < 96; ++index) EXPECT_FALSE(C().fretboard->Image(index).IsLit()) << index;
+}
+
+TEST_F(LitPlayback, ShowsStandbyInGreyAndTheOtherStatesInBlue) {
+  MakeDatabase({{"Fifth", "75"}});
+  Start();
+  MainWindowPlayback playback(C(), Window().objectName().toStdString());
+  using audio::PlaybackState;
+  for (const PlaybackState state : {PlaybackState::kLoaded, PlaybackState::kPlaying, PlaybackState::kStopped}) {
+    playback.ShowStatus({state, "C"});
+    EXPECT_EQ(C().lblStatus->TextColour(), QColor(0, 0, 255)) << static_cast<int>(state);
+  }
+  playback.ShowStatus({PlaybackState::kStandby, {}});
+  EXPECT_EQ(C().lblStatus->TextColour(), QColor(127, 127, 127));
+}
+
+TEST_F(LitPlayback, MarksTheNoteOfAnIndex) {
+  MakeDatabase({{"Fifth", "75"}});
+  Start();
+  MainWindowPlayback playback(C(), Window().objectName().toStdString());
+  EXPECT_EQ(playback.NoteAt(8), C().fretboard->Image(8).Tag());
+  playback.ShowMarker(8);
+  EXPECT_TRUE(C().fretboard->Picture1().isVisible());
+  playback.HideMarker();
+  EXPECT_FALSE(C().fretboard->Picture1().isVisible());
 }
 
 }  // namespace

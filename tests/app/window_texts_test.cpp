@@ -222,12 +222,15 @@ TEST_F(WindowTexts, LeaveShortcutsAndNamesAsTheyAre) {
 
 TEST_F(WindowTexts, OfThePlaybackAreTranslated) {
   StartAbroad();
-  PlaybackDesk desk(C(), Window().objectName().toStdString());
-  for (const char* const state : {"Loaded", "Stopped", "Standby"}) {
-    desk.ShowStatus(state, {});
-    EXPECT_EQ(C().lblStatus->text(), Longer(QLatin1String(state)));
+  MainWindowPlayback playback(C(), Window().objectName().toStdString());
+  using audio::PlaybackState;
+  for (const auto& [state, caption] :
+       {std::pair(PlaybackState::kLoaded, "Loaded"), std::pair(PlaybackState::kStopped, "Stopped"),
+        std::pair(PlaybackState::kStandby, "Standby")}) {
+    playback.ShowStatus({state, {}});
+    EXPECT_EQ(C().lblStatus->text(), Longer(QLatin1String(caption)));
   }
-  desk.ShowStatus("Playing: C#", {});
+  playback.ShowStatus({PlaybackState::kPlaying, "C#"});
   EXPECT_EQ(C().lblStatus->text(), Longer(QStringLiteral("Playing: %1")).arg(QLatin1String("C#")));
 }
 

@@ -14,11 +14,11 @@ namespace tonalith::audio {
 namespace {
 
 /// Also writes down which note is lit: "img8 - " for one that is lit and darkened.
-class LightStage : public ScriptedStage {
+class LightStage : public ScriptedHost {
  public:
-  using ScriptedStage::ScriptedStage;
-  void LightNote(const std::string& controlName) override {
-    lights += controlName + " ";
+  using ScriptedHost::ScriptedHost;
+  void LightNote(int index) override {
+    lights += "img" + std::to_string(index) + " ";
     isLit = true;
   }
   void DarkenNote() override {
@@ -56,7 +56,7 @@ TEST(PlaybackLights, StayOffForAFileThatCannotBePlayed) {
 TEST(PlaybackLights, GoOffWithASlotThatIsReleasedInTheMiddle) {
   LightRig rig;
   rig.lit.SoundPlayStart(1);
-  rig.lightStage.LightNote("img1");
+  rig.lightStage.LightNote(1);
   rig.lit.SoundUnloaded(1);
   EXPECT_EQ(rig.lightStage.lights, "img1 - ");
 }

@@ -16,10 +16,15 @@
 
 namespace tonalith::audio {
 
+inline std::string TextOf(const PlaybackStatus& status) {
+  constexpr std::array<const char*, 4> kNames{"Loaded", "Playing: ", "Stopped", "Standby"};
+  return kNames.at(static_cast<std::size_t>(status.state)) + status.note;
+}
+
 /// A window with a neck in standard tuning; every call is recorded.
-class ScriptedStage : public PlaybackStage {
+class ScriptedHost : public PlaybackHost {
  public:
-  explicit ScriptedStage(tests::AudioScript& script) : script_(script) {
+  explicit ScriptedHost(tests::AudioScript& script) : script_(script) {
     const int open[] = {4, 11, 7, 2, 9, 4};
     for (std::size_t image = 0; image < 96; ++image) {
       const auto note = static_cast<std::size_t>(open[image / 16]) + image % 16;
@@ -33,22 +38,17 @@ class ScriptedStage : public PlaybackStage {
     return position == 5 ? pattern : "wrong field";
   }
   std::string KeyText() override { return script_.Refused("key", {}) ? "" : key; }
-  std::string ImageTag(int index) override {
+  std::string NoteAt(int index) override {
     script_.Refused("tag", {});
     return tags[static_cast<std::size_t>(index)];
   }
-  std::string AudioFolder() override {
+  std::string SoundFolder() override {
     script_.Refused("folder", {});
     return "Audio/";
   }
-  void FlashNotes(const std::string& controlName) override { script_.Refused("flash", "flash " + controlName); }
-  void HidePicture1() override { script_.Refused("hide", "hide marker"); }
-  void ShowStatus(const std::string& caption, StatusColour colour) override {
-    const std::string name = colour == StatusColour{0, 0, 255}       ? "blue"
-                             : colour == StatusColour{127, 127, 127} ? "grey"
-                                                                     : "other";
-    script_.Refused("status", "status " + caption + " (" + name + ")");
-  }
+  void ShowMarker(int index) override { script_.Refused("flash", "flash img" + std::to_string(index)); }
+  void HideMarker() override { script_.Refused("hide", "hide marker"); }
+  void ShowStatus(const PlaybackStatus& status) override { script_.Refused("status", "status " + TextOf(status)); }
 
   std::optional<std::string> pattern = "2212221";
   std::string key = "C";
@@ -100,7 +100,7 @@ struct PlaybackRig : testing::SoundRig {
     return tune;
   }
 
-  ScriptedStage stage{script};
+  ScriptedHost stage{script};
   ScriptedEvents events{*this};
   ScalePlayback playback{sounds, scaleSounds, stage, events, box};
 };

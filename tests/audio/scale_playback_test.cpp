@@ -103,13 +103,13 @@ TEST(PlayToneNotes, ShowsTheStatesOfEachNoteAndEndsAtStandby) {
   }
   const std::string hiddenTwice = "hide marker\nhide marker\n";
   EXPECT_EQ(shown,
-            "status Loaded (blue)\nstatus Playing: C (blue)\nflash img8\nstatus Stopped (blue)\nhide marker\n"
-            "status Standby (grey)\n"
-            "status Loaded (blue)\nstatus Playing: G (blue)\nflash img3\nstatus Stopped (blue)\nhide marker\n"
-            "status Standby (grey)\n"
-            "status Loaded (blue)\nstatus Playing: C (blue)\nflash img8\nstatus Stopped (blue)\nhide marker\n" +
+            "status Loaded\nstatus Playing: C\nflash img8\nstatus Stopped\nhide marker\n"
+            "status Standby\n"
+            "status Loaded\nstatus Playing: G\nflash img3\nstatus Stopped\nhide marker\n"
+            "status Standby\n"
+            "status Loaded\nstatus Playing: C\nflash img8\nstatus Stopped\nhide marker\n" +
                 hiddenTwice + hiddenTwice + hiddenTwice + hiddenTwice + hiddenTwice + hiddenTwice +
-                "hide marker\nstatus Standby (grey)\n");
+                "hide marker\nstatus Standby\n");
 }
 
 TEST(PlayToneNotes, ReleasesAllSlotsAtItsEnd) {

@@ -9,24 +9,23 @@
 #include <functional>
 #include <string>
 
-#include "audio/scale_playback.h"
-#include "audio/sound_rig.h"
+#include "audio/playback_rig.h"
 
 namespace tonalith::audio {
 namespace {
 
 /// C major on a neck with one note of each name.
-class PlainStage : public PlaybackStage {
+class PlainStage : public PlaybackHost {
  public:
   std::optional<std::string> CurrentField(int position) override { return position == 5 ? "2212221" : "Major"; }
   std::string KeyText() override { return "C"; }
-  std::string ImageTag(int index) override {
+  std::string NoteAt(int index) override {
     return index < 12 ? std::string(core::kSharpNotes[static_cast<std::size_t>(index)]) : std::string();
   }
-  std::string AudioFolder() override { return "Audio/"; }
-  void FlashNotes(const std::string& /*controlName*/) override { ++flashes; }
-  void HidePicture1() override {}
-  void ShowStatus(const std::string& caption, StatusColour /*colour*/) override { status = caption; }
+  std::string SoundFolder() override { return "Audio/"; }
+  void ShowMarker(int /*index*/) override { ++flashes; }
+  void HideMarker() override {}
+  void ShowStatus(const PlaybackStatus& shown) override { status = TextOf(shown); }
   int flashes = 0;
   std::string status;
 };

@@ -24,20 +24,20 @@ constexpr double kBridge = 0.004;
 /// Offset of the measurement from the start of a note, in frames.
 constexpr std::size_t kSettled = 4000;
 
-class Stage : public audio::PlaybackStage {
+class Stage : public audio::PlaybackHost {
  public:
   Stage(std::string folder, std::string key, std::string pattern)
       : folder_(std::move(folder)), key_(std::move(key)), pattern_(std::move(pattern)) {}
   std::optional<std::string> CurrentField(int position) override { return position == 5 ? pattern_ : "Major"; }
   std::string KeyText() override { return key_; }
-  std::string ImageTag(int index) override {
+  std::string NoteAt(int index) override {
     const int open[] = {4, 11, 7, 2, 9, 4};
     return std::string(core::kSharpNotes[static_cast<std::size_t>((open[index / 16] + index % 16) % 12)]);
   }
-  std::string AudioFolder() override { return folder_; }
-  void FlashNotes(const std::string& /*controlName*/) override {}
-  void HidePicture1() override {}
-  void ShowStatus(const std::string& /*caption*/, audio::StatusColour /*colour*/) override {}
+  std::string SoundFolder() override { return folder_; }
+  void ShowMarker(int /*index*/) override {}
+  void HideMarker() override {}
+  void ShowStatus(const audio::PlaybackStatus& /*status*/) override {}
 
  private:
   std::string folder_;

@@ -42,23 +42,23 @@ class SoundFolder {
   std::string path_;
 };
 
-class Stage : public audio::PlaybackStage {
+class Stage : public audio::PlaybackHost {
  public:
   explicit Stage(const SoundFolder& folder) : folder_(folder) {}
   std::optional<std::string> CurrentField(int position) override { return position == 5 ? pattern : "Major"; }
   std::string KeyText() override { return "C"; }
-  std::string ImageTag(int index) override {
+  std::string NoteAt(int index) override {
     const int open[] = {4, 11, 7, 2, 9, 4};
     return std::string(core::kSharpNotes[static_cast<std::size_t>((open[index / 16] + index % 16) % 12)]);
   }
-  std::string AudioFolder() override { return folder_.Path(); }
-  void FlashNotes(const std::string& controlName) override { flashed += controlName + " "; }
-  void HidePicture1() override {}
-  void ShowStatus(const std::string& caption, audio::StatusColour /*colour*/) override { status = caption; }
+  std::string SoundFolder() override { return folder_.Path(); }
+  void ShowMarker(int index) override { flashed += "img" + std::to_string(index) + " "; }
+  void HideMarker() override {}
+  void ShowStatus(const audio::PlaybackStatus& shown) override { state = shown.state; }
 
   std::string pattern = "2212221";
   std::string flashed;
-  std::string status;
+  audio::PlaybackState state = audio::PlaybackState::kStopped;
 
  private:
   const SoundFolder& folder_;
@@ -102,7 +102,7 @@ class ScaleRecording : public ::testing::Test {
 TEST_F(ScaleRecording, ContainsEveryNoteInOrderAtFullLengthWithShortGaps) {
   EXPECT_EQ(Listen("2212221"), (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7}));
   EXPECT_EQ(stage_.flashed, "img8 img10 img0 img1 img3 img5 img7 img8 ");
-  EXPECT_EQ(stage_.status, "Standby");
+  EXPECT_EQ(stage_.state, audio::PlaybackState::kStandby);
   std::vector<double> gaps;
   for (std::size_t i = 0; i < stretches_.size(); ++i) {
     const Stretch& stretch = stretches_[i];
