@@ -199,13 +199,21 @@ TEST(OpenAlWaveOutput, OpensNoDeviceBeforeTheFirstSound) {
 }
 
 TEST(OpenAlWaveOutput, EndsPromptlyWhileASoundPlays) {
+  std::filesystem::remove(RecordingPath());
   RecordingOutput output;
   const Bytes samples = Sine({}, 441, 20, 0.5);
   platform::WAVEHDR header{.lpData = samples.data(), .dwBufferLength = static_cast<std::uint32_t>(samples.size())};
   const auto device = output.Output().Open(RecordOf({}), output.Window());
   output.Output().PrepareHeader(device, header);
   output.Output().Write(device, header);
-  output.Pass(0.2);
+  // More than a tenth of a second of two 32-bit channels. A busy computer records late.
+  constexpr std::uintmax_t kRecorded = 40'000;
+  const auto recorded = [] {
+    std::error_code none;
+    const std::uintmax_t size = std::filesystem::file_size(RecordingPath(), none);
+    return none ? 0 : size;
+  };
+  for (int i = 0; i < 500 && recorded() < kRecorded; ++i) output.Pass(0.02);
   const auto start = std::chrono::steady_clock::now();
   const Recording recording = output.Finish();
   EXPECT_LT(std::chrono::steady_clock::now() - start, tests::Timely(std::chrono::milliseconds(500)));
