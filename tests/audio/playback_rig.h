@@ -13,6 +13,7 @@
 
 #include "audio/scale_playback.h"
 #include "audio/sound_rig.h"
+#include "support/tuning.h"
 
 namespace tonalith::audio {
 
@@ -25,10 +26,8 @@ inline std::string TextOf(const PlaybackStatus& status) {
 class ScriptedHost : public PlaybackHost {
  public:
   explicit ScriptedHost(tests::AudioScript& script) : script_(script) {
-    const int open[] = {4, 11, 7, 2, 9, 4};
-    for (std::size_t image = 0; image < 96; ++image) {
-      const auto note = static_cast<std::size_t>(open[image / 16]) + image % 16;
-      tags[image] = std::string(core::kSharpNotes[note % 12]);
+    for (int image = 0; image < tests::kNeckNotes; ++image) {
+      tags[static_cast<std::size_t>(image)] = tests::NoteOfStandardTuning(image);
     }
   }
 

@@ -5,8 +5,8 @@
 #include <stdio.h>
 #include <sys/wait.h>
 
-#include <map>
 #include <regex>
+#include <set>
 
 #include "house/house_files.h"
 
@@ -116,20 +116,11 @@ TEST(Packages, TheCheckCanBeSkipped) {
 }
 
 TEST(Packages, EveryLibraryOfTheBuildHasAPackageInTheTable) {
-  const std::map<std::string, std::string> packages{{"SQLiteCpp", "libsqlitecpp-dev"},
-                                                    {"SQLite3", "libsqlite3-dev"},
-                                                    {"Qt6", "qt6-base-dev"},
-                                                    {"GTest", "libgmock-dev"},
-                                                    {"benchmark", "libbenchmark-dev"},
-                                                    {"PkgConfig", "pkg-config|pkgconf"},
-                                                    {"OPENAL", "libopenal-dev"},
-                                                    {"LIBMDB", "mdbtools-dev"},
-                                                    {"Chm", "libchm-dev"},
-                                                    {"Freetype", "libfreetype-dev"},
-                                                    {"Threads", "g++"},
-                                                    {"Svg", "qt6-svg-dev"},
-                                                    {"Python3", "python3-gi"}};
-  const std::string table = ReadFile(ProjectRoot() / "tools/packages.tsv");
+  std::set<std::string> known;
+  for (const std::string& row : LinesOf(ProjectRoot() / "tools/packages.tsv")) {
+    const std::vector<std::string> columns = Split(row, "\t");
+    if (!row.starts_with('#') && columns.size() == 4) known.insert(columns[3]);
+  }
   const std::regex pattern(R"((?:find_package|pkg_check_modules)\s*\(\s*(\w+)([^)]*)\))");
   int found = 0;
   for (const Path& file : ProjectFiles(ProjectRoot())) {
@@ -144,8 +135,7 @@ TEST(Packages, EveryLibraryOfTheBuildHasAPackageInTheTable) {
       }
       for (const std::string& library : libraries) {
         ++found;
-        ASSERT_EQ(packages.count(library), 1U) << library << " of " << file << " has no package here";
-        EXPECT_THAT(table, HasSubstr("\t" + packages.at(library) + "\t"));
+        EXPECT_EQ(known.count(library), 1U) << library << " of " << file << " has no package in tools/packages.tsv";
       }
     }
   }

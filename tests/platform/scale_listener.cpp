@@ -12,6 +12,7 @@
 #include "audio/scale_playback.h"
 #include "core/note_model.h"
 #include "sounds/sound_measures.h"
+#include "support/tuning.h"
 #include "voice/scale_note.h"
 
 namespace tonalith::testing {
@@ -30,10 +31,7 @@ class Stage : public audio::PlaybackHost {
       : folder_(std::move(folder)), key_(std::move(key)), pattern_(std::move(pattern)) {}
   std::optional<std::string> CurrentField(int position) override { return position == 5 ? pattern_ : "Major"; }
   std::string KeyText() override { return key_; }
-  std::string NoteAt(int index) override {
-    const int open[] = {4, 11, 7, 2, 9, 4};
-    return std::string(core::kSharpNotes[static_cast<std::size_t>((open[index / 16] + index % 16) % 12)]);
-  }
+  std::string NoteAt(int index) override { return tests::NoteOfStandardTuning(index); }
   std::string SoundFolder() override { return folder_; }
   void ShowMarker(int /*index*/) override {}
   void HideMarker() override {}

@@ -13,6 +13,7 @@
 #include "audio/scale_playback.h"
 #include "platform/recorded_sound.h"
 #include "support/timed.h"
+#include "support/tuning.h"
 
 namespace tonalith::testing {
 namespace {
@@ -47,10 +48,7 @@ class Stage : public audio::PlaybackHost {
   explicit Stage(const SoundFolder& folder) : folder_(folder) {}
   std::optional<std::string> CurrentField(int position) override { return position == 5 ? pattern : "Major"; }
   std::string KeyText() override { return "C"; }
-  std::string NoteAt(int index) override {
-    const int open[] = {4, 11, 7, 2, 9, 4};
-    return std::string(core::kSharpNotes[static_cast<std::size_t>((open[index / 16] + index % 16) % 12)]);
-  }
+  std::string NoteAt(int index) override { return tests::NoteOfStandardTuning(index); }
   std::string SoundFolder() override { return folder_.Path(); }
   void ShowMarker(int index) override { flashed += "img" + std::to_string(index) + " "; }
   void HideMarker() override {}
