@@ -196,9 +196,11 @@ void Engine::Query(const std::string& sql, std::span<const core::Value> bindings
     while (statement.executeStep()) onRow(statement);
   } catch (const SQLite::Exception& exception) {
     if (exception.getErrorCode() == SQLITE_FULL && AreNumbersUsedUp()) throw NumbersUsedUp(path_);
-    const core::Failure failure = FromEngine(exception, path_);
-    if (exception.getErrorCode() == SQLITE_TOOBIG) throw FieldTooLong(failure.Number(), failure.Description());
-    throw failure;
+    if (exception.getErrorCode() == SQLITE_TOOBIG) {
+      const core::Failure failure = FromEngine(exception, path_);
+      throw FieldTooLong(failure.Number(), failure.Description());
+    }
+    throw FromEngine(exception, path_);
   }
 }
 
