@@ -62,15 +62,15 @@ PATHS = {
     "key press to saved row": """
         FieldBinding::TakeTyped > DataControl::SetFieldValue
         DataControl::SetFieldValue > RecordSet::SetFieldValue
-        FieldBinding::TakeTyped > frmScales::TakeTyped
+        FieldBinding::TakeTyped > frmScales::FieldTyped|frmScales::TakeTyped
         FieldBinding::TakeTyped > frmScales::txtFields_Change
         frmScales::cmdUpdate_Click > DataControl::UpdateBatch
         DataControl::UpdateBatch > RecordSet::UpdateBatch
         RecordSet::UpdateBatch > Engine::Execute
         DataControl::TakeRow > FieldBinding::TakeValue
-        DataControl::TakeRow > frmScales::TakeMove
-        DataControl::MoveAndTake > frmScales::WireHandlers
-        frmScales::WireHandlers > frmTonalith::EditUpdates
+        DataControl::TakeRow > frmScales::RecordMoved|frmScales::TakeMove
+        DataControl::MoveAndTake > frmScales::RecordWritten|frmScales::WireHandlers
+        frmScales::RecordWritten|frmScales::WireHandlers > frmTonalith::EditUpdates
         frmTonalith::cmdUpdate_Click > DataControl::Refresh
         DataControl::TakeRow > frmTonalith::BindControls
     """,
