@@ -15,9 +15,9 @@ from rooms import room_of_file
 PATHS = {
     "record to disc": """
         DataControl::RunMove > RecordSet::MoveNext
-        DataControl::TakeRow > RecordSet::FieldValue
-        DataControl::TakeRow > frmTonalith::BindControls
-        DataControl::TakeRow > frmTonalith::Label1_Change
+        DataControl::UpdateBoundControls|DataControl::TakeRow > RecordSet::FieldValue
+        DataControl::UpdateBoundControls|DataControl::TakeRow > frmTonalith::BindControls
+        DataControl::UpdateBoundControls|DataControl::TakeRow > frmTonalith::Label1_Change
         frmTonalith::UpdateForm > FretboardView::HideNotes
         frmTonalith::UpdateForm > FretboardView::ShowNotes
         FretboardView::ShowNotes > frmTonalith::HasCurrentRecord
@@ -67,12 +67,12 @@ PATHS = {
         frmScales::cmdUpdate_Click > DataControl::UpdateBatch
         DataControl::UpdateBatch > RecordSet::UpdateBatch
         RecordSet::UpdateBatch > Engine::Execute
-        DataControl::TakeRow > FieldBinding::TakeValue
-        DataControl::TakeRow > frmScales::RecordMoved|frmScales::TakeMove
-        DataControl::MoveAndTake > frmScales::RecordWritten|frmScales::WireHandlers
+        DataControl::UpdateBoundControls|DataControl::TakeRow > FieldBinding::TakeValue
+        DataControl::UpdateBoundControls|DataControl::TakeRow > frmScales::RecordMoved|frmScales::TakeMove
+        DataControl::MoveAndUpdate|DataControl::MoveAndTake > frmScales::RecordWritten|frmScales::WireHandlers
         frmScales::RecordWritten|frmScales::WireHandlers > frmTonalith::EditUpdates
         frmTonalith::cmdUpdate_Click > DataControl::Refresh
-        DataControl::TakeRow > frmTonalith::BindControls
+        DataControl::UpdateBoundControls|DataControl::TakeRow > frmTonalith::BindControls
     """,
 }
 
