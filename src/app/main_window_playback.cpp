@@ -8,7 +8,7 @@
 namespace tonalith::app {
 namespace {
 
-QString Caption(const audio::PlaybackStatus& status) {
+QString StatusText(const audio::PlaybackStatus& status) {
   switch (status.state) {
     case audio::PlaybackState::kLoaded:
       return frmTonalith::tr("Loaded");
@@ -50,7 +50,7 @@ void MainWindowPlayback::DarkenNote() { c_.fretboard->DarkenNote(views::LitBy::k
 
 void MainWindowPlayback::ShowStatus(const audio::PlaybackStatus& status) {
   c_.lblStatus->SetTextColour(TextColour(status.state));
-  c_.lblStatus->setText(Caption(status));
+  c_.lblStatus->setText(StatusText(status));
 }
 
 }  // namespace tonalith::app

@@ -140,7 +140,8 @@ std::vector<TokenRange> ShownRanges(const Tokens& tokens, const Names& makers) {
     if (ShowsText(tokens, at)) shown.push_back(Group(tokens, at + 1));
     const std::size_t name = IsFailureType(token) ? NameAfter(tokens, at) : 0;
     if (name != 0) AddReturns(tokens, name, shown);
-    const bool isNotice = token.IsWord("NoticeText") || token.IsWord("ChosenNotesText") || token.IsWord("ViewingHint");
+    const bool isNotice = token.IsWord("NoticeText") || token.IsWord("ChosenNotesText") ||
+                          token.IsWord("ViewingHint") || token.IsWord("StatusText");
     if (isNotice && IsPunctuation(tokens, at + 1, '(')) AddReturns(tokens, at, shown);
   }
   return shown;

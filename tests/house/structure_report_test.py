@@ -88,7 +88,8 @@ class Calls(unittest.TestCase):
                 (root / "src" / file).parent.mkdir(parents=True)
                 (root / "src" / file).write_text(text, encoding="utf-8")
             upward, count, missing = upward_calls(root, rooms, sources(root, rooms))["record to disc"]
-        self.assertEqual(upward, ["DataControl::TakeRow > frmTonalith::Label1_Change (controls > app)"])
+        self.assertEqual(upward, ["DataControl::UpdateBoundControls|DataControl::TakeRow > "
+                                  "frmTonalith::Label1_Change (controls > app)"])
         self.assertEqual(count, 2)
         self.assertIn("FretboardView::ShowNotes > frmTonalith::ScaleIntervals", missing)
 

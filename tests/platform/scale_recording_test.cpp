@@ -21,18 +21,18 @@ namespace {
 double PitchOfFile(int number) { return 220 * std::exp2(number / 12.0); }
 
 /// A folder with the sounds 0.wav to 15.wav in ascending semitones, each 0.12 seconds long.
-class SoundFolder {
+class ScaleFolder {
  public:
-  SoundFolder() : path_(RecordingFolder() + "_scale/") {
+  ScaleFolder() : path_(RecordingFolder() + "_scale/") {
     std::filesystem::create_directories(path_);
     for (int number = 0; number < 16; ++number) {
       const Bytes wave = Wave({}, Sine({}, PitchOfFile(number), 0.12, 0.8));
       std::ofstream(File(number), std::ios::binary).write(reinterpret_cast<const char*>(wave.data()), std::ssize(wave));
     }
   }
-  SoundFolder(const SoundFolder&) = delete;
-  SoundFolder& operator=(const SoundFolder&) = delete;
-  ~SoundFolder() {
+  ScaleFolder(const ScaleFolder&) = delete;
+  ScaleFolder& operator=(const ScaleFolder&) = delete;
+  ~ScaleFolder() {
     std::error_code ignored;
     std::filesystem::remove_all(path_, ignored);
   }
@@ -45,7 +45,7 @@ class SoundFolder {
 
 class Stage : public audio::PlaybackHost {
  public:
-  explicit Stage(const SoundFolder& folder) : folder_(folder) {}
+  explicit Stage(const ScaleFolder& folder) : folder_(folder) {}
   std::optional<std::string> CurrentField(int position) override { return position == 5 ? pattern : "Major"; }
   std::string KeyText() override { return "C"; }
   std::string NoteAt(int index) override { return tests::NoteOfStandardTuning(index); }
@@ -59,7 +59,7 @@ class Stage : public audio::PlaybackHost {
   audio::PlaybackState state = audio::PlaybackState::kStopped;
 
  private:
-  const SoundFolder& folder_;
+  const ScaleFolder& folder_;
 };
 
 /// Plays a pattern and returns the numbers of the played files, in order.
@@ -90,7 +90,7 @@ class ScaleRecording : public ::testing::Test {
     return heard;
   }
 
-  SoundFolder folder_;
+  ScaleFolder folder_;
   Stage stage_{folder_};
   tests::RecordingMsgBox box_;
   Recording recording_;
