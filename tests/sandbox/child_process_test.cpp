@@ -62,7 +62,8 @@ TEST(ChildProcess, ReportsRefusedSystemCalls) {
     const ChildProcess process([](int) {});
     return std::string("begun");
   };
-  EXPECT_EQ(tests::WithoutCalls({__NR_pipe2}, EMFILE, begun), "the system refuses to read it: Too many open files");
+  EXPECT_EQ(tests::WithoutCalls({{__NR_pipe2, O_CLOEXEC}}, EMFILE, begun),
+            "the system refuses to read it: Too many open files");
   EXPECT_EQ(tests::WithoutCalls({__NR_clone, __NR_clone3}, EAGAIN, begun),
             "the system refuses to read it: Resource temporarily unavailable");
   EXPECT_EQ(tests::WithoutCalls({}, 0, begun), "begun");
