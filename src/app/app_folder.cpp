@@ -107,20 +107,20 @@ bool IsWritableFolder(const fs::path& folder) {
   return fs::is_directory(folder, error) && ::access(folder.c_str(), W_OK | X_OK) == 0;
 }
 
-fs::path ResolveAppFolder(const ProgramPlaces& places) {
-  const bool isInstalled = places.contentFolder != places.programFolder;
-  if (!isInstalled && IsWritableFolder(places.programFolder)) return places.programFolder;
-  fs::path folder = places.userDataHome / "tonalith";
+fs::path ResolveAppFolder(const ProgramFolders& folders) {
+  const bool isInstalled = folders.contentFolder != folders.programFolder;
+  if (!isInstalled && IsWritableFolder(folders.programFolder)) return folders.programFolder;
+  fs::path folder = folders.userDataHome / "tonalith";
   std::error_code error;
   fs::create_directories(folder, error);
   if (error) ThrowAccessError(folder, error);
   for (const std::string_view name : kContent) {
-    const fs::path from = places.contentFolder / name;
+    const fs::path from = folders.contentFolder / name;
     if (fs::exists(from, error) && !fs::exists(folder / name, error)) CopyEntry(from, folder / name);
   }
-  const fs::path help = places.contentFolder / help::kHelpFileName;
+  const fs::path help = folders.contentFolder / help::kHelpFileName;
   if (IsNewer(help, folder / help::kHelpFileName)) Take(help, folder / help::kHelpFileName);
-  TakeNewerRecordings(places.contentFolder / kRecordings, folder / kRecordings);
+  TakeNewerRecordings(folders.contentFolder / kRecordings, folder / kRecordings);
   return folder;
 }
 

@@ -13,7 +13,7 @@
 
 namespace tonalith::app {
 
-struct ProgramPlaces {
+struct ProgramFolders {
   std::filesystem::path programFolder;  ///< where the executable is
   std::filesystem::path contentFolder;  ///< where the installed content is: the program's folder, or a shared one
   std::filesystem::path userDataHome;   ///< $XDG_DATA_HOME, or what stands for it
@@ -27,6 +27,6 @@ struct ProgramPlaces {
 
 /// The folder that holds database, sounds, packs and help. Creates and fills the user's folder where it is needed; what
 /// cannot be copied is a Failure that names it.
-std::filesystem::path ResolveAppFolder(const ProgramPlaces& places);
+std::filesystem::path ResolveAppFolder(const ProgramFolders& folders);
 
 }  // namespace tonalith::app

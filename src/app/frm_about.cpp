@@ -11,8 +11,8 @@
 #include <QTextEdit>
 #include <QVBoxLayout>
 
-#include "app/notices.h"
 #include "app/program_icon.h"
+#include "app/third_party_licences.h"
 #include "paint/theme.h"
 #include "windows/field_panel.h"
 #include "windows/plain_label.h"

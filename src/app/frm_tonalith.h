@@ -17,8 +17,8 @@
 #include "app/main_controls.h"
 #include "app/main_menu.h"
 #include "app/main_window_playback.h"
+#include "app/main_window_printing.h"
 #include "app/pack_install.h"
-#include "app/print_desk.h"
 #include "audio/scale_playback.h"
 #include "core/current_scale.h"
 #include "core/deferred_failure.h"
@@ -142,7 +142,7 @@ class frmTonalith : public QMainWindow,
   std::optional<data::Bookmark> current_;
   MainWindowPlayback desk_;
   audio::ScalePlayback playback_;
-  PrintDesk printing_;
+  MainWindowPrinting printing_;
   QPointer<editor::frmScales> frmScales_;
   search::SearchController searching_;
 };

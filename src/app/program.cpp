@@ -64,14 +64,14 @@ std::string FindAppFolder(core::MsgBox& msgBox) {
 }
 
 /// Carries the sound thread's news to the window's thread.
-class SoundDeviceNews : public QObject, public platform::SoundDeviceObserver {
+class SoundDeviceReports : public QObject, public platform::SoundDeviceObserver {
  public:
-  void SoundDeviceMissing() override { Tell(false); }
-  void SoundDeviceFound() override { Tell(true); }
+  void SoundDeviceMissing() override { Forward(false); }
+  void SoundDeviceFound() override { Forward(true); }
   void SetWindow(frmTonalith* window) { window_ = window; }
 
  private:
-  void Tell(bool isThere) {
+  void Forward(bool isThere) {
     QMetaObject::invokeMethod(
         this,
         [this, isThere] {
@@ -101,8 +101,8 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   const ScreenFit fit(argc, argv);
   // The sound output sets the environment that it reads, so it is made while there is one thread.
   platform::WindowMessageQueue notices;
-  SoundDeviceNews news;
-  const auto output = platform::MakeOpenAlWaveOutput(notices, &news);
+  SoundDeviceReports soundDeviceReports;
+  const auto output = platform::MakeOpenAlWaveOutput(notices, &soundDeviceReports);
 
   QCoreApplication::setApplicationName(QStringLiteral("tonalith"));
   QGuiApplication::setDesktopFileName(QStringLiteral("org.tonalith.Tonalith"));
@@ -127,7 +127,7 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   data::ScaleDatabase database(FindAppFolder(msgBox), msgBox);
   const auto window =
       Main({database, msgBox, notePlayer, sounds, scaleSounds, events, printing, help}, drives, directory);
-  news.SetWindow(window.get());
+  soundDeviceReports.SetWindow(window.get());
   if (shown) shown(*window);
   WarnWithoutFonts();
   fit.Report(msgBox);
@@ -135,7 +135,7 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   constexpr auto kAfterFirstPaint = std::chrono::milliseconds(300);
   QTimer::singleShot(kAfterFirstPaint, window.get(), [&window] { window->setWindowIcon(ProgramIcon()); });
   const int exitCode = QApplication::exec();
-  news.SetWindow(nullptr);
+  soundDeviceReports.SetWindow(nullptr);
   return exitCode;
 }
 

@@ -14,7 +14,7 @@
 
 #include "app/frm_about.h"
 #include "app/main_window_fixture.h"
-#include "app/notices.h"
+#include "app/third_party_licences.h"
 #include "paint/theme.h"
 
 namespace tonalith::app {

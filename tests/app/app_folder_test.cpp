@@ -65,7 +65,7 @@ class AppFolder : public testing::Test {
       fs::permissions(path, kAnyWrite, fs::perm_options::remove);
     }
   }
-  [[nodiscard]] ProgramPlaces Places() const { return {program_, program_, home_}; }
+  [[nodiscard]] ProgramFolders Folders() const { return {program_, program_, home_}; }
 
   tests::TempFolder temp_;
   fs::path program_ = temp_.Path() / "program";
@@ -73,13 +73,13 @@ class AppFolder : public testing::Test {
 };
 
 TEST_F(AppFolder, IsTheProgramsOwnFolderWhereThatCanBeWritten) {
-  EXPECT_EQ(ResolveAppFolder(Places()), program_);
+  EXPECT_EQ(ResolveAppFolder(Folders()), program_);
   EXPECT_FALSE(fs::exists(home_ / "tonalith"));
 }
 
 TEST_F(AppFolder, ReadOnlyProgramFolderGivesAFolderOfTheUsersFilledOnce) {
   MakeProgramReadOnly();
-  EXPECT_EQ(AsOrdinaryUser([&] { return ResolveAppFolder(Places()) == home_ / "tonalith" ? 0 : 1; }), 0);
+  EXPECT_EQ(AsOrdinaryUser([&] { return ResolveAppFolder(Folders()) == home_ / "tonalith" ? 0 : 1; }), 0);
   EXPECT_EQ(Read(home_ / "tonalith" / "TonalithDB97.mdb"), "shipped");
   EXPECT_EQ(Read(home_ / "tonalith" / "Octaves" / "4.wav"), "low E");
 }
@@ -88,14 +88,14 @@ TEST_F(AppFolder, SecondStartKeepsTheUsersDatabaseAndFillsWhatIsMissing) {
   MakeProgramReadOnly();
   Write(home_ / "tonalith" / "TonalithDB97.mdb", "the user's own scales");
   fs::permissions(home_ / "tonalith", fs::perms::all);
-  EXPECT_EQ(AsOrdinaryUser([&] { return ResolveAppFolder(Places()).empty() ? 1 : 0; }), 0);
+  EXPECT_EQ(AsOrdinaryUser([&] { return ResolveAppFolder(Folders()).empty() ? 1 : 0; }), 0);
   EXPECT_EQ(Read(home_ / "tonalith" / "TonalithDB97.mdb"), "the user's own scales");
   EXPECT_TRUE(fs::exists(home_ / "tonalith" / "Octaves" / "4.wav"));
 }
 
 TEST_F(AppFolder, CopiedDatabaseCanBeWrittenThoughTheInstalledOneCannot) {
   MakeProgramReadOnly();
-  AsOrdinaryUser([&] { return ResolveAppFolder(Places()).empty() ? 1 : 0; });
+  AsOrdinaryUser([&] { return ResolveAppFolder(Folders()).empty() ? 1 : 0; });
   const int result =
       AsOrdinaryUser([&] { return ::access((home_ / "tonalith" / "TonalithDB97.mdb").c_str(), W_OK) == 0 ? 0 : 1; });
   EXPECT_EQ(result, 0);
@@ -223,7 +223,7 @@ TEST_F(AppFolder, NoPlaceForTheUsersFolderIsAFailureThatNamesIt) {
   fs::permissions(home_, kAnyWrite, fs::perm_options::remove);
   const int result = AsOrdinaryUser([&] {
     try {
-      ResolveAppFolder(Places());
+      ResolveAppFolder(Folders());
       return 1;
     } catch (const std::exception& failure) {
       return std::string(failure.what()).find((home_ / "tonalith").string()) != std::string::npos ? 0 : 2;

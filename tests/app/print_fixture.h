@@ -12,8 +12,8 @@
 #include <QTimer>
 
 #include "app/main_window_fixture.h"
+#include "app/main_window_printing.h"
 #include "app/page_composer.h"
-#include "app/print_desk.h"
 #include "core/failure.h"
 #include "platform/qt/qt_print_service.h"
 #include "support/scripted_printer.h"
@@ -25,7 +25,7 @@ inline constexpr platform::Paper kLandscape{platform::PaperSize::kA4, platform::
 class Printing : public MainWindowTest {
  protected:
   ~Printing() override {
-    desk_.reset();
+    windowPrinting_.reset();
     QApplication::setPalette(QPalette());
   }
 
@@ -33,25 +33,26 @@ class Printing : public MainWindowTest {
   void StartOn(const TestScale& scale, int key = 0) {
     MakeDatabase({scale});
     Start();
-    MakeDesk(key);
+    MakeWindowPrinting(key);
   }
-  void MakeDesk(int key = 0) {
+  void MakeWindowPrinting(int key = 0) {
     C().cmbTranspose->Choose(key);
     C().cmdPrint->setEnabled(true);
-    desk_ = std::make_unique<PrintDesk>(C(), Window(), PrintDesk::Tools{service_, box_, [this] {
-                                                                          ++staffs_;
-                                                                          if (staffBreaks_)
-                                                                            throw core::Failure::Overflow();
-                                                                        }});
+    const auto staff = [this] {
+      ++staffs_;
+      if (staffBreaks_) throw core::Failure::Overflow();
+    };
+    windowPrinting_ =
+        std::make_unique<MainWindowPrinting>(C(), Window(), MainWindowPrinting::Tools{service_, box_, staff});
   }
   void Print() {
     tests::ScriptedPrinter printer(script_, 16000, 11000);
-    desk_->PrintView(printer);
+    windowPrinting_->PrintView(printer);
   }
   std::string PrintPdf(platform::Paper paper = kLandscape) {
     const std::string file = Path("page.pdf");
     const auto printer = platform::MakePdfPrinter(file, {PageTitle(C()), paper});
-    desk_->PrintView(*printer);
+    windowPrinting_->PrintView(*printer);
     EXPECT_TRUE(printer->IsEnded()) << box_.Texts();
     return file;
   }
@@ -65,7 +66,7 @@ class Printing : public MainWindowTest {
       act(*Helper());
     });
     wait.start(1);
-    desk_->cmdPrint_Click();
+    windowPrinting_->cmdPrint_Click();
     EXPECT_FALSE(wait.isActive()) << "the helper was never shown";
   }
   static std::vector<print::frmPrint*> Helpers() {
@@ -92,7 +93,7 @@ class Printing : public MainWindowTest {
 
   tests::PrintScript script_;
   tests::ScriptedPrintService service_{script_};
-  std::unique_ptr<PrintDesk> desk_;
+  std::unique_ptr<MainWindowPrinting> windowPrinting_;
   int staffs_ = 0;
   bool staffBreaks_ = false;
 };

@@ -76,10 +76,10 @@ TEST_F(Printing, MessageComesWhenTheControlsAreBack) {
     ++looked;
     ExpectWindowAsBefore("at the message");
   };
-  PrintDesk desk(C(), Window(), {service_, looking, [] {}});
+  MainWindowPrinting windowPrinting(C(), Window(), {service_, looking, [] {}});
   script_.Break("end");
   tests::ScriptedPrinter printer(script_, 16000, 11000);
-  desk.PrintView(printer);
+  windowPrinting.PrintView(printer);
   EXPECT_EQ(looked, 1);
 }
 
@@ -141,7 +141,7 @@ TEST_F(Printing, CancellingPrintsNothingAndLeavesTheWindowAsItWas) {
 TEST_F(Printing, SecondClickBringsTheHelperToTheFront) {
   StartOn({"Dorian", "2122212"});
   ClickPrintAnd([&](frmPrint& helper) {
-    desk_->cmdPrint_Click();
+    windowPrinting_->cmdPrint_Click();
     EXPECT_THAT(Helpers(), ElementsAre(&helper));
     helper.cmdCancel_Click();
   });
@@ -150,16 +150,16 @@ TEST_F(Printing, SecondClickBringsTheHelperToTheFront) {
 
 TEST_F(Printing, ClosingTheWindowUnloadsTheHelper) {
   StartOn({"Dorian", "2122212"});
-  ClickPrintAnd([&](frmPrint& /*helper*/) { desk_->Unload(); });
+  ClickPrintAnd([&](frmPrint& /*helper*/) { windowPrinting_->Unload(); });
   EXPECT_THAT(Helpers(), IsEmpty());
   EXPECT_EQ(script_.pages, 0);
-  desk_->Unload();
+  windowPrinting_->Unload();
 }
 
 TEST_F(Printing, WindowMayGoWhileTheHelperAsksForAPrinter) {
   StartOn({"Dorian", "2122212"});
   script_.During("ask printer", [&] {
-    desk_.reset();
+    windowPrinting_.reset();
     window_.reset();
   });
   ClickPrintAnd([](frmPrint& helper) { helper.cmdPrint_Click(); });
@@ -183,11 +183,12 @@ TEST_F(Printing, WindowMayGoWhileAFailureIsTold) {
   StartOn({"Dorian", "2122212"});
   LeavingMsgBox leaving;
   leaving.leave = [&] {
-    desk_.reset();
+    windowPrinting_.reset();
     window_.reset();
   };
   const auto staff = [] { throw core::Failure::Overflow(); };
-  desk_ = std::make_unique<PrintDesk>(C(), Window(), PrintDesk::Tools{service_, leaving, staff});
+  windowPrinting_ =
+      std::make_unique<MainWindowPrinting>(C(), Window(), MainWindowPrinting::Tools{service_, leaving, staff});
   script_.Break("end");
   Print();
   EXPECT_EQ(leaving.told, "end broke\nOverflow\n");
@@ -196,7 +197,7 @@ TEST_F(Printing, WindowMayGoWhileAFailureIsTold) {
 TEST_F(Printing, ViewThatCannotBeComposedIsPrintedAsItStands) {
   StartOn({"Dorian", "2122212"});
   tests::ScriptedPrinter printer(script_, 16000, 11000);
-  desk_->CaptureView({printer, box_});
+  windowPrinting_->CaptureView({printer, box_});
   ASSERT_THAT(script_.painted, SizeIs(1));
   EXPECT_THAT(script_.Record(), testing::StartsWith("scale mode 3\npaint at 0,0 "));
   const QImage page = tests::Painted(MainControls::kClientWidth, MainControls::ClientHeight(), 1,
@@ -211,7 +212,8 @@ TEST_F(Printing, WhatInstallReportsIsNotPrintedAndComesBack) {
   C().lblInstall->setText(QStringLiteral("3 scales added from 1 pack"));
   std::vector<bool> isHidden;
   const auto staff = [&] { isHidden.push_back(C().lblInstall->isHidden()); };
-  desk_ = std::make_unique<PrintDesk>(C(), Window(), PrintDesk::Tools{service_, box_, staff});
+  windowPrinting_ =
+      std::make_unique<MainWindowPrinting>(C(), Window(), MainWindowPrinting::Tools{service_, box_, staff});
   Print();
   ASSERT_FALSE(isHidden.empty());
   EXPECT_TRUE(isHidden.front());

@@ -255,7 +255,7 @@ TEST_F(Printing, PageIsWhiteAndSparesInkInADarkTheme) {
 TEST_F(Printing, EmptyDatabasePrintsAnEmptyNeck) {
   MakeDatabase({});
   Start();
-  MakeDesk();
+  MakeWindowPrinting();
   Print();
   EXPECT_EQ(script_.pages, 1);
   EXPECT_THAT(Page(), testing::Not(HasSubstr("-note at")));

@@ -20,7 +20,7 @@
 
 namespace tonalith::app {
 
-class PrintDesk {
+class MainWindowPrinting {
  public:
   struct Tools {
     platform::PrintService& printing;
@@ -30,10 +30,10 @@ class PrintDesk {
   };
 
   /// `form` is the window; `controls` are its own.
-  PrintDesk(const MainControls& controls, QWidget& form, Tools tools);
-  ~PrintDesk();
-  PrintDesk(const PrintDesk&) = delete;
-  PrintDesk& operator=(const PrintDesk&) = delete;
+  MainWindowPrinting(const MainControls& controls, QWidget& form, Tools tools);
+  ~MainWindowPrinting();
+  MainWindowPrinting(const MainWindowPrinting&) = delete;
+  MainWindowPrinting& operator=(const MainWindowPrinting&) = delete;
 
   /// The Print button: shows the print helper and returns when it is closed. A helper that is shown already comes to
   /// the front.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "app/notices.h"
+#include "app/third_party_licences.h"
 
 #include <QFile>
 

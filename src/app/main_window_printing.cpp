@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include "app/print_desk.h"
+#include "app/main_window_printing.h"
 
 #include <QCoreApplication>
 #include <array>
@@ -30,7 +30,7 @@ void RemovePicTemp(QWidget& form) {
 
 /// The window while its view is composed: printPic is there, what does not belong on paper is not, and nothing of this
 /// reaches the screen. The destructor puts everything back.
-class PrintDesk::ComposedView {
+class MainWindowPrinting::ComposedView {
  public:
   ComposedView(const MainControls& controls, QWidget& form)
       : c_(controls),
@@ -68,12 +68,12 @@ class PrintDesk::ComposedView {
   bool wasInstallShown_;
 };
 
-PrintDesk::PrintDesk(const MainControls& controls, QWidget& form, Tools tools)
+MainWindowPrinting::MainWindowPrinting(const MainControls& controls, QWidget& form, Tools tools)
     : c_(controls), form_(form), tools_(std::move(tools)) {}
 
-PrintDesk::~PrintDesk() { Unload(); }
+MainWindowPrinting::~MainWindowPrinting() { Unload(); }
 
-bool PrintDesk::ComposeView(core::DeferredFailure& failure) {
+bool MainWindowPrinting::ComposeView(core::DeferredFailure& failure) {
   std::optional<PageComposer> composer;
   failure.Try([&] {
     composer.emplace(c_);
@@ -89,7 +89,7 @@ bool PrintDesk::ComposeView(core::DeferredFailure& failure) {
   return true;
 }
 
-void PrintDesk::PrintView(platform::Printer& printer) {
+void MainWindowPrinting::PrintView(platform::Printer& printer) {
   if (std::exchange(isComposing_, true)) return;
   core::MsgBox& msgBox = tools_.msgBox;
   core::DeferredFailure failure;
@@ -112,12 +112,12 @@ void PrintDesk::PrintView(platform::Printer& printer) {
   failure.ReportDescription(msgBox);
 }
 
-void PrintDesk::CaptureView(const print::PrintTools& tools) {
+void MainWindowPrinting::CaptureView(const print::PrintTools& tools) {
   c_.printPic->hide();
   print::CapturePrint(tools, *c_.printPic->parentWidget(), *c_.printPic);
 }
 
-void PrintDesk::cmdPrint_Click() {
+void MainWindowPrinting::cmdPrint_Click() {
   if (!frmPrint_.isNull()) {
     frmPrint_->BringToFront();
     return;
@@ -142,6 +142,6 @@ void PrintDesk::cmdPrint_Click() {
   delete helper.data();
 }
 
-void PrintDesk::Unload() { delete frmPrint_.data(); }
+void MainWindowPrinting::Unload() { delete frmPrint_.data(); }
 
 }  // namespace tonalith::app
