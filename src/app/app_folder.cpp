@@ -31,8 +31,8 @@ constexpr std::array<std::string_view, 5> kContent = {data::kDatabaseFileName, k
   throw core::Failure(kPathAccessError, "Path/File access error: " + path.string() + " (" + error.message() + ")");
 }
 
-/// Installed content may be read-only; the user's copy of it is the user's, so permissions are not taken over. Times
-/// are: by them a newer installation is known.
+/// Makes the copy writable: installed content may be read-only. Keeps the modification time: it shows later whether the
+/// installation is newer.
 void CopyFile(const fs::path& from, const fs::path& to, std::error_code& error) {
   fs::copy_file(from, to, error);
   if (!error) fs::permissions(to, fs::perms::owner_write, fs::perm_options::add, error);
@@ -53,13 +53,13 @@ void CopyTree(const fs::path& from, const fs::path& to, std::error_code& error) 
   }
 }
 
-/// Copies one file or folder under a passing name and then renames it, so that a start cut short leaves nothing half.
+/// Copies one file or folder under a temporary name and then renames it: an interrupted start leaves no partial copy.
 void CopyEntry(const fs::path& from, const fs::path& to) {
   std::error_code error;
-  const fs::path passing = to.string() + ".part";
-  fs::remove_all(passing, error);
-  if (!error) CopyTree(from, passing, error);
-  if (!error) fs::rename(passing, to, error);
+  const fs::path temporary = to.string() + ".part";
+  fs::remove_all(temporary, error);
+  if (!error) CopyTree(from, temporary, error);
+  if (!error) fs::rename(temporary, to, error);
   if (error) ThrowAccessError(to, error);
 }
 
@@ -69,8 +69,8 @@ bool IsNewer(const fs::path& installed, const fs::path& copy) {
   return !error && time > fs::last_write_time(copy, error) && !error;
 }
 
-/// Takes an installed file in place of the user's copy. Where that cannot be done, the copy goes on to serve.
-void Take(const fs::path& from, const fs::path& to) {
+/// Replaces the user's copy by the installed file. The program works with the old copy if this fails.
+void ReplaceByInstalled(const fs::path& from, const fs::path& to) {
   core::DeferredFailure failure;
   failure.Try([&] { CopyEntry(from, to); });
   failure.Clear();
@@ -82,13 +82,13 @@ bool IsShippedRecording(const fs::path& path) {
   return file && audio::IsShippedRecording(*file);
 }
 
-/// Takes newer recordings in place of those that the user has not changed. Nothing is read unless one is newer.
-void TakeNewerRecordings(const fs::path& from, const fs::path& to) {
+/// Replaces older recordings that the user has not changed. Reads a copy only if the installed file is newer.
+void ReplaceOlderRecordings(const fs::path& from, const fs::path& to) {
   std::error_code error;
   for (auto entry = fs::directory_iterator(from, error); !error && entry != fs::directory_iterator();
        entry.increment(error)) {
     const fs::path copy = to / entry->path().filename();
-    if (IsNewer(entry->path(), copy) && IsShippedRecording(copy)) Take(entry->path(), copy);
+    if (IsNewer(entry->path(), copy) && IsShippedRecording(copy)) ReplaceByInstalled(entry->path(), copy);
   }
 }
 
@@ -119,8 +119,8 @@ fs::path ResolveAppFolder(const ProgramFolders& folders) {
     if (fs::exists(from, error) && !fs::exists(folder / name, error)) CopyEntry(from, folder / name);
   }
   const fs::path help = folders.contentFolder / help::kHelpFileName;
-  if (IsNewer(help, folder / help::kHelpFileName)) Take(help, folder / help::kHelpFileName);
-  TakeNewerRecordings(folders.contentFolder / kRecordings, folder / kRecordings);
+  if (IsNewer(help, folder / help::kHelpFileName)) ReplaceByInstalled(help, folder / help::kHelpFileName);
+  ReplaceOlderRecordings(folders.contentFolder / kRecordings, folder / kRecordings);
   return folder;
 }
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A record whose pattern is longer than that of any scale: another program wrote it. Its name and texts are shown, and
-// in place of its notes the window says what is wrong. User-interface thread; fails where the data control does.
+// Damaged scales: records whose pattern is longer than core::kMostPatternDigits, written by another program. The main
+// window shows their name and texts, and a message instead of their notes. Throws core::Failure if the data control
+// does.
 
 #pragma once
 
@@ -10,11 +11,11 @@
 
 namespace tonalith::app {
 
-/// Whether the current record is such a one.
+/// Whether the current record is a damaged scale.
 bool IsDamaged(const MainControls& controls);
-/// Says so on the staff's card.
+/// Shows a message instead of the staff.
 void ShowDamageOnStaff(const MainControls& controls);
-/// Says why in the step line.
+/// Shows the reason in the step line.
 void ShowDamageInSteps(const MainControls& controls);
 
 }  // namespace tonalith::app

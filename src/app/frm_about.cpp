@@ -100,10 +100,10 @@ void frmAbout::LayOut() {
   auto* const head = new QHBoxLayout;
   head->setSpacing(18);
   head->addWidget(picIcon_, 0, Qt::AlignTop);
-  auto* const words = new QVBoxLayout;
-  words->setSpacing(4);
-  for (QLabel* const label : {lblName_, lblVersion_, lblPurpose_}) words->addWidget(label);
-  head->addLayout(words, 1);
+  auto* const texts = new QVBoxLayout;
+  texts->setSpacing(4);
+  for (QLabel* const label : {lblName_, lblVersion_, lblPurpose_}) texts->addWidget(label);
+  head->addLayout(texts, 1);
   rows->addLayout(head);
   rows->addSpacing(8);
   rows->addWidget(lblLicence_);
@@ -127,12 +127,12 @@ void frmAbout::ApplyTheme() {
   large.setPointSizeF(large.pointSizeF() * 1.8);
   large.setBold(true);
   lblName_->setFont(large);
-  // The panel around a box paints its ground.
+  // The panel around a box paints its background.
   QPalette boxes = palette();
   boxes.setColor(QPalette::Base, Qt::transparent);
   txtFolder_->setPalette(boxes);
   txtNotices_->setPalette(boxes);
-  // Headings and quotations take their sizes from the font as it is when they are read.
+  // setMarkdown derives the sizes of headings and quotations from the current font.
   txtNotices_->document()->setDefaultFont(txtNotices_->font());
   txtNotices_->setMarkdown(NoticesText());
   txtNotices_->setMinimumSize(kTextWidth, fontMetrics().lineSpacing() * kNoticeLines);
@@ -151,7 +151,7 @@ bool frmAbout::event(QEvent* event) {
 void frmAbout::cmdClose_Click() { close(); }
 
 void ShowAbout(const std::string& appFolder, QWidget& owner) {
-  // One that was closed is there until events are handled, but no longer the one to show.
+  // A closed window exists until its deferred delete; do not show it again.
   for (auto* const open : owner.findChildren<frmAbout*>(Qt::FindDirectChildrenOnly)) {
     if (open->isVisible()) return windows::BringToFront(*open);
   }

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The window that says what this program is: name, version, licences, where its data lie, and the notices of what it is
-// built on. Modal to the window that it belongs to, while everything goes on behind it. Made when it is first asked
-// for, and gone once it is closed or its owner goes. User-interface thread; does not fail.
+// The About window: name, version and licences of the program, the folder of its data, and the third-party licences. It
+// is modal to its owner, but nothing waits for it. It is deleted when it or its owner is closed.
 
 #pragma once
 
@@ -22,7 +21,7 @@ class frmAbout : public QDialog {
   Q_OBJECT
 
  public:
-  /// `appFolder` holds database, sounds, packs and help.
+  /// `appFolder` is the folder of database, sounds, packs and help.
   frmAbout(const std::string& appFolder, QWidget* owner);
 
   void cmdClose_Click();
@@ -47,10 +46,10 @@ class frmAbout : public QDialog {
   windows::PanelButton* cmdClose_ = nullptr;
 };
 
-/// Shows the window of `owner`; one that is open comes to the front.
+/// Opens the About window of `owner`, or brings the open one to the front.
 void ShowAbout(const std::string& appFolder, QWidget& owner);
 
-/// Takes the window of `owner` away, if it is there.
+/// Deletes the About window of `owner`, if there is one.
 void UnloadAbout(QWidget& owner);
 
 }  // namespace tonalith::app

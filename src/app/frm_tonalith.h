@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The main window. It shows one row of the stored query at a time through its data control and keeps everything in step
-// with that row and the key box by one refresh procedure, UpdateForm. Event handlers are named control, underscore,
-// event; each goes on past failures and reports what is pending at its end. Made and owned by the start-up code; the
-// services have to outlive it; user-interface thread.
+// The main window. Its data control shows one row of the stored query at a time; one refresh procedure, UpdateForm,
+// updates all views from that row and the key box. Event handlers are named control, underscore, event; each continues
+// after failures and reports the pending one at its end.
 
 #pragma once
 
@@ -34,7 +33,7 @@
 
 namespace tonalith::app {
 
-/// What the window needs from outside.
+/// The services of the main window; all must outlive it.
 struct FormServices {
   data::ScaleDatabase& database;
   core::MsgBox& msgBox;
@@ -57,46 +56,47 @@ class frmTonalith : public QMainWindow,
   ~frmTonalith() override;
 
   /// Sets the data control's connection string to the full form, then to the one that the shared connection reports,
-  /// and refreshes it. Throws when the database cannot be bound; the window then stays usable and empty.
+  /// and refreshes it. Throws core::Failure if the database cannot be bound; the window then is usable and empty.
   void BindData();
 
-  /// The one refresh procedure. Failures in it are cleared silently.
+  /// Updates all views. Clears failures without a message.
   void UpdateForm();
   void EditUpdates() override;
-  /// The layout is fixed: kept for its callers, without effect.
+  // Kept: see docs/behaviour.md, ResizeFormControls has no effect.
   void ResizeFormControls() {}
-  /// Opens the editor on the record that is shown, or brings it to the front.
+  /// Opens the editor at the current record, or brings it to the front.
   void cmdEdit_Click();
   void mEditor_Click();
   void cmdUpdate_Click();
   void mUpdate_Click();
-  /// Imports every data pack; the database is not held open meanwhile. Ends a playback; the window's closing ends it.
+  /// Imports every data pack; the window's database connection is closed during the import. Stops a playback first.
+  /// Closing the window stops the import.
   void cmdInstall_Click();
   void mInstall_Click();
-  /// Plays the scale; returns when the playback is through. A failure that it leaves is cleared.
+  /// Plays the scale and returns at the end of the playback. Clears failures.
   void cmdListen_Click();
   void mListen_Click();
-  /// Shows the page as it will be printed, and prints it; returns when the preview is closed.
+  /// Shows the preview of the page, which prints it; returns when the preview is closed.
   void cmdPrint_Click();
   void mPrint_Click();
-  /// One use of the search dialog; returns when it is closed.
+  /// Shows the search dialog; returns when it is closed.
   void mSearch_Click();
-  /// The same walk with the text of the last search; opens the dialog while there is none.
+  /// Moves to the next match of the last search; opens the dialog if there was no search.
   void FindNext();
   void mViewNotes_Click();
-  /// Opens the help file, or says what is in the way.
+  /// Opens the help file, or shows why it cannot be opened.
   void mHelpFile_Click();
   void mAbout_Click();
 
-  /// Whether a note is among those of the current scale, built on the start note `intTP`.
+  /// Whether the current scale, built on the start note `intTP`, contains the note `strNoteVal`.
   bool NoteExistsInScoreScale(core::NoteNumber intTP, const std::string& strNoteVal);
 
   [[nodiscard]] const MainControls& Controls() const { return c_; }
   [[nodiscard]] const MainMenu& Menu() const { return m_; }
   [[nodiscard]] const audio::ScalePlayback& Playback() const { return playback_; }
-  /// Puts into the status line's tooltip whether there is a sound device.
+  /// Sets the status line's tooltip: empty, or that there is no sound device.
   void ShowSoundDevice(bool isThere);
-  /// Whether an install command of this window has gone through a pack.
+  /// Whether an install command of this window has finished a pack.
   [[nodiscard]] bool PacksWereImported() const { return packsImported_; }
   [[nodiscard]] bool NamesAreShown() const { return ShowNoteNames; }
 

@@ -20,23 +20,23 @@
 namespace tonalith::app {
 namespace {
 
-/// Shortcuts of the window that a text box would keep for itself: the keys that walk through the records, and Ctrl+E,
-/// which moves the cursor to the end of a line.
+/// Whether the event is a shortcut of the window that a text box would accept itself: the keys that move through the
+/// records, and Ctrl+E, which can be "end of line".
 bool IsForTheWindow(const QKeyEvent& event) {
   const bool control = event.modifiers() == Qt::ControlModifier;
   return event.key() == Qt::Key_PageUp || event.key() == Qt::Key_PageDown ||
          (control && (event.key() == Qt::Key_Home || event.key() == Qt::Key_End || event.key() == Qt::Key_E));
 }
 
-/// Names a key of the keyboard. The symbol differs between press and release when Shift is released first; the scan
-/// code does not. Events that programs make have none.
+/// Identifies a key of the keyboard. The symbol differs between press and release if Shift is released first; the scan
+/// code does not. Synthetic events have no scan code.
 quint64 KeyId(const QKeyEvent& event) {
   constexpr quint64 kIsScanCode = 1ULL << 32U;
   return event.nativeScanCode() != 0 ? kIsScanCode | event.nativeScanCode() : static_cast<quint64>(event.key());
 }
 
-/// Keeps 4.5:1 on the ground of the box in either theme.
-QColor MarkInk(const QPalette& palette) {
+/// Has a contrast of at least 4.5:1 to the background of the box in both themes.
+QColor MarkColour(const QPalette& palette) {
   return paint::IsDark(palette) ? QColor(0xFF, 0x9A, 0x8A) : QColor(0xB3, 0x1B, 0x1B);
 }
 
@@ -45,28 +45,29 @@ QColor MarkInk(const QPalette& palette) {
 KeyBox::KeyBox(const QString& name, QWidget* parent) : QComboBox(parent) {
   setObjectName(name);
   setEditable(true);
-  // Of the text alone: a font for all of the box makes Qt build the list, which may never be opened.
+  // Not the font of the box: that makes Qt build the list, which may never be opened.
   lineEdit()->setFont(paint::BoldFont(font(), 14));
   setInsertPolicy(QComboBox::NoInsert);
   setMaxVisibleItems(12);
-  // Completion would put another text in the place of the one that is being typed.
+  // Completion would replace the text during typing.
   setCompleter(nullptr);
   setFocusPolicy(Qt::StrongFocus);
   lineEdit()->setFrame(false);
   lineEdit()->setMaxLength(40);
   lineEdit()->setTextMargins(6, 0, 0, 0);
   installEventFilter(this);
-  connect(this, &QComboBox::activated, this, [this] { Tell(&KeyBox::Clicked); });
-  // For an exact name Qt has emitted activated by then.
-  connect(lineEdit(), &QLineEdit::returnPressed, this, &KeyBox::TakeText);
+  connect(this, &QComboBox::activated, this, [this] { Emit(&KeyBox::Clicked); });
+  // For an exact name Qt emits activated first.
+  connect(lineEdit(), &QLineEdit::returnPressed, this, &KeyBox::SelectTypedNote);
   connect(this, &QComboBox::editTextChanged, this, &KeyBox::Mark);
 }
 
+// Kept: see docs/behaviour.md, A key that is no note reads as C and marks no note.
 int KeyBox::ListIndex() const { return qMax(0, findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive)); }
 
 void KeyBox::Choose(int index) {
   setCurrentIndex(index);
-  Tell(&KeyBox::Clicked);
+  Emit(&KeyBox::Clicked);
 }
 
 void KeyBox::SetDescription(const QString& description) {
@@ -74,30 +75,30 @@ void KeyBox::SetDescription(const QString& description) {
   ApplyMark();
 }
 
-void KeyBox::TakeKeyPress(const QKeyEvent& event) {
+void KeyBox::HandleKeyPress(const QKeyEvent& event) {
   if (!event.isAutoRepeat()) heldKeys_.insert(KeyId(event));
 }
 
-// A release counts only if its press came here: the key that closes a message box is released in the window below it.
-void KeyBox::TakeKeyRelease(const QKeyEvent& event) {
+// Ignore a release without a press: the key that closes a message box is released in the window under it.
+void KeyBox::HandleKeyRelease(const QKeyEvent& event) {
   if (event.isAutoRepeat()) return;
   const bool wasPressedHere = heldKeys_.remove(KeyId(event));
   const bool wasComposed = std::exchange(isComposed_, false);
   if (!wasPressedHere && !wasComposed) return;
   const int item = findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive);
   if (item >= 0 && item != currentIndex()) setCurrentIndex(item);
-  Tell(&KeyBox::KeyReleased);
+  Emit(&KeyBox::KeyReleased);
 }
 
-void KeyBox::Tell(void (KeyBox::*notice)()) {
+void KeyBox::Emit(void (KeyBox::*emitted)()) {
   const QPointer<KeyBox> self(this);
-  ++telling_;
-  Q_EMIT(this->*notice)();
-  // A message box lets events through, and one of them may have taken the window away.
-  if (!self.isNull()) --telling_;
+  ++runningSignals_;
+  Q_EMIT(this->*emitted)();
+  // A message box runs the event loop, which may destroy the window.
+  if (!self.isNull()) --runningSignals_;
 }
 
-void KeyBox::TakeText() {
+void KeyBox::SelectTypedNote() {
   if (findText(currentText(), Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0) return;
   const std::optional<core::NoteNumber> note = core::NoteOfTypedText(currentText().toStdString());
   if (note && *note < count()) Choose(*note);
@@ -106,8 +107,8 @@ void KeyBox::TakeText() {
 void KeyBox::LeaveBox(Qt::FocusReason reason) {
   heldKeys_.clear();
   isComposed_ = false;
-  // The list and the menus of the box belong to it; a message box that its own text has raised ends before the typing.
-  if (reason != Qt::PopupFocusReason && telling_ == 0) TakeText();
+  // The user is still typing if a pop-up of the box opens, or a message box that the typed text has caused.
+  if (reason != Qt::PopupFocusReason && runningSignals_ == 0) SelectTypedNote();
 }
 
 void KeyBox::Mark() {
@@ -125,24 +126,24 @@ void KeyBox::ApplyMark() {
   font.setUnderline(isMarked_);
   lineEdit()->setFont(font);
   QPalette ink = palette();
-  if (isMarked_) ink.setColor(QPalette::Text, MarkInk(palette()));
+  if (isMarked_) ink.setColor(QPalette::Text, MarkColour(palette()));
   lineEdit()->setPalette(ink);
   update();
 }
 
 bool KeyBox::eventFilter(QObject* watched, QEvent* event) {
   if (watched != this) return QComboBox::eventFilter(watched, event);
-  // The box has the focus and hands keys on to its text, so all of them pass here.
+  // The box has the focus and passes all keys to its line edit, so every key event arrives here.
   switch (event->type()) {
     case QEvent::ShortcutOverride:
       if (!IsForTheWindow(*static_cast<QKeyEvent*>(event))) break;
       event->ignore();
       return true;
     case QEvent::KeyPress:
-      TakeKeyPress(*static_cast<QKeyEvent*>(event));
+      HandleKeyPress(*static_cast<QKeyEvent*>(event));
       break;
     case QEvent::KeyRelease:
-      TakeKeyRelease(*static_cast<QKeyEvent*>(event));
+      HandleKeyRelease(*static_cast<QKeyEvent*>(event));
       break;
     case QEvent::InputMethod:
       isComposed_ = isComposed_ || !static_cast<QInputMethodEvent*>(event)->commitString().isEmpty();
@@ -156,7 +157,7 @@ bool KeyBox::eventFilter(QObject* watched, QEvent* event) {
   return QComboBox::eventFilter(watched, event);
 }
 
-// A wheel that scrolls over the window must not transpose by accident.
+// Turning the wheel over a box without the focus must not transpose by accident.
 void KeyBox::wheelEvent(QWheelEvent* event) {
   if (hasFocus()) {
     QComboBox::wheelEvent(event);
@@ -179,18 +180,18 @@ void KeyBox::showPopup() {
 
 void KeyBox::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  const QColor ground = palette().color(QPalette::Base);
+  const QColor background = palette().color(QPalette::Base);
   if (isMarked_) {
-    // As wide as the focus ring.
+    // Two pixels, like the focus ring.
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(MarkInk(palette()));
+    painter.setBrush(MarkColour(palette()));
     painter.drawRoundedRect(QRectF(rect()), 6, 6);
-    painter.setBrush(ground);
+    painter.setBrush(background);
     painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), 4, 4);
   } else {
     const bool focus = hasFocus() || lineEdit()->hasFocus();
-    paint::PaintPanel(painter, rect(), ground, paint::OutlineColour(palette()), focus);
+    paint::PaintPanel(painter, rect(), background, paint::OutlineColour(palette()), focus);
   }
   paint::PaintDropArrow(painter, rect(), palette());
 }

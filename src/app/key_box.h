@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The key box: the twelve note names to choose from, and a text of its own that may be anything. Typing an exact note
-// name selects its item. Enter, or leaving the box, selects the item of any other text that means a note. The box marks
-// a text that means none, and says so after its accessible description. Clicked is emitted when an item is chosen,
-// KeyReleased for every key that was pressed and released in the box. Owned by the main window; user-interface thread.
+// The key box: a list of the twelve note names with an editable text. Typing an exact note name selects its item. Other
+// spellings of a note ("Bb") select their item when the user presses Enter or leaves the box. A text that is no note is
+// marked, and the accessible description reports it.
 
 #pragma once
 
@@ -19,22 +18,24 @@ class KeyBox : public QComboBox {
  public:
   KeyBox(const QString& name, QWidget* parent);
 
-  /// The item whose text the box shows; 0, the C that every unknown name reads as, for any other text.
+  /// The index of the item with exactly this text; 0, which is C, for any other text.
   [[nodiscard]] int ListIndex() const;
 
   /// Selects an item as a click on it does.
   void Choose(int index);
 
-  /// What the box says about itself to assistive technology while its text means a note.
+  /// Sets the accessible description for a text that is a note.
   void SetDescription(const QString& description);
 
-  /// Whether the text means none of the twelve notes.
+  /// Whether the text is not the name of a note.
   [[nodiscard]] bool IsMarked() const { return isMarked_; }
 
   void showPopup() override;
 
  Q_SIGNALS:
+  /// An item was chosen.
   void Clicked();
+  /// A key was pressed and released in the box.
   void KeyReleased();
 
  protected:
@@ -44,24 +45,24 @@ class KeyBox : public QComboBox {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void TakeKeyPress(const QKeyEvent& event);
-  void TakeKeyRelease(const QKeyEvent& event);
-  /// Selects the item that the text means, unless the text is an item already.
-  void TakeText();
+  void HandleKeyPress(const QKeyEvent& event);
+  void HandleKeyRelease(const QKeyEvent& event);
+  /// Selects the item of the typed note, unless the text is already that of an item.
+  void SelectTypedNote();
   void LeaveBox(Qt::FocusReason reason);
-  /// Emits a signal.
-  void Tell(void (KeyBox::*notice)());
+  /// Emits a signal; its handlers may destroy the box.
+  void Emit(void (KeyBox::*emitted)());
   void Mark();
   void ApplyMark();
 
   QString description_;
-  /// The keys that were pressed in the box and are still held.
+  /// The keys that were pressed in the box and not yet released.
   QSet<quint64> heldKeys_;
-  /// An input method has put a text into the box and has kept the key press for itself.
+  /// An input method has entered text. It consumes the key press, so only the release arrives.
   bool isComposed_ = false;
   bool isMarked_ = false;
-  /// How many notices are being handled; a handler may have put a message box over the window.
-  int telling_ = 0;
+  /// The number of signals whose handlers are running; a handler may show a message box.
+  int runningSignals_ = 0;
 };
 
 }  // namespace tonalith::app

@@ -14,19 +14,20 @@
 namespace tonalith::app {
 namespace {
 
-/// The text in front of the terminator that the reported length counts.
-std::string AnswerText(const platform::NetworkConnection& connection) {
+/// The share's name without its terminator, which the reported length includes.
+std::string ShareName(const platform::NetworkConnection& connection) {
   const std::size_t length = connection.reportedLength == 0 ? 0 : connection.reportedLength - 1;
   return connection.remoteName.substr(0, length);
 }
 
 }  // namespace
 
+// Kept: see docs/behaviour.md, A share is found by its whole path.
 std::string FindDriveForShare(const std::string& share, const platform::NetworkDrives& drives) {
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
     std::string drive = {letter, ':'};
     const auto connection = drives.ConnectionOf(drive);
-    if (connection && core::EqualWithoutCase(AnswerText(*connection), share)) return drive;
+    if (connection && core::EqualWithoutCase(ShareName(*connection), share)) return drive;
   }
   return {};
 }
@@ -65,7 +66,7 @@ std::unique_ptr<frmTonalith> OpenScaleDatabase(const FormServices& services) {
     const std::string notice = services.database.ScaleConnection()->NoticeText();
     if (!notice.empty()) services.msgBox.Show(notice, core::MsgBoxStyle::kInformation);
   }
-  // The window is there before its message, so that nobody has to answer a box that belongs to nothing.
+  // After the window is shown, so that the message box has an owner.
   failure.ReportNumberAndDescription(services.msgBox, core::MsgBoxStyle::kCritical);
   return form;
 }

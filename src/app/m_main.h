@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The start: the program's folder becomes the working directory (a folder on a share through the drive that it is
-// mapped to), the database is opened, the main window is loaded, bound and shown. Over ports, so that it can be tested
-// on any system. User-interface thread, once. Failures are shown; the window comes up whatever failed before it.
+// The start procedures: they change to the program's folder (for a network share, to its mapped drive), open the
+// database, and load, bind and show the main window. Failures are shown as messages, and the window opens in any case.
 
 #pragma once
 
@@ -17,22 +16,22 @@
 
 namespace tonalith::app {
 
-/// The drive ("X:") that `share` is mapped to, letters tried from A to Z, compared whole and without regard to ASCII
-/// case; empty when there is none.
+/// Returns the first drive ("X:"), from A to Z, that is mapped to exactly `share`, ignoring ASCII case; empty if there
+/// is none.
 std::string FindDriveForShare(const std::string& share, const platform::NetworkDrives& drives);
 
-/// Moves to the folder: a path that begins with two separators of either kind is a share, one whose second character is
-/// ":" or that begins with the system's separator is local, any other one is left alone. A failure is shown as
-/// "Error: " and its description.
+/// Changes to the folder. A path that begins with two separators of either kind is a share; a path whose second
+/// character is ":" or that begins with the system's separator is local; any other path is ignored. A failure is shown
+/// as "Error: " and its description.
 void SetWorkingDirectory(const std::string& appFolder, const platform::NetworkDrives& drives,
                          platform::WorkingDirectory& directory, core::MsgBox& msgBox);
 
-/// Converts a Jet file that stands in the database's place, opens the shared connection and record set, loads the main
-/// window, binds its data control, lays out the neck, draws the first scale and shows the window. A failure is one
-/// critical message, number and description, over the window.
+/// Converts the database if it is a Jet file, opens the shared connection and record set, loads the main window, binds
+/// its data control, lays out the neck, draws the first scale and shows the window. A failure is shown as one critical
+/// message with number and description, after the window.
 std::unique_ptr<frmTonalith> OpenScaleDatabase(const FormServices& services);
 
-/// The whole start.
+/// Runs the complete start.
 std::unique_ptr<frmTonalith> Main(const FormServices& services, const platform::NetworkDrives& drives,
                                   platform::WorkingDirectory& directory);
 

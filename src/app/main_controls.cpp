@@ -14,17 +14,17 @@ namespace {
 using windows::FittingLabel;
 using windows::PanelButton;
 
-/// The tooltip is what a control says about itself, to the eye and to assistive technology.
+/// Sets the tooltip, also as the description for assistive technology.
 void Describe(QWidget* widget, const QString& tooltip) {
   widget->setToolTip(tooltip);
   widget->setAccessibleDescription(tooltip);
 }
 
-/// So many pixels below the neck.
+/// The y coordinate `pixels` below the neck.
 int BelowNeck(int pixels) { return views::FretboardView::DesignRect().bottom() + 1 + pixels; }
 
-// Bold text of any size shares one font; of other text, every further size is another font to be looked up and read
-// while the window opens.
+// All sizes of bold text share one font; each further size of other text makes Qt load another font while the window
+// opens.
 FittingLabel* MakeLabel(const char* name, const QRect& place, FittingLabel::Sizes sizes, QFont::Weight weight,
                         QWidget* client) {
   auto* const label = new FittingLabel(QLatin1String(name), sizes, weight, client);
@@ -86,7 +86,8 @@ void MakeBottomRow(MainControls& c, core::MsgBox& msgBox, QWidget* client) {
   c.lblInstall = MakeLabel("lblInstall", QRect(612, BelowNeck(66), 428, 16), {12, 10}, QFont::Normal, client);
 }
 
-/// Controls that other wings draw on or ask, and those that are only known by name; none of them is seen.
+/// Controls that are not visible: other windows use some of them, the others exist for their names.
+/// Kept: see docs/behaviour.md, Controls without use in the main window.
 void MakeAuxiliaries(MainControls& c, QWidget* client) {
   for (const char* const name : {"ImageList1", "ImageList2", "CommonDialog1", "picText", "lblBlank"}) {
     (new QObject(client))->setObjectName(QLatin1String(name));

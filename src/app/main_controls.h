@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The controls of the main window, made and placed in one go. The window owns them as its children; the structure only
-// knows them by their names. Places are pixels of the client area at scale 1, and fixed. User-interface thread.
+// The controls of the main window and their fixed layout, in pixels of the client area at scale 1. The window owns the
+// controls; the structure contains pointers to them by name.
 
 #pragma once
 
@@ -21,7 +21,7 @@ namespace tonalith::app {
 
 struct MainControls {
   static constexpr int kClientWidth = 1080;
-  /// The row of buttons and the line below it hang on the neck's lower edge.
+  /// Depends on the neck: the buttons and the version line are placed relative to its lower edge.
   [[nodiscard]] static int ClientHeight();
 
   controls::DataControl* Data1 = nullptr;
@@ -35,7 +35,7 @@ struct MainControls {
   windows::FittingLabel* lblScaleNotes = nullptr;
   windows::FittingLabel* lblStatus = nullptr;
   windows::FittingLabel* Label3 = nullptr;
-  /// What an install is doing, and what it has come to.
+  /// The progress and the result of an install.
   windows::FittingLabel* lblInstall = nullptr;
   windows::PanelButton* cmdEdit = nullptr;
   windows::PanelButton* cmdUpdate = nullptr;
@@ -47,10 +47,10 @@ struct MainControls {
   views::StaffView* staff = nullptr;
 };
 
-/// Makes every control as a child of `client`, in tab order. The message box has to outlive them.
+/// Creates all controls as children of `client`, in tab order. The message box must outlive them.
 MainControls MakeMainControls(QWidget* client, core::MsgBox& msgBox);
 
-/// Gives the inked labels their colours from the palette.
+/// Sets the text colours of the labels from the palette.
 void ApplyInk(const MainControls& controls, const QPalette& palette);
 
 }  // namespace tonalith::app

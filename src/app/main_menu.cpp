@@ -29,6 +29,7 @@ void AddSeparator(QMenu* menu, const char* name) { menu->addSeparator()->setObje
 
 }  // namespace
 
+// Kept: see docs/behaviour.md, seperator1 and seperator2.
 MainMenu MakeMainMenu(QMenuBar* bar) {
   MainMenu m;
   QMenu* const tools = AddMenu(bar, "mFile", frmTonalith::tr("&Tools"));

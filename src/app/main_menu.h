@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The menu of the main window, in its order and with its names. Entries are enabled by whoever gives them something to
-// do. Owned by the window; user-interface thread.
+// The menu of the main window, with the fixed order and names of its entries. The window connects, enables and disables
+// them.
 
 #pragma once
 
@@ -23,7 +23,7 @@ struct MainMenu {
   QAction* mAbout = nullptr;
 };
 
-/// Fills the menu bar; every entry that acts is disabled.
+/// Fills the menu bar, which owns the entries. All of them are enabled.
 MainMenu MakeMainMenu(QMenuBar* bar);
 
 }  // namespace tonalith::app

@@ -23,7 +23,7 @@ void AddShortcuts(frmTonalith& window) {
   connectKeys(Qt::CTRL | Qt::Key_Home, walk(&DataControl::MoveFirst));
   connectKeys(Qt::CTRL | Qt::Key_End, walk(&DataControl::MoveLast));
   connectKeys(Qt::Key_F3, [&window] {
-    // Off whenever its menu entry is.
+    // Disabled together with the menu entry.
     if (window.Menu().mSearch->isEnabled()) window.FindNext();
   });
   connectKeys(Qt::CTRL | Qt::Key_Q, [&window] { window.close(); });

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The keys of the main window that no menu entry shows. The shortcuts are the window's children and work while it is
-// the active window. User-interface thread; never fails.
+// The shortcuts of the main window without a menu entry. They work while the window is active.
 
 #pragma once
 
@@ -10,7 +9,7 @@ namespace tonalith::app {
 
 class frmTonalith;
 
-/// Page Up, Page Down, Ctrl+Home and Ctrl+End walk through the records, F3 finds the next match, Ctrl+Q closes.
+/// Page Up, Page Down, Ctrl+Home and Ctrl+End move through the records, F3 finds the next match, Ctrl+Q closes.
 void AddShortcuts(frmTonalith& window);
 
 }  // namespace tonalith::app

@@ -15,11 +15,13 @@
 namespace tonalith::app {
 namespace {
 
+// Kept: see docs/behaviour.md, The page is not centred.
 constexpr print::PrintShares kShares{90, 15, 15};
 
-/// Keys and clicks wait: the window is not as they expect it.
-void LetEventsRun() { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
+/// Postpones user input: the window is not in its usual state.
+void ProcessEvents() { QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents); }
 
+// Kept: see docs/behaviour.md, picTemp is a control.
 void RemovePicTemp(QWidget& form) {
   for (QWidget* const left : form.findChildren<QWidget*>(QStringLiteral("picTemp"), Qt::FindDirectChildrenOnly)) {
     delete left;
@@ -28,8 +30,8 @@ void RemovePicTemp(QWidget& form) {
 
 }  // namespace
 
-/// The window while its view is composed: printPic is there, what does not belong on paper is not, and nothing of this
-/// reaches the screen. The destructor puts everything back.
+/// Prepares the window for printing in the current scope: shows printPic, hides controls that are not printed, and
+/// disables repainting. The destructor restores the window.
 class MainWindowPrinting::ComposedView {
  public:
   ComposedView(const MainControls& controls, QWidget& form)
@@ -47,6 +49,7 @@ class MainWindowPrinting::ComposedView {
   ~ComposedView() {
     for (QWidget* const control : HiddenOnPaper()) control->show();
     c_.lblInstall->setVisible(wasInstallShown_);
+    // Kept: see docs/behaviour.md, Printing shows controls that it did not hide.
     c_.Data1->show();
     c_.cmbTranspose->show();
     c_.printPic->hide();
@@ -80,12 +83,12 @@ bool MainWindowPrinting::ComposeView(core::DeferredFailure& failure) {
     composer->BeginPage();
   });
   if (failure.Pending()) return false;
-  failure.Try([] { LetEventsRun(); });
+  failure.Try([] { ProcessEvents(); });
   failure.Try([&] { tools_.scoreHandler(); });
   failure.Try([&] { composer->WriteStaff(); });
   failure.Try([&] { composer->DrawStringsAndFrets(); });
   failure.Try([&] { composer->WriteLabels(); });
-  failure.Try([&] { composer->CopyNoteImages(&LetEventsRun); });
+  failure.Try([&] { composer->CopyNoteImages(&ProcessEvents); });
   return true;
 }
 
@@ -104,10 +107,10 @@ void MainWindowPrinting::PrintView(platform::Printer& printer) {
     }
     failure.Try([&] { RemovePicTemp(form_); });
   }
-  failure.Try([] { LetEventsRun(); });
+  failure.Try([] { ProcessEvents(); });
   failure.Try([&] { tools_.scoreHandler(); });
   isComposing_ = false;
-  // The window, and this desk with it, may go while a message is shown.
+  // A message box runs the event loop, which may destroy the window and this object.
   messages.ShowAll(msgBox);
   failure.ReportDescription(msgBox);
 }
@@ -137,7 +140,7 @@ void MainWindowPrinting::cmdPrint_Click() {
     helper = frmPrint_;
   });
   failure.ReportDescription(msgBox);
-  // The window, and this desk with it, may go while the helper is shown.
+  // The window and this object may be destroyed while the helper is open.
   if (!helper.isNull()) helper->ShowModal();
   delete helper.data();
 }

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The main window's side of printing: composes the view in printPic, shows it in the print helper, and prints it on the
-// printer that was chosen there. While the view is composed the window is not repainted, and whatever fails on the way,
-// its controls are back afterwards; messages wait until then. Owned by the main window, which may be destroyed while
-// the helper is open. User-interface thread.
+// Prints the main window: composes the page in printPic, shows it in the print helper, and prints it on the printer
+// chosen there. While the page is composed the window is not repainted. Its controls are restored, also after a
+// failure, before any message is shown. The main window may be destroyed while the helper is open.
 
 #pragma once
 
@@ -25,30 +24,29 @@ class MainWindowPrinting {
   struct Tools {
     platform::PrintService& printing;
     core::MsgBox& msgBox;
-    /// Draws the staff of the current scale in the window.
+    /// Draws the staff of the current scale in the window; may throw core::Failure.
     std::function<void()> scoreHandler;
   };
 
-  /// `form` is the window; `controls` are its own.
+  /// `form` is the main window, `controls` its controls.
   MainWindowPrinting(const MainControls& controls, QWidget& form, Tools tools);
   ~MainWindowPrinting();
   MainWindowPrinting(const MainWindowPrinting&) = delete;
   MainWindowPrinting& operator=(const MainWindowPrinting&) = delete;
 
-  /// The Print button: shows the print helper and returns when it is closed. A helper that is shown already comes to
-  /// the front.
+  /// Shows the print helper and returns when it is closed. Brings an open helper to the front.
   void cmdPrint_Click();
-  /// Composes the view and prints it on one page.
+  /// Composes the view and prints it on one page; shows failures as messages.
   void PrintView(platform::Printer& printer);
-  /// Prints the window as it stands on the screen: for a view that cannot be composed.
+  /// Prints the window as on the screen; the fallback if the view cannot be composed.
   void CaptureView(const print::PrintTools& tools);
-  /// Unloads the print helper, if it is there. Nothing is printed.
+  /// Closes the print helper, if it is open, without printing.
   void Unload();
 
  private:
   class ComposedView;
 
-  /// Whether there is a composed view at all; what failed on the way is pending.
+  /// Returns whether there is a view, perhaps an incomplete one; a failure is left pending in `failure`.
   [[nodiscard]] bool ComposeView(core::DeferredFailure& failure);
 
   const MainControls& c_;

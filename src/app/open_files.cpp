@@ -13,7 +13,7 @@
 namespace tonalith::app {
 namespace {
 
-/// What most systems set by themselves.
+/// The soft limit that most systems set.
 constexpr rlim_t kUsualLimit = 1024;
 
 rlimit Limits() {
@@ -22,7 +22,7 @@ rlimit Limits() {
   return limits;
 }
 
-/// Looks no further than needed: a limit may be a billion.
+/// Stops as soon as the result is known: a limit may be a billion.
 bool HasFreeDescriptors(rlim_t limit) {
   int found = 0;
   for (rlim_t descriptor = 0; descriptor < limit && found < kNeededOpenFiles; ++descriptor) {

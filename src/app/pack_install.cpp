@@ -17,9 +17,9 @@
 namespace tonalith::app {
 namespace {
 
-// Milliseconds. A pack that takes less is not worth a text that is gone before it is read.
+// Milliseconds. For a shorter import the text would disappear before it can be read.
 constexpr qint64 kBeforeFirstText = 500;
-// Milliseconds between two texts: a number that changes faster cannot be read.
+// Milliseconds between two updates of the text: a number that changes faster cannot be read.
 constexpr qint64 kBetweenTexts = 100;
 
 QString NameOf(const std::string& path) {
@@ -86,17 +86,17 @@ void PackInstall::DataPackDone() {
   SetText({});
   sincePackBegan_.restart();
   sinceShown_.invalidate();
-  LetWindowLive();
+  ProcessEvents();
 }
 
 void PackInstall::ReadingProgress(const std::string& path, std::int64_t rows) {
   Show(frmTonalith::tr("Reading %1: %2 rows"), path, rows);
-  LetWindowLive();
+  ProcessEvents();
 }
 
 void PackInstall::ImportProgress(const std::string& path, std::int64_t rows) {
   Show(frmTonalith::tr("Importing %1: %2 rows"), path, rows);
-  LetWindowLive();
+  ProcessEvents();
 }
 
 void PackInstall::Show(const QString& text, const std::string& path, std::int64_t rows) {
@@ -106,7 +106,7 @@ void PackInstall::Show(const QString& text, const std::string& path, std::int64_
   SetText(text.arg(NameOf(path), QLocale().toString(static_cast<qlonglong>(rows))));
 }
 
-void PackInstall::LetWindowLive() {
+void PackInstall::ProcessEvents() {
   if (!isStopping_) QCoreApplication::processEvents();
   if (isStopping_) throw data::ImportStopped();
 }

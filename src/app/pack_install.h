@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The install command while it runs. Events are handled between the rows of a pack, so the window can be moved, painted
-// and closed; what uses the library is off from construction until End. After half a second on one pack a label says
-// which pack it is and how many rows are done; at the end it says how many scales were added. Made on the stack of the
-// command; the widgets may go before it. User-interface thread.
+// A running install command. It processes events between the rows of a pack, so the window can be moved, painted and
+// closed; controls that use the library are disabled from construction until End. After half a second on one pack a
+// label shows the pack and the number of its rows so far, at the end the number of added scales. The widgets may be
+// destroyed before it.
 
 #pragma once
 
@@ -24,7 +24,7 @@ namespace tonalith::app {
 
 class PackInstall : private data::DataPackObserver {
  public:
-  /// What is off meanwhile. Windows get the keyboard's place in them back.
+  /// The windows whose focus End restores, the controls and menu entries to disable, and the label for progress.
   struct Place {
     std::vector<QWidget*> windows;
     std::vector<QWidget*> controls;
@@ -35,12 +35,12 @@ class PackInstall : private data::DataPackObserver {
   /// `onPackDone` is called after each pack.
   PackInstall(const Place& place, std::function<void()> onPackDone);
 
-  /// Imports every pack. Throws when they cannot be listed.
+  /// Imports every pack. Throws core::Failure if they cannot be listed.
   void Run(const std::string& appFolder, core::MsgBox& msgBox);
-  /// Makes Run return soon, without the pack that is under way and without a message.
+  /// Cancels Run: the current pack is not imported, and no message is shown.
   void Stop() { isStopping_ = true; }
   [[nodiscard]] bool IsStopped() const { return isStopping_; }
-  /// Everything is on again, and the label says what was added.
+  /// Enables everything again and shows the number of added scales.
   void End();
 
  private:
@@ -53,9 +53,10 @@ class PackInstall : private data::DataPackObserver {
   void DataPackDone() override;
   void ReadingProgress(const std::string& path, std::int64_t rows) override;
   void ImportProgress(const std::string& path, std::int64_t rows) override;
-  /// `text` has places for the pack's name and the number of rows.
+  /// `text` has the placeholders %1 for the pack's name and %2 for the number of rows.
   void Show(const QString& text, const std::string& path, std::int64_t rows);
-  void LetWindowLive();
+  /// Throws data::ImportStopped after Stop.
+  void ProcessEvents();
   void SetText(const QString& text);
 
   std::vector<Window> windows_;

@@ -17,23 +17,23 @@ namespace {
 using paint::SurfaceFont;
 using windows::FittingLabel;
 
-/// The description is as large on paper as its place allows, up to the first size. Below the second the page grows.
+/// The description has the largest of these sizes at which it fits; if even the smallest does not fit, the page grows.
 constexpr int kLargestDescription = 16;
 constexpr int kSmallestDescription = 13;
 constexpr double kKeyCaptionPixels = 12;
-/// A note name; a longer text that was typed is smaller, and at last wrapped.
+/// The size of a note name. A longer text is reduced to the smallest size and then wrapped.
 constexpr int kKeyPixels = 20;
 constexpr int kSmallestKey = 9;
-/// Between the key's text and the step line.
+/// The width between the left margin and the step line.
 constexpr double kKeyWidth = 98;
 constexpr double kKeyBelowCaption = 15;
 constexpr double kFretNumberPixels = 12;
-/// What stays free between the texts and the neck, and below a text that needs more lines than on the screen.
+/// The free space between the texts and the neck, and below a text that is higher than its label on the screen.
 constexpr double kAboveNeck = 24;
 constexpr double kBelowGrownText = 8;
-/// Between the fret numbers and the notice below them: the buttons between them are not printed.
-constexpr double kAboveNotice = 8;
-/// Around everything that is printed: the discs and strings end on whole pixels of their own.
+/// The space between the fret numbers and the version line; the buttons between them are not printed.
+constexpr double kAboveVersionLine = 8;
+/// Around the printed content, because discs and strings are rounded to whole pixels.
 constexpr int kMargin = 2;
 
 paint::RecordingSurface& PageOf(const MainControls& c) { return c.printPic->Surface(); }
@@ -57,13 +57,13 @@ SurfaceFont FontLike(const QWidget& widget, double pixels, bool bold) {
   return {QFontInfo(widget.font()).family().toStdString(), paint::Pixels(pixels), bold};
 }
 
-/// A text without what cannot be seen at its end. Blanks at its front belong to its place.
-QString WithoutEnd(QString text) {
+/// Removes white space at the end only: blanks at the front are part of the layout.
+QString WithoutTrailingSpace(QString text) {
   while (!text.isEmpty() && text.back().isSpace()) text.chop(1);
   return text;
 }
 
-/// The lines of a text, broken between words and, where a word is wider than a line, within it.
+/// Breaks a text into lines between words, and within a word if it is wider than a line.
 std::vector<std::string> Wrapped(const QString& plain, const SurfaceFont& font, double width) {
   const QString text = windows::WithLineSeparators(plain);
   QTextLayout layout(text, paint::ToQFont(font));
@@ -87,22 +87,22 @@ std::vector<std::string> Wrapped(const QString& plain, const SurfaceFont& font, 
 PageComposer::PageComposer(const MainControls& controls) : c_(controls), view_(View()) {
   const QPalette paper = Paper();
   const QColor ink = paper.color(QPalette::WindowText);
-  const QColor second = paint::SecondaryText(paper);
+  const QColor secondary = paint::SecondaryText(paper);
   const QColor sienna = paint::SiennaText(paper);
-  WriteBelow(*c_.Label1, ink);
-  WriteBelow(*c_.lblScaleType, sienna);
-  Write(*c_.lblScaleDescription, DescriptionFont(), second);
+  WriteFitted(*c_.Label1, ink);
+  WriteFitted(*c_.lblScaleType, sienna);
+  Write(*c_.lblScaleDescription, DescriptionFont(), secondary);
   WriteKey();
-  WriteBelow(*c_.lblTranspose, ink);
-  WriteBelow(*c_.lblScaleNotes, sienna);
-  neckDown_ = std::max(0.0, std::ceil(columnBottom_ + kAboveNeck - NeckTop()));
+  WriteFitted(*c_.lblTranspose, ink);
+  WriteFitted(*c_.lblScaleNotes, sienna);
+  neckShift_ = std::max(0.0, std::ceil(columnBottom_ + kAboveNeck - NeckTop()));
   WriteFretNumbers();
-  down_ = neckDown_ + NoticeTop() - c_.Label3->y();
-  WriteBelow(*c_.Label3, second);
+  shift_ = neckShift_ + VersionLineTop() - c_.Label3->y();
+  WriteFitted(*c_.Label3, secondary);
 }
 
-double PageComposer::NoticeTop() const {
-  return c_.fretboard->FretNumberBox(views::FretboardLayout::MarkedFrets().front()).bottom() + kAboveNotice;
+double PageComposer::VersionLineTop() const {
+  return c_.fretboard->FretNumberBox(views::FretboardLayout::MarkedFrets().front()).bottom() + kAboveVersionLine;
 }
 
 QRect PageComposer::View() const {
@@ -111,7 +111,7 @@ QRect PageComposer::View() const {
   const double left = std::min<double>(c_.Label1->x(), staff.isEmpty() ? c_.Label1->x() : staff.left());
   const double right = std::max(neck.stringsRight, staff.right());
   const double top = std::min<double>(c_.Label1->y(), staff.isEmpty() ? c_.Label1->y() : staff.top());
-  const double bottom = NoticeTop() + c_.Label3->height();
+  const double bottom = VersionLineTop() + c_.Label3->height();
   return QRectF(QPointF(left, top), QPointF(right, bottom))
       .toAlignedRect()
       .adjusted(-kMargin, -kMargin, kMargin, kMargin);
@@ -121,7 +121,7 @@ SurfaceFont PageComposer::DescriptionFont() const {
   const FittingLabel& label = *c_.lblScaleDescription;
   for (int pixels = kLargestDescription; pixels > kSmallestDescription; --pixels) {
     SurfaceFont font = FontLike(label, pixels, false);
-    const auto lines = static_cast<double>(Wrapped(WithoutEnd(label.text()), font, label.width()).size());
+    const auto lines = static_cast<double>(Wrapped(WithoutTrailingSpace(label.text()), font, label.width()).size());
     if (lines * paint::CellOf(font).height <= label.height()) return font;
   }
   return FontLike(label, kSmallestDescription, false);
@@ -129,20 +129,20 @@ SurfaceFont PageComposer::DescriptionFont() const {
 
 double PageComposer::NeckTop() const { return c_.fretboard->Geometry().wood.top(); }
 
-void PageComposer::WriteBelow(const FittingLabel& label, const QColor& ink) {
+void PageComposer::WriteFitted(const FittingLabel& label, const QColor& ink) {
   Write(label, FontLike(label.FittedFont()), ink);
 }
 
 void PageComposer::Write(const FittingLabel& label, const SurfaceFont& font, const QColor& ink) {
   if (label.isHidden()) return;
   const double height = paint::CellOf(font).height;
-  double top = label.y() + down_;
-  for (std::string& text : Wrapped(WithoutEnd(label.text()), font, label.width())) {
+  double top = label.y() + shift_;
+  for (std::string& text : Wrapped(WithoutTrailingSpace(label.text()), font, label.width())) {
     lines_.push_back({static_cast<double>(label.x()), top, font, ink, std::move(text)});
     top += height;
   }
-  const double bottom = label.y() + down_ + label.height();
-  if (top > bottom) down_ += std::ceil(top - bottom + kBelowGrownText);
+  const double bottom = label.y() + shift_ + label.height();
+  if (top > bottom) shift_ += std::ceil(top - bottom + kBelowGrownText);
   columnBottom_ = std::max({columnBottom_, top, bottom});
 }
 
@@ -150,7 +150,7 @@ void PageComposer::WriteKey() {
   const QPalette paper = Paper();
   const QWidget& box = *c_.cmbTranspose;
   const double left = box.x();
-  const double top = box.y() + down_;
+  const double top = box.y() + shift_;
   lines_.push_back({left, top, FontLike(box, kKeyCaptionPixels, false), paint::SecondaryText(paper),
                     QCoreApplication::translate("tonalith::app::frmTonalith", "Key").toStdString()});
   const QString key = c_.cmbTranspose->currentText();
@@ -171,7 +171,7 @@ void PageComposer::WriteFretNumbers() {
   const SurfaceFont font = FontLike(*c_.fretboard, kFretNumberPixels, false);
   const QColor ink = paint::SecondaryText(Paper());
   for (const int fret : c_.fretboard->Layout().NumberedFrets()) {
-    const QRectF box = c_.fretboard->FretNumberBox(fret).translated(0, neckDown_);
+    const QRectF box = c_.fretboard->FretNumberBox(fret).translated(0, neckShift_);
     const std::string text = std::to_string(fret);
     lines_.push_back({box.center().x() - paint::WidthOf(font, text) / 2,
                       box.center().y() - paint::CellOf(font).height / 2, font, ink, text});
@@ -179,7 +179,7 @@ void PageComposer::WriteFretNumbers() {
 }
 
 void PageComposer::BeginPage() const {
-  c_.printPic->setGeometry(view_.adjusted(0, 0, 0, static_cast<int>(neckDown_)));
+  c_.printPic->setGeometry(view_.adjusted(0, 0, 0, static_cast<int>(neckShift_)));
   c_.printPic->SetPicture(nullptr);
   PageOf(c_).SetScaleMode(paint::ScaleMode::kPixels);
   PageOf(c_).Cls();
@@ -188,7 +188,7 @@ void PageComposer::BeginPage() const {
 void PageComposer::WriteStaff() const { PageOf(c_).PaintPicture(c_.staff->Picture(), -view_.left(), -view_.top()); }
 
 void PageComposer::DrawStringsAndFrets() const {
-  PageOf(c_).PaintPicture(views::NeckOnPaper(c_.fretboard->Geometry()), -view_.left(), neckDown_ - view_.top());
+  PageOf(c_).PaintPicture(views::NeckOnPaper(c_.fretboard->Geometry()), -view_.left(), neckShift_ - view_.top());
 }
 
 void PageComposer::WriteLabels() const {
@@ -212,7 +212,7 @@ void PageComposer::CopyNoteImages(const std::function<void()>& between) const {
     paint::RecordingSurface picture;
     image.DrawOn(picture);
     const QPoint place = image.pos() + c_.fretboard->pos() - view_.topLeft();
-    print::BitBlt(PageOf(c_), place.x(), place.y() + neckDown_, picture);
+    print::BitBlt(PageOf(c_), place.x(), place.y() + neckShift_, picture);
     between();
   }
 }

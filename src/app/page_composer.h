@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Draws what the window shows on its printPic, for white paper: dark inks whatever the theme, the neck in outline,
-// every text in full. A text that is too long for its place on the screen is wrapped, and what stands below moves down;
-// the page grows with it. The notice moves up into the room of the buttons, which are not printed. Works on the
-// window's controls as they are when it is made, which outlive it. User-interface thread; the steps fail only where a
-// control does.
+// Draws the content of the main window on its printPic, for white paper: dark colours in any theme, the neck in
+// outline, every text in full. A text that does not fit its label is wrapped, moves the content below it down and
+// enlarges the page. The buttons are not printed; the version line moves up to their place. The constructor reads the
+// state of the controls, which must outlive the object. A step throws core::Failure only if a control does.
 
 #pragma once
 
@@ -23,12 +22,12 @@ class PageComposer {
  public:
   explicit PageComposer(const MainControls& controls);
 
-  /// Gives printPic its scale mode and size and clears it.
+  /// Sets scale mode and size of printPic and clears it.
   void BeginPage() const;
   void WriteStaff() const;
   void DrawStringsAndFrets() const;
   void WriteLabels() const;
-  /// Copies every visible note image to its place, `between` running after each.
+  /// Copies the visible note images and calls `between` after each.
   void CopyNoteImages(const std::function<void()>& between) const;
 
  private:
@@ -41,26 +40,27 @@ class PageComposer {
   };
 
   void Write(const windows::FittingLabel& label, const paint::SurfaceFont& font, const QColor& ink);
-  void WriteBelow(const windows::FittingLabel& label, const QColor& ink);
+  /// Writes the label's text in the font that the label uses on the screen.
+  void WriteFitted(const windows::FittingLabel& label, const QColor& ink);
   void WriteKey();
   void WriteFretNumbers();
   [[nodiscard]] double NeckTop() const;
-  [[nodiscard]] double NoticeTop() const;
-  /// The part of the client area that goes on paper, at a page that has not grown: as little empty room around the
-  /// drawings and texts as possible, since the page is filled with it.
+  [[nodiscard]] double VersionLineTop() const;
+  /// The part of the client area that is printed if no text grows, with as little empty space around the content as
+  /// possible, since it is scaled to the page.
   [[nodiscard]] QRect View() const;
   [[nodiscard]] paint::SurfaceFont DescriptionFont() const;
 
   const MainControls& c_;
   QRect view_;
   std::vector<Line> lines_;
-  /// How much lower than on the screen the next thing stands.
-  double down_ = 0;
+  /// The distance in pixels by which the next text is lower than on the screen.
+  double shift_ = 0;
   double columnBottom_ = 0;
-  double neckDown_ = 0;
+  double neckShift_ = 0;
 };
 
-/// What the document is called: the scale's name and its key.
+/// The document's title, UTF-8: the scale's name and key, or "Tonalith" for an empty name.
 std::string PageTitle(const MainControls& controls);
 
 }  // namespace tonalith::app

@@ -34,7 +34,7 @@
 namespace tonalith::app {
 namespace {
 
-/// As the system gives it: in a text of Qt, a name that is not UTF-8 is not the folder's any more.
+/// The folder of the executable. Not a QString, which cannot represent names that are not UTF-8.
 std::filesystem::path ProgramFolder() {
   std::error_code error;
   const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
@@ -42,7 +42,7 @@ std::filesystem::path ProgramFolder() {
   return program.parent_path();
 }
 
-/// The same for the folder of the user's data.
+/// The base folder of the user's data, XDG_DATA_HOME. Not a QString, for the same reason.
 std::filesystem::path UserDataFolder() {
   const auto absolute = [](const char* variable) -> std::filesystem::path {
     const char* const value = std::getenv(variable);
@@ -53,7 +53,7 @@ std::filesystem::path UserDataFolder() {
   return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdString();
 }
 
-/// The folder of the program's files; its own folder, with a message, where the user's cannot be made.
+/// Returns AppFolder; the folder of the executable, after a message, if the user's folder cannot be created.
 std::string FindAppFolder(core::MsgBox& msgBox) {
   const std::filesystem::path programFolder = ProgramFolder();
   std::filesystem::path folder = programFolder;
@@ -63,7 +63,7 @@ std::string FindAppFolder(core::MsgBox& msgBox) {
   return folder.string();
 }
 
-/// Carries the sound thread's news to the window's thread.
+/// Forwards reports of the sound thread to the user-interface thread.
 class SoundDeviceReports : public QObject, public platform::SoundDeviceObserver {
  public:
   void SoundDeviceMissing() override { Forward(false); }
@@ -83,7 +83,7 @@ class SoundDeviceReports : public QObject, public platform::SoundDeviceObserver 
   frmTonalith* window_ = nullptr;
 };
 
-/// Without a font every text is a row of boxes, a message as well: the cause goes to where the program was started.
+/// Without a font a message box is not readable either, so the warning goes to the standard error stream.
 void WarnWithoutFonts() {
   if (!QFontInfo(QApplication::font()).family().isEmpty()) return;
   qWarning("Tonalith found no font, so no text can be read. Install a font, such as DejaVu Sans, and start again.");
@@ -92,17 +92,17 @@ void WarnWithoutFonts() {
 }  // namespace
 
 int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown) {
-  // A file that may not grow any more is a write that fails, and is told in words; the signal would end the program.
+  // A write beyond the file size limit must fail with a message; the signal would end the program.
   std::signal(SIGXFSZ, SIG_IGN);
   if (!RaiseOpenFiles()) {
     ReportTooFewOpenFiles();
     return EXIT_FAILURE;
   }
   const ScreenFit fit(argc, argv);
-  // The sound output sets the environment that it reads, so it is made while there is one thread.
-  platform::WindowMessageQueue notices;
+  // The sound output changes the environment, so it must be created before other threads run.
+  platform::WindowMessageQueue messages;
   SoundDeviceReports soundDeviceReports;
-  const auto output = platform::MakeOpenAlWaveOutput(notices, &soundDeviceReports);
+  const auto output = platform::MakeOpenAlWaveOutput(messages, &soundDeviceReports);
 
   QCoreApplication::setApplicationName(QStringLiteral("tonalith"));
   QGuiApplication::setDesktopFileName(QStringLiteral("org.tonalith.Tonalith"));
@@ -116,10 +116,10 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   platform::StdWorkingDirectory directory;
   platform::PosixFileInput files;
   platform::QtEventPump events;
-  const platform::QtMessageBridge joint(notices);
+  const platform::QtMessageBridge bridge(messages);
   audio::ScaleSoundFiles scaleSounds(files);
-  audio::SoundManager sounds(scaleSounds, *output, notices, msgBox);
-  audio::OctaveNotePlayer notePlayer(files, *output, notices);
+  audio::SoundManager sounds(scaleSounds, *output, messages, msgBox);
+  audio::OctaveNotePlayer notePlayer(files, *output, messages);
 
   platform::QtPrintService printing;
   help::WindowHelpEngine help(msgBox);
@@ -131,7 +131,7 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   if (shown) shown(*window);
   WarnWithoutFonts();
   fit.Report(msgBox);
-  // The window is painted first; its icon can wait for that.
+  // Painting the icon must not delay the first paint of the window.
   constexpr auto kAfterFirstPaint = std::chrono::milliseconds(300);
   QTimer::singleShot(kAfterFirstPaint, window.get(), [&window] { window->setWindowIcon(ProgramIcon()); });
   const int exitCode = QApplication::exec();

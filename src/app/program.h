@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The whole program: makes the ports' implementations, says where the files are, starts and runs the window until it is
-// closed. Once per process, on the main thread. What fails on the way is shown; the window comes up all the same.
+// The complete program: creates the implementations of the ports, finds the folder of the files, and shows the main
+// window until it is closed. Failures are shown as messages; the window opens unless too few files can be opened.
 
 #pragma once
 
@@ -12,7 +12,8 @@ class QWidget;
 
 namespace tonalith::app {
 
-/// Gives the process's exit code. `shown` is called when the main window has been shown and before events are handled.
+/// Returns the exit code of the process. Calls `shown` after the main window is shown, before events are processed. To
+/// be called once per process, on the main thread.
 int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown = {});
 
 }  // namespace tonalith::app

@@ -18,11 +18,11 @@ constexpr QRgb kWoodTop = 0xFF5A3626;
 constexpr QRgb kWoodBottom = 0xFF341D15;
 constexpr QRgb kWire = 0xFFCFC6B8;
 constexpr QRgb kString = 0xFFE9DFC9;
-/// Below this size there is room for three strings and one fret.
+/// Below this size only three strings and one fret fit.
 constexpr int kFullSize = 32;
 constexpr int kLargestWindowIcon = 64;
 
-/// The middle of a line of that width, so that its edges fall on whole pixels.
+/// Moves the middle of a line so that its edges are on whole pixels.
 double OnPixels(double middle, double width) {
   const double edge = std::round(middle - width / 2);
   return edge + width / 2;
@@ -30,7 +30,7 @@ double OnPixels(double middle, double width) {
 
 double LineWidth(int size, double share) { return std::max(1.0, std::round(size * share)); }
 
-void PaintGround(QPainter& painter, int size) {
+void PaintBackground(QPainter& painter, int size) {
   QLinearGradient wood(0, 0, 0, size);
   wood.setColorAt(0, QColor::fromRgba(kWoodTop));
   wood.setColorAt(1, QColor::fromRgba(kWoodBottom));
@@ -52,13 +52,13 @@ void PaintLines(QPainter& painter, int size) {
   const int strings = isFull ? 4 : 3;
   for (int string = 0; string < strings; ++string) {
     const double gauge = LineWidth(size, 0.014 + 0.007 * string);
-    // Clear of the round corners.
+    // Between the rounded corners.
     const double middle = OnPixels(size * (0.22 + 0.56 * string / (strings - 1)), gauge);
     painter.drawRect(QRectF(0, middle - gauge / 2, size, gauge));
   }
 }
 
-/// The key note in its shape, low on the left; another note, high on the right.
+/// The key note at the bottom left, another note at the top right.
 void PaintNotes(QPainter& painter, int size) {
   const bool isFull = size >= kFullSize;
   const double rim = isFull ? size * 0.03 : 1.0;
@@ -81,7 +81,7 @@ void PaintNotes(QPainter& painter, int size) {
 void PaintProgramIcon(QPainter& painter, int size) {
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  PaintGround(painter, size);
+  PaintBackground(painter, size);
   PaintLines(painter, size);
   PaintNotes(painter, size);
   painter.restore();

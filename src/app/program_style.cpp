@@ -15,18 +15,18 @@ namespace {
 
 bool IsReduced(const QPainter& painter) { return painter.device()->devicePixelRatioF() < 1; }
 
-/// Leans the painter by far less than a dot. Styles paint what they keep as pictures directly for a painter that does
-/// more than move and scale.
-void LeanUnseen(QPainter& painter) {
-  constexpr double kLean = 1e-9;
-  painter.setTransform(QTransform(1, kLean, kLean, 1, 0, 0), true);
+/// Shears the painter by an invisible amount. For a transformation that is more than a translation and a scale, styles
+/// paint directly instead of using cached images.
+void ShearInvisibly(QPainter& painter) {
+  constexpr double kShear = 1e-9;
+  painter.setTransform(QTransform(1, kShear, kShear, 1, 0, 0), true);
 }
 
-/// Fusion makes every edge darker than the window's ground. A desktop's own style knows its dark palette.
+/// Fusion paints every edge darker than the window's background. Desktop styles support their own dark palette.
 bool NeedsEdges(const QStyle& style, const QPalette& palette) {
-  const QStyle* undermost = &style;
-  while (const auto* const proxy = qobject_cast<const QProxyStyle*>(undermost)) undermost = proxy->baseStyle();
-  return undermost->name() == QLatin1String("fusion") && paint::IsDark(palette);
+  const QStyle* base = &style;
+  while (const auto* const proxy = qobject_cast<const QProxyStyle*>(base)) base = proxy->baseStyle();
+  return base->name() == QLatin1String("fusion") && paint::IsDark(palette);
 }
 
 bool IsPopUpEdge(QStyle::PrimitiveElement element, const QWidget* widget) {
@@ -73,7 +73,7 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
   const bool isHighlighted = element == CE_MenuBarItem && option->state.testFlag(State_Selected);
   if (!isBar || isHighlighted) return;
   constexpr int kBeyondTheGap = 2;
-  // A line on the lowest pixels of the bar reaches half a pixel above them.
+  // The line along the bottom of the bar extends half a pixel above the lowest pixels.
   constexpr int kBorderHeight = 2;
   QStyleOption bar(*option);
   bar.rect.adjust(-kBeyondTheGap, 0, kBeyondTheGap, 0);
@@ -88,7 +88,7 @@ void ProgramStyle::drawControl(ControlElement element, const QStyleOption* optio
 void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                  const QWidget* widget) const {
   painter->save();
-  if (element == PE_PanelButtonCommand && IsReduced(*painter)) LeanUnseen(*painter);
+  if (element == PE_PanelButtonCommand && IsReduced(*painter)) ShearInvisibly(*painter);
   DeferredIconStyle::drawPrimitive(element, option, painter, widget);
   painter->restore();
   if (!IsPopUpEdge(element, widget) || !NeedsEdges(*this, option->palette)) return;
@@ -101,7 +101,7 @@ void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOption
                                       const QWidget* widget) const {
   const bool isPicture = control == CC_ComboBox || control == CC_SpinBox || control == CC_Slider;
   painter->save();
-  if (isPicture && IsReduced(*painter)) LeanUnseen(*painter);
+  if (isPicture && IsReduced(*painter)) ShearInvisibly(*painter);
   DeferredIconStyle::drawComplexControl(control, option, painter, widget);
   painter->restore();
 }

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The application's style: the desktop's own (or the one that the command line or the environment asks for), with
-// Tonalith's palette for every window, so that menus, message boxes, lists and tool tips have the colours of the main
-// window. User-interface thread; never fails.
+// The application's style: the style of the desktop, the command line or the environment, with Tonalith's palette for
+// every window, so that menus, message boxes, lists and tooltips have the colours of the main window.
 
 #pragma once
 
@@ -18,25 +17,24 @@ class ProgramStyle : public platform::DeferredIconStyle {
   using DeferredIconStyle::DeferredIconStyle;
   using DeferredIconStyle::polish;
 
-  /// Called by Qt for every widget before it is first shown. Windows on a screen with less than one pixel for each of
-  /// theirs are painted at that size.
+  /// Called by Qt for every widget before it is first shown. Installs windows::ReducedPainting for scales below 1.
   void polish(QWidget* widget) override;
-  /// These two keep a style from shrinking pictures that it has painted at scale 1. The first also gives the pop-ups of
-  /// a dark palette a visible edge.
+  /// These two prevent a style from scaling down cached images of scale 1. The first also paints a visible edge around
+  /// pop-ups in a dark palette.
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget = nullptr) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                           const QWidget* widget = nullptr) const override;
-  /// Called by Qt for the palette of the system, at the start and whenever it changes.
+  /// Called by Qt for the palette of the system, at the start and after each change.
   void polish(QPalette& palette) override;
-  /// Separates the entries of a menu visibly in a dark palette, and closes the gaps that a style leaves in the border
-  /// of a menu bar, one after each entry, where the screen has more than one pixel for each of the widget.
+  /// Paints visible separators of menus in a dark palette. At scales above 1 it also closes the gaps that a style
+  /// leaves in the border of a menu bar after each entry.
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                    const QWidget* widget = nullptr) const override;
 };
 
-/// Puts a ProgramStyle over the style that `application` has found. Before an application exists the desktop's style is
-/// not known, and Qt would fall back to its oldest one.
+/// Wraps the current style of the application in a ProgramStyle. Needs the application: without one the desktop's style
+/// is not known, and Qt would use its oldest style.
 void InstallStyle(QApplication& application);
 
 }  // namespace tonalith::app

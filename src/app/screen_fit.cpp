@@ -26,8 +26,8 @@ constexpr const char* kScale = "QT_SCALE_FACTOR";
 constexpr const char* kScreenScales = "QT_SCREEN_SCALE_FACTORS";
 constexpr const char* kFontResolution = "QT_FONT_DPI";
 constexpr int kDotsAtScaleOne = 96;
-/// Holds the process that has started itself again, so that a program which it starts is not taken for it, and the
-/// scale setting that it was first started with.
+/// The environment variable of a restarted process: its process ID, so that child processes ignore the variable, and
+/// the original scale setting.
 constexpr const char* kRestarted = "TONALITH_RESTARTED_FOR_SCREEN";
 
 bool IsScale(const QByteArray& text, double unit) {
@@ -62,7 +62,7 @@ double ScaleThatFits(QSize window, QSize room) {
   if (window.isEmpty()) return 1;
   const double fits = std::min(static_cast<double>(room.width()) / window.width(),
                                static_cast<double>(room.height()) / window.height());
-  // Rounded down: a scale that is a little too large would call for scroll bars.
+  // Round down: a scale that is slightly too large would need scroll bars.
   constexpr double kSteps = 1000;
   return std::clamp(std::floor(fits * kSteps) / kSteps, kSmallestScale, 1.0);
 }
@@ -71,10 +71,10 @@ bool IsUsableScaleSetting(const std::string& name, const std::string& value) {
   const QByteArray text = QByteArray::fromStdString(value);
   if (text.isEmpty()) return true;
   if (name == kScale) return IsScale(text, 1);
-  // Qt takes 0 for "not set".
+  // For Qt 0 means "not set".
   if (name == kFontResolution) return text == "0" || IsScale(text, kDotsAtScaleOne);
   if (name != kScreenScales) return true;
-  // A scale for each screen, which may have its name before it.
+  // "scale;scale" or "name=scale;name=scale".
   const QList<QByteArray> screens = text.split(';');
   return std::all_of(screens.cbegin(), screens.cend(), [](const QByteArray& screen) {
     return screen.isEmpty() || IsScale(screen.mid(screen.lastIndexOf('=') + 1), 1);
@@ -117,26 +117,26 @@ ScreenFit::ScreenFit(int argc, char** argv) : arguments_(argv, argv + argc) {
 
 void ScreenFit::RestartIfTooLarge() const {
   if (isRestarted_) {
-    // Programs that this one opens have their own sizes.
+    // Programs that Tonalith starts must not inherit the smaller scale.
     firstScale_.empty() ? ::unsetenv(kScale) : ::setenv(kScale, firstScale_.c_str(), 1);
     return;
   }
   const QScreen* const screen = QGuiApplication::primaryScreen();
   const std::optional<QSize> room = windows::AvailableSize(screen);
-  // Asking for the menu bar's height takes its time, and most screens are large enough for any.
+  // Measuring the menu bar is slow, and most screens are large enough for any menu bar.
   constexpr int kHighMenuBar = 60;
   const QSize most(MainControls::kClientWidth, MainControls::ClientHeight() + kHighMenuBar);
   if (!room || most.boundedTo(*room) == most) return;
   const double scale = ScaleThatFits(ContentSize(), *room);
   if (scale >= 1) return;
   const std::string setting = ValueOf(kScale);
-  const double present = setting.empty() ? 1 : QByteArray::fromStdString(setting).trimmed().toDouble();
+  const double current = setting.empty() ? 1 : QByteArray::fromStdString(setting).trimmed().toDouble();
   std::vector<std::string> environment;
   for (char** entry = environ; *entry != nullptr; ++entry) {
     const std::string text(*entry);
     if (!text.starts_with(std::string(kScale) + '=')) environment.push_back(text);
   }
-  environment.push_back(kScale + ('=' + QByteArray::number(present * scale, 'g', 8).toStdString()));
+  environment.push_back(kScale + ('=' + QByteArray::number(current * scale, 'g', 8).toStdString()));
   environment.push_back(kRestarted + ('=' + std::to_string(::getpid()) + ':' + setting));
   for (const auto& [name, value] : startUp_) environment.emplace_back(name).append(1, '=').append(value);
   std::vector<std::string> arguments = arguments_;

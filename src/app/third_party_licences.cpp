@@ -5,13 +5,13 @@
 
 #include <QFile>
 
-/// The linker keeps a resource only if it is asked for, and Qt wants that outside every namespace.
-static void KeepNotices() { Q_INIT_RESOURCE(notices); }
+/// Makes the linker include the resource. Q_INIT_RESOURCE does not work inside a namespace.
+static void LinkResource() { Q_INIT_RESOURCE(notices); }
 
 namespace tonalith::app {
 
 QString NoticesText() {
-  KeepNotices();
+  LinkResource();
   QFile file(QStringLiteral(":/notices/third-party.md"));
   const bool isThere = file.open(QIODevice::ReadOnly | QIODevice::Text);
   Q_ASSERT(isThere);

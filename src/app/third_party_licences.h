@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The notices of what the program is built on: licences, authors, and where the source is. Compiled in from
-// content/notices, unpacked at each call and kept by nobody. Any thread; never fails.
+// The third-party licences: licences, authors and sources of the libraries and fonts that the program uses, compiled in
+// from content/notices. Any thread.
 
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace tonalith::app {
 
-/// In Markdown, without the comment at their top.
+/// Returns the text in Markdown, without the comment at its top. Not cached.
 [[nodiscard]] QString NoticesText();
 
 }  // namespace tonalith::app

@@ -15,7 +15,7 @@ namespace {
 bool Install(const QString& file, QCoreApplication& application) {
   auto translator = std::make_unique<QTranslator>(&application);
   if (!translator->load(file) || !QCoreApplication::installTranslator(translator.get())) return false;
-  // The application owns it from here on.
+  // The application is its parent and owns it.
   static_cast<void>(translator.release());
   return true;
 }

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The user's language. The program speaks English; a translation is a file translations/tonalith_<language>.qm beside
-// the content, and Qt's own words follow it where the system has them. A file that cannot be used counts as none.
-// User-interface thread, before the first window.
+// Translates the program, whose texts are English, by files translations/tonalith_<language>.qm in the content folder.
+// Qt's own texts are translated too if the system has them. Unusable files are ignored.
 
 #pragma once
 
@@ -15,12 +14,12 @@ class QCoreApplication;
 
 namespace tonalith::app {
 
-/// The languages' file names, most wanted first: "pt-BR" asks for pt_BR, then for pt. English needs no file and ends
-/// the list.
+/// Returns the languages as in file names, preferred first: "pt-BR" gives pt_BR, then pt. English needs no file and
+/// ends the list.
 [[nodiscard]] QStringList WantedTranslations(const QStringList& languages);
 
-/// Installs the first file that is there and can be read, until the application goes. Without the folder nothing is
-/// asked of the system.
+/// Installs the first readable file for the lifetime of `application`. Does nothing without a folder `translations`.
+/// Call before the first window is created.
 void InstallTranslation(const std::filesystem::path& contentFolder, const QLocale& locale,
                         QCoreApplication& application);
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The window that says what this program is, opened from the menu as its user does.
+// The About window, opened from the menu.
 
 #include <gmock/gmock.h>
 
@@ -56,13 +56,13 @@ class About : public MainWindowTest {
   QTextEdit& Notices() { return *Windows().first()->findChild<QTextEdit*>(QStringLiteral("txtNotices")); }
 };
 
-TEST_F(About, IsMadeWhenItIsAskedFor) {
+TEST_F(About, IsCreatedByItsCommand) {
   EXPECT_THAT(Windows(), SizeIs(0));
   EXPECT_TRUE(Open().isVisible());
   EXPECT_EQ(Windows().first()->windowTitle().toStdString(), "About Tonalith");
 }
 
-TEST_F(About, SaysNameVersionPurposeAndLicence) {
+TEST_F(About, ShowsNameVersionPurposeAndLicence) {
   Open();
   EXPECT_EQ(TextOf("lblName"), "Tonalith");
   ASSERT_NE(ProjectVersion(), "");
@@ -80,7 +80,7 @@ TEST_F(About, HasTheFolderOfTheDataAsTextToCopy) {
   EXPECT_EQ(folder->selectedText().toStdString(), temp_.Path().string());
 }
 
-TEST_F(About, TellsWhatItIsBuiltOnWithTheLicenceThatAsksForIt) {
+TEST_F(About, ShowsThirdPartyLicences) {
   Open();
   const std::string notices = Notices().toPlainText().toStdString();
   for (const char* const name :
@@ -94,7 +94,7 @@ TEST_F(About, TellsWhatItIsBuiltOnWithTheLicenceThatAsksForIt) {
   EXPECT_TRUE(Notices().textInteractionFlags().testFlag(Qt::TextSelectableByKeyboard));
 }
 
-TEST_F(About, NamesEveryLibraryAndFontThatTheProgramRunsOn) {
+TEST_F(About, NamesEveryLibraryAndFontThatTheProgramUses) {
   const std::string notices = NoticesText().toStdString();
   std::istringstream packages(TextOfFile("tools/packages.tsv"));
   const std::map<std::string, std::string> named = {{"qt6-base-dev", "qt6-base"},
@@ -126,12 +126,12 @@ TEST_F(About, ASecondClickShowsTheSameWindow) {
   EXPECT_THAT(Windows(), SizeIs(1));
 }
 
-TEST_F(About, IsModalToItsWindowAlone) {
+TEST_F(About, IsModalToItsOwnerOnly) {
   EXPECT_EQ(Open().windowModality(), Qt::WindowModal);
   EXPECT_EQ(Open().parentWidget(), &Window());
 }
 
-TEST_F(About, ClosesByEscapeAndByItsButtonAndIsGoneThen) {
+TEST_F(About, EscapeAndTheCloseButtonDeleteIt) {
   QTest::keyClick(&Open(), Qt::Key_Escape);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_THAT(Windows(), SizeIs(0));
@@ -141,7 +141,7 @@ TEST_F(About, ClosesByEscapeAndByItsButtonAndIsGoneThen) {
   EXPECT_THAT(Windows(), SizeIs(0));
 }
 
-TEST_F(About, OpensAnewRightAfterItWasClosed) {
+TEST_F(About, OpensAgainRightAfterItWasClosed) {
   const QPointer<frmAbout> first(&Open());
   first->close();
   Window().Menu().mAbout->trigger();
@@ -150,13 +150,13 @@ TEST_F(About, OpensAnewRightAfterItWasClosed) {
   EXPECT_EQ(shown, 1);
 }
 
-TEST_F(About, GoesWithItsWindow) {
+TEST_F(About, IsDeletedWithItsOwner) {
   const QPointer<frmAbout> about(&Open());
   Window().close();
   EXPECT_TRUE(about.isNull());
 }
 
-TEST_F(About, IsWalkedByTabFromTheFolderOverTheNoticesToTheButton) {
+TEST_F(About, TabOrderIsFolderLicencesButton) {
   frmAbout& about = Open();
   about.findChild<QWidget*>(QStringLiteral("txtFolder"))->setFocus();
   std::vector<std::string> stops;
@@ -168,18 +168,18 @@ TEST_F(About, IsWalkedByTabFromTheFolderOverTheNoticesToTheButton) {
   EXPECT_THAT(stops, ElementsAre("txtFolder", "txtNotices", "cmdClose"));
 }
 
-TEST_F(About, EveryStopHasAName) {
+TEST_F(About, EveryTextBoxHasAnAccessibleName) {
   for (const char* const name : {"txtFolder", "txtNotices"}) {
     EXPECT_FALSE(Open().findChild<QWidget*>(QLatin1String(name))->accessibleName().isEmpty()) << name;
   }
 }
 
-TEST_F(About, FollowsTheThemeWhileItIsOpenAndKeepsTheNoticesReadable) {
+TEST_F(About, FollowsTheThemeWhileItIsOpen) {
   frmAbout& about = Open();
-  for (const QColor& ground : {QColor(0x30, 0x30, 0x30), QColor(0xe8, 0xe8, 0xe8)}) {
-    const QPalette system(ground);
+  for (const QColor& background : {QColor(0x30, 0x30, 0x30), QColor(0xe8, 0xe8, 0xe8)}) {
+    const QPalette system(background);
     QApplication::setPalette(system);
-    // Qt tells windows of a new palette only while the application's own loop runs.
+    // Qt notifies windows of a new palette only while the application's own loop runs.
     QEvent change(QEvent::ApplicationPaletteChange);
     QCoreApplication::sendEvent(&about, &change);
     const QPalette warm = paint::WarmPalette(system);

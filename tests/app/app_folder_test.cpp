@@ -20,7 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr unsigned kNobody = 65534;
+constexpr unsigned kUnprivileged = 65534;
 constexpr fs::perms kAnyWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
 
 void Write(const fs::path& path, const std::string& text) {
@@ -34,12 +34,12 @@ std::string Read(const fs::path& path) {
   return text.str();
 }
 
-/// Runs `step` in a process of an ordinary user, for whom permissions count, and gives its exit code.
+/// Runs `step` in a child process of an ordinary user, since root ignores permissions. Returns its exit code.
 template <class Step>
 int AsOrdinaryUser(Step step) {
   const pid_t child = fork();
   if (child == 0) {
-    if (getuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0)) _exit(99);
+    if (getuid() == 0 && (setgid(kUnprivileged) != 0 || setuid(kUnprivileged) != 0)) _exit(99);
     try {
       _exit(step());
     } catch (const std::exception& failure) {
@@ -72,19 +72,19 @@ class AppFolder : public testing::Test {
   fs::path home_ = temp_.Path() / "home";
 };
 
-TEST_F(AppFolder, IsTheProgramsOwnFolderWhereThatCanBeWritten) {
+TEST_F(AppFolder, IsTheProgramsFolderIfItIsWritable) {
   EXPECT_EQ(ResolveAppFolder(Folders()), program_);
   EXPECT_FALSE(fs::exists(home_ / "tonalith"));
 }
 
-TEST_F(AppFolder, ReadOnlyProgramFolderGivesAFolderOfTheUsersFilledOnce) {
+TEST_F(AppFolder, ReadOnlyProgramFolderIsCopiedToAUserFolder) {
   MakeProgramReadOnly();
   EXPECT_EQ(AsOrdinaryUser([&] { return ResolveAppFolder(Folders()) == home_ / "tonalith" ? 0 : 1; }), 0);
   EXPECT_EQ(Read(home_ / "tonalith" / "TonalithDB97.mdb"), "shipped");
   EXPECT_EQ(Read(home_ / "tonalith" / "Octaves" / "4.wav"), "low E");
 }
 
-TEST_F(AppFolder, SecondStartKeepsTheUsersDatabaseAndFillsWhatIsMissing) {
+TEST_F(AppFolder, SecondStartKeepsTheDatabaseAndAddsMissingFiles) {
   MakeProgramReadOnly();
   Write(home_ / "tonalith" / "TonalithDB97.mdb", "the user's own scales");
   fs::permissions(home_ / "tonalith", fs::perms::all);
@@ -93,7 +93,7 @@ TEST_F(AppFolder, SecondStartKeepsTheUsersDatabaseAndFillsWhatIsMissing) {
   EXPECT_TRUE(fs::exists(home_ / "tonalith" / "Octaves" / "4.wav"));
 }
 
-TEST_F(AppFolder, CopiedDatabaseCanBeWrittenThoughTheInstalledOneCannot) {
+TEST_F(AppFolder, CopyOfAReadOnlyDatabaseIsWritable) {
   MakeProgramReadOnly();
   AsOrdinaryUser([&] { return ResolveAppFolder(Folders()).empty() ? 1 : 0; });
   const int result =
@@ -101,7 +101,7 @@ TEST_F(AppFolder, CopiedDatabaseCanBeWrittenThoughTheInstalledOneCannot) {
   EXPECT_EQ(result, 0);
 }
 
-/// An installation: the program in one folder, its content in another. Root may write to both and must not.
+/// An installation: the program in one folder, its content in another. The program must not write to either.
 class Installation : public AppFolder {
  protected:
   Installation() {
@@ -112,7 +112,7 @@ class Installation : public AppFolder {
     Write(shared_ / "Audio" / "0.wav", "C");
   }
   fs::path Resolve() { return ResolveAppFolder({bin_, FindContentFolder(bin_), home_}); }
-  /// Installs a later state of a file.
+  /// Installs a newer version of a file.
   static void Upgrade(const fs::path& path, const std::string& text) {
     const fs::file_time_type before = fs::last_write_time(path);
     Write(path, text);
@@ -124,19 +124,19 @@ class Installation : public AppFolder {
   fs::path own_ = home_ / "tonalith";
 };
 
-TEST_F(Installation, ContentIsBesideTheProgramOrInTheSharedFolder) {
+TEST_F(Installation, ContentIsInTheProgramsFolderOrInTheSharedFolder) {
   EXPECT_EQ(FindContentFolder(bin_), shared_);
   EXPECT_EQ(FindContentFolder(program_), program_);
   EXPECT_EQ(FindContentFolder(temp_.Path() / "nowhere" / "bin"), temp_.Path() / "nowhere" / "bin");
 }
 
-TEST_F(Installation, GivesEveryUserAFolderEvenWhereTheProgramsOwnCouldBeWritten) {
+TEST_F(Installation, UsesAUserFolderEvenIfTheProgramsFolderIsWritable) {
   EXPECT_EQ(Resolve(), own_);
   EXPECT_EQ(Read(own_ / "TonalithDB97.mdb"), "shipped");
   EXPECT_FALSE(fs::exists(bin_ / "TonalithDB97.mdb"));
 }
 
-TEST_F(Installation, NewerOneBringsItsHelpAndLeavesWhatIsTheUsers) {
+TEST_F(Installation, NewerOneReplacesTheHelpButNoUserData) {
   Resolve();
   Write(own_ / "TonalithDB97.mdb", "the user's own scales");
   fs::remove(own_ / "DataPacks" / "jazz.mdb");
@@ -150,11 +150,11 @@ TEST_F(Installation, NewerOneBringsItsHelpAndLeavesWhatIsTheUsers) {
   EXPECT_EQ(Read(own_ / "TonalithDB97.mdb"), "the user's own scales");
   EXPECT_EQ(Read(own_ / "Audio" / "0.wav"), "the user's own C");
   EXPECT_EQ(Read(own_ / "TLHELP.chm"), "of tomorrow");
-  EXPECT_FALSE(fs::exists(own_ / "DataPacks" / "jazz.mdb")) << "taken out by the user";
+  EXPECT_FALSE(fs::exists(own_ / "DataPacks" / "jazz.mdb")) << "deleted by the user";
   EXPECT_EQ(Read(own_ / "DataPacks" / "world.mdb"), "the user's own pack");
 }
 
-TEST_F(Installation, NewerOneBringsTheRecordingsThatTheUserHasNotChanged) {
+TEST_F(Installation, NewerOneReplacesOnlyUnchangedRecordings) {
   const std::string today = voice::RenderScaleNote(60);
   const std::string tomorrow = voice::RenderScaleNote(62);
   for (const char* const name : {"0.wav", "1.wav", "2.wav", "3.wav"}) Write(shared_ / "Audio" / name, today);
@@ -169,12 +169,12 @@ TEST_F(Installation, NewerOneBringsTheRecordingsThatTheUserHasNotChanged) {
   Resolve();
   EXPECT_TRUE(Read(own_ / "Audio" / "0.wav") == tomorrow);
   EXPECT_TRUE(Read(own_ / "Audio" / "1.wav") == changed) << "changed by the user, though older";
-  EXPECT_FALSE(fs::exists(own_ / "Audio" / "2.wav")) << "taken out by the user";
+  EXPECT_FALSE(fs::exists(own_ / "Audio" / "2.wav")) << "deleted by the user";
   EXPECT_TRUE(Read(own_ / "Audio" / "3.wav") == today);
   EXPECT_FALSE(fs::exists(own_ / "Audio" / "0.wav.part"));
 }
 
-TEST_F(Installation, OneOfTheSameAgeLeavesTheRecordings) {
+TEST_F(Installation, OneOfTheSameAgeKeepsTheRecordings) {
   Write(shared_ / "Audio" / "0.wav", voice::RenderScaleNote(60));
   Resolve();
   const std::string copy = voice::RenderScaleNote(62);
@@ -184,7 +184,7 @@ TEST_F(Installation, OneOfTheSameAgeLeavesTheRecordings) {
   EXPECT_TRUE(Read(own_ / "Audio" / "0.wav") == copy);
 }
 
-TEST_F(Installation, NewerHelpThatCannotBeTakenKeepsNobodyFromTheLibrary) {
+TEST_F(Installation, HelpThatCannotBeReplacedDoesNotPreventTheStart) {
   Resolve();
   Upgrade(shared_ / "TLHELP.chm", "of tomorrow");
   fs::permissions(own_, kAnyWrite, fs::perm_options::remove);
@@ -192,14 +192,14 @@ TEST_F(Installation, NewerHelpThatCannotBeTakenKeepsNobodyFromTheLibrary) {
   EXPECT_EQ(Read(own_ / "TLHELP.chm"), "help of today");
 }
 
-TEST_F(Installation, TheSameOneCopiesNothingAgain) {
+TEST_F(Installation, SameOneCopiesNothingAgain) {
   Resolve();
   Write(own_ / "TLHELP.chm", "changed by the user");
   Resolve();
   EXPECT_EQ(Read(own_ / "TLHELP.chm"), "changed by the user");
 }
 
-TEST_F(Installation, WhatAStartThatWasCutShortHasLeftIsMadeAnew) {
+TEST_F(Installation, PartialCopiesOfAnInterruptedStartAreReplaced) {
   Write(own_ / "TonalithDB97.mdb.part", "hal");
   Write(own_ / "Audio.part" / "0.wav", "hal");
   EXPECT_EQ(Resolve(), own_);
@@ -208,7 +208,7 @@ TEST_F(Installation, WhatAStartThatWasCutShortHasLeftIsMadeAnew) {
   for (const char* const name : {"TonalithDB97.mdb.part", "Audio.part"}) EXPECT_FALSE(fs::exists(own_ / name)) << name;
 }
 
-TEST_F(Installation, HelpOfTheSameAgeIsNotTakenAgain) {
+TEST_F(Installation, HelpOfTheSameAgeIsNotCopiedAgain) {
   Resolve();
   const fs::file_time_type installed = fs::last_write_time(shared_ / "TLHELP.chm");
   ASSERT_EQ(fs::last_write_time(own_ / "TLHELP.chm"), installed);
@@ -218,7 +218,7 @@ TEST_F(Installation, HelpOfTheSameAgeIsNotTakenAgain) {
   EXPECT_EQ(Read(own_ / "TLHELP.chm"), "the copy");
 }
 
-TEST_F(AppFolder, NoPlaceForTheUsersFolderIsAFailureThatNamesIt) {
+TEST_F(AppFolder, FailureToCreateTheUserFolderNamesThePath) {
   MakeProgramReadOnly();
   fs::permissions(home_, kAnyWrite, fs::perm_options::remove);
   const int result = AsOrdinaryUser([&] {

@@ -27,7 +27,7 @@ class KeyBoxTest : public testing::Test {
     box_.lineEdit()->selectAll();
     QTest::keyClicks(&box_, QLatin1String(text));
   }
-  /// The item that a text selects when Enter is pressed after it.
+  /// Returns the text and the index after `text` and Enter.
   std::string Enter(const char* text) {
     box_.Choose(0);
     Type("");
@@ -43,7 +43,7 @@ class KeyBoxTest : public testing::Test {
     QFocusEvent event(QEvent::FocusOut, reason);
     QApplication::sendEvent(&box_, &event);
   }
-  /// Sends one notch of the wheel towards the user.
+  /// Sends one step of the wheel towards the user; returns whether the box accepts it.
   bool TurnWheel() {
     QWheelEvent event(QPointF(5, 5), box_.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
@@ -53,16 +53,16 @@ class KeyBoxTest : public testing::Test {
   KeyBox box_;
 };
 
-TEST_F(KeyBoxTest, LeavesTheKeyOfTheEditorToTheWindow) {
-  // Whether a text box wants Ctrl+E differs from desktop to desktop; one that does accepts this event.
-  const auto isKept = [this](int key, Qt::KeyboardModifiers modifiers) {
+TEST_F(KeyBoxTest, LeavesTheShortcutOfTheEditorToTheWindow) {
+  // Some desktops use Ctrl+E in text boxes; such a text box accepts this event.
+  const auto isAccepted = [this](int key, Qt::KeyboardModifiers modifiers) {
     QKeyEvent event(QEvent::ShortcutOverride, key, modifiers);
     event.accept();
     QApplication::sendEvent(&box_, &event);
     return event.isAccepted();
   };
-  EXPECT_FALSE(isKept(Qt::Key_E, Qt::ControlModifier));
-  EXPECT_TRUE(isKept(Qt::Key_E, Qt::NoModifier));
+  EXPECT_FALSE(isAccepted(Qt::Key_E, Qt::ControlModifier));
+  EXPECT_TRUE(isAccepted(Qt::Key_E, Qt::NoModifier));
 }
 
 TEST_F(KeyBoxTest, TypingAnExactNoteNameSelectsItsItem) {
@@ -72,7 +72,7 @@ TEST_F(KeyBoxTest, TypingAnExactNoteNameSelectsItsItem) {
   EXPECT_EQ(box_.ListIndex(), 6);
 }
 
-TEST_F(KeyBoxTest, TheListIsWrittenLikeTheBox) {
+TEST_F(KeyBoxTest, ListHasTheFontOfTheBox) {
   box_.show();
   box_.showPopup();
   EXPECT_EQ(box_.view()->font().pixelSize(), 14);
@@ -93,27 +93,27 @@ TEST_F(KeyBoxTest, LowerCaseIsNotCompletedToANoteName) {
   EXPECT_EQ(box_.ListIndex(), 0);
 }
 
-TEST_F(KeyBoxTest, EveryKeyLetGoIsOneNotice) {
+TEST_F(KeyBoxTest, EveryKeyReleaseEmitsOneSignal) {
   const QSignalSpy released(&box_, &KeyBox::KeyReleased);
   Type("A#");
   EXPECT_EQ(released.count(), 2);
 }
 
-TEST_F(KeyBoxTest, ChoosingAnItemIsOneClick) {
+TEST_F(KeyBoxTest, ChoosingAnItemEmitsClickedOnce) {
   const QSignalSpy clicked(&box_, &KeyBox::Clicked);
   box_.Choose(2);
   EXPECT_EQ(clicked.count(), 1);
   EXPECT_EQ(box_.currentText().toStdString(), "D");
 }
 
-TEST_F(KeyBoxTest, ArrowDownInTheBoxSelectsTheNextKeyAndTells) {
+TEST_F(KeyBoxTest, DownKeySelectsTheNextItemAndEmitsClicked) {
   const QSignalSpy clicked(&box_, &KeyBox::Clicked);
   QTest::keyClick(&box_, Qt::Key_Down);
   EXPECT_EQ(box_.currentText().toStdString(), "C#");
   EXPECT_EQ(clicked.count(), 1);
 }
 
-TEST_F(KeyBoxTest, EnterSelectsTheNoteThatTheTextMeans) {
+TEST_F(KeyBoxTest, EnterSelectsTheItemOfTheTypedNote) {
   EXPECT_EQ(Enter("g"), "G 7");
   EXPECT_EQ(Enter("Bb"), "A# 10");
   EXPECT_EQ(Enter("b\u266D"), "A# 10");
@@ -125,7 +125,7 @@ TEST_F(KeyBoxTest, EnterSelectsTheNoteThatTheTextMeans) {
   EXPECT_EQ(Enter("Hello"), "Hello 0");
 }
 
-TEST_F(KeyBoxTest, EnterOnAMeantNoteIsOneClick) {
+TEST_F(KeyBoxTest, EnterAfterATypedNoteEmitsClickedOnce) {
   Type("bb");
   const QSignalSpy clicked(&box_, &KeyBox::Clicked);
   QTest::keyClick(&box_, Qt::Key_Enter);
@@ -133,7 +133,7 @@ TEST_F(KeyBoxTest, EnterOnAMeantNoteIsOneClick) {
   EXPECT_EQ(box_.currentIndex(), 10);
 }
 
-TEST_F(KeyBoxTest, LeavingTheBoxSelectsTheNoteThatTheTextMeans) {
+TEST_F(KeyBoxTest, LeavingTheBoxSelectsTheItemOfTheTypedNote) {
   Type("eb");
   const QSignalSpy clicked(&box_, &KeyBox::Clicked);
   EXPECT_EQ(box_.currentText().toStdString(), "eb");
@@ -150,7 +150,7 @@ TEST_F(KeyBoxTest, OpeningTheListDoesNotSelectTheTypedNote) {
   EXPECT_EQ(box_.currentText().toStdString(), "eb");
 }
 
-TEST_F(KeyBoxTest, MessageAboutALetterDoesNotEndTheTyping) {
+TEST_F(KeyBoxTest, MessageBoxDuringTypingDoesNotSelectAnItem) {
   QObject::connect(&box_, &KeyBox::KeyReleased, &box_, [this] { Leave(Qt::ActiveWindowFocusReason); });
   Type("b");
   EXPECT_EQ(box_.currentText().toStdString(), "b");
@@ -158,14 +158,14 @@ TEST_F(KeyBoxTest, MessageAboutALetterDoesNotEndTheTyping) {
   EXPECT_EQ(box_.currentText().toStdString(), "bb");
 }
 
-TEST_F(KeyBoxTest, ReleaseWithoutAPressInTheBoxIsNoNotice) {
+TEST_F(KeyBoxTest, ReleaseWithoutAPressEmitsNoSignal) {
   const QSignalSpy released(&box_, &KeyBox::KeyReleased);
   Send(QEvent::KeyRelease, Qt::Key_Return, 36);
   Send(QEvent::KeyRelease, Qt::Key_Escape);
   EXPECT_EQ(released.count(), 0);
 }
 
-TEST_F(KeyBoxTest, ReleaseAfterTheFocusWasElsewhereIsNoNotice) {
+TEST_F(KeyBoxTest, ReleaseAfterALossOfFocusEmitsNoSignal) {
   const QSignalSpy released(&box_, &KeyBox::KeyReleased);
   Send(QEvent::KeyPress, Qt::Key_Return, 36);
   Leave(Qt::ActiveWindowFocusReason);
@@ -173,7 +173,7 @@ TEST_F(KeyBoxTest, ReleaseAfterTheFocusWasElsewhereIsNoNotice) {
   EXPECT_EQ(released.count(), 0);
 }
 
-TEST_F(KeyBoxTest, ReleaseIsKnownByItsKeyAlsoWhenShiftIsReleasedFirst) {
+TEST_F(KeyBoxTest, ReleaseIsRecognisedIfShiftIsReleasedFirst) {
   const QSignalSpy released(&box_, &KeyBox::KeyReleased);
   Send(QEvent::KeyPress, Qt::Key_NumberSign, 12);
   Send(QEvent::KeyRelease, Qt::Key_3, 12);
@@ -182,7 +182,7 @@ TEST_F(KeyBoxTest, ReleaseIsKnownByItsKeyAlsoWhenShiftIsReleasedFirst) {
   EXPECT_EQ(released.count(), 1);
 }
 
-TEST_F(KeyBoxTest, ReleaseCountsWhenAnInputMethodHasTakenThePress) {
+TEST_F(KeyBoxTest, ReleaseCountsIfAnInputMethodConsumedThePress) {
   const QSignalSpy released(&box_, &KeyBox::KeyReleased);
   QInputMethodEvent composed;
   composed.setCommitString(QStringLiteral("F#"));
@@ -193,7 +193,7 @@ TEST_F(KeyBoxTest, ReleaseCountsWhenAnInputMethodHasTakenThePress) {
   EXPECT_EQ(box_.currentIndex(), 6);
 }
 
-TEST_F(KeyBoxTest, TextThatMeansNoNoteIsMarkedAndDescribed) {
+TEST_F(KeyBoxTest, TextThatIsNoNoteIsMarkedAndDescribed) {
   box_.SetDescription(QStringLiteral("The key."));
   const QImage plain = box_.grab().toImage();
   box_.setEditText(QStringLiteral("Bb"));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The neck while a scale plays on the silent device.
+// The neck while a scale is played on the silent device.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 class LitPlayback : public MainWindowTest {};
 
-TEST_F(LitPlayback, LightsEachDiscWhileItSoundsWithoutASoundDevice) {
+TEST_F(LitPlayback, HighlightsEachDiscWhileItsNoteSounds) {
   MakeDatabase({{"Fifth", "75"}});
   fs::create_directory(temp_.Path() / "Audio");
   const testing::Bytes wave = testing::Wave({}, testing::Number(0, 2 * 44100 / 10));
@@ -32,8 +32,8 @@ TEST_F(LitPlayback, LightsEachDiscWhileItSoundsWithoutASoundDevice) {
   }
   Start();
   std::vector<std::string> lit;
-  QTimer look;
-  QObject::connect(&look, &QTimer::timeout, [&] {
+  QTimer polling;
+  QObject::connect(&polling, &QTimer::timeout, [&] {
     for (int index = 0; index < 96; ++index) {
       const views::NoteImage& image = C().fretboard->Image(index);
       if (!image.IsLit()) continue;
@@ -42,7 +42,7 @@ TEST_F(LitPlayback, LightsEachDiscWhileItSoundsWithoutASoundDevice) {
       if (lit.empty() || lit.back() != name) lit.push_back(name);
     }
   });
-  look.start(2);
+  polling.start(2);
   QTest::mouseClick(C().cmdListen, Qt::LeftButton);
   EXPECT_THAT(lit, ::testing::ElementsAre("img8", "img3", "img8")) << "C, G, C on the first string; " << box_.Texts();
   for (int index = 0; index < 96; ++index) EXPECT_FALSE(C().fretboard->Image(index).IsLit()) << index;

@@ -20,14 +20,14 @@ using testing::IsEmpty;
 class ScriptedDrives : public platform::NetworkDrives {
  public:
   [[nodiscard]] std::optional<platform::NetworkConnection> ConnectionOf(const std::string& drive) const override {
-    asked_.push_back(drive);
+    queried_.push_back(drive);
     const auto found = shares_.find(drive);
     if (found == shares_.end()) return std::nullopt;
-    // The system's answer carries its terminator, and whatever the buffer held behind it.
+    // The system returns the whole buffer: the name, its terminator and arbitrary bytes.
     return platform::NetworkConnection{found->second + '\0' + "rest", found->second.size() + 1};
   }
   std::map<std::string, std::string> shares_;
-  mutable std::vector<std::string> asked_;
+  mutable std::vector<std::string> queried_;
 };
 
 class ScriptedDirectory : public platform::WorkingDirectory {
@@ -52,20 +52,20 @@ class StartUp : public testing::Test {
   tests::RecordingMsgBox box_;
 };
 
-TEST_F(StartUp, DriveOfAShareIsTheFirstLetterThatIsMappedToItInAnyCase) {
+TEST_F(StartUp, DriveOfAShareIsTheFirstMappedLetterIgnoringCase) {
   drives_.shares_ = {{"C:", "\\\\host\\other"}, {"M:", "\\\\Host\\Music"}, {"Z:", "\\\\host\\music"}};
   EXPECT_EQ(FindDriveForShare("\\\\HOST\\music", drives_), "M:");
-  EXPECT_EQ(drives_.asked_.front(), "A:");
-  EXPECT_EQ(drives_.asked_.back(), "M:");
+  EXPECT_EQ(drives_.queried_.front(), "A:");
+  EXPECT_EQ(drives_.queried_.back(), "M:");
 }
 
 TEST_F(StartUp, FolderInsideAShareFindsNoDrive) {
   drives_.shares_ = {{"M:", "\\\\host\\music"}};
   EXPECT_EQ(FindDriveForShare("\\\\host\\music\\tonalith", drives_), "");
-  EXPECT_EQ(drives_.asked_.size(), 26U);
+  EXPECT_EQ(drives_.queried_.size(), 26U);
 }
 
-TEST_F(StartUp, ShareMovesToTheRootOfItsDrive) {
+TEST_F(StartUp, ShareBecomesTheRootOfItsDrive) {
   drives_.shares_ = {{"M:", "\\\\host\\music"}};
   Move("\\\\host\\music");
   EXPECT_THAT(directory_.log_, ElementsAre("drive M:", "directory M:/"));
@@ -85,17 +85,17 @@ TEST_F(StartUp, FolderOnADriveMakesItsDriveCurrentFirst) {
 TEST_F(StartUp, AbsolutePathOfThisSystemBecomesTheWorkingDirectory) {
   Move("/opt/tonalith");
   EXPECT_THAT(directory_.log_, ElementsAre("directory /opt/tonalith"));
-  EXPECT_THAT(drives_.asked_, IsEmpty());
+  EXPECT_THAT(drives_.queried_, IsEmpty());
 }
 
-TEST_F(StartUp, RelativeAndEmptyFoldersAreLeftAlone) {
+TEST_F(StartUp, RelativeAndEmptyFoldersAreIgnored) {
   Move("tonalith");
   Move("");
   EXPECT_THAT(directory_.log_, IsEmpty());
   EXPECT_THAT(box_.Messages(), IsEmpty());
 }
 
-TEST_F(StartUp, FailureIsAPlainMessageAndTheNextStepStillRuns) {
+TEST_F(StartUp, FailureIsShownAndTheNextStepRuns) {
   directory_.failing_ = "C:";
   Move("C:\\Tonalith");
   EXPECT_THAT(directory_.log_, ElementsAre("directory C:\\Tonalith"));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Bad databases and bad input: the window comes up, says what is wrong, stays usable and loses nothing.
+// Bad databases and bad input: the window opens, reports the failure, is still usable and loses no data.
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
@@ -61,10 +61,10 @@ TEST_F(BadInput, MissingDatabaseIsOneCriticalMessageAndAnEmptyWindow) {
   Start();
   ExpectOneCriticalMessageThatNamesTheFile();
   ExpectUsableAndEmpty();
-  EXPECT_FALSE(fs::exists(Path("TonalithDB97.mdb"))) << "looking for a database must not make one";
+  EXPECT_FALSE(fs::exists(Path("TonalithDB97.mdb"))) << "a failed open must not create a database";
 }
 
-TEST_F(BadInput, FileThatIsNoDatabaseIsOneCriticalMessageAndStaysAsItIs) {
+TEST_F(BadInput, FileThatIsNoDatabaseIsReportedAndUnchanged) {
   const std::string noise(5000, 'x');
   WriteDatabaseFile(noise);
   Start();
@@ -98,7 +98,7 @@ TEST_F(BadInput, TruncatedDatabaseIsReportedAndKept) {
   EXPECT_EQ(fs::file_size(Path("TonalithDB97.mdb")), 4196U);
 }
 
-TEST_F(BadInput, UpdateBindsADatabaseThatWasPutInPlaceAfterTheStart) {
+TEST_F(BadInput, UpdateBindsADatabaseAddedAfterTheStart) {
   Start();
   box_.Forget();
   MakeDatabase({{"Late", "2212221"}});
@@ -117,7 +117,7 @@ TEST_F(BadInput, EmptyTablesAreNoFailure) {
   ExpectUsableAndEmpty();
 }
 
-TEST_F(BadInput, KeyThatClosedAMessageBoxRaisesNoSecondOne) {
+TEST_F(BadInput, KeyThatClosesAMessageBoxShowsNoSecondOne) {
   ShowFirst({{"Null", std::nullopt}});
   box_.Forget();
   QTest::keyClick(C().cmbTranspose, Qt::Key_D);
@@ -128,7 +128,7 @@ TEST_F(BadInput, KeyThatClosedAMessageBoxRaisesNoSecondOne) {
   }
 }
 
-TEST_F(BadInput, NullPatternIsToldWithNumberAndDescriptionAndTheNextRecordIsFine) {
+TEST_F(BadInput, NullPatternIsReportedAndTheNextRecordIsShown) {
   EXPECT_EQ(ShowFirst({{"Null", std::nullopt}, {"Major", "2212221"}}), "9 Subscript out of range\n");
   EXPECT_EQ(StringNotes(1), "");
   box_.Forget();
@@ -143,13 +143,13 @@ TEST_F(BadInput, EmptyPatternIsAScaleOfOneNote) {
   EXPECT_EQ(Text(C().lblTranspose), "Scale Steps: ");
 }
 
-TEST_F(BadInput, CharacterThatIsNoDigitIsToldOnceARefresh) {
+TEST_F(BadInput, NonDigitIsReportedOncePerRefresh) {
   EXPECT_EQ(ShowFirst({{"Bad", "22x2221"}}), "13 Type mismatch\n");
   EXPECT_EQ(StringNotes(1), "");
   EXPECT_EQ(Text(C().lblTranspose), "Scale Steps:   T  T  T  T  T  S");
 }
 
-TEST_F(BadInput, SumPastTheTableIsToldOnceARefresh) {
+TEST_F(BadInput, SumPastTheTableIsReportedOncePerRefresh) {
   EXPECT_EQ(ShowFirst({{"Huge", "9999"}}), "9 Subscript out of range\n");
   box_.Forget();
   C().cmbTranspose->Choose(1);
@@ -162,7 +162,7 @@ TEST_F(BadInput, PatternOfMoreThanThreeOctavesIsShownAsDamaged) {
     database_.reset();
     fs::remove(Path("TonalithDB97.mdb"));
     const auto started = std::chrono::steady_clock::now();
-    EXPECT_EQ(ShowFirst({{"Long", pattern}, {"Major", "2212221"}}), "") << "nothing is in the way of the window";
+    EXPECT_EQ(ShowFirst({{"Long", pattern}, {"Major", "2212221"}}), "") << "no message";
     EXPECT_EQ(Text(C().lblTranspose), "Scale Steps:   This scale is damaged: its pattern has more than 36 steps.");
     EXPECT_FALSE(C().lblTranspose->IsElided());
     EXPECT_EQ(Text(C().lblScaleNotes), "Scale Notes");
@@ -190,13 +190,13 @@ TEST_F(BadInput, PatternOfThreeOctavesIsNotDamaged) {
   EXPECT_TRUE(C().cmdListen->isEnabled());
 }
 
-TEST_F(BadInput, TextsOfMegabytesAreShortenedForDisplayAndStayInTheLibrary) {
+TEST_F(BadInput, TextsOfMegabytesAreTruncatedForDisplayOnly) {
   const std::string huge(5U << 20U, 'm');
   EXPECT_EQ(ShowFirst({{huge, "2212221", huge}}), "");
   EXPECT_EQ(Text(C().Label1).size(), 1019U + 3);
   EXPECT_THAT(Text(C().Label1), testing::EndsWith("m\xE2\x80\xA6"));
   EXPECT_EQ(C().lblScaleDescription->text().size(), 8000);
-  EXPECT_EQ(Text(C().lblScaleNotes), " C D E F G A B") << "the pattern is looked up by the whole name";
+  EXPECT_EQ(Text(C().lblScaleNotes), " C D E F G A B") << "the pattern is looked up by the complete name";
   const auto started = std::chrono::steady_clock::now();
   Window().grab();
   C().cmbTranspose->Choose(3);
@@ -206,7 +206,7 @@ TEST_F(BadInput, TextsOfMegabytesAreShortenedForDisplayAndStayInTheLibrary) {
             std::int64_t{2} * 5 * 1024 * 1024);
 }
 
-TEST_F(BadInput, NamesWithQuotesPercentsAndForeignLettersAreShownAsTheyStand) {
+TEST_F(BadInput, NamesWithSpecialCharactersAreShownUnchanged) {
   const std::vector<TestScale> scales = {{"O'Neil's \"blue\" 100% scale; --", "2212221"},
                                          {"G\xC3\xB6khan \xE2\x99\xAF <b>bold</b> &amp;", "345"}};
   EXPECT_EQ(ShowFirst(scales), "");
@@ -218,7 +218,7 @@ TEST_F(BadInput, NamesWithQuotesPercentsAndForeignLettersAreShownAsTheyStand) {
   EXPECT_EQ(C().Label1->textFormat(), Qt::PlainText);
 }
 
-TEST_F(BadInput, LongNameAndDescriptionAreSetSmallerAndNeverRunOutOfTheirBox) {
+TEST_F(BadInput, LongTextsAreShownSmallerAndElided) {
   EXPECT_EQ(ShowFirst({{std::string(250, 'W'), "2212221", std::string(5000, 'm')}}), "");
   EXPECT_EQ(C().Label1->FittedPixelSize(), 15);
   EXPECT_TRUE(C().Label1->IsElided());
@@ -239,7 +239,7 @@ TEST_F(BadInput, TypedKeyThatIsNoNoteReadsAsCAndLightsNoKeyNote) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
-TEST_F(BadInput, DatabaseLockedByAnotherProgramIsToldAndUpdateWorksOnceItIsFree) {
+TEST_F(BadInput, LockedDatabaseIsReportedAndUpdateWorksAfterUnlock) {
   MakeDatabase({{"Major", "2212221"}});
   {
     SQLite::Database other(Path("TonalithDB97.mdb"), SQLite::OPEN_READWRITE);
@@ -257,7 +257,7 @@ TEST_F(BadInput, DatabaseLockedByAnotherProgramIsToldAndUpdateWorksOnceItIsFree)
   EXPECT_EQ(Text(C().Label1), "Major") << box_.Texts();
 }
 
-TEST_F(BadInput, UpdateThatFailsOnALockedFileKeepsThePlaceForTheNextOne) {
+TEST_F(BadInput, UpdateAfterAFailedUpdateReturnsToTheRecord) {
   MakeDatabase({{"Major", "2212221"}, {"Dorian", "2122212"}});
   Start();
   Press("Next record");
@@ -271,7 +271,7 @@ TEST_F(BadInput, UpdateThatFailsOnALockedFileKeepsThePlaceForTheNextOne) {
   EXPECT_EQ(Text(C().Label1), "Dorian");
 }
 
-TEST_F(BadInput, DatabaseThatVanishesWhileTheWindowIsOpenIsToldAndTheWindowGoesOn) {
+TEST_F(BadInput, DeletedDatabaseIsReportedAndTheWindowStaysUsable) {
   EXPECT_EQ(ShowFirst({{"Major", "2212221"}, {"Minor", "2122122"}}), "");
   fs::remove(Path("TonalithDB97.mdb"));
   C().cmbTranspose->Choose(2);

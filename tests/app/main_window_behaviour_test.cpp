@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What docs/behaviour.md promises of the main window and no other test asserts: captions, event orders, and oddities
-// that are kept on purpose.
+// Behaviour of the main window from docs/behaviour.md that no other test asserts: captions, the order of events, and
+// oddities kept on purpose.
 
 #include <gtest/gtest.h>
 
@@ -60,7 +60,7 @@ TEST_F(KeptBehaviour, MainWindowHasItsCaptions) {
   EXPECT_EQ(Text(C().lblStatus), "Stopped");
 }
 
-TEST_F(KeptBehaviour, SettingsHaveTheirFirstValues) {
+TEST_F(KeptBehaviour, SettingsHaveTheirInitialValues) {
   MakeDatabase({{"Major", "2212221"}});
   Start();
   EXPECT_TRUE(Window().NamesAreShown());
@@ -125,14 +125,14 @@ TEST_F(KeptBehaviour, StoredStartNoteChangesNoView) {
 TEST_F(KeptBehaviour, ResizeFormControlsChangesNothing) {
   MakeDatabase({{"Major", "2212221"}});
   Start();
-  const auto places = [this] {
+  const auto geometries = [this] {
     std::vector<QRect> rects = {Window().geometry()};
     for (const QWidget* const widget : Window().findChildren<QWidget*>()) rects.push_back(widget->geometry());
     return rects;
   };
-  const std::vector<QRect> before = places();
+  const std::vector<QRect> before = geometries();
   Window().ResizeFormControls();
-  EXPECT_EQ(places(), before);
+  EXPECT_EQ(geometries(), before);
 }
 
 TEST_F(KeptBehaviour, GainingTheFocusReadsTheLibraryAgain) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The main window with its child windows: the editor, the packs, a Jet file in the database's place, and playing.
+// The main window with the editor, with packs, with a Jet file as its database, and during a playback.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -30,7 +30,7 @@ class ChildWindows : public MainWindowTest {
  protected:
   ~ChildWindows() override { fs::current_path(before_); }
 
-  /// Starts in the program's folder, as the program does.
+  /// Starts with the program's folder as the working directory, as the program does.
   void StartInFolder() {
     fs::current_path(temp_.Path());
     Start();
@@ -60,7 +60,7 @@ TEST_F(ChildWindows, EditorOpensOnceAndClosesWithTheMainWindow) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
-TEST_F(ChildWindows, ClosedEditorLeavesTheMainWindowInSight) {
+TEST_F(ChildWindows, ClosingTheEditorRestoresAMinimizedMainWindow) {
   MakeDatabase({{"Major", "2212221"}});
   StartInFolder();
   Window().cmdEdit_Click();
@@ -84,7 +84,7 @@ TEST_F(ChildWindows, EditorStaysWhenOnlyAnotherWindowComesToTheFront) {
   EXPECT_EQ(lose(Qt::OtherFocusReason), 0);
 }
 
-TEST_F(ChildWindows, InstallMergesThePacksAndStandsOnTheFirstRecord) {
+TEST_F(ChildWindows, InstallImportsThePacksAndMovesToTheFirstRecord) {
   MakeDatabase({{"Major", "2212221"}, {"Dorian", "2122212"}});
   fs::create_directory(temp_.Path() / "DataPacks");
   fs::copy_file(kFixtures / "DataPack_Jet2003.mdb", temp_.Path() / "DataPacks" / "DataPack_Jet2003.mdb");
@@ -100,7 +100,7 @@ TEST_F(ChildWindows, InstallMergesThePacksAndStandsOnTheFirstRecord) {
   EXPECT_TRUE(C().cmdInstall->isEnabled());
 }
 
-TEST_F(ChildWindows, InstallWithoutPacksChangesAndSaysNothing) {
+TEST_F(ChildWindows, InstallWithoutPacksChangesNothingAndShowsNoMessage) {
   MakeDatabase({{"Major", "2212221"}});
   StartInFolder();
   Window().Menu().mInstall->trigger();
@@ -108,20 +108,20 @@ TEST_F(ChildWindows, InstallWithoutPacksChangesAndSaysNothing) {
   EXPECT_EQ(Text(C().Label1), "Major");
 }
 
-TEST_F(ChildWindows, JetFileInTheDatabasesPlaceIsConvertedAndKept) {
+TEST_F(ChildWindows, JetDatabaseIsConvertedAndItsFilePreserved) {
   fs::copy_file(kFixtures / "DataPack_Jet2003.mdb", temp_.Path() / "TonalithDB97.mdb");
   const auto size = fs::file_size(temp_.Path() / "TonalithDB97.mdb");
   StartInFolder();
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
   EXPECT_EQ(Text(C().Label1), "Fixture Row 000");
-  bool kept = false;
+  bool isPreserved = false;
   for (const auto& entry : fs::directory_iterator(temp_.Path())) {
-    kept = kept || (entry.path().filename() != "TonalithDB97.mdb" && entry.file_size() == size);
+    isPreserved = isPreserved || (entry.path().filename() != "TonalithDB97.mdb" && entry.file_size() == size);
   }
-  EXPECT_TRUE(kept);
+  EXPECT_TRUE(isPreserved);
 }
 
-TEST_F(ChildWindows, ListenWithoutRecordingsTellsEachAndEndsInStandby) {
+TEST_F(ChildWindows, ListenReportsEachMissingRecordingAndEndsInStandby) {
   MakeDatabase({{"Minor triad", "345"}});
   StartInFolder();
   QTest::mouseClick(C().cmdListen, Qt::LeftButton);
@@ -131,7 +131,7 @@ TEST_F(ChildWindows, ListenWithoutRecordingsTellsEachAndEndsInStandby) {
   EXPECT_FALSE(C().fretboard->Picture1().isVisible());
 }
 
-TEST_F(ChildWindows, ListenIsOffWithoutARecord) {
+TEST_F(ChildWindows, ListenIsDisabledWithoutARecord) {
   MakeDatabase({});
   StartInFolder();
   EXPECT_FALSE(C().cmdListen->isEnabled());
@@ -139,7 +139,7 @@ TEST_F(ChildWindows, ListenIsOffWithoutARecord) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
-TEST_F(ChildWindows, MissingSoundDeviceIsToldInTheStatusLinesTooltipOnly) {
+TEST_F(ChildWindows, MissingSoundDeviceIsShownInTheTooltipOnly) {
   MakeDatabase({{"Major", "2212221"}});
   StartInFolder();
   EXPECT_EQ(C().lblStatus->toolTip(), QString());

@@ -28,7 +28,7 @@ class Commands : public MainWindowTest {
  protected:
   ~Commands() override { QApplication::setPalette(QPalette()); }
 
-  /// Calls `open`, which returns when the window of that kind is closed, and does something once that is shown.
+  /// Calls `open`, which shows a modal Form, calls `act` when the form is visible, and closes the form.
   template <class Form, class Open, class Act>
   void OpenAnd(Open open, Act act) {
     QTimer wait;
@@ -45,7 +45,7 @@ class Commands : public MainWindowTest {
   }
 };
 
-TEST_F(Commands, PrintShowsThePreviewAndPrintsOnThePrinterThatIsChosen) {
+TEST_F(Commands, PrintShowsThePreviewAndPrintsOnTheChosenPrinter) {
   MakeDatabase({{"Major", "2212221"}});
   Start();
   OpenAnd<print::frmPrint>([&] { QTest::mouseClick(C().cmdPrint, Qt::LeftButton); },
@@ -54,40 +54,40 @@ TEST_F(Commands, PrintShowsThePreviewAndPrintsOnThePrinterThatIsChosen) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
-TEST_F(Commands, PrintInTheMenuIsTheButton) {
+TEST_F(Commands, MenuEntryPrintDoesTheSameAsTheButton) {
   MakeDatabase({{"Major", "2212221"}});
   Start();
   bool isShown = false;
   OpenAnd<print::frmPrint>([&] { Window().Menu().mPrint->trigger(); }, [&](print::frmPrint&) { isShown = true; });
   EXPECT_TRUE(isShown);
-  EXPECT_EQ(printed_.pages, 0) << "closed is cancelled";
+  EXPECT_EQ(printed_.pages, 0) << "closing means cancelling";
 }
 
-TEST_F(Commands, ClosingTheWindowTakesThePreviewWithIt) {
+TEST_F(Commands, ClosingTheWindowClosesThePreview) {
   MakeDatabase({{"Major", "2212221"}});
   Start();
-  bool isGone = false;
+  bool isClosed = false;
   QTimer wait;
   QObject::connect(&wait, &QTimer::timeout, [&] {
     if (Window().findChild<print::frmPrint*>() == nullptr) return;
     wait.stop();
     Window().close();
-    isGone = Window().findChild<print::frmPrint*>() == nullptr;
+    isClosed = Window().findChild<print::frmPrint*>() == nullptr;
   });
   wait.start(1);
   Window().cmdPrint_Click();
-  EXPECT_TRUE(isGone);
+  EXPECT_TRUE(isClosed);
   EXPECT_EQ(printed_.pages, 0);
 }
 
-TEST_F(Commands, PrintIsOffWithoutARecord) {
+TEST_F(Commands, PrintIsDisabledWithoutARecord) {
   MakeDatabase({});
   Start();
   EXPECT_FALSE(C().cmdPrint->isEnabled());
   EXPECT_FALSE(Window().Menu().mPrint->isEnabled());
 }
 
-TEST_F(Commands, HelpHandsTheFileOfTheProgramsFolderToTheEngine) {
+TEST_F(Commands, HelpPassesTheFileInTheProgramsFolderToTheEngine) {
   MakeDatabase({{"Major", "2212221"}});
   std::ofstream(Path("TLHELP.chm")) << "help";
   Start();
@@ -97,7 +97,7 @@ TEST_F(Commands, HelpHandsTheFileOfTheProgramsFolderToTheEngine) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
-TEST_F(Commands, HelpThatIsMissingIsToldAndF1OpensNothing) {
+TEST_F(Commands, MissingHelpIsReportedAndF1OpensNothing) {
   MakeDatabase({{"Major", "2212221"}});
   Start();
   QTest::keyClick(&Window(), Qt::Key_F1);
@@ -111,7 +111,7 @@ TEST_F(Commands, HelpThatIsMissingIsToldAndF1OpensNothing) {
 TEST_F(Commands, ThemeOfTheSystemReachesEveryOpenWindow) {
   MakeDatabase({{"Major", "2212221"}});
   Start();
-  // Qt tells windows of a new palette only while the application's own loop runs.
+  // Qt notifies windows of a new palette only while the application's own loop runs.
   const auto expectTheme = [](QWidget& form, const QPalette& system, bool isDark) {
     QApplication::setPalette(system);
     QEvent change(QEvent::ApplicationPaletteChange);
@@ -129,7 +129,7 @@ TEST_F(Commands, ThemeOfTheSystemReachesEveryOpenWindow) {
   OpenAnd<search::frmSearch>([&] { Window().mSearch_Click(); }, [&](search::frmSearch& form) { expectBoth(form); });
 }
 
-TEST_F(Commands, FunctionKey3GoesToTheNextMatchOfTheLastSearch) {
+TEST_F(Commands, F3MovesToTheNextMatchOfTheLastSearch) {
   MakeDatabase({{"Major", "2212221"}, {"Dorian", "2122212"}, {"Minor", "2122122"}});
   Start();
   Window().activateWindow();
@@ -141,7 +141,7 @@ TEST_F(Commands, FunctionKey3GoesToTheNextMatchOfTheLastSearch) {
                                form.SetSearchText(" m");
                                form.cmdSearch_Click();
                              });
-  EXPECT_TRUE(isShown) << "nothing was searched for before";
+  EXPECT_TRUE(isShown) << "there was no search before";
   EXPECT_EQ(Text(C().Label1), "Minor");
   Window().activateWindow();
   ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));

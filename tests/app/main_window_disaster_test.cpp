@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The main window while others change what it shows: the editor open during an install, records that the editor deletes
-// to the last one, packs that fail, a disk that is full.
+// The main window while its data change: an install with an open editor, deletion of all records by the editor, packs
+// that fail, a full disk.
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
@@ -37,7 +37,7 @@ class Disaster : public MainWindowTest {
     fs::current_path(before_);
   }
 
-  /// Starts in the program's folder, as the program does, with the editor open beside the main window.
+  /// Starts with the program's folder as the working directory, as the program does, and opens the editor.
   editor::frmScales& StartWithEditor() {
     fs::current_path(temp_.Path());
     Start();
@@ -63,7 +63,7 @@ class Disaster : public MainWindowTest {
   void DeleteInEditor() {
     box_.AnswerNext(kYes);
     Click(E().cmdDelete);
-    EXPECT_THAT(box_.Messages(), SizeIs(1)) << "only the question:\n" << box_.Texts();
+    EXPECT_THAT(box_.Messages(), SizeIs(1)) << "only the confirmation:\n" << box_.Texts();
     box_.Forget();
   }
 
@@ -79,12 +79,12 @@ class Disaster : public MainWindowTest {
                     "INSERT INTO Scales (ScaleName, ScaleTypeID, ScaleIntervals) VALUES ('Hora', 1, '2131221'), "
                     "('Taken', 1, '2131221')");
   }
-  std::string Told() {
+  std::string TakeMessages() {
     const std::string texts = box_.Texts();
     box_.Forget();
     return texts;
   }
-  std::string Ask(const std::string& query) {
+  std::string Query(const std::string& query) {
     return SQLite::Database(Path("TonalithDB97.mdb")).execAndGet(query).getString();
   }
   void ExpectEmptyAndUsable() {
@@ -96,7 +96,7 @@ class Disaster : public MainWindowTest {
     C().cmbTranspose->Choose(4);
     Window().Menu().mViewNotes->trigger();
     Window().Menu().mUpdate->trigger();
-    EXPECT_EQ(Told(), "");
+    EXPECT_EQ(TakeMessages(), "");
   }
 
   editor::frmScales* editor_ = nullptr;
@@ -105,18 +105,18 @@ class Disaster : public MainWindowTest {
   fs::path before_ = fs::current_path();
 };
 
-TEST_F(Disaster, EditorThatIsOpenDuringAnInstallKeepsItsEditAndSeesTheNewScales) {
+TEST_F(Disaster, OpenEditorKeepsItsEditAndShowsNewScalesAfterAnInstall) {
   MakeDatabase({{"Major", "2212221"}, {"Dorian", "2122212"}});
   const std::string pack = MakePackOfTwo();
   StartWithEditor();
   Click(E().cmdModify);
   Retype(1, "Ionian");
   Click(C().cmdInstall);
-  EXPECT_EQ(Told(), "Imported data pack: \n" + pack + "\n");
+  EXPECT_EQ(TakeMessages(), "Imported data pack: \n" + pack + "\n");
   EXPECT_EQ(EditorName(), "Ionian");
   EXPECT_EQ(Text(C().Label1), "Major") << "nothing was saved by the install";
   Click(E().cmdUpdate);
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(TakeMessages(), "");
   EXPECT_EQ(Text(C().Label1), "Ionian");
   EditorArrow("Last record");
   EXPECT_EQ(EditorName(), "Taken");
@@ -124,7 +124,7 @@ TEST_F(Disaster, EditorThatIsOpenDuringAnInstallKeepsItsEditAndSeesTheNewScales)
   EXPECT_EQ(Text(C().Label1), "Taken");
 }
 
-TEST_F(Disaster, EditThatThePackCameBeforeIsRefusedOnceAndKept) {
+TEST_F(Disaster, EditWithANameFromThePackIsRefusedOnceAndKept) {
   MakeDatabase({{"Major", "2212221"}, {"Dorian", "2122212"}});
   MakePackOfTwo();
   StartWithEditor();
@@ -132,20 +132,20 @@ TEST_F(Disaster, EditThatThePackCameBeforeIsRefusedOnceAndKept) {
   Click(E().cmdAdd);
   Retype(1, "taken");
   Click(C().cmdInstall);
-  Told();
+  TakeMessages();
   Click(E().cmdUpdate);
-  EXPECT_EQ(Told(), "There is a scale of this name already.\n");
+  EXPECT_EQ(TakeMessages(), "There is a scale of this name already.\n");
   Click(E().cmdModify);
-  EXPECT_EQ(Told(), "") << "told once";
+  EXPECT_EQ(TakeMessages(), "") << "reported once";
   EXPECT_EQ(EditorName(), "taken");
   Retype(1, "Not taken");
   Click(E().cmdUpdate);
-  EXPECT_EQ(Told(), "");
-  EXPECT_EQ(Ask("SELECT group_concat(ScaleName) FROM (SELECT ScaleName FROM Scales ORDER BY ScaleID)"),
+  EXPECT_EQ(TakeMessages(), "");
+  EXPECT_EQ(Query("SELECT group_concat(ScaleName) FROM (SELECT ScaleName FROM Scales ORDER BY ScaleID)"),
             "Major,Dorian,Hora,Taken,Not taken");
 }
 
-TEST_F(Disaster, RecordThatTheEditorDeletesIsNotShownAnyMore) {
+TEST_F(Disaster, RecordDeletedByTheEditorIsNoLongerShown) {
   MakeDatabase({{"Major", "2212221"}, {"Dorian", "2122212"}, {"Lydian", "2221221"}});
   fs::current_path(temp_.Path());
   StartWithEditor();
@@ -161,10 +161,10 @@ TEST_F(Disaster, RecordThatTheEditorDeletesIsNotShownAnyMore) {
   EXPECT_EQ(Text(C().Label1), "Lydian");
   Press("Next record");
   EXPECT_EQ(Text(C().Label1), "Lydian");
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(TakeMessages(), "");
 }
 
-TEST_F(Disaster, RecordThatAnotherProgramDeletesIsTakenBackByUpdate) {
+TEST_F(Disaster, RecordDeletedByAnotherProgramDisappearsAtUpdate) {
   MakeDatabase({{"Major", "2212221"}, {"Dorian", "2122212"}});
   fs::current_path(temp_.Path());
   Start();
@@ -174,10 +174,10 @@ TEST_F(Disaster, RecordThatAnotherProgramDeletesIsTakenBackByUpdate) {
   EXPECT_EQ(Text(C().Label1), "Dorian") << "as it was read";
   Window().Menu().mUpdate->trigger();
   EXPECT_EQ(Text(C().Label1), "Major");
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(TakeMessages(), "");
 }
 
-TEST_F(Disaster, LastRecordDeletedLeavesBothWindowsEmptyAndUsable) {
+TEST_F(Disaster, DeletingTheLastRecordLeavesBothWindowsUsable) {
   MakeDatabase({{"Major", "2212221"}, {"Dorian", "2122212"}});
   StartWithEditor();
   Click(E().cmdModify);
@@ -190,19 +190,19 @@ TEST_F(Disaster, LastRecordDeletedLeavesBothWindowsEmptyAndUsable) {
   Click(E().cmdAdd);
   Retype(1, "Phoenix");
   Click(E().cmdUpdate);
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(TakeMessages(), "");
   EXPECT_EQ(Text(C().Label1), "Phoenix");
   EXPECT_TRUE(C().cmdListen->isEnabled());
 }
 
-TEST_F(Disaster, EmptyDatabaseIsFilledByAnInstallWithTheEditorOpen) {
+TEST_F(Disaster, InstallFillsAnEmptyDatabaseWithTheEditorOpen) {
   MakeDatabase({});
   const std::string pack = MakePackOfTwo();
   StartWithEditor();
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(TakeMessages(), "");
   ExpectEmptyAndUsable();
   Click(C().cmdInstall);
-  EXPECT_EQ(Told(), "Imported data pack: \n" + pack + "\n");
+  EXPECT_EQ(TakeMessages(), "Imported data pack: \n" + pack + "\n");
   EXPECT_EQ(Text(C().Label1), "Hora");
   EXPECT_TRUE(C().cmdListen->isEnabled());
   Click(E().cmdModify);
@@ -210,7 +210,7 @@ TEST_F(Disaster, EmptyDatabaseIsFilledByAnInstallWithTheEditorOpen) {
   EXPECT_EQ(EditorName(), "Hora");
 }
 
-TEST_F(Disaster, InstallOnAFullDiskIsToldOnceAndLeavesTheWindowAsItWas) {
+TEST_F(Disaster, InstallOnAFullDiskIsReportedOnceAndChangesNothing) {
   MakeDatabase({{"Major", "2212221"}, {"Dorian", "2122212"}});
   const std::string pack = MakePackOfTwo();
   fs::current_path(temp_.Path());
@@ -221,16 +221,16 @@ TEST_F(Disaster, InstallOnAFullDiskIsToldOnceAndLeavesTheWindowAsItWas) {
   disk.MakeRoom();
   ASSERT_THAT(box_.Messages(), SizeIs(1)) << box_.Texts();
   EXPECT_EQ(box_.Messages()[0].style, core::MsgBoxStyle::kCritical);
-  EXPECT_EQ(Told(), "Error importing " + pack + "\nThe disk that holds '" + Path("TonalithDB97.mdb") +
-                        "' is full. Nothing was saved.\n");
+  EXPECT_EQ(TakeMessages(), "Error importing " + pack + "\nThe disk that holds '" + Path("TonalithDB97.mdb") +
+                                "' is full. Nothing was saved.\n");
   EXPECT_EQ(Text(C().Label1), "Major");
-  EXPECT_EQ(Ask("SELECT count(*) FROM Scales"), "2");
+  EXPECT_EQ(Query("SELECT count(*) FROM Scales"), "2");
   Click(C().cmdInstall);
-  EXPECT_EQ(Told(), "Imported data pack: \n" + pack + "\n");
-  EXPECT_EQ(Ask("SELECT count(*) FROM Scales"), "4");
+  EXPECT_EQ(TakeMessages(), "Imported data pack: \n" + pack + "\n");
+  EXPECT_EQ(Query("SELECT count(*) FROM Scales"), "4");
 }
 
-TEST_F(Disaster, InstallTwiceShowsTheSameAndTheWindowStands) {
+TEST_F(Disaster, SecondInstallShowsTheSameMessages) {
   MakeDatabase({{"Major", "2212221"}});
   const std::string pack = MakePackOfTwo();
   const std::string bad = Path("DataPacks/DataPack_B.mdb");
@@ -240,15 +240,15 @@ TEST_F(Disaster, InstallTwiceShowsTheSameAndTheWindowStands) {
   for (int times = 0; times < 2; ++times) {
     Click(C().cmdInstall);
     EXPECT_THAT(box_.Messages(), SizeIs(2));
-    EXPECT_THAT(Told(), testing::AllOf(testing::HasSubstr("Imported data pack: \n" + pack + "\n"),
-                                       testing::HasSubstr("Error importing " + bad +
-                                                          "\nUnrecognized database format '" + bad + "'.\n")));
-    EXPECT_EQ(Ask("SELECT count(*) FROM Scales"), "3");
+    EXPECT_THAT(TakeMessages(), testing::AllOf(testing::HasSubstr("Imported data pack: \n" + pack + "\n"),
+                                               testing::HasSubstr("Error importing " + bad +
+                                                                  "\nUnrecognized database format '" + bad + "'.\n")));
+    EXPECT_EQ(Query("SELECT count(*) FROM Scales"), "3");
     EXPECT_EQ(Text(C().Label1), "Major");
   }
 }
 
-TEST_F(Disaster, JetFileThatCannotBeConvertedIsOneCriticalMessageAndStaysAsItIs) {
+TEST_F(Disaster, UnconvertibleJetFileIsReportedAndUnchanged) {
   const fs::path fixture = fs::path(TONALITH_SOURCE_DIR) / "tests" / "jet" / "fixtures" / "DataPack_Jet2000.mdb";
   fs::copy_file(fixture, Path("TonalithDB97.mdb"));
   fs::resize_file(Path("TonalithDB97.mdb"), fs::file_size(fixture) - 4096);
@@ -256,13 +256,13 @@ TEST_F(Disaster, JetFileThatCannotBeConvertedIsOneCriticalMessageAndStaysAsItIs)
   Start();
   ASSERT_THAT(box_.Messages(), SizeIs(1)) << box_.Texts();
   EXPECT_EQ(box_.Messages()[0].style, core::MsgBoxStyle::kCritical);
-  EXPECT_THAT(Told(), testing::HasSubstr("The Jet database '" + Path("TonalithDB97.mdb") +
-                                         "' cannot be converted, and nothing was changed. The file '"));
+  EXPECT_THAT(TakeMessages(), testing::HasSubstr("The Jet database '" + Path("TonalithDB97.mdb") +
+                                                 "' cannot be converted, and nothing was changed. The file '"));
   EXPECT_EQ(fs::file_size(Path("TonalithDB97.mdb")), fs::file_size(fixture) - 4096);
   EXPECT_EQ(std::distance(fs::directory_iterator(temp_.Path()), {}), 1);
   EXPECT_EQ(Text(C().Label1), "");
   Window().Menu().mUpdate->trigger();
-  EXPECT_THAT(box_.Messages(), SizeIs(1)) << "told again when it is tried again";
+  EXPECT_THAT(box_.Messages(), SizeIs(1)) << "reported again after another attempt";
 }
 
 }  // namespace

@@ -16,9 +16,9 @@ namespace tonalith::app {
 namespace fs = std::filesystem;
 
 MainWindowTest::MainWindowTest()
-    : joint_(std::make_unique<platform::QtMessageBridge>(notices_)),
-      output_(platform::MakeSilentWaveOutput(notices_)),
-      sounds_(std::make_unique<audio::SoundManager>(scaleSounds_, *output_, notices_, box_)) {}
+    : bridge_(std::make_unique<platform::QtMessageBridge>(messages_)),
+      output_(platform::MakeSilentWaveOutput(messages_)),
+      sounds_(std::make_unique<audio::SoundManager>(scaleSounds_, *output_, messages_, box_)) {}
 
 MainWindowTest::~MainWindowTest() = default;
 
@@ -71,10 +71,10 @@ void MainWindowTest::Press(const char* accessibleName) {
   FAIL() << "no button " << accessibleName;
 }
 
-std::string MainWindowTest::StringNotes(int row) {
+std::string MainWindowTest::StringNotes(int string) {
   std::string notes;
   for (int position = 0; position < 16; ++position) {
-    const views::NoteImage& image = C().fretboard->Image((row - 1) * 16 + position);
+    const views::NoteImage& image = C().fretboard->Image((string - 1) * 16 + position);
     if (!image.isVisibleTo(window_.get())) continue;
     if (!notes.empty()) notes += ' ';
     notes += image.Tag();

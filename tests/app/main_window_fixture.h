@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The main window on a database of the test's own, in a folder that goes with the test.
+// The main window with a test database in a temporary folder.
 
 #pragma once
 
@@ -41,22 +41,23 @@ class MainWindowTest : public testing::Test {
   MainWindowTest();
   ~MainWindowTest() override;
 
-  /// A database of these rows, ScaleID counting from 1, all of the type "Test scales".
+  /// Creates a database with these rows, ScaleID from 1, all of the type "Test scales".
   void MakeDatabase(const std::vector<TestScale>& scales);
-  /// The database that ships.
+  /// Copies the database that is shipped.
   void CopyShippedDatabase();
-  /// Runs statements on the database file past the program.
+  /// Runs statements on the database file in a separate connection.
   void Execute(const std::string& statements);
 
-  /// Starts the window; the statement in `database_` was made by one of the above, or nothing is there.
+  /// Starts the window with the database from above, or without one.
   frmTonalith& Start();
   frmTonalith& Window() { return *window_; }
   const MainControls& C() { return window_->Controls(); }
 
+  /// Clicks the button with this accessible name.
   void Press(const char* accessibleName);
   std::string Text(const QLabel* label) const { return label->text().toStdString(); }
-  /// The visible notes of a string row, such as "E F G A B C D E F G".
-  std::string StringNotes(int row);
+  /// Returns the visible notes of a string from 1 to 6, such as "E F G A B C D E F G".
+  std::string StringNotes(int string);
   [[nodiscard]] std::string Path(const std::string& file) const { return (temp_.Path() / file).string(); }
 
   tests::TempFolder temp_;
@@ -64,12 +65,12 @@ class MainWindowTest : public testing::Test {
   RecordingNotePlayer player_;
   platform::PosixFileInput files_;
   audio::ScaleSoundFiles scaleSounds_{files_};
-  platform::WindowMessageQueue notices_;
+  platform::WindowMessageQueue messages_;
   platform::QtEventPump events_;
   tests::PrintScript printed_;
   tests::ScriptedPrintService printing_{printed_};
   tests::ScriptedHelpEngine help_;
-  std::unique_ptr<platform::QtMessageBridge> joint_;
+  std::unique_ptr<platform::QtMessageBridge> bridge_;
   std::unique_ptr<platform::WaveOutput> output_;
   std::unique_ptr<audio::SoundManager> sounds_;
   std::unique_ptr<data::ScaleDatabase> database_;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The main window as a musician uses it, driven through its real widgets.
+// The main window, tested through its real widgets.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -60,7 +60,7 @@ TEST_F(MainWindowTest, ChoosingAKeyRedrawsTheScaleAndLeavesTheDatabaseAlone) {
   EXPECT_EQ(Text(C().lblScaleNotes), " D E F G A B C");
 }
 
-TEST_F(MainWindowTest, ArrowsWalkThroughTheRecordsAndStayAtTheEnds) {
+TEST_F(MainWindowTest, ArrowButtonsMoveThroughTheRecordsAndStopAtTheEnds) {
   MakeDatabase(kThree);
   Start();
   Press("Next record");
@@ -78,7 +78,7 @@ TEST_F(MainWindowTest, ArrowsWalkThroughTheRecordsAndStayAtTheEnds) {
   EXPECT_THAT(box_.Messages(), IsEmpty());
 }
 
-TEST_F(MainWindowTest, PageAndControlKeysWalkEvenFromTheKeyBox) {
+TEST_F(MainWindowTest, PageAndControlKeysMoveAlsoFromTheKeyBox) {
   MakeDatabase(kThree);
   Start();
   QApplication::setActiveWindow(&Window());
@@ -106,7 +106,7 @@ TEST_F(MainWindowTest, EveryMoveRefreshesOnceAlsoBetweenNeighboursOfOneName) {
   EXPECT_EQ(moved.count(), 1) << "there is no next record to move to";
 }
 
-TEST_F(MainWindowTest, NamesGoAndComeBackAndTheFlagFlipsEachTime) {
+TEST_F(MainWindowTest, NamesCommandTogglesTheNamesAndTheFlag) {
   MakeDatabase(kThree);
   Start();
   Window().Menu().mViewNotes->trigger();
@@ -140,17 +140,17 @@ TEST_F(MainWindowTest, UpdateReadsAgainAndReturnsToTheRecordThatWasCurrent) {
   EXPECT_EQ(Text(C().Label1), "Added");
 }
 
-TEST_F(MainWindowTest, UpdateRefreshesOnceWhateverItStandsOnOnTheWay) {
+TEST_F(MainWindowTest, UpdateRefreshesOnce) {
   MakeDatabase(kThree);
   Start();
   Press("Next record");
   const QSignalSpy moved(C().Data1, &controls::DataControl::Moved);
   Window().cmdUpdate_Click();
-  EXPECT_EQ(moved.count(), 0) << "each would have been a refresh of its own";
+  EXPECT_EQ(moved.count(), 0) << "each signal would have caused another refresh";
   EXPECT_EQ(Text(C().Label1), "Dorian");
 }
 
-TEST_F(MainWindowTest, UpdateStandsOnTheFirstRecordWhenTheCurrentOneIsGone) {
+TEST_F(MainWindowTest, UpdateMovesToTheFirstRecordIfTheCurrentOneIsDeleted) {
   MakeDatabase(kThree);
   Start();
   Press("Next record");
@@ -160,7 +160,7 @@ TEST_F(MainWindowTest, UpdateStandsOnTheFirstRecordWhenTheCurrentOneIsGone) {
   EXPECT_THAT(box_.Messages(), IsEmpty());
 }
 
-TEST_F(MainWindowTest, ClickedNoteHandsItsSoundFileToThePlayer) {
+TEST_F(MainWindowTest, ClickedNotePassesItsSoundFileToThePlayer) {
   MakeDatabase({{"Chromatic", "111111111111"}});
   Start();
   for (const int index : {16, 0, 95}) QTest::mousePress(&C().fretboard->Image(index), Qt::LeftButton);
@@ -168,7 +168,7 @@ TEST_F(MainWindowTest, ClickedNoteHandsItsSoundFileToThePlayer) {
               testing::ElementsAre(Path("Octaves/23.wav"), Path("Octaves/28.wav"), Path("Octaves/19.wav")));
 }
 
-TEST_F(MainWindowTest, OneRefreshAsksTheDatabaseAtMostTwice) {
+TEST_F(MainWindowTest, OneRefreshIssuesAtMostTwoStatements) {
   MakeDatabase(kThree);
   Start();
   const auto before = data::Connection::StatementsIssued();
@@ -176,7 +176,7 @@ TEST_F(MainWindowTest, OneRefreshAsksTheDatabaseAtMostTwice) {
   EXPECT_LE(data::Connection::StatementsIssued() - before, 2U);
 }
 
-TEST_F(MainWindowTest, NoteTestAsksForTheCurrentScaleById) {
+TEST_F(MainWindowTest, NoteTestFindsTheCurrentScaleById) {
   MakeDatabase(kThree);
   Start();
   EXPECT_TRUE(Window().NoteExistsInScoreScale(0, "F"));
@@ -236,7 +236,7 @@ TEST_F(MainWindowTest, EveryControlIsFoundByItsName) {
   }
 }
 
-TEST_F(MainWindowTest, EveryBoundLabelSaysToAssistiveTechnologyWhatItsTooltipSays) {
+TEST_F(MainWindowTest, AccessibleDescriptionsAreTheTooltips) {
   MakeDatabase(kThree);
   Start();
   const std::vector<std::pair<const QWidget*, const char*>> tooltips = {
@@ -252,20 +252,20 @@ TEST_F(MainWindowTest, EveryBoundLabelSaysToAssistiveTechnologyWhatItsTooltipSay
   }
 }
 
-TEST_F(MainWindowTest, EveryControlThatCanBeReachedByTabIsNamedForAssistiveTechnology) {
+TEST_F(MainWindowTest, EveryControlInTheTabOrderHasAnAccessibleName) {
   MakeDatabase(kThree);
   Start();
   for (QWidget* const widget : Window().findChildren<QWidget*>()) {
     if (!widget->isVisible() || (widget->focusPolicy() & Qt::TabFocus) == 0 || widget->focusProxy() != nullptr)
       continue;
-    auto* const spoken = QAccessible::queryAccessibleInterface(widget);
-    ASSERT_NE(spoken, nullptr);
-    EXPECT_FALSE(spoken->text(QAccessible::Name).isEmpty()) << widget->objectName().toStdString();
+    auto* const accessible = QAccessible::queryAccessibleInterface(widget);
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << widget->objectName().toStdString();
   }
   EXPECT_EQ(C().cmbTranspose->accessibleName(), QStringLiteral("Key"));
 }
 
-TEST_F(MainWindowTest, StartsWithTheFocusOnTheNextRecordSoThatNoCursorBlinks) {
+TEST_F(MainWindowTest, StartsWithTheFocusOnTheNextRecordButton) {
   MakeDatabase(kThree);
   Start();
   ASSERT_NE(Window().focusWidget(), nullptr);

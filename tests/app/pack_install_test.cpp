@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The main window while packs are installed: what it shows, what is off, and what happens when somebody uses it.
+// The main window during an install: progress, disabled controls, and actions of the user.
 
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <gmock/gmock.h>
@@ -56,7 +56,7 @@ class PackInstallTest : public MainWindowTest {
     fs::copy_file(fs::path(TONALITH_SOURCE_DIR) / "tests" / "jet" / "fixtures" / "DataPack_Jet2003.mdb", path);
     return path;
   }
-  /// Installs; `step` is called whenever events are handled meanwhile.
+  /// Installs, and calls `step` whenever events are processed during the install.
   void Install(std::function<void()> step) {
     duringInstall_ = std::move(step);
     timer_.start(0);
@@ -66,7 +66,7 @@ class PackInstallTest : public MainWindowTest {
   [[nodiscard]] int Scales() {
     return SQLite::Database(Path("TonalithDB97.mdb")).execAndGet("SELECT count(*) FROM Scales").getInt();
   }
-  [[nodiscard]] std::string Told() { return Text(C().lblInstall); }
+  [[nodiscard]] std::string InstallLabel() { return Text(C().lblInstall); }
 
  private:
   QTimer timer_;
@@ -74,7 +74,7 @@ class PackInstallTest : public MainWindowTest {
   fs::path before_ = fs::current_path();
 };
 
-TEST_F(PackInstallTest, ShowsPackAndRowsAfterHalfASecondAndAtTheEndWhatWasAdded) {
+TEST_F(PackInstallTest, ShowsProgressAfterHalfASecondAndThenTheResult) {
   MakePack("DataPack_Long.mdb", 256 * 40);
   Start();
   QElapsedTimer clock;
@@ -84,35 +84,36 @@ TEST_F(PackInstallTest, ShowsPackAndRowsAfterHalfASecondAndAtTheEndWhatWasAdded)
   std::vector<std::string> seen;
   Install([&] {
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    if (Told().empty() || (!seen.empty() && seen.back() == Told())) return;
+    if (InstallLabel().empty() || (!seen.empty() && seen.back() == InstallLabel())) return;
     if (seen.empty()) firstAt = clock.elapsed();
-    seen.push_back(Told());
+    seen.push_back(InstallLabel());
   });
   ASSERT_THAT(seen, SizeIs(testing::Gt(1U)));
   EXPECT_GE(firstAt, 500);
   EXPECT_LT(firstAt, 1500);
   EXPECT_THAT(seen, Each(testing::MatchesRegex("Importing DataPack_Long\\.mdb: [0-9,.]+ rows")));
-  EXPECT_EQ(Told(), "10240 scales added from 1 pack");
-  EXPECT_EQ(Text(C().lblStatus), "Stopped") << "that label is the playback's";
+  EXPECT_EQ(InstallLabel(), "10240 scales added from 1 pack");
+  EXPECT_EQ(Text(C().lblStatus), "Stopped") << "that label belongs to the playback";
   EXPECT_THAT(box_.Messages(), SizeIs(1)) << box_.Texts();
 }
 
-TEST_F(PackInstallTest, SaysHowManyScalesCameFromHowManyPacks) {
+TEST_F(PackInstallTest, ShowsTheNumberOfAddedScalesAndOfPacks) {
   MakePack("DataPack_A.mdb", 3);
   CopyJetPack();
   SQLite::Database(Path("DataPacks/DataPack_Bad.mdb"), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec("VACUUM");
   Start();
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(InstallLabel(), "");
   Install({});
-  EXPECT_EQ(Told(), std::to_string(Scales() - 2) + " scales added from 2 packs") << "a pack that fails is none";
+  EXPECT_EQ(InstallLabel(), std::to_string(Scales() - 2) + " scales added from 2 packs")
+      << "a failed pack is not counted";
   Install({});
-  EXPECT_EQ(Told(), "No new scales in 2 packs");
+  EXPECT_EQ(InstallLabel(), "No new scales in 2 packs");
   fs::remove_all(temp_.Path() / "DataPacks");
   Install({});
-  EXPECT_EQ(Told(), "");
+  EXPECT_EQ(InstallLabel(), "");
 }
 
-TEST_F(PackInstallTest, SwitchesOffWhatUsesTheLibraryAndOnAgain) {
+TEST_F(PackInstallTest, DisablesControlsThatUseTheLibraryAndEnablesThemAgain) {
   MakePack("DataPack_A.mdb", 1000);
   Start();
   Window().cmdEdit_Click();
@@ -149,7 +150,7 @@ TEST_F(PackInstallTest, SwitchesOffWhatUsesTheLibraryAndOnAgain) {
   EXPECT_EQ(Scales(), 1002);
 }
 
-TEST_F(PackInstallTest, HandlesEventsWhileAJetPackIsRead) {
+TEST_F(PackInstallTest, ProcessesEventsWhileAJetPackIsRead) {
   CopyJetPack();
   Start();
   int steps = 0;
@@ -158,7 +159,7 @@ TEST_F(PackInstallTest, HandlesEventsWhileAJetPackIsRead) {
   EXPECT_THAT(box_.Messages(), SizeIs(1)) << box_.Texts();
 }
 
-TEST_F(PackInstallTest, ClosingTheWindowEndsItWithoutTheUnfinishedPack) {
+TEST_F(PackInstallTest, ClosingTheWindowDiscardsTheUnfinishedPack) {
   MakePack("DataPack_A.mdb", 5000);
   MakePack("DataPack_B.mdb", 5000);
   Start();
@@ -166,14 +167,14 @@ TEST_F(PackInstallTest, ClosingTheWindowEndsItWithoutTheUnfinishedPack) {
   Install([&] {
     if (++steps == 3) Window().close();
   });
-  EXPECT_EQ(steps, 3) << "it ended at once";
+  EXPECT_EQ(steps, 3) << "it stopped immediately";
   EXPECT_FALSE(Window().isVisible());
   EXPECT_EQ(Scales(), 2);
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
   EXPECT_FALSE(fs::exists(Path("TonalithDB97.mdb-journal")));
 }
 
-TEST_F(PackInstallTest, ClosingTheWindowEndsTheReadingOfAJetPack) {
+TEST_F(PackInstallTest, ClosingTheWindowStopsReadingAJetPack) {
   CopyJetPack();
   Start();
   Install([&] { Window().close(); });
@@ -181,25 +182,25 @@ TEST_F(PackInstallTest, ClosingTheWindowEndsTheReadingOfAJetPack) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
-TEST_F(PackInstallTest, OutlivesTheWindow) {
+TEST_F(PackInstallTest, WindowMayBeDestroyedDuringTheInstall) {
   MakePack("DataPack_A.mdb", 5000);
   Start();
-  // Asked for in an event of the install, so the button that was clicked must not be used afterwards either.
+  // Not by a click: its button would be used after it is destroyed with the window.
   QTimer::singleShot(0, &Window(), [this] { Window().cmdInstall_Click(); });
-  bool isGone = false;
+  bool isDestroyed = false;
   QTimer destroyer;
   QObject::connect(&destroyer, &QTimer::timeout, [&] {
-    if (isGone || C().cmdInstall->isEnabled()) return;
-    isGone = true;
+    if (isDestroyed || C().cmdInstall->isEnabled()) return;
+    isDestroyed = true;
     window_.reset();
   });
   destroyer.start(0);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return isGone; }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return isDestroyed; }));
   EXPECT_EQ(Scales(), 2);
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
-TEST_F(PackInstallTest, EndsAPlayback) {
+TEST_F(PackInstallTest, StopsAPlayback) {
   MakePack("DataPack_A.mdb", 5);
   fs::create_directory_symlink(fs::path(TONALITH_BINARY_DIR) / "stage" / "Audio", temp_.Path() / "Audio");
   Start();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The main window with a print desk of the test's own, a scripted printer and a real PDF file.
+// The main window with a separate MainWindowPrinting, a scripted printer, and printing to a real PDF file.
 
 #pragma once
 
@@ -29,7 +29,7 @@ class Printing : public MainWindowTest {
     QApplication::setPalette(QPalette());
   }
 
-  /// Starts the window on one scale, with a desk of the test's own.
+  /// Starts the window with one scale and creates windowPrinting_.
   void StartOn(const TestScale& scale, int key = 0) {
     MakeDatabase({scale});
     Start();
@@ -40,7 +40,7 @@ class Printing : public MainWindowTest {
     C().cmdPrint->setEnabled(true);
     const auto staff = [this] {
       ++staffs_;
-      if (staffBreaks_) throw core::Failure::Overflow();
+      if (isStaffFailing_) throw core::Failure::Overflow();
     };
     windowPrinting_ =
         std::make_unique<MainWindowPrinting>(C(), Window(), MainWindowPrinting::Tools{service_, box_, staff});
@@ -56,7 +56,7 @@ class Printing : public MainWindowTest {
     EXPECT_TRUE(printer->IsEnded()) << box_.Texts();
     return file;
   }
-  /// Presses Print in the window, and does something once the print helper is there.
+  /// Runs the Print command, and calls `act` when the print helper is visible.
   template <class Act>
   void ClickPrintAnd(Act act) {
     QTimer wait;
@@ -95,7 +95,7 @@ class Printing : public MainWindowTest {
   tests::ScriptedPrintService service_{script_};
   std::unique_ptr<MainWindowPrinting> windowPrinting_;
   int staffs_ = 0;
-  bool staffBreaks_ = false;
+  bool isStaffFailing_ = false;
 };
 
 }  // namespace tonalith::app

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Printing from the main window: what becomes of the window meanwhile, and what is said when a step fails.
+// Printing from the main window: the state of the window during printing, and messages after a failed step.
 
 #include "app/print_fixture.h"
 #include "support/ink.h"
@@ -16,20 +16,20 @@ using testing::IsEmpty;
 using testing::SizeIs;
 using Message = tests::RecordingMsgBox::Message;
 
-TEST_F(Printing, HidesWhatDoesNotBelongOnPaperWhileItPrintsAndShowsItAgain) {
+TEST_F(Printing, HidesUnprintedControlsWhilePrintingAndShowsThemAgain) {
   StartOn({"Major", "2212221"});
-  int looked = 0;
+  int checks = 0;
   script_.During("paint", [&] {
-    ++looked;
+    ++checks;
     for (const QWidget* const control : NotOnPaper()) EXPECT_TRUE(control->isHidden());
     EXPECT_FALSE(C().printPic->isHidden());
     EXPECT_EQ(C().printPic->Surface().GetScaleMode(), paint::ScaleMode::kPixels);
-    EXPECT_FALSE(Window().updatesEnabled()) << "nothing of this is to be seen";
+    EXPECT_FALSE(Window().updatesEnabled()) << "the screen does not change";
     EXPECT_THAT(Window().findChildren<QWidget*>(QStringLiteral("picTemp"), Qt::FindDirectChildrenOnly), SizeIs(1));
     EXPECT_EQ(staffs_, 1);
   });
   Print();
-  EXPECT_EQ(looked, 1);
+  EXPECT_EQ(checks, 1);
   EXPECT_EQ(script_.pages, 1);
   EXPECT_EQ(staffs_, 2) << "once for the page, once for the window";
   ExpectWindowAsBefore("after printing");
@@ -45,7 +45,7 @@ TEST_F(Printing, ShowsTheDataControlAndTheKeyBoxAfterwards) {
   EXPECT_FALSE(C().cmbTranspose->isHidden());
 }
 
-TEST_F(Printing, FailureOfAnyStepIsReportedWhenTheWindowIsBack) {
+TEST_F(Printing, FailureOfAnyStepIsReportedAfterRestoringTheWindow) {
   StartOn({"Major", "2212221"});
   C().cmdPrint->setFocus();
   for (const char* const step : {"width", "height", "paint", "end"}) {
@@ -60,32 +60,32 @@ TEST_F(Printing, FailureOfAnyStepIsReportedWhenTheWindowIsBack) {
   }
 }
 
-TEST_F(Printing, MessageComesWhenTheControlsAreBack) {
-  struct LookingMsgBox : core::MsgBox {
+TEST_F(Printing, MessageIsShownAfterTheControlsAreRestored) {
+  struct CheckingMsgBox : core::MsgBox {
     using core::MsgBox::Show;
     core::MsgBoxAnswer Show(const std::string& /*text*/, core::MsgBoxStyle /*style*/,
                             const std::string& /*title*/) override {
-      look();
+      check();
       return core::MsgBoxAnswer::kOk;
     }
-    std::function<void()> look;
-  } looking;
+    std::function<void()> check;
+  } checking;
   StartOn({"Major", "2212221"});
-  int looked = 0;
-  looking.look = [&] {
-    ++looked;
+  int checks = 0;
+  checking.check = [&] {
+    ++checks;
     ExpectWindowAsBefore("at the message");
   };
-  MainWindowPrinting windowPrinting(C(), Window(), {service_, looking, [] {}});
+  MainWindowPrinting windowPrinting(C(), Window(), {service_, checking, [] {}});
   script_.Break("end");
   tests::ScriptedPrinter printer(script_, 16000, 11000);
   windowPrinting.PrintView(printer);
-  EXPECT_EQ(looked, 1);
+  EXPECT_EQ(checks, 1);
 }
 
-TEST_F(Printing, StaffThatCannotBeDrawnIsReportedAndTheRestPrinted) {
+TEST_F(Printing, FailedStaffIsReportedAndTheOtherPartsArePrinted) {
   StartOn({"Major", "2212221"});
-  staffBreaks_ = true;
+  isStaffFailing_ = true;
   Print();
   EXPECT_EQ(script_.pages, 1);
   EXPECT_THAT(box_.Messages(), ElementsAre(Message{"Overflow", core::MsgBoxStyle::kOkOnly, ""}));
@@ -126,7 +126,7 @@ TEST_F(Printing, PreviewAndPageAreTheSame) {
   EXPECT_NEAR(script_.painted[0].place.width, place.width * 20, 1e-6);
 }
 
-TEST_F(Printing, CancellingPrintsNothingAndLeavesTheWindowAsItWas) {
+TEST_F(Printing, CancelPrintsNothingAndRestoresTheWindow) {
   StartOn({"Dorian", "2122212"}, 2);
   C().cmdPrint->setFocus();
   const QImage before = Window().grab().toImage();
@@ -156,7 +156,7 @@ TEST_F(Printing, ClosingTheWindowUnloadsTheHelper) {
   windowPrinting_->Unload();
 }
 
-TEST_F(Printing, WindowMayGoWhileTheHelperAsksForAPrinter) {
+TEST_F(Printing, WindowMayBeDestroyedWhileThePrinterDialogIsOpen) {
   StartOn({"Dorian", "2122212"});
   script_.During("ask printer", [&] {
     windowPrinting_.reset();
@@ -168,33 +168,33 @@ TEST_F(Printing, WindowMayGoWhileTheHelperAsksForAPrinter) {
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
-TEST_F(Printing, WindowMayGoWhileAFailureIsTold) {
-  struct LeavingMsgBox : core::MsgBox {
+TEST_F(Printing, WindowMayBeDestroyedWhileAFailureIsShown) {
+  struct DestroyingMsgBox : core::MsgBox {
     using core::MsgBox::Show;
     core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle /*style*/,
                             const std::string& /*title*/) override {
-      told += text + "\n";
-      leave();
+      shown += text + "\n";
+      destroy();
       return core::MsgBoxAnswer::kOk;
     }
-    std::function<void()> leave;
-    std::string told;
+    std::function<void()> destroy;
+    std::string shown;
   };
   StartOn({"Dorian", "2122212"});
-  LeavingMsgBox leaving;
-  leaving.leave = [&] {
+  DestroyingMsgBox destroying;
+  destroying.destroy = [&] {
     windowPrinting_.reset();
     window_.reset();
   };
   const auto staff = [] { throw core::Failure::Overflow(); };
   windowPrinting_ =
-      std::make_unique<MainWindowPrinting>(C(), Window(), MainWindowPrinting::Tools{service_, leaving, staff});
+      std::make_unique<MainWindowPrinting>(C(), Window(), MainWindowPrinting::Tools{service_, destroying, staff});
   script_.Break("end");
   Print();
-  EXPECT_EQ(leaving.told, "end broke\nOverflow\n");
+  EXPECT_EQ(destroying.shown, "end broke\nOverflow\n");
 }
 
-TEST_F(Printing, ViewThatCannotBeComposedIsPrintedAsItStands) {
+TEST_F(Printing, CaptureViewPrintsTheWindowAsOnTheScreen) {
   StartOn({"Dorian", "2122212"});
   tests::ScriptedPrinter printer(script_, 16000, 11000);
   windowPrinting_->CaptureView({printer, box_});
@@ -202,12 +202,12 @@ TEST_F(Printing, ViewThatCannotBeComposedIsPrintedAsItStands) {
   EXPECT_THAT(script_.Record(), testing::StartsWith("scale mode 3\npaint at 0,0 "));
   const QImage page = tests::Painted(MainControls::kClientWidth, MainControls::ClientHeight(), 1,
                                      [&](QPainter& painter) { script_.painted[0].picture->PaintOn(painter); });
-  EXPECT_GT(tests::InkBox(page, page.rect()).width(), 900) << "the neck is there";
+  EXPECT_GT(tests::InkBox(page, page.rect()).width(), 900) << "the neck is printed";
   EXPECT_TRUE(C().printPic->isHidden());
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 
-TEST_F(Printing, WhatInstallReportsIsNotPrintedAndComesBack) {
+TEST_F(Printing, InstallResultIsHiddenWhilePrinting) {
   StartOn({"Dorian", "2122212"});
   C().lblInstall->setText(QStringLiteral("3 scales added from 1 pack"));
   std::vector<bool> isHidden;
@@ -223,7 +223,7 @@ TEST_F(Printing, WhatInstallReportsIsNotPrintedAndComesBack) {
   EXPECT_TRUE(C().lblInstall->isHidden());
 }
 
-TEST_F(Printing, WithoutAPrinterThePageBecomesAPdfFile) {
+TEST_F(Printing, WithoutAPrinterThePageIsSavedAsPdf) {
   StartOn({"Dorian", "2122212"});
   service_.hasPrinter = false;
   ClickPrintAnd([](frmPrint& helper) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// What stands on the printed page: by its draw commands, and on a PDF file that somebody else's program reads.
+// The printed page, checked by its draw commands and by a PDF file that another program reads.
 
 #include <QFontInfo>
 
@@ -32,10 +32,10 @@ TEST_F(Printing, DrawsStaffThenNeckThenLabelsThenNoteImages) {
   }
 }
 
-TEST_F(Printing, PutsEveryVisibleNoteImageOnItsPlaceWithItsName) {
+TEST_F(Printing, PaintsEveryVisibleNoteImageAtItsPosition) {
   StartOn({"Minor triad", "345"}, 2);
   Print();
-  std::string wanted;
+  std::string expected;
   int visible = 0;
   for (int index = 0; index < 96; ++index) {
     const views::NoteImage& image = C().fretboard->Image(index);
@@ -43,8 +43,8 @@ TEST_F(Printing, PutsEveryVisibleNoteImageOnItsPlaceWithItsName) {
     ++visible;
     const QPoint place = image.mapTo(Window().centralWidget(), QPoint(0, 0)) - QPoint(38, 18);
     const char* const picture = image.Picture() == views::NotePicture::kKeyNote ? "key-note" : "scale-note";
-    wanted = std::string("picture ") + picture + " at " + std::to_string(place.x()) + "," + std::to_string(place.y());
-    EXPECT_THAT(Page(), HasSubstr(wanted + "\n"));
+    expected = std::string("picture ") + picture + " at " + std::to_string(place.x()) + "," + std::to_string(place.y());
+    EXPECT_THAT(Page(), HasSubstr(expected + "\n"));
   }
   EXPECT_GT(visible, 15);
   std::size_t pictures = 0;
@@ -53,7 +53,7 @@ TEST_F(Printing, PutsEveryVisibleNoteImageOnItsPlaceWithItsName) {
   EXPECT_EQ(pictures, static_cast<std::size_t>(visible));
 }
 
-TEST_F(Printing, LeavesNamesOutWhenTheWindowHidesThem) {
+TEST_F(Printing, OmitsNamesIfTheWindowHidesThem) {
   StartOn({"Minor triad", "345"}, 2);
   Window().mViewNotes_Click();
   Print();
@@ -61,7 +61,7 @@ TEST_F(Printing, LeavesNamesOutWhenTheWindowHidesThem) {
   EXPECT_THAT(Page(), testing::Not(HasSubstr("print \"F\"")));
 }
 
-TEST_F(Printing, WritesLabelsInTheirOwnFontAndSizeInDarkInk) {
+TEST_F(Printing, WritesLabelsInTheirFontAndSizeInDarkColours) {
   QPalette dark;
   dark.setColor(QPalette::Window, QColor(0x30, 0x30, 0x30));
   dark.setColor(QPalette::WindowText, Qt::white);
@@ -74,7 +74,7 @@ TEST_F(Printing, WritesLabelsInTheirOwnFontAndSizeInDarkInk) {
   EXPECT_THAT(Page(), HasSubstr("colour &H2D52A0\nfont \"" + family + "\" 14px bold\nprint \"Test scales\""));
 }
 
-TEST_F(Printing, LongTextsAreWrappedInFullAndPushTheRestDown) {
+TEST_F(Printing, LongTextsAreWrappedInFullAndMoveTheOthersDown) {
   std::string name;
   std::string description;
   for (int word = 1; word <= 30; ++word) name += "Endless" + std::to_string(word) + " ";
@@ -85,7 +85,7 @@ TEST_F(Printing, LongTextsAreWrappedInFullAndPushTheRestDown) {
   EXPECT_THAT(text, HasSubstr("Endless1 "));
   EXPECT_THAT(text, HasSubstr("Endless30 "));
   EXPECT_THAT(text, HasSubstr("explained300 "));
-  EXPECT_THAT(text, testing::Not(HasSubstr("\xE2\x80\xA6"))) << "nothing is cut";
+  EXPECT_THAT(text, testing::Not(HasSubstr("\xE2\x80\xA6"))) << "nothing is elided";
   EXPECT_GT(C().printPic->height(), 600);
   const std::string page = Page();
   const auto topOf = [&](const std::string& printed) {
@@ -108,7 +108,7 @@ TEST_F(Printing, WordWiderThanItsLineIsBroken) {
   EXPECT_GT(std::count(text.begin(), text.end(), 'm'), 2999);
 }
 
-TEST_F(Printing, ShortScaleKeepsThePlacesOfTheScreen) {
+TEST_F(Printing, ShortTextsKeepTheLayoutOfTheScreen) {
   StartOn({"Minor triad", "345"});
   Print();
   EXPECT_EQ(C().printPic->size(), QSize(998, 500)) << "from the discs to the ends of the strings, without the buttons";
@@ -145,7 +145,7 @@ INSTANTIATE_TEST_SUITE_P(Scales, ExtremeScales,
                                          Extreme{"Wide", "2222222222222222222222222", 6}, Extreme{"One", "9", 0}),
                          [](const auto& scale) { return std::string(scale.param.name); });
 
-TEST_F(Printing, PdfCarriesEverythingOfTheViewAsSelectableTextWithEmbeddedFonts) {
+TEST_F(Printing, PdfHasSelectableTextAndEmbeddedFonts) {
   StartOn({"Minor triad", "345", "A chord \xE2\x80\x94 small & sad."}, 6);
   const tests::PdfFile pdf(PrintPdf());
   EXPECT_EQ(pdf.Info("Title"), "Minor triad in F#");
@@ -158,7 +158,7 @@ TEST_F(Printing, PdfCarriesEverythingOfTheViewAsSelectableTextWithEmbeddedFonts)
   for (const tests::PdfFont& font : fonts) EXPECT_TRUE(font.isEmbedded && font.isUnicode) << font.name;
 }
 
-TEST_F(Printing, NeckAndStaffStandWhereTheViewHasThem) {
+TEST_F(Printing, NeckAndStaffHaveThePositionsOfTheView) {
   StartOn({"Minor triad", "345"}, 2);
   const QImage page = tests::PdfFile(PrintPdf()).Page(300);
   const double dots = 300.0 / 72;
@@ -168,7 +168,7 @@ TEST_F(Printing, NeckAndStaffStandWhereTheViewHasThem) {
   const auto onPage = [&](double x, double y) {
     return QPoint(qRound(left + (x - 38) * pixel), qRound(top + (y - 18) * pixel));
   };
-  // The nut is the one thick dark bar; the five staff lines are an even dark comb.
+  // Find the nut, a thick dark bar, and the five dark staff lines.
   const QRectF nut = C().fretboard->Geometry().nut;
   const QPoint middle = onPage(nut.center().x(), nut.top() + 12);
   EXPECT_GT(tests::Darkness(page, middle.x(), middle.y()), 128);
@@ -183,7 +183,7 @@ TEST_F(Printing, NeckAndStaffStandWhereTheViewHasThem) {
   EXPECT_EQ(lines, 5);
 }
 
-TEST_F(Printing, NoteNamesStandUnderTheStepLineAsOnTheScreen) {
+TEST_F(Printing, NoteNamesAreAlignedWithTheStepLine) {
   StartOn({"Minor triad", "345"}, 2);
   Print();
   const std::string page = Page();
@@ -209,7 +209,7 @@ TEST_F(Printing, TextThatIsNoKeyIsPrintedAsTyped) {
   for (const QString& word : longText.split(QLatin1Char(' '))) EXPECT_THAT(pdf.Text(), HasSubstr(word.toStdString()));
 }
 
-TEST_F(Printing, NoticeStandsBelowTheFretNumbersWithoutTheRoomOfTheButtons) {
+TEST_F(Printing, VersionLineIsRightBelowTheFretNumbers) {
   StartOn({"Minor triad", "345"});
   Print();
   const std::string page = Page();
@@ -221,13 +221,13 @@ TEST_F(Printing, NoticeStandsBelowTheFretNumbersWithoutTheRoomOfTheButtons) {
   EXPECT_LT(topOf("Tonalith"), topOf("12") + 32);
 }
 
-TEST_F(Printing, DescriptionIsAsLargeAsItsPlaceAllows) {
+TEST_F(Printing, ShortDescriptionHasTheLargestSize) {
   StartOn({"Minor triad", "345", "Short."});
   Print();
   EXPECT_THAT(Page(), HasSubstr(" 16px\nprint \"Short.\""));
 }
 
-TEST_F(Printing, DescriptionThatNeedsItsWholePlaceIsSmaller) {
+TEST_F(Printing, LongDescriptionHasASmallerSize) {
   std::string description;
   for (int word = 1; word <= 34; ++word) description += "explained ";
   StartOn({"Minor triad", "345", description});
@@ -235,7 +235,7 @@ TEST_F(Printing, DescriptionThatNeedsItsWholePlaceIsSmaller) {
   EXPECT_THAT(Page(), testing::AnyOf(HasSubstr(" 13px\nprint \"explained"), HasSubstr(" 14px\nprint \"explained")));
 }
 
-TEST_F(Printing, PageIsWhiteAndSparesInkInADarkTheme) {
+TEST_F(Printing, PageIsWhiteInADarkTheme) {
   QPalette dark;
   dark.setColor(QPalette::Window, QColor(0x20, 0x20, 0x20));
   dark.setColor(QPalette::WindowText, Qt::white);

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The style of the program as it really starts, in a process of its own, against that of an application that does
-// nothing but start.
+// Compares the style of the program, started in a child process, with the style of an application that only starts.
 
 #include "app/program_style.h"
 
@@ -16,44 +15,44 @@
 namespace tonalith::app {
 namespace {
 
-using Answers = std::map<QString, QString>;
+using Output = std::map<QString, QString>;
 using Setting = std::pair<QString, QString>;
 
-struct Surroundings {
+struct ProcessSettings {
   QStringList arguments;
   std::vector<Setting> environment;
 };
 
-void PrintTo(const Surroundings& surroundings, std::ostream* out) {
-  *out << surroundings.arguments.join(QLatin1Char(' ')).toStdString();
-  for (const Setting& setting : surroundings.environment) {
+void PrintTo(const ProcessSettings& settings, std::ostream* out) {
+  *out << settings.arguments.join(QLatin1Char(' ')).toStdString();
+  for (const Setting& setting : settings.environment) {
     *out << ' ' << setting.first.toStdString() << '=' << setting.second.toStdString();
   }
 }
 
-/// What style_probe prints, by its first word.
-Answers Probe(const QString& what, const Surroundings& surroundings) {
+/// Returns the output of style_probe, by the first word of each line.
+Output Probe(const QString& what, const ProcessSettings& settings) {
   QProcess probe;
   QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  for (const Setting& setting : surroundings.environment) environment.insert(setting.first, setting.second);
+  for (const Setting& setting : settings.environment) environment.insert(setting.first, setting.second);
   probe.setProcessEnvironment(environment);
-  probe.start(QStringLiteral(TONALITH_STYLE_PROBE), QStringList{what} + surroundings.arguments);
-  constexpr int kPatienceMilliseconds = 60000;
-  EXPECT_TRUE(probe.waitForFinished(kPatienceMilliseconds));
+  probe.start(QStringLiteral(TONALITH_STYLE_PROBE), QStringList{what} + settings.arguments);
+  constexpr int kTimeoutMilliseconds = 60000;
+  EXPECT_TRUE(probe.waitForFinished(kTimeoutMilliseconds));
   EXPECT_EQ(probe.exitStatus(), QProcess::NormalExit) << probe.readAllStandardError().toStdString();
-  Answers answers;
+  Output output;
   for (const QString& line : QString::fromUtf8(probe.readAllStandardOutput()).split(QLatin1Char('\n'))) {
     const qsizetype blank = line.indexOf(QLatin1Char(' '));
-    if (blank > 0) answers[line.left(blank)] = line.mid(blank + 1);
+    if (blank > 0) output[line.left(blank)] = line.mid(blank + 1);
   }
-  return answers;
+  return output;
 }
 
-class ProgramStyleIn : public testing::TestWithParam<Surroundings> {};
+class ProgramStyleIn : public testing::TestWithParam<ProcessSettings> {};
 
-TEST_P(ProgramStyleIn, TheProgramHasTheStyleOfAPlainApplication) {
-  const Answers plain = Probe(QStringLiteral("plain"), GetParam());
-  const Answers program = Probe(QStringLiteral("program"), GetParam());
+TEST_P(ProgramStyleIn, ProgramHasTheStyleOfAPlainApplication) {
+  const Output plain = Probe(QStringLiteral("plain"), GetParam());
+  const Output program = Probe(QStringLiteral("program"), GetParam());
   for (const char* const what : {"style", "class", "metrics", "hints", "button", "scroll-bar", "menu-bar"}) {
     const QString key = QLatin1String(what);
     ASSERT_FALSE(plain.find(key) == plain.end()) << what;
@@ -63,7 +62,7 @@ TEST_P(ProgramStyleIn, TheProgramHasTheStyleOfAPlainApplication) {
 }
 
 TEST_P(ProgramStyleIn, MenusAndMessageBoxesHaveThePaletteOfTheWindow) {
-  Answers program = Probe(QStringLiteral("program"), GetParam());
+  Output program = Probe(QStringLiteral("program"), GetParam());
   ASSERT_FALSE(program[QStringLiteral("window")].isEmpty());
   EXPECT_EQ(program[QStringLiteral("message-box")], program[QStringLiteral("window")]);
   EXPECT_EQ(program[QStringLiteral("menu")], program[QStringLiteral("window")]);
@@ -72,44 +71,44 @@ TEST_P(ProgramStyleIn, MenusAndMessageBoxesHaveThePaletteOfTheWindow) {
 
 INSTANTIATE_TEST_SUITE_P(
     EverySetting, ProgramStyleIn,
-    testing::Values(Surroundings{}, Surroundings{{QStringLiteral("-style"), QStringLiteral("Windows")}, {}},
-                    Surroundings{{}, {{QStringLiteral("QT_STYLE_OVERRIDE"), QStringLiteral("Windows")}}}));
+    testing::Values(ProcessSettings{}, ProcessSettings{{QStringLiteral("-style"), QStringLiteral("Windows")}, {}},
+                    ProcessSettings{{}, {{QStringLiteral("QT_STYLE_OVERRIDE"), QStringLiteral("Windows")}}}));
 
-TEST(ProgramStyle, BorderOfAMenuBarHasNoGapsOnAScreenOfFinePixels) {
-  const Surroundings fine{{}, {{QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2")}}};
+TEST(ProgramStyle, MenuBarBorderHasNoGapsAtScale2) {
+  const ProcessSettings fine{{}, {{QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2")}}};
   EXPECT_EQ(Probe(QStringLiteral("program"), fine)[QStringLiteral("menu-border-colours")], QLatin1String("1"));
 }
 
 TEST(ProgramStyle, EdgesOfMenusAndListsAreVisibleInADarkPalette) {
-  constexpr int kGround = 38;
+  constexpr int kBackground = 38;
   constexpr int kClearlyLighter = 30;
-  Answers program = Probe(QStringLiteral("program"), {});
+  Output program = Probe(QStringLiteral("program"), {});
   for (const char* const what : {"dark-menu-edge", "dark-list-edge", "dark-separator"}) {
-    EXPECT_GE(program[QLatin1String(what)].toInt(), kGround + kClearlyLighter) << what;
+    EXPECT_GE(program[QLatin1String(what)].toInt(), kBackground + kClearlyLighter) << what;
   }
 }
 
-TEST(ProgramStyle, IsFusionWhereNoDesktopHasAStyleOfItsOwn) {
+TEST(ProgramStyle, IsFusionWithoutADesktop) {
   EXPECT_EQ(Probe(QStringLiteral("program"), {})[QStringLiteral("style")], QLatin1String("fusion"));
 }
 
-TEST(ProgramStyle, IsTheOneThatIsAskedFor) {
-  const Surroundings asked{{QStringLiteral("-style"), QStringLiteral("Windows")}, {}};
-  EXPECT_EQ(Probe(QStringLiteral("program"), asked)[QStringLiteral("style")], QLatin1String("windows"));
+TEST(ProgramStyle, IsTheOneOfTheCommandLine) {
+  const ProcessSettings commandLine{{QStringLiteral("-style"), QStringLiteral("Windows")}, {}};
+  EXPECT_EQ(Probe(QStringLiteral("program"), commandLine)[QStringLiteral("style")], QLatin1String("windows"));
 }
 
-TEST(ProgramStart, SucceedsWithoutAnyFontAndPaintsTheMusicSignsItself) {
+TEST(ProgramStart, SucceedsWithoutAnyFontAndPaintsTheMusicGlyphs) {
   const QTemporaryDir folder;
   const QString settings = folder.filePath(QStringLiteral("fonts.conf"));
   QFile file(settings);
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   file.write("<?xml version=\"1.0\"?><fontconfig></fontconfig>");
   file.close();
-  Answers program = Probe(QStringLiteral("program"), {{},
-                                                      {{QStringLiteral("FONTCONFIG_FILE"), settings},
-                                                       {QStringLiteral("XDG_DATA_DIRS"), folder.path()},
-                                                       {QStringLiteral("XDG_DATA_HOME"), folder.path()},
-                                                       {QStringLiteral("HOME"), folder.path()}}});
+  Output program = Probe(QStringLiteral("program"), {{},
+                                                     {{QStringLiteral("FONTCONFIG_FILE"), settings},
+                                                      {QStringLiteral("XDG_DATA_DIRS"), folder.path()},
+                                                      {QStringLiteral("XDG_DATA_HOME"), folder.path()},
+                                                      {QStringLiteral("HOME"), folder.path()}}});
   EXPECT_EQ(program[QStringLiteral("music")], QLatin1String("painted"));
 }
 

@@ -15,18 +15,18 @@ namespace {
 
 constexpr QSize kWindow(1080, 640);
 
-TEST(ScaleThatFits, IsOneWhereTheWindowFits) {
+TEST(ScaleThatFits, IsOneIfTheWindowFits) {
   EXPECT_EQ(ScaleThatFits(kWindow, kWindow), 1);
   EXPECT_EQ(ScaleThatFits(kWindow, {1920, 1080}), 1);
 }
 
-TEST(ScaleThatFits, FollowsTheSideThatIsShorterByMore) {
+TEST(ScaleThatFits, IsLimitedByTheSmallerRatio) {
   EXPECT_NEAR(ScaleThatFits(kWindow, {960, 504}), 504.0 / 640, 0.001);
   EXPECT_NEAR(ScaleThatFits(kWindow, {900, 630}), 900.0 / 1080, 0.001);
   EXPECT_LE(ScaleThatFits(kWindow, {907, 476}) * kWindow.height(), 476);
 }
 
-TEST(ScaleThatFits, IsNeverBelowTheSmallest) {
+TEST(ScaleThatFits, IsNeverBelowTheSmallestScale) {
   EXPECT_EQ(ScaleThatFits(kWindow, {320, 200}), kSmallestScale);
   EXPECT_EQ(ScaleThatFits(kWindow, {636, 444}), kSmallestScale);
 }
@@ -58,7 +58,7 @@ TEST(ScaleSetting, OfFontsIsAResolution) {
   }
 }
 
-TEST(ScreenFit, TakesAScaleThatCannotBeUsedOutOfTheEnvironmentAndSaysSo) {
+TEST(ScreenFit, RemovesAndReportsAnUnusableScale) {
   qputenv("QT_SCALE_FACTOR", "-1");
   std::string program = "tonalith";
   char* arguments[] = {program.data(), nullptr};
@@ -73,7 +73,7 @@ TEST(ScreenFit, TakesAScaleThatCannotBeUsedOutOfTheEnvironmentAndSaysSo) {
       "it were not set.");
 }
 
-TEST(ScreenFit, KeepsAScaleThatCanBeUsed) {
+TEST(ScreenFit, KeepsAUsableScale) {
   qputenv("QT_SCALE_FACTOR", "1.5");
   std::string program = "tonalith";
   char* arguments[] = {program.data(), nullptr};
@@ -94,15 +94,15 @@ TEST_F(SmallScreen, WindowThatFitsHasNoScrollArea) {
   EXPECT_EQ(window.findChild<QScrollArea*>(), nullptr);
 }
 
-TEST_F(SmallScreen, EverythingCanBeScrolledToInAWindowThatFits) {
+TEST_F(SmallScreen, LargeWindowGetsScrollBarsAndFits) {
   CopyShippedDatabase();
   frmTonalith& window = Start();
   QWidget* const focus = window.focusWidget();
-  constexpr QSize kRoom(796, 564);
-  AddScrollBars(window, kRoom);
+  constexpr QSize kAvailable(796, 564);
+  AddScrollBars(window, kAvailable);
   QCoreApplication::processEvents();
-  EXPECT_LE(window.sizeHint().width(), kRoom.width());
-  EXPECT_LE(window.sizeHint().height(), kRoom.height());
+  EXPECT_LE(window.sizeHint().width(), kAvailable.width());
+  EXPECT_LE(window.sizeHint().height(), kAvailable.height());
   auto* const area = window.findChild<QScrollArea*>();
   ASSERT_NE(area, nullptr);
   EXPECT_EQ(window.focusWidget(), focus);

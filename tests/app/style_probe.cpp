@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Prints the style and the palettes of a process: "style_probe plain" those of an application that does nothing but
-// start, "style_probe program" those of Tonalith as it starts. Further arguments go to the application.
+// Prints the style and the palettes of a process: "style_probe plain" those of an application that only starts,
+// "style_probe program" those of Tonalith. Further arguments are passed to the application.
 
 #include <QApplication>
 #include <QFrame>
@@ -25,7 +25,7 @@
 
 namespace {
 
-const QStyle* UndermostStyle() {
+const QStyle* BaseStyle() {
   const QStyle* style = QApplication::style();
   while (const auto* const proxy = qobject_cast<const QProxyStyle*>(style)) style = proxy->baseStyle();
   return style;
@@ -48,7 +48,7 @@ void PrintMetrics() {
   Print("hints", hints.join(QLatin1Char(' ')));
 }
 
-/// The number that stands for what the style paints in one palette.
+/// Prints the checksum of an image painted with a fixed palette.
 template <typename Paint>
 void PrintPicture(const char* what, const Paint& paint) {
   QImage image(120, 40, QImage::Format_ARGB32_Premultiplied);
@@ -64,7 +64,7 @@ template <typename Option>
 Option OptionInGrey() {
   Option option;
   option.rect = QRect(0, 0, 120, 40);
-  // Every role: those that are missing would come from the application.
+  // Set every role: missing ones would come from the application.
   for (int role = 0; role < QPalette::NColorRoles; ++role) {
     const int grey = 60 + 9 * role;
     option.palette.setColor(static_cast<QPalette::ColorRole>(role), QColor(grey, grey, grey));
@@ -108,7 +108,7 @@ void PrintPalettes(const QWidget* window) {
   print("menu", QMenu().palette());
 }
 
-/// How many colours a line has of those that make up the border of the window's menu bar.
+/// Prints the largest number of colours in a pixel line of the menu bar's border; without gaps it is 1.
 void PrintMenuBorder(const QWidget& window) {
   auto* const bar = window.findChild<QMenuBar*>();
   const QImage image = bar->grab().toImage();
@@ -122,7 +122,7 @@ void PrintMenuBorder(const QWidget& window) {
   Print("menu-border-colours", QString::number(most));
 }
 
-/// The lightest grey on the edge and in a separator of a menu in a dark palette, and the grey of its ground.
+/// Prints the lightest grey at the edge and in a separator of a menu, and at the edge of a list, in a dark palette.
 void PrintDarkMenu() {
   QPalette dark;
   dark.setColor(QPalette::Window, QColor(38, 38, 38));
@@ -155,8 +155,8 @@ void PrintDarkMenu() {
 }
 
 void PrintAll(const QWidget* window) {
-  Print("style", UndermostStyle()->name());
-  Print("class", QLatin1String(UndermostStyle()->metaObject()->className()));
+  Print("style", BaseStyle()->name());
+  Print("class", QLatin1String(BaseStyle()->metaObject()->className()));
   PrintMetrics();
   PrintPictures();
   PrintPalettes(window);

@@ -32,7 +32,7 @@ TEST(WantedTranslations, GoFromTheCountryToTheLanguage) {
   EXPECT_THAT(Wanted({QStringLiteral("zh-Hant-TW")}), ElementsAre("zh_Hant_TW", "zh_Hant", "zh"));
 }
 
-TEST(WantedTranslations, EndWithEnglishWhichTheProgramSpeaks) {
+TEST(WantedTranslations, EndAtEnglish) {
   EXPECT_THAT(Wanted({QStringLiteral("da"), QStringLiteral("en-GB"), QStringLiteral("de")}), ElementsAre("da"));
   EXPECT_THAT(Wanted({QStringLiteral("en-US"), QStringLiteral("de")}), IsEmpty());
   EXPECT_THAT(Wanted({QStringLiteral("C")}), IsEmpty());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Every text of every window in another language, one that needs half as much room again.
+// Every text of every window in a simulated language whose texts are more than 40 % longer.
 
 #include <gmock/gmock.h>
 
@@ -35,36 +35,36 @@ namespace {
 using testing::IsEmpty;
 using testing::IsSubsetOf;
 using Texts = std::vector<std::string>;
-using Asked = std::set<std::pair<std::string, std::string>>;
+using SourceTexts = std::set<std::pair<std::string, std::string>>;
 
-/// What no English text holds: the sign of a translated one.
-const QChar kSign(0x00F8);
+/// A character that no English text contains; it identifies a translated text.
+const QChar kTranslated(0x00F8);
 
-/// The text and a tail of signs of more than 40 % of its length, wrapped where a language of long words would be.
+/// Appends more than 40 % of the text's length, with blanks after every ten characters, where the text can be wrapped.
 QString Longer(const QString& text) {
-  QString tail(static_cast<qsizetype>((static_cast<double>(text.size()) * 0.4) + 1), kSign);
+  QString tail(static_cast<qsizetype>((static_cast<double>(text.size()) * 0.4) + 1), kTranslated);
   for (qsizetype at = 9; at < tail.size(); at += 10) tail[at] = QLatin1Char(' ');
-  // A line break at the end stays there.
+  // A line break at the end must remain at the end.
   return text.endsWith(QLatin1Char('\n')) ? text.chopped(1) + tail + QLatin1Char('\n') : text + tail;
 }
 
-/// Translates whatever the program itself asks for, and keeps a list of it.
+/// Translates all texts of the program itself and records them.
 class LongLanguage : public QTranslator {
  public:
   [[nodiscard]] bool isEmpty() const override { return false; }
   [[nodiscard]] QString translate(const char* context, const char* source, const char* /*comment*/,
                                   int /*n*/) const override {
     if (!QByteArray(context).startsWith("tonalith::")) return {};
-    asked_.emplace(context, source);
+    requested_.emplace(context, source);
     return Longer(QString::fromUtf8(source));
   }
-  [[nodiscard]] const Asked& WasAsked() const { return asked_; }
+  [[nodiscard]] const SourceTexts& Requested() const { return requested_; }
 
  private:
-  mutable Asked asked_;
+  mutable SourceTexts requested_;
 };
 
-bool IsWords(const QString& text) {
+bool IsText(const QString& text) {
   static const QRegularExpression words(QStringLiteral("[a-z]{2}"));
   return words.match(text).hasMatch() && text != QLatin1String("Tonalith");
 }
@@ -85,11 +85,11 @@ QStringList OwnTexts(const QWidget& widget) {
   return texts;
 }
 
-/// Every widget of the window, and the window; those of windows that it owns are theirs.
+/// The window and its widgets, without the widgets of windows that it owns.
 std::vector<QWidget*> WidgetsOf(QWidget& window) {
   std::vector<QWidget*> widgets{&window};
   for (auto* const widget : window.findChildren<QWidget*>()) {
-    // Qt's own, the scroll buttons of tabs among them.
+    // Qt's internal widgets, such as the scroll buttons of tabs.
     const bool isQts = widget->objectName().startsWith(QLatin1String("qt_")) ||
                        qobject_cast<const QTabBar*>(widget->parentWidget()) != nullptr;
     if (widget->window() == &window && !isQts) widgets.push_back(widget);
@@ -101,7 +101,7 @@ Texts Untranslated(QWidget& window) {
   Texts found;
   for (const QWidget* const widget : WidgetsOf(window)) {
     for (const QString& text : OwnTexts(*widget)) {
-      if (IsWords(text) && !text.contains(kSign)) {
+      if (IsText(text) && !text.contains(kTranslated)) {
         found.push_back((widget->objectName() + QLatin1String(": ") + text).toStdString());
       }
     }
@@ -151,8 +151,8 @@ Texts Clipped(QWidget& window) {
 
 class WindowTexts : public MainWindowTest {
  protected:
-  /// Data are not translated; these look as if they were.
-  void StartAbroad() {
+  /// Data are not translated, so the test data contain the character themselves.
+  void StartTranslated() {
     QCoreApplication::installTranslator(&language_);
     MakeDatabase({{"Maj\u00F8r", "2212221", "A scale f\u00F8r tests"}});
     Execute("UPDATE ScaleTypes SET ScaleTypeName = 'Test scales \u00F8'");
@@ -163,7 +163,7 @@ class WindowTexts : public MainWindowTest {
     EXPECT_THAT(Untranslated(window), IsEmpty());
     EXPECT_THAT(Clipped(window), IsEmpty());
   }
-  /// Calls `open`, which returns when the window of that kind is closed, and looks at it meanwhile.
+  /// Calls `open`, which shows a modal Form, and checks the form while it is visible.
   template <class Form, class Open>
   void ExpectAllOfModal(Open open) {
     QTimer wait;
@@ -203,13 +203,13 @@ class WindowTexts : public MainWindowTest {
   LongLanguage language_;
 };
 
-TEST_F(WindowTexts, OfEveryWindowAreTranslatedAndHaveTheirRoom) {
-  StartAbroad();
+TEST_F(WindowTexts, OfEveryWindowAreTranslatedAndNotClipped) {
+  StartTranslated();
   OpenAll();
 }
 
-TEST_F(WindowTexts, LeaveShortcutsAndNamesAsTheyAre) {
-  StartAbroad();
+TEST_F(WindowTexts, DoNotChangeShortcutsAndNames) {
+  StartTranslated();
   EXPECT_EQ(Window().Menu().mEditor->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_E));
   EXPECT_EQ(Window().Menu().mUpdate->shortcut(), QKeySequence(Qt::Key_F5));
   EXPECT_TRUE(Window().Menu().mEditor->text().startsWith(QLatin1String("&Editor")))
@@ -221,7 +221,7 @@ TEST_F(WindowTexts, LeaveShortcutsAndNamesAsTheyAre) {
 }
 
 TEST_F(WindowTexts, OfThePlaybackAreTranslated) {
-  StartAbroad();
+  StartTranslated();
   MainWindowPlayback playback(C(), Window().objectName().toStdString());
   using audio::PlaybackState;
   for (const auto& [state, caption] :
@@ -234,13 +234,13 @@ TEST_F(WindowTexts, OfThePlaybackAreTranslated) {
   EXPECT_EQ(C().lblStatus->text(), Longer(QStringLiteral("Playing: %1")).arg(QLatin1String("C#")));
 }
 
-TEST_F(WindowTexts, WithoutATranslationAreFoundUntranslated) {
+TEST_F(WindowTexts, UntranslatedOnesAreFound) {
   MakeDatabase({{"Major", "2212221"}});
   Start();
   EXPECT_THAT(Untranslated(Window()), testing::Contains("cmdEdit: Editor"));
 }
 
-TEST_F(WindowTexts, ThatAreTooLongForTheirPlaceAreFound) {
+TEST_F(WindowTexts, ClippedOnesAreFound) {
   MakeDatabase({{"Major", "2212221"}});
   Start();
   C().cmdEdit->setText(QString(60, QLatin1Char('W')));
@@ -248,11 +248,11 @@ TEST_F(WindowTexts, ThatAreTooLongForTheirPlaceAreFound) {
 }
 
 /// Contexts and texts of a template.
-Asked ReadTemplate(const QString& path) {
+SourceTexts ReadTemplate(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return {};
   QXmlStreamReader reader(&file);
-  Asked texts;
+  SourceTexts texts;
   std::string context;
   while (!reader.atEnd()) {
     if (!reader.readNextStartElement()) continue;
@@ -262,7 +262,7 @@ Asked ReadTemplate(const QString& path) {
   return texts;
 }
 
-TEST_F(WindowTexts, AreAllInTheTemplateThatTranslatorsGet) {
+TEST_F(WindowTexts, AreAllInTheTranslationTemplate) {
   const QString lupdate =
       QStandardPaths::findExecutable(QStringLiteral("lupdate"), {QLibraryInfo::path(QLibraryInfo::BinariesPath)});
   if (lupdate.isEmpty()) GTEST_SKIP() << "lupdate, of qt6-l10n-tools, is not installed";
@@ -274,14 +274,14 @@ TEST_F(WindowTexts, AreAllInTheTemplateThatTranslatorsGet) {
                 {QStringLiteral("-silent"), source, QStringLiteral("-I"), source, QStringLiteral("-ts"), path});
   ASSERT_TRUE(process.waitForFinished());
   ASSERT_EQ(process.exitCode(), 0);
-  EXPECT_EQ(process.readAll().toStdString(), "") << "lupdate does not know where a text belongs";
-  const Asked offered = ReadTemplate(path);
+  EXPECT_EQ(process.readAll().toStdString(), "") << "lupdate finds no context for a text";
+  const SourceTexts offered = ReadTemplate(path);
   EXPECT_THAT(offered, testing::SizeIs(testing::Gt(150U)));
   for (const auto& [context, text] : offered) EXPECT_EQ(context.rfind("tonalith::", 0), 0U) << context << ": " << text;
-  StartAbroad();
+  StartTranslated();
   OpenAll();
-  EXPECT_THAT(language_.WasAsked(), testing::SizeIs(testing::Gt(100U)));
-  EXPECT_THAT(language_.WasAsked(), IsSubsetOf(offered));
+  EXPECT_THAT(language_.Requested(), testing::SizeIs(testing::Gt(100U)));
+  EXPECT_THAT(language_.Requested(), IsSubsetOf(offered));
 }
 
 }  // namespace
