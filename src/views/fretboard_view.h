@@ -1,31 +1,26 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The guitar neck of the main window: wood, nut, frets, strings, an image for each note, fret numbers and the play
-// marker, with the procedures that place them, show a scale, write names and play a note. One tab stop; arrow keys move
-// between the visible notes. A procedure continues after a failure and shows it in a message box at its end. It only
-// schedules a repaint, so one refresh paints once. The message box and the ports must outlive the view.
+// The guitar neck of the main window: the procedures that place its controls, show a scale, write names and play a
+// note. Controls, painting, keyboard focus and highlights are classes of their own. A procedure continues after a
+// failure and shows it in a message box at its end. It only schedules a repaint, so one refresh paints once. The
+// message box and the ports must outlive the view.
 
 #pragma once
 
-#include <QPixmap>
 #include <QWidget>
-#include <array>
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "core/msg_box.h"
 #include "core/scale_construction.h"
 #include "platform/note_player.h"
+#include "views/fretboard_controls.h"
+#include "views/fretboard_focus.h"
 #include "views/fretboard_layout.h"
-#include "views/line_control.h"
-#include "views/neck_painter.h"
-#include "views/note_image.h"
-
-class QLabel;
+#include "views/fretboard_painter.h"
+#include "views/lit_notes.h"
 
 namespace tonalith::views {
 
@@ -40,9 +35,6 @@ class ScaleInView {
   /// Appends to the step line. `words` begins with two blanks.
   virtual void AppendStepWord(const std::string& words) = 0;
 };
-
-/// The source of a highlight; each source highlights at most one note.
-enum class LitBy { kPress, kPlayback };
 
 class FretboardView : public QWidget, private platform::NotePlayerNotifier {
   Q_OBJECT
@@ -71,71 +63,46 @@ class FretboardView : public QWidget, private platform::NotePlayerNotifier {
   void FlashNotes(const std::string& controlName);
   /// Highlights the note with that control name. An unknown name removes the highlight of this source.
   void LightNote(LitBy by, const std::string& controlName);
-  void DarkenNote(LitBy by) { Light(by, -1); }
+  void DarkenNote(LitBy by) { lit_.Light(by, -1); }
   void PlayOctaveNote(const std::string& noteName, std::int16_t octave);
   /// Kept: see docs/behaviour.md, Functions without callers
   static std::int16_t MapNoteNameToPositionIndex(std::string_view noteName);
 
   [[nodiscard]] const FretboardLayout& Layout() const { return layout_; }
   /// The note image of a position index from 0. Throws failure 9 for an invalid index.
-  [[nodiscard]] NoteImage& Image(int index) const;
+  [[nodiscard]] NoteImage& Image(int index) const { return controls_.Image(index); }
   /// The play marker, hidden until FlashNotes shows it.
-  [[nodiscard]] QWidget& Picture1() const { return *playMarker_; }
+  [[nodiscard]] QWidget& Picture1() const { return controls_.PlayMarker(); }
   /// The index of the note that the Tab key reaches, -1 if no note is visible.
-  [[nodiscard]] int TabStop() const { return tabStop_; }
+  [[nodiscard]] int TabStop() const { return focus_.TabStop(); }
 
   /// The neck with the open strings of the visible notes, and the box of a fret number, in pixels of the form's client
   /// area.
-  [[nodiscard]] NeckGeometry Geometry() const;
-  [[nodiscard]] QRectF FretNumberBox(int fret) const;
+  [[nodiscard]] NeckGeometry Geometry() const { return controls_.Geometry(); }
+  [[nodiscard]] QRectF FretNumberBox(int fret) const { return controls_.FretNumberBox(fret); }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   bool event(QEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void NoteStarted() override;
   void NoteEnded() override;
-  void Light(LitBy by, int index);
-  void BuildLines();
-  void BuildImages();
-  void BuildMarkers();
-  NoteImage* MakeImage(const QString& name, const std::string& tag);
-  void PositionNote(int index);
-  void PlaceOnView(QWidget& widget, paint::Twips left, paint::Twips top) const;
   void ShowScaleNotes(const std::string& startNote, const core::IntervalPattern& pattern);
   [[nodiscard]] std::string StartNoteOf(const std::string& keyText) const;
-  void SetTabStop(int index);
   void UpdateOpenStrings();
-  void RestoreFocus();
-  [[nodiscard]] int FocusedNote() const;
-  [[nodiscard]] std::vector<bool> VisibleNotes() const;
-  [[nodiscard]] QWidget& ControlNamed(const std::string& name) const;
-  void PaintFretNumbers(QPainter& painter, const QColor& colour) const;
-  void PaintFocusRing(QPainter& painter) const;
-  void PaintGlow(QPainter& painter) const;
 
   core::MsgBox& msgBox_;
   platform::NotePlayer* player_ = nullptr;
   std::string appFolder_;
   std::function<void()> eventPump_;
   FretboardLayout layout_;
-  std::vector<NoteImage*> images_;
-  std::vector<NoteImage*> extraImages_;       // imgE6..imgE9, imgE13..imgE15
-  std::vector<NoteImage*> labelImages_;       // imgLabel, elements 0..11
-  std::vector<views::LineControl*> strings_;  // Line1.. by row; the next line is the nut.
-  views::LineControl* nut_ = nullptr;
-  std::vector<views::LineControl*> frets_;  // fret1.. by fret
-  std::map<int, QLabel*> markers_;          // fretPosition3.. by fret
-  QWidget* playMarker_ = nullptr;
-  QPixmap neck_;
-  int tabStop_ = -1;
-  int pressed_ = -1;                // The note passed to the player.
-  std::array<int, 2> lit_{-1, -1};  // By LitBy; -1 for none.
-  bool ringShown_ = false;
-  bool isFocusPending_ = false;
+  FretboardControls controls_;
+  FretboardFocus focus_;
+  LitNotes lit_;
+  FretboardPainter painter_;
+  int pressed_ = -1;  // The note passed to the player.
 };
 
 }  // namespace tonalith::views

@@ -29,7 +29,7 @@ PATHS = {
         FretboardView::DrawNoteName > NoteImage::DrawName
     """,
     "click to sound": """
-        NoteImage::NoteImage > FretboardView::BuildImages
+        NoteImage::NoteImage > FretboardView::FretboardView|FretboardView::BuildImages
         FretboardView::PlayOctaveNote > OctaveNotePlayer::Play
         OctaveNotePlayer::Read > PosixFileInput::Open
         OctaveNotePlayer::Read > WaveFile::ReadData
