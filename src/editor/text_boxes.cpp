@@ -8,12 +8,40 @@
 #include <QPainter>
 #include <QStyleOptionFrame>
 #include <QToolTip>
+#include <algorithm>
 #include <cmath>
 
 namespace tonalith::editor {
 namespace {
 
 constexpr int kTextMargin = 1;
+
+// Does not lay out a text above the limit: the box cuts it before it is painted. A paste is cut before it is inserted,
+// but assistive technology and input methods insert into the document.
+class LimitedLayout : public QPlainTextDocumentLayout {
+ public:
+  LimitedLayout(QTextDocument* document, int longest) : QPlainTextDocumentLayout(document), longest_(longest) {}
+
+ protected:
+  void documentChanged(int from, int charsRemoved, int charsAdded) override {
+    const int characters = document()->characterCount();
+    if (characters - 1 > longest_) {
+      isStale_ = true;
+      return;
+    }
+    if (isStale_) {
+      isStale_ = false;
+      from = 0;
+      charsRemoved = characters;
+      charsAdded = characters;
+    }
+    QPlainTextDocumentLayout::documentChanged(from, charsRemoved, charsAdded);
+  }
+
+ private:
+  int longest_;
+  bool isStale_ = false;
+};
 
 }  // namespace
 
@@ -52,6 +80,9 @@ void LineBox::paintEvent(QPaintEvent* event) {
 TextBox::TextBox(const QString& name, int lines, int longest, QWidget* parent)
     : QPlainTextEdit(parent), longest_(longest) {
   setObjectName(name);
+  auto* const text = new QTextDocument(this);
+  text->setDocumentLayout(new LimitedLayout(text, longest));
+  setDocument(text);
   setFrameShape(QFrame::NoFrame);
   setTabChangesFocus(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -59,10 +90,12 @@ TextBox::TextBox(const QString& name, int lines, int longest, QWidget* parent)
   // Whole lines only, so that no line is clipped.
   const qreal line = QFontMetricsF(font()).lineSpacing();
   setFixedHeight(static_cast<int>(std::floor(line * lines)) + 2 * kTextMargin);
+  connect(text, &QTextDocument::contentsChange, this,
+          [this](int position, int /*removed*/, int added) { insertedUpTo_ = position + added; });
   connect(this, &QPlainTextEdit::textChanged, this, &TextBox::CutToLimit);
 }
 
-// Cut before the document gets it: laying out a million characters takes many seconds.
+// Cut before the document gets it, so that the undo stack does not keep what was cut.
 void TextBox::insertFromMimeData(const QMimeData* source) {
   const int free = longest_ - Length() + static_cast<int>(textCursor().selectedText().size());
   QString text = source->text();
@@ -73,12 +106,12 @@ void TextBox::insertFromMimeData(const QMimeData* source) {
   if (!fits) Q_EMIT inputRejected();
 }
 
-// Typing and input methods add a few characters at once, before the cursor.
+// Cuts the end of what was inserted; the text around it stays.
 void TextBox::CutToLimit() {
   const int excess = Length() - longest_;
   if (excess <= 0) return;
   QTextCursor added(document());
-  added.setPosition(std::max(textCursor().position(), excess));
+  added.setPosition(std::clamp(insertedUpTo_, excess, Length()));
   added.movePosition(QTextCursor::Left, QTextCursor::KeepAnchor, excess);
   added.removeSelectedText();
   Q_EMIT inputRejected();

@@ -2,7 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // The editor's text boxes. A line without the focus elides a text that is too long and shows all of it in the tooltip.
-// A box of several lines accepts a limited number of characters and cuts a paste before it is laid out.
+// A box of several lines accepts a limited number of characters and cuts a longer text before it is laid out, because
+// laying out a million characters takes minutes.
 
 #pragma once
 
@@ -47,6 +48,8 @@ class TextBox : public QPlainTextEdit {
   void CutToLimit();
 
   int longest_;
+  /// The end of the text that was inserted last.
+  int insertedUpTo_ = 0;
 };
 
 }  // namespace tonalith::editor

@@ -3,9 +3,12 @@
 
 // Texts that are too long: pasted, typed, or already in the library.
 
+#include <QAbstractTextDocumentLayout>
+#include <QAccessible>
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QGuiApplication>
+#include <QPlainTextEdit>
 #include <QTest>
 
 #include "core/field_limits.h"
@@ -66,6 +69,21 @@ TEST_F(Limits, APasteIntoATextInsertsWhatFits) {
   EXPECT_EQ(Field(2).size(), core::kLongestDescription);
   QTest::keyClick(Box(2), Qt::Key_Delete);
   EXPECT_EQ(Notice(), "Not saved yet.");
+}
+
+TEST_F(Limits, AMillionLettersOfAssistiveTechnologyAreTruncated) {
+  Open();
+  Press(C().cmdModify);
+  QAccessibleEditableTextInterface* const text = QAccessible::queryAccessibleInterface(Box(2))->editableTextInterface();
+  ASSERT_NE(text, nullptr);
+  text->insertText(4, QString(kMillion, QLatin1Char('x')));
+  ProcessEvents();
+  EXPECT_EQ(Field(2).size(), core::kLongestDescription);
+  EXPECT_EQ(Field(2).substr(0, 6), "The xx");
+  EXPECT_EQ(Field(2).substr(Field(2).size() - 12), "xbright one.") << "the text around the insertion stays";
+  EXPECT_EQ(Notice(), "Scale Description: Only 8000 characters fit; the rest was left out.");
+  auto* const lines = qobject_cast<QPlainTextEdit*>(Box(2));
+  EXPECT_GT(lines->document()->documentLayout()->documentSize().height(), 20) << "the cut text is laid out";
 }
 
 TEST_F(Limits, APastedPatternIsTruncatedToThreeOctaves) {
