@@ -25,13 +25,17 @@ std::optional<QSize> AvailableSize(const QScreen* screen) {
   const QString platform = QGuiApplication::platformName();
   const bool isVisible = platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
   if (screen == nullptr || !isVisible) return std::nullopt;
-  const double scale = std::min(1.0, screen->devicePixelRatio());
+  return ContentSize(screen->availableSize(), screen->devicePixelRatio(), platform);
+}
+
+QSize ContentSize(QSize available, double ratio, const QString& platform) {
+  const double scale = std::min(1.0, ratio);
   QSize taken = kFrame;
   if (platform.startsWith(QLatin1String("wayland"))) taken.rheight() += kUnknownPanels;
   // Rounded down, like the scale that the program has chosen for itself.
-  const QSize size = screen->availableSize() -
-                     QSize(static_cast<int>(taken.width() / scale), static_cast<int>(taken.height() / scale));
-  return size.expandedTo(kSmallestSize);
+  const QSize left =
+      available - QSize(static_cast<int>(taken.width() / scale), static_cast<int>(taken.height() / scale));
+  return left.expandedTo(kSmallestSize);
 }
 
 void ResizeWithinScreen(QWidget& window, QSize wanted) {

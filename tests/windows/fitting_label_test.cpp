@@ -10,6 +10,8 @@
 
 #include "paint/colours.h"
 #include "paint/theme.h"
+#include "support/recorded_painting.h"
+#include "windows/plain_label.h"
 
 namespace tonalith::windows {
 namespace {
@@ -125,6 +127,61 @@ TEST_F(FittingLabelTest, TextTooDarkForTheWindowGetsARoundedWarmChip) {
   EXPECT_LT(chip.blue(), chip.red() - 20) << "the chip is not warm";
   EXPECT_EQ(image.pixelColor(0, 0), dark.color(QPalette::Window)) << "the corner is not round";
   EXPECT_EQ(image.pixelColor(image.width() - 1, image.height() / 2), dark.color(QPalette::Window));
+}
+
+TEST_F(FittingLabelTest, IsNamedAndShowsMarkupLiterally) {
+  EXPECT_EQ(label_.objectName(), QStringLiteral("Label1"));
+  label_.setText(QStringLiteral("<b>A</b>"));
+  EXPECT_EQ(tests::RecordPainting(label_).Texts(), QStringList{QStringLiteral("<b>A</b>")});
+}
+
+TEST_F(FittingLabelTest, PaintsItsTextInItsColourOrThatOfThePalette) {
+  label_.setText(QStringLiteral("Dorian"));
+  label_.SetTextColour(Qt::darkRed);
+  EXPECT_EQ(tests::RecordPainting(label_).Text(QStringLiteral("Dorian")).line, QColor(Qt::darkRed));
+  label_.SetTextColour(QColor());
+  EXPECT_EQ(tests::RecordPainting(label_).Text(QStringLiteral("Dorian")).line,
+            label_.palette().color(QPalette::WindowText));
+}
+
+TEST_F(FittingLabelTest, PaintsAnElidedTextInTheSmallestSize) {
+  label_.setText(QString(200, QLatin1Char('W')));
+  const std::vector<tests::Drawn> drawn = tests::RecordPainting(label_).All();
+  ASSERT_EQ(drawn.size(), 1U);
+  EXPECT_TRUE(drawn[0].text.endsWith(QChar(0x2026)));
+  EXPECT_EQ(drawn[0].font.weight(), QFont::Bold);
+  const double cell = QFontMetricsF(label_.FittedFont()).height();
+  EXPECT_NEAR(drawn[0].box.height(), cell, 0.1 * cell);
+  EXPECT_NEAR(drawn[0].box.top(), 0, 1.5);
+}
+
+TEST_F(FittingLabelTest, PaintsAsManyLinesOfAnElidedTextAsFit) {
+  QStringList lines;
+  for (int i = 0; i < 9; ++i) lines.append(QStringLiteral("line %1").arg(i));
+  label_.setText(lines.join(QLatin1Char('\n')));
+  ASSERT_TRUE(label_.IsElided());
+  const QStringList painted = tests::RecordPainting(label_).Texts();
+  ASSERT_EQ(painted.size(), 2) << "40 pixels are two lines of the smallest size";
+  EXPECT_EQ(painted[0].trimmed(), QStringLiteral("line 0"));
+  EXPECT_TRUE(painted[1].startsWith(QStringLiteral("line 1"))) << painted[1].toStdString();
+}
+
+TEST_F(FittingLabelTest, AnotherFontChangesTheSizeHint) {
+  label_.setText(QStringLiteral("Phrygian"));
+  const QSize before = label_.sizeHint();
+  QFont large = label_.font();
+  large.setPixelSize(60);
+  label_.setFont(large);
+  EXPECT_GT(label_.sizeHint().height(), before.height());
+}
+
+TEST(PlainLabel, IsNamedAndShowsMarkupLiterally) {
+  QWidget parent;
+  QLabel* const label = MakePlainLabel(QStringLiteral("lblType"), QStringLiteral("<b>A</b>"), &parent);
+  EXPECT_EQ(label->objectName(), QStringLiteral("lblType"));
+  EXPECT_EQ(label->parentWidget(), &parent);
+  label->resize(label->sizeHint());
+  EXPECT_EQ(tests::RecordPainting(*label).Texts(), QStringList{QStringLiteral("<b>A</b>")});
 }
 
 TEST_F(FittingLabelTest, EmptyTextPaintsNothing) {
