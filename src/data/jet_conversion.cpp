@@ -203,7 +203,7 @@ std::string Convert(const std::string& path, const std::function<void(Conversion
       throw core::Failure::Unspecified("It was changed by another program meanwhile.");
     std::string backup = LinkOrCopyWithLabel(path, kBackupLabel);
     RenameStrayCompanions(path);
-    onStep(ConversionStep::kKept);
+    onStep(ConversionStep::kBackedUp);
     ReplaceDurably(unfinished, path);
     onStep(ConversionStep::kReplaced);
     return backup;

@@ -14,7 +14,7 @@
 
 namespace tonalith::data {
 
-enum class ConversionStep { kMaking, kFilling, kFilled, kKept, kReplaced };
+enum class ConversionStep { kMaking, kFilling, kFilled, kBackedUp, kReplaced };
 
 /// Converts the file if it is a Jet file. Returns the second name of the Jet file, or std::nullopt if the file is not a
 /// Jet file. `onStep` is called at the start of each step; kFilling once for each table and each thousand rows.

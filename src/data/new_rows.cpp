@@ -58,7 +58,7 @@ void NewRows::Add(std::int64_t number) {
   if (!hash || waiting_ == kRowsAtOnce) Write();
 }
 
-bool NewRows::MayHold(const core::Value& key) const {
+bool NewRows::MayContain(const core::Value& key) const {
   if (waiting_ == 0) return false;
   const std::optional<std::uint64_t> hash = HashOf(key);
   const auto end = hashes_.begin() + static_cast<std::ptrdiff_t>(waiting_);

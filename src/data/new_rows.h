@@ -2,7 +2,7 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // Buffers rows and inserts several with one statement, because one statement for each row is slow. A query does not
-// find buffered rows, so callers check MayHold first. Throws like the engine and reports which row was refused. The
+// find buffered rows, so callers check MayContain first. Throws like the engine and reports which row was refused. The
 // destructor drops buffered rows. Private to this room.
 
 #pragma once
@@ -30,7 +30,7 @@ class NewRows {
   /// RefusedRow identifies the row by `number`.
   void Add(std::int64_t number = 0);
   /// Whether a buffered row may have that key. May report false positives, never false negatives.
-  [[nodiscard]] bool MayHold(const core::Value& key) const;
+  [[nodiscard]] bool MayContain(const core::Value& key) const;
   /// Writes the buffered rows.
   void Write();
   /// After a call that threw: the number of the row that the database refused, or std::nullopt if the failure has

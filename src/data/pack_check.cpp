@@ -89,9 +89,9 @@ void AscendingKeyCheck::Require(std::int64_t row) {
   latest_ = row;
 }
 
-PackBudget::PackBudget(std::uint64_t fileSize) : fileSize_(fileSize), left_(jet::ContentLimit(fileSize)) {}
+PackSizeLimit::PackSizeLimit(std::uint64_t fileSize) : fileSize_(fileSize), left_(jet::ContentLimit(fileSize)) {}
 
-void PackBudget::Take(std::uint64_t bytes) {
+void PackSizeLimit::Count(std::uint64_t bytes) {
   if (bytes >= left_) {
     throw core::Failure::Unspecified("The pack gives more than a file of " + std::to_string(fileSize_) +
                                      " bytes can hold.");

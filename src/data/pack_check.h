@@ -36,18 +36,18 @@ class AscendingKeyCheck {
 };
 
 /// Limits the content to the maximum of a file of the given size.
-class PackBudget {
+class PackSizeLimit {
  public:
-  explicit PackBudget(std::uint64_t fileSize);
+  explicit PackSizeLimit(std::uint64_t fileSize);
   /// Counts a row of `bytes` bytes.
-  void Take(std::uint64_t bytes);
+  void Count(std::uint64_t bytes);
 
  private:
   std::uint64_t fileSize_;
   std::uint64_t left_;
 };
 
-/// The size of a value in bytes, for PackBudget.
+/// The size of a value in bytes, for PackSizeLimit.
 std::uint64_t SizeOf(const core::Value& value);
 
 /// The maximum length of a column, by its name.

@@ -84,14 +84,14 @@ void PackMerge::Run() {
   pack_->Open(kPackSource + DataSourceValue(path_), "", "");
   main_->OpenEngine().Execute(kImportCache);
   main_->BeginTrans();
-  PackBudget budget(BytesOf(pack_->OpenEngine().Path()));
+  PackSizeLimit limit(BytesOf(pack_->OpenEngine().Path()));
   const auto numberOf = [](const core::Value& number, core::Value& key) { key = number.AsInt32(); };
   const auto nameOf = [](const core::Value& name, core::Value& key) {
     if (const auto* const text = std::get_if<std::string>(&name.Raw())) return key.SetText(*text);
     key = name.TextOr("");
   };
-  MergeTable({"ScaleTypes", "ScaleTypeID", numberOf, "ScaleTypeID", "ScaleTypeName"}, budget);
-  addedScales_ = MergeTable({"Scales", "ScaleName", nameOf, "ScaleID", "ScaleName"}, budget);
+  MergeTable({"ScaleTypes", "ScaleTypeID", numberOf, "ScaleTypeID", "ScaleTypeName"}, limit);
+  addedScales_ = MergeTable({"Scales", "ScaleName", nameOf, "ScaleID", "ScaleName"}, limit);
   main_->CommitTrans();
 }
 
@@ -109,7 +109,7 @@ void PackMerge::Close() {
 // Adds the rows of a table whose key is not in the main table, and returns their number. Uses prepared statements on
 // the main table, because packs may be large.
 // Kept: see docs/behaviour.md, Type numbers of packs are not mapped.
-std::int64_t PackMerge::MergeTable(const TableRules& rules, PackBudget& budget) {
+std::int64_t PackMerge::MergeTable(const TableRules& rules, PackSizeLimit& limit) {
   Engine& pack = pack_->OpenEngine();
   RequirePlainTable(pack, rules.table);
   mainRecords_->Open("SELECT * FROM " + rules.table, main_, CursorType::kKeyset, LockType::kOptimistic);
@@ -137,7 +137,7 @@ std::int64_t PackMerge::MergeTable(const TableRules& rules, PackBudget& budget) 
     } catch (const core::Failure& failure) {
       throw At({rules.table, hasKey ? row : 0, rules.key}, failure);
     }
-    if (newRows.MayHold(wanted)) newRows.Write();
+    if (newRows.MayContain(wanted)) newRows.Write();
     if (!MainHas(lookUp, wanted, names)) {
       core::Value* value = newRows.NextRow();
       for (std::size_t i = 0; i < copied; ++i) CopyValue(values[i], *value++);
@@ -149,7 +149,7 @@ std::int64_t PackMerge::MergeTable(const TableRules& rules, PackBudget& budget) 
     onRow_(++rows_);
   };
   try {
-    rows.ForEach(budget, merge);
+    rows.ForEach(limit, merge);
     newRows.Write();
   } catch (const core::Failure& failure) {
     if (newRows.RefusedRow()) throw At({rules.table, *newRows.RefusedRow(), {}}, failure);

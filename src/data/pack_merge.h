@@ -49,7 +49,7 @@ class PackMerge {
     std::string name;
   };
 
-  std::int64_t MergeTable(const TableRules& rules, PackBudget& budget);
+  std::int64_t MergeTable(const TableRules& rules, PackSizeLimit& limit);
   [[nodiscard]] std::vector<std::string> CopiedFields(const TableRules& rules) const;
   /// `names`: only if the key is the name of a scale.
   bool MainHas(const std::string& statement, const core::Value& key, ScaleNames* names);

@@ -38,7 +38,7 @@ std::vector<std::string> PackRows::ColumnsOf(Engine& pack, const std::string& ta
   return pack.ColumnNames("SELECT *" + From(table));
 }
 
-void PackRows::ForEach(PackBudget& budget,
+void PackRows::ForEach(PackSizeLimit& limit,
                        const std::function<void(std::int64_t row, std::span<const core::Value> values)>& onRow) {
   AscendingKeyCheck ascending(pack_.Path());
   bool isReading = true;
@@ -53,7 +53,7 @@ void PackRows::ForEach(PackBudget& budget,
         size += SizeOf(values_[i]);
       }
       RequireLimits();
-      budget.Take(size);
+      limit.Count(size);
       onRow(row_, values_);
       isReading = true;
     });

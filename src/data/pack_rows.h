@@ -30,7 +30,7 @@ class PackRows {
 
   /// Passes each row to `onRow`, in the order of the file: its number, from 1, and its values in the order of the
   /// columns. The values are valid until the next row.
-  void ForEach(PackBudget& budget,
+  void ForEach(PackSizeLimit& limit,
                const std::function<void(std::int64_t row, std::span<const core::Value> values)>& onRow);
 
  private:

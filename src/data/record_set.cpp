@@ -8,13 +8,16 @@
 #include "data/connection.h"
 #include "data/data_failure.h"
 #include "data/engine.h"
+#include "data/pending_edit.h"
+#include "data/row_cursor.h"
 #include "data/row_source.h"
+#include "data/row_writer.h"
 #include "data/sql_dialect.h"
 #include "data/sql_tokens.h"
 
 namespace tonalith::data {
 
-RecordSet::RecordSet() = default;
+RecordSet::RecordSet() : edit_(std::make_unique<PendingEdit>()) {}
 RecordSet::~RecordSet() = default;
 
 void RecordSet::Open(const std::string& source, std::shared_ptr<Connection> connection, CursorType cursorType,
@@ -23,27 +26,21 @@ void RecordSet::Open(const std::string& source, std::shared_ptr<Connection> conn
   if (connection == nullptr || !connection->IsOpen()) throw InvalidConnection();
   const std::shared_ptr<Engine> engine = connection->engine_;
   auto selection = MakeSelection(*engine, source);
-  auto rows = MakeRowSource(*engine, *selection, {});
-  RowPointer first = rows->First();
+  cursor_ = std::make_unique<RowCursor>(*engine, MakeRowSource(*engine, *selection, {}));
 
   connection_ = std::move(connection);
   engine_ = engine;
   selection_ = std::move(selection);
-  rows_ = std::move(rows);
   cursorType_ = cursorType;
   lockType_ = lockType;
   filter_.clear();
-  isNew_ = false;
-  pending_.clear();
-  NoteOwnChange();
-  SetCurrentRow(std::move(first), 1, Place::kEmpty);
+  edit_->Clear();
 }
 
 void RecordSet::Close() {
   RequireOpen();
   if (IsEditPending()) throw NotAllowedHere();
-  rows_.reset();
-  row_.reset();
+  cursor_.reset();
   selection_.reset();
   engine_.reset();
   connection_.reset();
@@ -80,152 +77,87 @@ std::unique_ptr<RecordSet> RecordSet::CloneOf(std::shared_ptr<const Selection> s
   Engine& engine = OpenEngine();
   RequireScrollable();
   auto clone = std::make_unique<RecordSet>();
-  clone->rows_ = MakeRowSource(engine, *selection, {});
+  clone->cursor_ = std::make_unique<RowCursor>(engine, MakeRowSource(engine, *selection, {}));
   clone->connection_ = connection_;
   clone->engine_ = engine_;
   clone->selection_ = std::move(selection);
   clone->cursorType_ = cursorType_;
   clone->lockType_ = lockType_;
-  clone->NoteOwnChange();
-  clone->GoToFirstRow();
   return clone;
 }
 
 void RecordSet::Requery() {
   RequireOpen();
   if (IsEditPending()) throw NotAllowedHere();
-  rows_->Forget();
-  NoteOwnChange();
-  GoToFirstRow();
+  cursor_->Requery();
 }
 
 bool RecordSet::IsBof() const {
   RequireOpen();
-  return !isNew_ && (place_ == Place::kBof || place_ == Place::kEmpty);
+  return !edit_->IsNew() && cursor_->IsBof();
 }
 
 bool RecordSet::IsEof() const {
   RequireOpen();
-  return !isNew_ && (place_ == Place::kEof || place_ == Place::kEmpty);
+  return !edit_->IsNew() && cursor_->IsEof();
 }
 
 void RecordSet::RequireScrollable() const {
   if (cursorType_ == CursorType::kForwardOnly) throw OperationNotSupported();
 }
 
-// Saves the pending edit, and drops cached rows that a write through the same connection may have changed.
-void RecordSet::LeaveRow() {
-  Engine& engine = OpenEngine();
+RowCursor& RecordSet::LeaveRow() {
+  RequireOpen();
   if (IsEditPending()) WritePending();
-  if (engine.Changes() == changesSeen_) return;
-  rows_->Forget();
-  position_.reset();
-  NoteOwnChange();
+  cursor_->DropStaleRows();
+  return *cursor_;
 }
 
-void RecordSet::NoteOwnChange() {
-  changesSeen_ = OpenEngine().Changes();
-  count_.reset();
-}
-
-void RecordSet::SetCurrentRow(RowPointer row, std::optional<std::int64_t> position, Place otherwise) {
-  place_ = row == nullptr ? otherwise : Place::kRow;
-  position_ = position;
-  row_ = std::move(row);
-}
-
-void RecordSet::GoToFirstRow() { SetCurrentRow(rows_->First(), 1, Place::kEmpty); }
-
-void RecordSet::MoveFirst() {
-  LeaveRow();
-  GoToFirstRow();
-  if (place_ == Place::kEmpty) throw NoCurrentRecord();
-}
+void RecordSet::MoveFirst() { LeaveRow().MoveFirst(); }
 
 void RecordSet::MoveLast() {
   RequireOpen();
   RequireScrollable();
-  LeaveRow();
-  SetCurrentRow(rows_->Last(), count_, Place::kEmpty);
-  if (place_ == Place::kEmpty) throw NoCurrentRecord();
+  LeaveRow().MoveLast();
 }
 
-void RecordSet::MoveNext() {
-  LeaveRow();
-  if (place_ == Place::kBof) return GoToFirstRow();
-  if (place_ == Place::kEmpty || place_ == Place::kEof) throw NoCurrentRecord();
-  // The row after a deleted row already has its position.
-  std::optional<std::int64_t> position = position_;
-  if (position && place_ == Place::kRow) ++*position;
-  RowPointer next = rows_->After(row_->key);
-  const bool isEmpty = next == nullptr && place_ == Place::kDeleted && rows_->First() == nullptr;
-  SetCurrentRow(std::move(next), position, isEmpty ? Place::kEmpty : Place::kEof);
-}
+void RecordSet::MoveNext() { LeaveRow().MoveNext(); }
 
 void RecordSet::MovePrevious() {
   RequireOpen();
   RequireScrollable();
-  LeaveRow();
-  if (place_ == Place::kEmpty || place_ == Place::kBof) throw NoCurrentRecord();
-  if (place_ == Place::kEof) return SetCurrentRow(rows_->Last(), count_, Place::kEmpty);
-  std::optional<std::int64_t> position = position_;
-  if (position) --*position;
-  RowPointer previous = rows_->Before(row_->key);
-  const bool isEmpty = previous == nullptr && place_ == Place::kDeleted && rows_->First() == nullptr;
-  SetCurrentRow(std::move(previous), position, isEmpty ? Place::kEmpty : Place::kBof);
+  LeaveRow().MovePrevious();
 }
 
 Bookmark RecordSet::GetBookmark() const {
   RequireOpen();
   RequireScrollable();
-  if (isNew_ || place_ != Place::kRow) throw NoCurrentRecord();
-  return {row_->key};
+  if (edit_->IsNew() || !cursor_->IsOnRow()) throw NoCurrentRecord();
+  return {cursor_->Current().key};
 }
 
 void RecordSet::SetBookmark(Bookmark bookmark) {
   RequireOpen();
   RequireScrollable();
-  LeaveRow();
-  RowPointer row = rows_->At(bookmark.key);
-  if (row == nullptr) throw InvalidBookmark();
-  const bool isSame = place_ == Place::kRow && row_->key == bookmark.key;
-  SetCurrentRow(std::move(row), isSame ? position_ : std::nullopt, Place::kEmpty);
+  if (!LeaveRow().MoveTo(bookmark.key)) throw InvalidBookmark();
 }
 
 std::int64_t RecordSet::AbsolutePosition() {
-  Engine& engine = OpenEngine();
-  if (isNew_) return kPositionUnknown;
-  switch (place_) {
-    case Place::kBof:
-      return kPositionBof;
-    case Place::kEof:
-      return kPositionEof;
-    case Place::kEmpty:
-    case Place::kDeleted:
-      return kPositionUnknown;
-    case Place::kRow:
-      break;
-  }
-  if (!position_ || engine.Changes() != changesSeen_) position_ = rows_->CountUpTo(row_->key);
-  return *position_;
+  RequireOpen();
+  return edit_->IsNew() ? kPositionUnknown : cursor_->Position();
 }
 
 std::int64_t RecordSet::RecordCount() {
-  Engine& engine = OpenEngine();
-  if (cursorType_ == CursorType::kForwardOnly) return -1;
-  if (!count_ || engine.Changes() != changesSeen_) count_ = rows_->Count();
-  return *count_;
+  RequireOpen();
+  return cursorType_ == CursorType::kForwardOnly ? -1 : cursor_->Count();
 }
 
 void RecordSet::SetFilter(const std::string& filter) {
   Engine& engine = OpenEngine();
   LeaveRow();
-  auto rows = MakeRowSource(engine, *selection_, filter.empty() ? std::string() : TranslateCondition(filter));
-  RowPointer first = rows->First();
-  rows_ = std::move(rows);
+  const std::string condition = filter.empty() ? std::string() : TranslateCondition(filter);
+  cursor_ = std::make_unique<RowCursor>(engine, MakeRowSource(engine, *selection_, condition));
   filter_ = filter;
-  count_.reset();
-  SetCurrentRow(std::move(first), 1, Place::kEmpty);
 }
 
 int RecordSet::FieldCount() const {
@@ -255,15 +187,76 @@ int RecordSet::RequireField(std::string_view name) const {
   return *index;
 }
 
+const Row* RecordSet::RowToEdit() const {
+  if (edit_->IsNew()) return nullptr;
+  if (!cursor_->IsOnRow()) throw NoCurrentRecord();
+  return &cursor_->Current();
+}
+
 const core::Value& RecordSet::FieldValue(int index) const {
   static const core::Value kNull;
   RequireField(index);
   const auto at = static_cast<std::size_t>(index);
-  if (!isNew_ && place_ != Place::kRow) throw NoCurrentRecord();
-  if (at < pending_.size() && pending_[at]) return *pending_[at];
-  return isNew_ ? kNull : row_->values.at(at);
+  const Row* const row = RowToEdit();
+  if (const core::Value* const set = edit_->Find(at)) return *set;
+  return row == nullptr ? kNull : row->values.at(at);
 }
 
 const core::Value& RecordSet::FieldValue(std::string_view name) const { return FieldValue(RequireField(name)); }
+
+void RecordSet::RequireUpdatable() const {
+  RequireOpen();
+  if (lockType_ == LockType::kReadOnly || !selection_->walk) throw UpdatingNotSupported();
+}
+
+void RecordSet::SetFieldValue(int index, core::Value value) {
+  RequireUpdatable();
+  RequireField(index);
+  edit_->Set(static_cast<std::size_t>(index), selection_->fields.size(), std::move(value), RowToEdit());
+}
+
+void RecordSet::SetFieldValue(std::string_view name, core::Value value) {
+  RequireOpen();
+  SetFieldValue(RequireField(name), std::move(value));
+}
+
+void RecordSet::AddNew() {
+  RequireUpdatable();
+  LeaveRow();
+  edit_->StartNewRow();
+}
+
+void RecordSet::CancelUpdate() {
+  RequireOpen();
+  edit_->Clear();
+}
+
+bool RecordSet::IsEditPending() const { return edit_->IsPending(); }
+
+void RecordSet::Resync() {
+  RequireOpen();
+  if (edit_->IsNew() || !cursor_->IsOnRow()) throw NoCurrentRecord();
+  cursor_->Resync();
+}
+
+void RecordSet::Update() {
+  RequireUpdatable();
+  if (IsEditPending() && lockType_ != LockType::kBatchOptimistic) WritePending();
+}
+
+void RecordSet::UpdateBatch() {
+  RequireUpdatable();
+  if (IsEditPending()) WritePending();
+}
+
+void RecordSet::WritePending() { RowWriter(OpenEngine(), *selection_, *cursor_).Write(*edit_); }
+
+void RecordSet::Delete() {
+  RequireUpdatable();
+  if (edit_->IsNew()) throw NotAllowedHere();
+  if (!cursor_->IsOnRow()) throw NoCurrentRecord();
+  RowWriter(OpenEngine(), *selection_, *cursor_).Delete();
+  edit_->Clear();
+}
 
 }  // namespace tonalith::data

@@ -24,7 +24,8 @@ namespace tonalith::data {
 
 class Connection;
 class Engine;
-class RowSource;
+class PendingEdit;
+class RowCursor;
 struct Row;
 struct Selection;
 
@@ -102,11 +103,9 @@ class RecordSet {
   /// Reads the current row again and keeps the pending edit, which then applies to the new content. Throws 3021 without
   /// a row in the database, -2147217864 if it is deleted.
   void Resync();
-  [[nodiscard]] bool IsEditPending() const { return isNew_ || !pending_.empty(); }
+  [[nodiscard]] bool IsEditPending() const;
 
  private:
-  enum class Place { kEmpty, kBof, kRow, kDeleted, kEof };
-
   void RequireOpen() const;
   void RequireUpdatable() const;
   void RequireScrollable() const;
@@ -114,29 +113,20 @@ class RecordSet {
   [[nodiscard]] std::unique_ptr<RecordSet> CloneOf(std::shared_ptr<const Selection> selection) const;
   [[nodiscard]] int RequireField(std::string_view name) const;
   void RequireField(int index) const;
-  void LeaveRow();
-  void SetCurrentRow(std::shared_ptr<const Row> row, std::optional<std::int64_t> position, Place otherwise);
-  void GoToFirstRow();
+  /// Saves the pending edit and drops outdated rows, before a move.
+  RowCursor& LeaveRow();
+  /// nullptr for a new row.
+  [[nodiscard]] const Row* RowToEdit() const;
   void WritePending();
-  void Insert();
-  void Change();
-  void RequireUnchanged();
-  void NoteOwnChange();
 
   std::shared_ptr<Connection> connection_;
   std::weak_ptr<Engine> engine_;
   std::shared_ptr<const Selection> selection_;
-  std::unique_ptr<RowSource> rows_;
   CursorType cursorType_ = CursorType::kKeyset;
   LockType lockType_ = LockType::kReadOnly;
   std::string filter_;
-  Place place_ = Place::kEmpty;
-  std::shared_ptr<const Row> row_;
-  std::optional<std::int64_t> position_;
-  std::optional<std::int64_t> count_;
-  std::uint64_t changesSeen_ = 0;
-  bool isNew_ = false;
-  std::vector<std::optional<core::Value>> pending_;
+  std::unique_ptr<RowCursor> cursor_;
+  std::unique_ptr<PendingEdit> edit_;
 };
 
 }  // namespace tonalith::data

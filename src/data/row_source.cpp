@@ -175,7 +175,7 @@ class KeyedRows : public RowSource {
     return count;
   }
 
-  void Forget() override {
+  void DropCache() override {
     rows_.clear();
     reachesFirst_ = false;
     reachesLast_ = false;
@@ -196,7 +196,7 @@ class KeyedRows : public RowSource {
   // Returns the number of requested rows, which is 1 instead of `block` if a row is too long.
   std::int64_t Fetch(const Direction& direction, std::int64_t from, std::int64_t block) {
     Rows before = std::move(rows_);
-    Forget();
+    DropCache();
     try {
       const std::array<core::Value, 2> bindings = {from, block};
       const FieldLimit limit(engine_, kLongestFieldInBlock);
@@ -298,7 +298,7 @@ class SnapshotRows : public RowSource {
     return std::upper_bound(Load().begin(), Load().end(), key, IsGreater) - rows_.begin();
   }
 
-  void Forget() override {
+  void DropCache() override {
     rows_.clear();
     isLoaded_ = false;
   }

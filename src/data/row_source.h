@@ -71,7 +71,7 @@ class RowSource {
   /// The number of rows up to and including `key`.
   virtual std::int64_t CountUpTo(std::int64_t key) = 0;
   /// Drops the cached rows.
-  virtual void Forget() = 0;
+  virtual void DropCache() = 0;
 };
 
 /// `filter` is an SQL condition of the engine, empty for none.

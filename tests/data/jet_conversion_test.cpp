@@ -274,7 +274,7 @@ void ConvertAndBeKilled(const std::string& path, const std::function<bool(Conver
 
 TEST(JetConversion, IsCompletedAtTheNextStartAfterAKillAtAnyStep) {
   for (const ConversionStep last : {ConversionStep::kMaking, ConversionStep::kFilling, ConversionStep::kFilled,
-                                    ConversionStep::kKept, ConversionStep::kReplaced}) {
+                                    ConversionStep::kBackedUp, ConversionStep::kReplaced}) {
     const JetFolder folder;
     ConvertAndBeKilled(folder.Path(), [last](ConversionStep step) { return step == last; });
     const bool isDone = last == ConversionStep::kReplaced;

@@ -46,10 +46,10 @@ TEST_F(NewRowsTest, AreWrittenInTheirOrderForAnyNumber) {
 TEST_F(NewRowsTest, AreBufferedUntilTheyAreWritten) {
   Add("A");
   EXPECT_EQ(Count(), "0");
-  EXPECT_TRUE(rows_.MayHold("A"));
+  EXPECT_TRUE(rows_.MayContain("A"));
   rows_.Write();
   EXPECT_EQ(Count(), "1");
-  EXPECT_FALSE(rows_.MayHold("A"));
+  EXPECT_FALSE(rows_.MayContain("A"));
   rows_.Write();
   EXPECT_EQ(Count(), "1");
 }
@@ -60,12 +60,12 @@ TEST_F(NewRowsTest, FindEveryBufferedKeyThatTheEngineWouldFind) {
   Add("\xC3\x84olian");
   Add(std::string("cut\0here", 8));
   for (const char* const key : {"Dorian", "DORIAN", "dorian", "7", "\xC3\x84OLIAN"}) {
-    EXPECT_TRUE(rows_.MayHold(key)) << key;
+    EXPECT_TRUE(rows_.MayContain(key)) << key;
   }
-  EXPECT_TRUE(rows_.MayHold(std::int64_t{7}));
-  EXPECT_TRUE(rows_.MayHold(std::string("CUT\0HERE", 8)));
-  EXPECT_TRUE(rows_.MayHold(std::string("cut\0there", 9)));
-  for (const char* const key : {"Doria", "Dorian ", "", "70"}) EXPECT_FALSE(rows_.MayHold(key)) << key;
+  EXPECT_TRUE(rows_.MayContain(std::int64_t{7}));
+  EXPECT_TRUE(rows_.MayContain(std::string("CUT\0HERE", 8)));
+  EXPECT_TRUE(rows_.MayContain(std::string("cut\0there", 9)));
+  for (const char* const key : {"Doria", "Dorian ", "", "70"}) EXPECT_FALSE(rows_.MayContain(key)) << key;
 }
 
 TEST_F(NewRowsTest, AreWrittenAtOnceIfTheColumnMayConvertTheKey) {
