@@ -13,6 +13,9 @@
 #include <QWheelEvent>
 
 #include "core/note_model.h"
+#include "paint/colours.h"
+#include "paint/theme.h"
+#include "support/recorded_painting.h"
 
 namespace tonalith::app {
 namespace {
@@ -211,6 +214,47 @@ TEST_F(KeyBoxTest, TextThatIsNoNoteIsMarkedAndDescribed) {
   EXPECT_FALSE(box_.IsMarked());
   EXPECT_EQ(box_.accessibleDescription().toStdString(), "The key.");
   EXPECT_EQ(box_.grab().toImage(), plain);
+}
+
+TEST_F(KeyBoxTest, IsAPanelWithAnArrowAndARingWhileFocused) {
+  box_.resize(100, 34);
+  box_.SetDescription({});
+  const QPalette palette = paint::WarmPalette(QPalette(QColor(0xee, 0xee, 0xee)));
+  box_.setPalette(palette);
+  const QColor accent(paint::kAccent);
+  const tests::Drawing plain = tests::RecordPainting(box_);
+  EXPECT_EQ(plain.FilledWith(palette.color(QPalette::Base)).size(), 1U);
+  EXPECT_EQ(plain.FilledWith(paint::OutlineColour(palette)).size(), 1U);
+  EXPECT_EQ(plain.OutlinedWith(paint::SecondaryText(palette)).size(), 1U) << "the arrow";
+  EXPECT_TRUE(plain.FilledWith(accent).empty());
+  box_.show();
+  box_.activateWindow();
+  box_.setFocus();
+  QApplication::processEvents();
+  ASSERT_TRUE(box_.hasFocus());
+  EXPECT_EQ(tests::RecordPainting(box_).FilledWith(accent).size(), 1U);
+}
+
+TEST_F(KeyBoxTest, MarkIsAReddishFrameOfTwoPixelsThatFollowsThePalette) {
+  box_.resize(100, 34);
+  box_.setEditText(QStringLiteral("Hello"));
+  for (const bool isDark : {false, true}) {
+    QPalette system(isDark ? QColor(0x22, 0x22, 0x22) : QColor(0xee, 0xee, 0xee));
+    const QPalette palette = paint::WarmPalette(system);
+    box_.setPalette(palette);
+    const QColor mark = isDark ? QColor(0xFF, 0x9A, 0x8A) : QColor(0xB3, 0x1B, 0x1B);
+    const tests::Drawing drawing = tests::RecordPainting(box_);
+    const std::vector<tests::Drawn> frame = drawing.FilledWith(mark);
+    ASSERT_EQ(frame.size(), 1U);
+    EXPECT_EQ(frame[0].AsText(), "round 6 at 0,0 100x34 fill " + mark.name().toStdString() + " smooth");
+    const std::vector<tests::Drawn> inside = drawing.FilledWith(palette.color(QPalette::Base));
+    ASSERT_EQ(inside.size(), 1U);
+    EXPECT_EQ(inside[0].box, QRectF(2, 2, 96, 30));
+    EXPECT_EQ(inside[0].form, "round 4");
+    EXPECT_EQ(drawing.OutlinedWith(paint::SecondaryText(palette)).size(), 1U) << "the arrow";
+    EXPECT_EQ(box_.lineEdit()->palette().color(QPalette::Text), mark);
+    EXPECT_GE(paint::ContrastRatio(mark, palette.color(QPalette::Base)), 4.5);
+  }
 }
 
 TEST_F(KeyBoxTest, WheelTransposesOnlyWhileTheBoxHasTheFocus) {

@@ -91,6 +91,24 @@ TEST(RecordingSurface, RemovesItsCommandsWhenCleared) {
   EXPECT_TRUE(surface.InkBounds().isNull());
 }
 
+TEST(RecordingSurface, BoundsHoldLinesAndGlyphsOfTheMusicFont) {
+  RecordingSurface surface = InPixels();
+  surface.Line(60, 50, 20, 50);
+  EXPECT_EQ(surface.InkBounds(), QRectF(20, 50, 40, 1)) << "a line is a pixel thick";
+  surface.Line(30, 70, 30, 40);
+  EXPECT_EQ(surface.InkBounds(), QRectF(QPointF(20, 40), QPointF(60, 70)));
+  surface.SetFontName("Maestro");
+  surface.SetFontSize(Pixels(36));
+  surface.SetCurrentX(200);
+  surface.SetCurrentY(100);
+  surface.Print("w");
+  const QRectF bounds = surface.InkBounds();
+  EXPECT_EQ(bounds.topLeft(), QPointF(20, 40));
+  EXPECT_GT(bounds.right(), 205) << "the notehead is to the right of the lines";
+  EXPECT_LT(bounds.right(), 230);
+  EXPECT_GT(bounds.bottom(), 100);
+}
+
 TEST(RecordingSurface, ReplaysOnAnotherSurface) {
   RecordingSurface first = InPixels();
   first.SetForeColor(Bgr{0xFF0000});

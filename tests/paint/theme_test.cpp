@@ -75,6 +75,30 @@ TEST(Theme, EveryBackgroundAndSelectionIsWarm) {
   }
 }
 
+/// The colours of a palette in the roles that windows paint with.
+std::string ColoursOf(const QPalette& palette) {
+  std::string colours;
+  for (const auto role : {QPalette::Window, QPalette::Base, QPalette::AlternateBase, QPalette::Button,
+                          QPalette::ToolTipBase, QPalette::WindowText, QPalette::ToolTipText, QPalette::Highlight,
+                          QPalette::HighlightedText, QPalette::Light, QPalette::Midlight, QPalette::Mid, QPalette::Dark,
+                          QPalette::Shadow, QPalette::PlaceholderText, QPalette::Link}) {
+    colours += palette.color(role).name().toStdString() + " ";
+  }
+  for (const auto role : {QPalette::ButtonText, QPalette::Highlight, QPalette::HighlightedText}) {
+    colours += palette.color(QPalette::Disabled, role).name().toStdString() + " ";
+  }
+  return colours + OutlineColour(palette).name().toStdString();
+}
+
+TEST(Theme, HasItsColours) {
+  EXPECT_EQ(ColoursOf(WarmPalette(Light())),
+            "#f6f4f0 #ffffff #faf8f4 #ffffff #fffaee #1f1b17 #1f1b17 #84583b #ffffff #fdfdfc #faf8f6 #b9b7b4 #999795 "
+            "#4a4948 #5a534b #a0522d #8b847b #d8cfc3 #1f1b17 #bab7b3\n");
+  EXPECT_EQ(ColoursOf(WarmPalette(Dark())),
+            "#26221f #1d1a18 #2b2723 #36312c #3d3731 #f0ebe4 #f0ebe4 #805c43 #ffffff #494543 #3c3835 #1b1816 #151311 "
+            "#0b0a09 #b9b0a5 #f0a070 #9a9288 #4a423a #f0ebe4 #5f5a56\n");
+}
+
 TEST(Theme, WarmPaletteIsUnchanged) {
   for (const QPalette& system : {Light(), Dark()}) EXPECT_EQ(WarmPalette(WarmPalette(system)), WarmPalette(system));
 }

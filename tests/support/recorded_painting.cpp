@@ -12,10 +12,42 @@
 #include <QPainterPath>
 #include <QWidget>
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 namespace tonalith::tests {
 namespace {
+
+std::string Number(double number) {
+  // Hundredths, without zeros at the end; no negative zero.
+  const double rounded = std::round(number * 100) / 100 + 0.0;
+  return QString::number(rounded, 'g', 8).toStdString();
+}
+
+std::string ColourText(const QColor& colour) {
+  return colour.name(colour.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb).toStdString();
+}
+
+/// "rect", "round" with its radius, "ellipse", or "path" with its points.
+std::string FormOf(const QPainterPath& path) {
+  constexpr int kEllipse = 13;
+  constexpr int kRoundedRect = 17;
+  if (path.elementCount() == kEllipse) return "ellipse";
+  if (path.elementCount() == kRoundedRect) return "round " + Number(path.elementAt(0).y - path.boundingRect().top());
+  std::string form = "path";
+  for (int i = 0; i < path.elementCount(); ++i) {
+    form += " " + Number(path.elementAt(i).x) + "," + Number(path.elementAt(i).y);
+  }
+  return form;
+}
+
+std::vector<QColor> ColoursOf(const QBrush& brush) {
+  if (brush.style() == Qt::TexturePattern) return {};
+  if (brush.gradient() == nullptr) return {brush.color()};
+  std::vector<QColor> colours;
+  for (const QGradientStop& stop : brush.gradient()->stops()) colours.push_back(stop.second);
+  return colours;
+}
 
 class Recorder : public QPaintEngine {
  public:
@@ -28,16 +60,18 @@ class Recorder : public QPaintEngine {
   [[nodiscard]] Type type() const override { return QPaintEngine::User; }
   void updateState(const QPaintEngineState& /*state*/) override {}
 
-  void drawPath(const QPainterPath& path) override { AddShape(path.boundingRect(), true); }
+  void drawPath(const QPainterPath& path) override { AddShape(FormOf(Mapped(path)), path.boundingRect(), true); }
   void drawPolygon(const QPointF* points, int count, PolygonDrawMode mode) override {
-    AddShape(QPolygonF(QVector<QPointF>(points, points + count)).boundingRect(), mode != PolylineMode);
+    QPainterPath path;
+    path.addPolygon(QPolygonF(QVector<QPointF>(points, points + count)));
+    AddShape(FormOf(Mapped(path)), path.boundingRect(), mode != PolylineMode);
   }
   void drawRects(const QRectF* rects, int count) override {
-    for (int i = 0; i < count; ++i) AddShape(rects[i], true);
+    for (int i = 0; i < count; ++i) AddShape("rect", rects[i], true);
   }
-  void drawEllipse(const QRectF& rect) override { AddShape(rect, true); }
+  void drawEllipse(const QRectF& rect) override { AddShape("ellipse", rect, true); }
   void drawLines(const QLineF* lines, int count) override {
-    for (int i = 0; i < count; ++i) AddShape(QRectF(lines[i].p1(), lines[i].p2()).normalized(), false);
+    for (int i = 0; i < count; ++i) AddShape("line", QRectF(lines[i].p1(), lines[i].p2()).normalized(), false);
   }
   void drawPixmap(const QRectF& rect, const QPixmap& /*pixmap*/, const QRectF& /*source*/) override {
     AddPicture(rect);
@@ -59,7 +93,8 @@ class Recorder : public QPaintEngine {
   }
 
  private:
-  [[nodiscard]] QRectF Mapped(const QRectF& rect) const { return painter()->combinedTransform().mapRect(rect); }
+  [[nodiscard]] QPainterPath Mapped(const QPainterPath& path) const { return painter()->deviceTransform().map(path); }
+  [[nodiscard]] QRectF Mapped(const QRectF& rect) const { return painter()->deviceTransform().mapRect(rect); }
 
   void AddPicture(const QRectF& rect) {
     Drawn picture;
@@ -68,8 +103,10 @@ class Recorder : public QPaintEngine {
     drawn_.push_back(picture);
   }
 
-  void AddShape(const QRectF& rect, bool canBeFilled) {
+  void AddShape(std::string form, const QRectF& rect, bool canBeFilled) {
     Drawn shape;
+    shape.form = std::move(form);
+    shape.isSmooth = painter()->testRenderHint(QPainter::Antialiasing);
     shape.box = Mapped(rect);
     const QPen pen = painter()->pen();
     if (pen.style() != Qt::NoPen) {
@@ -78,7 +115,8 @@ class Recorder : public QPaintEngine {
     }
     const QBrush brush = painter()->brush();
     if (canBeFilled && brush.style() != Qt::NoBrush) {
-      shape.fill = brush.gradient() == nullptr ? brush.color() : brush.gradient()->stops().constFirst().second;
+      shape.fills = ColoursOf(brush);
+      shape.fill = shape.fills.empty() ? QColor(Qt::black) : shape.fills.front();
     }
     drawn_.push_back(shape);
   }
@@ -126,6 +164,25 @@ class RecordingDevice : public QPaintDevice {
 };
 
 }  // namespace
+
+std::string Drawn::AsText() const {
+  if (!text.isEmpty()) {
+    const std::string size = font.pixelSize() > 0 ? " " + std::to_string(font.pixelSize()) + "px" : "";
+    return "\"" + text.toStdString() + "\" " + ColourText(line) + size + (font.bold() ? " bold" : "");
+  }
+  std::string words = (isPicture ? "picture" : form) + " at " + Number(box.x()) + "," + Number(box.y()) + " " +
+                      Number(box.width()) + "x" + Number(box.height());
+  if (fill.isValid()) words += fills.empty() ? " fill texture" : " fill";
+  for (const QColor& colour : fills) words += " " + ColourText(colour);
+  if (line.isValid()) words += " line " + ColourText(line) + " " + Number(lineWidth);
+  return words + (isSmooth ? " smooth" : "");
+}
+
+std::string Drawing::AsText() const {
+  std::string lines;
+  for (const Drawn& drawn : drawn_) lines += drawn.AsText() + "\n";
+  return lines;
+}
 
 QStringList Drawing::Texts() const {
   QStringList texts;

@@ -11,6 +11,7 @@
 #include <QRectF>
 #include <QStringList>
 #include <functional>
+#include <string>
 #include <vector>
 
 class QPainter;
@@ -27,10 +28,18 @@ struct Drawn {
   /// The colour of the text or of the outline; invalid without an outline.
   QColor line;
   double lineWidth = 0;
-  /// The first colour of a gradient; invalid without a fill.
+  /// Invalid without a fill; the first of `fills`.
   QColor fill;
+  /// The colour of the fill, or all colours of a gradient; empty for a texture.
+  std::vector<QColor> fills;
   QFont font;
   bool isPicture = false;
+  bool isSmooth = false;
+  /// "rect", "round 6" with its radius, "ellipse", or "path" with its points.
+  std::string form;
+
+  /// One line: form, bounds, fill and outline of a shape; words, colour and font of a text.
+  [[nodiscard]] std::string AsText() const;
 };
 
 /// What was painted, in the order of painting.
@@ -40,6 +49,8 @@ class Drawing {
 
   [[nodiscard]] const std::vector<Drawn>& All() const { return drawn_; }
   [[nodiscard]] QStringList Texts() const;
+  /// One line for each text, shape and picture.
+  [[nodiscard]] std::string AsText() const;
   /// The only text that reads so; fails the test and returns an empty one if there is none or a second one.
   [[nodiscard]] Drawn Text(const QString& text) const;
   /// The shapes with this fill.

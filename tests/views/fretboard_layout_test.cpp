@@ -137,6 +137,19 @@ TEST(FretboardLayout, NutAndFretsExtendBeyondTheOuterStrings) {
   EXPECT_EQ(FretboardLayout::AreaBottom(6).value, 502 * 15);
 }
 
+TEST(FretboardLayout, StringsRunFromTheFirstDiscToTheEndOfTheNeck) {
+  const FretboardLayout layout;
+  for (int row = 1; row <= 6; ++row) {
+    const LineGeometry string = FretboardLayout::StringLine(row);
+    EXPECT_EQ(string.x1, FretboardLayout::kBaseLeft) << row;
+    EXPECT_EQ(string.x2.value, 15510) << row;
+    EXPECT_EQ(string.y2, string.y1) << row;
+  }
+  EXPECT_EQ(layout.NutLine().x1.value, 1220);
+  EXPECT_EQ(layout.NutLine().x2, layout.NutLine().x1);
+  EXPECT_EQ(layout.FirstFret().x2, layout.FirstFret().x1);
+}
+
 TEST(FretboardLayout, AnotherStringAddsItsSpacingAtTheBottom) {
   Neck seven = Neck::Standard();
   seven.openStrings.push_back(Pitch::Of(11, 1));

@@ -14,6 +14,7 @@
 #include "paint/colours.h"
 #include "paint/painter_surface.h"
 #include "support/ink.h"
+#include "support/recorded_painting.h"
 #include "views/staff_layout.h"
 
 namespace tonalith::views {
@@ -175,6 +176,8 @@ TEST(StaffView, WritesANoticeInPlaceOfTheStaff) {
   const QRect ink = tests::InkBox(image, image.rect());
   EXPECT_TRUE(StaffView::DesignRect().adjusted(8, 8, -8, -8).contains(ink));
   EXPECT_GT(ink.width(), 100);
+  EXPECT_NEAR(ink.center().x(), StaffView::DesignRect().center().x(), 2);
+  EXPECT_NEAR(ink.center().y(), StaffView::DesignRect().center().y(), 4);
   Write(view, 0, "2212221");
   EXPECT_EQ(view.accessibleName().toStdString(), "Treble clef: C D E F G A B");
 }
@@ -233,6 +236,13 @@ TEST(StaffView, ExtendsTheStaffLinesBelowAWideScale) {
     dark = now;
   }
   EXPECT_EQ(linesAtTheEnd, 5);
+}
+
+TEST(StaffView, IsACardOfPaperWithARim) {
+  StaffView view;
+  EXPECT_EQ(tests::RecordPainting(view).AsText(),
+            "round 6 at 0,0 334x150 fill #e4ddd1 smooth\n"
+            "round 5 at 1,1 332x148 fill #fffdf9 smooth\n");
 }
 
 TEST(StaffView, LooksTheSameInLightAndDark) {
