@@ -54,6 +54,23 @@ TEST(DataFailure, HasTheUsualNumbersForMemoryAndTypes) {
   EXPECT_EQ(FromEngine(SQLite::Exception("words", SQLITE_FULL), "").Number(), core::failure_number::kUnspecified);
 }
 
+TEST(DataFailure, HasTheNumbersThatProgramsTestFor) {
+  const std::vector<std::int32_t> numbers{failure_number::kNoCurrentRecord, failure_number::kNotAllowedHere,
+                                          failure_number::kNotSupported,    failure_number::kUnknownItem,
+                                          failure_number::kClosed,          failure_number::kAlreadyOpen,
+                                          failure_number::kUnknownProvider, failure_number::kInvalidConnection,
+                                          failure_number::kCancelled,       failure_number::kInvalidBookmark,
+                                          failure_number::kUnknownField,    failure_number::kSyntax,
+                                          failure_number::kUnknownTable,    failure_number::kRowVanished,
+                                          failure_number::kRowChanged,      failure_number::kNotAuthorised,
+                                          failure_number::kNoTransaction,   failure_number::kTransactionActive};
+  const std::vector<std::int32_t> expected{3021,        3219,        3251,        3265,        3704,
+                                           3705,        3706,        3709,        3712,        -2147217906,
+                                           -2147217904, -2147217900, -2147217865, -2147217864, -2147217863,
+                                           -2147217843, -2147168242, -2147168237};
+  EXPECT_EQ(numbers, expected);
+}
+
 TEST(DataFailure, NamesTheRuleThatARecordViolates) {
   const DatabaseFolder folder;
   SQLite::Database database(folder.Path(), SQLite::OPEN_READWRITE);

@@ -12,6 +12,7 @@
 #include <filesystem>
 #include <set>
 
+#include "data/data_failure.h"
 #include "data/data_fixture.h"
 #include "jet/jet_file.h"
 #include "jet/jet_fixture.h"
@@ -187,6 +188,21 @@ TEST(JetConversion, AcceptsTheStoredQuery) {
   const JetFolder folder(content);
   EXPECT_TRUE(ConvertMainDatabaseIfJet(folder.Path()).has_value());
   folder.ExpectConverted();
+}
+
+TEST(JetConversion, OnlyTheQueryOfThatNameIsTheStoredQuery) {
+  std::string content = ContentWithType(jet::kJet2003, "SummaryInfo", 5);
+  const auto open = [&] {
+    const JetFolder folder(content);
+    const auto connection = std::make_shared<Connection>();
+    connection->Open(FullConnectionString(folder.Path()));
+    RecordSet records;
+    records.Open("SELECT * FROM ScalesQuery", connection);
+    return records.RecordCount();
+  };
+  EXPECT_EQ(FailureOf(open).Number(), failure_number::kUnknownTable);
+  content.replace(PlaceInCatalog(content, "SummaryInfo"), 22, Wide("ScalesQuery"));
+  EXPECT_GT(open(), 0);
 }
 
 TEST(JetConversion, RefusesTwoTypesOfOneNumber) {

@@ -82,6 +82,29 @@ TEST_F(NewRowsTest, AreWrittenOneByOneWithoutAField) {
   EXPECT_EQ(Count(), "2");
 }
 
+TEST_F(NewRowsTest, NameTheRowThatTheDatabaseRefuses) {
+  for (const int count : {5, 16}) {
+    RunRaw(folder_.Path(), "DELETE FROM Scales");
+    NewRows rows(engine_, "Scales", {"ScaleID", "ScaleName"}, 0);
+    engine_.Execute("BEGIN");
+    const auto add = [&](std::int64_t row, std::int64_t key) {
+      rows.NextRow()[0] = key;
+      rows.NextRow()[1] = "Scale";
+      rows.Add(row);
+    };
+    for (int row = 1; row < count; ++row) add(row, 100 + row);
+    EXPECT_EQ(rows.RefusedRow(), std::nullopt);
+    const core::Failure failure = FailureOf([&] {
+      add(count, 103);
+      rows.Write();
+    });
+    EXPECT_EQ(failure.Description(), "The record was not saved, because another record has the same key.");
+    EXPECT_EQ(rows.RefusedRow(), count) << "the second row with that key";
+    engine_.Execute("ROLLBACK");
+    EXPECT_EQ(Count(), "0");
+  }
+}
+
 TEST_F(NewRowsTest, AreDroppedUnlessWritten) {
   {
     NewRows dropped(engine_, "Scales", {"ScaleName"}, 0);

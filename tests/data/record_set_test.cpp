@@ -153,6 +153,18 @@ TEST(RecordSet, IsClosedWithItsConnection) {
   EXPECT_EQ(Here(records), "Major");
 }
 
+TEST(RecordSet, HasNoFilterAfterItWasOpenedAgain) {
+  const DatabaseFolder folder;
+  RecordSet records;
+  records.Open("ScalesQuery", folder.Open());
+  records.SetFilter("Chord=True");
+  ASSERT_EQ(records.RecordCount(), 2);
+  records.Close();
+  records.Open("ScalesQuery", folder.Open());
+  EXPECT_EQ(records.Filter(), "");
+  EXPECT_EQ(records.RecordCount(), 4);
+}
+
 TEST(RecordSet, KeepsItsConnectionAlive) {
   const DatabaseFolder folder;
   RecordSet records;

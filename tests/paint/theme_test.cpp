@@ -93,10 +93,10 @@ std::string ColoursOf(const QPalette& palette) {
 TEST(Theme, HasItsColours) {
   EXPECT_EQ(ColoursOf(WarmPalette(Light())),
             "#f6f4f0 #ffffff #faf8f4 #ffffff #fffaee #1f1b17 #1f1b17 #84583b #ffffff #fdfdfc #faf8f6 #b9b7b4 #999795 "
-            "#4a4948 #5a534b #a0522d #8b847b #d8cfc3 #1f1b17 #bab7b3\n");
+            "#4a4948 #5a534b #a0522d #8b847b #d8cfc3 #1f1b17 #bab7b3");
   EXPECT_EQ(ColoursOf(WarmPalette(Dark())),
             "#26221f #1d1a18 #2b2723 #36312c #3d3731 #f0ebe4 #f0ebe4 #805c43 #ffffff #494543 #3c3835 #1b1816 #151311 "
-            "#0b0a09 #b9b0a5 #f0a070 #9a9288 #4a423a #f0ebe4 #5f5a56\n");
+            "#0b0a09 #b9b0a5 #f0a070 #9a9288 #4a423a #f0ebe4 #5f5a56");
 }
 
 TEST(Theme, WarmPaletteIsUnchanged) {

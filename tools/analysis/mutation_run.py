@@ -5,6 +5,7 @@
 import argparse
 import itertools
 import random
+import signal
 import time
 
 from mutants import draw, mutants_of
@@ -36,6 +37,7 @@ def main(root, arguments):
     except BlockingIOError:
         print("Another tools/mutate is running in this checkout.")
         return 1
+    _interrupt_by_signals()
     try:
         return run.all(options)
     except BuildFailure as failure:
@@ -187,6 +189,15 @@ class Run:
         share = f"{100 * self.caught / tested:.1f} %" if tested else "none"
         print(f"Of {tested} mutants {self.caught} caught ({share}), {len(self.survivors)} survived. Discarded: " +
               ", ".join(f"{count} {reason}" for reason, count in self.discarded.items()) + ".")
+
+
+def _interrupt_by_signals():
+    """Makes SIGTERM end the run like Ctrl+C; and SIGINT, which a shell lets its background processes ignore."""
+    def interrupt(_number, _frame):
+        raise KeyboardInterrupt
+
+    for number in (signal.SIGINT, signal.SIGTERM):
+        signal.signal(number, interrupt)
 
 
 def _limit(seconds):
