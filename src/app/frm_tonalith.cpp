@@ -191,7 +191,7 @@ void frmTonalith::cmdUpdate_Click() {
     // Kept from one call to the next: a refresh that fails leaves no record to ask.
     if (c_.Data1->HasRecord()) current_ = c_.Data1->Recordset()->GetBookmark();
     c_.Data1->Refresh();
-    if (current_) c_.Data1->SetBookmarkIfThere(*current_);
+    if (current_) c_.Data1->SetBookmarkIfExists(*current_);
   });
   failure.Try([this] { UpdateForm(); });
   failure.ReportDescription(services_.msgBox);

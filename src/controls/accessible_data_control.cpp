@@ -39,7 +39,7 @@ void InstallAccessibleDataControl() {
   static_cast<void>(installed);
 }
 
-void TellPosition(DataControl& control) {
+void AnnouncePosition(DataControl& control) {
   if (!QAccessible::isActive()) return;
   QAccessibleEvent changed(&control, QAccessible::DescriptionChanged);
   QAccessible::updateAccessibility(&changed);

@@ -14,6 +14,6 @@ class DataControl;
 void InstallAccessibleDataControl();
 
 /// Notifies active assistive technology of a changed description.
-void TellPosition(DataControl& control);
+void AnnouncePosition(DataControl& control);
 
 }  // namespace tonalith::controls

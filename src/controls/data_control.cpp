@@ -34,7 +34,7 @@ DataControl::DataControl(const QString& name, const QString& caption, core::MsgB
   AddArrow(QT_TR_NOOP("Last record"), static_cast<int>(ArrowButton::Kind::kLast), &DataControl::MoveLast);
 }
 
-DataControl::~DataControl() = default;
+DataControl::~DataControl() { records_->Close(); }
 
 void DataControl::AddArrow(const char* name, int kind, Move step) {
   auto* const button = new ArrowButton(QLatin1String(name), tr(name), static_cast<ArrowButton::Kind>(kind), this);
@@ -59,29 +59,25 @@ void DataControl::Bind(const std::string& field, std::function<void(const core::
   bindings_.push_back({field, std::move(take)});
 }
 
-bool DataControl::HasRecord() const {
-  return recordset_ != nullptr && recordset_->IsOpen() && !recordset_->IsBof() && !recordset_->IsEof();
-}
-
 core::Value DataControl::FieldValue(int index) const {
-  return HasRecord() ? recordset_->FieldValue(index) : core::Value::Null();
+  return HasRecord() ? Recordset()->FieldValue(index) : core::Value::Null();
 }
 
 void DataControl::UpdateBoundControls() {
   const bool row = HasRecord();
   for (const Binding& binding : bindings_) {
-    binding.take(row ? recordset_->FieldValue(binding.field) : core::Value::Null());
+    binding.take(row ? Recordset()->FieldValue(binding.field) : core::Value::Null());
   }
-  TellPosition(*this);
+  AnnouncePosition(*this);
   if (quiet_ == 0) Q_EMIT Moved();
 }
 
 QString DataControl::PositionText() const {
   if (!HasRecord()) return {};
   try {
-    const std::int64_t position = recordset_->AbsolutePosition();
+    const std::int64_t position = Recordset()->AbsolutePosition();
     if (position < 1) return {};
-    return tr("%1 of %2").arg(position).arg(recordset_->RecordCount());
+    return tr("%1 of %2").arg(position).arg(Recordset()->RecordCount());
   } catch (const core::Failure&) {
     // The next command that needs the rows reports the failure.
     return {};
@@ -94,21 +90,9 @@ bool DataControl::event(QEvent* event) {
   return QFrame::event(event);
 }
 
-void DataControl::Release() {
-  refusal_.clear();
-  recordset_.reset();
-  connection_.reset();
-}
-
 void DataControl::Refresh() {
-  Release();
   try {
-    auto connection = std::make_shared<data::Connection>();
-    connection->Open(connectionString_);
-    auto recordset = std::make_unique<data::RecordSet>();
-    recordset->Open(recordSource_, connection, data::CursorType::kKeyset, lockType_);
-    connection_ = std::move(connection);
-    recordset_ = std::move(recordset);
+    records_->Open();
   } catch (const std::exception&) {
     UpdateBoundControls();
     throw;
@@ -116,44 +100,8 @@ void DataControl::Refresh() {
   UpdateBoundControls();
 }
 
-data::RecordSet& DataControl::OpenRecordset() const {
-  if (recordset_ == nullptr) throw data::ObjectClosed();
-  return *recordset_;
-}
-
-std::optional<data::Bookmark> DataControl::CurrentBookmark() const {
-  if (!HasRecord()) return std::nullopt;
-  try {
-    return recordset_->GetBookmark();
-  } catch (const core::Failure& failure) {
-    // A new row has no bookmark.
-    if (failure.Number() != data::failure_number::kNoCurrentRecord) throw;
-    return std::nullopt;
-  }
-}
-
-void DataControl::RunStep(const std::function<void(data::RecordSet&)>& step) {
-  for (;;) {
-    try {
-      return step(OpenRecordset());
-    } catch (const core::Failure& failure) {
-      if (failure.Number() != data::failure_number::kRowChanged || !decideConflict_) throw;
-    }
-    ResolveConflict();
-  }
-}
-
-void DataControl::ResolveConflict() {
-  const QPointer<DataControl> self = this;
-  const Conflict decision = decideConflict_();
-  if (self.isNull() || !IsEditPending()) throw data::Cancelled();
-  if (decision == Conflict::kTakeOther) recordset_->CancelUpdate();
-  recordset_->Resync();
-  if (decision == Conflict::kTakeOther) throw data::Cancelled();
-}
-
-template <class Step>
-void DataControl::MoveAndUpdate(Step&& step) {
+void DataControl::MoveAndUpdate(const RecordSession::Step& step) {
+  const std::shared_ptr<RecordSession> records = records_;
   const std::optional<data::Bookmark> before = CurrentBookmark();
   const bool wasPending = IsEditPending();
   const auto notify = [&] {
@@ -162,47 +110,32 @@ void DataControl::MoveAndUpdate(Step&& step) {
   };
   const QPointer<DataControl> self = this;
   try {
-    RunStep(step);
-  } catch (const std::exception& failure) {
-    // The message box of a conflict processes events, which may destroy the control.
-    if (self.isNull()) throw;
-    refusal_ = IsEditPending() ? failure.what() : "";
-    // The write may have succeeded and only the following move failed.
-    if (!IsEditPending()) notify();
+    records->Run(step);
+  } catch (const std::exception&) {
+    // The message box of a conflict processes events, which may destroy the control. A write may have succeeded and
+    // only the following move failed.
+    if (!self.isNull() && !IsEditPending()) notify();
     throw;
   }
-  refusal_.clear();
   notify();
 }
 
-void DataControl::MoveIfRecord(void (*step)(data::RecordSet&)) {
+void DataControl::MoveIfRecord(const RecordSession::Step& step) {
   if (HasRecord()) MoveAndUpdate(step);
 }
 
 void DataControl::AddNew(const FieldValues& defaults) {
   UpdateBatch();
-  data::RecordSet& rows = OpenRecordset();
-  rows.AddNew();
-  for (const auto& [field, value] : defaults) rows.SetFieldValue(field, value);
-  refusal_.clear();
+  records_->AddNew(defaults);
   UpdateBoundControls();
 }
 
-void DataControl::SetFieldValue(const std::string& field, const core::Value& value) {
-  OpenRecordset().SetFieldValue(field, value);
-  refusal_.clear();
-}
-
 void DataControl::Delete() {
-  data::RecordSet& rows = OpenRecordset();
   if (IsEditPending() && !CurrentBookmark().has_value()) {
     CancelUpdate();
     return;
   }
-  rows.Delete();
-  rows.MoveNext();
-  if (rows.IsEof() && !rows.IsBof()) rows.MoveLast();
-  refusal_.clear();
+  records_->Delete();
   UpdateBoundControls();
   Q_EMIT Written();
 }
@@ -213,8 +146,7 @@ void DataControl::UpdateBatch() {
 
 void DataControl::CancelUpdate() {
   if (!IsEditPending()) return;
-  recordset_->CancelUpdate();
-  refusal_.clear();
+  records_->CancelUpdate();
   UpdateBoundControls();
 }
 
@@ -241,10 +173,10 @@ void DataControl::MoveLast() {
 }
 
 void DataControl::SetBookmark(data::Bookmark bookmark) {
-  if (recordset_ != nullptr) MoveAndUpdate([bookmark](data::RecordSet& rows) { rows.SetBookmark(bookmark); });
+  if (Recordset() != nullptr) MoveAndUpdate([bookmark](data::RecordSet& rows) { rows.SetBookmark(bookmark); });
 }
 
-void DataControl::SetBookmarkIfThere(data::Bookmark bookmark) {
+void DataControl::SetBookmarkIfExists(data::Bookmark bookmark) {
   try {
     SetBookmark(bookmark);
   } catch (const core::Failure& failure) {

@@ -18,9 +18,9 @@
 #include <utility>
 #include <vector>
 
+#include "controls/record_session.h"
 #include "core/deferred_failure.h"
 #include "core/msg_box.h"
-#include "data/connection.h"
 #include "data/record_set.h"
 
 class QAbstractButton;
@@ -35,19 +35,19 @@ class DataControl : public QFrame {
   DataControl(const QString& name, const QString& caption, core::MsgBox& msgBox, QWidget* parent);
   ~DataControl() override;
 
-  void SetConnectionString(std::string connectionString) { connectionString_ = std::move(connectionString); }
-  [[nodiscard]] const std::string& ConnectionString() const { return connectionString_; }
-  void SetRecordSource(std::string source) { recordSource_ = std::move(source); }
+  void SetConnectionString(std::string connectionString) { records_->SetConnectionString(std::move(connectionString)); }
+  [[nodiscard]] const std::string& ConnectionString() const { return records_->ConnectionString(); }
+  void SetRecordSource(std::string source) { records_->SetRecordSource(std::move(source)); }
   /// Takes effect with the next Refresh.
-  void SetLockType(data::LockType lockType) { lockType_ = lockType; }
+  void SetLockType(data::LockType lockType) { records_->SetLockType(lockType); }
   /// Opens or reopens the record source at its first row. Drops a pending edit. After a failure the control is unbound.
   void Refresh();
   /// Closes the record set and the connection; the bound controls keep their contents.
-  void Release();
+  void Release() { records_->Close(); }
 
   /// The record set, nullptr if the control is unbound.
-  [[nodiscard]] data::RecordSet* Recordset() const { return recordset_.get(); }
-  [[nodiscard]] bool HasRecord() const;
+  [[nodiscard]] data::RecordSet* Recordset() const { return records_->Recordset(); }
+  [[nodiscard]] bool HasRecord() const { return records_->HasRecord(); }
   /// A field of the current row by its index; null without a current row.
   [[nodiscard]] core::Value FieldValue(int index) const;
 
@@ -60,15 +60,15 @@ class DataControl : public QFrame {
   void MoveLast();
   void SetBookmark(data::Bookmark bookmark);
   /// Makes that row current if it exists; otherwise the current row does not change.
-  void SetBookmarkIfThere(data::Bookmark bookmark);
+  void SetBookmarkIfExists(data::Bookmark bookmark);
 
   /// The initial values of a new row.
-  using FieldValues = std::vector<std::pair<std::string, core::Value>>;
+  using FieldValues = RecordSession::FieldValues;
   /// Adds a pending new row and makes it current.
   void AddNew(const FieldValues& defaults);
   /// Changes a field of the current row; the edit is pending. Does not update the bound controls: one of them is the
   /// source.
-  void SetFieldValue(const std::string& field, const core::Value& value);
+  void SetFieldValue(const std::string& field, const core::Value& value) { records_->SetFieldValue(field, value); }
   /// Deletes the current row; the next row becomes current, else the new last row, else none. A pending new row is
   /// dropped, and the row before it is current again.
   void Delete();
@@ -76,19 +76,17 @@ class DataControl : public QFrame {
   void UpdateBatch();
   /// Drops a pending edit and restores the bound controls.
   void CancelUpdate();
-  [[nodiscard]] bool IsEditPending() const { return recordset_ != nullptr && recordset_->IsEditPending(); }
+  [[nodiscard]] bool IsEditPending() const { return records_->IsEditPending(); }
   /// Whether a write of the unchanged pending edit has failed, and its description.
-  [[nodiscard]] bool IsEditRefused() const { return !refusal_.empty() && IsEditPending(); }
-  [[nodiscard]] std::string Refusal() const { return IsEditPending() ? refusal_ : std::string(); }
+  [[nodiscard]] bool IsEditRefused() const { return !Refusal().empty(); }
+  [[nodiscard]] std::string Refusal() const { return records_->Refusal(); }
   /// The position of the current row, such as "37 of 338"; empty without a row and for a new row. Counts the rows.
   [[nodiscard]] QString PositionText() const;
-  /// Resolves a pending edit whose row was changed elsewhere: overwrite the row, or drop the edit and read the row
-  /// again. The latter cancels the operation with a failure that is not reported.
-  enum class Conflict { kOverwrite, kTakeOther };
-  /// `decide` may show a message box. Without it the write is refused.
-  void OnConflict(std::function<Conflict()> decide) { decideConflict_ = std::move(decide); }
+  using Conflict = RecordSession::Conflict;
+  /// `decide` may show a message box. Without it the write of a row that was changed elsewhere is refused.
+  void OnConflict(std::function<Conflict()> decide) { records_->OnConflict(std::move(decide)); }
   /// No value for a new row and without a current row.
-  [[nodiscard]] std::optional<data::Bookmark> CurrentBookmark() const;
+  [[nodiscard]] std::optional<data::Bookmark> CurrentBookmark() const { return records_->CurrentBookmark(); }
   /// Shows the description of a pending failure, unless the user has cancelled the operation.
   static void Report(core::DeferredFailure& failure, core::MsgBox& msgBox);
   using Move = void (DataControl::*)();
@@ -124,25 +122,15 @@ class DataControl : public QFrame {
   /// `name` is English in every language.
   void AddArrow(const char* name, int kind, Move step);
   void UpdateBoundControls();
-  [[nodiscard]] data::RecordSet& OpenRecordset() const;
   /// Runs a step that may write a pending edit and change the current row, and updates the bound controls.
-  template <class Step>
-  void MoveAndUpdate(Step&& step);
-  /// Runs the step again after each conflict that is resolved with kOverwrite.
-  void RunStep(const std::function<void(data::RecordSet&)>& step);
-  void ResolveConflict();
+  void MoveAndUpdate(const RecordSession::Step& step);
   /// MoveAndUpdate if there is a current row.
-  void MoveIfRecord(void (*step)(data::RecordSet&));
+  void MoveIfRecord(const RecordSession::Step& step);
 
   core::MsgBox& msgBox_;
-  std::string connectionString_;
-  std::string recordSource_;
-  std::shared_ptr<data::Connection> connection_;
-  std::unique_ptr<data::RecordSet> recordset_;
+  /// Shared with a running step, whose message box may destroy the control.
+  std::shared_ptr<RecordSession> records_ = std::make_shared<RecordSession>();
   std::vector<Binding> bindings_;
-  data::LockType lockType_ = data::LockType::kOptimistic;
-  std::function<Conflict()> decideConflict_;
-  std::string refusal_;
   int quiet_ = 0;
   QLabel* caption_;
 };

@@ -33,7 +33,7 @@ class ShownScale : public EditedScale {
   void SetField(int index, const QString& text) override;
   [[nodiscard]] core::Value Content(const std::string& field) const override;
   void SetContent(const std::string& field, const core::Value& value) override;
-  void MoveTo(data::Bookmark record) override { c_.datPrimaryRS->SetBookmarkIfThere(record); }
+  void MoveTo(data::Bookmark record) override { c_.datPrimaryRS->SetBookmarkIfExists(record); }
   void AddNew(const FieldValues& contents) override { c_.datPrimaryRS->AddNew(contents); }
   void UpdateBatch() override { c_.datPrimaryRS->UpdateBatch(); }
   void CancelUpdate() override { c_.datPrimaryRS->CancelUpdate(); }

@@ -50,12 +50,12 @@ void FindBar::Open() {
   show();
   text_->setFocus(Qt::ShortcutFocusReason);
   text_->selectAll();
-  ShowMatchCount(page_->HighlightText(text_->text()));
+  ShowMatchCount(page_->Finder().HighlightText(text_->text()));
 }
 
 void FindBar::Close() {
   hide();
-  page_->HighlightText({});
+  page_->Finder().HighlightText({});
   Q_EMIT Closed();
 }
 
@@ -68,16 +68,16 @@ void FindBar::Go(bool backwards) {
     Open();
     return;
   }
-  page_->FindAgain(text_->text(), backwards);
+  page_->Finder().FindAgain(text_->text(), backwards);
 }
 
 void FindBar::PageChanged() {
-  if (isVisible()) ShowMatchCount(page_->HighlightText(text_->text()));
+  if (isVisible()) ShowMatchCount(page_->Finder().HighlightText(text_->text()));
 }
 
 void FindBar::TextChanged() {
-  const int matches = page_->HighlightText(text_->text());
-  if (matches > 0) page_->FindFromHere(text_->text());
+  const int matches = page_->Finder().HighlightText(text_->text());
+  if (matches > 0) page_->Finder().FindFromHere(text_->text());
   ShowMatchCount(matches);
 }
 

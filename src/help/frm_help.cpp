@@ -217,7 +217,7 @@ void frmHelp::ShowStop() {
 void frmHelp::ShowFound(const HelpTarget& target, const QStringList& words) {
   if (find_->isVisible()) find_->Close();
   GoTo(target);
-  page_->HighlightWords(words);
+  page_->Finder().HighlightWords(words);
 }
 
 void frmHelp::FollowLink(const std::string& link) {

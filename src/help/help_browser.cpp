@@ -15,9 +15,7 @@
 #include <QWheelEvent>
 #include <cmath>
 
-#include "help/help_search.h"
 #include "help/help_style.h"
-#include "help/picture_reader.h"
 
 namespace tonalith::help {
 namespace {
@@ -28,8 +26,6 @@ constexpr double kLargestZoom = 4.0;
 constexpr double kReadingSize = 1.12;
 constexpr int kSmallestLetters = 14;
 constexpr int kMargin = 32;
-constexpr std::size_t kMaxHighlights = 1000;
-constexpr double kMostPicturePixels = 64e6;
 
 HelpPage PageNotFound(const std::string& path) {
   HelpPage page;
@@ -43,7 +39,7 @@ HelpPage PageNotFound(const std::string& path) {
 
 }  // namespace
 
-HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent) {
+HelpBrowser::HelpBrowser(QWidget* parent) : QTextBrowser(parent), finder_(*this) {
   setObjectName(QStringLiteral("HelpPage"));
   setAccessibleName(tr("Help page"));
   setOpenLinks(false);
@@ -62,14 +58,12 @@ void HelpBrowser::ShowPage(std::shared_ptr<const HelpBook> book, const HelpTarge
   const bool isSamePage = book == book_ && target.page == target_.page;
   book_ = std::move(book);
   target_ = target;
-  highlightedWords_.clear();
-  highlightedText_.clear();
   if (!isSamePage) {
     const HelpPage* const page = book_->Page(target.page);
     page_ = page != nullptr ? *page : PageNotFound(target.page);
     Render();
   }
-  Highlight({});
+  finder_.Clear();
   GoToAnchor();
 }
 
@@ -107,18 +101,16 @@ void HelpBrowser::RenderInPlace() {
   const double share = verticalScrollBar()->maximum() > 0 ? double(Scroll()) / verticalScrollBar()->maximum() : 0;
   Render();
   SetScroll(qRound(share * verticalScrollBar()->maximum()));
-  if (!highlightedText_.isEmpty()) HighlightText(highlightedText_);
-  if (!highlightedWords_.isEmpty()) Highlight({});
+  finder_.Refresh();
 }
 
 void HelpBrowser::Render() {
   if (isRendering_ || book_ == nullptr) return;
   const QScopedValueRollback rendering(isRendering_, true);
-  ++serial_;
   SetColumn();
   renderedRatio_ = devicePixelRatioF();
   renderedColumn_ = PictureColumn();
-  PreparePictures();
+  pictures_.Load(*book_, target_.page, page_, {zoom_, renderedColumn_, renderedRatio_});
   QFont letters = font();
   letters.setPixelSize(qRound(LetterHeight()));
   document()->setDefaultFont(letters);
@@ -149,39 +141,8 @@ QString HelpBrowser::PageSheet() const {
   return QString::fromStdString(shapes) + PageStyle(palette(), LetterHeight());
 }
 
-void HelpBrowser::PreparePictures() {
-  pictures_.clear();
-  // An untrusted page may show one picture many times, in any size, so the total of pixels is limited.
-  double room = kMostPicturePixels;
-  for (const HelpPicture& picture : page_.pictures) {
-    const std::string* const bytes = room > 0 ? book_->Attached(target_.page, picture.source) : nullptr;
-    Shown shown;
-    if (bytes != nullptr) shown.image = ReadPicture(*bytes);
-    if (!shown.image.isNull()) {
-      room -= 1.0 * shown.image.width() * shown.image.height();
-      shown.size = ShownSize(picture, shown.image.size(), zoom_, renderedColumn_);
-      room -= 1.0 * shown.size.width() * shown.size.height() * renderedRatio_ * renderedRatio_;
-      shown.image = room > 0 ? SharpAt(shown.image, shown.size, renderedRatio_) : QImage();
-    }
-    pictures_.push_back(shown);
-  }
-}
-
 QString HelpBrowser::PageHtml() const {
-  QString html = QString::fromStdString(page_.html);
-  for (std::size_t i = 0; i < pictures_.size(); ++i) {
-    const Shown& shown = pictures_[i];
-    const QString before = QStringLiteral("<img src=\"picture:%1\">").arg(i);
-    const QString after =
-        shown.image.isNull()
-            ? QStringLiteral("<i>[%1]</i>").arg(QString::fromStdString(EscapedForHtml(page_.pictures[i].description)))
-            : QStringLiteral("<img src=\"picture:%1/%2\" width=\"%3\" height=\"%4\">")
-                  .arg(serial_)
-                  .arg(i)
-                  .arg(shown.size.width())
-                  .arg(shown.size.height());
-    html.replace(before, after);
-  }
+  QString html = pictures_.InsertInto(QString::fromStdString(page_.html));
   if (page_.isCut) {
     html += QStringLiteral("<hr><p><i>%1</i></p>")
                 .arg(tr("This page is too long. The rest of it is not shown.").toHtmlEscaped());
@@ -190,87 +151,14 @@ QString HelpBrowser::PageHtml() const {
 }
 
 QVariant HelpBrowser::loadResource(int type, const QUrl& name) {
-  const std::size_t number = name.path().section(QLatin1Char('/'), 1).toULongLong();
-  const bool isPicture = type == QTextDocument::ImageResource && name.scheme() == QLatin1String("picture");
-  return isPicture && number < pictures_.size() ? QVariant(pictures_[number].image) : QVariant();
+  const QImage* const picture = type == QTextDocument::ImageResource ? pictures_.Find(name) : nullptr;
+  return picture == nullptr ? QVariant() : QVariant(*picture);
 }
 
 void HelpBrowser::GoToAnchor() {
   moveCursor(QTextCursor::Start);
   SetScroll(0);
   if (!target_.anchor.empty()) scrollToAnchor(QString::fromStdString(target_.anchor));
-}
-
-void HelpBrowser::Highlight(const std::vector<QTextCursor>& matches) {
-  std::vector<QTextCursor> all = matches;
-  if (!highlightedWords_.isEmpty()) {
-    const QRegularExpression pattern = AnyOf(highlightedWords_);
-    for (QTextCursor at = document()->find(pattern, 0); !at.isNull() && all.size() < kMaxHighlights;
-         at = document()->find(pattern, at)) {
-      if (!at.hasSelection()) break;
-      all.push_back(at);
-    }
-  }
-  QList<QTextEdit::ExtraSelection> highlights;
-  for (const QTextCursor& match : all) {
-    QTextCharFormat format;
-    format.setBackground(HitBackground(palette()));
-    highlights.append({match, format});
-  }
-  setExtraSelections(highlights);
-}
-
-void HelpBrowser::HighlightWords(const QStringList& words) {
-  highlightedWords_ = words;
-  Highlight({});
-  const auto highlights = extraSelections();
-  if (highlights.isEmpty()) return;
-  QTextCursor first = highlights.first().cursor;
-  first.setPosition(first.selectionStart());
-  BringIntoView(first);
-}
-
-int HelpBrowser::HighlightText(const QString& text) {
-  highlightedText_ = text;
-  highlightedWords_.clear();
-  std::vector<QTextCursor> matches;
-  if (!text.isEmpty()) {
-    for (QTextCursor at = document()->find(text); !at.isNull() && matches.size() < kMaxHighlights;
-         at = document()->find(text, at)) {
-      matches.push_back(at);
-    }
-  }
-  Highlight(matches);
-  return static_cast<int>(matches.size());
-}
-
-void HelpBrowser::BringIntoView(const QTextCursor& match) {
-  setTextCursor(match);
-  const QRect line = cursorRect(match);
-  const int edge = line.height();
-  if (line.top() >= edge && line.bottom() <= viewport()->height() - 2 * edge) return;
-  SetScroll(Scroll() + line.top() - viewport()->height() / 3);
-}
-
-bool HelpBrowser::FindAgain(const QString& text, bool backwards) {
-  if (text.isEmpty()) return false;
-  const QTextDocument::FindFlags flags = backwards ? QTextDocument::FindBackward : QTextDocument::FindFlags();
-  QTextCursor found = document()->find(text, textCursor(), flags);
-  if (found.isNull()) {
-    QTextCursor edge(document());
-    if (backwards) edge.movePosition(QTextCursor::End);
-    found = document()->find(text, edge, flags);
-  }
-  if (found.isNull()) return false;
-  BringIntoView(found);
-  return true;
-}
-
-bool HelpBrowser::FindFromHere(const QString& text) {
-  QTextCursor here = textCursor();
-  here.setPosition(here.selectionStart());
-  setTextCursor(here);
-  return FindAgain(text, false);
 }
 
 void HelpBrowser::wheelEvent(QWheelEvent* event) {

@@ -7,15 +7,13 @@
 
 #pragma once
 
-#include <QImage>
-#include <QSize>
-#include <QStringList>
 #include <QTextBrowser>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "help/help_book.h"
+#include "help/page_pictures.h"
+#include "help/text_finder.h"
 
 namespace tonalith::help {
 
@@ -37,15 +35,7 @@ class HelpBrowser : public QTextBrowser {
   void ZoomBy(int steps);
   void ResetZoom();
 
-  /// Highlights every word that begins with one of `words` and scrolls to the first; without words, removes the
-  /// highlights.
-  void HighlightWords(const QStringList& words);
-  /// Highlights all matches of `text` and returns their number.
-  int HighlightText(const QString& text);
-  /// Selects the next or previous match of `text` with wrap-around. Returns false if there is none.
-  bool FindAgain(const QString& text, bool backwards);
-  /// Selects the first match at or after the start of the selection.
-  bool FindFromHere(const QString& text);
+  [[nodiscard]] TextFinder& Finder() { return finder_; }
 
  Q_SIGNALS:
   void LinkChosen(const std::string& link);
@@ -63,17 +53,11 @@ class HelpBrowser : public QTextBrowser {
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
-  struct Shown {
-    QImage image;
-    QSize size;
-  };
-
   void Render();
   /// Renders the page again and keeps the scroll position.
   void RenderInPlace();
   void SetZoom(double zoom);
   void SetColumn();
-  void PreparePictures();
   /// Removes the extra line spacing of lines that contain pictures.
   void TightenPictureLines();
   [[nodiscard]] QString PageHtml() const;
@@ -81,20 +65,15 @@ class HelpBrowser : public QTextBrowser {
   [[nodiscard]] double LetterHeight() const;
   [[nodiscard]] int PictureColumn() const;
   void GoToAnchor();
-  /// Selects the match and scrolls so that text above and below it is visible.
-  void BringIntoView(const QTextCursor& match);
-  void Highlight(const std::vector<QTextCursor>& matches);
 
   std::shared_ptr<const HelpBook> book_;
   HelpTarget target_;
   HelpPage page_;
-  std::vector<Shown> pictures_;
-  QStringList highlightedWords_;
-  QString highlightedText_;
+  PagePictures pictures_;
+  TextFinder finder_;
   double zoom_ = 1;
   double renderedRatio_ = 0;
   int renderedColumn_ = 0;
-  int serial_ = 0;
   bool isRendering_ = false;
 };
 

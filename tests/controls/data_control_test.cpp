@@ -98,7 +98,7 @@ TEST_F(DataControlTest, BookmarkOfADeletedRowFailsOrIsIgnored) {
   Execute("DELETE FROM Scales WHERE ScaleID = 3");
   control_.Refresh();
   EXPECT_THROW(control_.SetBookmark(first), core::Failure);
-  control_.SetBookmarkIfThere(first);
+  control_.SetBookmarkIfExists(first);
   EXPECT_EQ(shown_.back(), "5");
 }
 
@@ -199,7 +199,7 @@ TEST_F(DataControlTest, RefusedEditEmitsNothingAndStaysInTheControls) {
 TEST_F(DataControlTest, RefusedEditPreventsAMoveToABookmark) {
   control_.Refresh();
   control_.SetFieldValue("ScaleName", "");
-  EXPECT_THROW(control_.SetBookmarkIfThere({5}), core::Failure);
+  EXPECT_THROW(control_.SetBookmarkIfExists({5}), core::Failure);
   EXPECT_TRUE(control_.IsEditRefused());
   EXPECT_THAT(shown_, ElementsAre("3"));
 }
