@@ -40,7 +40,7 @@ class RecordSetCursor : public ScaleCursor {
   void MoveNext() override { rows_->MoveNext(); }
   [[nodiscard]] bool IsEof() const override { return rows_->IsEof(); }
   [[nodiscard]] data::Bookmark GetBookmark() const override { return rows_->GetBookmark(); }
-  bool StandOn(data::Bookmark bookmark) override {
+  bool MoveTo(data::Bookmark bookmark) override {
     return SucceedsUnless(data::failure_number::kInvalidBookmark, [&] { rows_->SetBookmark(bookmark); });
   }
 

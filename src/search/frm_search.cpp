@@ -45,7 +45,7 @@ void SetInk(QLabel* label, const QColor& ink) {
 class frmSearch::Watcher : public SearchWatcher {
  public:
   explicit Watcher(frmSearch& form) : form_(&form) { clock_.start(); }
-  ~Watcher() override { Watcher::HasEnded(); }
+  ~Watcher() override { Watcher::OnEnd(); }
   Watcher(const Watcher&) = delete;
   Watcher& operator=(const Watcher&) = delete;
 
@@ -55,13 +55,13 @@ class frmSearch::Watcher : public SearchWatcher {
     QAccessible::updateAccessibility(&alert);
   }
 
-  [[nodiscard]] bool GoesOn() override {
+  [[nodiscard]] bool ShouldContinue() override {
     // Reading the clock takes longer than testing a record.
     if (++records_ % kRecordsBetweenClocks == 0 && clock_.elapsed() >= nextEvents_) TakeEvents();
     return IsAlive() && !form_->stopRequested_;
   }
 
-  void HasEnded() override {
+  void OnEnd() override {
     if (std::exchange(isBusy_, false)) QGuiApplication::restoreOverrideCursor();
   }
 

@@ -43,7 +43,7 @@ bool IsInput(QEvent::Type type) {
 class WindowWatcher : public QObject, public SearchWatcher {
  public:
   explicit WindowWatcher(QWidget& place) : place_(&place), window_(place.window()) { clock_.start(); }
-  ~WindowWatcher() override { WindowWatcher::HasEnded(); }
+  ~WindowWatcher() override { WindowWatcher::OnEnd(); }
   WindowWatcher(const WindowWatcher&) = delete;
   WindowWatcher& operator=(const WindowWatcher&) = delete;
 
@@ -51,12 +51,12 @@ class WindowWatcher : public QObject, public SearchWatcher {
     if (!place_.isNull()) QToolTip::showText(place_->mapToGlobal(QPoint()), QString::fromStdString(text), place_);
   }
 
-  [[nodiscard]] bool GoesOn() override {
+  [[nodiscard]] bool ShouldContinue() override {
     if (clock_.elapsed() >= nextEvents_) TakeEvents();
     return !place_.isNull() && !isStopped_;
   }
 
-  void HasEnded() override {
+  void OnEnd() override {
     if (std::exchange(isBusy_, false)) QGuiApplication::restoreOverrideCursor();
   }
 

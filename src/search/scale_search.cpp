@@ -46,7 +46,7 @@ std::unique_ptr<ScaleCursor> ScaleSearch::OpenRows() {
 
 void ScaleSearch::MoveAfterCurrent(ScaleCursor& rows) {
   const std::optional<data::Bookmark> current = source_.Current();
-  if (!current || !rows.StandOn(*current)) {
+  if (!current || !rows.MoveTo(*current)) {
     rows.MoveFirst();
     return;
   }
@@ -56,7 +56,7 @@ void ScaleSearch::MoveAfterCurrent(ScaleCursor& rows) {
 
 SearchResult ScaleSearch::FindFrom(ScaleCursor& rows, NamePattern& pattern, OnWrap onWrap) {
   SearchResult result = TestRecords(rows, pattern, onWrap);
-  watcher_.HasEnded();
+  watcher_.OnEnd();
   return result;
 }
 
@@ -64,7 +64,7 @@ SearchResult ScaleSearch::TestRecords(ScaleCursor& rows, NamePattern& pattern, O
   // A bookmark identifies its record without a count, also after other records are deleted.
   const data::Bookmark start = rows.GetBookmark();
   bool hasWrapped = false;
-  while (watcher_.GoesOn()) {
+  while (watcher_.ShouldContinue()) {
     const std::optional<std::string_view> name = rows.ScaleName();
     if (pattern.Matches(name)) {
       const std::string found(*name);

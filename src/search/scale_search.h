@@ -31,7 +31,7 @@ class ScaleCursor {
   [[nodiscard]] virtual bool IsEof() const = 0;
   [[nodiscard]] virtual data::Bookmark GetBookmark() const = 0;
   /// Moves to that record. Returns false and does not move if it was deleted.
-  virtual bool StandOn(data::Bookmark bookmark) = 0;
+  virtual bool MoveTo(data::Bookmark bookmark) = 0;
   /// The field ScaleName, no value for null. Valid until the next move.
   [[nodiscard]] virtual std::optional<std::string_view> ScaleName() = 0;
 };
@@ -57,9 +57,9 @@ class SearchWatcher {
   /// Sets the status line.
   virtual void SetMessage(const std::string& text) = 0;
   /// Called before each record is tested; false stops the search without a message.
-  [[nodiscard]] virtual bool GoesOn() = 0;
+  [[nodiscard]] virtual bool ShouldContinue() = 0;
   /// Called when testing has ended; a message may follow.
-  virtual void HasEnded() = 0;
+  virtual void OnEnd() = 0;
 };
 
 enum class SearchOutcome { kNothingAsked, kFound, kNoMatch, kStopped };

@@ -21,8 +21,8 @@ using testing::IsEmpty;
 class UnlimitedWatcher : public SearchWatcher {
  public:
   void SetMessage(const std::string& text) override { message_ = text; }
-  [[nodiscard]] bool GoesOn() override { return true; }
-  void HasEnded() override {}
+  [[nodiscard]] bool ShouldContinue() override { return true; }
+  void OnEnd() override {}
   std::string message_;
 };
 

@@ -58,7 +58,7 @@ class FakeCursor : public ScaleCursor {
   void MoveNext() override { Take(scales_.rows_.upper_bound(key_.value())); }
   [[nodiscard]] bool IsEof() const override { return !key_; }
   [[nodiscard]] data::Bookmark GetBookmark() const override { return {key_.value()}; }
-  bool StandOn(data::Bookmark bookmark) override {
+  bool MoveTo(data::Bookmark bookmark) override {
     if (!scales_.rows_.contains(bookmark.key)) return false;
     key_ = bookmark.key;
     name_ = scales_.rows_[bookmark.key];

@@ -22,8 +22,8 @@ constexpr const char* kWrapText = "You have searched all the records once";
 class RecordingWatcher : public SearchWatcher {
  public:
   void SetMessage(const std::string& text) override { message_ = text; }
-  [[nodiscard]] bool GoesOn() override { return remaining_-- > 0; }
-  void HasEnded() override { ++ends_; }
+  [[nodiscard]] bool ShouldContinue() override { return remaining_-- > 0; }
+  void OnEnd() override { ++ends_; }
   std::string message_;
   int remaining_ = 1000;
   int ends_ = 0;
