@@ -208,11 +208,11 @@ void ScalePlayback::ShowStatus(PlaybackState state, const std::string& note) {
   failure.ReportNumberAndDescription(msgBox_);
 }
 
-void Pause(std::int32_t seconds, const platform::TimeOfDay& clock, platform::EventPump& events) {
+void Pause(std::int32_t seconds, const std::function<double()>& secondsSinceMidnight, platform::EventPump& events) {
   // Kept: see docs/behaviour.md, Pause ends at midnight.
-  const double start = clock.SecondsSinceMidnight();
+  const double start = secondsSinceMidnight();
   while (true) {
-    const double left = seconds - std::abs(clock.SecondsSinceMidnight() - start);
+    const double left = seconds - std::abs(secondsSinceMidnight() - start);
     if (left <= 0) return;
     events.WaitForEvents(std::chrono::ceil<std::chrono::milliseconds>(std::chrono::duration<double>(left)));
   }

@@ -8,6 +8,7 @@
 
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,6 @@
 #include "core/deferred_failure.h"
 #include "core/neck.h"
 #include "core/note_model.h"
-#include "platform/clock.h"
 #include "platform/event_pump.h"
 
 namespace tonalith::audio {
@@ -88,7 +88,8 @@ class ScalePlayback : public SoundManagerNotifier {
 };
 
 /// Handles events until the time of day differs by at least `seconds` from the time of the call. Midnight ends it.
+/// `secondsSinceMidnight` returns the local time, with fractions.
 /// Kept: see docs/behaviour.md, Functions without callers.
-void Pause(std::int32_t seconds, const platform::TimeOfDay& clock, platform::EventPump& events);
+void Pause(std::int32_t seconds, const std::function<double()>& secondsSinceMidnight, platform::EventPump& events);
 
 }  // namespace tonalith::audio

@@ -282,13 +282,15 @@ TEST(PlayMultiSounds, PlaysTheSlotAndIgnoresTheFile) {
 }
 
 /// A clock that advances by the time waited.
-struct ManualTime : platform::TimeOfDay, platform::EventPump {
-  [[nodiscard]] double SecondsSinceMidnight() const override { return now; }
+struct ManualTime : platform::EventPump {
   void WaitForEvents() override { ADD_FAILURE() << "waits without a limit"; }
   void WaitForEvents(std::chrono::milliseconds limit) override {
     ++waits;
     now += std::min(1.5, std::chrono::duration<double>(limit).count());
     if (now >= 86400) now -= 86400;
+  }
+  [[nodiscard]] std::function<double()> Clock() const {
+    return [this] { return now; };
   }
   double now = 1000;
   int waits = 0;
@@ -296,7 +298,7 @@ struct ManualTime : platform::TimeOfDay, platform::EventPump {
 
 TEST(Pause, HandlesEventsUntilTheSecondsAreOver) {
   ManualTime time;
-  Pause(4, time, time);
+  Pause(4, time.Clock(), time);
   EXPECT_NEAR(time.now, 1004, 0.01);
   EXPECT_EQ(time.waits, 3);
 }
@@ -304,14 +306,14 @@ TEST(Pause, HandlesEventsUntilTheSecondsAreOver) {
 TEST(Pause, EndsAtMidnight) {
   ManualTime time;
   time.now = 86398;
-  Pause(10, time, time);
+  Pause(10, time.Clock(), time);
   EXPECT_LT(time.now, 2);
 }
 
 TEST(Pause, ReturnsImmediatelyForZeroSeconds) {
   ManualTime time;
-  Pause(0, time, time);
-  Pause(-3, time, time);
+  Pause(0, time.Clock(), time);
+  Pause(-3, time.Clock(), time);
   EXPECT_EQ(time.waits, 0);
 }
 

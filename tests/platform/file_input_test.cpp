@@ -195,7 +195,7 @@ TEST(PosixFileInput, ClosesItsFiles) {
 }
 
 TEST(LocalTimeOfDay, IsWithinADay) {
-  const double now = LocalTimeOfDay().SecondsSinceMidnight();
+  const double now = LocalSecondsSinceMidnight();
   EXPECT_GE(now, 0);
   EXPECT_LT(now, 86401);
 }

@@ -8,7 +8,7 @@
 
 namespace tonalith::platform {
 
-double LocalTimeOfDay::SecondsSinceMidnight() const {
+double LocalSecondsSinceMidnight() {
   const auto now = std::chrono::system_clock::now();
   const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
   std::tm local{};

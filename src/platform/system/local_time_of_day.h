@@ -5,13 +5,9 @@
 
 #pragma once
 
-#include "platform/clock.h"
-
 namespace tonalith::platform {
 
-class LocalTimeOfDay : public TimeOfDay {
- public:
-  [[nodiscard]] double SecondsSinceMidnight() const override;
-};
+/// Local seconds since midnight, 0 to 86,400, with fractions.
+[[nodiscard]] double LocalSecondsSinceMidnight();
 
 }  // namespace tonalith::platform
