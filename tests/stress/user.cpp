@@ -4,44 +4,17 @@
 #include "stress/user.h"
 
 #include <QAbstractButton>
-#include <QAbstractScrollArea>
 #include <QApplication>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
 #include <QMessageBox>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QSplitterHandle>
+#include <algorithm>
 
 #include "stress/available_controls.h"
 #include "stress/random_text.h"
+#include "stress/user_in_main_windows.h"
 #include "stress/user_input.h"
+#include "stress/window_actions.h"
 
 namespace tonalith::stress {
-namespace {
-
-std::string TargetIn(QWidget& window, const char* control) { return NameOf(window).toStdString() + "/" + control; }
-
-/// Controls with a fixed weight in the list of their window, excluded from AnyControl.
-bool HasOwnWeight(const QWidget& control) {
-  static const QStringList names = {QStringLiteral("cmdInstall"), QStringLiteral("cmdPrint"), QStringLiteral("cmdPdf"),
-                                    QStringLiteral("cmdListen"), QStringLiteral("cmbTranspose")};
-  return names.contains(control.objectName());
-}
-
-}  // namespace
-
-Action User::Click(QWidget& window, const char* control) const {
-  return {action_kind::kClick, TargetIn(window, control), {}};
-}
-Action User::Keys(QWidget& window, const char* keys) const {
-  return {action_kind::kKeys, NameOf(window).toStdString(), keys};
-}
-Action User::Type(QWidget& window, const char* control, std::string text) const {
-  return {action_kind::kType, TargetIn(window, control), std::move(text)};
-}
 
 Action User::Next() {
   if (QWidget* const popup = QApplication::activePopupWidget()) return InPopup(*popup);
@@ -86,15 +59,15 @@ Action User::InMessage(QWidget& box) {
 Action User::InWindow(QWidget& window) {
   const QString name = NameOf(window);
   if (qobject_cast<QMessageBox*>(&window) != nullptr) return InMessage(window);
-  if (random_.OneIn(8)) return AnyControl(window);
-  if (name == QLatin1String("frmTonalith")) return InMain(window);
-  if (name == QLatin1String("frmScales")) return InEditor(window);
+  if (random_.OneIn(8)) return AnyControl(window, random_);
+  if (name == QLatin1String("frmTonalith")) return InMainWindow(window, random_);
+  if (name == QLatin1String("frmScales")) return InEditor(window, random_);
   if (name == QLatin1String("frmSearch")) return InSearch(window);
   if (name == QLatin1String("frmPrint")) return InPrint(window);
   if (name == QLatin1String("QFileDialog")) return InFileDialog(window);
   if (random_.OneIn(12)) return {action_kind::kClose, name.toStdString(), {}};
   if (random_.OneIn(12)) return Keys(window, "Esc");
-  return AnyControl(window);
+  return AnyControl(window, random_);
 }
 
 Action User::InSearch(QWidget& window) {
@@ -124,28 +97,6 @@ Action User::InPrint(QWidget& window) {
 Action User::InFileDialog(QWidget& window) {
   if (random_.OneIn(3)) return Keys(window, "Esc");
   return {action_kind::kFile, {}, "page" + std::to_string(random_.Below(6))};
-}
-
-Action User::AnyControl(QWidget& window) {
-  const std::vector<QWidget*> usable = UsableControls(window);
-  static const std::vector<const char*> keys = {"Tab",    "Shift+Tab", "Up",   "Down",   "Left",  "Right",
-                                                "PgDown", "PgUp",      "Home", "End",    "Space", "F1",
-                                                "Esc",    "F10",       "Del",  "Return", "A",     "Backspace"};
-  if (usable.empty() || random_.OneIn(3)) return Keys(window, random_.Pick(keys));
-  QWidget& control = *random_.Pick(usable);
-  const std::string target = AddressOf(control).toStdString();
-  if (HasOwnWeight(control)) return Keys(window, "Tab");
-  if (qobject_cast<QSplitterHandle*>(&control) != nullptr) {
-    return {action_kind::kDrag, target, std::to_string(random_.Between(-200, 200))};
-  }
-  const bool isText =
-      qobject_cast<QLineEdit*>(&control) != nullptr || qobject_cast<QPlainTextEdit*>(&control) != nullptr;
-  if (isText && random_.OneIn(2)) return {action_kind::kType, target, AnyText(random_, 6)};
-  if (isText && random_.OneIn(3)) return {action_kind::kErase, target, {}};
-  if (random_.OneIn(6)) return {action_kind::kRightClick, target, {}};
-  if (random_.OneIn(6)) return {action_kind::kDoubleClick, target, {}};
-  if (random_.OneIn(6)) return {action_kind::kWheel, target, random_.OneIn(2) ? "120" : "-120"};
-  return {action_kind::kClick, target, {}};
 }
 
 }  // namespace tonalith::stress

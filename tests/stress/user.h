@@ -25,18 +25,9 @@ class User {
   Action InPopup(QWidget& popup);
   Action InMessage(QWidget& box);
   Action InWindow(QWidget& window);
-  Action InMain(QWidget& window);
-  Action InMainByKeys(QWidget& window);
-  Action InEditor(QWidget& window);
-  Action InEditorFields(QWidget& window);
   Action InSearch(QWidget& window);
   Action InPrint(QWidget& window);
   Action InFileDialog(QWidget& window);
-  Action AnyControl(QWidget& window);
-
-  Action Click(QWidget& window, const char* control) const;
-  Action Keys(QWidget& window, const char* keys) const;
-  Action Type(QWidget& window, const char* control, std::string text) const;
 
   RandomSource& random_;
 };
