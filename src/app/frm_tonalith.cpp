@@ -39,8 +39,9 @@ constexpr const char* kDesignRecordSource =
 frmTonalith::frmTonalith(const FormServices& services)
     : QMainWindow(nullptr, windows::kFixedSizeWindow),
       services_(services),
+      scale_(c_),
       desk_(c_, AudioFolder),
-      playback_(services.sounds, services.scaleSounds, desk_, services.events, services.msgBox),
+      playback_(services.neck, services.sounds, services.scaleSounds, desk_, services.events, services.msgBox),
       printing_(c_, *this, {services.printing, services.msgBox, [this] { Form_Paint(); }}),
       searching_(services.msgBox) {
   setObjectName(QStringLiteral("frmTonalith"));
@@ -48,7 +49,7 @@ frmTonalith::frmTonalith(const FormServices& services)
   ApplyTheme();
   m_ = MakeMainMenu(menuBar());
   auto* const client = new QWidget(this);
-  c_ = MakeMainControls(client, services_.msgBox);
+  c_ = MakeMainControls(client, services_.neck, services_.msgBox);
   setCentralWidget(client);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
   ApplyInk(c_, palette());
@@ -134,7 +135,7 @@ void frmTonalith::UpdateForm() {
   failure.Try([this] { c_.lblTranspose->setText(tr("Scale Steps: ")); });
   failure.Try([this] { Form_Paint(); });
   failure.Try([this] { c_.fretboard->HideNotes(); });
-  failure.Try([this] { c_.fretboard->ShowNotes(c_.cmbTranspose->currentText().toStdString(), *this); });
+  failure.Try([this] { c_.fretboard->ShowNotes(c_.cmbTranspose->currentText().toStdString(), scale_); });
   if (ShowNoteNames) failure.Try([this] { c_.fretboard->ShowNotesNames(); });
   const bool isDamaged = IsDamaged(c_);
   if (isDamaged) failure.Try([this] { ShowDamageInSteps(c_); });
@@ -159,8 +160,7 @@ void frmTonalith::Form_Paint() {
       // The label may show less of a long name.
       std::string name = c_.Data1->FieldValue(core::scale_field::kName).TextOr({});
       if (name.empty()) name = "Major";
-      c_.staff->Draw(static_cast<std::int16_t>(c_.cmbTranspose->ListIndex()),
-                     services_.database.GetScaleIntervalsFromDB(name), notes);
+      scale_.DrawStaff(services_.database.GetScaleIntervalsFromDB(name), notes);
     });
     // A scale that cannot be written leaves the card as far as it was drawn; the neck reports what is wrong with it.
     failure.Clear();
@@ -372,18 +372,6 @@ bool frmTonalith::event(QEvent* event) {
     ApplyInk(c_, palette());
   }
   return QMainWindow::event(event);
-}
-
-bool frmTonalith::HasCurrentRecord() const { return c_.Data1->HasRecord(); }
-
-std::optional<std::string> frmTonalith::ScaleIntervals() {
-  const core::Value pattern = c_.Data1->FieldValue(core::scale_field::kIntervals);
-  if (pattern.IsNull()) return std::nullopt;
-  return pattern.AsText();
-}
-
-void frmTonalith::AppendStepWord(const std::string& words) {
-  c_.lblTranspose->setText(c_.lblTranspose->text() + QString::fromStdString(words));
 }
 
 std::int32_t frmTonalith::CurrentScaleId() const {

@@ -17,6 +17,7 @@
 #include "app/main_menu.h"
 #include "app/main_window_playback.h"
 #include "app/main_window_printing.h"
+#include "app/main_window_scale.h"
 #include "app/pack_install.h"
 #include "audio/scale_playback.h"
 #include "core/current_scale.h"
@@ -43,12 +44,10 @@ struct FormServices {
   platform::EventPump& events;
   platform::PrintService& printing;
   platform::HelpEngine& help;
+  const core::Neck& neck;
 };
 
-class frmTonalith : public QMainWindow,
-                    private views::ScaleInView,
-                    private core::CurrentScaleSource,
-                    private editor::ScaleEditorHost {
+class frmTonalith : public QMainWindow, private core::CurrentScaleSource, private editor::ScaleEditorHost {
   Q_OBJECT
 
  public:
@@ -126,9 +125,6 @@ class frmTonalith : public QMainWindow,
   void ApplyTheme();
 
   void BringToFront() override;
-  [[nodiscard]] bool HasCurrentRecord() const override;
-  std::optional<std::string> ScaleIntervals() override;
-  void AppendStepWord(const std::string& words) override;
   [[nodiscard]] std::int32_t CurrentScaleId() const override;
   std::string GetScaleIntervalsByID(std::int32_t scaleId) override;
 
@@ -140,6 +136,7 @@ class frmTonalith : public QMainWindow,
   bool packsImported_ = false;
   PackInstall* install_ = nullptr;
   std::optional<data::Bookmark> current_;
+  MainWindowScale scale_;
   MainWindowPlayback desk_;
   audio::ScalePlayback playback_;
   MainWindowPrinting printing_;

@@ -21,7 +21,7 @@ void Describe(QWidget* widget, const QString& tooltip) {
 }
 
 /// The y coordinate `pixels` below the neck.
-int BelowNeck(int pixels) { return views::FretboardView::DesignRect().bottom() + 1 + pixels; }
+int BelowNeck(const QRect& neck, int pixels) { return neck.bottom() + 1 + pixels; }
 
 // All sizes of bold text share one font; each further size of other text makes Qt load another font while the window
 // opens.
@@ -40,9 +40,10 @@ QLineEdit* MakeHiddenText(const char* name, QWidget* client) {
   return text;
 }
 
-PanelButton* MakeButton(const char* name, const QString& caption, int left, PanelButton::Kind kind, QWidget* client) {
+PanelButton* MakeButton(const char* name, const QString& caption, const QPoint& place, PanelButton::Kind kind,
+                        QWidget* client) {
   auto* const button = new PanelButton(QLatin1String(name), caption, kind, client);
-  button->setGeometry(left, BelowNeck(12), 100, 36);
+  button->setGeometry(QRect(place, QSize(100, 36)));
   return button;
 }
 
@@ -73,17 +74,20 @@ void MakeKeyRow(MainControls& c, QWidget* client) {
 
 void MakeBottomRow(MainControls& c, core::MsgBox& msgBox, QWidget* client) {
   c.Data1 = new controls::DataControl(QStringLiteral("Data1"), frmTonalith::tr("Select Scales"), msgBox, client);
-  c.Data1->setGeometry(40, BelowNeck(12), 330, 36);
+  const QRect neck = c.fretboard->DesignRect();
+  const int buttons = BelowNeck(neck, 12);
+  c.Data1->setGeometry(40, buttons, 330, 36);
   constexpr auto kOrdinary = PanelButton::Kind::kOrdinary;
-  c.cmdEdit = MakeButton("cmdEdit", frmTonalith::tr("Editor"), 392, kOrdinary, client);
-  c.cmdUpdate = MakeButton("cmdUpdate", frmTonalith::tr("Update"), 502, kOrdinary, client);
-  c.cmdListen = MakeButton("cmdListen", frmTonalith::tr("Listen"), 612, PanelButton::Kind::kMainAction, client);
-  c.cmdPrint = MakeButton("cmdPrint", frmTonalith::tr("Print"), 722, kOrdinary, client);
-  c.cmdInstall = MakeButton("cmdInstall", frmTonalith::tr("Install..."), 832, kOrdinary, client);
-  c.lblStatus = MakeLabel("lblStatus", QRect(954, BelowNeck(21), 110, 18), {14, 10}, QFont::Bold, client);
+  c.cmdEdit = MakeButton("cmdEdit", frmTonalith::tr("Editor"), {392, buttons}, kOrdinary, client);
+  c.cmdUpdate = MakeButton("cmdUpdate", frmTonalith::tr("Update"), {502, buttons}, kOrdinary, client);
+  c.cmdListen =
+      MakeButton("cmdListen", frmTonalith::tr("Listen"), {612, buttons}, PanelButton::Kind::kMainAction, client);
+  c.cmdPrint = MakeButton("cmdPrint", frmTonalith::tr("Print"), {722, buttons}, kOrdinary, client);
+  c.cmdInstall = MakeButton("cmdInstall", frmTonalith::tr("Install..."), {832, buttons}, kOrdinary, client);
+  c.lblStatus = MakeLabel("lblStatus", QRect(954, BelowNeck(neck, 21), 110, 18), {14, 10}, QFont::Bold, client);
   c.lblStatus->setText(frmTonalith::tr("Stopped"));
-  c.Label3 = MakeLabel("Label3", QRect(40, BelowNeck(66), 552, 16), {12, 10}, QFont::Normal, client);
-  c.lblInstall = MakeLabel("lblInstall", QRect(612, BelowNeck(66), 428, 16), {12, 10}, QFont::Normal, client);
+  c.Label3 = MakeLabel("Label3", QRect(40, BelowNeck(neck, 66), 552, 16), {12, 10}, QFont::Normal, client);
+  c.lblInstall = MakeLabel("lblInstall", QRect(612, BelowNeck(neck, 66), 428, 16), {12, 10}, QFont::Normal, client);
 }
 
 /// Controls that are not visible: other windows use some of them, the others exist for their names.
@@ -100,17 +104,16 @@ void MakeAuxiliaries(MainControls& c, QWidget* client) {
 
 }  // namespace
 
-int MainControls::ClientHeight() { return BelowNeck(92); }
+int MainControls::ClientHeight(const core::Neck& neck) { return BelowNeck(views::FretboardLayout::AreaOf(neck), 92); }
 
-MainControls MakeMainControls(QWidget* client, core::MsgBox& msgBox) {
+MainControls MakeMainControls(QWidget* client, const core::Neck& neck, core::MsgBox& msgBox) {
   MainControls c;
-  client->setFixedSize(MainControls::kClientWidth, MainControls::ClientHeight());
+  client->setFixedSize(MainControls::kClientWidth, MainControls::ClientHeight(neck));
   MakeScaleLabels(c, client);
   MakeKeyRow(c, client);
   c.staff = new views::StaffView(client);
   c.staff->setGeometry(views::StaffView::DesignRect());
-  c.fretboard = new views::FretboardView(msgBox, client);
-  c.fretboard->setGeometry(views::FretboardView::DesignRect());
+  c.fretboard = new views::FretboardView(neck, msgBox, client);
   MakeBottomRow(c, msgBox, client);
   MakeAuxiliaries(c, client);
   return c;

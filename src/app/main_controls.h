@@ -9,6 +9,7 @@
 #include "app/key_box.h"
 #include "controls/data_control.h"
 #include "core/msg_box.h"
+#include "core/neck.h"
 #include "print/picture_box.h"
 #include "views/fretboard_view.h"
 #include "views/staff_view.h"
@@ -22,7 +23,7 @@ namespace tonalith::app {
 struct MainControls {
   static constexpr int kClientWidth = 1080;
   /// Depends on the neck: the buttons and the version line are placed relative to its lower edge.
-  [[nodiscard]] static int ClientHeight();
+  [[nodiscard]] static int ClientHeight(const core::Neck& neck);
 
   controls::DataControl* Data1 = nullptr;
   windows::FittingLabel* Label1 = nullptr;
@@ -48,7 +49,7 @@ struct MainControls {
 };
 
 /// Creates all controls as children of `client`, in tab order. The message box must outlive them.
-MainControls MakeMainControls(QWidget* client, core::MsgBox& msgBox);
+MainControls MakeMainControls(QWidget* client, const core::Neck& neck, core::MsgBox& msgBox);
 
 /// Sets the text colours of the labels from the palette.
 void ApplyInk(const MainControls& controls, const QPalette& palette);

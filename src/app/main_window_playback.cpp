@@ -38,8 +38,6 @@ std::optional<std::string> MainWindowPlayback::CurrentField(int position) {
 
 std::string MainWindowPlayback::KeyText() { return c_.cmbTranspose->currentText().toStdString(); }
 
-std::string MainWindowPlayback::NoteAt(int index) { return c_.fretboard->Image(index).Tag(); }
-
 void MainWindowPlayback::ShowMarker(int index) { c_.fretboard->FlashNotes(ImageName(index)); }
 
 void MainWindowPlayback::HideMarker() { c_.fretboard->Picture1().hide(); }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The main window's part of a playback: gives it the current record, the key and the notes of the neck, and turns its
-// states, notes and indices into captions, colours and widgets. Owned by the main window. Fails as the controls do.
+// The main window's part of a playback: gives it the current record and the key, and turns its states, notes and
+// indices into captions, colours and widgets. Owned by the main window. Fails as the controls do.
 
 #pragma once
 
@@ -22,7 +22,6 @@ class MainWindowPlayback : public audio::PlaybackHost {
 
   std::optional<std::string> CurrentField(int position) override;
   std::string KeyText() override;
-  std::string NoteAt(int index) override;
   std::string SoundFolder() override { return soundFolder_; }
   void ShowMarker(int index) override;
   void HideMarker() override;

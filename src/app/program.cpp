@@ -22,6 +22,7 @@
 #include "app/translation.h"
 #include "audio/octave_note_player.h"
 #include "core/deferred_failure.h"
+#include "core/neck.h"
 #include "help/window_help_engine.h"
 #include "platform/qt/qt_event_pump.h"
 #include "platform/qt/qt_msg_box.h"
@@ -108,7 +109,9 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
   QGuiApplication::setDesktopFileName(QStringLiteral("org.tonalith.Tonalith"));
   QCoreApplication::setApplicationVersion(QStringLiteral(TONALITH_VERSION));
   QApplication application(argc, argv);
-  fit.RestartIfTooLarge();
+  // The instrument of the program.
+  const core::Neck neck = core::Neck::Standard();
+  fit.RestartIfTooLarge(neck);
   InstallStyle(application);
   InstallTranslation(FindContentFolder(ProgramFolder()), QLocale::system(), application);
   platform::QtMsgBox msgBox("Tonalith");
@@ -126,7 +129,7 @@ int RunProgram(int argc, char** argv, const std::function<void(QWidget&)>& shown
 
   data::ScaleDatabase database(FindAppFolder(msgBox), msgBox);
   const auto window =
-      Main({database, msgBox, notePlayer, sounds, scaleSounds, events, printing, help}, drives, directory);
+      Main({database, msgBox, notePlayer, sounds, scaleSounds, events, printing, help, neck}, drives, directory);
   soundDeviceReports.SetWindow(window.get());
   if (shown) shown(*window);
   WarnWithoutFonts();

@@ -42,10 +42,10 @@ std::string ValueOf(const char* name) {
 }
 
 /// The size of the main window's content at scale 1.
-QSize ContentSize() {
+QSize ContentSize(const core::Neck& neck) {
   QMenuBar bar;
   bar.addMenu(QStringLiteral("Tools"));
-  return {MainControls::kClientWidth, MainControls::ClientHeight() + bar.sizeHint().height()};
+  return {MainControls::kClientWidth, MainControls::ClientHeight(neck) + bar.sizeHint().height()};
 }
 
 std::vector<char*> Pointers(std::vector<std::string>& texts) {
@@ -115,7 +115,7 @@ ScreenFit::ScreenFit(int argc, char** argv) : arguments_(argv, argv + argc) {
   }
 }
 
-void ScreenFit::RestartIfTooLarge() const {
+void ScreenFit::RestartIfTooLarge(const core::Neck& neck) const {
   if (isRestarted_) {
     // Programs that Tonalith starts must not inherit the smaller scale.
     firstScale_.empty() ? ::unsetenv(kScale) : ::setenv(kScale, firstScale_.c_str(), 1);
@@ -125,9 +125,9 @@ void ScreenFit::RestartIfTooLarge() const {
   const std::optional<QSize> room = windows::AvailableSize(screen);
   // Measuring the menu bar is slow, and most screens are large enough for any menu bar.
   constexpr int kHighMenuBar = 60;
-  const QSize most(MainControls::kClientWidth, MainControls::ClientHeight() + kHighMenuBar);
+  const QSize most(MainControls::kClientWidth, MainControls::ClientHeight(neck) + kHighMenuBar);
   if (!room || most.boundedTo(*room) == most) return;
-  const double scale = ScaleThatFits(ContentSize(), *room);
+  const double scale = ScaleThatFits(ContentSize(neck), *room);
   if (scale >= 1) return;
   const std::string setting = ValueOf(kScale);
   const double current = setting.empty() ? 1 : QByteArray::fromStdString(setting).trimmed().toDouble();

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "core/msg_box.h"
+#include "core/neck.h"
 
 class QMainWindow;
 
@@ -43,7 +44,7 @@ class ScreenFit {
 
   /// Restarts the program in this process at a smaller scale if the screen is too small. Returns if it is large enough
   /// or the restart fails. In the restarted program: restores the original scale setting. Needs an application.
-  void RestartIfTooLarge() const;
+  void RestartIfTooLarge(const core::Neck& neck) const;
 
   /// Shows which settings were not used. Call after the window is shown.
   void Report(core::MsgBox& msgBox) const;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The interface that the playback of a scale needs from its window: the current record, the chosen key, the notes of
-// the neck, and a place to report what is playing. The window chooses texts, colours and widgets. Every function may
-// throw core::Failure; the playback reports it at its end.
+// The interface that the playback of a scale needs from its window: the current record, the chosen key, and a place to
+// report what is playing. Notes of the neck are numbered as core::Neck numbers them. The window chooses texts, colours
+// and widgets. Every function may throw core::Failure; the playback reports it at its end.
 
 #pragma once
 
@@ -29,8 +29,6 @@ class PlaybackHost {
   virtual std::optional<std::string> CurrentField(int position) = 0;
   /// The text of the key box.
   virtual std::string KeyText() = 0;
-  /// The name of a note of the neck, numbered as core::Neck numbers notes.
-  virtual std::string NoteAt(int index) = 0;
   /// The folder of the scale sounds, with the separator at its end.
   virtual std::string SoundFolder() = 0;
   /// Moves the play marker to a note of the neck and repaints it immediately.

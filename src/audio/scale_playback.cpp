@@ -3,9 +3,9 @@
 
 #include "audio/scale_playback.h"
 
-#include <algorithm>
 #include <chrono>
 #include <cmath>
+#include <utility>
 
 #include "core/scale_construction.h"
 #include "core/scale_record.h"
@@ -16,23 +16,8 @@ namespace {
 
 constexpr int kSoundingStrings = 2;
 
-/// Middle C.
-constexpr voice::Pitch kC4 = 60;
-
-/// The pitch of each note that the pattern reaches. `notes` are their names: empty after the end of the scale and for a
-/// pattern that cannot be played. The table of names ends three octaves above C4, within the range of the voice.
-std::vector<voice::Pitch> PitchesOf(const std::vector<std::string>& notes, std::string_view pattern,
-                                    core::NoteNumber startNumber) {
-  std::vector<voice::Pitch> pitches;
-  if (notes.empty() || notes.front().empty()) return pitches;
-  voice::Pitch pitch = kC4 + startNumber;
-  pitches.push_back(pitch);
-  for (const std::int16_t interval : core::IntervalsOf(pattern)) {
-    pitch += interval;
-    pitches.push_back(pitch);
-  }
-  return pitches;
-}
+/// A pitch as the voice counts it, from C-1.
+voice::Pitch VoicePitch(core::Pitch pitch) { return pitch.semitones - core::Pitch::Of(0, -1).semitones; }
 
 /// Sets a flag for the current scope.
 class ScopedFlag {
@@ -48,9 +33,9 @@ class ScopedFlag {
 
 }  // namespace
 
-ScalePlayback::ScalePlayback(SoundManager& sounds, ScaleSoundFiles& files, PlaybackHost& host,
+ScalePlayback::ScalePlayback(core::Neck neck, SoundManager& sounds, ScaleSoundFiles& files, PlaybackHost& host,
                              platform::EventPump& events, core::MsgBox& msgBox)
-    : sounds_(sounds), files_(files), host_(host), events_(events), msgBox_(msgBox) {}
+    : neck_(std::move(neck)), sounds_(sounds), files_(files), host_(host), events_(events), msgBox_(msgBox) {}
 
 void ScalePlayback::PlayToneNotes() {
   if (running_) return;
@@ -72,32 +57,25 @@ ScalePlayback::Score ScalePlayback::ReadScore(core::DeferredFailure& failure) {
   std::optional<std::string> pattern = std::string();
   failure.Try([&] { scaleType = host_.CurrentField(core::scale_field::kTypeName); });
   failure.Try([&] { pattern = host_.CurrentField(core::scale_field::kIntervals); });
-  failure.Try([&] { score.keyName = host_.KeyText(); });
-  if (score.keyName.empty()) {
-    score.keyName = "C";
-  } else {
-    score.startNumber = core::CNoteToNumber(score.keyName);
-  }
+  std::string key;
+  failure.Try([&] { key = host_.KeyText(); });
+  if (key.empty()) key = "C";
+  score.startNumber = core::CNoteToNumber(key);
+  if (core::CNumberToScore(score.startNumber) == key) score.key = score.startNumber;
   if (pattern) score.length = static_cast<int>(core::CharacterCount(*pattern));
-  score.notes.resize(core::kScalePositions);
-  failure.Try([&] {
-    score.notes = core::ScaleArrayNotes(score.startNumber, scaleType.value_or(std::string()), pattern,
-                                        core::kScalePositions, msgBox_);
-  });
-  failure.Try([&] { score.pitches = PitchesOf(score.notes, pattern.value_or(std::string()), score.startNumber); });
-  score.tags.resize(static_cast<std::size_t>(neck_.Notes()));
-  for (int image = 0; image < neck_.Notes(); ++image) {
-    failure.Try([&] { score.tags[static_cast<std::size_t>(image)] = host_.NoteAt(image); });
-  }
+  failure.Try([&] { score.notes = core::ReportedScale(score.startNumber, pattern, msgBox_); });
   return score;
 }
 
+bool ScalePlayback::IsNote(int image, core::NoteNumber pitchClass) const {
+  return neck_.PitchAt(image).PitchClass() == pitchClass;
+}
+
 void ScalePlayback::PlayPosition(Score& score, int position, core::DeferredFailure& failure) {
-  const std::string& note = score.notes[static_cast<std::size_t>(position)];
-  for (int image = 0; image < neck_.Notes() && !cancelled_; ++image) {
-    if (!note.empty() && score.tags[static_cast<std::size_t>(image)] == note) {
-      PlayImage(score, position, image, failure);
-    }
+  std::optional<core::NoteNumber> note;
+  if (position < std::ssize(score.notes)) note = score.notes[static_cast<std::size_t>(position)].pitchClass;
+  for (int image = 0; note && image < neck_.Notes() && !cancelled_; ++image) {
+    if (IsNote(image, *note)) PlayImage(score, position, image, failure);
   }
   if (!cancelled_ && position == score.length && score.keyPlayed) PlayClosingKey(score, failure);
   if (cancelled_) return;
@@ -106,33 +84,33 @@ void ScalePlayback::PlayPosition(Score& score, int position, core::DeferredFailu
 }
 
 void ScalePlayback::PlayImage(Score& score, int position, int image, core::DeferredFailure& failure) {
-  const std::string& note = score.notes[static_cast<std::size_t>(position)];
+  const core::ScaleNote& note = score.notes[static_cast<std::size_t>(position)];
   const std::int32_t slot = image / neck_.positions + 1;
-  const bool isKey = note == score.keyName;
-  CurrentPlayNote = note;
+  const bool isKey = note.pitchClass == score.key;
+  CurrentPlayNote = NameOf(note);
   // Kept: see docs/behaviour.md, Only the first two strings play.
   if (position > score.length || slot > kSoundingStrings) return;
   if (!isKey) WaitForSoundEnd(failure);
   // Kept: see docs/behaviour.md, A repeated note is skipped.
-  if (cancelled_ || note == score.lastPlayed) return;
+  if (cancelled_ || note.pitchClass == score.lastPlayed) return;
   Sound(score, slot, position, position, image, failure);
   if (isKey) {
     WaitForSoundEnd(failure);
     score.keyPlayed = true;
   }
-  score.lastPlayed = note;
+  score.lastPlayed = note.pitchClass;
 }
 
 void ScalePlayback::PlayClosingKey(Score& score, core::DeferredFailure& failure) {
-  const std::string keyNote = core::CNumberToNote(score.startNumber, msgBox_);
-  CurrentPlayNote = keyNote;
+  CurrentPlayNote = core::CNumberToNote(score.startNumber, msgBox_);
   WaitForSoundEnd(failure);
-  if (cancelled_ || keyNote == score.lastPlayed) return;
+  if (cancelled_ || score.startNumber == score.lastPlayed) return;
   // The marker moves to the first key note on the neck. There is one: keyPlayed is set only after the key note was
   // played.
-  const auto image = std::find(score.tags.begin(), score.tags.end(), keyNote) - score.tags.begin();
+  int image = 0;
+  while (!IsNote(image, score.startNumber)) ++image;
   // Kept: see docs/behaviour.md, The closing key has its own file number.
-  Sound(score, 1, score.startNumber, 0, static_cast<int>(image), failure);
+  Sound(score, 1, score.startNumber, 0, image, failure);
   WaitForSoundEnd(failure);
   score.keyPlayed = false;
 }
@@ -142,7 +120,8 @@ void ScalePlayback::Sound(const Score& score, std::int32_t slot, int fileNumber,
   std::string file;
   failure.Try([&] { file = host_.SoundFolder() + std::to_string(fileNumber) + ".wav"; });
   {
-    const ScaleSoundFiles::Pitched pitched(files_, score.pitches.at(static_cast<std::size_t>(position)));
+    const ScaleSoundFiles::Pitched pitched(files_,
+                                           VoicePitch(score.notes.at(static_cast<std::size_t>(position)).pitch));
     sounds_.LoadSoundBuffer(slot, file, BufferFlags::kNone);
   }
   if (cancelled_) return;
@@ -152,7 +131,7 @@ void ScalePlayback::Sound(const Score& score, std::int32_t slot, int fileNumber,
   failure.Try([&] { host_.ShowMarker(image); });
   // Render the next note while this one plays.
   const auto next = static_cast<std::size_t>(position) + 1;
-  if (next < score.pitches.size()) failure.Try([&] { files_.Prepare(score.pitches[next]); });
+  if (next < score.notes.size()) failure.Try([&] { files_.Prepare(VoicePitch(score.notes[next].pitch)); });
 }
 
 void ScalePlayback::WaitForSoundEnd(core::DeferredFailure& failure) {

@@ -2,22 +2,22 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // Plays the current scale note by note, moves the marker over the neck and updates the status line. A playback copies
-// the pattern, the key and the tags at its start, so the record may be moved or edited meanwhile. It waits in the event
+// the pattern and the key at its start, so the record may be moved or edited meanwhile. It waits in the event
 // loop without polling, runs one playback at a time and returns promptly when cancelled. The main window owns it and
 // registers it as the sound manager's Notifier. Never throws: failures are shown at the end in a message box.
 
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
-#include <vector>
 
 #include "audio/playback_host.h"
 #include "audio/scale_sound_files.h"
 #include "audio/sound_manager.h"
 #include "core/deferred_failure.h"
 #include "core/neck.h"
-#include "core/note_model.h"
+#include "core/scale.h"
 #include "platform/event_pump.h"
 
 namespace tonalith::audio {
@@ -25,8 +25,8 @@ namespace tonalith::audio {
 class ScalePlayback : public SoundManagerNotifier {
  public:
   /// `files` must be the object that `sounds` reads its files from.
-  ScalePlayback(SoundManager& sounds, ScaleSoundFiles& files, PlaybackHost& host, platform::EventPump& events,
-                core::MsgBox& msgBox);
+  ScalePlayback(core::Neck neck, SoundManager& sounds, ScaleSoundFiles& files, PlaybackHost& host,
+                platform::EventPump& events, core::MsgBox& msgBox);
 
   /// True while no note is sounding.
   bool SoundEnded = true;
@@ -52,16 +52,14 @@ class ScalePlayback : public SoundManagerNotifier {
  private:
   /// The input and state of one playback.
   struct Score {
-    std::string keyName;
     core::NoteNumber startNumber = 0;
+    /// No value for a key that is no note.
+    std::optional<core::NoteNumber> key;
     /// Number of characters of the interval pattern; -1 for a null pattern.
     int length = -1;
-    std::vector<std::string> notes;
-    /// The pitch of each note. The first is between C4 and B4.
-    std::vector<voice::Pitch> pitches;
-    /// The tags of all notes of the neck, in their order.
-    std::vector<std::string> tags;
-    std::string lastPlayed;
+    core::Scale notes;
+    /// The pitch class.
+    std::optional<core::NoteNumber> lastPlayed;
     bool keyPlayed = false;
   };
 
@@ -69,6 +67,7 @@ class ScalePlayback : public SoundManagerNotifier {
   void PlayPosition(Score& score, int position, core::DeferredFailure& failure);
   void PlayImage(Score& score, int position, int image, core::DeferredFailure& failure);
   void PlayClosingKey(Score& score, core::DeferredFailure& failure);
+  [[nodiscard]] bool IsNote(int image, core::NoteNumber pitchClass) const;
   /// Plays a file for the note at `position`.
   void Sound(const Score& score, std::int32_t slot, int fileNumber, int position, int image,
              core::DeferredFailure& failure);
@@ -77,12 +76,12 @@ class ScalePlayback : public SoundManagerNotifier {
   void DarkenNote();
   void ShowStatus(PlaybackState state, const std::string& note = {});
 
+  core::Neck neck_;
   SoundManager& sounds_;
   ScaleSoundFiles& files_;
   PlaybackHost& host_;
   platform::EventPump& events_;
   core::MsgBox& msgBox_;
-  core::Neck neck_ = core::Neck::Standard();
   bool running_ = false;
   bool cancelled_ = false;
 };

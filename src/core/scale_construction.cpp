@@ -15,11 +15,10 @@ namespace {
 constexpr int kThreeOctaves = 36;
 constexpr int kTwoOctaves = 24;
 
-/// The sharp note table repeated up to `size` entries.
+/// Throws for an index outside the sharp note table repeated up to `size` entries.
 /// Kept: see docs/behaviour.md, Three note tables of different length.
-std::string_view TableEntry(int index, int size) {
+void CheckTable(int index, int size) {
   if (index < 0 || index >= size) throw Failure::SubscriptOutOfRange();
-  return kSharpNotes[static_cast<std::size_t>(index % 12)];
 }
 
 std::int16_t StepValue(std::string_view character) {
@@ -28,23 +27,11 @@ std::int16_t StepValue(std::string_view character) {
 }
 
 /// One character for each interval and an empty one at the end, which adds the closing note.
-/// Kept: see docs/behaviour.md, A null pattern is an error, an empty one is not.
 std::vector<std::string_view> StepList(const IntervalPattern& pattern) {
   if (!pattern) throw Failure::SubscriptOutOfRange();
   std::vector<std::string_view> steps = Characters(*pattern);
   steps.emplace_back();
   return steps;
-}
-
-std::vector<std::string> BuildNotes(NoteNumber start, const std::vector<std::string_view>& steps) {
-  std::vector<std::string> notes;
-  notes.reserve(steps.size());
-  int position = start;
-  for (const std::string_view step : steps) {
-    notes.emplace_back(TableEntry(position, kThreeOctaves));
-    if (!step.empty()) position += StepValue(step);
-  }
-  return notes;
 }
 
 // Kept: see docs/behaviour.md, ScaleArray reports without a colon.
@@ -54,34 +41,49 @@ void ReportTrapped(const Failure& failure, MsgBox& msgBox) {
 
 }  // namespace
 
+// Kept: see docs/behaviour.md, A null pattern is an error, an empty one is not.
+std::vector<std::int16_t> IntervalsInTable(NoteNumber start, const IntervalPattern& pattern) {
+  if (!pattern) throw Failure::SubscriptOutOfRange();
+  std::vector<std::int16_t> intervals;
+  intervals.reserve(pattern->size());
+  int position = start;
+  CheckTable(position, kThreeOctaves);
+  for (const std::string_view character : Characters(*pattern)) {
+    intervals.push_back(StepValue(character));
+    position += intervals.back();
+    CheckTable(position, kThreeOctaves);
+  }
+  return intervals;
+}
+
+std::optional<std::vector<std::int16_t>> ReportedIntervals(NoteNumber start, const IntervalPattern& pattern,
+                                                           MsgBox& msgBox) {
+  try {
+    return IntervalsInTable(start, pattern);
+  } catch (const std::exception&) {
+    ReportTrapped(Failure::FromCurrentException(), msgBox);
+    return std::nullopt;
+  }
+}
+
+Scale ReportedScale(NoteNumber start, const IntervalPattern& pattern, MsgBox& msgBox) {
+  const std::optional<std::vector<std::int16_t>> intervals = ReportedIntervals(start, pattern, msgBox);
+  return intervals ? BuildScale(start, *intervals) : Scale();
+}
+
 // Kept: see docs/behaviour.md, ScaleStepType has no effect.
 // Kept: see docs/behaviour.md, Positions past the end hide a bad pattern.
 std::string ScaleArray(NoteNumber StartValue, std::string_view /*ScaleStepType*/, IntervalPattern CustomScaleSteps,
                        std::int16_t Npassed, MsgBox& msgBox) {
-  try {
-    const std::vector<std::string_view> steps = StepList(CustomScaleSteps);
-    const auto position = static_cast<std::ptrdiff_t>(Npassed);
-    if (position > std::ssize(steps)) return {};
-    const std::vector<std::string> notes = BuildNotes(StartValue, steps);
-    if (position < 0) throw Failure::SubscriptOutOfRange();
-    return position < std::ssize(notes) ? notes[static_cast<std::size_t>(position)] : std::string();
-  } catch (const std::exception&) {
-    ReportTrapped(Failure::FromCurrentException(), msgBox);
+  const auto position = static_cast<std::ptrdiff_t>(Npassed);
+  if (CustomScaleSteps && position > std::ssize(Characters(*CustomScaleSteps)) + 1) return {};
+  const std::optional<std::vector<std::int16_t>> intervals = ReportedIntervals(StartValue, CustomScaleSteps, msgBox);
+  if (!intervals || position > std::ssize(*intervals)) return {};
+  if (position < 0) {
+    ReportTrapped(Failure::SubscriptOutOfRange(), msgBox);
     return {};
   }
-}
-
-// Kept: see docs/behaviour.md, ScaleStepType has no effect.
-std::vector<std::string> ScaleArrayNotes(NoteNumber StartValue, std::string_view /*ScaleStepType*/,
-                                         IntervalPattern CustomScaleSteps, std::int16_t count, MsgBox& msgBox) {
-  std::vector<std::string> notes;
-  try {
-    notes = BuildNotes(StartValue, StepList(CustomScaleSteps));
-  } catch (const std::exception&) {
-    ReportTrapped(Failure::FromCurrentException(), msgBox);
-  }
-  notes.resize(static_cast<std::size_t>(count));
-  return notes;
+  return std::string(NameOf(BuildScale(StartValue, *intervals)[static_cast<std::size_t>(position)]));
 }
 
 // Kept: see docs/behaviour.md, ScaleStepType has no effect.
@@ -95,7 +97,10 @@ std::string ScaleMaker(NoteNumber StartValue, std::string_view /*ScaleStepType*/
   int position = StartValue;
   for (std::size_t i = 0; i < steps.size(); ++i) {
     if (i > 0) joined += ' ';
-    failure.Try([&] { joined += TableEntry(position, kTwoOctaves); });
+    failure.Try([&] {
+      CheckTable(position, kTwoOctaves);
+      joined += kSharpNotes.at(static_cast<std::size_t>(position % 12));
+    });
     if (!steps[i].empty()) failure.Try([&] { position += StepValue(steps[i]); });
   }
   failure.ReportDescription(msgBox);
@@ -105,11 +110,10 @@ std::string ScaleMaker(NoteNumber StartValue, std::string_view /*ScaleStepType*/
 // Kept: see docs/behaviour.md, Three note tables of different length.
 std::vector<std::string> WrappedScaleNotes(std::int16_t rootIndex, std::string_view pattern) {
   std::vector<std::string> notes;
-  int position = rootIndex % 12;
-  for (const std::int16_t interval : IntervalsOf(pattern)) {
-    notes.emplace_back(TableEntry(position, 12));
-    position = (position + interval) % 12;
-  }
+  const std::vector<std::int16_t> intervals = IntervalsOf(pattern);
+  if (intervals.empty()) return notes;
+  const Scale scale = BuildScale(static_cast<NoteNumber>(rootIndex % 12), intervals);
+  for (std::size_t i = 0; i < intervals.size(); ++i) notes.emplace_back(NameOf(scale[i]));
   return notes;
 }
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Scale construction: from a start note and an interval pattern (one decimal digit per step, in semitones) to note
-// names. A pattern of n digits describes n + 1 notes; the last is the octave if the digits add up to 12. Transposing
-// means choosing another start note.
+// Scale construction: from a start note and an interval pattern (one decimal digit per step, in semitones) to
+// intervals, and the functions that return note names. A pattern of n digits describes n + 1 notes; the last is the
+// octave if the digits add up to 12. Transposing means choosing another start note.
 
 #pragma once
 
@@ -15,6 +15,7 @@
 
 #include "core/msg_box.h"
 #include "core/note_model.h"
+#include "core/scale.h"
 
 namespace tonalith::core {
 
@@ -30,9 +31,17 @@ inline constexpr std::int16_t kScalePositions = 16;
 std::string ScaleArray(NoteNumber StartValue, std::string_view ScaleStepType, IntervalPattern CustomScaleSteps,
                        std::int16_t Npassed, MsgBox& msgBox);
 
-/// The results of ScaleArray for the positions 0 to `count` - 1. Builds the scale once and reports a failure once.
-std::vector<std::string> ScaleArrayNotes(NoteNumber StartValue, std::string_view ScaleStepType,
-                                         IntervalPattern CustomScaleSteps, std::int16_t count, MsgBox& msgBox);
+/// The semitone counts of a pattern whose notes are in that table, for a scale from `start` on. Throws what ScaleArray
+/// reports: failure 9 for a null pattern, failure 13 for a character that is no digit, failure 9 for a note outside the
+/// table.
+std::vector<std::int16_t> IntervalsInTable(NoteNumber start, const IntervalPattern& pattern);
+
+/// The same; reports a failure as ScaleArray does and returns no value.
+std::optional<std::vector<std::int16_t>> ReportedIntervals(NoteNumber start, const IntervalPattern& pattern,
+                                                           MsgBox& msgBox);
+
+/// The notes of a pattern. No notes, after a report, for a pattern that ScaleArray reports.
+Scale ReportedScale(NoteNumber start, const IntervalPattern& pattern, MsgBox& msgBox);
 
 /// All note names of the scale, separated by single blanks, from a table of two octaves. Continues after failures and
 /// shows the description of the last one.

@@ -4,7 +4,6 @@
 #include "editor/scale_editing.h"
 
 #include <algorithm>
-#include <limits>
 #include <vector>
 
 #include "core/scale_construction.h"
@@ -17,12 +16,6 @@ namespace {
 constexpr core::NoteNumber kFromC = 0;
 constexpr int kOctave = 12;
 
-/// One note more than the pattern has characters.
-std::int16_t NoteCountOf(std::string_view pattern) {
-  constexpr std::size_t kMost = std::numeric_limits<std::int16_t>::max();
-  return static_cast<std::int16_t>(std::min(core::CharacterCount(pattern) + 1, kMost));
-}
-
 class SilentMsgBox : public core::MsgBox {
  public:
   core::MsgBoxAnswer Show(const std::string& /*text*/, core::MsgBoxStyle /*style*/,
@@ -31,11 +24,9 @@ class SilentMsgBox : public core::MsgBox {
   }
 };
 
-NoteSelection SelectionOf(const std::vector<std::string>& notes) {
+NoteSelection SelectionOf(const core::Scale& scale) {
   NoteSelection selection;
-  for (std::size_t i = 0; i < selection.size(); ++i) {
-    selection[i] = std::find(notes.begin(), notes.end(), core::kSharpNotes[i]) != notes.end();
-  }
+  for (const core::ScaleNote& note : scale) selection.set(static_cast<std::size_t>(note.pitchClass));
   return selection;
 }
 
@@ -69,26 +60,26 @@ std::string StepWordsText(std::string_view pattern) {
   return text;
 }
 
-// Kept: see docs/behaviour.md, ScaleStepType has no effect
 bool NoteExistsInScale(std::string_view strNoteVal, std::string_view pattern, core::MsgBox& msgBox) {
-  const std::vector<std::string> notes =
-      core::ScaleArrayNotes(core::CNoteToNumber(strNoteVal), "1", pattern, kNoteCount, msgBox);
-  return std::any_of(notes.begin(), notes.end(), [&](const auto& note) { return core::Trim(note) == strNoteVal; });
+  core::Scale scale = core::ReportedScale(core::CNoteToNumber(strNoteVal), pattern, msgBox);
+  scale.resize(std::min(scale.size(), std::size_t{kNoteCount}));
+  return std::any_of(scale.begin(), scale.end(), [&](const auto& note) { return NameOf(note) == strNoteVal; });
 }
 
 // Kept: see docs/behaviour.md, Stored start notes change no view
-NoteSelection PatternNotes::Of(std::string_view scaleType, const std::string& pattern) {
+// Kept: see docs/behaviour.md, ScaleStepType has no effect
+NoteSelection PatternNotes::Of(std::string_view /*scaleType*/, const std::string& pattern) {
   if (pattern_ != pattern) {
     pattern_ = pattern;
     notes_.reset();
-    notes_ = SelectionOf(core::ScaleArrayNotes(kFromC, scaleType, pattern, NoteCountOf(pattern), msgBox_));
+    notes_ = SelectionOf(core::ReportedScale(kFromC, pattern, msgBox_));
   }
   return notes_;
 }
 
 NoteSelection NotesOfTyped(std::string_view pattern) {
   SilentMsgBox silent;
-  return SelectionOf(core::ScaleArrayNotes(kFromC, "1", pattern, NoteCountOf(pattern), silent));
+  return SelectionOf(core::ReportedScale(kFromC, pattern, silent));
 }
 
 }  // namespace tonalith::editor

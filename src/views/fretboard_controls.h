@@ -23,7 +23,7 @@ namespace tonalith::views {
 
 class FretboardControls {
  public:
-  /// `area` is the rectangle of the view in the form's client area, in pixels.
+  /// `area` is the rectangle of the view in the form's client area.
   FretboardControls(const FretboardLayout& layout, const QRect& area, QWidget& view);
 
   [[nodiscard]] const FretboardLayout& Layout() const { return layout_; }

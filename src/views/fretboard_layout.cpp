@@ -24,6 +24,7 @@ constexpr Twips kNeckAbove{330};
 constexpr Twips kNeckBelow{255};
 constexpr Twips kAreaAbove{810};
 constexpr Twips kAreaBelow{930};
+constexpr int kAreaWidth = 1080;
 constexpr Twips kTopAboveLine{250};
 constexpr Twips kFretAfterLeft{650};
 constexpr Twips kMarkerAfterLeft{255};
@@ -48,12 +49,8 @@ Twips StringY(int row) { return kFirstStringY + FretboardLayout::kStringSpacing 
 FretboardLayout::FretboardLayout(const core::Neck& neck) : rows_(neck.Strings()), positions_(neck.positions) {
   for (int row = 1; row <= rows_; ++row) {
     for (int position = 0; position < positions_; ++position) {
-      const int pitch = neck.openStrings.at(static_cast<std::size_t>(row - 1)).semitones + position;
-      NotePlace note{row,
-                     position,
-                     std::string(core::kSharpNotes.at(static_cast<std::size_t>(pitch % 12))),
-                     static_cast<std::int16_t>(pitch / 12),
-                     {}};
+      const core::Pitch pitch = neck.PitchAt(IndexAt(row, position));
+      NotePlace note{row, position, pitch, core::CNumberToScore(pitch.PitchClass()), {}};
       note.accessibleName = AccessibleName(note.tag, row, position);
       notes_.push_back(std::move(note));
     }
@@ -85,8 +82,10 @@ LineGeometry FretboardLayout::FirstFret() const {
   return {x, StringY(1) - kNeckAbove, x, StringY(rows_) + kNeckBelow};
 }
 
-Twips FretboardLayout::AreaTop() { return StringY(1) - kAreaAbove; }
-Twips FretboardLayout::AreaBottom(int strings) { return StringY(strings) + kAreaBelow; }
+QRect FretboardLayout::AreaOf(const core::Neck& neck) {
+  const int top = paint::NearestPixel(StringY(1) - kAreaAbove);
+  return {0, top, kAreaWidth, paint::NearestPixel(StringY(neck.Strings()) + kAreaBelow) - top};
+}
 
 bool FretboardLayout::HasDoubleInlay(int fret) { return fret > 0 && fret % 12 == 0; }
 
@@ -150,14 +149,6 @@ std::optional<int> FretboardLayout::Neighbour(int index, Move move, const std::v
     }
   }
   return std::nullopt;
-}
-
-std::int16_t OctaveSoundNumber(core::NoteNumber note, std::int16_t octave) {
-  constexpr std::int16_t kLowestRecorded = 2;
-  constexpr std::int16_t kHighestRecorded = 5;
-  // Kept: see docs/behaviour.md, Octaves outside 2 to 5 play the lowest file
-  const bool isRecorded = octave >= kLowestRecorded && octave <= kHighestRecorded;
-  return static_cast<std::int16_t>(isRecorded ? note + 12 * (octave - kLowestRecorded) : note);
 }
 
 }  // namespace tonalith::views

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The layout of a neck: name, octave, accessible name and position of each note, the initial coordinates of the lines,
+// The layout of a neck: pitch, name, accessible name and position of each note, the initial coordinates of the lines,
 // and the target of each navigation key. Positions are twips of the form's client area, sizes of painted parts are
 // pixels. Immutable, any thread. An invalid note index throws std::out_of_range.
 
 #pragma once
 
-#include <cstdint>
+#include <QRect>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,8 +21,9 @@ namespace tonalith::views {
 struct NotePlace {
   int row = 0;
   int position = 0;
+  core::Pitch pitch;
+  /// The name of the pitch class.
   std::string tag;
-  std::int16_t octave = 0;
   std::string accessibleName;
 };
 
@@ -42,7 +43,7 @@ class FretboardLayout {
   static constexpr paint::Twips kBaseLeft{600};
   static constexpr paint::Twips kStringSpacing{480};
 
-  explicit FretboardLayout(const core::Neck& neck = core::Neck::Standard());
+  explicit FretboardLayout(const core::Neck& neck);
 
   [[nodiscard]] int Rows() const { return rows_; }
   [[nodiscard]] int Positions() const { return positions_; }
@@ -64,9 +65,8 @@ class FretboardLayout {
   [[nodiscard]] static LineGeometry StringLine(int row);
   [[nodiscard]] LineGeometry NutLine() const;
   [[nodiscard]] LineGeometry FirstFret() const;
-  /// The top and bottom edge of a neck of so many strings, including the fret numbers below it.
-  [[nodiscard]] static paint::Twips AreaTop();
-  [[nodiscard]] static paint::Twips AreaBottom(int strings);
+  /// The rectangle of a neck with its fret numbers, in pixels of the form's client area.
+  [[nodiscard]] static QRect AreaOf(const core::Neck& neck);
 
   /// Whether a fret has an inlay.
   [[nodiscard]] static bool HasInlay(int fret);
@@ -88,9 +88,5 @@ class FretboardLayout {
   int positions_;
   std::vector<NotePlace> notes_;
 };
-
-/// The number of the sound file of a note: note number + 12 x (octave - 2) for octaves 2 to 5, the note number for any
-/// other octave.
-std::int16_t OctaveSoundNumber(core::NoteNumber note, std::int16_t octave);
 
 }  // namespace tonalith::views

@@ -9,11 +9,13 @@
 #include <QPainter>
 #include <QToolTip>
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <map>
 #include <vector>
 
 #include "core/deferred_failure.h"
+#include "core/octave_sounds.h"
 #include "core/paths.h"
 #include "core/step_words.h"
 #include "core/text.h"
@@ -24,7 +26,6 @@ namespace {
 
 using paint::Twips;
 
-constexpr int kWidth = 1080;
 constexpr Twips kMarkerAboveNote{480};
 
 /// Parses a 16-bit whole number with optional blanks around it.
@@ -39,11 +40,12 @@ std::optional<std::int16_t> WholeNumber(std::string_view text) {
 
 }  // namespace
 
-FretboardView::FretboardView(core::MsgBox& msgBox, QWidget* parent)
+FretboardView::FretboardView(const core::Neck& neck, core::MsgBox& msgBox, QWidget* parent)
     : QWidget(parent),
       msgBox_(msgBox),
       eventPump_([] { QCoreApplication::processEvents(); }),
-      controls_(layout_, DesignRect(), *this),
+      layout_(neck),
+      controls_(layout_, FretboardLayout::AreaOf(neck), *this),
       focus_(controls_, *this),
       lit_(controls_, *this),
       painter_(controls_) {
@@ -54,19 +56,13 @@ FretboardView::FretboardView(core::MsgBox& msgBox, QWidget* parent)
   for (int index = 0; index < layout_.NoteCount(); ++index) {
     connect(&Image(index), &QAbstractButton::pressed, this, [this, index] {
       pressed_ = index;
-      PlayOctaveNote(layout_.Note(index).tag, layout_.Note(index).octave);
+      PlayOctaveNote(layout_.Note(index).tag, static_cast<std::int16_t>(layout_.Note(index).pitch.Octave()));
     });
   }
 }
 
 FretboardView::~FretboardView() {
   if (player_ != nullptr && player_->Notifier == this) player_->Notifier = nullptr;
-}
-
-QRect FretboardView::DesignRect() {
-  static const int strings = core::Neck::Standard().Strings();
-  const int top = paint::NearestPixel(FretboardLayout::AreaTop());
-  return {0, top, kWidth, paint::NearestPixel(FretboardLayout::AreaBottom(strings)) - top};
 }
 
 void FretboardView::SetNotePlayer(platform::NotePlayer* player, std::string appFolder) {
@@ -120,7 +116,8 @@ void FretboardView::ShowNotes(const std::string& startNote, ScaleInView& scale) 
   const bool isDamaged = pattern && core::IsOverlongPattern(*pattern);
   if (hasRecord && !isDamaged && !failure.Pending()) {
     failure.Try([&] {
-      ShowScaleNotes(StartNoteOf(startNote), pattern ? core::IntervalPattern(*pattern) : core::IntervalPattern());
+      ShowScaleNotes(StartNoteOf(startNote), pattern ? core::IntervalPattern(*pattern) : core::IntervalPattern(),
+                     scale);
     });
     failure.Try([&] {
       if (pattern) scale.AppendStepWord(core::StepLine(*pattern));
@@ -130,14 +127,25 @@ void FretboardView::ShowNotes(const std::string& startNote, ScaleInView& scale) 
   failure.ReportDescription(msgBox_);
 }
 
-void FretboardView::ShowScaleNotes(const std::string& startNote, const core::IntervalPattern& pattern) {
+void FretboardView::ShowScaleNotes(const std::string& startNote, const core::IntervalPattern& pattern,
+                                   ScaleInView& scale) {
   // Kept: see docs/behaviour.md, A key that is no note reads as C and marks no note
-  const std::vector<std::string> notes =
-      core::ScaleArrayNotes(core::CNoteToNumber(startNote), {}, pattern, core::kScalePositions, msgBox_);
-  for (NoteImage* image : controls_.Images()) {
-    if (image->Tag().empty() || std::find(notes.begin(), notes.end(), image->Tag()) == notes.end()) continue;
-    image->SetPicture(image->Tag() == startNote ? NotePicture::kKeyNote : NotePicture::kScaleNote);
-    image->show();
+  const core::NoteNumber start = core::CNoteToNumber(startNote);
+  const bool marksKey = core::CNumberToScore(start) == startNote;
+  const core::Scale& notes = scale.Latest().Of(start, pattern, msgBox_);
+  std::array<std::optional<std::string>, core::kSharpNotes.size()> labels;  // By pitch class.
+  for (std::size_t i = 0; i < notes.size() && i < core::kScalePositions; ++i) {
+    auto& label = labels.at(static_cast<std::size_t>(notes[i].pitchClass));
+    if (!label) label = scale.LabelOf(notes[i]);
+  }
+  for (int index = 0; index < layout_.NoteCount(); ++index) {
+    const core::NoteNumber pitchClass = layout_.Note(index).pitch.PitchClass();
+    const auto& label = labels.at(static_cast<std::size_t>(pitchClass));
+    if (!label) continue;
+    NoteImage& image = Image(index);
+    image.SetLabel(*label);
+    image.SetPicture(marksKey && pitchClass == start ? NotePicture::kKeyNote : NotePicture::kScaleNote);
+    image.show();
   }
   UpdateOpenStrings();
 }
@@ -191,7 +199,7 @@ void FretboardView::NoteEnded() { DarkenNote(LitBy::kPress); }
 void FretboardView::PlayOctaveNote(const std::string& noteName, std::int16_t octave) {
   core::DeferredFailure failure;
   failure.Try([&] {
-    const std::int16_t number = OctaveSoundNumber(core::CNoteToNumber(noteName), octave);
+    const std::int16_t number = core::OctaveFileNumber(core::Pitch::Of(core::CNoteToNumber(noteName), octave));
     const std::string path =
         appFolder_ + core::kPathSeparator + "Octaves" + core::kPathSeparator + std::to_string(number) + ".wav";
     if (player_ != nullptr) player_->Play(path);

@@ -13,8 +13,8 @@
 #include <optional>
 #include <string>
 
+#include "core/latest_scale.h"
 #include "core/msg_box.h"
-#include "core/scale_construction.h"
 #include "platform/note_player.h"
 #include "views/fretboard_controls.h"
 #include "views/fretboard_focus.h"
@@ -24,7 +24,7 @@
 
 namespace tonalith::views {
 
-/// The window as ShowNotes uses it: the pattern of the current record, and the step line.
+/// The window as ShowNotes uses it: the current record, its notes and their labels, and the step line.
 class ScaleInView {
  public:
   virtual ~ScaleInView() = default;
@@ -32,19 +32,26 @@ class ScaleInView {
   [[nodiscard]] virtual bool HasCurrentRecord() const = 0;
   /// `ScaleIntervals` of the current record; no value for a null field. Called once per ShowNotes.
   virtual std::optional<std::string> ScaleIntervals() = 0;
+  /// The scale that the views of the window share.
+  [[nodiscard]] core::LatestScale& Latest() { return latest_; }
+  /// The text on the discs of a note.
+  [[nodiscard]] virtual std::string LabelOf(const core::ScaleNote& note) const { return std::string(NameOf(note)); }
   /// Appends to the step line. `words` begins with two blanks.
   virtual void AppendStepWord(const std::string& words) = 0;
+
+ private:
+  core::LatestScale latest_;
 };
 
 class FretboardView : public QWidget, private platform::NotePlayerNotifier {
   Q_OBJECT
 
  public:
-  explicit FretboardView(core::MsgBox& msgBox, QWidget* parent = nullptr);
+  FretboardView(const core::Neck& neck, core::MsgBox& msgBox, QWidget* parent = nullptr);
   ~FretboardView() override;
 
   /// The position in the form's client area, in pixels.
-  static QRect DesignRect();
+  [[nodiscard]] QRect DesignRect() const { return controls_.Area(); }
 
   /// Sets the player of clicked notes; without one they are silent. The view is the notifier of the player until it is
   /// destroyed.
@@ -89,7 +96,7 @@ class FretboardView : public QWidget, private platform::NotePlayerNotifier {
  private:
   void NoteStarted() override;
   void NoteEnded() override;
-  void ShowScaleNotes(const std::string& startNote, const core::IntervalPattern& pattern);
+  void ShowScaleNotes(const std::string& startNote, const core::IntervalPattern& pattern, ScaleInView& scale);
   [[nodiscard]] std::string StartNoteOf(const std::string& keyText) const;
   void UpdateOpenStrings();
 

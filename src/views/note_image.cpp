@@ -86,7 +86,7 @@ const QImage& NamelessImage(NotePicture picture, QSize dots) {
 const QImage& SharedImage(const NoteImage& note, QSize dots) {
   using Key = std::tuple<NotePicture, std::string, int, int, bool>;
   static std::map<Key, QImage> images;
-  const Key key(note.Picture(), note.NameDrawn() ? note.Tag() : std::string(), dots.width(), dots.height(),
+  const Key key(note.Picture(), note.NameDrawn() ? note.Label() : std::string(), dots.width(), dots.height(),
                 note.IsLit());
   const auto known = images.find(key);
   if (known != images.end()) return known->second;
@@ -94,7 +94,7 @@ const QImage& SharedImage(const NoteImage& note, QSize dots) {
   QPainter painter(&image);
   ScaleToDots(painter, dots);
   paint::PainterSurface surface(painter);
-  if (note.NameDrawn()) DrawNoteName(surface, note.Tag(), kSide);
+  if (note.NameDrawn()) DrawNoteName(surface, note.Label(), kSide);
   if (note.IsLit()) PaintLitRim(painter, note.Picture());
   painter.end();
   return images.emplace(key, std::move(image)).first->second;
@@ -116,23 +116,29 @@ std::shared_ptr<const paint::SurfacePicture> PictureOf(NotePicture picture) {
   return nullptr;
 }
 
-void DrawNoteName(DrawingSurface& surface, const std::string& tag, double scaleWidth) {
+void DrawNoteName(DrawingSurface& surface, const std::string& label, double scaleWidth) {
   surface.SetScaleMode(paint::ScaleMode::kPixels);
   surface.SetFontSize(paint::Pixels(kNamePixels));
   paint::SetFontNameOrDefault(surface, "Tahoma");
   surface.SetFontBold(true);
   surface.SetForeColor(paint::kWhite);
-  surface.SetCurrentX((scaleWidth - surface.TextWidth(tag)) / 2);
+  surface.SetCurrentX((scaleWidth - surface.TextWidth(label)) / 2);
   surface.SetCurrentY(kNameTop);
-  surface.Print(tag);
+  surface.Print(label);
 }
 
 NoteImage::NoteImage(const QString& name, const std::string& tag, QWidget* parent)
-    : QAbstractButton(parent), tag_(tag) {
+    : QAbstractButton(parent), tag_(tag), label_(tag) {
   setObjectName(name);
   setFocusPolicy(Qt::ClickFocus);
   resize(kSide, kSide);
   hide();
+}
+
+void NoteImage::SetLabel(const std::string& label) {
+  if (label == label_) return;
+  label_ = label;
+  update();
 }
 
 void NoteImage::SetPicture(NotePicture picture) {
@@ -165,7 +171,7 @@ void NoteImage::DrawOn(DrawingSurface& surface) const {
   surface.SetScaleMode(paint::ScaleMode::kPixels);
   surface.Cls();
   surface.PaintPicture(PictureOf(picture_), 0, 0);
-  if (nameDrawn_) DrawNoteName(surface, tag_, kSide);
+  if (nameDrawn_) DrawNoteName(surface, label_, kSide);
 }
 
 QSize NoteImage::sizeHint() const { return {kSide, kSide}; }

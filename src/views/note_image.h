@@ -2,8 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // One note of the neck: a button with a Tag (its note name), a Picture (key note or other scale note) and an optional
-// name drawn on it. A new picture removes the name. Images are cached by picture, name and scale factor, for all notes
-// of the process.
+// label drawn on it, which is the Tag unless the view chooses another text. A new picture removes the label. Images are
+// cached by picture, label and scale factor, for all notes of the process.
 
 #pragma once
 
@@ -26,12 +26,15 @@ class NoteImage : public QAbstractButton {
 
   [[nodiscard]] const std::string& Tag() const { return tag_; }
   [[nodiscard]] QString TagText() const { return QString::fromStdString(tag_); }
+  [[nodiscard]] const std::string& Label() const { return label_; }
   [[nodiscard]] NotePicture Picture() const { return picture_; }
   [[nodiscard]] bool NameDrawn() const { return nameDrawn_; }
 
+  /// Replaces the text that DrawName draws.
+  void SetLabel(const std::string& label);
   /// Replaces the picture and removes the name.
   void SetPicture(NotePicture picture);
-  /// Draws the Tag on the picture.
+  /// Draws the label on the picture.
   void DrawName();
   /// Removes the name; the picture stays.
   void ClearName();
@@ -60,13 +63,14 @@ class NoteImage : public QAbstractButton {
 
  private:
   std::string tag_;
+  std::string label_;
   NotePicture picture_ = NotePicture::kNone;
   bool nameDrawn_ = false;
   bool isLit_ = false;
 };
 
-/// Writes a note name on the surface of a note image, `scaleWidth` pixels wide: 14 pixels, bold, white, centred.
-void DrawNoteName(paint::DrawingSurface& surface, const std::string& tag, double scaleWidth);
+/// Writes a label on the surface of a note image, `scaleWidth` pixels wide: 14 pixels, bold, white, centred.
+void DrawNoteName(paint::DrawingSurface& surface, const std::string& label, double scaleWidth);
 
 /// The picture of the picture list, 29 x 29 pixels; null for kNone.
 std::shared_ptr<const paint::SurfacePicture> PictureOf(NotePicture picture);

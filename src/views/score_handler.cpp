@@ -3,9 +3,8 @@
 
 #include "views/score_handler.h"
 
-#include <algorithm>
+#include <span>
 
-#include "core/field_limits.h"
 #include "views/staff_layout.h"
 
 namespace tonalith::views {
@@ -53,26 +52,22 @@ void DrawNote(DrawingSurface& target, const std::string& name, std::int32_t x, s
 
 }  // namespace
 
-void ScoreHandler(DrawingSurface* scoreTarget, std::int16_t keyIndex, const std::vector<std::int16_t>& intervals,
-                  std::string& scaleNotes) {
+void ScoreHandler(DrawingSurface* scoreTarget, const core::Scale& scale, std::string& scaleNotes) {
   if (scoreTarget == nullptr) return;
   DrawingSurface& target = *scoreTarget;
   target.SetScaleMode(paint::ScaleMode::kPixels);
   target.Cls();
-  std::vector<std::int16_t> keys = KeyList(keyIndex, intervals);
-  // No valid scale has more notes. Those of a damaged one would exceed the card by far.
-  keys.resize(std::min(keys.size(), core::kMostPatternDigits));
+  const std::span<const core::ScaleNote> notes = StaffNotes(scale);
   const Staff& on = kTrebleStaff;
   DrawStaffLines(target, on);
   DrawClef(target, on);
   const auto textHeight = static_cast<std::int32_t>(target.TextHeight(std::string(1, paint::kWholeNote)));
   scaleNotes.clear();
-  StaffWalk walk(on.clef);
   int column = 0;
-  for (const std::int16_t key : keys) {
-    const std::string name = walk.NameOf(key);
+  for (const core::ScaleNote& note : notes) {
+    const int step = StepOf(on.clef, note);
+    const std::string name(NameOf(note));
     scaleNotes += " " + name;
-    const int step = walk.Step();
     const std::int32_t x = ColumnX(column);
     DrawLedgerLines(target, on, step, x);
     DrawNote(target, name, x, on.GlyphY(step, textHeight));

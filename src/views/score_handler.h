@@ -6,20 +6,17 @@
 
 #pragma once
 
-#include <cstdint>
 #include <string>
-#include <vector>
 
+#include "core/scale.h"
 #include "paint/drawing_surface.h"
 
 namespace tonalith::views {
 
-/// Draws the staff on `scoreTarget` (nothing if null), in pixels of the form's client area. `keyIndex` is the index of
-/// the key in the key box, `intervals` the semitones of the pattern; the closing octave is not drawn. `scaleNotes` (the
-/// caption of lblScaleNotes) becomes the note names, each preceded by one blank; it is cleared only after the clef is
-/// drawn. Writes at most core::kMostPatternDigits notes. Throws failure 9 for an empty interval list and for a key
-/// outside -12..11.
-void ScoreHandler(paint::DrawingSurface* scoreTarget, std::int16_t keyIndex, const std::vector<std::int16_t>& intervals,
-                  std::string& scaleNotes);
+/// Draws the staff on `scoreTarget` (nothing if null), in pixels of the form's client area. The closing octave is not
+/// drawn. `scaleNotes` (the caption of lblScaleNotes) becomes the note names, each preceded by one blank; it is cleared
+/// only after the clef is drawn. Writes at most core::kMostPatternDigits notes. Throws failure 9 for a scale without
+/// intervals and for a pitch class outside 0..11.
+void ScoreHandler(paint::DrawingSurface* scoreTarget, const core::Scale& scale, std::string& scaleNotes);
 
 }  // namespace tonalith::views

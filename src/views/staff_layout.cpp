@@ -3,7 +3,10 @@
 
 #include "views/staff_layout.h"
 
+#include <algorithm>
+
 #include "core/failure.h"
+#include "core/field_limits.h"
 #include "core/note_model.h"
 
 namespace tonalith::views {
@@ -13,27 +16,27 @@ using paint::Twips;
 using paint::TwipsToPixels;
 
 constexpr int kStepsPerOctave = 7;
+constexpr int kSemitonesPerOctave = 12;
 constexpr int kTopLineStep = 2 * (staff::kLines - 1);
 
 }  // namespace
 
-std::vector<std::int16_t> KeyList(std::int16_t key, const std::vector<std::int16_t>& intervals) {
-  if (intervals.empty()) throw core::Failure::SubscriptOutOfRange();
-  std::vector<std::int16_t> keys{key};
-  // Kept: see docs/behaviour.md, The staff omits the closing octave
-  for (std::size_t k = 0; k + 1 < intervals.size(); ++k) {
-    keys.push_back(static_cast<std::int16_t>((keys.back() + intervals[k]) % 12));
-  }
-  return keys;
+core::NoteNumber StaffKey(std::int16_t keyIndex) {
+  const int key = (keyIndex + kSemitonesPerOctave) % kSemitonesPerOctave;
+  if (key < 0) throw core::Failure::SubscriptOutOfRange();
+  return static_cast<core::NoteNumber>(key);
 }
 
-std::string StaffWalk::NameOf(std::int16_t element) {
-  const auto number = static_cast<std::int16_t>((element + 12) % 12);
-  std::string name = core::CNumberToScore(number);
-  const std::int16_t natural = core::NaturalIndex(number);
-  if (natural < natural_) octaveOffset_ += kStepsPerOctave;
-  natural_ = natural;
-  return name;
+std::span<const core::ScaleNote> StaffNotes(const core::Scale& scale) {
+  if (scale.size() < 2) throw core::Failure::SubscriptOutOfRange();
+  // Kept: see docs/behaviour.md, The staff omits the closing octave
+  // No valid scale has more notes. Those of a damaged one would exceed the card by far.
+  return std::span(scale).first(std::min(scale.size() - 1, core::kMostPatternDigits));
+}
+
+int StepOf(const Clef& clef, const core::ScaleNote& note) {
+  return clef.stepOfC + kStepsPerOctave * (note.pitch.Octave() - core::kStartOctave) +
+         core::NaturalIndex(note.pitchClass);
 }
 
 std::vector<int> LedgerSteps(int step) {

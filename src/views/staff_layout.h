@@ -9,9 +9,10 @@
 
 #include <QtGlobal>
 #include <cstdint>
-#include <string>
+#include <span>
 #include <vector>
 
+#include "core/scale.h"
 #include "paint/music_codes.h"
 #include "paint/twips.h"
 
@@ -43,7 +44,7 @@ struct Clef {
   char glyph;
   /// The step of the line whose note the clef defines.
   int line;
-  /// The step of the C at which the key of C begins.
+  /// The step of C4, at which the key of C begins.
   int stepOfC;
 };
 
@@ -71,24 +72,15 @@ struct Staff {
 /// The staff of the main window.
 inline constexpr Staff kTrebleStaff{kTreble, paint::Twips{1850}};
 
-/// The key list: the key, then one element for each interval except the last, modulo 12. Throws failure 9 for an empty
-/// interval list.
-std::vector<std::int16_t> KeyList(std::int16_t key, const std::vector<std::int16_t>& intervals);
+/// The start note for an entry of the key box: the entry modulo 12 from -12 on, so -1 is B. Throws failure 9 below -12.
+core::NoteNumber StaffKey(std::int16_t keyIndex);
 
-/// Iterates over a key list and returns names and steps. The steps rise by an octave at each passage from B to C.
-class StaffWalk {
- public:
-  explicit StaffWalk(const Clef& clef) : octaveOffset_(clef.stepOfC) {}
+/// The notes that a staff shows: all but the closing one, and at most core::kMostPatternDigits. Throws failure 9 for a
+/// scale without intervals.
+std::span<const core::ScaleNote> StaffNotes(const core::Scale& scale);
 
-  /// Returns the name of the next element; Step returns its step. Throws failure 9 for an element outside -12..11.
-  std::string NameOf(std::int16_t element);
-  /// The step of the last element; a sharp is on the step of its natural.
-  [[nodiscard]] int Step() const { return natural_ + octaveOffset_; }
-
- private:
-  int octaveOffset_;
-  std::int16_t natural_ = 0;
-};
+/// The step of a note; a sharp is on the step of its natural. Throws failure 9 for a pitch class outside 0..11.
+int StepOf(const Clef& clef, const core::ScaleNote& note);
 
 /// The steps of the ledger lines for a note on `step`, in drawing order.
 std::vector<int> LedgerSteps(int step);

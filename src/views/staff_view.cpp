@@ -81,11 +81,11 @@ StaffView::StaffView(QWidget* parent) : QWidget(parent) {
 
 QRect StaffView::DesignRect() { return {722, 62, 334, 150}; }
 
-void StaffView::Draw(std::int16_t keyIndex, const std::vector<std::int16_t>& intervals, std::string& scaleNotes) {
+void StaffView::Draw(const core::Scale& scale, std::string& scaleNotes) {
   drawing_.SetForeColor(paint::kInk);
   UpdateAccessibleName({});
   update();
-  ScoreHandler(&drawing_, keyIndex, intervals, scaleNotes);
+  ScoreHandler(&drawing_, scale, scaleNotes);
   UpdateAccessibleName(scaleNotes);
 }
 

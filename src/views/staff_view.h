@@ -8,11 +8,10 @@
 #pragma once
 
 #include <QWidget>
-#include <cstdint>
 #include <memory>
 #include <string>
-#include <vector>
 
+#include "core/scale.h"
 #include "paint/recording_surface.h"
 
 namespace tonalith::views {
@@ -28,7 +27,7 @@ class StaffView : public QWidget {
 
   /// Runs ScoreHandler on the card and schedules a repaint. Throws the failures of ScoreHandler; what was drawn before
   /// is shown.
-  void Draw(std::int16_t keyIndex, const std::vector<std::int16_t>& intervals, std::string& scaleNotes);
+  void Draw(const core::Scale& scale, std::string& scaleNotes);
   /// Clears the card, for a caller that cannot get the intervals.
   void Clear();
   /// Shows a sentence in place of the staff.

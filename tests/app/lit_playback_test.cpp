@@ -65,7 +65,6 @@ TEST_F(LitPlayback, MarksTheNoteOfAnIndex) {
   MakeDatabase({{"Fifth", "75"}});
   Start();
   MainWindowPlayback playback(C(), Window().objectName().toStdString());
-  EXPECT_EQ(playback.NoteAt(8), C().fretboard->Image(8).Tag());
   playback.ShowMarker(8);
   EXPECT_TRUE(C().fretboard->Picture1().isVisible());
   playback.HideMarker();

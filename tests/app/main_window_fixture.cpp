@@ -57,7 +57,7 @@ void MainWindowTest::Execute(const std::string& statements) {
 
 frmTonalith& MainWindowTest::Start() {
   database_ = std::make_unique<data::ScaleDatabase>(temp_.Path().string(), box_);
-  window_ = OpenScaleDatabase({*database_, box_, player_, *sounds_, scaleSounds_, events_, printing_, help_});
+  window_ = OpenScaleDatabase({*database_, box_, player_, *sounds_, scaleSounds_, events_, printing_, help_, neck_});
   return *window_;
 }
 

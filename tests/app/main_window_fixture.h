@@ -21,6 +21,7 @@
 #include "support/scripted_help_engine.h"
 #include "support/scripted_printer.h"
 #include "support/temp_folder.h"
+#include "support/tuning.h"
 
 namespace tonalith::app {
 
@@ -70,6 +71,7 @@ class MainWindowTest : public testing::Test {
   tests::PrintScript printed_;
   tests::ScriptedPrintService printing_{printed_};
   tests::ScriptedHelpEngine help_;
+  core::Neck neck_ = tests::StandardNeck();
   std::unique_ptr<platform::QtMessageBridge> bridge_;
   std::unique_ptr<platform::WaveOutput> output_;
   std::unique_ptr<audio::SoundManager> sounds_;

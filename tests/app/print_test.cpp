@@ -200,7 +200,7 @@ TEST_F(Printing, CaptureViewPrintsTheWindowAsOnTheScreen) {
   windowPrinting_->CaptureView({printer, box_});
   ASSERT_THAT(script_.painted, SizeIs(1));
   EXPECT_THAT(script_.Record(), testing::StartsWith("scale mode 3\npaint at 0,0 "));
-  const QImage page = tests::Painted(MainControls::kClientWidth, MainControls::ClientHeight(), 1,
+  const QImage page = tests::Painted(MainControls::kClientWidth, MainControls::ClientHeight(neck_), 1,
                                      [&](QPainter& painter) { script_.painted[0].picture->PaintOn(painter); });
   EXPECT_GT(tests::InkBox(page, page.rect()).width(), 900) << "the neck is printed";
   EXPECT_TRUE(C().printPic->isHidden());

@@ -35,7 +35,7 @@ class LightStage : public ScriptedHost {
 struct LightRig : PlaybackRig {
   LightRig() { sounds.Notifier = &lit; }
   LightStage lightStage{script};
-  ScalePlayback lit{sounds, scaleSounds, lightStage, events, box};
+  ScalePlayback lit{core::Neck::Standard(), sounds, scaleSounds, lightStage, events, box};
 };
 
 TEST(PlaybackLights, LightEachNoteUntilItsSoundEnds) {

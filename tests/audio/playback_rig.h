@@ -13,7 +13,6 @@
 
 #include "audio/scale_playback.h"
 #include "audio/sound_rig.h"
-#include "support/tuning.h"
 
 namespace tonalith::audio {
 
@@ -22,14 +21,10 @@ inline std::string TextOf(const PlaybackStatus& status) {
   return kNames.at(static_cast<std::size_t>(status.state)) + status.note;
 }
 
-/// A window with a neck in standard tuning; every call is recorded.
+/// A window; every call is recorded.
 class ScriptedHost : public PlaybackHost {
  public:
-  explicit ScriptedHost(tests::AudioScript& script) : script_(script) {
-    for (int image = 0; image < tests::kNeckNotes; ++image) {
-      tags[static_cast<std::size_t>(image)] = tests::NoteOfStandardTuning(image);
-    }
-  }
+  explicit ScriptedHost(tests::AudioScript& script) : script_(script) {}
 
   std::optional<std::string> CurrentField(int position) override {
     script_.Refused("field", {});
@@ -37,10 +32,6 @@ class ScriptedHost : public PlaybackHost {
     return position == 5 ? pattern : "wrong field";
   }
   std::string KeyText() override { return script_.Refused("key", {}) ? "" : key; }
-  std::string NoteAt(int index) override {
-    script_.Refused("tag", {});
-    return tags[static_cast<std::size_t>(index)];
-  }
   std::string SoundFolder() override {
     script_.Refused("folder", {});
     return "Audio/";
@@ -51,7 +42,6 @@ class ScriptedHost : public PlaybackHost {
 
   std::optional<std::string> pattern = "2212221";
   std::string key = "C";
-  std::array<std::string, 96> tags;
 
  private:
   tests::AudioScript& script_;
@@ -78,7 +68,8 @@ class ScriptedEvents : public platform::EventPump {
 };
 
 struct PlaybackRig : testing::SoundRig {
-  PlaybackRig() {
+  explicit PlaybackRig(const core::Neck& neck = core::Neck::Standard())
+      : playback(neck, sounds, scaleSounds, stage, events, box) {
     for (int number = 0; number < 16; ++number) {
       files.Put("Audio/" + std::to_string(number) + ".wav", testing::Wave({}, testing::Number(0, 8)));
     }
@@ -101,7 +92,7 @@ struct PlaybackRig : testing::SoundRig {
 
   ScriptedHost stage{script};
   ScriptedEvents events{*this};
-  ScalePlayback playback{sounds, scaleSounds, stage, events, box};
+  ScalePlayback playback;
 };
 
 }  // namespace tonalith::audio

@@ -61,24 +61,26 @@ TEST(PlayToneNotes, SkipsARepeatedNote) {
 }
 
 TEST(PlayToneNotes, PlaysOnlyTheFirstTwoStrings) {
-  Rig rig;
-  for (std::size_t image = 0; image < 32; ++image) rig.stage.tags[image] = "";
+  // The notes C# and D# of the first two strings are not in C major.
+  Rig rig({{core::Pitch::Of(1, 4), core::Pitch::Of(3, 4), core::Pitch::Of(0, 4)}, 1});
   EXPECT_EQ(rig.Tune(), "");
   EXPECT_EQ(rig.script.Count("open file"), 0);
   EXPECT_EQ(rig.playback.CurrentPlayNote, "C") << "the silent strings still set the name of the note";
 }
 
 TEST(PlayToneNotes, UsesTheSlotOfTheNotesString) {
-  Rig rig;
-  for (std::size_t image = 0; image < 16; ++image) rig.stage.tags[image] = "";
+  // The first string has C to D#, the second G to A#.
+  Rig rig({{core::Pitch::Of(0, 4), core::Pitch::Of(7, 3)}, 4});
+  rig.stage.key = "G";
+  rig.stage.pattern = "1119";
   std::string slots;
   rig.events.during = [&](int /*wait*/) {
     for (std::int32_t slot = 1; slot <= 32; ++slot) {
       if (rig.sounds.Buffer(slot).state == BufferState::kPlaying) slots += std::to_string(slot) + " ";
     }
   };
-  EXPECT_EQ(rig.Tune(), "0@img17 1@img19 2@img21 3@img22 4@img24 5@img26 6@img16 7@img17");
-  EXPECT_EQ(slots, "2 2 2 2 2 2 2 2 ");
+  EXPECT_EQ(rig.Tune(), "0@img4 1@img5 2@img6 3@img7 4@img4");
+  EXPECT_EQ(slots, "2 2 2 2 ") << "the key note does not wait for A#";
 }
 
 TEST(PlayToneNotes, NeverPlaysTwoNotesAtOnce) {
@@ -130,17 +132,15 @@ TEST(PlayToneNotes, ReportsAMissingFileAndContinues) {
 
 TEST(PlayToneNotes, WaitsForASoundThatIsAlreadyPlaying) {
   Rig rig;
-  rig.stage.key = "C";
-  for (std::size_t image = 0; image < 32; ++image) {
-    if (rig.stage.tags[image] == "C") rig.stage.tags[image] = "";
-  }
+  // No note is the key note, which would not wait.
+  rig.stage.key = "H";
   rig.sounds.LoadSoundBuffer(30, "a.wav", BufferFlags::kPlayOnLoad);
   EXPECT_FALSE(rig.playback.SoundEnded);
   bool early = false;
   rig.events.during = [&](int wait) { early = early || (wait == 1 && rig.script.Count("open file") > 1); };
   rig.Tune();
   EXPECT_FALSE(early) << "the first note came before the other sound's end";
-  EXPECT_EQ(rig.script.Count("write"), 7);
+  EXPECT_EQ(rig.script.Count("write"), 9);
 }
 
 TEST(PlayToneNotes, DoesNothingWhileAnotherCallRuns) {
@@ -152,13 +152,12 @@ TEST(PlayToneNotes, DoesNothingWhileAnotherCallRuns) {
   EXPECT_FALSE(rig.playback.IsRunning());
 }
 
-TEST(PlayToneNotes, UsesPatternKeyAndTagsOfItsStart) {
+TEST(PlayToneNotes, UsesPatternAndKeyOfItsStart) {
   Rig rig;
   rig.events.during = [&](int wait) {
     if (wait != 2) return;
     rig.stage.key = "F#";
     rig.stage.pattern = "111";
-    rig.stage.tags.fill("B");
   };
   EXPECT_EQ(rig.Tune(), kCMajor);
 }
@@ -189,7 +188,7 @@ TEST(PlayToneNotes, EndsWithoutAMessageWhenCancelledInAMessageBox) {
     std::function<void()> then;
   } box;
   SoundManager sounds(rig.scaleSounds, rig.output, rig.windows, box);
-  ScalePlayback playback(sounds, rig.scaleSounds, rig.stage, rig.events, box);
+  ScalePlayback playback(core::Neck::Standard(), sounds, rig.scaleSounds, rig.stage, rig.events, box);
   sounds.Notifier = &playback;
   rig.files.Remove("Audio/0.wav");
   rig.script.Break("field");
@@ -265,7 +264,7 @@ TEST(PlayMultiSounds, ReportsExceptionsOfTheSoundManager) {
   } broken;
   Rig rig;
   SoundManager sounds(rig.scaleSounds, rig.output, rig.windows, broken);
-  ScalePlayback playback(sounds, rig.scaleSounds, rig.stage, rig.events, rig.box);
+  ScalePlayback playback(core::Neck::Standard(), sounds, rig.scaleSounds, rig.stage, rig.events, rig.box);
   sounds.LoadSoundBuffer(2, "a.wav", BufferFlags::kNone);
   rig.script.Break("write");
   playback.PlayMultiSounds(2, "a.wav");

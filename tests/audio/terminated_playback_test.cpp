@@ -14,14 +14,11 @@
 namespace tonalith::audio {
 namespace {
 
-/// C major on a neck with one note of each name.
+/// C major.
 class PlainStage : public PlaybackHost {
  public:
   std::optional<std::string> CurrentField(int position) override { return position == 5 ? "2212221" : "Major"; }
   std::string KeyText() override { return "C"; }
-  std::string NoteAt(int index) override {
-    return index < 12 ? std::string(core::kSharpNotes[static_cast<std::size_t>(index)]) : std::string();
-  }
   std::string SoundFolder() override { return "Audio/"; }
   void ShowMarker(int /*index*/) override { ++flashes; }
   void HideMarker() override {}
@@ -62,7 +59,9 @@ struct TerminatedRig : testing::SoundRig {
   }
   PlainStage stage;
   PatientEvents events{*this};
-  ScalePlayback playback{sounds, scaleSounds, stage, events, box};
+  /// With one note of each name.
+  core::Neck neck{{core::Pitch::Of(0, 4)}, 12};
+  ScalePlayback playback{neck, sounds, scaleSounds, stage, events, box};
 };
 
 TEST(TerminatedPlayback, WaitsForEachNoteBeforeTheTermination) {

@@ -93,14 +93,16 @@ TEST_F(ScaleConstruction, StepTypeHasNoEffect) {
 
 TEST_F(ScaleConstruction, CompleteScaleEqualsItsSinglePositions) {
   for (const char* const pattern : {"", "3", kMajor, "111111111111", "12"}) {
-    const auto notes = ScaleArrayNotes(5, "1", pattern, 16, box_);
-    ASSERT_EQ(notes.size(), 16U);
-    for (int k = 0; k < 16; ++k) EXPECT_EQ(notes[static_cast<std::size_t>(k)], At(5, pattern, k)) << pattern << k;
+    const Scale scale = ReportedScale(5, pattern, box_);
+    ASSERT_EQ(scale.size(), std::string_view(pattern).size() + 1);
+    for (int k = 0; k < std::ssize(scale); ++k) {
+      EXPECT_EQ(NameOf(scale[static_cast<std::size_t>(k)]), At(5, pattern, k)) << pattern << k;
+    }
   }
 }
 
 TEST_F(ScaleConstruction, CompleteScaleReportsABadPatternOnceAndIsEmpty) {
-  EXPECT_THAT(ScaleArrayNotes(0, "1", "2x", 3, box_), ElementsAre("", "", ""));
+  EXPECT_THAT(ReportedScale(0, "2x", box_), IsEmpty());
   EXPECT_EQ(box_.Texts(), "13 Type mismatch\n");
 }
 

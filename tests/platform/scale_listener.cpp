@@ -12,7 +12,6 @@
 #include "audio/scale_playback.h"
 #include "core/note_model.h"
 #include "sounds/sound_measures.h"
-#include "support/tuning.h"
 #include "voice/scale_note.h"
 
 namespace tonalith::testing {
@@ -31,7 +30,6 @@ class Stage : public audio::PlaybackHost {
       : folder_(std::move(folder)), key_(std::move(key)), pattern_(std::move(pattern)) {}
   std::optional<std::string> CurrentField(int position) override { return position == 5 ? pattern_ : "Major"; }
   std::string KeyText() override { return key_; }
-  std::string NoteAt(int index) override { return tests::NoteOfStandardTuning(index); }
   std::string SoundFolder() override { return folder_; }
   void ShowMarker(int /*index*/) override {}
   void HideMarker() override {}
@@ -142,7 +140,7 @@ Recording RecordScale(const std::string& folder, const std::string& key, const s
     Stage stage(folder, key, pattern);
     audio::ScaleSoundFiles scaleSounds(files);
     audio::SoundManager sounds(scaleSounds, *output, queue, box);
-    audio::ScalePlayback playback(sounds, scaleSounds, stage, queue, box);
+    audio::ScalePlayback playback(core::Neck::Standard(), sounds, scaleSounds, stage, queue, box);
     sounds.Notifier = &playback;
     playback.PlayToneNotes();
   }

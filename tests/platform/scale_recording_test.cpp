@@ -13,7 +13,6 @@
 #include "audio/scale_playback.h"
 #include "platform/recorded_sound.h"
 #include "support/timed.h"
-#include "support/tuning.h"
 
 namespace tonalith::testing {
 namespace {
@@ -48,7 +47,6 @@ class Stage : public audio::PlaybackHost {
   explicit Stage(const ScaleFolder& folder) : folder_(folder) {}
   std::optional<std::string> CurrentField(int position) override { return position == 5 ? pattern : "Major"; }
   std::string KeyText() override { return "C"; }
-  std::string NoteAt(int index) override { return tests::NoteOfStandardTuning(index); }
   std::string SoundFolder() override { return folder_.Path(); }
   void ShowMarker(int index) override { flashed += "img" + std::to_string(index) + " "; }
   void HideMarker() override {}
@@ -73,7 +71,7 @@ class ScaleRecording : public ::testing::Test {
     {
       audio::ScaleSoundFiles scaleSounds(files);
       audio::SoundManager sounds(scaleSounds, *output, queue, box_);
-      audio::ScalePlayback playback(sounds, scaleSounds, stage_, queue, box_);
+      audio::ScalePlayback playback(core::Neck::Standard(), sounds, scaleSounds, stage_, queue, box_);
       sounds.Notifier = &playback;
       stage_.pattern = pattern;
       playback.PlayToneNotes();

@@ -54,7 +54,7 @@ class FretboardFocus : public testing::Test, public platform::NotePlayer {
   std::string played_;
   QWidget window_;
   QLineEdit before_{&window_};
-  FretboardView view_{msgBox_, &window_};
+  FretboardView view_{core::Neck::Standard(), msgBox_, &window_};
   QLineEdit after_{&window_};
 };
 

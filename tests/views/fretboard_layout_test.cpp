@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "core/failure.h"
+#include "core/octave_sounds.h"
 
 namespace tonalith::views {
 namespace {
@@ -30,13 +31,13 @@ std::string TagsOfRow(const FretboardLayout& layout, int row) {
 std::string OctavesOfRow(const FretboardLayout& layout, int row) {
   std::string octaves;
   for (int position = 0; position < layout.Positions(); ++position) {
-    octaves += std::to_string(layout.Note(layout.IndexAt(row, position)).octave);
+    octaves += std::to_string(layout.Note(layout.IndexAt(row, position)).pitch.Octave());
   }
   return octaves;
 }
 
 TEST(FretboardLayout, HasSixStringsWithSixteenPositionsEach) {
-  const FretboardLayout layout;
+  const FretboardLayout layout(core::Neck::Standard());
   EXPECT_EQ(layout.Rows(), 6);
   EXPECT_EQ(layout.Positions(), 16);
   EXPECT_EQ(layout.NoteCount(), 96);
@@ -44,7 +45,7 @@ TEST(FretboardLayout, HasSixStringsWithSixteenPositionsEach) {
 }
 
 TEST(FretboardLayout, TagsEveryNoteOfStandardTuning) {
-  const FretboardLayout layout;
+  const FretboardLayout layout(core::Neck::Standard());
   EXPECT_EQ(TagsOfRow(layout, 1), "E F F# G G# A A# B C C# D D# E F F# G");
   EXPECT_EQ(TagsOfRow(layout, 2), "B C C# D D# E F F# G G# A A# B C C# D");
   EXPECT_EQ(TagsOfRow(layout, 3), "G G# A A# B C C# D D# E F F# G G# A A#");
@@ -54,7 +55,7 @@ TEST(FretboardLayout, TagsEveryNoteOfStandardTuning) {
 }
 
 TEST(FretboardLayout, NumbersOctavesThatChangeAtC) {
-  const FretboardLayout layout;
+  const FretboardLayout layout(core::Neck::Standard());
   EXPECT_EQ(OctavesOfRow(layout, 1), "4444444455555555");
   EXPECT_EQ(OctavesOfRow(layout, 2), "3444444444444555");
   EXPECT_EQ(OctavesOfRow(layout, 3), "3333344444444444");
@@ -64,11 +65,8 @@ TEST(FretboardLayout, NumbersOctavesThatChangeAtC) {
 }
 
 TEST(FretboardLayout, NumbersTheSoundFilesBySemitoneFromC2) {
-  const FretboardLayout layout;
-  const auto file = [&](int index) {
-    const NotePlace& note = layout.Note(index);
-    return OctaveSoundNumber(core::CNoteToNumber(note.tag), note.octave);
-  };
+  const FretboardLayout layout(core::Neck::Standard());
+  const auto file = [&](int index) { return core::OctaveFileNumber(layout.Note(index).pitch); };
   EXPECT_EQ(file(0), 28);
   EXPECT_EQ(file(16), 23);
   EXPECT_EQ(file(80), 4);
@@ -77,14 +75,14 @@ TEST(FretboardLayout, NumbersTheSoundFilesBySemitoneFromC2) {
 }
 
 TEST(FretboardLayout, TakesTheBareNoteNumberOutsideOctavesTwoToFive) {
-  EXPECT_EQ(OctaveSoundNumber(4, 1), 4);
-  EXPECT_EQ(OctaveSoundNumber(4, 6), 4);
-  EXPECT_EQ(OctaveSoundNumber(11, 5), 47);
-  EXPECT_EQ(OctaveSoundNumber(0, 2), 0);
+  EXPECT_EQ(core::OctaveFileNumber(Pitch::Of(4, 1)), 4);
+  EXPECT_EQ(core::OctaveFileNumber(Pitch::Of(4, 6)), 4);
+  EXPECT_EQ(core::OctaveFileNumber(Pitch::Of(11, 5)), 47);
+  EXPECT_EQ(core::OctaveFileNumber(Pitch::Of(0, 2)), 0);
 }
 
 TEST(FretboardLayout, NamesEveryNoteByStringAndFret) {
-  const FretboardLayout layout;
+  const FretboardLayout layout(core::Neck::Standard());
   EXPECT_EQ(layout.Note(0).accessibleName, "E, string 1, open");
   EXPECT_EQ(layout.Note(18).accessibleName, "C#, string 2, fret 2");
   EXPECT_EQ(layout.Note(95).accessibleName, "G, string 6, fret 15");
@@ -114,12 +112,12 @@ TEST(FretboardLayout, PutsANote250TwipsAboveItsLine) { EXPECT_EQ(FretboardLayout
 TEST(FretboardLayout, PutsTheFretLineAndTheMarkerNextToTheNote) {
   EXPECT_EQ(FretboardLayout::FretX(Twips{2480}).value, 3130);
   EXPECT_EQ(FretboardLayout::MarkerLeft(Twips{3420}).value, 3675);
-  const Twips below = FretboardLayout().FirstFret().y2;
+  const Twips below = FretboardLayout(core::Neck::Standard()).FirstFret().y2;
   EXPECT_EQ(FretboardLayout::MarkerTop(below).value, below.value + 250);
 }
 
 TEST(FretboardLayout, FirstFretFollowsThePlacementRule) {
-  EXPECT_EQ(FretboardLayout().FirstFret().x1,
+  EXPECT_EQ(FretboardLayout(core::Neck::Standard()).FirstFret().x1,
             FretboardLayout::FretX(FretboardLayout::Left(FretboardLayout::kBaseLeft, 1)));
 }
 
@@ -131,10 +129,9 @@ std::string Height(const LineGeometry& line) {
 TEST(FretboardLayout, NutAndFretsExtendBeyondTheOuterStrings) {
   EXPECT_EQ(FretboardLayout::StringLine(1).y1.value, 4200);
   EXPECT_EQ(FretboardLayout::StringLine(6).y1.value, 6600);
-  EXPECT_EQ(Height(FretboardLayout().NutLine()), "3840 to 6885");
-  EXPECT_EQ(Height(FretboardLayout().FirstFret()), "3870 to 6855");
-  EXPECT_EQ(FretboardLayout::AreaTop().value, 226 * 15);
-  EXPECT_EQ(FretboardLayout::AreaBottom(6).value, 502 * 15);
+  EXPECT_EQ(Height(FretboardLayout(core::Neck::Standard()).NutLine()), "3840 to 6885");
+  EXPECT_EQ(Height(FretboardLayout(core::Neck::Standard()).FirstFret()), "3870 to 6855");
+  EXPECT_EQ(FretboardLayout::AreaOf(Neck::Standard()), QRect(0, 226, 1080, 276));
 }
 
 TEST(FretboardLayout, StringsRunFromTheFirstDiscToTheEndOfTheNeck) {
@@ -158,7 +155,7 @@ TEST(FretboardLayout, AnotherStringAddsItsSpacingAtTheBottom) {
   EXPECT_EQ(layout.Note(111).accessibleName, "D, string 7, fret 15");
   EXPECT_EQ(Height(layout.NutLine()), "3840 to 7365");
   EXPECT_EQ(Height(layout.FirstFret()), "3870 to 7335");
-  EXPECT_EQ(FretboardLayout::AreaBottom(7).value, FretboardLayout::AreaBottom(6).value + 480);
+  EXPECT_EQ(FretboardLayout::AreaOf(seven), FretboardLayout::AreaOf(Neck::Standard()).adjusted(0, 0, 0, 32));
 }
 
 TEST(FretboardLayout, SupportsOtherTunings) {
@@ -211,7 +208,7 @@ TEST(FretboardNavigation, MovesToTheEndsOfTheString) {
 }
 
 TEST(FretboardLayout, NumbersEveryFretWithAnInlay) {
-  EXPECT_EQ(FretboardLayout().NumberedFrets(), (std::vector<int>{3, 5, 7, 9, 12, 15}));
+  EXPECT_EQ(FretboardLayout(core::Neck::Standard()).NumberedFrets(), (std::vector<int>{3, 5, 7, 9, 12, 15}));
   EXPECT_EQ(FretboardLayout::MarkedFrets(), (std::vector<int>{3, 5, 7, 9, 12}));
 }
 

@@ -26,7 +26,7 @@ class FretboardLight : public testing::Test {
   }
   tests::RecordingMsgBox msgBox_;
   SilentPlayer player_;
-  FretboardView view_{msgBox_};
+  FretboardView view_{core::Neck::Standard(), msgBox_};
 };
 
 /// The highlighted notes, such as "img3 img20 ".
@@ -71,7 +71,7 @@ TEST_F(FretboardLight, HighlightsAPlayedAndAPressedNoteIndependently) {
 TEST_F(FretboardLight, DestructorRemovesTheNotifier) {
   SilentPlayer player;
   {
-    FretboardView view(msgBox_);
+    FretboardView view(core::Neck::Standard(), msgBox_);
     view.SetNotePlayer(&player, "/");
     EXPECT_NE(player.Notifier, nullptr);
   }

@@ -124,7 +124,7 @@ class FretboardLook : public testing::Test {
     Refresh(view_, "F#", scale);
   }
   tests::RecordingMsgBox msgBox_;
-  FretboardView view_{msgBox_};
+  FretboardView view_{core::Neck::Standard(), msgBox_};
 };
 
 TEST_F(FretboardLook, StringsRunThroughTheCentresOfTheirDiscs) {
@@ -149,7 +149,7 @@ TEST_F(FretboardLook, StringsRunThroughTheCentresOfTheirDiscs) {
 /// The bounds of the painted string left of the nut, in pixels of the view.
 QRectF InkLeftOfNut(const FretboardView& view, const QImage& image, int row) {
   const double scale = image.devicePixelRatio();
-  const QPointF origin = FretboardView::DesignRect().topLeft();
+  const QPointF origin = view.DesignRect().topLeft();
   const NeckGeometry neck = view.Geometry();
   const double string = neck.strings.at(static_cast<std::size_t>(row - 1)) - origin.y();
   const QRectF band(0, string - 15, neck.nut.left() - 2 - origin.x(), 30);
@@ -165,7 +165,7 @@ TEST_F(FretboardLook, StringWithoutAnOpenNoteEndsAtTheNut) {
     image.setDevicePixelRatio(scale);
     image.fill(Qt::magenta);
     QPainter painter(&image);
-    painter.translate(-FretboardView::DesignRect().topLeft());
+    painter.translate(-view_.DesignRect().topLeft());
     paint(painter);
     return image;
   };
@@ -199,7 +199,7 @@ TEST_F(FretboardLook, PaintsANumberBelowEveryInlay) {
   view_.HideNotes();
   const QImage image = view_.grab().toImage();
   for (int fret = 1; fret <= 15; ++fret) {
-    const QRect box = view_.FretNumberBox(fret).toRect().translated(-FretboardView::DesignRect().topLeft());
+    const QRect box = view_.FretNumberBox(fret).toRect().translated(-view_.DesignRect().topLeft());
     const QColor ground = image.pixelColor(box.topLeft());
     const QRect ink = BoxWhere(image.copy(box), [&](const QColor& dot) { return dot != ground; });
     EXPECT_EQ(!ink.isEmpty(), FretboardLayout::HasInlay(fret)) << fret;

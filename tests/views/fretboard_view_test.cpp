@@ -48,7 +48,7 @@ class FretboardViewTest : public testing::Test {
   tests::RecordingMsgBox msgBox_;
   RecordingPlayer player_;
   int pumped_ = 0;
-  FretboardView view_{msgBox_};
+  FretboardView view_{core::Neck::Standard(), msgBox_};
 };
 
 TEST_F(FretboardViewTest, HasEveryControlUnderItsName) {
@@ -136,7 +136,7 @@ TEST_F(FretboardViewTest, PlacesAndNamesTheFiveFretMarkers) {
     EXPECT_EQ(Marker(fret).text(), QString::number(fret));
     const Twips left{600 + 940 * fret + 255};
     const Twips top = Line("fret1").y2 + Twips{250};
-    EXPECT_EQ(Marker(fret).pos() + FretboardView::DesignRect().topLeft(),
+    EXPECT_EQ(Marker(fret).pos() + view_.DesignRect().topLeft(),
               QPoint(paint::NearestPixel(left), paint::NearestPixel(top)));
   }
 }

@@ -28,7 +28,7 @@ constexpr const char* kStaff =
 std::string Notes(std::int16_t key, std::string_view pattern) {
   paint::RecordingSurface surface;
   std::string names = "left over";
-  ScoreHandler(&surface, key, core::IntervalsOf(pattern), names);
+  ScoreHandler(&surface, core::BuildScale(key, core::IntervalsOf(pattern)), names);
   const std::string text = surface.AsText();
   EXPECT_EQ(text.substr(0, std::string(kStaff).size()), kStaff);
   return text.substr(std::min(text.size(), std::string(kStaff).size())) + "names" + names + "\n";
@@ -121,7 +121,7 @@ TEST(ScoreHandler, RepeatsANoteForAnIntervalOfZero) {
 TEST(ScoreHandler, WritesNoMoreNotesThanAScaleCanHave) {
   paint::RecordingSurface surface;
   std::string names;
-  ScoreHandler(&surface, 0, std::vector<std::int16_t>(10000, 9), names);
+  ScoreHandler(&surface, core::BuildScale(0, std::vector<std::int16_t>(10000, 9)), names);
   EXPECT_EQ(std::count(names.begin(), names.end(), ' '), 36);
   const std::string text = surface.AsText();
   std::size_t notes = 0;
@@ -133,14 +133,14 @@ TEST(ScoreHandler, SwitchesTheTargetToPixelsAndClearsIt) {
   paint::RecordingSurface surface;
   surface.Line(15, 15, 30, 15);
   std::string names;
-  ScoreHandler(&surface, 0, {12}, names);
+  ScoreHandler(&surface, core::BuildScale(0, std::vector<std::int16_t>{12}), names);
   EXPECT_EQ(surface.GetScaleMode(), paint::ScaleMode::kPixels);
   EXPECT_EQ(surface.AsText(), kStaff + std::string("line 793,173 812,173\nprint 119 at 796,123\n"));
 }
 
 TEST(ScoreHandler, DrawsNothingWithoutATarget) {
   std::string names = "as before";
-  ScoreHandler(nullptr, 0, {2, 2}, names);
+  ScoreHandler(nullptr, core::BuildScale(0, core::IntervalsOf("22")), names);
   EXPECT_EQ(names, "as before");
 }
 
@@ -149,7 +149,7 @@ TEST(ScoreHandler, FailsOnAnEmptyIntervalListAfterClearingTheTarget) {
   surface.Line(15, 15, 30, 15);
   std::string names = "as before";
   try {
-    ScoreHandler(&surface, 0, {}, names);
+    ScoreHandler(&surface, core::BuildScale(0, {}), names);
     FAIL() << "no failure";
   } catch (const core::Failure& failure) {
     EXPECT_EQ(failure.Number(), core::failure_number::kSubscriptOutOfRange);
@@ -161,7 +161,8 @@ TEST(ScoreHandler, FailsOnAnEmptyIntervalListAfterClearingTheTarget) {
 TEST(ScoreHandler, KeepsTheDrawingBeforeAnInvalidNoteNumber) {
   paint::RecordingSurface surface;
   std::string names = "as before";
-  EXPECT_THROW(ScoreHandler(&surface, -13, {2, 2}, names), core::Failure);
+  const core::Scale scale{{-1, 1, {47}}, {1, 2, {49}}};
+  EXPECT_THROW(ScoreHandler(&surface, scale, names), core::Failure);
   EXPECT_EQ(surface.AsText(), kStaff);
   EXPECT_EQ(names, "");
 }

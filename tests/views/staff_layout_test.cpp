@@ -17,24 +17,31 @@ using testing::IsEmpty;
 
 /// The notes of a scale with their steps, as text.
 std::string Steps(std::int16_t key, std::string_view pattern) {
-  StaffWalk walk(kTreble);
   std::string text;
-  for (const std::int16_t element : KeyList(key, core::IntervalsOf(pattern))) {
-    text += walk.NameOf(element);
-    text += std::to_string(walk.Step()) + " ";
+  const core::Scale scale = core::BuildScale(StaffKey(key), core::IntervalsOf(pattern));
+  for (const core::ScaleNote& note : StaffNotes(scale)) {
+    text += std::string(NameOf(note)) + std::to_string(StepOf(kTreble, note)) + " ";
   }
   return text;
 }
 
+/// The pitch classes on the staff.
+std::vector<core::NoteNumber> Keys(core::NoteNumber start, std::string_view pattern) {
+  std::vector<core::NoteNumber> keys;
+  const core::Scale scale = core::BuildScale(start, core::IntervalsOf(pattern));
+  for (const core::ScaleNote& note : StaffNotes(scale)) keys.push_back(note.pitchClass);
+  return keys;
+}
+
 TEST(StaffLayout, ListsOneKeyPerIntervalWithoutTheClosingOctave) {
-  EXPECT_THAT(KeyList(0, core::IntervalsOf("2212221")), ElementsAre(0, 2, 4, 5, 7, 9, 11));
-  EXPECT_THAT(KeyList(11, core::IntervalsOf("2212221")), ElementsAre(11, 1, 3, 4, 6, 8, 10));
-  EXPECT_THAT(KeyList(5, {7}), ElementsAre(5));
+  EXPECT_THAT(Keys(0, "2212221"), ElementsAre(0, 2, 4, 5, 7, 9, 11));
+  EXPECT_THAT(Keys(11, "2212221"), ElementsAre(11, 1, 3, 4, 6, 8, 10));
+  EXPECT_THAT(Keys(5, "7"), ElementsAre(5));
 }
 
 TEST(StaffLayout, FailsOnAnEmptyIntervalList) {
   try {
-    KeyList(0, {});
+    StaffNotes(core::BuildScale(0, {}));
     FAIL() << "no failure";
   } catch (const core::Failure& failure) {
     EXPECT_EQ(failure.Number(), core::failure_number::kSubscriptOutOfRange);
@@ -59,8 +66,8 @@ TEST(StaffLayout, RisesWithEveryOctaveOfALongPattern) { EXPECT_EQ(Steps(11, "777
 TEST(StaffLayout, ReadsAnUnknownKeyAsTheNoteBelowC) { EXPECT_EQ(Steps(-1, "21"), "B4 C#5 "); }
 
 TEST(StaffLayout, FailsOnAnInvalidNoteNumber) {
-  StaffWalk walk(kTreble);
-  EXPECT_THROW(walk.NameOf(-13), core::Failure);
+  EXPECT_THROW(StaffKey(-13), core::Failure);
+  EXPECT_THROW(StepOf(kTreble, {-1, 1, {}}), core::Failure);
 }
 
 TEST(StaffLayout, DrawsLedgerLinesAtEvenStepsOnly) {
@@ -97,9 +104,7 @@ TEST(StaffLayout, SupportsAnotherClefAndPosition) {
   EXPECT_EQ(kBassStaff.LineY(4), 233);
   EXPECT_EQ(kBassStaff.StepY(0), kBassStaff.LineY(4));
   EXPECT_EQ(kBassStaff.ClefY(), 153) << "(3050 - 750) / 15";
-  StaffWalk walk(kBassStaff.clef);
-  walk.NameOf(0);
-  EXPECT_EQ(walk.Step(), 3) << "C is in the second space";
+  EXPECT_EQ(StepOf(kBassStaff.clef, core::BuildScale(0, {}).front()), 3) << "C is in the second space";
 }
 
 TEST(StaffLayout, TakesHalfTheGlyphsHeightAsTwips) {

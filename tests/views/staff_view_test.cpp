@@ -28,7 +28,7 @@ QImage Card(StaffView& view, double scale) {
 
 void Write(StaffView& view, std::int16_t key, std::string_view pattern) {
   std::string names;
-  view.Draw(key, core::IntervalsOf(pattern), names);
+  view.Draw(core::BuildScale(key, core::IntervalsOf(pattern)), names);
 }
 
 class StaffAtScale : public testing::TestWithParam<double> {};
@@ -55,12 +55,8 @@ TEST_P(StaffAtScale, CentresEveryNoteheadOnItsStep) {
         one.ReplayOn(surface);
       });
       const int column = print->at.x < 800 ? 0 : 1;
-      StaffWalk walk(kTreble);
-      int step = 0;
-      for (const std::int16_t element : KeyList(key, {7, 5})) {
-        walk.NameOf(element);
-        if (element == (column == 0 ? key : (key + 7) % 12)) step = walk.Step();
-      }
+      const core::Scale scaleNotes = core::BuildScale(key, core::IntervalsOf("75"));
+      const int step = StepOf(kTreble, scaleNotes[static_cast<std::size_t>(column)]);
       const QRect ink = tests::InkBox(image, image.rect());
       EXPECT_NEAR(ink.top() + ink.height() / 2.0, (kTrebleStaff.StepY(step) + 0.5) * scale, 1) << "key " << key;
       EXPECT_GE(ink.left(), (ColumnX(column) - 3) * scale);
@@ -186,7 +182,7 @@ TEST(StaffView, ThrowsAFailureAndReportsNoNotes) {
   StaffView view;
   Write(view, 0, "2212221");
   std::string names = " C";
-  EXPECT_THROW(view.Draw(0, {}, names), core::Failure);
+  EXPECT_THROW(view.Draw(core::BuildScale(0, {}), names), core::Failure);
   EXPECT_EQ(names, " C");
   EXPECT_EQ(view.accessibleName().toStdString(), "Treble clef: no notes");
   EXPECT_TRUE(view.Drawing().Commands().empty());

@@ -17,6 +17,7 @@
 #include "support/recording_msg_box.h"
 #include "support/scripted_help_engine.h"
 #include "support/scripted_printer.h"
+#include "support/tuning.h"
 
 namespace tonalith::isolated_window {
 
@@ -40,9 +41,10 @@ struct IsolatedWindow {
   tests::PrintScript printed;
   tests::ScriptedPrintService printing{printed};
   tests::ScriptedHelpEngine help;
+  core::Neck neck = tests::StandardNeck();
   data::ScaleDatabase database;
   std::unique_ptr<app::frmTonalith> window =
-      app::OpenScaleDatabase({database, box, player, sounds, scaleSounds, events, printing, help});
+      app::OpenScaleDatabase({database, box, player, sounds, scaleSounds, events, printing, help, neck});
 };
 
 }  // namespace tonalith::isolated_window
