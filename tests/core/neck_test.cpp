@@ -5,7 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
+
+#include "core/octave_sounds.h"
 
 namespace tonalith::core {
 namespace {
@@ -27,6 +30,37 @@ TEST(Neck, HasSixteenPositionsOnEachOfSixStrings) {
   EXPECT_EQ(Neck::Standard().Strings(), 6);
   EXPECT_EQ(Neck::Standard().positions, 16);
   EXPECT_EQ(Neck::Standard().Notes(), 96);
+}
+
+TEST(Neck, NumbersNotesStringByStringFromTheOpenString) {
+  const Neck neck{{Pitch::Of(4, 4), Pitch::Of(11, 3)}, 13};
+  EXPECT_EQ(neck.PitchAt(0), Pitch::Of(4, 4));
+  EXPECT_EQ(neck.PitchAt(12), Pitch::Of(4, 5));
+  EXPECT_EQ(neck.PitchAt(13), Pitch::Of(11, 3));
+  EXPECT_EQ(neck.PitchAt(25), Pitch::Of(11, 4));
+  EXPECT_THROW(static_cast<void>(neck.PitchAt(26)), std::out_of_range);
+}
+
+TEST(OctaveFileNumber, CoversThePitchesOfTheStandardNeck) {
+  const Neck neck = Neck::Standard();
+  for (int note = 0; note < neck.Notes(); ++note) {
+    EXPECT_GE(neck.PitchAt(note).semitones, kLowestRecorded.semitones) << note;
+    EXPECT_LE(neck.PitchAt(note).semitones, kHighestRecorded.semitones) << note;
+  }
+  EXPECT_EQ(OctaveFileNumber(kLowestRecorded), 0);
+  EXPECT_EQ(OctaveFileNumber(kHighestRecorded), 47);
+}
+
+TEST(OctaveFileNumber, TakesThePitchClassOutsideItsRange) {
+  EXPECT_EQ(OctaveFileNumber(Pitch::Of(11, 1)), 11) << "one below the lowest";
+  EXPECT_EQ(OctaveFileNumber(Pitch::Of(0, 6)), 0) << "one above the highest";
+}
+
+TEST(Pitch, HasAPitchClassAndAnOctave) {
+  EXPECT_EQ(Pitch::Of(11, 3).PitchClass(), 11);
+  EXPECT_EQ(Pitch::Of(11, 3).Octave(), 3);
+  EXPECT_EQ(Pitch{-1}.PitchClass(), 11);
+  EXPECT_EQ(Pitch{-1}.Octave(), -1);
 }
 
 TEST(Pitch, CountsSemitonesFromC0) {

@@ -45,6 +45,28 @@ TEST(Architecture, TheDiagramShowsTheIncludesOfTheSources) {
       << picture;
 }
 
+/// The files outside tests/ that choose the standard instrument.
+std::vector<std::string> UsersOfTheStandardNeck(const Path& root) {
+  std::vector<std::string> users;
+  for (const Path& file : ProjectFiles(root)) {
+    if (*file.begin() != "tests" && ReadFile(root / file).find("Neck::Standard()") != std::string::npos) {
+      users.push_back(file.generic_string());
+    }
+  }
+  return users;
+}
+
+TEST(Architecture, OnlyTheProgramChoosesTheInstrument) {
+  EXPECT_THAT(UsersOfTheStandardNeck(ProjectRoot()), ::testing::ElementsAre("src/app/program.cpp", "src/core/neck.cpp"))
+      << "pass the instrument on instead";
+  const TemporaryTree tree(
+      "== src/views/a.cpp\n"
+      "core::Neck neck = core::Neck::Standard();\n"
+      "== tests/views/a_test.cpp\n"
+      "core::Neck neck = core::Neck::Standard();\n");
+  EXPECT_THAT(UsersOfTheStandardNeck(tree.Root()), ::testing::ElementsAre("src/views/a.cpp"));
+}
+
 TEST(Architecture, ADiagramOmitsArrowsThatOthersImply) {
   const TemporaryTree tree(
       "== rooms.tsv\n"

@@ -91,7 +91,7 @@ class Calls(unittest.TestCase):
         self.assertEqual(upward, ["DataControl::UpdateBoundControls|DataControl::TakeRow > "
                                   "frmTonalith::Label1_Change (controls > app)"])
         self.assertEqual(count, 2)
-        self.assertIn("FretboardView::ShowNotes > frmTonalith::ScaleIntervals", missing)
+        self.assertIn("FretboardView::ShowNotes > MainWindowScale::ScaleIntervals|frmTonalith::ScaleIntervals", missing)
 
 
 class Patches(unittest.TestCase):

@@ -8,7 +8,7 @@ namespace {
 
 std::string Word(const views::NoteImage& image) {
   if (image.isHidden()) return ".";
-  const std::string name = image.NameDrawn() ? image.Tag() : "o";
+  const std::string name = image.NameDrawn() ? image.Label() : "o";
   return image.Picture() == views::NotePicture::kKeyNote ? "*" + name : name;
 }
 

@@ -135,7 +135,7 @@ TEST(FretboardLayout, NutAndFretsExtendBeyondTheOuterStrings) {
 }
 
 TEST(FretboardLayout, StringsRunFromTheFirstDiscToTheEndOfTheNeck) {
-  const FretboardLayout layout;
+  const FretboardLayout layout(core::Neck::Standard());
   for (int row = 1; row <= 6; ++row) {
     const LineGeometry string = FretboardLayout::StringLine(row);
     EXPECT_EQ(string.x1, FretboardLayout::kBaseLeft) << row;

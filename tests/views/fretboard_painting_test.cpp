@@ -56,7 +56,7 @@ class FretboardPainting : public testing::Test {
 
   tests::RecordingMsgBox msgBox_;
   QWidget window_;
-  FretboardView view_{msgBox_};
+  FretboardView view_{core::Neck::Standard(), msgBox_};
 };
 
 TEST_F(FretboardPainting, PlayMarkerIsAnAmberTriangleThatPointsDown) {
@@ -159,7 +159,7 @@ TEST_F(FretboardPainting, NumbersAreInTheSecondaryColourBelowTheirInlays) {
   EXPECT_EQ(drawing.Texts(), QStringList({QStringLiteral("3"), QStringLiteral("5"), QStringLiteral("7"),
                                           QStringLiteral("9"), QStringLiteral("12"), QStringLiteral("15")}));
   const NeckGeometry neck = view_.Geometry();
-  const QPointF origin = FretboardView::DesignRect().topLeft();
+  const QPointF origin = view_.DesignRect().topLeft();
   for (const QString& number : drawing.Texts()) {
     const Drawn text = drawing.Text(number);
     EXPECT_EQ(text.line, paint::SecondaryText(view_.palette()));
@@ -180,7 +180,7 @@ TEST_F(FretboardPainting, HiddenMarkerHasNoNumber) {
 
 TEST_F(FretboardPainting, PartsOfTheNeckAreWhereTheirNotesAre) {
   const NeckGeometry neck = view_.Geometry();
-  const QPointF origin = FretboardView::DesignRect().topLeft();
+  const QPointF origin = view_.DesignRect().topLeft();
   const auto centre = [&](int row, int position) {
     return QRectF(view_.Image(view_.Layout().IndexAt(row, position)).geometry()).center() + origin;
   };

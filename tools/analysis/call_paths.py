@@ -20,10 +20,10 @@ PATHS = {
         DataControl::UpdateBoundControls|DataControl::TakeRow > frmTonalith::Label1_Change
         frmTonalith::UpdateForm > FretboardView::HideNotes
         frmTonalith::UpdateForm > FretboardView::ShowNotes
-        FretboardView::ShowNotes > frmTonalith::HasCurrentRecord
-        FretboardView::ShowNotes > frmTonalith::ScaleIntervals
-        frmTonalith::ScaleIntervals > DataControl::FieldValue
-        FretboardView::ShowNotes > frmTonalith::AppendStepWord
+        FretboardView::ShowNotes > MainWindowScale::HasCurrentRecord|frmTonalith::HasCurrentRecord
+        FretboardView::ShowNotes > MainWindowScale::ScaleIntervals|frmTonalith::ScaleIntervals
+        MainWindowScale::ScaleIntervals|frmTonalith::ScaleIntervals > DataControl::FieldValue
+        FretboardView::ShowNotes > MainWindowScale::AppendStepWord|frmTonalith::AppendStepWord
         FretboardView::ShowScaleNotes > NoteImage::SetPicture
         frmTonalith::UpdateForm > FretboardView::ShowNotesNames
         FretboardView::DrawNoteName > NoteImage::DrawName
