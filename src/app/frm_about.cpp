@@ -3,7 +3,6 @@
 
 #include "app/frm_about.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,7 +15,6 @@
 #include "paint/theme.h"
 #include "windows/field_panel.h"
 #include "windows/plain_label.h"
-#include "windows/window_front.h"
 
 namespace tonalith::app {
 namespace {
@@ -24,6 +22,7 @@ namespace {
 using windows::FieldPanel;
 using windows::MakePlainLabel;
 using windows::PanelButton;
+using windows::SetTextColour;
 
 constexpr int kIconSide = 64;
 constexpr int kTextWidth = 580;
@@ -40,21 +39,15 @@ class IconPicture : public QWidget {
   }
 };
 
-void SetInk(QLabel* label, const QColor& ink) {
-  QPalette palette = label->parentWidget()->palette();
-  palette.setColor(QPalette::WindowText, ink);
-  label->setPalette(palette);
-}
-
 }  // namespace
 
-frmAbout::frmAbout(const std::string& appFolder, QWidget* owner) : QDialog(owner) {
-  setObjectName(QStringLiteral("frmAbout"));
+frmAbout::frmAbout(const std::string& appFolder, QWidget* owner) : Window(QStringLiteral("frmAbout"), owner) {
   setWindowTitle(tr("About Tonalith"));
   setAttribute(Qt::WA_DeleteOnClose);
+  setWindowModality(Qt::WindowModal);
   MakeControls(QString::fromStdString(appFolder));
   LayOut();
-  ApplyTheme();
+  FinishConstruction();
   connect(cmdClose_, &QAbstractButton::clicked, this, &frmAbout::cmdClose_Click);
 }
 
@@ -121,8 +114,7 @@ void frmAbout::LayOut() {
 }
 
 void frmAbout::ApplyTheme() {
-  setPalette(paint::WarmPalette(QApplication::palette()));
-  for (QLabel* const label : {lblVersion_, lblLicence_}) SetInk(label, paint::SecondaryText(palette()));
+  for (QLabel* const label : {lblVersion_, lblLicence_}) SetTextColour(*label, paint::SecondaryText(palette()));
   QFont large = font();
   large.setPointSizeF(large.pointSizeF() * 1.8);
   large.setBold(true);
@@ -138,26 +130,6 @@ void frmAbout::ApplyTheme() {
   txtNotices_->setMinimumSize(kTextWidth, fontMetrics().lineSpacing() * kNoticeLines);
 }
 
-bool frmAbout::event(QEvent* event) {
-  const auto type = event->type();
-  const bool isLook =
-      type == QEvent::ApplicationPaletteChange || type == QEvent::ThemeChange || type == QEvent::FontChange;
-  const bool isReady = cmdClose_ != nullptr;
-  if (isReady && isLook) ApplyTheme();
-  // An event may destroy the window: nothing of it is used afterwards.
-  return QDialog::event(event);
-}
-
 void frmAbout::cmdClose_Click() { close(); }
-
-void ShowAbout(const std::string& appFolder, QWidget& owner) {
-  // A closed window exists until its deferred delete; do not show it again.
-  for (auto* const open : owner.findChildren<frmAbout*>(Qt::FindDirectChildrenOnly)) {
-    if (open->isVisible()) return windows::BringToFront(*open);
-  }
-  (new frmAbout(appFolder, &owner))->open();
-}
-
-void UnloadAbout(QWidget& owner) { qDeleteAll(owner.findChildren<frmAbout*>(Qt::FindDirectChildrenOnly)); }
 
 }  // namespace tonalith::app

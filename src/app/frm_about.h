@@ -2,14 +2,14 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // The About window: name, version and licences of the program, the folder of its data, and the third-party licences. It
-// is modal to its owner, but nothing waits for it. It is deleted when it or its owner is closed.
+// is modal to its owner, but nothing waits for it. It deletes itself when it is closed.
 
 #pragma once
 
-#include <QDialog>
 #include <string>
 
 #include "windows/panel_button.h"
+#include "windows/window.h"
 
 class QLabel;
 class QLineEdit;
@@ -17,7 +17,7 @@ class QTextEdit;
 
 namespace tonalith::app {
 
-class frmAbout : public QDialog {
+class frmAbout : public windows::Window<QDialog> {
   Q_OBJECT
 
  public:
@@ -27,12 +27,11 @@ class frmAbout : public QDialog {
   void cmdClose_Click();
 
  protected:
-  bool event(QEvent* event) override;
+  void ApplyTheme() override;
 
  private:
   void MakeControls(const QString& appFolder);
   void LayOut();
-  void ApplyTheme();
 
   QWidget* picIcon_ = nullptr;
   QLabel* lblName_ = nullptr;
@@ -45,11 +44,5 @@ class frmAbout : public QDialog {
   QTextEdit* txtNotices_ = nullptr;
   windows::PanelButton* cmdClose_ = nullptr;
 };
-
-/// Opens the About window of `owner`, or brings the open one to the front.
-void ShowAbout(const std::string& appFolder, QWidget& owner);
-
-/// Deletes the About window of `owner`, if there is one.
-void UnloadAbout(QWidget& owner);
 
 }  // namespace tonalith::app

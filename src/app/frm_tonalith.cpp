@@ -4,12 +4,9 @@
 #include "app/frm_tonalith.h"
 
 #include <QAbstractButton>
-#include <QApplication>
-#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLayout>
 #include <QLineEdit>
-#include <QMenuBar>
 
 #include "app/damaged_scale.h"
 #include "app/frm_about.h"
@@ -20,14 +17,13 @@
 #include "core/scale_record.h"
 #include "editor/frm_scales.h"
 #include "help/mod_html_help.h"
-#include "paint/theme.h"
 #include "windows/shown_text.h"
 #include "windows/window_front.h"
 
 namespace tonalith::app {
 namespace {
 
-/// What the data control reads until the start binds it: the text of the stored query.
+/// The record source until the start sets another one: the text of the stored query.
 constexpr const char* kDesignRecordSource =
     "SELECT DISTINCTROW Scales.ScaleID, Scales.ScaleName, Scales.ScaleTypeID, Scales.ScaleDescription, "
     "Scales.StartNote, Scales.ScaleIntervals, Scales.Chord, Scales.Sort, ScaleTypes.ScaleTypeNo, "
@@ -37,28 +33,26 @@ constexpr const char* kDesignRecordSource =
 }  // namespace
 
 frmTonalith::frmTonalith(const FormServices& services)
-    : QMainWindow(nullptr, windows::kFixedSizeWindow),
+    : Window(QStringLiteral("frmTonalith"), nullptr, windows::kFixedSizeWindow),
       services_(services),
       scale_(c_),
       desk_(c_, AudioFolder),
       playback_(services.neck, services.sounds, services.scaleSounds, desk_, services.events, services.msgBox),
       printing_(c_, *this, {services.printing, services.msgBox, [this] { Form_Paint(); }}),
       searching_(services.msgBox) {
-  setObjectName(QStringLiteral("frmTonalith"));
   setWindowTitle(QStringLiteral("Tonalith"));
-  ApplyTheme();
-  m_ = MakeMainMenu(menuBar());
+  m_ = MainMenu(*this);
   auto* const client = new QWidget(this);
   c_ = MakeMainControls(client, services_.neck, services_.msgBox);
   setCentralWidget(client);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
-  ApplyInk(c_, palette());
   c_.fretboard->SetNotePlayer(&services_.notePlayer, services_.database.AppFolder());
   BindControls();
   WireHandlers();
   AddShortcuts(*this);
+  FinishConstruction();
   Form_Load();
-  // The first key press walks on; and the key box, whose cursor blinks, would keep an idle program awake.
+  // The first key press then moves to the next record. A focused key box would use the processor: its cursor blinks.
   c_.Data1->findChild<QAbstractButton*>(QStringLiteral("Next record"))->setFocus();
 }
 
@@ -73,7 +67,7 @@ void frmTonalith::BindControls() {
       control->setText(windows::ShownText(value.TextOr({}), longest));
     });
   };
-  // Names were not limited in older libraries: those that can be printed on one page are shown in full.
+  // Older libraries do not limit the length of names. The label shows those completely that fit on a printed page.
   constexpr std::size_t kLongestShown = 4 * core::kLongestName;
   bind("ScaleName", c_.Label1, kLongestShown);
   bind("ScaleDescription", c_.lblScaleDescription, core::kLongestDescription);
@@ -95,15 +89,6 @@ void frmTonalith::WireHandlers() {
   connect(c_.cmdListen, &QAbstractButton::clicked, this, &frmTonalith::cmdListen_Click);
   connect(c_.cmdPrint, &QAbstractButton::clicked, this, &frmTonalith::cmdPrint_Click);
   connect(c_.cmdInstall, &QAbstractButton::clicked, this, &frmTonalith::cmdInstall_Click);
-  connect(m_.mEditor, &QAction::triggered, this, &frmTonalith::mEditor_Click);
-  connect(m_.mUpdate, &QAction::triggered, this, &frmTonalith::mUpdate_Click);
-  connect(m_.mSearch, &QAction::triggered, this, &frmTonalith::mSearch_Click);
-  connect(m_.mListen, &QAction::triggered, this, &frmTonalith::mListen_Click);
-  connect(m_.mPrint, &QAction::triggered, this, &frmTonalith::mPrint_Click);
-  connect(m_.mInstall, &QAction::triggered, this, &frmTonalith::mInstall_Click);
-  connect(m_.mViewNotes, &QAction::triggered, this, &frmTonalith::mViewNotes_Click);
-  connect(m_.mHelpFile, &QAction::triggered, this, &frmTonalith::mHelpFile_Click);
-  connect(m_.mAbout, &QAction::triggered, this, &frmTonalith::mAbout_Click);
 }
 
 void frmTonalith::Form_Load() {
@@ -123,6 +108,7 @@ void frmTonalith::Form_Load() {
   failure.ReportNumberAndDescription(services_.msgBox);
 }
 
+// Kept: see docs/behaviour.md, Data1 is bound twice
 void frmTonalith::BindData() {
   c_.Data1->SetConnectionString(data::FullConnectionString(services_.database.DatabasePath()));
   c_.Data1->SetConnectionString(services_.database.ScaleConnection()->ConnectionString());
@@ -135,16 +121,18 @@ void frmTonalith::UpdateForm() {
   failure.Try([this] { c_.lblTranspose->setText(tr("Scale Steps: ")); });
   failure.Try([this] { Form_Paint(); });
   failure.Try([this] { c_.fretboard->HideNotes(); });
+  // Kept: see docs/behaviour.md, Stored start notes change no view
   failure.Try([this] { c_.fretboard->ShowNotes(c_.cmbTranspose->currentText().toStdString(), scale_); });
   if (ShowNoteNames) failure.Try([this] { c_.fretboard->ShowNotesNames(); });
   const bool isDamaged = IsDamaged(c_);
   if (isDamaged) failure.Try([this] { ShowDamageInSteps(c_); });
-  // Without a record there is nothing to print, and nothing to play without its notes.
+  // A damaged scale can be printed, but has no notes to play.
   const bool hasRecord = c_.Data1->HasRecord();
   c_.cmdPrint->setEnabled(hasRecord);
-  m_.mPrint->setEnabled(hasRecord);
+  m_.Entry("mPrint")->setEnabled(hasRecord);
   c_.cmdListen->setEnabled(hasRecord && !isDamaged);
-  m_.mListen->setEnabled(hasRecord && !isDamaged);
+  m_.Entry("mListen")->setEnabled(hasRecord && !isDamaged);
+  // Kept: see docs/behaviour.md, UpdateForm clears its failures
   failure.Clear();
 }
 
@@ -152,17 +140,19 @@ void frmTonalith::Form_Paint() {
   c_.staff->Clear();
   const bool isDamaged = IsDamaged(c_);
   if (isDamaged) ShowDamageOnStaff(c_);
-  // What the label says when no scale can be written.
+  // The caption of the label if the staff shows no scale.
   std::string notes = tr("Scale Notes").toStdString();
   if (c_.Data1->Recordset() != nullptr && !isDamaged) {
     core::DeferredFailure failure;
     failure.Try([&] {
-      // The label may show less of a long name.
+      // Not the text of Label1, which shortens a long name.
       std::string name = c_.Data1->FieldValue(core::scale_field::kName).TextOr({});
+      // Kept: see docs/behaviour.md, A record without a name has the Major staff
       if (name.empty()) name = "Major";
+      // Kept: see docs/behaviour.md, Records of one name share a staff
       scale_.DrawStaff(services_.database.GetScaleIntervalsFromDB(name), notes);
     });
-    // A scale that cannot be written leaves the card as far as it was drawn; the neck reports what is wrong with it.
+    // After a failure the staff shows what was drawn before it; the fretboard reports the failure.
     failure.Clear();
   }
   c_.lblScaleNotes->setText(QString::fromStdString(notes));
@@ -186,9 +176,9 @@ void frmTonalith::cmdUpdate_Click() {
   if (install_ != nullptr) return;
   core::DeferredFailure failure;
   failure.Try([this] {
-    // Standing on the first row on the way is nobody's move: the refresh at the end is the only one.
+    // Refresh moves to the first record before the bookmark is set; suppress the signals of these moves.
     const controls::DataControl::Quiet quiet(*c_.Data1);
-    // Kept from one call to the next: a refresh that fails leaves no record to ask.
+    // A member, because there is no current record after a refresh that failed.
     if (c_.Data1->HasRecord()) current_ = c_.Data1->Recordset()->GetBookmark();
     c_.Data1->Refresh();
     if (current_) c_.Data1->SetBookmarkIfExists(*current_);
@@ -208,9 +198,10 @@ void frmTonalith::BringToFront() {
 }
 
 PackInstall::Place frmTonalith::InstallPlace() {
-  return {{this, frmScales_},
-          {c_.cmdEdit, c_.cmdUpdate, c_.cmdListen, c_.cmdPrint, c_.cmdInstall, c_.Data1, c_.cmbTranspose, frmScales_},
-          {m_.mEditor, m_.mUpdate, m_.mSearch, m_.mListen, m_.mPrint, m_.mInstall, m_.mViewNotes},
+  QWidget* const editor = frmScales_.Window();
+  return {{this, editor},
+          {c_.cmdEdit, c_.cmdUpdate, c_.cmdListen, c_.cmdPrint, c_.cmdInstall, c_.Data1, c_.cmbTranspose, editor},
+          m_.LibraryEntries(),
           c_.lblInstall};
 }
 
@@ -230,6 +221,7 @@ void frmTonalith::cmdInstall_Click() {
   failure.Try([&] { install.Run(services_.database.AppFolder(), services_.msgBox); });
   if (self.isNull()) return;
   install.End();
+  // Kept: see docs/behaviour.md, Data1 is bound twice
   failure.Try([this] {
     c_.Data1->SetConnectionString(std::string(data::kConnectionByFileName));
     c_.Data1->Refresh();
@@ -259,6 +251,7 @@ void frmTonalith::mViewNotes_Click() {
   failure.ReportNumberAndDescription(services_.msgBox);
 }
 
+// Kept: see docs/behaviour.md, Functions without callers
 bool frmTonalith::NoteExistsInScoreScale(core::NoteNumber intTP, const std::string& strNoteVal) {
   return core::NoteExistsInScoreScale(intTP, strNoteVal, *this, services_.msgBox);
 }
@@ -284,7 +277,9 @@ void frmTonalith::mHelpFile_Click() {
   help::OpenHelpFile(services_.database.AppFolder(), services_.msgBox, services_.help, winId());
 }
 
-void frmTonalith::mAbout_Click() { ShowAbout(services_.database.AppFolder(), *this); }
+void frmTonalith::mAbout_Click() {
+  frmAbout_.Show([this] { return new frmAbout(services_.database.AppFolder(), this); });
+}
 
 void frmTonalith::mSearch_Click() { searching_.Open(*c_.Data1); }
 
@@ -304,12 +299,12 @@ void frmTonalith::ReleaseSound(core::DeferredFailure& failure) {
 
 void frmTonalith::StopPlaying() {
   if (!playback_.IsRunning()) return;
-  core::DeferredFailure passedOver;
+  core::DeferredFailure failure;
   playback_.Cancel();
-  passedOver.Try([this] { services_.sounds.UnloadSoundBuffer(audio::SoundManager::kAllBuffers); });
-  passedOver.Try([this] { desk_.HideMarker(); });
-  passedOver.Try([this] { desk_.ShowStatus({audio::PlaybackState::kStandby, {}}); });
-  passedOver.Clear();
+  failure.Try([this] { services_.sounds.UnloadSoundBuffer(audio::SoundManager::kAllBuffers); });
+  failure.Try([this] { desk_.HideMarker(); });
+  failure.Try([this] { desk_.ShowStatus({audio::PlaybackState::kStandby, {}}); });
+  failure.Clear();
 }
 
 void frmTonalith::Form_GotFocus() {
@@ -322,7 +317,7 @@ void frmTonalith::Form_GotFocus() {
 
 void frmTonalith::Form_LostFocus() {
   core::DeferredFailure failure;
-  failure.Try([this] { static_cast<void>(editor::UnloadScaleEditor(frmScales_)); });
+  failure.Try([this] { static_cast<void>(frmScales_.Close()); });
   ReleaseSound(failure);
   failure.ReportNumberAndDescription(services_.msgBox);
 }
@@ -331,48 +326,35 @@ void frmTonalith::Form_Unload() {
   core::DeferredFailure failure;
   failure.Try([this] { searching_.Unload(); });
   failure.Try([this] { printing_.Unload(); });
-  UnloadAbout(*this);
+  frmAbout_.Delete();
   ReleaseSound(failure);
   failure.ReportNumberAndDescription(services_.msgBox);
 }
 
 void frmTonalith::focusInEvent(QFocusEvent* event) {
-  QMainWindow::focusInEvent(event);
+  Window::focusInEvent(event);
   Form_GotFocus();
 }
 
 void frmTonalith::focusOutEvent(QFocusEvent* event) {
-  QMainWindow::focusOutEvent(event);
-  // Another window coming to the front is not the focus leaving this one for another control. Nor is a control that the
-  // install command switches off or on.
+  Window::focusOutEvent(event);
+  // The install command moves the focus when it disables controls.
+  // Kept: see docs/behaviour.md, Focus handlers are not activation
   if (install_ == nullptr && event->reason() != Qt::ActiveWindowFocusReason) Form_LostFocus();
 }
 
-void frmTonalith::closeEvent(QCloseEvent* event) {
-  if (!editor::UnloadScaleEditor(frmScales_)) {
-    event->ignore();
-    return;
-  }
+bool frmTonalith::Form_QueryUnload() {
+  if (!frmScales_.Close()) return false;
   if (install_ != nullptr) install_->Stop();
-  Form_Unload();
-  QMainWindow::closeEvent(event);
+  return true;
 }
 
 void frmTonalith::keyPressEvent(QKeyEvent* event) {
-  // F1 opens nothing: help is reached through the menu.
-  if (event->key() != Qt::Key_F1) QMainWindow::keyPressEvent(event);
+  // Kept: see docs/behaviour.md, F1 opens nothing
+  if (event->key() != Qt::Key_F1) Window::keyPressEvent(event);
 }
 
-void frmTonalith::ApplyTheme() { setPalette(paint::WarmPalette(QApplication::palette())); }
-
-bool frmTonalith::event(QEvent* event) {
-  // The application's palette does not reach changeEvent.
-  if (event->type() == QEvent::ApplicationPaletteChange && c_.printPic != nullptr) {
-    ApplyTheme();
-    ApplyInk(c_, palette());
-  }
-  return QMainWindow::event(event);
-}
+void frmTonalith::ApplyTheme() { ApplyInk(c_, palette()); }
 
 std::int32_t frmTonalith::CurrentScaleId() const {
   bool isNumber = false;

@@ -7,9 +7,6 @@
 
 #pragma once
 
-#include <QMainWindow>
-#include <QPointer>
-#include <memory>
 #include <optional>
 #include <string>
 
@@ -31,8 +28,12 @@
 #include "platform/note_player.h"
 #include "platform/print_service.h"
 #include "search/search_controller.h"
+#include "windows/open_once.h"
+#include "windows/window.h"
 
 namespace tonalith::app {
+
+class frmAbout;
 
 /// The services of the main window; all must outlive it.
 struct FormServices {
@@ -47,7 +48,9 @@ struct FormServices {
   const core::Neck& neck;
 };
 
-class frmTonalith : public QMainWindow, private core::CurrentScaleSource, private editor::ScaleEditorHost {
+class frmTonalith : public windows::Window<QMainWindow>,
+                    private core::CurrentScaleSource,
+                    private editor::ScaleEditorHost {
   Q_OBJECT
 
  public:
@@ -68,8 +71,7 @@ class frmTonalith : public QMainWindow, private core::CurrentScaleSource, privat
   void mEditor_Click();
   void cmdUpdate_Click();
   void mUpdate_Click();
-  /// Imports every data pack; the window's database connection is closed during the import. Stops a playback first.
-  /// Closing the window stops the import.
+  /// Stops a playback and imports every data pack, with no database connection meanwhile. Closing stops the import.
   void cmdInstall_Click();
   void mInstall_Click();
   /// Plays the scale and returns at the end of the playback. Clears failures.
@@ -103,15 +105,15 @@ class frmTonalith : public QMainWindow, private core::CurrentScaleSource, privat
   void keyPressEvent(QKeyEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
-  void closeEvent(QCloseEvent* event) override;
-  bool event(QEvent* event) override;
+  void ApplyTheme() override;
+  bool Form_QueryUnload() override;
+  void Form_Unload() override;
 
  private:
   void Form_Load();
   void Form_Paint();
   void Form_GotFocus();
   void Form_LostFocus();
-  void Form_Unload();
   void Label1_Change();
   void cmbTranspose_Click();
   void cmbTranspose_KeyUp();
@@ -122,7 +124,6 @@ class frmTonalith : public QMainWindow, private core::CurrentScaleSource, privat
   [[nodiscard]] PackInstall::Place InstallPlace();
   void BindControls();
   void WireHandlers();
-  void ApplyTheme();
 
   void BringToFront() override;
   [[nodiscard]] std::int32_t CurrentScaleId() const override;
@@ -140,8 +141,9 @@ class frmTonalith : public QMainWindow, private core::CurrentScaleSource, privat
   MainWindowPlayback desk_;
   audio::ScalePlayback playback_;
   MainWindowPrinting printing_;
-  QPointer<editor::frmScales> frmScales_;
+  windows::OpenOnce<editor::frmScales> frmScales_;
   search::SearchController searching_;
+  windows::OpenOnce<frmAbout> frmAbout_;
 };
 
 }  // namespace tonalith::app

@@ -11,42 +11,60 @@
 namespace tonalith::app {
 namespace {
 
-QMenu* AddMenu(QMenuBar* bar, const char* name, const QString& caption) {
-  QMenu* const menu = bar->addMenu(caption);
-  menu->setObjectName(QLatin1String(name));
-  menu->menuAction()->setObjectName(QLatin1String(name));
-  return menu;
-}
+/// An entry; a separator if it has no handler.
+struct MenuEntry {
+  const char* name = nullptr;
+  QString caption = {};
+  void (frmTonalith::*handler)() = nullptr;
+  QKeySequence shortcut = {};
+};
 
-QAction* AddEntry(QMenu* menu, const char* name, const QString& caption, const QKeySequence& shortcut = {}) {
-  QAction* const entry = menu->addAction(caption);
-  entry->setObjectName(QLatin1String(name));
-  entry->setShortcut(shortcut);
-  return entry;
-}
+struct Menu {
+  const char* name = nullptr;
+  QString caption;
+  bool usesLibrary = false;
+  std::vector<MenuEntry> entries;
+};
 
-void AddSeparator(QMenu* menu, const char* name) { menu->addSeparator()->setObjectName(QLatin1String(name)); }
+// Kept: see docs/behaviour.md, seperator1 and seperator2.
+std::vector<Menu> Menus() {
+  return {{"mFile",
+           frmTonalith::tr("&Tools"),
+           true,
+           {{"mEditor", frmTonalith::tr("&Editor"), &frmTonalith::mEditor_Click, Qt::CTRL | Qt::Key_E},
+            {"mUpdate", frmTonalith::tr("&Update"), &frmTonalith::mUpdate_Click, Qt::Key_F5},
+            {"mSearch", frmTonalith::tr("&Search"), &frmTonalith::mSearch_Click, QKeySequence::Find},
+            {"seperator1"},
+            {"mListen", frmTonalith::tr("&Listen"), &frmTonalith::mListen_Click, Qt::CTRL | Qt::Key_L},
+            {"mPrint", frmTonalith::tr("&Print"), &frmTonalith::mPrint_Click, QKeySequence::Print},
+            {"seperator2"},
+            {"mInstall", frmTonalith::tr("&Install"), &frmTonalith::mInstall_Click, Qt::CTRL | Qt::Key_I},
+            {"separator3"},
+            {"mViewNotes", frmTonalith::tr("Hide/View &Names"), &frmTonalith::mViewNotes_Click, Qt::CTRL | Qt::Key_N}}},
+          {"mHelp",
+           frmTonalith::tr("&Help"),
+           false,
+           {{"mHelpFile", frmTonalith::tr("&Help"), &frmTonalith::mHelpFile_Click},
+            {"mAbout", frmTonalith::tr("&About Tonalith"), &frmTonalith::mAbout_Click}}}};
+}
 
 }  // namespace
 
-// Kept: see docs/behaviour.md, seperator1 and seperator2.
-MainMenu MakeMainMenu(QMenuBar* bar) {
-  MainMenu m;
-  QMenu* const tools = AddMenu(bar, "mFile", frmTonalith::tr("&Tools"));
-  m.mEditor = AddEntry(tools, "mEditor", frmTonalith::tr("&Editor"), Qt::CTRL | Qt::Key_E);
-  m.mUpdate = AddEntry(tools, "mUpdate", frmTonalith::tr("&Update"), Qt::Key_F5);
-  m.mSearch = AddEntry(tools, "mSearch", frmTonalith::tr("&Search"), QKeySequence::Find);
-  AddSeparator(tools, "seperator1");
-  m.mListen = AddEntry(tools, "mListen", frmTonalith::tr("&Listen"), Qt::CTRL | Qt::Key_L);
-  m.mPrint = AddEntry(tools, "mPrint", frmTonalith::tr("&Print"), QKeySequence::Print);
-  AddSeparator(tools, "seperator2");
-  m.mInstall = AddEntry(tools, "mInstall", frmTonalith::tr("&Install"), Qt::CTRL | Qt::Key_I);
-  AddSeparator(tools, "separator3");
-  m.mViewNotes = AddEntry(tools, "mViewNotes", frmTonalith::tr("Hide/View &Names"), Qt::CTRL | Qt::Key_N);
-  QMenu* const help = AddMenu(bar, "mHelp", frmTonalith::tr("&Help"));
-  m.mHelpFile = AddEntry(help, "mHelpFile", frmTonalith::tr("&Help"));
-  m.mAbout = AddEntry(help, "mAbout", frmTonalith::tr("&About Tonalith"));
-  return m;
+MainMenu::MainMenu(frmTonalith& window) {
+  for (const Menu& menu : Menus()) {
+    QMenu* const shown = window.menuBar()->addMenu(menu.caption);
+    shown->setObjectName(QLatin1String(menu.name));
+    shown->menuAction()->setObjectName(QLatin1String(menu.name));
+    for (const MenuEntry& entry : menu.entries) {
+      QAction* const action = entry.handler == nullptr ? shown->addSeparator() : shown->addAction(entry.caption);
+      action->setObjectName(QLatin1String(entry.name));
+      if (entry.handler == nullptr) continue;
+      action->setShortcut(entry.shortcut);
+      QObject::connect(action, &QAction::triggered, &window, entry.handler);
+      entries_.emplace(entry.name, action);
+      if (menu.usesLibrary) libraryEntries_.push_back(action);
+    }
+  }
 }
 
 }  // namespace tonalith::app

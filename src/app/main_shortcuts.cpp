@@ -24,7 +24,7 @@ void AddShortcuts(frmTonalith& window) {
   connectKeys(Qt::CTRL | Qt::Key_End, walk(&DataControl::MoveLast));
   connectKeys(Qt::Key_F3, [&window] {
     // Disabled together with the menu entry.
-    if (window.Menu().mSearch->isEnabled()) window.FindNext();
+    if (window.Menu().Entry("mSearch")->isEnabled()) window.FindNext();
   });
   connectKeys(Qt::CTRL | Qt::Key_Q, [&window] { window.close(); });
 }

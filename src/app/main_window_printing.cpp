@@ -74,8 +74,6 @@ class MainWindowPrinting::ComposedView {
 MainWindowPrinting::MainWindowPrinting(const MainControls& controls, QWidget& form, Tools tools)
     : c_(controls), form_(form), tools_(std::move(tools)) {}
 
-MainWindowPrinting::~MainWindowPrinting() { Unload(); }
-
 bool MainWindowPrinting::ComposeView(core::DeferredFailure& failure) {
   std::optional<PageComposer> composer;
   failure.Try([&] {
@@ -121,11 +119,7 @@ void MainWindowPrinting::CaptureView(const print::PrintTools& tools) {
 }
 
 void MainWindowPrinting::cmdPrint_Click() {
-  if (!frmPrint_.isNull()) {
-    frmPrint_->BringToFront();
-    return;
-  }
-  if (std::exchange(isComposing_, true)) return;
+  if (frmPrint_.Raise() || std::exchange(isComposing_, true)) return;
   core::MsgBox& msgBox = tools_.msgBox;
   core::DeferredFailure failure;
   {
@@ -136,15 +130,14 @@ void MainWindowPrinting::cmdPrint_Click() {
   QPointer<print::frmPrint> helper;
   failure.Try([&] {
     const auto print = [this](platform::Printer& printer) { PrintView(printer); };
-    frmPrint_ = new print::frmPrint({tools_.printing, msgBox, PageTitle(c_), kShares, print}, *c_.printPic, &form_);
-    helper = frmPrint_;
+    helper = frmPrint_.Put(
+        new print::frmPrint({tools_.printing, msgBox, PageTitle(c_), kShares, print}, *c_.printPic, &form_));
   });
   failure.ReportDescription(msgBox);
   // The window and this object may be destroyed while the helper is open.
-  if (!helper.isNull()) helper->ShowModal();
-  delete helper.data();
+  windows::RunModal(helper, [](const print::frmPrint&) {});
 }
 
-void MainWindowPrinting::Unload() { delete frmPrint_.data(); }
+void MainWindowPrinting::Unload() { frmPrint_.Delete(); }
 
 }  // namespace tonalith::app

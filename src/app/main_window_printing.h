@@ -7,7 +7,6 @@
 
 #pragma once
 
-#include <QPointer>
 #include <functional>
 
 #include "app/main_controls.h"
@@ -16,6 +15,7 @@
 #include "platform/print_service.h"
 #include "print/frm_print.h"
 #include "print/print_picture_to_size.h"
+#include "windows/open_once.h"
 
 namespace tonalith::app {
 
@@ -30,7 +30,6 @@ class MainWindowPrinting {
 
   /// `form` is the main window, `controls` its controls.
   MainWindowPrinting(const MainControls& controls, QWidget& form, Tools tools);
-  ~MainWindowPrinting();
   MainWindowPrinting(const MainWindowPrinting&) = delete;
   MainWindowPrinting& operator=(const MainWindowPrinting&) = delete;
 
@@ -53,7 +52,7 @@ class MainWindowPrinting {
   QWidget& form_;
   Tools tools_;
   bool isComposing_ = false;
-  QPointer<print::frmPrint> frmPrint_;
+  windows::OpenOnce<print::frmPrint> frmPrint_;
 };
 
 }  // namespace tonalith::app

@@ -80,7 +80,6 @@ void AddShortcuts(frmScales& form, const ScalesControls& c) {
   add({Qt::Key_PageDown}, [data = c.datPrimaryRS] { data->RunMove(&DataControl::MoveNext); });
   add({Qt::Key_F2}, [modify = c.cmdModify] { modify->click(); });
   add({Qt::CTRL | Qt::Key_Return, Qt::CTRL | Qt::Key_Enter}, [apply = c.cmdApply] { apply->click(); });
-  add({Qt::Key_Escape}, [&form] { form.cmdClose_Click(); });
   add(UndoKeys(), [&form] { form.UndoChange(); });
   add(RedoKeys(), [&form] { form.RedoChange(); });
   c.cmdModify->setToolTip(frmScales::tr("Change this scale (F2)"));

@@ -4,32 +4,27 @@
 #include "editor/frm_scales.h"
 
 #include <QAccessible>
-#include <QApplication>
-#include <QCloseEvent>
 #include <QPointer>
 
 #include "core/deferred_failure.h"
 #include "editor/editor_wiring.h"
 #include "editor/notice_text.h"
-#include "paint/theme.h"
 #include "windows/window_front.h"
 
 namespace tonalith::editor {
 
 frmScales::frmScales(const EditorServices& services, QWidget* parent)
-    : QWidget(parent, windows::kFixedSizeWindow),
+    : Window(QStringLiteral("frmScales"), parent, windows::kFixedSizeWindow),
       services_(services),
       scale_(c_, services.msgBox),
       session_(scale_),
       controller_(*this, scale_, session_, services.msgBox) {
-  setObjectName(QStringLiteral("frmScales"));
   setWindowTitle(tr("Scales"));
   setAttribute(Qt::WA_DeleteOnClose);
-  setPalette(paint::WarmPalette(QApplication::palette()));
   c_ = MakeScalesControls(this, services_.msgBox);
-  ApplyInk(c_, palette());
   scale_.Open(services_.database.DatabasePath(), services_.current);
   WireEditor(*this);
+  FinishConstruction();
   Form_Load();
 }
 
@@ -43,32 +38,13 @@ void frmScales::Form_Load() {
   c_.cmdModify->setFocus();
 }
 
+// A running command waits for the answer to its question.
+bool frmScales::Form_QueryUnload() { return !IsRunning() && controller_.SettleChanges(); }
+
 // SettleChanges has saved or dropped every change before.
 void frmScales::Form_Unload() {
-  life_ = Life::kUnloaded;
   services_.host.EditUpdates();
   services_.host.BringToFront();
-}
-
-void frmScales::closeEvent(QCloseEvent* event) {
-  // A running command waits for the answer to its question.
-  if (IsRunning() || !(IsUnloaded() || controller_.SettleChanges())) {
-    event->ignore();
-    return;
-  }
-  if (!IsUnloaded()) Form_Unload();
-  QWidget::closeEvent(event);
-}
-
-bool frmScales::event(QEvent* event) {
-  // The application's palette does not reach changeEvent.
-  if (event->type() == QEvent::ApplicationPaletteChange && c_.keyboard != nullptr) ApplyTheme();
-  return QWidget::event(event);
-}
-
-void frmScales::ApplyTheme() {
-  setPalette(paint::WarmPalette(QApplication::palette()));
-  ApplyInk(c_, palette());
 }
 
 void frmScales::RecordMoved() {

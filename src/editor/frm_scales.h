@@ -7,7 +7,6 @@
 
 #pragma once
 
-#include <QWidget>
 #include <string>
 
 #include "editor/edit_controller.h"
@@ -15,10 +14,11 @@
 #include "editor/scale_editor.h"
 #include "editor/scales_controls.h"
 #include "editor/shown_scale.h"
+#include "windows/window.h"
 
 namespace tonalith::editor {
 
-class frmScales : public QWidget {
+class frmScales : public windows::Window<QWidget> {
   Q_OBJECT
   Q_PROPERTY(bool ModifyMode READ IsInModifyMode)
 
@@ -68,21 +68,16 @@ class frmScales : public QWidget {
   [[nodiscard]] NoteSelection SelectedNotes() const { return scale_.SelectedNotes(); }
   /// The edit that undoing would bring back next; nullptr when there is none.
   [[nodiscard]] const RejectedEdit* LatestRejected() const { return session_.Rejected().Latest(); }
-  [[nodiscard]] bool IsUnloaded() const { return life_ == Life::kUnloaded; }
   /// Whether a command is running; only its questions take the user's input then.
   [[nodiscard]] bool IsRunning() const { return controller_.IsRunning(); }
 
  protected:
-  void closeEvent(QCloseEvent* event) override;
-  bool event(QEvent* event) override;
+  void ApplyTheme() override { ApplyInk(c_, palette()); }
+  bool Form_QueryUnload() override;
+  void Form_Unload() override;
 
  private:
-  /// A closed form exists until its deferred deletion.
-  enum class Life { kOpen, kUnloaded };
-
   void Form_Load();
-  void Form_Unload();
-  void ApplyTheme();
   void EnableFields();
 
   EditorServices services_;
@@ -90,7 +85,6 @@ class frmScales : public QWidget {
   ShownScale scale_;
   EditSession session_;
   EditController controller_;
-  Life life_ = Life::kOpen;
 };
 
 }  // namespace tonalith::editor

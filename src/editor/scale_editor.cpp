@@ -5,21 +5,13 @@
 
 #include "core/deferred_failure.h"
 #include "editor/frm_scales.h"
-#include "windows/window_front.h"
 
 namespace tonalith::editor {
-void ShowScaleEditor(QPointer<frmScales>& place, const EditorServices& services, QWidget* parent) {
-  core::DeferredFailure failure;
-  failure.Try([&] {
-    // A closed editor exists until its deferred deletion.
-    if (place.isNull() || place->IsUnloaded()) place = new frmScales(services, parent);
-    windows::BringToFront(*place);
-  });
-  failure.ReportDescription(services.msgBox);
-}
 
-bool UnloadScaleEditor(const QPointer<frmScales>& place) {
-  return place.isNull() || place->IsUnloaded() || place->close();
+void ShowScaleEditor(windows::OpenOnce<frmScales>& editor, const EditorServices& services, QWidget* parent) {
+  core::DeferredFailure failure;
+  failure.Try([&] { editor.Show([&] { return new frmScales(services, parent); }); });
+  failure.ReportDescription(services.msgBox);
 }
 
 }  // namespace tonalith::editor

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Opens and closes the scale editor. The editor is a window of its own; the caller stores the pointer to it, which
-// becomes null when the editor is deleted.
+// Opens the scale editor, a window of its own, in a place of the caller. The editor may refuse to close because of
+// changes that could not be saved.
 
 #pragma once
 
-#include <QPointer>
 #include <optional>
 
 #include "core/msg_box.h"
 #include "data/record_set.h"
 #include "data/scale_database.h"
+#include "windows/open_once.h"
 
 class QWidget;
 
@@ -38,10 +38,7 @@ struct EditorServices {
   std::optional<data::Bookmark> current;
 };
 
-/// Shows a modeless editor, or brings the one in `place` to the front. A failure is shown as its description.
-void ShowScaleEditor(QPointer<frmScales>& place, const EditorServices& services, QWidget* parent);
-
-/// Closes the editor, if there is one. False when it stays open because of changes that could not be saved.
-[[nodiscard]] bool UnloadScaleEditor(const QPointer<frmScales>& place);
+/// Shows a modeless editor, or brings the open one to the front. A failure is shown as its description.
+void ShowScaleEditor(windows::OpenOnce<frmScales>& editor, const EditorServices& services, QWidget* parent);
 
 }  // namespace tonalith::editor

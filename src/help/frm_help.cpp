@@ -3,7 +3,6 @@
 
 #include "help/frm_help.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScreen>
@@ -41,8 +40,7 @@ QFrame* MakeLine(QFrame::Shape shape, QWidget* parent) {
 }  // namespace
 
 frmHelp::frmHelp(core::MsgBox& msgBox, AddressOpener opener, QWidget* parent)
-    : QWidget(parent, Qt::Window), msgBox_(msgBox), opener_(std::move(opener)) {
-  setObjectName(QStringLiteral("frmHelp"));
+    : Window(QStringLiteral("frmHelp"), parent), msgBox_(msgBox), opener_(std::move(opener)) {
   setAttribute(Qt::WA_DeleteOnClose);
   contents_ = new ContentsPanel(this);
   index_ = new IndexPanel(this);
@@ -52,7 +50,7 @@ frmHelp::frmHelp(core::MsgBox& msgBox, AddressOpener opener, QWidget* parent)
   MakeBar();
   LayOut();
   AddShortcuts();
-  ApplyTheme();
+  FinishConstruction();
   ChooseSize();
   connect(contents_, &ContentsPanel::TargetChosen, this, &frmHelp::GoTo);
   connect(index_, &IndexPanel::TargetChosen, this, &frmHelp::GoTo);
@@ -148,11 +146,9 @@ void frmHelp::AddShortcuts() {
   add(Qt::CTRL | Qt::Key_Minus, [this] { page_->ZoomBy(-1); });
   add(Qt::CTRL | Qt::Key_0, [this] { page_->ResetZoom(); });
   add(Qt::CTRL | Qt::Key_W, [this] { close(); });
-  add(Qt::Key_Escape, [this] { Escape(); });
 }
 
 void frmHelp::ApplyTheme() {
-  setPalette(paint::WarmPalette(QApplication::palette()));
   QPalette lines = palette();
   lines.setColor(QPalette::WindowText, paint::OutlineColour(palette()));
   for (auto* const line : findChildren<QFrame*>(QStringLiteral("HelpLine"))) line->setPalette(lines);
@@ -162,12 +158,6 @@ void frmHelp::ChooseSize() {
   const QRect free = (parentWidget() != nullptr ? parentWidget()->screen() : screen())->availableGeometry();
   resize(kWantedSize.boundedTo(free.size() * 0.92));
   splitter_->setSizes({kPanelWidth, width() - kPanelWidth});
-}
-
-bool frmHelp::event(QEvent* event) {
-  // Qt does not forward this event to changeEvent.
-  if (event->type() == QEvent::ApplicationPaletteChange) ApplyTheme();
-  return QWidget::event(event);
 }
 
 void frmHelp::ShowBook(std::shared_ptr<const HelpBook> book) {
@@ -253,7 +243,7 @@ void frmHelp::Escape() {
   if (find_->isVisible()) {
     find_->Close();
   } else {
-    close();
+    Window::Escape();
   }
 }
 

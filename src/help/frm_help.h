@@ -8,7 +8,6 @@
 #pragma once
 
 #include <QUrl>
-#include <QWidget>
 #include <functional>
 #include <memory>
 #include <string>
@@ -16,6 +15,7 @@
 #include "core/msg_box.h"
 #include "help/help_book.h"
 #include "help/help_history.h"
+#include "windows/window.h"
 
 class QLabel;
 class QSplitter;
@@ -33,7 +33,7 @@ class SearchPanel;
 /// Opens an address in the system's browser or mail program; returns false if there is none.
 using AddressOpener = std::function<bool(const QUrl&)>;
 
-class frmHelp : public QWidget {
+class frmHelp : public windows::Window<QWidget> {
   Q_OBJECT
 
  public:
@@ -46,13 +46,13 @@ class frmHelp : public QWidget {
   [[nodiscard]] HelpBrowser* Page() const { return page_; }
 
  protected:
-  bool event(QEvent* event) override;
+  void ApplyTheme() override;
+  void Escape() override;
 
  private:
   void MakeBar();
   void LayOut();
   void AddShortcuts();
-  void ApplyTheme();
   void ChooseSize();
 
   void GoTo(const HelpTarget& target);
@@ -64,7 +64,6 @@ class frmHelp : public QWidget {
   void FollowLink(const std::string& link);
   void ConfirmAndOpen(const std::string& address);
   void ShowFound(const HelpTarget& target, const QStringList& words);
-  void Escape();
   void ShowZoom();
 
   core::MsgBox& msgBox_;

@@ -8,7 +8,6 @@
 #include <memory>
 
 #include "core/deferred_failure.h"
-#include "windows/window_front.h"
 
 namespace tonalith::help {
 namespace {
@@ -43,12 +42,14 @@ platform::HelpWindowHandle WindowHelpEngine::HtmlHelpA(platform::HelpWindowHandl
     book = std::make_shared<const HelpBook>(ReadChmFile(file, limits_));
   });
   if (book == nullptr) return platform::kNoHelpWindow;
-  // A closed window exists until its deferred delete; do not show it again.
-  if (window_.isNull() || !window_->isVisible()) window_ = new frmHelp(msgBox_, opener_, QWidget::find(caller));
-  window_->ShowBook(std::move(book));
-  windows::BringToFront(*window_);
+  if (frmHelp* const open = window_.Window()) open->ShowBook(book);
+  window_.Show([&] {
+    auto* const made = new frmHelp(msgBox_, opener_, QWidget::find(caller));
+    made->ShowBook(book);
+    return made;
+  });
   lastError_ = help_error::kNone;
-  return window_->winId();
+  return Window()->winId();
 }
 
 }  // namespace tonalith::help

@@ -7,7 +7,6 @@
 
 #pragma once
 
-#include <QPointer>
 #include <cstdint>
 #include <string>
 
@@ -15,6 +14,7 @@
 #include "help/chm_file.h"
 #include "help/frm_help.h"
 #include "platform/help_engine.h"
+#include "windows/open_once.h"
 
 namespace tonalith::help {
 
@@ -36,13 +36,13 @@ class WindowHelpEngine : public platform::HelpEngine {
   [[nodiscard]] std::uint32_t LastError() const override { return lastError_; }
 
   /// The help window; null if it is not open.
-  [[nodiscard]] frmHelp* Window() const { return window_.data(); }
+  [[nodiscard]] frmHelp* Window() const { return window_.Window(); }
 
  private:
   core::MsgBox& msgBox_;
   AddressOpener opener_;
   sandbox::Limits limits_;
-  QPointer<frmHelp> window_;
+  windows::OpenOnce<frmHelp> window_;
   std::uint32_t lastError_ = help_error::kNone;
 };
 

@@ -4,7 +4,6 @@
 #include "print/frm_print.h"
 
 #include <QAccessible>
-#include <QApplication>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -18,7 +17,6 @@
 #include "print/print_picture_to_size.h"
 #include "windows/plain_label.h"
 #include "windows/screen_size.h"
-#include "windows/window_front.h"
 
 namespace tonalith::print {
 namespace {
@@ -42,8 +40,7 @@ QComboBox* MakeChoice(const char* name, const QString& accessibleName, const QSt
 }  // namespace
 
 frmPrint::frmPrint(PrintOrder order, const PictureBox& page, QWidget* parent)
-    : QDialog(parent), order_(std::move(order)) {
-  setObjectName(QStringLiteral("frmPrint"));
+    : Window(QStringLiteral("frmPrint"), parent), order_(std::move(order)) {
   setWindowTitle(tr("Print"));
   MakeControls();
   picPage_ = new PictureBox(QStringLiteral("picPage"), this);
@@ -51,7 +48,7 @@ frmPrint::frmPrint(PrintOrder order, const PictureBox& page, QWidget* parent)
   picPage_->resize(page.size());
   BitBlt(picPage_->Surface(), 0, 0, page.Surface());
   LayOut();
-  ApplyTheme();
+  FinishConstruction();
   core::DeferredFailure failure;
   failure.Try([this] { cmbPaper_->setCurrentIndex(order_.printing.UsualPaperSize() == PaperSize::kLetter ? 1 : 0); });
   failure.Clear();  // A4 is the default.
@@ -113,23 +110,10 @@ void frmPrint::LayOut() {
 }
 
 void frmPrint::ApplyTheme() {
-  setPalette(paint::WarmPalette(QApplication::palette()));
-  QPalette ink = palette();
-  ink.setColor(QPalette::WindowText, paint::SecondaryText(palette()));
-  lblStatus_->setPalette(ink);
+  windows::SetTextColour(*lblStatus_, paint::SecondaryText(palette()));
   for (PanelButton* const button : {cmdPrint_, cmdPdf_, cmdCancel_}) {
     button->setMinimumHeight(button->fontMetrics().height() + kButtonMargins);
   }
-}
-
-bool frmPrint::event(QEvent* event) {
-  const auto type = event->type();
-  const bool isAppearanceChange =
-      type == QEvent::ApplicationPaletteChange || type == QEvent::ThemeChange || type == QEvent::FontChange;
-  const bool isReady = cmdCancel_ != nullptr;
-  if (isReady && isAppearanceChange) ApplyTheme();
-  // The event may destroy the window; do not access members afterwards.
-  return QDialog::event(event);
 }
 
 Paper frmPrint::ChosenPaper() const {
@@ -162,7 +146,7 @@ void frmPrint::ShowPreviewMessages() {
 }
 
 void frmPrint::showEvent(QShowEvent* event) {
-  QDialog::showEvent(event);
+  Window::showEvent(event);
   // Querying the printers of the system may take a while, so the page is shown first.
   if (!std::exchange(isPrinterKnown_, true)) QTimer::singleShot(0, this, &frmPrint::DetectPrinter);
 }
@@ -233,10 +217,6 @@ void frmPrint::cmdCancel_Click() { reject(); }
 void frmPrint::ShowModal() {
   QTimer::singleShot(0, this, &frmPrint::ShowPreviewMessages);
   exec();
-}
-
-void frmPrint::BringToFront() {
-  if (isVisible()) windows::BringToFront(*this);
 }
 
 }  // namespace tonalith::print

@@ -8,7 +8,6 @@
 
 #pragma once
 
-#include <QDialog>
 #include <functional>
 #include <string>
 
@@ -19,6 +18,7 @@
 #include "print/picture_box.h"
 #include "print/print_fitting.h"
 #include "windows/panel_button.h"
+#include "windows/window.h"
 
 class QComboBox;
 class QLabel;
@@ -35,7 +35,7 @@ struct PrintOrder {
   std::function<void(platform::Printer&)> print;
 };
 
-class frmPrint : public QDialog {
+class frmPrint : public windows::Window<QDialog> {
   Q_OBJECT
 
  public:
@@ -45,7 +45,6 @@ class frmPrint : public QDialog {
 
   /// Returns when the window is closed or destroyed.
   void ShowModal();
-  void BringToFront();
 
   void cmdPrint_Click();
   void cmdPdf_Click();
@@ -54,8 +53,8 @@ class frmPrint : public QDialog {
   [[nodiscard]] platform::Paper ChosenPaper() const;
 
  protected:
+  void ApplyTheme() override;
   void showEvent(QShowEvent* event) override;
-  bool event(QEvent* event) override;
 
  private:
   using RequestPrinter = std::unique_ptr<platform::Printer> (platform::PrintService::*)(const platform::PrintJob&);
@@ -63,7 +62,6 @@ class frmPrint : public QDialog {
 
   void MakeControls();
   void LayOut();
-  void ApplyTheme();
   void UpdatePreview();
   /// Shows the messages of the preview; this may destroy the window.
   void ShowPreviewMessages();

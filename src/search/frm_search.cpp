@@ -5,7 +5,6 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QCloseEvent>
 #include <QElapsedTimer>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -21,7 +20,6 @@
 #include "paint/theme.h"
 #include "windows/field_panel.h"
 #include "windows/plain_label.h"
-#include "windows/window_front.h"
 
 namespace tonalith::search {
 namespace {
@@ -31,12 +29,6 @@ using windows::PanelButton;
 constexpr const char* kTag = "Tag";
 /// Total space above and below a caption.
 constexpr int kButtonMargins = 14;
-
-void SetInk(QLabel* label, const QColor& ink) {
-  QPalette palette = label->parentWidget()->palette();
-  palette.setColor(QPalette::WindowText, ink);
-  label->setPalette(palette);
-}
 
 }  // namespace
 
@@ -86,12 +78,11 @@ class frmSearch::Watcher : public SearchWatcher {
 };
 
 frmSearch::frmSearch(std::unique_ptr<ScaleSource> scales, core::MsgBox& msgBox, QWidget* parent)
-    : QDialog(parent), scales_(std::move(scales)), msgBox_(msgBox) {
-  setObjectName(QStringLiteral("frmSearch"));
+    : Window(QStringLiteral("frmSearch"), parent), scales_(std::move(scales)), msgBox_(msgBox) {
   setWindowTitle(tr("Search"));
   MakeControls();
   LayOut();
-  ApplyTheme();
+  FinishConstruction();
   connect(cmdSearch_, &QAbstractButton::clicked, this, &frmSearch::cmdSearch_Click);
   connect(cmdCancel_, &QAbstractButton::clicked, this, &frmSearch::cmdCancel_Click);
   connect(new QShortcut(Qt::Key_F3, this), &QShortcut::activated, cmdSearch_, &QAbstractButton::click);
@@ -143,9 +134,8 @@ void frmSearch::LayOut() {
 }
 
 void frmSearch::ApplyTheme() {
-  setPalette(paint::WarmPalette(QApplication::palette()));
-  SetInk(lblHelp_, paint::SecondaryText(palette()));
-  SetInk(lblMessage_, paint::SiennaText(palette()));
+  windows::SetTextColour(*lblHelp_, paint::SecondaryText(palette()));
+  windows::SetTextColour(*lblMessage_, paint::SiennaText(palette()));
   // The line keeps its height while it is empty, so that the layout does not jump when the search wraps.
   lblMessage_->setMinimumHeight(lblMessage_->fontMetrics().height());
   for (PanelButton* const button : {cmdSearch_, cmdCancel_}) {
@@ -154,18 +144,13 @@ void frmSearch::ApplyTheme() {
 }
 
 bool frmSearch::event(QEvent* event) {
-  const bool isWidgetReady = cmdCancel_ != nullptr;
-  const auto type = event->type();
-  if (type == QEvent::ChildAdded) static_cast<QChildEvent*>(event)->child()->installEventFilter(this);
-  // ApplicationPaletteChange is not passed to changeEvent.
-  if (isWidgetReady && (type == QEvent::ApplicationPaletteChange || type == QEvent::FontChange)) ApplyTheme();
-  // The event may destroy the dialog: no member is used after it.
-  return QDialog::event(event);
+  if (event->type() == QEvent::ChildAdded) static_cast<QChildEvent*>(event)->child()->installEventFilter(this);
+  return Window::event(event);
 }
 
 bool frmSearch::eventFilter(QObject* watched, QEvent* event) {
   auto* const box = event->type() == QEvent::Show ? qobject_cast<QMessageBox*>(watched) : nullptr;
-  if (box == nullptr) return QDialog::eventFilter(watched, event);
+  if (box == nullptr) return Window::eventFilter(watched, event);
   // The box gets its size and position while it handles the event, and is visible only after that.
   watched->event(event);
   MoveOffTheText(*box);
@@ -201,10 +186,6 @@ void frmSearch::ShowModal() {
   txtSearch_->setFocus();
   txtSearch_->selectAll();
   exec();
-}
-
-void frmSearch::BringToFront() {
-  if (isVisible()) windows::BringToFront(*this);
 }
 
 std::string frmSearch::SearchText() const { return txtSearch_->text().toStdString(); }
@@ -261,10 +242,10 @@ void frmSearch::cmdCancel_Click() {
   hide();
 }
 
-void frmSearch::Form_QueryUnload(QCloseEvent& event) {
+bool frmSearch::Form_QueryUnload() {
   // Kept: see docs/behaviour.md, The search dialog hides instead of closing
   cmdCancel_Click();
-  event.ignore();
+  return false;
 }
 
 }  // namespace tonalith::search

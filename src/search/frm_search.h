@@ -8,22 +8,20 @@
 
 #pragma once
 
-#include <QDialog>
 #include <memory>
 #include <string>
 
 #include "core/msg_box.h"
 #include "search/scale_search.h"
-#include "search/search_dialog.h"
 #include "windows/panel_button.h"
+#include "windows/window.h"
 
-class QCloseEvent;
 class QLabel;
 class QLineEdit;
 
 namespace tonalith::search {
 
-class frmSearch : public QDialog, public SearchDialog {
+class frmSearch : public windows::Window<QDialog> {
   Q_OBJECT
   Q_PROPERTY(bool SearchCancelled READ SearchCancelled WRITE SetSearchCancelled)
 
@@ -31,13 +29,14 @@ class frmSearch : public QDialog, public SearchDialog {
   frmSearch(std::unique_ptr<ScaleSource> scales, core::MsgBox& msgBox, QWidget* parent);
   ~frmSearch() override;
 
-  [[nodiscard]] bool SearchCancelled() const override { return searchCancelled_; }
-  void SetSearchCancelled(bool cancelled) override { searchCancelled_ = cancelled; }
-  [[nodiscard]] std::string SearchText() const override;
-  void SetSearchText(const std::string& text) override;
-  void ShowModal() override;
-  [[nodiscard]] bool IsShown() const override { return isVisible(); }
-  void BringToFront() override;
+  /// True if the user closed the dialog in any way.
+  [[nodiscard]] bool SearchCancelled() const { return searchCancelled_; }
+  void SetSearchCancelled(bool cancelled) { searchCancelled_ = cancelled; }
+  /// The content of the text box.
+  [[nodiscard]] std::string SearchText() const;
+  void SetSearchText(const std::string& text);
+  /// Returns when the dialog is hidden or destroyed.
+  void ShowModal();
 
   void cmdSearch_Click();
   void cmdCancel_Click();
@@ -46,21 +45,18 @@ class frmSearch : public QDialog, public SearchDialog {
   /// Kept: see docs/behaviour.md, Functions without callers
   void FindNextScaleMatch(const std::string& SearchText);
 
-  /// Called for Escape.
-  void reject() override { cmdCancel_Click(); }
-
  protected:
-  void closeEvent(QCloseEvent* event) override { Form_QueryUnload(*event); }
+  void ApplyTheme() override;
+  void Escape() override { cmdCancel_Click(); }
+  bool Form_QueryUnload() override;
   bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   class Watcher;
 
-  void Form_QueryUnload(QCloseEvent& event);
   void MakeControls();
   void LayOut();
-  void ApplyTheme();
   /// Moves the dialog over the lower edge of the main window, so that the name of the found record stays visible.
   void MoveBelowTheName();
   /// Moves a message box of the dialog so that the text box stays visible.

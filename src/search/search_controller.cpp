@@ -11,13 +11,16 @@
 #include "search/data_control_scales.h"
 #include "search/frm_search.h"
 #include "search/next_match.h"
+#include "search/search_dialog.h"
 
 namespace tonalith::search {
 
+SearchController::SearchController(core::MsgBox& msgBox) : msgBox_(msgBox) {}
+
+SearchController::~SearchController() = default;
+
 void SearchController::Open(controls::DataControl& data1) {
-  const auto make = [&]() -> std::unique_ptr<SearchDialog> {
-    return std::make_unique<frmSearch>(std::make_unique<DataControlScales>(data1), msgBox_, data1.window());
-  };
+  const auto make = [&] { return new frmSearch(std::make_unique<DataControlScales>(data1), msgBox_, data1.window()); };
   core::MsgBox& msgBox = msgBox_;
   core::DeferredFailure failure;
   failure.Try([&] { RunSearch(dialog_, make, text_, msgBox); });
@@ -25,7 +28,7 @@ void SearchController::Open(controls::DataControl& data1) {
 }
 
 void SearchController::Next(controls::DataControl& data1) {
-  if (dialog_ != nullptr || text_.empty()) return Open(data1);
+  if (dialog_.Window() != nullptr || text_.empty()) return Open(data1);
   // A message box of the search processes events, with them further key presses.
   if (std::exchange(isSearching_, true)) return;
   const QPointer<controls::DataControl> place(&data1);
@@ -33,5 +36,7 @@ void SearchController::Next(controls::DataControl& data1) {
   FindNextMatch(scales, text_, msgBox_, data1);
   if (!place.isNull()) isSearching_ = false;
 }
+
+void SearchController::Unload() { dialog_.Delete(); }
 
 }  // namespace tonalith::search

@@ -6,11 +6,10 @@
 
 #pragma once
 
-#include <memory>
 #include <string>
 
 #include "core/msg_box.h"
-#include "search/search_dialog.h"
+#include "windows/open_once.h"
 
 namespace tonalith::controls {
 class DataControl;
@@ -18,9 +17,14 @@ class DataControl;
 
 namespace tonalith::search {
 
+class frmSearch;
+
 class SearchController {
  public:
-  explicit SearchController(core::MsgBox& msgBox) : msgBox_(msgBox) {}
+  explicit SearchController(core::MsgBox& msgBox);
+  ~SearchController();
+  SearchController(const SearchController&) = delete;
+  SearchController& operator=(const SearchController&) = delete;
 
   /// Shows the dialog for the scales of `data1` with its last text; returns when it is closed. The controller may be
   /// destroyed then.
@@ -29,11 +33,11 @@ class SearchController {
   /// destroyed when this returns.
   void Next(controls::DataControl& data1);
   /// Destroys an open dialog.
-  void Unload() { dialog_.reset(); }
+  void Unload();
 
  private:
   core::MsgBox& msgBox_;
-  std::unique_ptr<SearchDialog> dialog_;
+  windows::OpenOnce<frmSearch> dialog_;
   std::string text_;
   bool isSearching_ = false;
 };

@@ -14,4 +14,10 @@ QLabel* MakePlainLabel(const QString& name, const QString& text, QWidget* parent
   return label;
 }
 
+void SetTextColour(QLabel& label, const QColor& colour) {
+  QPalette palette = label.parentWidget()->palette();
+  palette.setColor(QPalette::WindowText, colour);
+  label.setPalette(palette);
+}
+
 }  // namespace tonalith::windows

@@ -49,7 +49,7 @@ class About : public MainWindowTest {
 
   [[nodiscard]] QList<frmAbout*> Windows() const { return window_->findChildren<frmAbout*>(); }
   frmAbout& Open() {
-    Window().Menu().mAbout->trigger();
+    Window().Menu().Entry("mAbout")->trigger();
     return *Windows().first();
   }
   std::string TextOf(const char* label) { return Text(Windows().first()->findChild<QLabel*>(QLatin1String(label))); }
@@ -144,7 +144,7 @@ TEST_F(About, EscapeAndTheCloseButtonDeleteIt) {
 TEST_F(About, OpensAgainRightAfterItWasClosed) {
   const QPointer<frmAbout> first(&Open());
   first->close();
-  Window().Menu().mAbout->trigger();
+  Window().Menu().Entry("mAbout")->trigger();
   int shown = 0;
   for (const frmAbout* const form : Windows()) shown += form->isVisible() ? 1 : 0;
   EXPECT_EQ(shown, 1);

@@ -45,7 +45,7 @@ class BadInput : public MainWindowTest {
     Press("Next record");
     Press("Last record");
     C().cmbTranspose->Choose(3);
-    Window().Menu().mViewNotes->trigger();
+    Window().Menu().Entry("mViewNotes")->trigger();
     EXPECT_EQ(StringNotes(1), "");
     EXPECT_EQ(Text(C().lblTranspose), "Scale Steps: ");
     EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
@@ -171,7 +171,7 @@ TEST_F(BadInput, PatternOfMoreThanThreeOctavesIsShownAsDamaged) {
     EXPECT_EQ(C().staff->accessibleName().toStdString(), "This scale is damaged.");
     EXPECT_THAT(C().staff->Drawing().AsText(), HasSubstr("print \"This scale is damaged.\""));
     EXPECT_FALSE(C().cmdListen->isEnabled());
-    EXPECT_FALSE(Window().Menu().mListen->isEnabled());
+    EXPECT_FALSE(Window().Menu().Entry("mListen")->isEnabled());
     EXPECT_TRUE(C().cmdPrint->isEnabled());
     Window().cmdListen_Click();
     Window().grab();

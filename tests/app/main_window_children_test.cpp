@@ -53,7 +53,7 @@ TEST_F(ChildWindows, EditorOpensOnceAndClosesWithTheMainWindow) {
   StartInFolder();
   Press("Next record");
   QTest::mouseClick(C().cmdEdit, Qt::LeftButton);
-  Window().Menu().mEditor->trigger();
+  Window().Menu().Entry("mEditor")->trigger();
   ASSERT_THAT(Editors(), SizeIs(1));
   EXPECT_TRUE(Window().close());
   EXPECT_THAT(Editors(), IsEmpty());
@@ -103,7 +103,7 @@ TEST_F(ChildWindows, InstallImportsThePacksAndMovesToTheFirstRecord) {
 TEST_F(ChildWindows, InstallWithoutPacksChangesNothingAndShowsNoMessage) {
   MakeDatabase({{"Major", "2212221"}});
   StartInFolder();
-  Window().Menu().mInstall->trigger();
+  Window().Menu().Entry("mInstall")->trigger();
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
   EXPECT_EQ(Text(C().Label1), "Major");
 }
@@ -135,7 +135,7 @@ TEST_F(ChildWindows, ListenIsDisabledWithoutARecord) {
   MakeDatabase({});
   StartInFolder();
   EXPECT_FALSE(C().cmdListen->isEnabled());
-  EXPECT_FALSE(Window().Menu().mListen->isEnabled());
+  EXPECT_FALSE(Window().Menu().Entry("mListen")->isEnabled());
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
 }
 

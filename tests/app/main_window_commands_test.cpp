@@ -58,7 +58,8 @@ TEST_F(Commands, MenuEntryPrintDoesTheSameAsTheButton) {
   MakeDatabase({{"Major", "2212221"}});
   Start();
   bool isShown = false;
-  OpenAnd<print::frmPrint>([&] { Window().Menu().mPrint->trigger(); }, [&](print::frmPrint&) { isShown = true; });
+  OpenAnd<print::frmPrint>([&] { Window().Menu().Entry("mPrint")->trigger(); },
+                           [&](print::frmPrint&) { isShown = true; });
   EXPECT_TRUE(isShown);
   EXPECT_EQ(printed_.pages, 0) << "closing means cancelling";
 }
@@ -84,14 +85,14 @@ TEST_F(Commands, PrintIsDisabledWithoutARecord) {
   MakeDatabase({});
   Start();
   EXPECT_FALSE(C().cmdPrint->isEnabled());
-  EXPECT_FALSE(Window().Menu().mPrint->isEnabled());
+  EXPECT_FALSE(Window().Menu().Entry("mPrint")->isEnabled());
 }
 
 TEST_F(Commands, HelpPassesTheFileInTheProgramsFolderToTheEngine) {
   MakeDatabase({{"Major", "2212221"}});
   std::ofstream(Path("TLHELP.chm")) << "help";
   Start();
-  Window().Menu().mHelpFile->trigger();
+  Window().Menu().Entry("mHelpFile")->trigger();
   EXPECT_EQ(help_.Record(),
             "HtmlHelpA " + std::to_string(Window().winId()) + " " + Path("TLHELP.chm") + " 0 0\nLastError\n");
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
@@ -102,7 +103,7 @@ TEST_F(Commands, MissingHelpIsReportedAndF1OpensNothing) {
   Start();
   QTest::keyClick(&Window(), Qt::Key_F1);
   EXPECT_THAT(box_.Messages(), IsEmpty());
-  Window().Menu().mHelpFile->trigger();
+  Window().Menu().Entry("mHelpFile")->trigger();
   EXPECT_THAT(box_.Messages(), ElementsAre(Message{"Cannot find help file:\n" + Path("TLHELP.chm"),
                                                    core::MsgBoxStyle::kCritical, "File Missing"}));
   EXPECT_EQ(help_.Record(), "");

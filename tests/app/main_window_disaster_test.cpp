@@ -94,8 +94,8 @@ class Disaster : public MainWindowTest {
     EXPECT_FALSE(C().cmdListen->isEnabled());
     for (const char* arrow : {"First record", "Previous record", "Next record", "Last record"}) Press(arrow);
     C().cmbTranspose->Choose(4);
-    Window().Menu().mViewNotes->trigger();
-    Window().Menu().mUpdate->trigger();
+    Window().Menu().Entry("mViewNotes")->trigger();
+    Window().Menu().Entry("mUpdate")->trigger();
     EXPECT_EQ(TakeMessages(), "");
   }
 
@@ -172,7 +172,7 @@ TEST_F(Disaster, RecordDeletedByAnotherProgramDisappearsAtUpdate) {
   Execute("DELETE FROM Scales WHERE ScaleName = 'Dorian'");
   C().cmbTranspose->Choose(2);
   EXPECT_EQ(Text(C().Label1), "Dorian") << "as it was read";
-  Window().Menu().mUpdate->trigger();
+  Window().Menu().Entry("mUpdate")->trigger();
   EXPECT_EQ(Text(C().Label1), "Major");
   EXPECT_EQ(TakeMessages(), "");
 }
@@ -261,7 +261,7 @@ TEST_F(Disaster, UnconvertibleJetFileIsReportedAndUnchanged) {
   EXPECT_EQ(fs::file_size(Path("TonalithDB97.mdb")), fs::file_size(fixture) - 4096);
   EXPECT_EQ(std::distance(fs::directory_iterator(temp_.Path()), {}), 1);
   EXPECT_EQ(Text(C().Label1), "");
-  Window().Menu().mUpdate->trigger();
+  Window().Menu().Entry("mUpdate")->trigger();
   EXPECT_THAT(box_.Messages(), SizeIs(1)) << "reported again after another attempt";
 }
 

@@ -109,10 +109,10 @@ TEST_F(MainWindowTest, EveryMoveRefreshesOnceAlsoBetweenNeighboursOfOneName) {
 TEST_F(MainWindowTest, NamesCommandTogglesTheNamesAndTheFlag) {
   MakeDatabase(kThree);
   Start();
-  Window().Menu().mViewNotes->trigger();
+  Window().Menu().Entry("mViewNotes")->trigger();
   EXPECT_FALSE(Window().NamesAreShown());
   for (int i = 0; i < 96; ++i) EXPECT_FALSE(C().fretboard->Image(i).NameDrawn() && C().fretboard->Image(i).isVisible());
-  Window().Menu().mViewNotes->trigger();
+  Window().Menu().Entry("mViewNotes")->trigger();
   EXPECT_TRUE(Window().NamesAreShown());
   EXPECT_TRUE(C().fretboard->Image(1).NameDrawn());
 }
@@ -133,7 +133,7 @@ TEST_F(MainWindowTest, UpdateReadsAgainAndReturnsToTheRecordThatWasCurrent) {
   Execute(
       "UPDATE Scales SET ScaleIntervals = '2122221' WHERE ScaleName = 'Dorian';"
       "INSERT INTO Scales(ScaleName, ScaleTypeID, ScaleIntervals) VALUES ('Added', 1, '75')");
-  Window().Menu().mUpdate->trigger();
+  Window().Menu().Entry("mUpdate")->trigger();
   EXPECT_EQ(Text(C().Label1), "Dorian");
   EXPECT_EQ(Text(C().lblTranspose), "Scale Steps:   T  S  T  T  T  T  S");
   Press("Last record");

@@ -124,8 +124,9 @@ TEST_F(PackInstallTest, DisablesControlsThatUseTheLibraryAndEnablesThemAgain) {
   const MainMenu& m = Window().Menu();
   const std::vector<QWidget*> controls = {C().cmdEdit,    C().cmdUpdate, C().cmdListen,    C().cmdPrint,
                                           C().cmdInstall, C().Data1,     C().cmbTranspose, editor};
-  const std::vector<QAction*> entries = {m.mEditor, m.mUpdate,  m.mSearch,   m.mListen,
-                                         m.mPrint,  m.mInstall, m.mViewNotes};
+  const std::vector<QAction*> entries = {m.Entry("mEditor"),   m.Entry("mUpdate"), m.Entry("mSearch"),
+                                         m.Entry("mListen"),   m.Entry("mPrint"),  m.Entry("mInstall"),
+                                         m.Entry("mViewNotes")};
   int steps = 0;
   Install([&] {
     ++steps;
@@ -137,7 +138,7 @@ TEST_F(PackInstallTest, DisablesControlsThatUseTheLibraryAndEnablesThemAgain) {
     QApplication::sendEvent(&Window(), &gain);
     QFocusEvent loss(QEvent::FocusOut, Qt::OtherFocusReason);
     QApplication::sendEvent(&Window(), &loss);
-    EXPECT_TRUE(m.mHelpFile->isEnabled());
+    EXPECT_TRUE(m.Entry("mHelpFile")->isEnabled());
   });
   EXPECT_GT(steps, 0);
   for (QWidget* const control : controls) EXPECT_TRUE(control->isEnabled()) << control->objectName().toStdString();

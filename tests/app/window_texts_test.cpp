@@ -210,9 +210,9 @@ TEST_F(WindowTexts, OfEveryWindowAreTranslatedAndNotClipped) {
 
 TEST_F(WindowTexts, DoNotChangeShortcutsAndNames) {
   StartTranslated();
-  EXPECT_EQ(Window().Menu().mEditor->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_E));
-  EXPECT_EQ(Window().Menu().mUpdate->shortcut(), QKeySequence(Qt::Key_F5));
-  EXPECT_TRUE(Window().Menu().mEditor->text().startsWith(QLatin1String("&Editor")))
+  EXPECT_EQ(Window().Menu().Entry("mEditor")->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_E));
+  EXPECT_EQ(Window().Menu().Entry("mUpdate")->shortcut(), QKeySequence(Qt::Key_F5));
+  EXPECT_TRUE(Window().Menu().Entry("mEditor")->text().startsWith(QLatin1String("&Editor")))
       << "the mnemonic is the translator's";
   EXPECT_EQ(Window().focusWidget()->objectName().toStdString(), "Next record");
   for (const char* const name : {"cmdListen", "fretboardView", "img0", "Data1"}) {

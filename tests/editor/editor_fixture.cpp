@@ -29,7 +29,7 @@ ScaleEditorTest::ScaleEditorTest() : path_(temp_ / data::kDatabaseFileName), dat
   Execute(kScales);
 }
 
-ScaleEditorTest::~ScaleEditorTest() { delete form_.data(); }
+ScaleEditorTest::~ScaleEditorTest() = default;
 
 void ScaleEditorTest::Execute(const std::string& statements) {
   SQLite::Database db(path_, SQLite::OPEN_READWRITE);
@@ -60,7 +60,8 @@ std::string ScaleEditorTest::Saved(const std::string& name) {
 frmScales& ScaleEditorTest::Open(std::optional<std::int64_t> scaleId) {
   std::optional<data::Bookmark> current;
   if (scaleId) current = data::Bookmark{*scaleId};
-  ShowScaleEditor(form_, {database_, box_, host_, current}, nullptr);
+  ShowScaleEditor(editor_, {database_, box_, host_, current}, nullptr);
+  form_ = editor_.Window();
   (void)QTest::qWaitForWindowActive(form_);
   return *form_;
 }

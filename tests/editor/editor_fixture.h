@@ -86,6 +86,7 @@ class ScaleEditorTest : public testing::Test {
   ActingMsgBox box_;
   RecordingHost host_;
   data::ScaleDatabase database_;
+  windows::OpenOnce<frmScales> editor_;
   QPointer<frmScales> form_;
 };
 

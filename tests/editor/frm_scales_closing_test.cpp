@@ -97,7 +97,7 @@ TEST_F(Closing, RefusedChangesKeepTheFormOpen) {
   EXPECT_EQ(Field(1), "Natural Minor");
   EXPECT_EQ(host_.Calls(), "");
   box_.AnswerNext(kOk);
-  EXPECT_FALSE(UnloadScaleEditor(form_));
+  EXPECT_FALSE(editor_.Close());
 }
 
 TEST_F(Closing, SelectedNotesArePendingToo) {
@@ -115,15 +115,15 @@ TEST_F(Closing, SelectedNotesAreDroppedWithCancel) {
   Press(C().cmdModify);
   ClickNotes("B A#");
   box_.AnswerNext(kCancel);
-  EXPECT_TRUE(UnloadScaleEditor(form_));
+  EXPECT_TRUE(editor_.Close());
   EXPECT_EQ(Rows("SELECT ScaleIntervals FROM Scales WHERE ScaleID = 1"), "2212221");
 }
 
 TEST_F(Closing, UnloadingWithoutAFormReturnsImmediately) {
-  EXPECT_TRUE(UnloadScaleEditor(form_));
+  EXPECT_TRUE(editor_.Close());
   Open();
-  EXPECT_TRUE(UnloadScaleEditor(form_));
-  EXPECT_TRUE(UnloadScaleEditor(form_)) << "closed, not gone yet";
+  EXPECT_TRUE(editor_.Close());
+  EXPECT_TRUE(editor_.Close()) << "closed, not gone yet";
 }
 
 }  // namespace

@@ -250,19 +250,6 @@ TEST_F(FrmPrintTest, SecondRequestWhileTheSystemDialogIsOpenIsIgnored) {
   EXPECT_EQ(prints_, 1);
 }
 
-TEST_F(FrmPrintTest, BringToFrontRestoresTheMinimisedWindow) {
-  Show();
-  form_->BringToFront();
-  EXPECT_FALSE(form_->isMinimized());
-  form_->showMinimized();
-  ASSERT_TRUE(form_->isMinimized());
-  form_->BringToFront();
-  EXPECT_FALSE(form_->isMinimized());
-  form_->close();
-  form_->BringToFront();
-  EXPECT_FALSE(form_->isVisible());
-}
-
 TEST_F(FrmPrintTest, CanBeUsedByKeyboardAlone) {
   Show();
   QStringList order;

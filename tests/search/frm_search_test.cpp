@@ -187,45 +187,6 @@ TEST_F(FrmSearchTest, FlagCanBeReadAndWrittenFromOutside) {
   EXPECT_FALSE(form_->property("SearchCancelled").toBool());
 }
 
-/// Counts how often a window is raised.
-class RaiseCounter : public QObject {
- public:
-  explicit RaiseCounter(QWidget& window) { window.installEventFilter(this); }
-  [[nodiscard]] int Raised() const { return raised_; }
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    if (event->type() == QEvent::ZOrderChange) ++raised_;
-    return false;
-  }
-
- private:
-  int raised_ = 0;
-};
-
-TEST_F(FrmSearchTest, BringToFrontRaisesAndActivatesTheDialog) {
-  Show();
-  QWidget other;
-  other.show();
-  other.activateWindow();
-  QCoreApplication::processEvents();
-  ASSERT_FALSE(form_->isActiveWindow());
-  const RaiseCounter counter(*form_);
-  form_->BringToFront();
-  QCoreApplication::processEvents();
-  EXPECT_TRUE(form_->isActiveWindow());
-  EXPECT_EQ(counter.Raised(), 1);
-  EXPECT_TRUE(Text()->hasFocus());
-}
-
-TEST_F(FrmSearchTest, BringToFrontRestoresAMinimizedDialog) {
-  EXPECT_FALSE(form_->IsShown());
-  Show();
-  EXPECT_TRUE(form_->IsShown());
-  form_->showMinimized();
-  ASSERT_TRUE(form_->isMinimized());
-  form_->BringToFront();
-  EXPECT_FALSE(form_->isMinimized());
-}
-
 TEST_F(FrmSearchTest, TabOrderIsTextSearchCancel) {
   Show();
   QTest::keyClick(Text(), Qt::Key_Tab);

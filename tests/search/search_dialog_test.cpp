@@ -6,8 +6,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <stdexcept>
+#include <QTest>
+#include <QTimer>
 
+#include "search/fake_scales.h"
+#include "search/frm_search.h"
 #include "support/recording_msg_box.h"
 
 namespace tonalith::search {
@@ -17,104 +20,93 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Message = tests::RecordingMsgBox::Message;
 
-/// The script of a scripted dialog and the log of its run.
-struct Script {
-  std::function<void(SearchDialog&)> whileShown = [](SearchDialog&) {};
-  std::string text = "melodic";
-  std::string openedWith = "never opened";
-  std::string log;
-};
-
-class ScriptedDialog : public SearchDialog {
- public:
-  explicit ScriptedDialog(Script& script) : script_(script) { script_.log += "made "; }
-  ~ScriptedDialog() override { script_.log += "unloaded "; }
-  [[nodiscard]] bool SearchCancelled() const override { return cancelled_; }
-  void SetSearchCancelled(bool cancelled) override { cancelled_ = cancelled; }
-  [[nodiscard]] std::string SearchText() const override { return script_.text; }
-  void SetSearchText(const std::string& text) override { script_.openedWith = text; }
-  void ShowModal() override {
-    script_.log += cancelled_ ? "shown-cancelled " : "shown ";
-    isShown_ = true;
-    script_.whileShown(*this);
-  }
-  [[nodiscard]] bool IsShown() const override { return isShown_; }
-  void BringToFront() override { script_.log += "raised "; }
-
- private:
-  Script& script_;
-  bool cancelled_ = true;
-  bool isShown_ = false;
-};
-
 class RunSearchTest : public testing::Test {
  protected:
-  void Run() {
-    RunSearch(
-        dialog_, [this] { return std::make_unique<ScriptedDialog>(script_); }, text_, box_);
+  /// Runs the dialog; `act` is called when it is visible.
+  template <class Act>
+  void Run(Act act) {
+    const auto make = [&] {
+      auto* const form = new frmSearch(std::make_unique<FakeScales>("Major,Dorian"), box_, nullptr);
+      // RunSearch clears the flag.
+      form->SetSearchCancelled(true);
+      form_ = form;
+      QTimer::singleShot(0, form, [this, act] {
+        openedWith_ = form_->SearchText();
+        wasCancelled_ = form_->SearchCancelled();
+        act();
+      });
+      return form;
+    };
+    RunSearch(*dialog_, make, text_, box_);
   }
-  Script script_;
+  /// Runs the dialog, which ends without a cancellation, with this text.
+  void EnterText(const char* text) {
+    Run([this, text] {
+      form_->SetSearchText(text);
+      form_->hide();
+    });
+  }
+
   tests::RecordingMsgBox box_;
-  std::unique_ptr<SearchDialog> dialog_;
+  std::unique_ptr<windows::OpenOnce<frmSearch>> dialog_ = std::make_unique<windows::OpenOnce<frmSearch>>();
+  QPointer<frmSearch> form_;
   std::string text_;
+  std::string openedWith_ = "never opened";
+  bool wasCancelled_ = true;
 };
 
 TEST_F(RunSearchTest, ShowsTheDialogWithTheFlagCleared) {
-  Run();
-  EXPECT_EQ(script_.log, "made shown unloaded ");
-  EXPECT_EQ(dialog_, nullptr);
+  bool wasVisible = false;
+  Run([&] {
+    wasVisible = form_->isVisible();
+    form_->close();
+  });
+  EXPECT_TRUE(wasVisible);
+  EXPECT_FALSE(wasCancelled_);
+  EXPECT_TRUE(form_.isNull()) << "destroyed at the end";
+  EXPECT_EQ(dialog_->Window(), nullptr);
 }
 
 TEST_F(RunSearchTest, ShowsTheSearchTextIfTheDialogIsNotCancelled) {
-  Run();
+  EnterText("melodic");
   EXPECT_THAT(box_.Messages(), ElementsAre(Message{"Searching for: melodic", core::MsgBoxStyle::kOkOnly, ""}));
 }
 
 TEST_F(RunSearchTest, ShowsNoMessageIfCancelled) {
-  script_.whileShown = [](SearchDialog& dialog) { dialog.SetSearchCancelled(true); };
-  Run();
-  EXPECT_EQ(script_.log, "made shown unloaded ");
+  Run([this] { form_->SetSearchText("melodic"), form_->cmdCancel_Click(); });
   EXPECT_THAT(box_.Messages(), IsEmpty());
+  EXPECT_EQ(text_, "melodic");
 }
 
 TEST_F(RunSearchTest, OpensWithItsLastText) {
-  Run();
-  EXPECT_EQ(script_.openedWith, "");
-  script_.text = " ";
-  Run();
-  EXPECT_EQ(script_.openedWith, "melodic");
-  Run();
-  EXPECT_EQ(script_.openedWith, "melodic") << "a blank text is not stored";
-}
-
-TEST_F(RunSearchTest, UsesAnExistingDialog) {
-  dialog_ = std::make_unique<ScriptedDialog>(script_);
-  Run();
-  EXPECT_EQ(script_.log, "made shown unloaded ");
+  EnterText("melodic");
+  EXPECT_EQ(openedWith_, "");
+  EnterText(" ");
+  EXPECT_EQ(openedWith_, "melodic");
+  EnterText(" ");
+  EXPECT_EQ(openedWith_, "melodic") << "a blank text is not stored";
 }
 
 TEST_F(RunSearchTest, SecondCommandBringsAShownDialogToTheFront) {
-  script_.whileShown = [this](SearchDialog& dialog) {
-    Run();
-    dialog.SetSearchCancelled(true);
-  };
-  Run();
-  EXPECT_EQ(script_.log, "made shown raised unloaded ");
+  QWidget other;
+  Run([&] {
+    other.show();
+    other.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&other));
+    frmSearch* const first = form_;
+    Run([] { ADD_FAILURE() << "a second dialog is shown"; });
+    EXPECT_EQ(form_, first);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(first));
+    first->close();
+  });
   EXPECT_THAT(box_.Messages(), IsEmpty());
-}
-
-TEST_F(RunSearchTest, DestroysTheDialogIfShowingItFails) {
-  script_.whileShown = [](SearchDialog&) { throw std::runtime_error("no screen"); };
-  EXPECT_THROW(Run(), std::runtime_error);
-  EXPECT_EQ(script_.log, "made shown unloaded ");
-  EXPECT_EQ(dialog_, nullptr);
 }
 
 TEST_F(RunSearchTest, OwnerMayDestroyAShownDialog) {
-  script_.whileShown = [this](SearchDialog&) { dialog_.reset(); };
-  Run();
-  EXPECT_EQ(script_.log, "made shown unloaded ");
+  Run([this] { dialog_.reset(); });
+  EXPECT_TRUE(form_.isNull());
   EXPECT_THAT(box_.Messages(), IsEmpty());
+  EXPECT_EQ(text_, "");
 }
 
 }  // namespace

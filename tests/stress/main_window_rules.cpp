@@ -25,9 +25,9 @@ void CheckCommands(const app::frmTonalith& form, bool hasRecord) {
   const app::MainMenu& m = form.Menu();
   Require(c.cmdListen->isEnabled() == hasRecord && c.cmdPrint->isEnabled() == hasRecord,
           "Listen and Print are there exactly with a record", hasRecord ? "off" : "on");
-  Require(m.mListen->isEnabled() == hasRecord && m.mPrint->isEnabled() == hasRecord,
+  Require(m.Entry("mListen")->isEnabled() == hasRecord && m.Entry("mPrint")->isEnabled() == hasRecord,
           "the menu's Listen and Print are there exactly with a record", hasRecord ? "off" : "on");
-  Require(c.cmdInstall->isEnabled() == m.mInstall->isEnabled(), "Install and its menu entry go together", "");
+  Require(c.cmdInstall->isEnabled() == m.Entry("mInstall")->isEnabled(), "Install and its menu entry go together", "");
   for (const QWidget* const control : std::initializer_list<QWidget*>{c.cmdUpdate, c.cmdPrint, c.cmdEdit, c.cmdListen,
                                                                       c.cmdInstall, c.lblStatus, c.Data1}) {
     Require(!control->isHidden() && control->isEnabledTo(control->parentWidget()) == control->isEnabled(),

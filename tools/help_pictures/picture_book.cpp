@@ -94,11 +94,10 @@ QImage PictureBook::Picture(const std::string& name) {
 
 QImage PictureBook::Editor(EditorPart part) {
   NullEditorHost host;
-  QPointer<editor::frmScales> form;
-  editor::ShowScaleEditor(form, {program_->database, program_->box, host, std::nullopt}, nullptr);
-  QImage picture = part == EditorPart::kAll ? PictureOf(*form) : PartOf(*form, {form->Controls().keyboard});
-  delete form.data();
-  return picture;
+  windows::OpenOnce<editor::frmScales> editor;
+  editor::ShowScaleEditor(editor, {program_->database, program_->box, host, std::nullopt}, nullptr);
+  editor::frmScales& form = *editor.Window();
+  return part == EditorPart::kAll ? PictureOf(form) : PartOf(form, {form.Controls().keyboard});
 }
 
 QImage PictureBook::Search() {
