@@ -69,6 +69,7 @@ TonalithRequire() {
   done
   if ! TonalithInstall "$log" "${names[@]}"; then
     printf 'Once more, after a short rest.\n'
+    # The package server may be busy.
     sleep 5
     "${asRoot[@]}" apt-get -q -o DPkg::Lock::Timeout=300 update >>"$log" 2>&1 </dev/null || true
     if ! TonalithInstall "$log" "${names[@]}"; then

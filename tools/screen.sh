@@ -36,6 +36,7 @@ TonalithPicture() (
       exit 0
     fi
     before=$now
+    # Polls: a screenshot shows whether the window is painted.
     sleep 0.1
   done
   cat -- "$scratch/program.log" >&2
@@ -56,6 +57,7 @@ TonalithEnd() {
   kill -TERM "$1" 2>/dev/null || return 0
   for ((waited = 0; waited < 50; waited++)); do
     kill -0 "$1" 2>/dev/null || return 0
+    # Polls: a shell cannot wait for a process of another one.
     sleep 0.1
   done
   kill -KILL "$1" 2>/dev/null || true

@@ -83,6 +83,7 @@ TEST_F(PackInstallTest, ShowsProgressAfterHalfASecondAndThenTheResult) {
   qint64 firstAt = 0;
   std::vector<std::string> seen;
   Install([&] {
+    // Slows the import down: its progress appears after half a second of real time.
     std::this_thread::sleep_for(std::chrono::milliseconds(20));
     if (InstallLabel().empty() || (!seen.empty() && seen.back() == InstallLabel())) return;
     if (seen.empty()) firstAt = clock.elapsed();

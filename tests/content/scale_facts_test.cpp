@@ -87,7 +87,7 @@ TEST(ScaleFacts, BebopScalesAreSevenNoteScalesWithOnePassingNote) {
   EXPECT_EQ(Notes("Bebop half-diminished"), Notes("Locrian").set(7));
 }
 
-TEST(ScaleFacts, SixthDiminishedScalesJoinAChordAndTheDiminishedChordAboveIt) {
+TEST(ScaleFacts, SixthDiminishedScalesJoinAChordAndADiminishedChord) {
   const PitchClassSet diminished = Transposed(Notes("Diminished 7"), 2);
   EXPECT_EQ(Notes("Bebop major"), Notes("Major 6") | diminished);
   EXPECT_EQ(Notes("Bebop melodic minor"), Notes("Minor 6") | diminished);

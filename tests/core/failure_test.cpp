@@ -47,7 +47,7 @@ TEST(FailureTest, OtherExceptionsBecomeFailuresWithTheirText) {
   EXPECT_EQ(deferred.Pending()->NumberAndDescription(), "7: Out of memory");
 }
 
-TEST(DeferredFailureTest, RunsTheNextStepAfterAFailingOneAndReportsTheLatestOnce) {
+TEST(DeferredFailureTest, RunsTheNextStepAfterAFailureAndReportsTheLatest) {
   tests::RecordingMsgBox box;
   DeferredFailure deferred;
   int ran = 0;

@@ -15,7 +15,7 @@ TEST(FieldLimits, NamesAreAsLongAsTextColumnsOfOtherPrograms) {
 
 TEST(FieldLimits, LibrariesMayHoldDescriptionsOfTwoPages) { EXPECT_EQ(kLongestDescription, 8000U); }
 
-TEST(FieldLimits, APatternHasThreeOctavesOfSemitonesAndABlankOnEachSideOfADigit) {
+TEST(FieldLimits, APatternHasThreeOctavesAndBlanksAroundItsDigits) {
   EXPECT_EQ(kMostPatternDigits, 3U * 12U);
   EXPECT_EQ(kLongestPattern, kMostPatternDigits + 2 * kMostPatternDigits);
 }

@@ -127,7 +127,7 @@ TEST_F(ScaleConstruction, MakerContinuesAfterACharacterThatIsNoDigit) {
   EXPECT_EQ(box_.Texts(), "Subscript out of range\n");
 }
 
-TEST_F(ScaleConstruction, WrappedNotesStartAtTheRootModuloTwelveAndDoNotRepeatIt) {
+TEST_F(ScaleConstruction, WrappedNotesStartAtTheRootAndDoNotRepeatIt) {
   EXPECT_THAT(WrappedScaleNotes(14, kMajor), ElementsAre("D", "E", "F#", "G", "A", "B", "C#"));
   EXPECT_THAT(WrappedScaleNotes(0, ""), IsEmpty());
   EXPECT_THAT(WrappedScaleNotes(11, "9999"), ElementsAre("B", "G#", "F", "D"));

@@ -315,6 +315,7 @@ TEST(JetConversion, ShowsTheOldOrTheNewFileAtEveryMoment) {
       }
       ::_exit(0);
     }
+    // The kill comes at another moment in each round.
     ::usleep(static_cast<useconds_t>(delay) * 10'000);
     ::kill(process, SIGKILL);
     ::waitpid(process, nullptr, 0);

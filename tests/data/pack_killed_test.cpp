@@ -206,6 +206,7 @@ TEST_F(KilledAtRandomTest, KeepsFinishedChangesAndNoPartialOnes) {
       WorkRoundAfterRound(
           self, Main(), [this](int round) { InstallRound(round); }, next);
     });
+    // The kill comes at another moment in each round.
     ::usleep(2000 + static_cast<useconds_t>(random() % 60'000));
     const std::string reports = worker.Kill();
     ASSERT_EQ(reports.find('!'), std::string::npos) << reports;

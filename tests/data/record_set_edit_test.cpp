@@ -379,6 +379,7 @@ TEST(RecordSetEdit, LeavesTheStateBeforeOrAfterAWriteWhenTheProgramIsKilled) {
         records.Update();
       }
     }
+    // The kill comes at another moment in each round.
     ::usleep(20000 + round * 7000);
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);

@@ -155,6 +155,7 @@ TEST(ShippedRows, AreTheOldOrTheNewOnesAfterAKillAtAnyStep) {
       RenewShippedRows(copy.Path(), Rows());
       ::_exit(0);
     }
+    // The kill comes at another moment in each round.
     ::usleep(static_cast<useconds_t>(delay) * 250);
     ::kill(child, SIGKILL);
     ::waitpid(child, nullptr, 0);

@@ -177,7 +177,7 @@ TEST_F(FrmScales, AfterApplyOnlyTheNotesOfThePatternAreVisible) {
   EXPECT_EQ(VisibleNotes(), "C C# D D# E F F# G G# A A# B");
 }
 
-TEST_F(FrmScales, ApplyWithCancelLeavesTheModeHidesTheUnselectedAndWritesNothing) {
+TEST_F(FrmScales, ApplyWithCancelLeavesTheModeAndWritesNothing) {
   Open();
   Press(C().cmdModify);
   ClickNotes("D F A B");

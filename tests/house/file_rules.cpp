@@ -14,6 +14,8 @@ namespace {
 constexpr std::size_t kFileLines = 400;
 constexpr std::size_t kHeaderLines = 150;
 constexpr std::size_t kParagraphCharacters = 30;
+/// Suite and name; with the name of the room, lists of tests then fit on a line.
+constexpr std::size_t kTestNameCharacters = 69;
 
 bool IsCode(const Path& file) {
   static const std::set<std::string> endings{".cpp", ".h", ".cmake", ".sh", ".py"};
@@ -72,6 +74,27 @@ bool HasWorkMarker(const std::string& line) {
   });
 }
 
+/// The characters of the name of the test that the line defines; 0 if it defines none.
+std::size_t TestNameCharacters(const std::string& line) {
+  static const std::regex test(R"(^(?:TYPED_)?TEST(?:_F|_P)?\((\w+), *(\w+))");
+  std::smatch parts;
+  if (!std::regex_search(line, parts, test)) return 0;
+  return static_cast<std::size_t>(parts.length(1) + 1 + parts.length(2));
+}
+
+/// Whether a line sleeps for a fixed time.
+bool Sleeps(const std::string& line) {
+  static const std::regex sleep(R"(\b(sleep_for|usleep|msleep|qWait|time\.sleep)\(|^\s*sleep \d)");
+  return std::regex_search(line, sleep);
+}
+
+bool IsComment(const std::string& line) {
+  const std::size_t start = line.find_first_not_of(' ');
+  return start != std::string::npos && (line[start] == '#' || line.compare(start, 2, "//") == 0);
+}
+
+bool MustNotSleep(const Path& file) { return *file.begin() == "tests" || *file.begin() == "tools"; }
+
 }  // namespace
 
 std::vector<std::string> ViolationsOf(const Path& root, const Path& file) {
@@ -94,6 +117,13 @@ std::vector<std::string> ViolationsOf(const Path& root, const Path& file) {
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (HasWorkMarker(lines[i])) {
       report("a loose end in line " + std::to_string(i + 1));
+    }
+    if (TestNameCharacters(lines[i]) > kTestNameCharacters) {
+      report("a test name of " + std::to_string(TestNameCharacters(lines[i])) + " characters in line " +
+             std::to_string(i + 1) + ", " + std::to_string(kTestNameCharacters) + " are allowed");
+    }
+    if (MustNotSleep(file) && Sleeps(lines[i]) && (i == 0 || !IsComment(lines[i - 1]))) {
+      report("a fixed sleep without a reason in the line above it, in line " + std::to_string(i + 1));
     }
   }
   return violations;

@@ -2,7 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
 // Rules for a source file that its lines show: length, licence lines, the opening paragraph of a header, no work
-// markers. Returns one line of text per violation. clang-tidy limits the length of functions.
+// markers, short names of tests, no fixed sleeps in tests without a reason. Returns one line of text per violation.
+// clang-tidy limits the length of functions.
 
 #pragma once
 

@@ -77,5 +77,33 @@ TEST(FileRules, NoWorkMarkersAreInTheText) {
   EXPECT_THAT(Violations("src/core/a.cpp", kLicence + "int my" + word + "List;\n"), IsEmpty());
 }
 
+TEST(FileRules, TheNameOfATestFitsOnALine) {
+  const auto test = [](int letters) {
+    return kLicence + "TEST_F(Suite, " + std::string(static_cast<std::size_t>(letters), 'A') + ") {\n";
+  };
+  EXPECT_THAT(Violations("tests/core/a.cpp", test(63)), IsEmpty());
+  EXPECT_THAT(Violations("tests/core/a.cpp", test(64)),
+              ElementsAre("tests/core/a.cpp: a test name of 70 characters in line 3, 69 are allowed"));
+}
+
+TEST(FileRules, AFixedSleepNeedsAReason) {
+  for (const char* const call : {"std::this_thread::sleep_"
+                                 "for(x);",
+                                 "::usl"
+                                 "eep(5);",
+                                 "time.sl"
+                                 "eep(1)",
+                                 "sle"
+                                 "ep 5"}) {
+    EXPECT_THAT(Violations("tests/core/a.py", kLicence + "int a;\n" + call + "\n"),
+                ElementsAre("tests/core/a.py: a fixed sleep without a reason in the line above it, in line 4"))
+        << call;
+    EXPECT_THAT(Violations("tests/core/a.py", kLicence + "int a;\n  # The device needs it.\n  " + call + "\n"),
+                IsEmpty());
+    EXPECT_THAT(Violations("src/core/a.cpp", kLicence + "int a;\n" + call + "\n"), IsEmpty());
+  }
+  EXPECT_THAT(Violations("tests/core/a.py", kLicence + "asleep = 5\n"), IsEmpty());
+}
+
 }  // namespace
 }  // namespace tonalith::house

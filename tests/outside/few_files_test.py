@@ -8,7 +8,6 @@ import shutil
 import subprocess
 import sys
 import tempfile
-import time
 import unittest
 
 from timed import timely
@@ -39,10 +38,11 @@ class FewFiles(unittest.TestCase):
 
     def require_start(self, soft, hard):
         with self.start(soft, hard) as program:
-            time.sleep(STARTED)
-            code = program.poll()
-            program.kill()
-            self.assertIsNone(code, f"with {soft} files: {program.stderr.read()}")
+            try:
+                with self.assertRaises(subprocess.TimeoutExpired, msg=f"it ended with {soft} files"):
+                    program.wait(STARTED)
+            finally:
+                program.kill()
 
     def test_too_few_files_are_named_as_the_cause(self):
         for count in range(8, STREAMS + NEEDED):

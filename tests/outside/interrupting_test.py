@@ -57,9 +57,11 @@ class Interrupting(ListeningCase):
         with Stalls() as stalls:
             status = self.listen()
             for _ in range(3):
+                note = self.session.text(status)
                 self.session.press(listen)
-                time.sleep(0.4)
+                self.session.wait(lambda note=note: self.session.text(status) != note, "the next note")
             self.session.wait_for_standby(status)
+        # Long enough for the start of another playback, which must not come.
         time.sleep(0.5)
         self.assertEqual(self.session.text(status), "Standby")
         self.assert_sounds(self.session.recording(), expected_notes("C", MAJOR), stalls)

@@ -14,11 +14,11 @@ import sqlite3
 import statistics
 import unittest
 
+from notes import KEYS
 from recorded import cents, first_sound, largest_difference, pitch, samples_of
 from stalls import Stalls
 from timed import timely
 
-KEYS = ["C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"]
 NOTE = re.compile(r"([A-G]#?), string [1-6], (?:open|fret \d+)")
 C4 = 440 * 2 ** (-9 / 12)
 MAJOR = "2212221"

@@ -59,7 +59,9 @@ class Listening(ListeningCase):
         files = [samples_of(os.path.join(self.session.stage, "Octaves", f"{number}.wav"))[0] for _, number in CLICKS]
         for button in [self.session.button(name) for name, _ in CLICKS]:
             self.session.press(button)
+            # The next click comes while the note still sounds.
             time.sleep(0.4)
+        # The recording runs in real time: the last note sounds to its end.
         time.sleep(3)
         recording = self.session.recording()
         starts = [find(recording.left, samples, SETTLED) for samples in files]

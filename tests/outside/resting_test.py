@@ -73,8 +73,10 @@ class Resting(unittest.TestCase):
         self.assert_idle(self.session.program.pid, 1)
 
     def assert_idle(self, pid, seconds_before):
+        # After the last sound, the device is paused.
         time.sleep(seconds_before)
         before = Threads(pid)
+        # The processor time of two seconds of rest is measured.
         time.sleep(2)
         seconds, wake_ups, time_passed = Threads(pid).since(before)
         used, woken = sum(seconds.values()) / time_passed, sum(wake_ups.values()) / time_passed

@@ -62,6 +62,7 @@ class Session:
                 return answer
             if self.program and self.program.poll() is not None:
                 raise SessionFailure(f"the program ended with {self.program.returncode}; {self.output()}")
+            # Polls: the bus has no event for an arbitrary condition.
             time.sleep(0.05)
         raise SessionFailure(f"{what} did not happen; {self.output()}")
 

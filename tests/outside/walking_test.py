@@ -12,9 +12,9 @@ import sqlite3
 import sys
 import unittest
 
+from notes import KEYS
 from session import Session, descendants
 
-KEYS = ["C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"]
 NOTE = re.compile(r"([A-G]#?), string [1-6], (?:open|fret \d+)")
 NAME_TIP = "The name of the scale"
 TYPE_TIP = "The type of scale"

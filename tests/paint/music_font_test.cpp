@@ -64,7 +64,7 @@ TEST_P(SubstituteMusicFont, ReportsTheCellThatTheStaffLayoutAssumes) {
   EXPECT_DOUBLE_EQ(font.Cell(2 * kEm).height, 400);
 }
 
-TEST_P(SubstituteMusicFont, CentresTheWholeNoteOnTheStepLineAndOnTheLedgerLine) {
+TEST_P(SubstituteMusicFont, CentresTheWholeNoteOnStepAndLedgerLines) {
   const QImage image = Printed("w");
   const QRectF ink = tests::InkBox(image, image.rect());
   ASSERT_FALSE(ink.isEmpty());

@@ -45,6 +45,7 @@ TYPED_TEST_P(EventPumpConformance, BlocksUntilAnotherThreadPosts) {
   const auto window = this->CountingWindow();
   const double before = ProcessorSeconds();
   std::thread poster([&] {
+    // The pump must wait meanwhile, without processor time.
     std::this_thread::sleep_for(milliseconds(300));
     this->host_.Windows().PostMessage(window, 1, 0, 0);
   });

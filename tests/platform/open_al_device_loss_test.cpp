@@ -102,6 +102,7 @@ TEST_F(DeviceLoss, UsesTheDeviceWhenItReturns) {
   Disconnect();
   Play();
   Connect();
+  // The output looks for a device once a second.
   std::this_thread::sleep_for(std::chrono::milliseconds(1100));
   Play();
   EXPECT_EQ(observer_.Missing(), 1);

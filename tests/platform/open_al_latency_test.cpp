@@ -45,6 +45,7 @@ class RecordingWatch {
         at_ += sizeof sides;
         if (std::abs(sides[0]) > 0.01F) return steady_clock::now();
       }
+      // Polls: the mixer writes the file in real time and reports nothing.
       std::this_thread::sleep_for(std::chrono::microseconds(500));
     }
     return {};

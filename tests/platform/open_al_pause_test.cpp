@@ -69,9 +69,11 @@ class OpenAlPause : public ::testing::Test {
 
 TEST_F(OpenAlPause, NoThreadWakesUpWhileTheDeviceIsPaused) {
   Play();
+  // The device is paused two seconds after the last sound.
   std::this_thread::sleep_for(milliseconds(3000));
   const long before = Sleeps();
   const double used = ProcessorSeconds();
+  // The wake-ups and the processor time of a second are measured.
   std::this_thread::sleep_for(milliseconds(1000));
   EXPECT_LT(Sleeps() - before, 5) << "the sleep of this thread is one of them";
   EXPECT_LT(ProcessorSeconds() - used, tests::Timely(0.005));
@@ -79,6 +81,7 @@ TEST_F(OpenAlPause, NoThreadWakesUpWhileTheDeviceIsPaused) {
 
 TEST_F(OpenAlPause, PlaysAgainAfterAPause) {
   Play();
+  // The device is paused two seconds after the last sound.
   std::this_thread::sleep_for(milliseconds(2500));
   const double took = Play();
   EXPECT_GT(took, 0.05);
@@ -91,6 +94,7 @@ TEST_F(OpenAlPause, APausedDevicePlaysTheNextSound) {
   bool isThere = false;
   for (int attempt = 0; attempt < kMostAttempts && !isThere; ++attempt) {
     Play();
+    // The device is paused two seconds after the last sound.
     std::this_thread::sleep_for(milliseconds(2500));
     const int before = host_.reports.missing;
     Play();

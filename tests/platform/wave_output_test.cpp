@@ -91,6 +91,7 @@ TEST(SilentWaveOutput, DoesNotPollDuringOrAfterASound) {
   SilentSound sound(milliseconds(400));
   const double before = ProcessorSeconds();
   sound.Play();
+  // The processor time of a rest is measured, too.
   std::this_thread::sleep_for(milliseconds(200));
   EXPECT_LT(ProcessorSeconds() - before, tests::Timely(0.03));
 }

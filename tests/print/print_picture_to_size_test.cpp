@@ -95,7 +95,7 @@ TEST_F(PrintPictureToSizeTest, PrintsTheContentOfTheSource) {
   EXPECT_EQ(tests::InkBox(dots, dots.rect()), QRect(0, 0, 200, 2));
 }
 
-TEST_F(PrintPictureToSizeTest, FailureOfAnyStepIsReportedOnceAndPicTempIsDeleted) {
+TEST_F(PrintPictureToSizeTest, FailureOfAnyStepIsReportedAndPicTempDeleted) {
   for (const char* const step : {"width", "height", "paint", "end"}) {
     script_.Repair();
     script_.Break(step);

@@ -81,11 +81,13 @@ TEST(ChildProcess, CallsBackWhileWaitingAndDoesNotCountThatTime) {
   int calls = 0;
   ChildProcess process(
       [](int pipe) {
+        // A child that is slower than the first callback.
         ::usleep(100'000);
         WriteText(pipe, "late");
       },
       limits,
       [&] {
+        // Longer than the child may take in total.
         if (++calls == 1) ::usleep(1'200'000);
       });
   EXPECT_EQ(AllOf(process), "late");

@@ -59,6 +59,7 @@ class FrmSearchTest : public testing::Test {
     for (std::int64_t key = 4; key < 100000; ++key) scales_->rows_[key] = "Major";
     scales_->onTest_ = [this] {
       ++tested_;
+      // A slow comparison: the search must show its progress in real time.
       std::this_thread::sleep_for(std::chrono::milliseconds(2));
     };
   }

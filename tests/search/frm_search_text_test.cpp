@@ -72,6 +72,7 @@ TEST(FrmSearchPointer, IsNotBusyDuringTheMessageAfterALongSearch) {
   auto scales = std::make_unique<FakeScales>("Major,Dorian");
   constexpr std::int64_t kRecords = 170;
   for (std::int64_t key = 3; key < kRecords; ++key) scales->rows_[key] = "Minor";
+  // A slow comparison: the search must show its progress in real time.
   scales->onTest_ = [] { std::this_thread::sleep_for(std::chrono::milliseconds(2)); };
   PointerWatchingMsgBox box;
   frmSearch form(std::move(scales), box, nullptr);

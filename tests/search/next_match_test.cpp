@@ -38,6 +38,7 @@ class NextMatch : public testing::Test {
     for (std::int64_t key = 4; key < records; ++key) scales_.rows_[key] = "Major";
     scales_.onTest_ = [this] {
       ++tested_;
+      // A slow comparison: the search must show its progress in real time.
       std::this_thread::sleep_for(std::chrono::milliseconds(2));
     };
   }

@@ -97,7 +97,7 @@ TEST_F(ScaleSearchTest, WrapMessageIsThereWhenTheMatchFollowsTheWrap) {
   EXPECT_EQ(watcher_.message_, kWrapText);
 }
 
-TEST_F(ScaleSearchTest, WithoutAMatchEachRecordIsTestedOnceAndNoneIsMadeCurrent) {
+TEST_F(ScaleSearchTest, WithoutAMatchEachRecordIsTestedOnce) {
   Make("A,B,C", "A");
   EXPECT_EQ(Search("x"), "B? C? A? ");
   EXPECT_EQ(watcher_.message_, kWrapText);

@@ -56,6 +56,7 @@ std::optional<int> WaitFor(pid_t process, const fs::path& journal) {
   auto latest = Clock::now();
   int status = 0;
   while (::waitpid(process, &status, WNOHANG) == 0) {
+    // Polls: the journal of the process shows its progress.
     ::usleep(5000);
     if (const std::uintmax_t now = SizeOf(journal); now != size) {
       size = now;

@@ -69,6 +69,7 @@ def process_suspended(session):
 
 def suspend(session):
     session.program.send_signal(signal.SIGSTOP)
+    # The program is suspended for real time.
     time.sleep(SUSPENDED_SECONDS)
     session.program.send_signal(signal.SIGCONT)
 
@@ -97,6 +98,7 @@ def play(session, jumps):
     for jump in jumps:
         jump()
         session.until(lambda: session.status(), "a response after the jump")
+        # The jumps are spread over the playback, which runs in real time.
         time.sleep(0.3)
     session.until(lambda: session.status() == "Standby", "the end of the playback")
     took = time.monotonic() - start

@@ -67,7 +67,7 @@ TEST_F(FretboardPainting, PlayMarkerIsAnAmberTriangleThatPointsDown) {
   EXPECT_TRUE(marker.testAttribute(Qt::WA_TransparentForMouseEvents)) << "a click on it reaches the note";
 }
 
-TEST_F(FretboardPainting, FocusRingIsAmberWithADarkEdgeAndHasTheShapeOfItsNote) {
+TEST_F(FretboardPainting, FocusRingIsAmberWithADarkEdgeAroundItsNote) {
   for (const NotePicture picture : {NotePicture::kKeyNote, NotePicture::kScaleNote}) {
     NoteImage& note = Note(picture);
     note.setFocus(Qt::TabFocusReason);

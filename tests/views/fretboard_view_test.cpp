@@ -215,7 +215,7 @@ TEST_F(FretboardViewTest, ReportsANullPatternOnceAndShowsNothing) {
   EXPECT_EQ(scale.stepLine, "Scale Steps: ");
 }
 
-TEST_F(FretboardViewTest, ReportsAPatternThatIsNoNumberOnceAndStillWritesItsStepWords) {
+TEST_F(FretboardViewTest, ReportsAPatternThatIsNoNumberAndWritesStepWords) {
   OneScale scale("2x1");
   Refresh(view_, "C", scale);
   EXPECT_EQ(msgBox_.Texts(), "13 Type mismatch\n");

@@ -64,7 +64,7 @@ TEST_F(FittingLabelTest, TextTooLongForAnySizeEndsInAnEllipsisInsideTheBox) {
   EXPECT_EQ(label_.text().size(), 200);
 }
 
-TEST_F(FittingLabelTest, FittedFontIsTheLabelFontInTheFittedSizeAndGivenWeight) {
+TEST_F(FittingLabelTest, FittedFontHasTheFittedSizeAndTheGivenWeight) {
   QFont spaced = label_.font();
   spaced.setLetterSpacing(QFont::AbsoluteSpacing, 2);
   spaced.setPixelSize(11);
