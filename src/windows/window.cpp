@@ -18,19 +18,21 @@ namespace {
 template <class Base>
 constexpr bool kIsDialog = std::is_same_v<Base, QDialog>;
 
+QPalette WindowPalette() { return paint::WarmPalette(QApplication::palette()); }
+
 }  // namespace
 
 template <class Base>
 Window<Base>::Window(const QString& name, QWidget* owner, Qt::WindowFlags flags)
     : Base(owner, std::is_same_v<Base, QWidget> ? flags | Qt::Window : flags) {
   this->setObjectName(name);
-  FollowSystem();
+  this->setPalette(WindowPalette());
 }
 
 template <class Base>
 void Window<Base>::FollowSystem() {
-  this->setPalette(paint::WarmPalette(QApplication::palette()));
-  if (isComplete_) ApplyTheme();
+  this->setPalette(WindowPalette());
+  ApplyTheme();
 }
 
 template <class Base>
