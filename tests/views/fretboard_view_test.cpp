@@ -232,6 +232,24 @@ TEST_F(FretboardViewTest, ShowsAndReportsNothingWithoutACurrentRecord) {
   EXPECT_EQ(scale.stepLine, "Scale Steps: ");
 }
 
+/// A window that writes degrees on the discs.
+class ScaleWithDegrees : public OneScale {
+ public:
+  using OneScale::OneScale;
+  [[nodiscard]] std::string LabelOf(const core::ScaleNote& note) const override { return std::to_string(note.degree); }
+};
+
+TEST_F(FretboardViewTest, WritesTheLabelsOfTheWindowAndKeepsTheNames) {
+  ScaleWithDegrees degrees("75");
+  Refresh(view_, "C", degrees);
+  EXPECT_EQ(InText(view_).substr(0, 32), ". . . 2 . . . . *1 . . . . . . 2");
+  EXPECT_EQ(view_.Image(3).Tag(), "G");
+  EXPECT_EQ(view_.Image(3).accessibleName(), "G, string 1, fret 3");
+  OneScale names("75");
+  Refresh(view_, "C", names);
+  EXPECT_EQ(InText(view_).substr(0, 32), ". . . G . . . . *C . . . . . . G");
+}
+
 class BrokenScale : public OneScale {
  public:
   BrokenScale() : OneScale("2212221") {}
