@@ -244,7 +244,7 @@ TEST_F(FretboardViewTest, WritesTheLabelsOfTheWindowAndKeepsTheNames) {
   Refresh(view_, "C", degrees);
   EXPECT_EQ(InText(view_).substr(0, 32), ". . . 2 . . . . *1 . . . . . . 2");
   EXPECT_EQ(view_.Image(3).Tag(), "G");
-  EXPECT_EQ(view_.Image(3).accessibleName(), "G, string 1, fret 3");
+  EXPECT_EQ(view_.Image(3).accessibleName().toStdString(), "G, string 1, fret 3");
   OneScale names("75");
   Refresh(view_, "C", names);
   EXPECT_EQ(InText(view_).substr(0, 32), ". . . G . . . . *C . . . . . . G");
