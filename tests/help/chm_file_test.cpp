@@ -27,6 +27,14 @@ TEST(ChmFile, ReturnsEveryObjectUnchanged) {
   }
 }
 
+TEST(ChmFile, ReturnsAnObjectThatIsLargerThanABlock) {
+  const ChmObjects objects = ReadChmFile(BookPath());
+  const auto large = objects.find("/large.txt");
+  ASSERT_NE(large, objects.end());
+  EXPECT_GT(large->second.size(), 200'000U);
+  EXPECT_EQ(large->second, BytesOf(std::string(TONALITH_BINARY_DIR) + "/tests/help/large.txt"));
+}
+
 TEST(ChmFile, ReturnsOnlyTheSettingsOfTheCompilersObjects) {
   const ChmObjects objects = ReadChmFile(BookPath());
   EXPECT_TRUE(objects.contains("/#SYSTEM"));

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QLayout>
 #include <QPointer>
 #include <QTest>
 #include <memory>
@@ -105,6 +106,15 @@ TEST_F(FrmPrintTest, Shape2OutlinesThePrintableArea) {
   EXPECT_NEAR(shape.left(), sheet.left() + 18 * factor, 1.5);
   EXPECT_NEAR(shape.width(), 806 * factor, 1.5);
   EXPECT_NEAR(shape.height(), 559 * factor, 1.5);
+}
+
+TEST_F(FrmPrintTest, ContentHasEqualMarginsOnBothSides) {
+  Show();
+  const QMargins margins = form_->layout()->contentsMargins();
+  EXPECT_EQ(margins.left(), margins.right());
+  EXPECT_EQ(Picture1().geometry().left(), margins.left());
+  EXPECT_EQ(Find<QLabel>("lblStatus").geometry().left(), margins.left());
+  EXPECT_EQ(form_->width() - 1 - Find<QWidget>("cmdCancel").geometry().right(), margins.right());
 }
 
 TEST_F(FrmPrintTest, FollowsPaperAndOrientation) {

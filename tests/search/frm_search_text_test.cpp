@@ -95,5 +95,21 @@ TEST_F(FrmSearchText, IsNotCoveredByAMessageBox) {
   }
 }
 
+TEST_F(FrmSearchText, AMessageBoxIsShownOnce) {
+  struct Box : QMessageBox {
+    using QMessageBox::QMessageBox;
+    int shown = 0;
+    void showEvent(QShowEvent* event) override {
+      ++shown;
+      QMessageBox::showEvent(event);
+    }
+  };
+  Show();
+  Box box(form_.get());
+  box.show();
+  QApplication::processEvents();
+  EXPECT_EQ(box.shown, 1);
+}
+
 }  // namespace
 }  // namespace tonalith::search
