@@ -4,40 +4,27 @@
 #include "app/frm_tonalith.h"
 
 #include <QAbstractButton>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLayout>
-#include <QLineEdit>
 
 #include "app/damaged_scale.h"
 #include "app/frm_about.h"
 #include "app/main_shortcuts.h"
+#include "app/record_binding.h"
 #include "core/deferred_failure.h"
-#include "core/field_limits.h"
-#include "core/paths.h"
-#include "core/scale_record.h"
 #include "editor/frm_scales.h"
 #include "help/mod_html_help.h"
-#include "windows/shown_text.h"
 #include "windows/window_front.h"
 
 namespace tonalith::app {
-namespace {
-
-/// The record source until the start sets another one: the text of the stored query.
-constexpr const char* kDesignRecordSource =
-    "SELECT DISTINCTROW Scales.ScaleID, Scales.ScaleName, Scales.ScaleTypeID, Scales.ScaleDescription, "
-    "Scales.StartNote, Scales.ScaleIntervals, Scales.Chord, Scales.Sort, ScaleTypes.ScaleTypeNo, "
-    "ScaleTypes.ScaleTypeName\r\n"
-    "FROM ScaleTypes INNER JOIN Scales ON ScaleTypes.ScaleTypeID = Scales.ScaleTypeID;\r\n";
-
-}  // namespace
 
 frmTonalith::frmTonalith(const FormServices& services)
     : Window(QStringLiteral("frmTonalith"), nullptr, windows::kFixedSizeWindow),
       services_(services),
-      scale_(c_),
-      desk_(c_, AudioFolder),
-      playback_(services.neck, services.sounds, services.scaleSounds, desk_, services.events, services.msgBox),
+      scale_(c_, services.database),
+      sound_(c_, services_),
+      install_(services.msgBox),
       printing_(c_, *this, {services.printing, services.msgBox, [this] { Form_Paint(); }}),
       searching_(services.msgBox) {
   setWindowTitle(QStringLiteral("Tonalith"));
@@ -47,7 +34,7 @@ frmTonalith::frmTonalith(const FormServices& services)
   setCentralWidget(client);
   layout()->setSizeConstraint(QLayout::SetFixedSize);
   c_.fretboard->SetNotePlayer(&services_.notePlayer, services_.database.AppFolder());
-  BindControls();
+  BindRecordFields(c_);
   WireHandlers();
   AddShortcuts(*this);
   FinishConstruction();
@@ -56,29 +43,7 @@ frmTonalith::frmTonalith(const FormServices& services)
   c_.Data1->findChild<QAbstractButton*>(QStringLiteral("Next record"))->setFocus();
 }
 
-frmTonalith::~frmTonalith() {
-  if (install_ != nullptr) install_->Stop();
-  if (services_.sounds.Notifier == &playback_) services_.sounds.Notifier = nullptr;
-}
-
-void frmTonalith::BindControls() {
-  const auto bind = [this](const char* field, auto* control, std::size_t longest) {
-    c_.Data1->Bind(field, [control, longest](const core::Value& value) {
-      control->setText(windows::ShownText(value.TextOr({}), longest));
-    });
-  };
-  // Older libraries do not limit the length of names. The label shows those completely that fit on a printed page.
-  constexpr std::size_t kLongestShown = 4 * core::kLongestName;
-  bind("ScaleName", c_.Label1, kLongestShown);
-  bind("ScaleDescription", c_.lblScaleDescription, core::kLongestDescription);
-  bind("ScaleTypeName", c_.lblScaleType, kLongestShown);
-  bind("ScaleID", c_.txtScaleID, kLongestShown);
-  bind("ScaleIntervals", c_.txtInterval, core::kLongestPattern);
-  c_.Data1->SetConnectionString(
-      "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=TonalithDB97.mdb;"
-      "Mode=ReadWrite|Share Deny None;Persist Security Info=False");
-  c_.Data1->SetRecordSource(kDesignRecordSource);
-}
+frmTonalith::~frmTonalith() = default;
 
 void frmTonalith::WireHandlers() {
   connect(c_.Data1, &controls::DataControl::Moved, this, &frmTonalith::Label1_Change);
@@ -96,9 +61,9 @@ void frmTonalith::Form_Load() {
   failure.Try([this] {
     c_.Label3->setText(tr("Tonalith %1: scales and chords for guitar").arg(QCoreApplication::applicationVersion()));
   });
-  failure.Try([this] { SetAudioFolder(); });
-  services_.sounds.Notifier = &playback_;
-  playback_.SoundEnded = true;
+  failure.Try([this] { sound_.SetAudioFolder(); });
+  sound_.TakeNotifications();
+  sound_.SetSoundEnded();
   failure.Try([this] {
     for (const std::string_view note : core::kSharpNotes) {
       c_.cmbTranspose->addItem(QString::fromUtf8(note.data(), static_cast<qsizetype>(note.size())));
@@ -136,27 +101,7 @@ void frmTonalith::UpdateForm() {
   failure.Clear();
 }
 
-void frmTonalith::Form_Paint() {
-  c_.staff->Clear();
-  const bool isDamaged = IsDamaged(c_);
-  if (isDamaged) ShowDamageOnStaff(c_);
-  // The caption of the label if the staff shows no scale.
-  std::string notes = tr("Scale Notes").toStdString();
-  if (c_.Data1->Recordset() != nullptr && !isDamaged) {
-    core::DeferredFailure failure;
-    failure.Try([&] {
-      // Not the text of Label1, which shortens a long name.
-      std::string name = c_.Data1->FieldValue(core::scale_field::kName).TextOr({});
-      // Kept: see docs/behaviour.md, A record without a name has the Major staff
-      if (name.empty()) name = "Major";
-      // Kept: see docs/behaviour.md, Records of one name share a staff
-      scale_.DrawStaff(services_.database.GetScaleIntervalsFromDB(name), notes);
-    });
-    // After a failure the staff shows what was drawn before it; the fretboard reports the failure.
-    failure.Clear();
-  }
-  c_.lblScaleNotes->setText(QString::fromStdString(notes));
-}
+void frmTonalith::Form_Paint() { scale_.PaintStaff(); }
 
 void frmTonalith::Label1_Change() {
   core::DeferredFailure failure;
@@ -173,7 +118,7 @@ void frmTonalith::cmbTranspose_Click() {
 void frmTonalith::cmbTranspose_KeyUp() { cmbTranspose_Click(); }
 
 void frmTonalith::cmdUpdate_Click() {
-  if (install_ != nullptr) return;
+  if (install_.IsRunning()) return;
   core::DeferredFailure failure;
   failure.Try([this] {
     // Refresh moves to the first record before the bookmark is set; suppress the signals of these moves.
@@ -206,28 +151,9 @@ PackInstall::Place frmTonalith::InstallPlace() {
 }
 
 void frmTonalith::cmdInstall_Click() {
-  if (install_ != nullptr) return;
-  const QPointer<frmTonalith> self(this);
-  StopPlaying();
-  PackInstall install(InstallPlace(), [self] {
-    if (!self.isNull()) self->packsImported_ = true;
-  });
-  install_ = &install;
-  core::DeferredFailure failure;
-  failure.Try([this] {
-    c_.Data1->Release();
-    c_.Data1->SetConnectionString({});
-  });
-  failure.Try([&] { install.Run(services_.database.AppFolder(), services_.msgBox); });
-  if (self.isNull()) return;
-  install.End();
-  // Kept: see docs/behaviour.md, Data1 is bound twice
-  failure.Try([this] {
-    c_.Data1->SetConnectionString(std::string(data::kConnectionByFileName));
-    c_.Data1->Refresh();
-  });
-  install_ = nullptr;
-  if (!install.IsStopped()) failure.ReportDescription(services_.msgBox);
+  if (install_.IsRunning()) return;
+  sound_.Stop();
+  install_.Run(InstallPlace(), *c_.Data1, services_.database.AppFolder());
 }
 
 void frmTonalith::mInstall_Click() { cmdInstall_Click(); }
@@ -253,18 +179,11 @@ void frmTonalith::mViewNotes_Click() {
 
 // Kept: see docs/behaviour.md, Functions without callers
 bool frmTonalith::NoteExistsInScoreScale(core::NoteNumber intTP, const std::string& strNoteVal) {
-  return core::NoteExistsInScoreScale(intTP, strNoteVal, *this, services_.msgBox);
-}
-
-void frmTonalith::SetAudioFolder() {
-  AudioFolder = services_.database.AppFolder() + core::kPathSeparator + "Audio" + core::kPathSeparator;
+  return core::NoteExistsInScoreScale(intTP, strNoteVal, scale_, services_.msgBox);
 }
 
 void frmTonalith::cmdListen_Click() {
-  if (IsDamaged(c_)) return;
-  core::DeferredFailure failure;
-  failure.Try([this] { playback_.PlayToneNotes(); });
-  failure.Clear();
+  if (!IsDamaged(c_)) sound_.Play();
 }
 
 void frmTonalith::mListen_Click() { cmdListen_Click(); }
@@ -290,27 +209,10 @@ void frmTonalith::ShowSoundDevice(bool isThere) {
   c_.lblStatus->setAccessibleDescription(c_.lblStatus->toolTip());
 }
 
-void frmTonalith::ReleaseSound(core::DeferredFailure& failure) {
-  playback_.Cancel();
-  c_.fretboard->DarkenNote(views::LitBy::kPlayback);
-  failure.Try([this] { services_.sounds.UnloadSoundBuffer(audio::SoundManager::kAllBuffers); });
-  failure.Try([this] { services_.sounds.TerminateSoundManager(); });
-}
-
-void frmTonalith::StopPlaying() {
-  if (!playback_.IsRunning()) return;
-  core::DeferredFailure failure;
-  playback_.Cancel();
-  failure.Try([this] { services_.sounds.UnloadSoundBuffer(audio::SoundManager::kAllBuffers); });
-  failure.Try([this] { desk_.HideMarker(); });
-  failure.Try([this] { desk_.ShowStatus({audio::PlaybackState::kStandby, {}}); });
-  failure.Clear();
-}
-
 void frmTonalith::Form_GotFocus() {
   core::DeferredFailure failure;
-  services_.sounds.Notifier = &playback_;
-  failure.Try([this] { SetAudioFolder(); });
+  sound_.TakeNotifications();
+  failure.Try([this] { sound_.SetAudioFolder(); });
   failure.Try([this] { EditUpdates(); });
   failure.ReportNumberAndDescription(services_.msgBox);
 }
@@ -318,7 +220,7 @@ void frmTonalith::Form_GotFocus() {
 void frmTonalith::Form_LostFocus() {
   core::DeferredFailure failure;
   failure.Try([this] { static_cast<void>(frmScales_.Close()); });
-  ReleaseSound(failure);
+  sound_.Release(failure);
   failure.ReportNumberAndDescription(services_.msgBox);
 }
 
@@ -327,7 +229,7 @@ void frmTonalith::Form_Unload() {
   failure.Try([this] { searching_.Unload(); });
   failure.Try([this] { printing_.Unload(); });
   frmAbout_.Delete();
-  ReleaseSound(failure);
+  sound_.Release(failure);
   failure.ReportNumberAndDescription(services_.msgBox);
 }
 
@@ -340,12 +242,12 @@ void frmTonalith::focusOutEvent(QFocusEvent* event) {
   Window::focusOutEvent(event);
   // The install command moves the focus when it disables controls.
   // Kept: see docs/behaviour.md, Focus handlers are not activation
-  if (install_ == nullptr && event->reason() != Qt::ActiveWindowFocusReason) Form_LostFocus();
+  if (!install_.IsRunning() && event->reason() != Qt::ActiveWindowFocusReason) Form_LostFocus();
 }
 
 bool frmTonalith::Form_QueryUnload() {
   if (!frmScales_.Close()) return false;
-  if (install_ != nullptr) install_->Stop();
+  install_.Stop();
   return true;
 }
 
@@ -355,16 +257,5 @@ void frmTonalith::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmTonalith::ApplyTheme() { ApplyInk(c_, palette()); }
-
-std::int32_t frmTonalith::CurrentScaleId() const {
-  bool isNumber = false;
-  const int scaleId = c_.txtScaleID->text().toInt(&isNumber);
-  if (!isNumber) throw core::Failure::TypeMismatch();
-  return scaleId;
-}
-
-std::string frmTonalith::GetScaleIntervalsByID(std::int32_t scaleId) {
-  return services_.database.GetScaleIntervalsByID(scaleId);
-}
 
 }  // namespace tonalith::app

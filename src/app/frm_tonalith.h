@@ -12,13 +12,11 @@
 
 #include "app/main_controls.h"
 #include "app/main_menu.h"
-#include "app/main_window_playback.h"
+#include "app/main_window_install.h"
 #include "app/main_window_printing.h"
 #include "app/main_window_scale.h"
-#include "app/pack_install.h"
+#include "app/main_window_sound.h"
 #include "audio/scale_playback.h"
-#include "core/current_scale.h"
-#include "core/deferred_failure.h"
 #include "core/msg_box.h"
 #include "core/note_model.h"
 #include "data/scale_database.h"
@@ -48,9 +46,7 @@ struct FormServices {
   const core::Neck& neck;
 };
 
-class frmTonalith : public windows::Window<QMainWindow>,
-                    private core::CurrentScaleSource,
-                    private editor::ScaleEditorHost {
+class frmTonalith : public windows::Window<QMainWindow>, private editor::ScaleEditorHost {
   Q_OBJECT
 
  public:
@@ -94,11 +90,11 @@ class frmTonalith : public windows::Window<QMainWindow>,
 
   [[nodiscard]] const MainControls& Controls() const { return c_; }
   [[nodiscard]] const MainMenu& Menu() const { return m_; }
-  [[nodiscard]] const audio::ScalePlayback& Playback() const { return playback_; }
+  [[nodiscard]] const audio::ScalePlayback& Playback() const { return sound_.Playback(); }
   /// Sets the status line's tooltip: empty, or that there is no sound device.
   void ShowSoundDevice(bool isThere);
   /// Whether an install command of this window has finished a pack.
-  [[nodiscard]] bool PacksWereImported() const { return packsImported_; }
+  [[nodiscard]] bool PacksWereImported() const { return install_.PacksWereImported(); }
   [[nodiscard]] bool NamesAreShown() const { return ShowNoteNames; }
 
  protected:
@@ -118,28 +114,19 @@ class frmTonalith : public windows::Window<QMainWindow>,
   void cmbTranspose_Click();
   void cmbTranspose_KeyUp();
 
-  void SetAudioFolder();
-  void ReleaseSound(core::DeferredFailure& failure);
-  void StopPlaying();
   [[nodiscard]] PackInstall::Place InstallPlace();
-  void BindControls();
   void WireHandlers();
 
   void BringToFront() override;
-  [[nodiscard]] std::int32_t CurrentScaleId() const override;
-  std::string GetScaleIntervalsByID(std::int32_t scaleId) override;
 
   FormServices services_;
   MainControls c_;
   MainMenu m_;
-  std::string AudioFolder;
   bool ShowNoteNames = true;
-  bool packsImported_ = false;
-  PackInstall* install_ = nullptr;
   std::optional<data::Bookmark> current_;
   MainWindowScale scale_;
-  MainWindowPlayback desk_;
-  audio::ScalePlayback playback_;
+  MainWindowSound sound_;
+  MainWindowInstall install_;
   MainWindowPrinting printing_;
   windows::OpenOnce<editor::frmScales> frmScales_;
   search::SearchController searching_;

@@ -9,26 +9,32 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "app/main_controls.h"
+#include "core/current_scale.h"
+#include "data/scale_database.h"
 
 namespace tonalith::app {
 
-class MainWindowScale : public views::ScaleInView {
+class MainWindowScale : public views::ScaleInView, public core::CurrentScaleSource {
  public:
-  /// The window owns the controls; both outlive this object.
-  explicit MainWindowScale(const MainControls& controls) : c_(controls) {}
+  /// Both must outlive this object.
+  MainWindowScale(const MainControls& controls, data::ScaleDatabase& database) : c_(controls), database_(database) {}
 
-  /// Draws the staff of a scale in the chosen key; see StaffView::Draw.
-  void DrawStaff(const std::vector<std::int16_t>& intervals, std::string& scaleNotes);
+  /// Draws the staff of the current record in the chosen key. Clears failures.
+  void PaintStaff();
 
   [[nodiscard]] bool HasCurrentRecord() const override { return c_.Data1->HasRecord(); }
   std::optional<std::string> ScaleIntervals() override;
   void AppendStepWord(const std::string& words) override;
+  [[nodiscard]] std::int32_t CurrentScaleId() const override;
+  std::string GetScaleIntervalsByID(std::int32_t scaleId) override;
 
  private:
+  void DrawStaff(std::string& scaleNotes);
+
   const MainControls& c_;
+  data::ScaleDatabase& database_;
 };
 
 }  // namespace tonalith::app

@@ -16,7 +16,7 @@ PATHS = {
     "record to disc": """
         DataControl::RunMove > RecordSet::MoveNext
         DataControl::UpdateBoundControls|DataControl::TakeRow > RecordSet::FieldValue
-        DataControl::UpdateBoundControls|DataControl::TakeRow > frmTonalith::BindControls
+        DataControl::UpdateBoundControls|DataControl::TakeRow > MainControls::BindRecordFields|frmTonalith::BindControls
         DataControl::UpdateBoundControls|DataControl::TakeRow > frmTonalith::Label1_Change
         frmTonalith::UpdateForm > FretboardView::HideNotes
         frmTonalith::UpdateForm > FretboardView::ShowNotes
@@ -57,7 +57,7 @@ PATHS = {
         DataPackImport::ImportDataPack > QtMsgBox::Show
         DataPackImport::GetAvailableDataPacks > PackInstall::DataPackDone
         PackInstall::DataPackDone > frmTonalith::cmdInstall_Click
-        frmTonalith::cmdInstall_Click > DataControl::Refresh
+        MainWindowInstall::Run|frmTonalith::cmdInstall_Click > DataControl::Refresh
     """,
     "key press to saved row": """
         FieldBinding::TakeTyped > DataControl::SetFieldValue
@@ -72,7 +72,7 @@ PATHS = {
         DataControl::MoveAndUpdate|DataControl::MoveAndTake > frmScales::RecordWritten|frmScales::WireHandlers
         frmScales::RecordWritten|frmScales::WireHandlers > frmTonalith::EditUpdates
         frmTonalith::cmdUpdate_Click > DataControl::Refresh
-        DataControl::UpdateBoundControls|DataControl::TakeRow > frmTonalith::BindControls
+        DataControl::UpdateBoundControls|DataControl::TakeRow > MainControls::BindRecordFields|frmTonalith::BindControls
     """,
 }
 
