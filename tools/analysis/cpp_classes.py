@@ -27,11 +27,20 @@ class ClassFigures:
 
 def classes_of(texts):
     """Maps class names to ClassFigures, for the sources of one room. Classes without a body are left out."""
+    return {name: one for name, one in _figures_of(texts).items() if one.declared}
+
+
+def owners_of_definitions(text):
+    """The names of the classes whose member functions a source defines outside of their declarations."""
+    return sorted(name for name, one in _figures_of([text]).items() if one.defined)
+
+
+def _figures_of(texts):
     figures = defaultdict(ClassFigures)
     for text in texts:
         tokens = tokens_of(text)
         _walk(tokens, partners(tokens), 0, len(tokens), None, figures)
-    return {name: one for name, one in figures.items() if one.declared}
+    return figures
 
 
 def _walk(tokens, pairs, first, end, owner, figures):
