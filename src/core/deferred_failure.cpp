@@ -8,13 +8,13 @@ namespace tonalith::core {
 void DeferredFailure::ReportDescription(MsgBox& msgBox, MsgBoxStyle style) {
   // Cleared before the box is shown: the box runs the event loop, which must not report the failure again.
   if (const std::optional<Failure> failure = std::exchange(pending_, std::nullopt)) {
-    msgBox.Show(failure->Description(), style);
+    msgBox.Show(failure->Text(), style);
   }
 }
 
 void DeferredFailure::ReportNumberAndDescription(MsgBox& msgBox, MsgBoxStyle style) {
   if (const std::optional<Failure> failure = std::exchange(pending_, std::nullopt)) {
-    msgBox.Show(failure->NumberAndDescription(), style);
+    msgBox.Show(failure->NumberAndText(), style);
   }
 }
 

@@ -6,7 +6,6 @@
 
 #pragma once
 
-#include <string>
 #include <utility>
 #include <vector>
 
@@ -17,23 +16,23 @@ namespace tonalith::core {
 class DeferredMessages : public MsgBox {
  public:
   using MsgBox::Show;
-  MsgBoxAnswer Show(const std::string& text, MsgBoxStyle style, const std::string& title) override {
-    messages_.push_back({text, style, title});
+  MsgBoxAnswer Show(const Message& text, MsgBoxStyle style, const Message& title) override {
+    reports_.push_back({text, style, title});
     return MsgBoxAnswer::kOk;
   }
 
   /// Shows the messages and removes them. Showing one may destroy the object that owns this one.
   void ShowAll(MsgBox& msgBox) {
-    for (const Message& message : std::exchange(messages_, {})) msgBox.Show(message.text, message.style, message.title);
+    for (const Report& report : std::exchange(reports_, {})) msgBox.Show(report.text, report.style, report.title);
   }
 
  private:
-  struct Message {
-    std::string text;
+  struct Report {
+    Message text;
     MsgBoxStyle style;
-    std::string title;
+    Message title;
   };
-  std::vector<Message> messages_;
+  std::vector<Report> reports_;
 };
 
 }  // namespace tonalith::core

@@ -5,19 +5,24 @@
 
 #include <new>
 
+#include "core/messages.h"
+
 namespace tonalith::core {
 
-std::string Failure::NumberAndDescription() const { return std::to_string(number_) + ": " + description_; }
+Message Failure::NumberAndText() const { return {MessageId::kNumberAndDescription, number_, text_}; }
+std::string Failure::NumberAndDescription() const { return NumberAndText().English(); }
 
-Failure Failure::Overflow() { return {failure_number::kOverflow, "Overflow"}; }
-Failure Failure::SubscriptOutOfRange() { return {failure_number::kSubscriptOutOfRange, "Subscript out of range"}; }
-Failure Failure::TypeMismatch() { return {failure_number::kTypeMismatch, "Type mismatch"}; }
-Failure Failure::InvalidUseOfNull() { return {failure_number::kInvalidUseOfNull, "Invalid use of Null"}; }
-Failure Failure::FileNotFound(const std::string& path) { return Unspecified("Could not find file '" + path + "'."); }
-Failure Failure::UnrecognizedFormat(const std::string& path) {
-  return Unspecified("Unrecognized database format '" + path + "'.");
+Failure Failure::Overflow() { return {failure_number::kOverflow, MessageId::kOverflow}; }
+Failure Failure::SubscriptOutOfRange() {
+  return {failure_number::kSubscriptOutOfRange, MessageId::kSubscriptOutOfRange};
 }
-Failure Failure::Unspecified(std::string description) { return {failure_number::kUnspecified, std::move(description)}; }
+Failure Failure::TypeMismatch() { return {failure_number::kTypeMismatch, MessageId::kTypeMismatch}; }
+Failure Failure::InvalidUseOfNull() { return {failure_number::kInvalidUseOfNull, MessageId::kInvalidUseOfNull}; }
+Failure Failure::FileNotFound(const std::string& path) { return Unspecified({MessageId::kFileNotFound, path}); }
+Failure Failure::UnrecognizedFormat(const std::string& path) {
+  return Unspecified({MessageId::kUnrecognizedFormat, path});
+}
+Failure Failure::Unspecified(Message text) { return {failure_number::kUnspecified, std::move(text)}; }
 
 Failure Failure::FromCurrentException() {
   try {
@@ -25,9 +30,9 @@ Failure Failure::FromCurrentException() {
   } catch (const Failure& failure) {
     return failure;
   } catch (const std::bad_alloc&) {
-    return {failure_number::kOutOfMemory, "Out of memory"};
+    return {failure_number::kOutOfMemory, MessageId::kOutOfMemory};
   } catch (const std::exception& other) {
-    return {failure_number::kInternalError, other.what()};
+    return {failure_number::kInternalError, Message::Verbatim(std::string(other.what()))};
   }
 }
 

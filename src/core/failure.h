@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The only error type of the program: a number and a description that a musician can read. Code throws a Failure; the
-// code that reports it chooses the form (text alone, or number and text).
+// The only error type of the program: a number and a message that a musician can read. Code throws a Failure; the code
+// that reports it chooses the form (text alone, or number and text).
 
 #pragma once
 
 #include <cstdint>
 #include <exception>
 #include <string>
+#include <utility>
+
+#include "core/message.h"
 
 namespace tonalith::core {
 
@@ -26,11 +29,15 @@ inline constexpr std::int32_t kUnspecified = -2147467259;
 
 class Failure : public std::exception {
  public:
-  Failure(std::int32_t number, std::string description) : number_(number), description_(std::move(description)) {}
+  Failure(std::int32_t number, Message text) : number_(number), text_(std::move(text)), description_(text_.English()) {}
 
   [[nodiscard]] std::int32_t Number() const { return number_; }
+  [[nodiscard]] const Message& Text() const { return text_; }
+  /// The text in English.
   [[nodiscard]] const std::string& Description() const { return description_; }
-  /// Number, ": " and description, as most handlers of the main window report it.
+  /// Number, ": " and text, as most handlers of the main window report it.
+  [[nodiscard]] Message NumberAndText() const;
+  /// NumberAndText in English.
   [[nodiscard]] std::string NumberAndDescription() const;
   [[nodiscard]] const char* what() const noexcept override { return description_.c_str(); }
 
@@ -41,7 +48,7 @@ class Failure : public std::exception {
   static Failure FileNotFound(const std::string& path);
   static Failure UnrecognizedFormat(const std::string& path);
   /// A failure without a number of its own.
-  static Failure Unspecified(std::string description);
+  static Failure Unspecified(Message text);
 
   /// The current exception as a Failure: itself, out of memory (7), or an internal error (51) with the text of the
   /// exception. Call it only in a catch block.
@@ -49,6 +56,7 @@ class Failure : public std::exception {
 
  private:
   std::int32_t number_;
+  Message text_;
   std::string description_;
 };
 

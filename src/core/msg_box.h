@@ -7,7 +7,7 @@
 
 #pragma once
 
-#include <string>
+#include "core/message.h"
 
 namespace tonalith::core {
 
@@ -33,10 +33,10 @@ class MsgBox {
  public:
   virtual ~MsgBox() = default;
 
-  /// Shows `text` (UTF-8; a line feed is a line break). An empty title means the title of the application.
-  virtual MsgBoxAnswer Show(const std::string& text, MsgBoxStyle style, const std::string& title) = 0;
+  /// Shows `text`, translated; a line feed is a line break. An empty title means the title of the application.
+  virtual MsgBoxAnswer Show(const Message& text, MsgBoxStyle style, const Message& title) = 0;
 
-  MsgBoxAnswer Show(const std::string& text, MsgBoxStyle style = MsgBoxStyle::kOkOnly) { return Show(text, style, {}); }
+  MsgBoxAnswer Show(const Message& text, MsgBoxStyle style = MsgBoxStyle::kOkOnly) { return Show(text, style, {}); }
 };
 
 }  // namespace tonalith::core

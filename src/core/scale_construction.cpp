@@ -7,6 +7,7 @@
 
 #include "core/deferred_failure.h"
 #include "core/field_limits.h"
+#include "core/messages.h"
 #include "core/text.h"
 
 namespace tonalith::core {
@@ -36,7 +37,7 @@ std::vector<std::string_view> StepList(const IntervalPattern& pattern) {
 
 // Kept: see docs/behaviour.md, ScaleArray reports without a colon.
 void ReportTrapped(const Failure& failure, MsgBox& msgBox) {
-  msgBox.Show(std::to_string(failure.Number()) + " " + failure.Description());
+  msgBox.Show({MessageId::kTrappedFailure, failure.Number(), failure.Text()});
 }
 
 }  // namespace

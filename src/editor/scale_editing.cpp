@@ -18,8 +18,8 @@ constexpr int kOctave = 12;
 
 class SilentMsgBox : public core::MsgBox {
  public:
-  core::MsgBoxAnswer Show(const std::string& /*text*/, core::MsgBoxStyle /*style*/,
-                          const std::string& /*title*/) override {
+  core::MsgBoxAnswer Show(const core::Message& /*text*/, core::MsgBoxStyle /*style*/,
+                          const core::Message& /*title*/) override {
     return core::MsgBoxAnswer::kOk;
   }
 };

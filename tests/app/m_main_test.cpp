@@ -10,6 +10,7 @@
 
 #include "core/failure.h"
 #include "support/recording_msg_box.h"
+#include "support/text_message.h"
 
 namespace tonalith::app {
 namespace {
@@ -33,11 +34,11 @@ class ScriptedDrives : public platform::NetworkDrives {
 class ScriptedDirectory : public platform::WorkingDirectory {
  public:
   void MakeDriveCurrent(const std::string& drive) override {
-    if (failing_ == drive) throw core::Failure(68, "Device unavailable");
+    if (failing_ == drive) throw core::Failure(68, tests::TextMessage("Device unavailable"));
     log_.push_back("drive " + drive);
   }
   void ChangeTo(const std::string& directory) override {
-    if (failing_ == directory) throw core::Failure(76, "Path not found");
+    if (failing_ == directory) throw core::Failure(76, tests::TextMessage("Path not found"));
     log_.push_back("directory " + directory);
   }
   std::string failing_ = "none";

@@ -63,8 +63,8 @@ TEST_F(Printing, FailureOfAnyStepIsReportedAfterRestoringTheWindow) {
 TEST_F(Printing, MessageIsShownAfterTheControlsAreRestored) {
   struct CheckingMsgBox : core::MsgBox {
     using core::MsgBox::Show;
-    core::MsgBoxAnswer Show(const std::string& /*text*/, core::MsgBoxStyle /*style*/,
-                            const std::string& /*title*/) override {
+    core::MsgBoxAnswer Show(const core::Message& /*text*/, core::MsgBoxStyle /*style*/,
+                            const core::Message& /*title*/) override {
       check();
       return core::MsgBoxAnswer::kOk;
     }
@@ -171,9 +171,9 @@ TEST_F(Printing, WindowMayBeDestroyedWhileThePrinterDialogIsOpen) {
 TEST_F(Printing, WindowMayBeDestroyedWhileAFailureIsShown) {
   struct DestroyingMsgBox : core::MsgBox {
     using core::MsgBox::Show;
-    core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle /*style*/,
-                            const std::string& /*title*/) override {
-      shown += text + "\n";
+    core::MsgBoxAnswer Show(const core::Message& text, core::MsgBoxStyle /*style*/,
+                            const core::Message& /*title*/) override {
+      shown += text.English() + "\n";
       destroy();
       return core::MsgBoxAnswer::kOk;
     }

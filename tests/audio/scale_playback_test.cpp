@@ -181,7 +181,7 @@ TEST(PlayToneNotes, EndsWithoutAMessageWhenCancelledInAMessageBox) {
   Rig rig;
   struct ClosingMsgBox : tests::RecordingMsgBox {
     using core::MsgBox::Show;
-    core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override {
+    core::MsgBoxAnswer Show(const core::Message& text, core::MsgBoxStyle style, const core::Message& title) override {
       if (then) then();
       return tests::RecordingMsgBox::Show(text, style, title);
     }
@@ -258,7 +258,7 @@ TEST(SoundMessageHandlers, ReportNumberAndDescription) {
 TEST(PlayMultiSounds, ReportsExceptionsOfTheSoundManager) {
   struct BrokenMsgBox : core::MsgBox {
     using core::MsgBox::Show;
-    core::MsgBoxAnswer Show(const std::string&, core::MsgBoxStyle, const std::string&) override {
+    core::MsgBoxAnswer Show(const core::Message&, core::MsgBoxStyle, const core::Message&) override {
       throw std::runtime_error("no message box");
     }
   } broken;

@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "audio/sound_rig.h"
+#include "support/text_message.h"
 
 namespace tonalith::audio {
 namespace {
@@ -167,7 +168,7 @@ TEST(SoundMessages, ANotifierMayIgnoreAllOfThem) {
 
 TEST(SoundMessages, AThrowingNotifierIsReportedAndStopsNothing) {
   LoadedRig rig;
-  rig.notifier.then = [](const std::string& event) { throw core::Failure(5, "no " + event); };
+  rig.notifier.then = [](const std::string& event) { throw core::Failure(5, tests::TextMessage("no " + event)); };
   EXPECT_TRUE(rig.sounds.PlaySoundBuffer(1));
   rig.output.Finish(101);
   rig.windows.Dispatch();

@@ -40,8 +40,8 @@ class LoggingMsgBox : public tests::RecordingMsgBox {
  public:
   explicit LoggingMsgBox(tests::AudioScript& script) : script_(script) {}
   using core::MsgBox::Show;
-  core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override {
-    script_.Note("message '" + text + "'");
+  core::MsgBoxAnswer Show(const core::Message& text, core::MsgBoxStyle style, const core::Message& title) override {
+    script_.Note("message '" + text.English() + "'");
     return tests::RecordingMsgBox::Show(text, style, title);
   }
 

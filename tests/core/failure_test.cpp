@@ -12,6 +12,7 @@
 #include "core/deferred_failure.h"
 #include "core/deferred_messages.h"
 #include "support/recording_msg_box.h"
+#include "support/text_message.h"
 
 namespace tonalith::core {
 namespace {
@@ -29,11 +30,12 @@ TEST(FailureTest, NumbersAreFixed) {
 }
 
 TEST(FailureTest, NumberAndDescriptionAreJoinedByColonAndBlank) {
-  EXPECT_EQ(Failure(-2147467259, "Could not find it.").NumberAndDescription(), "-2147467259: Could not find it.");
+  EXPECT_EQ(Failure(-2147467259, tests::TextMessage("Could not find it.")).NumberAndDescription(),
+            "-2147467259: Could not find it.");
 }
 
 TEST(FailureTest, WhatReturnsTheDescription) {
-  const Failure failure(7, "Out of memory");
+  const Failure failure(7, tests::TextMessage("Out of memory"));
   const std::exception& known = failure;
   EXPECT_STREQ(known.what(), "Out of memory");
 }
@@ -94,8 +96,9 @@ TEST(DeferredFailureTest, ReportsNothingWithoutAFailureOrAfterClear) {
 
 TEST(DeferredMessagesTest, ShowsItsMessagesOnceAndInOrder) {
   DeferredMessages deferred;
-  EXPECT_EQ(deferred.Show("first", MsgBoxStyle::kYesNo, "title"), MsgBoxAnswer::kOk);
-  deferred.Show("second");
+  EXPECT_EQ(deferred.Show(tests::TextMessage("first"), MsgBoxStyle::kYesNo, tests::TextMessage("title")),
+            MsgBoxAnswer::kOk);
+  deferred.Show(tests::TextMessage("second"));
   RecordingMsgBox box;
   deferred.ShowAll(box);
   deferred.ShowAll(box);
@@ -107,9 +110,9 @@ TEST(MsgBoxTest, RecordedBoxAnswersFromItsScriptThenWithTheDefaultButton) {
   RecordingMsgBox box;
   box.AnswerNext(MsgBoxAnswer::kYes);
   const MsgBoxStyle askNo = MsgBoxStyle::kYesNo | MsgBoxStyle::kQuestion | MsgBoxStyle::kDefaultButton2;
-  EXPECT_EQ(box.Show("?", askNo, "t"), MsgBoxAnswer::kYes);
-  EXPECT_EQ(box.Show("?", askNo, "t"), MsgBoxAnswer::kNo);
-  EXPECT_EQ(box.Show("?", MsgBoxStyle::kOkCancel), MsgBoxAnswer::kOk);
+  EXPECT_EQ(box.Show(tests::TextMessage("?"), askNo, tests::TextMessage("t")), MsgBoxAnswer::kYes);
+  EXPECT_EQ(box.Show(tests::TextMessage("?"), askNo, tests::TextMessage("t")), MsgBoxAnswer::kNo);
+  EXPECT_EQ(box.Show(tests::TextMessage("?"), MsgBoxStyle::kOkCancel), MsgBoxAnswer::kOk);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "core/failure.h"
 #include "data/data_failure.h"
 #include "support/recording_msg_box.h"
+#include "support/text_message.h"
 
 namespace tonalith::editor {
 namespace {
@@ -37,7 +38,7 @@ TEST(CommandRunner, ShowsTheFailureOfACommandWhileItIsRunning) {
    public:
     explicit Box(const CommandRunner& runner) : runner_(runner) {}
     using MsgBox::Show;
-    core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override {
+    core::MsgBoxAnswer Show(const core::Message& text, core::MsgBoxStyle style, const core::Message& title) override {
       EXPECT_TRUE(runner_.IsRunning());
       return RecordingMsgBox::Show(text, style, title);
     }
@@ -47,7 +48,7 @@ TEST(CommandRunner, ShowsTheFailureOfACommandWhileItIsRunning) {
   };
   const CommandRunner runner;
   Box box(runner);
-  EXPECT_FALSE(runner.Run([] { throw core::Failure::Unspecified("no"); }, box));
+  EXPECT_FALSE(runner.Run([] { throw core::Failure::Unspecified(tests::TextMessage("no")); }, box));
   EXPECT_EQ(box.Texts(), "no\n");
   EXPECT_FALSE(runner.IsRunning());
 }

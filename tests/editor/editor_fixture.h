@@ -28,7 +28,7 @@ inline constexpr const char* kKeep = "Are you sure you want to keep these change
 class ActingMsgBox : public tests::RecordingMsgBox {
  public:
   using tests::RecordingMsgBox::Show;
-  core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override {
+  core::MsgBoxAnswer Show(const core::Message& text, core::MsgBoxStyle style, const core::Message& title) override {
     if (const auto action = std::exchange(action_, {})) action();
     return tests::RecordingMsgBox::Show(text, style, title);
   }

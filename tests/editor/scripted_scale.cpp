@@ -9,6 +9,7 @@
 #include "core/failure.h"
 #include "core/note_model.h"
 #include "editor/edit_session.h"
+#include "support/text_message.h"
 
 namespace tonalith::editor {
 namespace {
@@ -54,7 +55,7 @@ ScriptedScale::ScriptedScale() {
 
 void ScriptedScale::Log(const std::string& call) {
   calls_ += call + " ";
-  if (!failure_.empty()) throw core::Failure::Unspecified(std::exchange(failure_, {}));
+  if (!failure_.empty()) throw core::Failure::Unspecified(tests::TextMessage(std::exchange(failure_, {})));
 }
 
 std::string ScriptedScale::Calls() { return std::exchange(calls_, {}); }

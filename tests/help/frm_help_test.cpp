@@ -234,7 +234,7 @@ TEST_F(FrmHelpTest, WindowMayBeDestroyedDuringTheMessageBox) {
   class ClosingMsgBox : public core::MsgBox {
    public:
     using core::MsgBox::Show;
-    MsgBoxAnswer Show(const std::string& /*text*/, MsgBoxStyle /*style*/, const std::string& /*title*/) override {
+    MsgBoxAnswer Show(const core::Message& /*text*/, MsgBoxStyle /*style*/, const core::Message& /*title*/) override {
       delete window_;
       return MsgBoxAnswer::kYes;
     }

@@ -15,6 +15,8 @@
 #include <memory>
 #include <utility>
 
+#include "support/text_message.h"
+
 namespace tonalith::platform {
 namespace {
 
@@ -34,7 +36,7 @@ class QtMsgBoxTest : public ::testing::Test {
   /// Shows a box and calls `act` as soon as it is visible.
   MsgBoxAnswer ShowAnd(MsgBoxStyle style, const std::function<void()>& act) {
     QTimer::singleShot(0, qApp, act);
-    return msgBox_.Show("<b>Sure?</b>", style, {});
+    return msgBox_.Show(tests::TextMessage("<b>Sure?</b>"), style, {});
   }
 
   QPointer<QWidget> window_ = new QWidget;

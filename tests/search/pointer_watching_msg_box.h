@@ -14,8 +14,8 @@ namespace tonalith::search {
 
 struct PointerWatchingMsgBox : core::MsgBox {
   using MsgBox::Show;
-  core::MsgBoxAnswer Show(const std::string& /*text*/, core::MsgBoxStyle /*style*/,
-                          const std::string& /*title*/) override {
+  core::MsgBoxAnswer Show(const core::Message& /*text*/, core::MsgBoxStyle /*style*/,
+                          const core::Message& /*title*/) override {
     wasBusy = QGuiApplication::overrideCursor() != nullptr;
     return core::MsgBoxAnswer::kOk;
   }

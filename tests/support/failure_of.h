@@ -20,7 +20,7 @@ core::Failure FailureOf(Step step) {
     return failure;
   }
   ADD_FAILURE() << "no failure was thrown";
-  return {0, ""};
+  return {0, {}};
 }
 
 }  // namespace tonalith::tests

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// A message box for tests: records the messages and answers from a script, then with the default button of the style.
+// A message box for tests: records the messages in English and answers from a script, then with the default button of
+// the style.
 
 #pragma once
 
@@ -23,8 +24,8 @@ class RecordingMsgBox : public core::MsgBox {
   };
 
   using MsgBox::Show;
-  core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override {
-    messages_.push_back({text, style, title});
+  core::MsgBoxAnswer Show(const core::Message& text, core::MsgBoxStyle style, const core::Message& title) override {
+    messages_.push_back({text.English(), style, title.English()});
     if (answers_.empty()) return DefaultAnswer(style);
     const core::MsgBoxAnswer answer = answers_.front();
     answers_.pop_front();

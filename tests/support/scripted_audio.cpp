@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "core/failure.h"
+#include "support/text_message.h"
 
 namespace tonalith::tests {
 namespace {
@@ -50,7 +51,8 @@ class ScriptedInputFile : public platform::InputFile {
 bool AudioScript::Refused(const std::string& step, const std::string& line) {
   const std::pair<std::string, int> now(step, ++counts_[step]);
   if (!line.empty()) Note(line);
-  if (broken_.contains(now)) throw core::Failure(core::failure_number::kInternalError, step + " broke");
+  if (broken_.contains(now))
+    throw core::Failure(core::failure_number::kInternalError, tests::TextMessage(step + " broke"));
   return refused_.contains(now);
 }
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "core/failure.h"
+#include "support/text_message.h"
 
 namespace tonalith::tests {
 namespace {
@@ -30,7 +31,7 @@ void PrintScript::Take(const std::string& step) {
     const auto run = what->second;  // It may replace itself.
     run();
   }
-  if (broken_.count(step) != 0) throw core::Failure(platform::kPrinterError, step + " broke");
+  if (broken_.count(step) != 0) throw core::Failure(platform::kPrinterError, tests::TextMessage(step + " broke"));
 }
 
 double ScriptedPrinter::InUnits(double twips) const {

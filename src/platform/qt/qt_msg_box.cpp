@@ -4,6 +4,7 @@
 #include "platform/qt/qt_msg_box.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -63,9 +64,15 @@ MsgBoxAnswer AnswerWithoutBox(MsgBoxStyle style) {
   return Has(style, kButtonMask, MsgBoxStyle::kOkCancel) ? MsgBoxAnswer::kCancel : MsgBoxAnswer::kOk;
 }
 
+QString Translated(const core::Message& message) {
+  return QString::fromStdString(message.Translated([](const char* context, const char* english) {
+    return QCoreApplication::translate(context, english).toStdString();
+  }));
+}
+
 }  // namespace
 
-MsgBoxAnswer QtMsgBox::Show(const std::string& text, MsgBoxStyle style, const std::string& title) {
+MsgBoxAnswer QtMsgBox::Show(const core::Message& text, MsgBoxStyle style, const core::Message& title) {
   // No window is active just after a box has closed; the next box then uses the same parent.
   QWidget* const active = QApplication::activeWindow();
   const bool isLatestThere = !latestWindow_.isNull() && latestWindow_->isVisible();
@@ -75,10 +82,10 @@ MsgBoxAnswer QtMsgBox::Show(const std::string& text, MsgBoxStyle style, const st
   // The size is fixed, so there is no maximise button.
   box->setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                       Qt::WindowCloseButtonHint);
-  box->setWindowTitle(QString::fromStdString(title.empty() ? applicationTitle_ : title));
+  box->setWindowTitle(title.IsEmpty() ? QString::fromStdString(applicationTitle_) : Translated(title));
   // The name of a scale may look like markup; show it as plain text.
   box->setTextFormat(Qt::PlainText);
-  box->setText(QString::fromStdString(text));
+  box->setText(Translated(text));
   box->setIcon(IconOf(style));
   SetButtons(*box, style);
   const int button = box->exec();

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The message box as a Qt dialog: plain text, modal to the active window, with the application's title unless one is
-// given.
+// The message box as a Qt dialog: translated plain text, modal to the active window, with the application's title
+// unless one is given.
 
 #pragma once
 
@@ -19,7 +19,7 @@ class QtMsgBox : public core::MsgBox {
   explicit QtMsgBox(std::string applicationTitle) : applicationTitle_(std::move(applicationTitle)) {}
 
   using core::MsgBox::Show;
-  core::MsgBoxAnswer Show(const std::string& text, core::MsgBoxStyle style, const std::string& title) override;
+  core::MsgBoxAnswer Show(const core::Message& text, core::MsgBoxStyle style, const core::Message& title) override;
 
  private:
   std::string applicationTitle_;
