@@ -10,6 +10,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "app/messages.h"
 #include "audio/shipped_recording.h"
 #include "core/deferred_failure.h"
 #include "core/failure.h"
@@ -28,7 +29,7 @@ constexpr std::array<std::string_view, 5> kContent = {data::kDatabaseFileName, k
                                                       help::kHelpFileName};
 
 [[noreturn]] void ThrowAccessError(const fs::path& path, const std::error_code& error) {
-  throw core::Failure(kPathAccessError, "Path/File access error: " + path.string() + " (" + error.message() + ")");
+  throw core::Failure(kPathAccessError, {MessageId::kPathAccessError, path.string(), error.message()});
 }
 
 /// Makes the copy writable: installed content may be read-only. Keeps the modification time: it shows later whether the

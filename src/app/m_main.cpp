@@ -3,6 +3,7 @@
 
 #include "app/m_main.h"
 
+#include "app/messages.h"
 #include "app/screen_fit.h"
 #include "core/deferred_failure.h"
 #include "core/paths.h"
@@ -45,7 +46,7 @@ void SetWorkingDirectory(const std::string& appFolder, const platform::NetworkDr
   } else if (!appFolder.empty() && appFolder[0] == core::kPathSeparator) {
     failure.Try([&] { directory.ChangeTo(appFolder); });
   }
-  if (failure.Pending()) msgBox.Show(frmTonalith::tr("Error: ").toStdString() + failure.Pending()->Description());
+  if (failure.Pending()) msgBox.Show({MessageId::kError, failure.Pending()->Text()});
 }
 
 std::unique_ptr<frmTonalith> OpenScaleDatabase(const FormServices& services) {
@@ -63,8 +64,8 @@ std::unique_ptr<frmTonalith> OpenScaleDatabase(const FormServices& services) {
   if (const auto room = windows::AvailableSize(form->screen())) AddScrollBars(*form, *room);
   form->show();
   if (!failure.Pending()) {
-    const std::string notice = services.database.ScaleConnection()->NoticeText();
-    if (!notice.empty()) services.msgBox.Show(notice, core::MsgBoxStyle::kInformation);
+    const core::Message notice = services.database.ScaleConnection()->NoticeText();
+    if (!notice.IsEmpty()) services.msgBox.Show(notice, core::MsgBoxStyle::kInformation);
   }
   // After the window is shown, so that the message box has an owner.
   failure.ReportNumberAndDescription(services.msgBox, core::MsgBoxStyle::kCritical);

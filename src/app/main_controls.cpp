@@ -6,7 +6,9 @@
 #include <QLineEdit>
 
 #include "app/frm_tonalith.h"
+#include "app/messages.h"
 #include "paint/theme.h"
+#include "windows/translated.h"
 
 namespace tonalith::app {
 namespace {
@@ -85,7 +87,7 @@ void MakeBottomRow(MainControls& c, core::MsgBox& msgBox, QWidget* client) {
   c.cmdPrint = MakeButton("cmdPrint", frmTonalith::tr("Print"), {722, buttons}, kOrdinary, client);
   c.cmdInstall = MakeButton("cmdInstall", frmTonalith::tr("Install..."), {832, buttons}, kOrdinary, client);
   c.lblStatus = MakeLabel("lblStatus", QRect(954, BelowNeck(neck, 21), 110, 18), {14, 10}, QFont::Bold, client);
-  c.lblStatus->setText(frmTonalith::tr("Stopped"));
+  c.lblStatus->setText(windows::Translated(MessageId::kStopped));
   c.Label3 = MakeLabel("Label3", QRect(40, BelowNeck(neck, 66), 552, 16), {12, 10}, QFont::Normal, client);
   c.lblInstall = MakeLabel("lblInstall", QRect(612, BelowNeck(neck, 66), 428, 16), {12, 10}, QFont::Normal, client);
 }

@@ -3,23 +3,24 @@
 
 #include "app/main_window_playback.h"
 
-#include "app/frm_tonalith.h"
+#include "app/messages.h"
+#include "windows/translated.h"
 
 namespace tonalith::app {
 namespace {
 
-QString StatusText(const audio::PlaybackStatus& status) {
+core::Message StatusText(const audio::PlaybackStatus& status) {
   switch (status.state) {
     case audio::PlaybackState::kLoaded:
-      return frmTonalith::tr("Loaded");
+      return MessageId::kLoaded;
     case audio::PlaybackState::kPlaying:
-      return frmTonalith::tr("Playing: %1").arg(QString::fromStdString(status.note));
+      return {MessageId::kPlaying, status.note};
     case audio::PlaybackState::kStopped:
-      return frmTonalith::tr("Stopped");
+      return MessageId::kStopped;
     case audio::PlaybackState::kStandby:
       break;
   }
-  return frmTonalith::tr("Standby");
+  return MessageId::kStandby;
 }
 
 QColor TextColour(audio::PlaybackState state) {
@@ -48,7 +49,7 @@ void MainWindowPlayback::DarkenNote() { c_.fretboard->DarkenNote(views::LitBy::k
 
 void MainWindowPlayback::ShowStatus(const audio::PlaybackStatus& status) {
   c_.lblStatus->SetTextColour(TextColour(status.state));
-  c_.lblStatus->setText(StatusText(status));
+  c_.lblStatus->setText(windows::Translated(StatusText(status)));
 }
 
 }  // namespace tonalith::app

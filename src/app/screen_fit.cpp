@@ -17,6 +17,7 @@
 #include <cstdlib>
 
 #include "app/frm_tonalith.h"
+#include "app/messages.h"
 #include "windows/screen_size.h"
 
 namespace tonalith::app {
@@ -147,11 +148,7 @@ void ScreenFit::Report(core::MsgBox& msgBox) const {
   for (const auto& [name, value] : unusable_) {
     constexpr qsizetype kShownCharacters = 80;
     const QString shown = QString::fromStdString(value).left(kShownCharacters);
-    msgBox.Show(frmTonalith::tr("%1 is set to '%2', which is no scale that windows can be shown at. Tonalith has "
-                                "started as if it were not set.")
-                    .arg(QString::fromStdString(name), shown)
-                    .toStdString(),
-                core::MsgBoxStyle::kExclamation);
+    msgBox.Show({MessageId::kUnusableScale, name, shown.toStdString()}, core::MsgBoxStyle::kExclamation);
   }
 }
 

@@ -11,6 +11,7 @@
 #include "data/database_file.h"
 #include "data/engine.h"
 #include "data/engine_cache.h"
+#include "data/messages.h"
 #include "data/sql_tokens.h"
 
 namespace tonalith::data {
@@ -57,7 +58,7 @@ void Connection::OpenAs(const std::string& user, const std::string& password) {
   if (!password.empty()) settings.password = password;
   if (!SameName(settings.provider, kProvider)) throw UnknownProvider();
   if (!settings.password.empty() || (!settings.user.empty() && !SameName(settings.user, "Admin"))) {
-    throw core::Failure(failure_number::kNotAuthorised, "Not a valid account name or password.");
+    throw core::Failure(failure_number::kNotAuthorised, MessageId::kWrongAccount);
   }
   if (cache_ != nullptr) engine_ = cache_->Take(settings.dataSource, settings.isReadOnly);
   if (engine_ == nullptr) {
@@ -79,21 +80,13 @@ void Connection::ReleaseEngine() {
 
 bool Connection::IsReadOnly() const { return OpenEngine().IsReadOnly(); }
 
-std::string Connection::NoticeText() const {
+core::Message Connection::NoticeText() const {
   const Engine& engine = OpenEngine();
-  std::string notice;
-  if (engine.Guard().replacesQuery && engine.Guard().stopsWriting) {
-    notice =
-        "The stored query ScalesQuery of '" + engine.Path() +
-        "' and its triggers are not Tonalith's. Tonalith reads the tables with its own query, and scales cannot be "
-        "changed.";
-  } else if (engine.Guard().replacesQuery) {
-    notice = "The stored query ScalesQuery of '" + engine.Path() +
-             "' is not Tonalith's. Tonalith reads the tables with its own query and leaves the file as it is.";
-  } else if (engine.Guard().stopsTriggers) {
-    notice = "The database '" + engine.Path() + "' has triggers that are not Tonalith's. Tonalith does not run them.";
-  }
-  return notice;
+  const SchemaGuard& guard = engine.Guard();
+  if (guard.replacesQuery && guard.stopsWriting) return {MessageId::kForeignQueryAndTriggers, engine.Path()};
+  if (guard.replacesQuery) return {MessageId::kForeignQuery, engine.Path()};
+  if (guard.stopsTriggers) return {MessageId::kForeignTriggers, engine.Path()};
+  return {};
 }
 
 Engine& Connection::OpenEngine() const {

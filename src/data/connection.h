@@ -15,6 +15,8 @@
 #include <string>
 #include <string_view>
 
+#include "core/message.h"
+
 namespace tonalith::data {
 
 class Engine;
@@ -57,7 +59,7 @@ class Connection {
   [[nodiscard]] bool IsReadOnly() const;
 
   /// A notice for the user about the open file; empty if there is none.
-  [[nodiscard]] std::string NoticeText() const;
+  [[nodiscard]] core::Message NoticeText() const;
 
   void BeginTrans();
   void CommitTrans();

@@ -9,6 +9,7 @@
 #include "core/paths.h"
 #include "core/text.h"
 #include "data/data_failure.h"
+#include "data/messages.h"
 #include "data/sql_tokens.h"
 
 namespace tonalith::data {
@@ -35,7 +36,7 @@ std::string TakeQuoted(std::string_view& rest, char quote) {
   std::string value;
   std::size_t i = 1;
   for (;; ++i) {
-    if (i >= rest.size()) throw core::Failure::Unspecified("A value of the connection string has no closing quote.");
+    if (i >= rest.size()) throw core::Failure::Unspecified(MessageId::kOpenConnectionValue);
     if (rest[i] == quote) {
       if (i + 1 >= rest.size() || rest[i + 1] != quote) break;
       ++i;
@@ -45,7 +46,7 @@ std::string TakeQuoted(std::string_view& rest, char quote) {
   rest.remove_prefix(i + 1);
   const std::size_t end = std::min(rest.find(';'), rest.size());
   if (!core::Trim(rest.substr(0, end)).empty()) {
-    throw core::Failure::Unspecified("A value of the connection string goes on after its closing quote.");
+    throw core::Failure::Unspecified(MessageId::kTextAfterConnectionValue);
   }
   rest.remove_prefix(std::min(end + 1, rest.size()));
   return value;
@@ -81,8 +82,7 @@ bool IsReadOnlyMode(const std::string& mode) {
     if (SameName(part, "Read")) {
       isReadOnly = true;
     } else if (!SameName(part, "ReadWrite") && !SameName(part, "Share Deny None") && !part.empty()) {
-      throw core::Failure::Unspecified("The mode '" + std::string(part) +
-                                       "' of the connection string is not supported.");
+      throw core::Failure::Unspecified({MessageId::kUnknownMode, std::string(part)});
     }
     rest.remove_prefix(std::min(end + 1, rest.size()));
   }
@@ -129,8 +129,7 @@ ConnectionSettings ParseConnectionString(std::string_view text) {
       continue;
     }
     const std::string_view key = KeyOf(rest);
-    if (!IsKeyword(key))
-      throw core::Failure::Unspecified("The connection string has an unknown setting '" + std::string(key) + "'.");
+    if (!IsKeyword(key)) throw core::Failure::Unspecified({MessageId::kUnknownSetting, std::string(key)});
     rest.remove_prefix(rest.find('=') + 1);
     while (!rest.empty() && rest.front() == ' ') rest.remove_prefix(1);
     const bool isQuoted = !rest.empty() && (rest.front() == '"' || rest.front() == '\'');

@@ -7,56 +7,36 @@
 #include <sqlite3.h>
 
 #include <string_view>
+#include <utility>
+
+#include "core/messages.h"
+#include "data/messages.h"
 
 namespace tonalith::data {
 
 using core::Failure;
 namespace number = failure_number;
 
-Failure NoCurrentRecord() {
-  return {number::kNoCurrentRecord,
-          "Either BOF or EOF is True, or the current record has been deleted. Requested operation requires a current "
-          "record."};
-}
-Failure NotAllowedHere() { return {number::kNotAllowedHere, "Operation is not allowed in this context."}; }
-Failure UpdatingNotSupported() { return {number::kNotSupported, "These records can only be read, not changed."}; }
-Failure OperationNotSupported() {
-  return {number::kNotSupported, "The operation is not possible with this kind of record set."};
-}
-Failure UnknownItem() {
-  return {number::kUnknownItem,
-          "Item cannot be found in the collection corresponding to the requested name or ordinal."};
-}
-Failure ObjectClosed() { return {number::kClosed, "Operation is not allowed when the object is closed."}; }
-Failure ObjectAlreadyOpen() { return {number::kAlreadyOpen, "Operation is not allowed when the object is open."}; }
-Failure UnknownProvider() {
-  return {number::kUnknownProvider, "Provider cannot be found. It may not be properly installed."};
-}
-Failure InvalidConnection() {
-  return {number::kInvalidConnection, "There is no open connection to the database for this operation."};
-}
-Failure InvalidBookmark() {
-  return {number::kInvalidBookmark, "The bookmark is invalid: its record is no longer among these records."};
-}
-Failure RowVanished() {
-  return {number::kRowVanished, "The record cannot be found any more. It may have been deleted since it was read."};
-}
-Failure RowChanged() {
-  return {number::kRowChanged, "The record was not saved, because it has been changed elsewhere since it was read."};
-}
-Failure Cancelled() { return {number::kCancelled, "The operation was cancelled."}; }
-Failure NumbersUsedUp(const std::string& path) {
-  return Failure::Unspecified("No new record can be saved in '" + path +
-                              "', because the highest possible record number is in use.");
-}
+Failure NoCurrentRecord() { return {number::kNoCurrentRecord, MessageId::kNoCurrentRecord}; }
+Failure NotAllowedHere() { return {number::kNotAllowedHere, MessageId::kNotAllowedHere}; }
+Failure UpdatingNotSupported() { return {number::kNotSupported, MessageId::kReadOnlyRecords}; }
+Failure OperationNotSupported() { return {number::kNotSupported, MessageId::kOperationNotSupported}; }
+Failure UnknownItem() { return {number::kUnknownItem, MessageId::kUnknownItem}; }
+Failure ObjectClosed() { return {number::kClosed, MessageId::kObjectClosed}; }
+Failure ObjectAlreadyOpen() { return {number::kAlreadyOpen, MessageId::kObjectAlreadyOpen}; }
+Failure UnknownProvider() { return {number::kUnknownProvider, MessageId::kUnknownProvider}; }
+Failure InvalidConnection() { return {number::kInvalidConnection, MessageId::kInvalidConnection}; }
+Failure InvalidBookmark() { return {number::kInvalidBookmark, MessageId::kInvalidBookmark}; }
+Failure RowVanished() { return {number::kRowVanished, MessageId::kRowVanished}; }
+Failure RowChanged() { return {number::kRowChanged, MessageId::kRowChanged}; }
+Failure Cancelled() { return {number::kCancelled, MessageId::kCancelled}; }
+Failure NumbersUsedUp(const std::string& path) { return Failure::Unspecified({MessageId::kNumbersUsedUp, path}); }
 Failure ViewAsTable(const std::string& path, const std::string& table) {
-  return Failure::Unspecified("In the database '" + path + "', '" + table + "' is a stored query instead of a table.");
+  return Failure::Unspecified({MessageId::kViewAsTable, path, table});
 }
-Failure NoTransaction() { return {number::kNoTransaction, "No transaction is active."}; }
-Failure TransactionActive() {
-  return {number::kTransactionActive, "Only one transaction can be active on a connection."};
-}
-Failure SyntaxError(const std::string& description) { return {number::kSyntax, description}; }
+Failure NoTransaction() { return {number::kNoTransaction, MessageId::kNoTransaction}; }
+Failure TransactionActive() { return {number::kTransactionActive, MessageId::kTransactionActive}; }
+Failure SyntaxError(core::Message text) { return {number::kSyntax, std::move(text)}; }
 
 namespace {
 
@@ -67,30 +47,37 @@ Failure FromStatementError(const std::string& message, const std::string& path) 
   static constexpr std::string_view kForeignView = "access to view \"";
   const std::string_view text = message;
   if (text.starts_with(kNoTable)) {
-    return {number::kUnknownTable, "The database '" + path + "' has no table or stored query '" +
-                                       std::string(text.substr(kNoTable.size())) + "'."};
+    return {number::kUnknownTable, {MessageId::kUnknownTable, path, std::string(text.substr(kNoTable.size()))}};
   }
   if (text.starts_with(kNoField)) {
-    return {number::kUnknownField, "There is no field '" + std::string(text.substr(kNoField.size())) + "'."};
+    return {number::kUnknownField, {MessageId::kUnknownField, std::string(text.substr(kNoField.size()))}};
   }
   if (text.starts_with(kCannotModify)) return UpdatingNotSupported();
   if (text.starts_with(kForeignView)) {
     const std::string_view rest = text.substr(kForeignView.size());
     return ViewAsTable(path, std::string(rest.substr(0, rest.find('"'))));
   }
-  return SyntaxError("Syntax error in the statement: " + message + ".");
+  return SyntaxError({MessageId::kSyntaxError, message});
+}
+
+/// The message that a trigger of the stored query raises. Other triggers do not run; their text would stay as it is.
+core::Message OfTrigger(const std::string& text) {
+  for (const core::MessageText& entry : CatalogueOf(MessageId())) {
+    if (text == entry.english) return core::Message::FromEntry(entry, {});
+  }
+  return core::Message::Verbatim(text);
 }
 
 Failure FromConstraint(int extendedCode, const std::string& message) {
   switch (extendedCode) {
     case SQLITE_CONSTRAINT_TRIGGER:
-      return Failure::Unspecified(message);
+      return Failure::Unspecified(OfTrigger(message));
     case SQLITE_CONSTRAINT_PRIMARYKEY:
     case SQLITE_CONSTRAINT_ROWID:
     case SQLITE_CONSTRAINT_UNIQUE:
-      return Failure::Unspecified("The record was not saved, because another record has the same key.");
+      return Failure::Unspecified(MessageId::kDuplicateKey);
     default:
-      return Failure::Unspecified("The record was not saved: " + message + ".");
+      return Failure::Unspecified({MessageId::kNotSaved, message});
   }
 }
 
@@ -102,26 +89,24 @@ Failure FromEngine(const SQLite::Exception& exception, const std::string& path) 
   switch (code) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-      return Failure::Unspecified("Could not use '" + path + "'; file already in use.");
+      return Failure::Unspecified({MessageId::kFileInUse, path});
     case SQLITE_READONLY:
-      return Failure::Unspecified("Cannot update. The database '" + path + "' or its folder is read-only.");
+      return Failure::Unspecified({MessageId::kReadOnlyFile, path});
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
     case SQLITE_AUTH:
-      return Failure::Unspecified("The file '" + path + "' or its folder does not allow this access.");
+      return Failure::Unspecified({MessageId::kNoAccess, path});
     case SQLITE_FULL:
-      return Failure::Unspecified("The disk that holds '" + path + "' is full. Nothing was saved.");
+      return Failure::Unspecified({MessageId::kDiskFull, path});
     case SQLITE_IOERR:
-      return Failure::Unspecified("The file '" + path +
-                                  "' could not be read or written, because the disk reports an error.");
+      return Failure::Unspecified({MessageId::kDiskError, path});
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
       return Failure::UnrecognizedFormat(path);
     case SQLITE_INTERRUPT:
-      return Failure::Unspecified("The database '" + path +
-                                  "' takes too long to answer. It may be damaged or made to do harm.");
+      return Failure::Unspecified({MessageId::kTooSlow, path});
     case SQLITE_NOMEM:
-      return {core::failure_number::kOutOfMemory, "Out of memory"};
+      return {core::failure_number::kOutOfMemory, core::MessageId::kOutOfMemory};
     case SQLITE_MISMATCH:
       return Failure::TypeMismatch();
     case SQLITE_CONSTRAINT:
@@ -129,7 +114,7 @@ Failure FromEngine(const SQLite::Exception& exception, const std::string& path) 
     case SQLITE_ERROR:
       return FromStatementError(message, path);
     default:
-      return Failure::Unspecified("The database '" + path + "' reports: " + message + ".");
+      return Failure::Unspecified({MessageId::kEngineReport, path, message});
   }
 }
 

@@ -67,7 +67,7 @@ core::Failure NumbersUsedUp(const std::string& path);
 core::Failure ViewAsTable(const std::string& path, const std::string& table);
 core::Failure NoTransaction();
 core::Failure TransactionActive();
-core::Failure SyntaxError(const std::string& description);
+core::Failure SyntaxError(core::Message text);
 
 /// The error of the engine for the file at `path`. An error raised by a trigger of the stored query keeps its text.
 core::Failure FromEngine(const SQLite::Exception& exception, const std::string& path);

@@ -11,6 +11,7 @@
 #include "core/failure.h"
 #include "core/paths.h"
 #include "data/data_failure.h"
+#include "data/messages.h"
 #include "data/pack_merge.h"
 #include "data/sql_tokens.h"
 
@@ -59,8 +60,7 @@ std::vector<std::string> DataPackImport::ListDataPacks() const {
     }
   }
   const bool isAbsent = error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
-  if (error && !isAbsent)
-    throw core::Failure::Unspecified("The folder '" + folder + "' cannot be read: " + error.message() + ".");
+  if (error && !isAbsent) throw core::Failure::Unspecified({MessageId::kFolderNotRead, folder, error.message()});
   return packs;
 }
 
@@ -85,7 +85,7 @@ void DataPackImport::ImportDataPack(const std::string& path) {
     merge.Run();
     ++imported_.packs;
     imported_.scales += merge.AddedScales();
-    msgBox_.Show("Imported data pack: \n" + path, core::MsgBoxStyle::kInformation);
+    msgBox_.Show({MessageId::kImported, path}, core::MsgBoxStyle::kInformation);
   } catch (const ImportStopped&) {
     // Closing the connection rolls back.
     isStopped_ = true;
@@ -94,7 +94,7 @@ void DataPackImport::ImportDataPack(const std::string& path) {
     core::DeferredFailure ignored;
     ignored.Try([&] { merge.Rollback(); });
     ignored.Clear();
-    msgBox_.Show("Error importing " + path + "\n" + failure.Description(), core::MsgBoxStyle::kCritical);
+    msgBox_.Show({MessageId::kImportError, path, failure.Text()}, core::MsgBoxStyle::kCritical);
   }
   merge.Close();
 }

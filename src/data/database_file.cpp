@@ -15,6 +15,7 @@
 
 #include "core/failure.h"
 #include "data/data_failure.h"
+#include "data/messages.h"
 #include "jet/jet_file.h"
 #include "jet/open_file.h"
 
@@ -25,8 +26,8 @@ using namespace std::string_view_literals;
 // The first bytes of every database file of the engine (SQLite database file format, section 1.2).
 constexpr std::string_view kSignature = "SQLite format 3\0"sv;
 
-core::Failure CannotBeOpened(const std::string& path, const std::string& reason) {
-  return core::Failure::Unspecified("The file '" + path + "' cannot be opened: " + reason + ".");
+core::Failure CannotBeOpened(const std::string& path, const core::Message& reason) {
+  return core::Failure::Unspecified({MessageId::kFileNotOpened, path, reason});
 }
 
 // The engine opens these files of any kind and would block on a pipe.
@@ -35,7 +36,7 @@ void RequireOrdinaryCompanions(const std::string& path) {
     struct stat status {};
     const std::string companion = path + ending;
     if (::stat(companion.c_str(), &status) == 0 && !S_ISREG(status.st_mode)) {
-      throw CannotBeOpened(companion, "it is no file");
+      throw CannotBeOpened(companion, MessageId::kNoFile);
     }
   }
 }
@@ -43,7 +44,7 @@ void RequireOrdinaryCompanions(const std::string& path) {
 }  // namespace
 
 std::string RequireDatabaseFile(const std::string& dataSource) {
-  if (dataSource.empty()) throw core::Failure::Unspecified("The connection string names no data source.");
+  if (dataSource.empty()) throw core::Failure::Unspecified(MessageId::kNoDataSource);
   if (dataSource.find('\0') != std::string::npos)
     throw core::Failure::FileNotFound(dataSource.substr(0, dataSource.find('\0')));
   std::error_code error;
@@ -53,19 +54,18 @@ std::string RequireDatabaseFile(const std::string& dataSource) {
   struct stat status {};
   if (::stat(path.c_str(), &status) != 0) {
     if (errno == ENOENT || errno == ENOTDIR) throw core::Failure::FileNotFound(path);
-    throw core::Failure::Unspecified("The file '" + path +
-                                     "' cannot be reached: " + std::generic_category().message(errno) + ".");
+    throw core::Failure::Unspecified({MessageId::kFileNotReached, path, std::generic_category().message(errno)});
   }
-  if (S_ISDIR(status.st_mode)) throw core::Failure::Unspecified("'" + path + "' is a folder, not a database file.");
+  if (S_ISDIR(status.st_mode)) throw core::Failure::Unspecified({MessageId::kIsFolder, path});
   if (!S_ISREG(status.st_mode)) throw core::Failure::UnrecognizedFormat(path);
 
   const jet::OpenFile file(path);
-  if (file.Descriptor() < 0) throw CannotBeOpened(path, std::generic_category().message(errno));
+  if (file.Descriptor() < 0)
+    throw CannotBeOpened(path, core::Message::Verbatim(std::generic_category().message(errno)));
   std::array<char, kSignature.size()> begin{};
   const ssize_t size = ::read(file.Descriptor(), begin.data(), begin.size());
   if (size < 0) {
-    throw core::Failure::Unspecified("The file '" + path +
-                                     "' cannot be read: " + std::generic_category().message(errno) + ".");
+    throw core::Failure::Unspecified({MessageId::kFileNotRead, path, std::generic_category().message(errno)});
   }
   const bool isOurs = std::string_view(begin.data(), static_cast<std::size_t>(size)) == kSignature;
   if (!isOurs && !jet::IsJetFile(path)) throw core::Failure::UnrecognizedFormat(path);

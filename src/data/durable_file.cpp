@@ -19,25 +19,25 @@
 
 #include "core/failure.h"
 #include "data/data_failure.h"
+#include "data/messages.h"
 
 namespace tonalith::data {
 namespace {
 
 namespace fs = std::filesystem;
 
-core::Failure FileFailure(const std::string& path, const std::string& what, int error) {
-  return core::Failure::Unspecified("The file '" + path + "' cannot be " + what + ": " +
-                                    std::generic_category().message(error) + ".");
+core::Failure FileFailure(const std::string& path, MessageId what, int error) {
+  return core::Failure::Unspecified({MessageId::kFileFailure, path, what, std::generic_category().message(error)});
 }
 
 void Sync(const std::string& path, int flags) {
   const int descriptor = ::open(path.c_str(), flags | O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0) throw FileFailure(path, "opened", errno);
+  if (descriptor < 0) throw FileFailure(path, MessageId::kOpened, errno);
   const int result = ::fsync(descriptor);
   const int error = errno;
   ::close(descriptor);
   // EINVAL: the file system does not support this, in most cases for folders.
-  if (result != 0 && error != EINVAL) throw FileFailure(path, "saved", error);
+  if (result != 0 && error != EINVAL) throw FileFailure(path, MessageId::kSaved, error);
 }
 
 void SyncFolderOf(const std::string& path) { Sync(fs::path(path).parent_path().string(), O_DIRECTORY); }
@@ -70,7 +70,7 @@ std::string LinkOrCopyWithLabel(const std::string& path, const std::string& labe
       continue;
     }
     if (errno != EPERM && errno != EOPNOTSUPP && errno != ENOSYS && errno != EMLINK) {
-      throw FileFailure(backup, "made", errno);
+      throw FileFailure(backup, MessageId::kMade, errno);
     }
     if (!fs::exists(backup)) {
       CopyDurably(path, backup);
@@ -81,33 +81,33 @@ std::string LinkOrCopyWithLabel(const std::string& path, const std::string& labe
 }
 
 void CopyDurably(const std::string& from, const std::string& to) {
-  if (fs::exists(fs::symlink_status(to))) throw FileFailure(to, "made", EEXIST);
+  if (fs::exists(fs::symlink_status(to))) throw FileFailure(to, MessageId::kMade, EEXIST);
   const std::string unfinished = to + ".unfinished";
   std::error_code error;
   fs::copy_file(from, unfinished, fs::copy_options::overwrite_existing, error);
   if (error) {
     std::error_code ignored;
     fs::remove(unfinished, ignored);
-    throw FileFailure(to, "made", error.value());
+    throw FileFailure(to, MessageId::kMade, error.value());
   }
   Sync(unfinished, 0);
   ReplaceDurably(unfinished, to);
 }
 
 void ReplaceDurably(const std::string& from, const std::string& to) {
-  if (::rename(from.c_str(), to.c_str()) != 0) throw FileFailure(to, "replaced", errno);
+  if (::rename(from.c_str(), to.c_str()) != 0) throw FileFailure(to, MessageId::kReplaced, errno);
   SyncFolderOf(to);
 }
 
 FileLock::FileLock(const std::string& path, std::chrono::milliseconds timeout)
     : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
-  if (descriptor_ < 0) throw FileFailure(path, "opened", errno);
+  if (descriptor_ < 0) throw FileFailure(path, MessageId::kOpened, errno);
   constexpr auto kBetweenTries = std::chrono::milliseconds(50);
   const auto end = std::chrono::steady_clock::now() + timeout;
   while (::flock(descriptor_, LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR)) {
     if (std::chrono::steady_clock::now() >= end) {
       ::close(descriptor_);
-      throw core::Failure::Unspecified("Could not use '" + path + "'; file already in use.");
+      throw core::Failure::Unspecified({MessageId::kFileInUse, path});
     }
     std::this_thread::sleep_for(kBetweenTries);
   }

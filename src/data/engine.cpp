@@ -198,7 +198,7 @@ void Engine::Query(const std::string& sql, std::span<const core::Value> bindings
     if (exception.getErrorCode() == SQLITE_FULL && AreNumbersUsedUp()) throw NumbersUsedUp(path_);
     if (exception.getErrorCode() == SQLITE_TOOBIG) {
       const core::Failure failure = FromEngine(exception, path_);
-      throw FieldTooLong(failure.Number(), failure.Description());
+      throw FieldTooLong(failure.Number(), failure.Text());
     }
     throw FromEngine(exception, path_);
   }

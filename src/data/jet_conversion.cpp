@@ -19,6 +19,7 @@
 #include "data/engine.h"
 #include "data/jet_tables.h"
 #include "data/long_fields.h"
+#include "data/messages.h"
 #include "data/schema.h"
 #include "data/sql_dialect.h"
 #include "data/sql_tokens.h"
@@ -94,7 +95,7 @@ class JetFiller : public jet::JetVisitor {
       // A full or failing disk is not an error of the row.
       const int code = exception.getErrorCode() & 0xFF;
       if (code == SQLITE_FULL || code == SQLITE_IOERR) throw;
-      throw RowFailure(FromEngine(exception, path_).Description());
+      throw RowFailure(FromEngine(exception, path_).Text());
     }
     RequireStored(values);
   }
@@ -104,18 +105,18 @@ class JetFiller : public jet::JetVisitor {
     for (const char* name : {"ScaleTypes", "Scales"}) {
       const bool isThere = std::any_of(scaleTables_.begin(), scaleTables_.end(),
                                        [&](const std::string& table) { return SameName(table, name); });
-      if (!isThere) throw core::Failure::Unspecified("It has no table '" + std::string(name) + "'.");
+      if (!isThere) throw core::Failure::Unspecified({MessageId::kMissingTable, std::string(name)});
     }
   }
 
  private:
   void RequireNothingUnsupported() const {
     if (unsupported_.empty()) return;
-    std::string message = "A scale database cannot hold ";
+    std::string objects;
     const std::size_t named = std::min(unsupported_.size(), kMostNamed);
-    for (std::size_t i = 0; i < named; ++i) message += (i ? ", " : "") + unsupported_[i];
-    if (unsupported_.size() > named) message += " and " + std::to_string(unsupported_.size() - named) + " more";
-    throw core::Failure::Unspecified(message + ".");
+    for (std::size_t i = 0; i < named; ++i) objects += (i ? ", " : "") + unsupported_[i];
+    if (unsupported_.size() == named) throw core::Failure::Unspecified({MessageId::kUnsupportedObjects, objects});
+    throw core::Failure::Unspecified({MessageId::kManyUnsupportedObjects, objects, unsupported_.size() - named});
   }
 
   void AddColumns(const jet::JetTable& table) {
@@ -134,14 +135,15 @@ class JetFiller : public jet::JetVisitor {
     for (std::size_t i = 0; i < values.size(); ++i) {
       if (IsSameContent(values[i], ReadColumn(readBack_->getColumn(static_cast<int>(i))))) continue;
       const bool isPlain = !values[i].IsNull() && !std::holds_alternative<core::Bytes>(values[i].Raw());
-      throw RowFailure("The field '" + table_.columns[i].name + "' cannot hold " +
-                       (isPlain ? "'" + values[i].AsText() + "'" : "what is in it") + " as it stands.");
+      const std::string& field = table_.columns[i].name;
+      if (isPlain) throw RowFailure({MessageId::kTextNotKept, field, values[i].AsText()});
+      throw RowFailure({MessageId::kContentNotKept, field});
     }
     readBack_->reset();
   }
 
-  [[nodiscard]] core::Failure RowFailure(const std::string& reason) const {
-    return core::Failure::Unspecified("Row " + std::to_string(row_) + " of the table '" + table_.name + "': " + reason);
+  [[nodiscard]] core::Failure RowFailure(const core::Message& reason) const {
+    return core::Failure::Unspecified({MessageId::kRowFailure, row_, table_.name, reason});
   }
 
   SQLite::Database& database_;
@@ -159,9 +161,7 @@ void RemoveUnfinished(const std::string& unfinished) {
   for (const char* ending : {"", "-journal", "-wal", "-shm"}) {
     std::error_code error;
     fs::remove(unfinished + ending, error);
-    if (error)
-      throw core::Failure::Unspecified("The file '" + unfinished + ending + "' cannot be removed: " + error.message() +
-                                       ".");
+    if (error) throw core::Failure::Unspecified({MessageId::kFileNotRemoved, unfinished + ending, error.message()});
   }
 }
 
@@ -199,8 +199,7 @@ std::string Convert(const std::string& path, const std::function<void(Conversion
     const auto changed = fs::last_write_time(path);
     MakeConverted(path, unfinished, onStep);
     onStep(ConversionStep::kFilled);
-    if (fs::last_write_time(path) != changed)
-      throw core::Failure::Unspecified("It was changed by another program meanwhile.");
+    if (fs::last_write_time(path) != changed) throw core::Failure::Unspecified(MessageId::kChangedMeanwhile);
     std::string backup = LinkOrCopyWithLabel(path, kBackupLabel);
     RenameStrayCompanions(path);
     onStep(ConversionStep::kBackedUp);
@@ -211,9 +210,7 @@ std::string Convert(const std::string& path, const std::function<void(Conversion
     const core::Failure failure = core::Failure::FromCurrentException();
     std::error_code ignored;
     for (const char* ending : {"", "-journal"}) fs::remove(unfinished + ending, ignored);
-    throw core::Failure(
-        failure.Number(),
-        "The Jet database '" + path + "' cannot be converted, and nothing was changed. " + failure.Description());
+    throw core::Failure(failure.Number(), {MessageId::kNotConverted, path, failure.Text()});
   }
 }
 

@@ -11,6 +11,7 @@
 #include "core/text.h"
 #include "data/data_failure.h"
 #include "data/engine.h"
+#include "data/messages.h"
 #include "data/sql_tokens.h"
 #include "jet/content_limit.h"
 
@@ -47,15 +48,19 @@ std::size_t LimitOf(std::string_view column) {
   return found == kColumnLimits.end() ? kLongestOtherField : found->characters;
 }
 
-// " of 'name'", with a long name cut; empty without a name.
-std::string OfOwner(const core::Value& owner) {
-  const auto* const name = std::get_if<std::string>(&owner.Raw());
-  if (name == nullptr) return "";
+// A long name is cut.
+std::string ShownName(const std::string& name) {
   const std::vector<std::string_view> characters =
-      core::Characters(std::string_view(*name).substr(0, (kLongestNameShown + 1) * 4));
+      core::Characters(std::string_view(name).substr(0, (kLongestNameShown + 1) * 4));
   std::string shown;
   for (std::size_t i = 0; i < std::min(characters.size(), kLongestNameShown); ++i) shown += characters[i];
-  return " of '" + shown + (characters.size() > kLongestNameShown ? "...'" : "'");
+  return characters.size() > kLongestNameShown ? shown + "..." : shown;
+}
+
+core::Failure TooLong(MessageId withoutName, MessageId withName, const core::Value& owner, std::size_t limit) {
+  const auto* const name = std::get_if<std::string>(&owner.Raw());
+  if (name == nullptr) return core::Failure::Unspecified({withoutName, limit});
+  return core::Failure::Unspecified({withName, ShownName(*name), limit});
 }
 
 std::size_t DigitsOf(std::string_view pattern) {
@@ -68,8 +73,7 @@ void RequireStoredColumns(Engine& pack, const std::string& table) {
   pack.Query("SELECT name FROM pragma_table_xinfo(?) WHERE hidden IN (2, 3)", {&name, 1},
              [&](SQLite::Statement& row) { calculated = row.getColumn(0).getString(); });
   if (calculated.empty()) return;
-  throw core::Failure::Unspecified("The column '" + calculated + "' of the table '" + table +
-                                   "' is calculated in this pack, not stored.");
+  throw core::Failure::Unspecified({MessageId::kCalculatedColumn, calculated, table});
 }
 
 }  // namespace
@@ -79,8 +83,8 @@ void RequirePlainTable(Engine& pack, const std::string& table) {
   std::string type = "table";
   pack.Query("SELECT type FROM pragma_table_list WHERE schema = 'main' AND name = ? COLLATE NOCASE", {&name, 1},
              [&](SQLite::Statement& row) { type = row.getColumn(0).getString(); });
-  if (type == "view") throw core::Failure::Unspecified("'" + table + "' is a stored query in this pack, not a table.");
-  if (type != "table") throw core::Failure::Unspecified("'" + table + "' is not an ordinary table in this pack.");
+  if (type == "view") throw core::Failure::Unspecified({MessageId::kQueryInPack, table});
+  if (type != "table") throw core::Failure::Unspecified({MessageId::kOddTableInPack, table});
   RequireStoredColumns(pack, table);
 }
 
@@ -93,8 +97,7 @@ PackSizeLimit::PackSizeLimit(std::uint64_t fileSize) : fileSize_(fileSize), left
 
 void PackSizeLimit::Count(std::uint64_t bytes) {
   if (bytes >= left_) {
-    throw core::Failure::Unspecified("The pack gives more than a file of " + std::to_string(fileSize_) +
-                                     " bytes can hold.");
+    throw core::Failure::Unspecified({MessageId::kTooMuchContent, fileSize_});
   }
   // A row without fields counts too, so that the iteration ends.
   left_ -= bytes + 1;
@@ -114,20 +117,22 @@ void FieldLimit::Require(const core::Value& value, const core::Value& owner) con
   if (size <= (isPattern_ ? core::kMostPatternDigits : characters_)) return;
   const auto* const text = std::get_if<std::string>(&value.Raw());
   if (isPattern_ && text != nullptr && DigitsOf(*text) > core::kMostPatternDigits) {
-    throw core::Failure::Unspecified("The pattern" + OfOwner(owner) + " has more than " +
-                                     std::to_string(core::kMostPatternDigits) + " digits.");
+    throw TooLong(MessageId::kLongPattern, MessageId::kLongPatternOf, owner, core::kMostPatternDigits);
   }
   if ((text == nullptr ? size : core::CharacterCount(*text)) > characters_) {
-    throw core::Failure::Unspecified("The field" + OfOwner(owner) + " is longer than " + std::to_string(characters_) +
-                                     " characters.");
+    throw TooLong(MessageId::kLongField, MessageId::kLongFieldOf, owner, characters_);
   }
 }
 
 core::Failure At(const PackPlace& place, const core::Failure& failure) {
-  std::string message = "Table '" + place.table + "'";
-  if (place.row > 0) message += ", row " + std::to_string(place.row);
-  if (!place.column.empty()) message += ", column '" + place.column + "'";
-  return {failure.Number(), message + ": " + failure.Description()};
+  const core::Message& text = failure.Text();
+  const std::int32_t number = failure.Number();
+  if (place.row > 0 && !place.column.empty()) {
+    return {number, {MessageId::kInField, place.table, place.row, place.column, text}};
+  }
+  if (place.row > 0) return {number, {MessageId::kInRow, place.table, place.row, text}};
+  if (!place.column.empty()) return {number, {MessageId::kInColumn, place.table, place.column, text}};
+  return {number, {MessageId::kInTable, place.table, text}};
 }
 
 }  // namespace tonalith::data

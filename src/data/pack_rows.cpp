@@ -9,6 +9,7 @@
 
 #include "data/data_failure.h"
 #include "data/long_fields.h"
+#include "data/messages.h"
 #include "data/sql_dialect.h"
 
 namespace tonalith::data {
@@ -86,7 +87,7 @@ core::Failure PackRows::HugeFieldInNextRow() {
       break;
     }
   }
-  return At(place, core::Failure::Unspecified("The field is longer than " + std::to_string(kLongestField) + " bytes."));
+  return At(place, core::Failure::Unspecified({MessageId::kLongFieldBytes, kLongestField}));
 }
 
 }  // namespace tonalith::data

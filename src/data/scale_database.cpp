@@ -12,6 +12,7 @@
 #include "core/scale_record.h"
 #include "core/text.h"
 #include "data/engine_cache.h"
+#include "data/messages.h"
 
 namespace tonalith::data {
 namespace {
@@ -74,7 +75,7 @@ std::shared_ptr<Connection> ScaleDatabase::OpenScaleConnection() {
   core::DeferredFailure deferred;
   auto connection = std::make_shared<Connection>(engineCache_);
   if (deferred.Try([&] { connection->Open(FullConnectionString(databasePath_)); })) return connection;
-  msgBox_.Show("Database connection failed: " + deferred.Pending()->Description(), MsgBoxStyle::kCritical);
+  msgBox_.Show({MessageId::kConnectionFailed, deferred.Pending()->Text()}, MsgBoxStyle::kCritical);
   return nullptr;
 }
 

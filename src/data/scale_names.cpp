@@ -11,6 +11,7 @@
 #include "core/upper_case.h"
 #include "data/data_failure.h"
 #include "data/engine.h"
+#include "data/messages.h"
 #include "data/sql_dialect.h"
 #include "data/sql_tokens.h"
 
@@ -67,7 +68,7 @@ void RequireFreeName(Engine& engine, std::string_view source, const std::vector<
     const auto* const name = std::get_if<std::string>(&values[i].Raw());
     if (name == nullptr || !SameName(names[i], QuoteName(kName))) continue;
     if (ScaleNames(engine).Has(*name, except)) {
-      throw core::Failure::Unspecified("There is a scale of this name already.");
+      throw core::Failure::Unspecified(MessageId::kNameTaken);
     }
   }
 }

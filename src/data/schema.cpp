@@ -17,6 +17,7 @@
 #include <system_error>
 
 #include "data/data_failure.h"
+#include "data/messages.h"
 #include "data/sql_tokens.h"
 
 namespace tonalith::data {
@@ -150,9 +151,8 @@ void ApplyIfPossible(SQLite::Database& database, std::span<const SchemaRevision>
 void MakeNewFile(const std::string& path) {
   const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
   if (file < 0) {
-    if (errno == EEXIST) throw core::Failure::Unspecified("There is a file '" + path + "' already.");
-    throw core::Failure::Unspecified("The file '" + path +
-                                     "' cannot be made: " + std::generic_category().message(errno) + ".");
+    if (errno == EEXIST) throw core::Failure::Unspecified({MessageId::kFileExists, path});
+    throw core::Failure::Unspecified({MessageId::kFileNotMade, path, std::generic_category().message(errno)});
   }
   ::close(file);
 }
@@ -201,9 +201,7 @@ void UpgradeSchema(SQLite::Database& database, const std::string& path, std::spa
   const int found = UserVersion(database);
   if (found == last) return;
   if (found > last || found < 0) {
-    throw core::Failure::Unspecified("The database '" + path + "' was made by a newer version of Tonalith (revision " +
-                                     std::to_string(found) + ", this version reads up to " + std::to_string(last) +
-                                     ").");
+    throw core::Failure::Unspecified({MessageId::kNewerVersion, path, found, last});
   }
   // A read-only file is not upgraded.
   if (sqlite3_db_readonly(database.getHandle(), "main") == 1) return;

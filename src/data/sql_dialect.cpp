@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "data/data_failure.h"
+#include "data/messages.h"
 #include "data/schema.h"
 #include "data/sql_tokens.h"
 
@@ -44,12 +45,12 @@ void RequireBalance(Tokens tokens) {
     if (IsSymbol(token, ")")) --depth;
     if (depth < 0) break;
   }
-  if (depth != 0) throw SyntaxError("The parentheses of the statement do not match.");
+  if (depth != 0) throw SyntaxError(MessageId::kParentheses);
 }
 
 void RequireNoSemicolon(Tokens tokens) {
   if (std::any_of(tokens.begin(), tokens.end(), [](const SqlToken& token) { return IsSymbol(token, ";"); })) {
-    throw SyntaxError("Characters found after end of SQL statement.");
+    throw SyntaxError(MessageId::kAfterStatement);
   }
 }
 
@@ -186,7 +187,7 @@ SelectStatement TranslateSelect(std::string_view source) {
     return {"SELECT * FROM " + QuoteName(tokens.front().text), SelectStatement::Parts{"*", tokens.front().text, {}}};
   }
   if (tokens.empty() || !IsWord(tokens.front(), "SELECT")) {
-    throw SyntaxError("A record set needs a SELECT statement or the name of a table or stored query.");
+    throw SyntaxError(MessageId::kNoSelect);
   }
   RequireBalance(tokens);
   const Sources sources = SourcesOf(tokens);
@@ -195,7 +196,7 @@ SelectStatement TranslateSelect(std::string_view source) {
 
 std::string TranslateCondition(std::string_view condition) {
   const std::vector<SqlToken> tokens = TokenizeSql(condition);
-  if (tokens.empty()) throw SyntaxError("The condition is empty.");
+  if (tokens.empty()) throw SyntaxError(MessageId::kEmptyCondition);
   RequireNoSemicolon(tokens);
   RequireBalance(tokens);
   // A record set has one set of fields, so qualifiers are dropped.

@@ -4,6 +4,7 @@
 #include "data/sql_tokens.h"
 
 #include "data/data_failure.h"
+#include "data/messages.h"
 
 namespace tonalith::data {
 namespace {
@@ -21,7 +22,7 @@ class Tokenizer {
 
   std::vector<SqlToken> Run() {
     if (rest_.find('\0') != std::string_view::npos) {
-      throw SyntaxError("A statement cannot hold a character with the code 0.");
+      throw SyntaxError(MessageId::kCodeZero);
     }
     while (!rest_.empty()) {
       const char c = rest_.front();
@@ -64,7 +65,7 @@ class Tokenizer {
     std::string text;
     std::size_t i = 1;
     for (;; ++i) {
-      if (i >= rest_.size()) throw SyntaxError("A text has no closing quote.");
+      if (i >= rest_.size()) throw SyntaxError(MessageId::kOpenText);
       if (rest_[i] == quote) {
         if (i + 1 >= rest_.size() || rest_[i + 1] != quote) break;
         ++i;
@@ -77,8 +78,8 @@ class Tokenizer {
 
   void TakeBracketedName() {
     const std::size_t end = rest_.find(']');
-    if (end == std::string_view::npos) throw SyntaxError("A name has no closing bracket.");
-    if (end == 1) throw SyntaxError("A name in brackets is empty.");
+    if (end == std::string_view::npos) throw SyntaxError(MessageId::kOpenName);
+    if (end == 1) throw SyntaxError(MessageId::kEmptyName);
     tokens_.push_back({SqlTokenKind::kBracketedName, std::string(rest_.substr(1, end - 1))});
     rest_.remove_prefix(end + 1);
   }
@@ -92,7 +93,7 @@ class Tokenizer {
       const std::size_t end = LengthOf(IsDigit, digits);
       if (end > digits) length = end;
     }
-    if (length < rest_.size() && IsWordPart(rest_[length])) throw SyntaxError("A number runs into a name.");
+    if (length < rest_.size() && IsWordPart(rest_[length])) throw SyntaxError(MessageId::kNumberInName);
     Take(SqlTokenKind::kNumber, length);
   }
 
@@ -102,11 +103,11 @@ class Tokenizer {
     if (two == "<>" || two == "<=" || two == ">=") {
       Take(SqlTokenKind::kSymbol, 2);
     } else if (rest_.front() == '#') {
-      throw SyntaxError("Dates between # signs are not understood.");
+      throw SyntaxError(MessageId::kDates);
     } else if (kSingle.find(rest_.front()) != std::string_view::npos) {
       Take(SqlTokenKind::kSymbol, 1);
     } else {
-      throw SyntaxError(std::string("The character ") + rest_.front() + " is not understood here.");
+      throw SyntaxError({MessageId::kCharacter, std::string(1, rest_.front())});
     }
   }
 

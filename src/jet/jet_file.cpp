@@ -15,6 +15,7 @@
 #include "jet/content_limit.h"
 #include "jet/jet_reader.h"
 #include "jet/jet_stream.h"
+#include "jet/messages.h"
 #include "jet/open_file.h"
 #include "sandbox/child_process.h"
 
@@ -51,10 +52,9 @@ Header ReadHeader(const std::string& path) {
 
 void RequireWholePages(const Header& header) {
   const std::int64_t page = header.bytes[kVersionOffset] == 0 ? kPageSizeJet3 : kPageSize;
-  if (header.fileSize > kLargestFile) throw core::Failure::Unspecified("it is larger than such a file can be");
+  if (header.fileSize > kLargestFile) throw core::Failure::Unspecified(MessageId::kTooLarge);
   if (header.fileSize % page != 0 || header.fileSize < 3 * page) {
-    throw core::Failure::Unspecified("it is truncated or damaged, because its length of " +
-                                     std::to_string(header.fileSize) + " bytes is not a number of whole pages");
+    throw core::Failure::Unspecified({MessageId::kNoWholePages, header.fileSize});
   }
 }
 
@@ -64,7 +64,7 @@ void WriteContent(const std::string& path, int pipe) {
     ReadWithLibmdb(path, writer);
     writer.Finish();
   } catch (const core::Failure& failure) {
-    writer.Refuse(failure.Description());
+    writer.Refuse(failure.Text());
   }
 }
 
@@ -104,7 +104,7 @@ void ReadJetFile(const std::string& path, JetVisitor& visitor, sandbox::Limits l
   ThrowTracker tracker(visitor);
   try {
     const Header header = ReadHeader(path);
-    if (!header.isJet) throw core::Failure::Unspecified("it is no Jet file");
+    if (!header.isJet) throw core::Failure::Unspecified(MessageId::kNoJetFile);
     RequireWholePages(header);
     limits.memory += static_cast<std::uint64_t>(header.fileSize) * 2;
     sandbox::ChildProcess process([&](int pipe) { WriteContent(path, pipe); }, limits, whileWaiting);
@@ -112,7 +112,7 @@ void ReadJetFile(const std::string& path, JetVisitor& visitor, sandbox::Limits l
                   ContentLimit(static_cast<std::uint64_t>(header.fileSize)), tracker);
   } catch (const core::Failure& failure) {
     if (tracker.HasThrown()) throw;
-    throw core::Failure(failure.Number(), "The file '" + path + "' cannot be read: " + failure.Description() + ".");
+    throw core::Failure(failure.Number(), {MessageId::kFileNotRead, path, failure.Text()});
   }
 }
 

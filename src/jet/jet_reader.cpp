@@ -11,6 +11,7 @@
 
 #include "core/failure.h"
 #include "jet/jet_rows.h"
+#include "jet/messages.h"
 
 namespace tonalith::jet {
 namespace {
@@ -42,7 +43,7 @@ bool HasPassword(MdbHandle* handle) {
     return false;
   }
   const double made = mdb_get_double(handle->pg_buf, kCreationDateOffset);
-  if (!(made > -1e9 && made < 1e9)) throw core::Failure::Unspecified("it is damaged in its header");
+  if (!(made > -1e9 && made < 1e9)) throw core::Failure::Unspecified(MessageId::kDamagedHeader);
   const auto day = static_cast<std::uint32_t>(static_cast<std::int32_t>(made));
   for (std::size_t i = 0; i < kPasswordSize; ++i) {
     if (header[kPasswordOffset + i] != static_cast<std::uint8_t>(day >> (8 * (i % 4)))) return true;
@@ -54,13 +55,11 @@ Handle OpenHandle(const std::string& path) {
   // These variables make libmdb skip memos or read texts in another code page.
   for (const char* name : {"MDBOPTS", "MDBICONV", "MDB_JET3_CHARSET", "MDBPATH"}) ::unsetenv(name);
   Handle handle(mdb_open(path.c_str(), MDB_NOFLAGS));
-  if (handle == nullptr)
-    throw core::Failure::Unspecified("it is damaged in its header, or of a version that is not known here");
+  if (handle == nullptr) throw core::Failure::Unspecified(MessageId::kUnknownVersion);
   const bool knowsPasswords = handle->f->jet_version <= MDB_VER_JET4;
-  if (handle->f->db_key != 0)
-    throw core::Failure::Unspecified("it is encrypted. Save it without encryption and try again");
+  if (handle->f->db_key != 0) throw core::Failure::Unspecified(MessageId::kEncrypted);
   if (knowsPasswords && HasPassword(handle.get())) {
-    throw core::Failure::Unspecified("it is protected with a password. Remove the password and try again");
+    throw core::Failure::Unspecified(MessageId::kPassword);
   }
   return handle;
 }
@@ -72,9 +71,7 @@ struct CatalogRow {
   unsigned long page = 0;
 };
 
-core::Failure DamagedCatalog() {
-  return core::Failure::Unspecified("it is damaged: its table of contents cannot be read");
-}
+core::Failure DamagedCatalog() { return core::Failure::Unspecified(MessageId::kDamagedCatalog); }
 
 std::size_t FieldOf(const JetTable& table, const char* name) {
   for (std::size_t i = 0; i < table.columns.size(); ++i) {

@@ -9,6 +9,7 @@
 
 #include "core/failure.h"
 #include "jet/jet_values.h"
+#include "jet/messages.h"
 
 namespace tonalith::jet {
 namespace {
@@ -56,8 +57,7 @@ JetContent ContentOf(const MdbColumn& column, const std::string& table) {
     case MDB_OLE:
       return JetContent::kBytes;
     default:
-      throw core::Failure::Unspecified("the field '" + std::string(column.name) + "' of the table '" + table +
-                                       "' is of a kind that is not known here");
+      throw core::Failure::Unspecified({MessageId::kUnknownFieldType, std::string(column.name), table});
   }
 }
 
@@ -102,13 +102,13 @@ JetRows::JetRows(MdbHandle* handle, const std::string& name, unsigned long page)
   entry_.table_pg = page;
   name.copy(entry_.object_name, std::size(entry_.object_name) - 1);
   definition_.reset(mdb_read_table(&entry_));
-  if (definition_ == nullptr || mdb_read_columns(definition_.get()) == nullptr) throw Damaged("its fields");
+  if (definition_ == nullptr || mdb_read_columns(definition_.get()) == nullptr) throw Damaged(MessageId::kItsFields);
   if (definition_->columns->len != definition_->num_cols || definition_->num_cols >= MDB_MAX_COLS) {
-    throw Damaged("its fields");
+    throw Damaged(MessageId::kItsFields);
   }
   for (std::size_t i = 0; i < definition_->num_cols; ++i) {
     const MdbColumn& column = *Column(i);
-    if (column.name[0] == '\0') throw Damaged("its fields");
+    if (column.name[0] == '\0') throw Damaged(MessageId::kItsFields);
     table_.columns.push_back({column.name, ContentOf(column, name)});
   }
 }
@@ -117,9 +117,8 @@ MdbColumn* JetRows::Column(std::size_t index) const {
   return static_cast<MdbColumn*>(definition_->columns->pdata[index]);
 }
 
-core::Failure JetRows::Damaged(const std::string& what) const {
-  return core::Failure::Unspecified("it is damaged: the table '" + table_.name + "' cannot be read completely (" +
-                                    what + ")");
+core::Failure JetRows::Damaged(const core::Message& what) const {
+  return core::Failure::Unspecified({MessageId::kDamagedTable, table_.name, what});
 }
 
 void JetRows::ForEach(const std::function<void(std::vector<core::Value>)>& onRow) {
@@ -128,12 +127,12 @@ void JetRows::ForEach(const std::function<void(std::vector<core::Value>)>& onRow
   std::uint32_t latest = 0;
   while (mdb_read_next_dpg(definition_.get()) != 0) {
     // Page numbers must ascend; otherwise the chain could be circular.
-    if (definition_->cur_phys_pg <= latest) throw Damaged("its pages");
+    if (definition_->cur_phys_pg <= latest) throw Damaged(MessageId::kItsPages);
     latest = definition_->cur_phys_pg;
     ReadPage(onRow);
   }
   if (rowsRead_ != definition_->num_rows) {
-    throw Damaged(std::to_string(rowsRead_) + " of " + std::to_string(definition_->num_rows) + " rows are there");
+    throw Damaged({MessageId::kRowCount, rowsRead_, definition_->num_rows});
   }
 }
 
@@ -142,9 +141,9 @@ void JetRows::ReadPage(const std::function<void(std::vector<core::Value>)>& onRo
   for (int row = 0; row < rows; ++row) {
     int start = 0;
     std::size_t size = 0;
-    if (mdb_find_row(handle_, row, &start, &size) != 0) throw Damaged("a row");
+    if (mdb_find_row(handle_, row, &start, &size) != 0) throw Damaged(MessageId::kARow);
     if ((start & kDeletedRow) != 0) continue;
-    if (++rowsRead_ > definition_->num_rows) throw Damaged("more rows than it says");
+    if (++rowsRead_ > definition_->num_rows) throw Damaged(MessageId::kTooManyRows);
     onRow(ReadRow(start & kOffsetMask, size));
   }
 }
@@ -152,7 +151,7 @@ void JetRows::ReadPage(const std::function<void(std::vector<core::Value>)>& onRo
 std::vector<core::Value> JetRows::ReadRow(int start, std::size_t size) {
   std::array<MdbField, MDB_MAX_COLS> fields{};
   const int found = size == 0 ? -1 : mdb_crack_row(definition_.get(), start, size, fields.data());
-  if (found < 0) throw Damaged("a row");
+  if (found < 0) throw Damaged(MessageId::kARow);
   std::vector<core::Value> values;
   values.reserve(table_.columns.size());
   for (std::size_t i = 0; i < table_.columns.size(); ++i) {
@@ -171,10 +170,10 @@ std::vector<core::Value> JetRows::ReadRow(int start, std::size_t size) {
 
 core::Value JetRows::ReadField(const MdbColumn& column, const MdbField& field) {
   const auto page = static_cast<std::size_t>(handle_->fmt->pg_size);
-  if (field.start < 0 || field.siz < 0) throw Damaged("a field");
+  if (field.start < 0 || field.siz < 0) throw Damaged(MessageId::kAField);
   const auto start = static_cast<std::size_t>(field.start);
   const auto size = static_cast<std::size_t>(field.siz);
-  if (start + size > page) throw Damaged("a field");
+  if (start + size > page) throw Damaged(MessageId::kAField);
   const std::span<const std::uint8_t> bytes(handle_->pg_buf + start, size);
   switch (column.col_type) {
     case MDB_TEXT:
@@ -186,7 +185,7 @@ core::Value JetRows::ReadField(const MdbColumn& column, const MdbField& field) {
     case MDB_OLE:
       return ReadLong(bytes);
     default:
-      if (SizeOf(column.col_type) == 0 || size != SizeOf(column.col_type)) throw Damaged("a field");
+      if (SizeOf(column.col_type) == 0 || size != SizeOf(column.col_type)) throw Damaged(MessageId::kAField);
       return ReadNumber(column, field.start);
   }
 }
@@ -212,12 +211,12 @@ core::Value JetRows::ReadNumber(const MdbColumn& column, int start) {
       break;
   }
   const double number = column.col_type == MDB_FLOAT ? mdb_get_single(page, start) : mdb_get_double(page, start);
-  if (std::isnan(number)) throw Damaged("a number");
+  if (std::isnan(number)) throw Damaged(MessageId::kANumber);
   return number;
 }
 
 core::Bytes JetRows::ReadLong(std::span<const std::uint8_t> reference) {
-  if (reference.size() < kReferenceSize) throw Damaged("a long content");
+  if (reference.size() < kReferenceSize) throw Damaged(MessageId::kLongContent);
   const std::uint32_t flags = Number32(reference, 0);
   const std::uint32_t length = flags & kLengthMask;
   core::Bytes content;
@@ -230,7 +229,7 @@ core::Bytes JetRows::ReadLong(std::span<const std::uint8_t> reference) {
     do AppendLongRow(address, isChained, content, address);
     while (isChained && address != 0 && content.size() < length);
   }
-  if (content.size() < length) throw Damaged("a long content");
+  if (content.size() < length) throw Damaged(MessageId::kLongContent);
   content.resize(length);
   return content;
 }
@@ -239,7 +238,8 @@ void JetRows::AppendLongRow(std::uint32_t address, bool isChained, core::Bytes& 
   void* buffer = nullptr;
   int start = 0;
   std::size_t size = 0;
-  if (mdb_find_pg_row(handle_, static_cast<int>(address), &buffer, &start, &size) != 0) throw Damaged("a long content");
+  if (mdb_find_pg_row(handle_, static_cast<int>(address), &buffer, &start, &size) != 0)
+    throw Damaged(MessageId::kLongContent);
   const std::size_t offset = static_cast<std::size_t>(start & kOffsetMask);
   const std::span<const std::uint8_t> page(static_cast<const std::uint8_t*>(buffer),
                                            static_cast<std::size_t>(handle_->fmt->pg_size));
@@ -248,7 +248,7 @@ void JetRows::AppendLongRow(std::uint32_t address, bool isChained, core::Bytes& 
       std::equal(kLongContentOwner.begin(), kLongContentOwner.end(), page.begin() + kOwnerOffset);
   constexpr std::size_t kLink = 4;
   if (!isLongContent || offset + size > page.size() || size < (isChained ? kLink + 1 : 1)) {
-    throw Damaged("a long content");
+    throw Damaged(MessageId::kLongContent);
   }
   std::span<const std::uint8_t> row = page.subspan(offset, size);
   next = 0;

@@ -35,7 +35,7 @@ class JetRows {
   };
 
   [[nodiscard]] MdbColumn* Column(std::size_t index) const;
-  [[nodiscard]] core::Failure Damaged(const std::string& what) const;
+  [[nodiscard]] core::Failure Damaged(const core::Message& what) const;
   void ReadPage(const std::function<void(std::vector<core::Value>)>& onRow);
   [[nodiscard]] std::vector<core::Value> ReadRow(int start, std::size_t size);
   [[nodiscard]] core::Value ReadField(const MdbColumn& column, const MdbField& field);

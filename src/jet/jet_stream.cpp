@@ -11,6 +11,9 @@
 #include <utility>
 
 #include "core/failure.h"
+#include "core/messages.h"
+#include "jet/messages.h"
+#include "sandbox/messages.h"
 
 namespace tonalith::jet {
 namespace {
@@ -20,6 +23,11 @@ enum class Kind : std::uint8_t { kNull, kWhole, kFraction, kText, kBytes };
 
 constexpr std::size_t kBuffer = std::size_t{64} << 10;
 constexpr std::uint64_t kMostColumns = 255;
+constexpr std::uint8_t kVerbatim = 255;
+// The placeholders are %1 to %9.
+constexpr std::uint8_t kMostArguments = 9;
+// A message about a table has a message as an argument; none is nested deeper.
+constexpr int kDeepestArgument = 4;
 
 // Reads the parts of a stream, at most `byteLimit` bytes.
 class Decoder {
@@ -99,6 +107,25 @@ class Decoder {
   std::size_t filled_ = 0;
 };
 
+// The catalogues of the messages that reading may fail with. Their positions are part of the stream.
+std::array<std::span<const core::MessageText>, 3> Catalogues() {
+  return {CatalogueOf(MessageId()), CatalogueOf(core::MessageId()), CatalogueOf(sandbox::MessageId())};
+}
+
+// A message is the position of its catalogue, then its position there, then its arguments; or kVerbatim and a text.
+core::Message ReadMessage(Decoder& decoder, int depth) {
+  const std::uint8_t position = decoder.Byte();
+  if (position == kVerbatim) return core::Message::Verbatim(decoder.Text());
+  const auto catalogues = Catalogues();
+  if (position >= catalogues.size() || depth == 0) throw DamagedStream();
+  const std::uint8_t entry = decoder.Byte();
+  const std::uint8_t count = decoder.Byte();
+  if (entry >= catalogues.at(position).size() || count > kMostArguments) throw DamagedStream();
+  std::vector<core::Message> arguments;
+  for (std::uint8_t i = 0; i < count; ++i) arguments.push_back(ReadMessage(decoder, depth - 1));
+  return core::Message::FromEntry(catalogues.at(position)[entry], std::move(arguments));
+}
+
 JetTable ReadTable(Decoder& decoder) {
   JetTable table{decoder.Text(), {}};
   const std::uint64_t columns = decoder.Number();
@@ -140,9 +167,9 @@ void JetStreamWriter::Finish() {
   Flush();
 }
 
-void JetStreamWriter::Refuse(const std::string& description) {
+void JetStreamWriter::Refuse(const core::Message& reason) {
   PutByte(static_cast<std::uint8_t>(Part::kRefusal));
-  PutText(description);
+  PutMessage(reason);
   Flush();
 }
 
@@ -165,6 +192,22 @@ void JetStreamWriter::PutBytes(std::span<const std::uint8_t> bytes) {
 void JetStreamWriter::PutText(const std::string& text) {
   PutNumber(text.size());
   PutBytes({reinterpret_cast<const std::uint8_t*>(text.data()), text.size()});
+}
+
+void JetStreamWriter::PutMessage(const core::Message& message) {
+  const auto catalogues = Catalogues();
+  for (std::size_t i = 0; i < catalogues.size(); ++i) {
+    for (std::size_t entry = 0; entry < catalogues.at(i).size(); ++entry) {
+      if (message.Text() != &catalogues.at(i)[entry]) continue;
+      PutByte(static_cast<std::uint8_t>(i));
+      PutByte(static_cast<std::uint8_t>(entry));
+      PutByte(static_cast<std::uint8_t>(message.Arguments().size()));
+      for (const core::Message& argument : message.Arguments()) PutMessage(argument);
+      return;
+    }
+  }
+  PutByte(kVerbatim);
+  PutText(message.English());
 }
 
 void JetStreamWriter::PutValue(const core::Value& value) {
@@ -191,7 +234,7 @@ void JetStreamWriter::Flush() {
   buffer_.clear();
 }
 
-core::Failure DamagedStream() { return core::Failure::Unspecified("it is damaged, and reading it broke off"); }
+core::Failure DamagedStream() { return core::Failure::Unspecified(MessageId::kDamagedStream); }
 
 void ReadJetStream(const ByteSource& source, std::uint64_t byteLimit, JetVisitor& visitor) {
   Decoder decoder(source, byteLimit);
@@ -220,7 +263,7 @@ void ReadJetStream(const ByteSource& source, std::uint64_t byteLimit, JetVisitor
       case Part::kEnd:
         return;
       case Part::kRefusal:
-        throw core::Failure::Unspecified(decoder.Text());
+        throw core::Failure::Unspecified(ReadMessage(decoder, kDeepestArgument));
       default:
         throw DamagedStream();
     }

@@ -29,16 +29,17 @@ class JetStreamWriter : public JetVisitor {
   void OnObject(const JetObject& object) override;
   void OnTable(const JetTable& table) override;
   void OnRow(std::vector<core::Value> values) override;
-  /// End of the stream: the content is complete (Finish), or the description of a failure (Refuse). Call one of them,
+  /// End of the stream: the content is complete (Finish), or the message of a failure (Refuse). Call one of them,
   /// once.
   void Finish();
-  void Refuse(const std::string& description);
+  void Refuse(const core::Message& reason);
 
  private:
   void PutByte(std::uint8_t byte);
   void PutNumber(std::uint64_t number);
   void PutBytes(std::span<const std::uint8_t> bytes);
   void PutText(const std::string& text);
+  void PutMessage(const core::Message& message);
   void PutValue(const core::Value& value);
   void Flush();
 

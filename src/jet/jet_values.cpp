@@ -14,6 +14,7 @@
 
 #include "core/failure.h"
 #include "core/text.h"
+#include "jet/messages.h"
 
 namespace tonalith::jet {
 namespace {
@@ -22,7 +23,7 @@ constexpr std::uint32_t kFirstHigh = 0xD800;
 constexpr std::uint32_t kFirstLow = 0xDC00;
 constexpr std::uint32_t kEndLow = 0xE000;
 
-core::Failure BrokenText() { return core::Failure::Unspecified("a text in it is not valid Unicode"); }
+core::Failure BrokenText() { return core::Failure::Unspecified(MessageId::kBrokenText); }
 
 std::u16string Units(std::span<const std::uint8_t> bytes) {
   const bool isCompressed = bytes.size() >= 2 && bytes[0] == 0xFF && bytes[1] == 0xFE;
@@ -48,8 +49,7 @@ std::u16string Units(std::span<const std::uint8_t> bytes) {
 class Converter {
  public:
   explicit Converter(const std::string& from) : handle_(::iconv_open("UTF-8", from.c_str())) {
-    if (handle_ == kNone)
-      throw core::Failure::Unspecified("its texts are in the code page " + from + ", which is not known here");
+    if (handle_ == kNone) throw core::Failure::Unspecified({MessageId::kUnknownCodePage, from});
   }
   ~Converter() { ::iconv_close(handle_); }
   Converter(const Converter&) = delete;
@@ -100,8 +100,7 @@ std::string JetDate(double days) {
   using namespace std::chrono;
   constexpr double kMillisecondsPerDay = 86'400'000.0;
   // The years 100 to 9999, the range of the format.
-  if (!(days > -657'435.0 && days < 2'958'466.0))
-    throw core::Failure::Unspecified("a date in it lies outside the calendar");
+  if (!(days > -657'435.0 && days < 2'958'466.0)) throw core::Failure::Unspecified(MessageId::kDateOutside);
   double whole = std::trunc(days);
   auto inDay = milliseconds(std::llround(std::abs(days - whole) * kMillisecondsPerDay));
   // Times are stored in seconds; a difference of at most 1 ms is a rounding error of the double.

@@ -20,6 +20,7 @@
 #include <utility>
 
 #include "core/failure.h"
+#include "sandbox/messages.h"
 
 namespace tonalith::sandbox {
 namespace {
@@ -30,8 +31,8 @@ using std::chrono::steady_clock;
 constexpr int kDone = 0;
 constexpr int kThrew = 1;
 
-core::Failure SystemFailure(const char* step) {
-  return core::Failure::Unspecified(std::string(step) + ": " + std::generic_category().message(errno));
+core::Failure SystemFailure() {
+  return core::Failure::Unspecified({MessageId::kSystemRefused, std::generic_category().message(errno)});
 }
 
 // Address space in use. A sanitizer build reserves terabytes at start, so the limit is added to the current use.
@@ -91,7 +92,7 @@ ChildProcess::ChildProcess(const std::function<void(int pipe)>& work, const Limi
                            std::function<void()> whileWaiting)
     : limits_(limits), whileWaiting_(std::move(whileWaiting)), start_(steady_clock::now()) {
   std::array<int, 2> ends{};
-  if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw SystemFailure("the system refuses to read it");
+  if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw SystemFailure();
   process_ = ::fork();
   if (process_ == 0) RunWork(work, ends[1], limits_);
   ::close(ends[1]);
@@ -100,7 +101,7 @@ ChildProcess::ChildProcess(const std::function<void(int pipe)>& work, const Limi
     const int error = errno;
     ::close(pipe_);
     errno = error;
-    throw SystemFailure("the system refuses to read it");
+    throw SystemFailure();
   }
 }
 
@@ -129,12 +130,12 @@ void ChildProcess::WaitForBytes() {
     const auto now = steady_clock::now();
     const auto left =
         std::chrono::duration_cast<milliseconds>(std::min(begin + limits_.silence, start_ + limits_.total) - now);
-    if (left <= milliseconds::zero()) throw core::Failure::Unspecified("reading it does not come to an end");
+    if (left <= milliseconds::zero()) throw core::Failure::Unspecified(MessageId::kEndless);
     pollfd wait{pipe_, POLLIN, 0};
     const milliseconds step = whileWaiting_ ? std::min(left, kWaitStep) : left;
     const int ready = ::poll(&wait, 1, static_cast<int>(step.count()));
     if (ready > 0) return;
-    if (ready < 0 && errno != EINTR) throw SystemFailure("the system refuses to read it");
+    if (ready < 0 && errno != EINTR) throw SystemFailure();
   }
 }
 
@@ -143,7 +144,7 @@ std::size_t ChildProcess::Read(std::span<std::uint8_t> buffer) {
     WaitForBytes();
     const ssize_t size = ::read(pipe_, buffer.data(), buffer.size());
     if (size >= 0) return static_cast<std::size_t>(size);
-    if (errno != EINTR) throw SystemFailure("the system refuses to read it");
+    if (errno != EINTR) throw SystemFailure();
   }
 }
 
@@ -151,7 +152,7 @@ void WriteAll(int pipe, std::span<const std::uint8_t> bytes) {
   while (!bytes.empty()) {
     const ssize_t size = ::write(pipe, bytes.data(), bytes.size());
     if (size < 0 && errno == EINTR) continue;
-    if (size < 0) throw core::Failure::Unspecified("the reader is gone");
+    if (size < 0) throw core::Failure::Unspecified(MessageId::kReaderGone);
     bytes = bytes.subspan(static_cast<std::size_t>(size));
   }
 }

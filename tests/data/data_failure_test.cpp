@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "data/data_fixture.h"
+#include "data/messages.h"
 
 namespace tonalith::data {
 namespace {
@@ -69,6 +70,16 @@ TEST(DataFailure, HasTheNumbersThatProgramsTestFor) {
                                            -2147217904, -2147217900, -2147217865, -2147217864, -2147217863,
                                            -2147217843, -2147168242, -2147168237};
   EXPECT_EQ(numbers, expected);
+}
+
+TEST(DataFailure, OfATriggerIsAMessageOfTheCatalogue) {
+  const DatabaseFolder folder;
+  try {
+    RunRaw(folder.Path(), "UPDATE ScalesQuery SET ScaleName = '' WHERE ScaleID = 1");
+    FAIL() << "the trigger did not run";
+  } catch (const SQLite::Exception& exception) {
+    EXPECT_EQ(FromEngine(exception, "any").Text().Text(), core::Message(MessageId::kNameNeeded).Text());
+  }
 }
 
 TEST(DataFailure, NamesTheRuleThatARecordViolates) {

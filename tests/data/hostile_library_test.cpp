@@ -59,7 +59,7 @@ TEST(HostileLibrary, OwnSchemaIsRecognised) {
   const DatabaseFolder folder;
   SQLite::Database database(folder.Path(), SQLite::OPEN_READWRITE);
   EXPECT_TRUE(GuardSchema(database).isOurs);
-  EXPECT_EQ(folder.Open()->NoticeText(), "");
+  EXPECT_EQ(folder.Open()->NoticeText().English(), "");
   database.exec("CREATE INDEX Another ON Scales (Chord)");
   const SchemaGuard guard = GuardSchema(database);
   EXPECT_FALSE(guard.isOurs);
@@ -77,7 +77,7 @@ TEST(HostileLibrary, EndlessStoredQueryIsReplacedWithANotice) {
     ScaleDatabase database(folder.Folder(), msgBox);
     database.OpenShared();
     EXPECT_EQ(NamesIn(*database.ScaleRecordset()), kFourNames);
-    EXPECT_EQ(database.ScaleConnection()->NoticeText(),
+    EXPECT_EQ(database.ScaleConnection()->NoticeText().English(),
               "The stored query ScalesQuery of '" + folder.Path() +
                   "' is not Tonalith's. Tonalith reads the tables with its own query and leaves the file as it is.");
   });
@@ -107,7 +107,7 @@ TEST(HostileLibrary, MissingStoredQueryIsReplacedIfTheTablesExist) {
 TEST(HostileLibrary, ForeignTriggerNeverRunsOnSaving) {
   const DatabaseFolder folder;
   RunRaw(folder.Path(), "CREATE TRIGGER Bomb AFTER UPDATE ON Scales BEGIN DELETE FROM Scales; END");
-  EXPECT_EQ(folder.Open()->NoticeText(),
+  EXPECT_EQ(folder.Open()->NoticeText().English(),
             "The database '" + folder.Path() + "' has triggers that are not Tonalith's. Tonalith does not run them.");
   RenameFirst(folder, "Ionian");
   EXPECT_EQ(AskRaw(folder.Path(), kAllNames), "Ionian,Minor,Major triad,Minor triad");
@@ -133,7 +133,7 @@ TEST(HostileLibrary, ForeignQueryAndForeignTriggersMakeScalesReadOnly) {
   records.Open("SELECT * FROM ScalesQuery", folder.Open());
   EXPECT_EQ(NamesIn(records), kFourNames);
   EXPECT_EQ(
-      folder.Open()->NoticeText(),
+      folder.Open()->NoticeText().English(),
       "The stored query ScalesQuery of '" + folder.Path() +
           "' and its triggers are not Tonalith's. Tonalith reads the tables with its own query, and scales cannot "
           "be changed.");

@@ -3,15 +3,18 @@
 
 #include "data/schema.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <array>
 #include <chrono>
 #include <filesystem>
 #include <memory>
+#include <regex>
+#include <set>
 #include <string>
 
 #include "data/data_failure.h"
+#include "data/messages.h"
 #include "data_fixture.h"
 #include "support/timed.h"
 
@@ -231,6 +234,20 @@ TEST(ScalesQueryTriggers, WriteYesAsOne) {
   RunRaw(folder.Path(), "INSERT INTO ScalesQuery (ScaleName, ScaleTypeID, Chord) VALUES ('A', 1, -1)");
   RunRaw(folder.Path(), "UPDATE ScalesQuery SET Chord = -1 WHERE ScaleID = 1");
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT group_concat(Chord) FROM Scales WHERE ScaleName IN ('A', 'Major')"), "1,1");
+}
+
+TEST(ScalesQueryTriggers, RaiseMessagesOfTheCatalogue) {
+  const DatabaseFolder folder;
+  const std::string triggers =
+      AskRaw(folder.Path(), "SELECT group_concat(sql, char(10)) FROM sqlite_schema WHERE type = 'trigger'");
+  static const std::regex raise(R"(RAISE\s*\(\s*\w+\s*,\s*'((?:[^']|'')*)')");
+  std::set<std::string> raised;
+  for (std::sregex_iterator found(triggers.begin(), triggers.end(), raise); found != std::sregex_iterator(); ++found) {
+    raised.insert((*found)[1]);
+  }
+  EXPECT_EQ(raised.size(), 8U);
+  for (const core::MessageText& text : CatalogueOf(MessageId())) raised.erase(text.english);
+  EXPECT_THAT(raised, testing::IsEmpty());
 }
 
 TEST(ScalesQueryTriggers, RefuseAnInvalidInsertWithAReadableMessage) {

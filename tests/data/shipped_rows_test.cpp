@@ -62,7 +62,7 @@ TEST(ShippedRows, GetTheCurrentNamesAndDescriptions) {
             "221222101,212212202,43511,34512");
   EXPECT_EQ(AskRaw(folder.Path(), "SELECT Revision || ',' || MinimumRevision FROM Revisions"), "3,2");
   EXPECT_EQ(AskRaw(folder.Path(), "PRAGMA user_version"), "2");
-  EXPECT_EQ(folder.Open()->NoticeText(), "");
+  EXPECT_EQ(folder.Open()->NoticeText().English(), "");
 }
 
 TEST(ShippedRows, StayIfTheUserHasChangedThem) {

@@ -12,6 +12,7 @@
 #include "jet/jet_fixture.h"
 #include "support/failure_of.h"
 #include "support/temp_folder.h"
+#include "support/text_message.h"
 
 namespace tonalith::jet {
 namespace {
@@ -196,7 +197,7 @@ TEST(JetFile, RefusesATableWithFewerRowsThanItsCount) {
 TEST(JetFile, PassesExceptionsOfTheVisitorUnchanged) {
   class ThrowingVisitor : public Recorder {
    public:
-    void OnRow(std::vector<core::Value>) override { throw core::Failure(123, "no room"); }
+    void OnRow(std::vector<core::Value>) override { throw core::Failure(123, tests::TextMessage("no room")); }
   } visitor;
   EXPECT_EQ(FailureOf([&] { ReadJetFile(kJet2003, visitor); }).Description(), "no room");
 }

@@ -74,7 +74,7 @@ TEST(JetStream, ValidatesItsInput) {
   EXPECT_EQ(StreamRefusal({'O', 255, 255, 255, 255, 255, 255, 255, 255}), damaged);
   EXPECT_EQ(StreamRefusal({'O', 3, 0, 0, 0, 0, 0, 0, 0, 'a'}), damaged);
   EXPECT_EQ(StreamRefusal({'T', 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0}), damaged);
-  EXPECT_EQ(StreamRefusal({'E', 2, 0, 0, 0, 0, 0, 0, 0, 'n', 'o'}), "no");
+  EXPECT_EQ(StreamRefusal({'E', 255, 2, 0, 0, 0, 0, 0, 0, 0, 'n', 'o'}), "no");
 }
 
 TEST(JetStream, EndsAtItsLimit) {

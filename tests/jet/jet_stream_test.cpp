@@ -10,8 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "jet/messages.h"
 #include "support/failure_of.h"
 #include "support/temp_folder.h"
+#include "support/text_message.h"
 
 namespace tonalith::jet {
 namespace {
@@ -106,8 +108,30 @@ TEST(JetStream, PassesATextLongerThanItsBuffers) {
 
 TEST(JetStream, PassesTheFailureOfTheReaderUnchanged) {
   const Stream stream = Written([](JetStreamWriter& writer) { writer.OnTable(kScales); },
-                                [](JetStreamWriter& writer) { writer.Refuse("it is encrypted"); });
+                                [](JetStreamWriter& writer) { writer.Refuse(tests::TextMessage("it is encrypted")); });
   EXPECT_EQ(Refusal(stream), "it is encrypted");
+}
+
+TEST(JetStream, PassesAMessageWithItsIdAndArguments) {
+  const core::Message damaged(MessageId::kDamagedTable, std::string("Scales"),
+                              core::Message(MessageId::kRowCount, 1, 2));
+  const Stream stream = Written([](JetStreamWriter&) {}, [&](JetStreamWriter& writer) { writer.Refuse(damaged); });
+  CallRecorder recorder;
+  const core::Failure failure = FailureOf([&] { Read(stream, recorder); });
+  EXPECT_EQ(failure.Description(), damaged.English());
+  EXPECT_EQ(failure.Text().Text(), damaged.Text());
+  ASSERT_EQ(failure.Text().Arguments().size(), 2U);
+  EXPECT_EQ(failure.Text().Arguments()[1].Text(), damaged.Arguments()[1].Text());
+}
+
+TEST(JetStream, RefusesMalformedMessages) {
+  EXPECT_EQ(Refusal({'E', 3, 0, 0}), kDamaged) << "no such catalogue";
+  EXPECT_EQ(Refusal({'E', 0, 200, 0}), kDamaged) << "no such message";
+  EXPECT_EQ(Refusal({'E', 0, 0, 10}), kDamaged) << "too many arguments";
+  Stream nested{'E'};
+  for (int i = 0; i < 5; ++i) nested.insert(nested.end(), {0, 0, 1});
+  nested.insert(nested.end(), {0, 0, 0});
+  EXPECT_EQ(Refusal(nested), kDamaged) << "nested too deeply";
 }
 
 TEST(JetStream, IsDamagedIfTruncatedAnywhere) {

@@ -127,7 +127,7 @@ void NumberRows(std::vector<ScaleRow>& scales) {
 
 core::Failure TableFailure(const TableLocation& location, const std::string& description) {
   return {core::failure_number::kInvalidProcedureCall,
-          location.file + ":" + std::to_string(location.line) + ": " + description};
+          core::Message::Verbatim(location.file + ":" + std::to_string(location.line) + ": " + description)};
 }
 
 ScaleTables ReadScaleTables(const std::filesystem::path& folder) {
