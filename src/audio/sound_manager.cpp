@@ -6,6 +6,7 @@
 #include <memory>
 #include <utility>
 
+#include "audio/messages.h"
 #include "audio/wave_file.h"
 
 namespace tonalith::audio {
@@ -53,7 +54,7 @@ bool SoundManager::LoadSoundBuffer(std::int32_t BufferIndex, const std::string& 
   failure.Try([&] { file = files_.Open(path); });
   bool loaded = false;
   if (!file) {
-    msgBox_.Show("Cannot open file");
+    msgBox_.Show(MessageId::kFileNotOpened);
   } else {
     failure.Try([&] {
       platform::WaveFormat format;

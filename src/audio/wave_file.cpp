@@ -7,6 +7,7 @@
 #include <array>
 
 #include "audio/little_endian.h"
+#include "audio/messages.h"
 
 namespace tonalith::audio {
 namespace {
@@ -22,20 +23,20 @@ constexpr std::uint32_t kMostSamples = std::uint32_t{8} << 20U;
 }  // namespace
 
 WaveFile::Problem WaveFile::EnterForm() {
-  if (reader_.Descend(form_) != Descent::kEntered) return "Cannot descend";
-  if (form_.ckid != StringToFOURCC("RIFF") || form_.fccType != StringToFOURCC("WAVE")) return "Incorrect format";
+  if (reader_.Descend(form_) != Descent::kEntered) return MessageId::kNotDescended;
+  if (form_.ckid != StringToFOURCC("RIFF") || form_.fccType != StringToFOURCC("WAVE")) return MessageId::kWrongFormat;
   return std::nullopt;
 }
 
 WaveFile::Problem WaveFile::ReadFormat(platform::WaveFormat& format) {
   format_.ckid = StringToFOURCC("fmt");
-  if (reader_.FindChunk(format_, form_) != Descent::kEntered) return "Could not find fmt chunk";
+  if (reader_.FindChunk(format_, form_) != Descent::kEntered) return MessageId::kNoFormat;
   if (format_.cksize < kSmallestFormat) {
-    return "Not enough data, only " + std::to_string(format_.cksize) + ", wanted " + std::to_string(kSmallestFormat);
+    return core::Message(MessageId::kShortFormat, format_.cksize, kSmallestFormat);
   }
   // Kept: see docs/behaviour.md, The format record is read as 20 bytes.
   std::array<std::byte, kFormatRead> bytes{};
-  if (reader_.Read(bytes) < static_cast<std::int64_t>(kSmallestFormat)) return "Not enough data read";
+  if (reader_.Read(bytes) < static_cast<std::int64_t>(kSmallestFormat)) return MessageId::kFormatNotRead;
   const std::span<const std::byte, kFormatRead> record(bytes);
   format.record = {.wFormatTag = LittleEndian16(record.subspan<0, 2>()),
                    .nChannels = LittleEndian16(record.subspan<2, 2>()),
@@ -58,18 +59,18 @@ std::optional<std::uint16_t> WaveFile::ReadSubFormat() {
 
 WaveFile::Problem WaveFile::FindData() {
   constexpr std::uint64_t kFormTypeSize = 4;
-  if (reader_.Seek(form_.dwDataOffset + kFormTypeSize) < 0) return "Could not seek";
+  if (reader_.Seek(form_.dwDataOffset + kFormTypeSize) < 0) return MessageId::kNotSought;
   data_ = MMCKINFO{};
   data_.ckid = StringToFOURCC("data");
-  if (reader_.FindChunk(data_, form_) != Descent::kEntered) return "Could not descend into data";
+  if (reader_.FindChunk(data_, form_) != Descent::kEntered) return MessageId::kNoData;
   return std::nullopt;
 }
 
 WaveFile::Problem WaveFile::ReadData(std::vector<std::byte>& samples) {
-  if (data_.cksize > kMostSamples) return "Could not read full buffer";
+  if (data_.cksize > kMostSamples) return MessageId::kDataNotRead;
   samples.resize(static_cast<std::size_t>(std::min<std::uint64_t>(data_.cksize, reader_.Remaining())));
   const std::int64_t count = reader_.Read(samples);
-  if (count != static_cast<std::int64_t>(data_.cksize)) return "Could not read full buffer";
+  if (count != static_cast<std::int64_t>(data_.cksize)) return MessageId::kDataNotRead;
   return std::nullopt;
 }
 

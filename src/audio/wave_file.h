@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "audio/riff_reader.h"
+#include "core/message.h"
 #include "platform/wave_output.h"
 
 namespace tonalith::audio {
@@ -19,7 +20,7 @@ namespace tonalith::audio {
 class WaveFile {
  public:
   /// The failure as the text of a message box; nullopt on success.
-  using Problem = std::optional<std::string>;
+  using Problem = std::optional<core::Message>;
 
   explicit WaveFile(platform::InputFile& file) : reader_(file) {}
 

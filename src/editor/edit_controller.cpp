@@ -7,6 +7,7 @@
 #include <QPointer>
 
 #include "editor/frm_scales.h"
+#include "editor/messages.h"
 #include "editor/undo_keys.h"
 
 namespace tonalith::editor {
@@ -14,16 +15,6 @@ namespace {
 
 using Decision = RejectedEdit::Decision;
 
-constexpr const char* kKeepQuestion =
-    QT_TRANSLATE_NOOP("tonalith::editor::frmScales", "Are you sure you want to keep these changes?");
-constexpr const char* kOverwriteQuestion =
-    QT_TRANSLATE_NOOP("tonalith::editor::frmScales",
-                      "This scale has been changed elsewhere since it was read here. Do you want to save your changes "
-                      "over it?\n\nNo shows "
-                      "the scale as it is now. Ctrl+Z then brings your changes back.");
-constexpr const char* kDeleteQuestion =
-    QT_TRANSLATE_NOOP("tonalith::editor::frmScales",
-                      "Are you sure you want to delete this record? You will not be able to undo the deletion!");
 /// Yes and No, a question icon, No as the default.
 constexpr auto kConfirmDeletion = static_cast<core::MsgBoxStyle>(276);
 
@@ -62,14 +53,12 @@ void EditController::Modify() {
 }
 
 bool EditController::AsksToKeep() {
-  return msgBox_.Show(frmScales::tr(kKeepQuestion).toStdString(), core::MsgBoxStyle::kOkCancel) ==
-         core::MsgBoxAnswer::kOk;
+  return msgBox_.Show(MessageId::kKeepQuestion, core::MsgBoxStyle::kOkCancel) == core::MsgBoxAnswer::kOk;
 }
 
 bool EditController::KeepNotes() {
   if (!session_.CanKeepNotes()) {
-    msgBox_.Show(frmScales::tr("A scale or chord requires more than one note.").toStdString(),
-                 core::MsgBoxStyle::kInformation);
+    msgBox_.Show(MessageId::kMoreNotesNeeded, core::MsgBoxStyle::kInformation);
     return false;
   }
   session_.KeepNotes();
@@ -140,8 +129,7 @@ void EditController::Refresh() {
 void EditController::Delete() {
   const QPointer<EditController> self = this;
   RunAlone([&] {
-    const auto answer = msgBox_.Show(frmScales::tr(kDeleteQuestion).toStdString(), kConfirmDeletion,
-                                     frmScales::tr("Confirm Deletion").toStdString());
+    const auto answer = msgBox_.Show(MessageId::kDeleteQuestion, kConfirmDeletion, MessageId::kDeleteTitle);
     if (answer == core::MsgBoxAnswer::kYes && !self.isNull()) form_.Controls().datPrimaryRS->Delete();
   });
 }
@@ -219,8 +207,7 @@ controls::DataControl::Conflict EditController::DecideConflict() {
   const QPointer<EditController> self = this;
   const CommandRunner::Scope scope(runner_);
   const auto style = core::MsgBoxStyle::kYesNo | core::MsgBoxStyle::kQuestion | core::MsgBoxStyle::kDefaultButton2;
-  const auto answer = msgBox_.Show(frmScales::tr(kOverwriteQuestion).toStdString(), style,
-                                   frmScales::tr("Changed Elsewhere").toStdString());
+  const auto answer = msgBox_.Show(MessageId::kOverwriteQuestion, style, MessageId::kOverwriteTitle);
   if (self.isNull()) return Conflict::kTakeOther;
   if (answer == core::MsgBoxAnswer::kYes) return Conflict::kOverwrite;
   session_.RejectForOtherVersion();

@@ -11,6 +11,7 @@
 #include "core/failure.h"
 #include "help/chm_reader.h"
 #include "help/chm_stream.h"
+#include "help/messages.h"
 
 namespace tonalith::help {
 namespace {
@@ -20,7 +21,7 @@ namespace fs = std::filesystem;
 /// Size of the headers of the smallest file, in bytes.
 constexpr std::uint64_t kSmallestChmFile = 96;
 
-core::Failure Damaged() { return core::Failure::Unspecified("it is truncated or damaged"); }
+core::Failure Damaged() { return core::Failure::Unspecified(MessageId::kDamaged); }
 
 class StreamReader {
  public:
@@ -82,11 +83,11 @@ class StreamReader {
 
 void RequireLikelySize(const std::string& path) {
   std::error_code error;
-  if (!fs::is_regular_file(path, error)) throw core::Failure::Unspecified("it is no file");
+  if (!fs::is_regular_file(path, error)) throw core::Failure::Unspecified(MessageId::kNoFile);
   const std::uint64_t size = fs::file_size(path, error);
-  if (error) throw core::Failure::Unspecified(error.message());
+  if (error) throw core::Failure::Unspecified(core::Message::Verbatim(error.message()));
   if (size < kSmallestChmFile) throw Damaged();
-  if (size > kLargestChmFile) throw core::Failure::Unspecified("it is larger than a help file can be");
+  if (size > kLargestChmFile) throw core::Failure::Unspecified(MessageId::kTooLarge);
 }
 
 }  // namespace
@@ -101,7 +102,7 @@ ChmObjects ReadChmFile(const std::string& path, const sandbox::Limits& limits) {
     sandbox::ChildProcess process([&path](int pipe) { WriteChmObjects(path, pipe); }, limits);
     return ReadChmStream([&process](std::span<std::uint8_t> buffer) { return process.Read(buffer); });
   } catch (const core::Failure& failure) {
-    throw core::Failure(failure.Number(), "The file '" + path + "' cannot be read: " + failure.Description() + ".");
+    throw core::Failure(failure.Number(), {MessageId::kFileNotRead, path, failure.Text()});
   }
 }
 

@@ -15,6 +15,7 @@
 #include "core/failure.h"
 #include "help/chm_file.h"
 #include "help/chm_stream.h"
+#include "help/messages.h"
 #include "sandbox/child_process.h"
 
 namespace tonalith::help {
@@ -69,7 +70,8 @@ void WriteObject(chmFile* file, chmUnitInfo& unit, int pipe) {
   for (std::uint64_t at = 0; at < unit.length;) {
     const auto wanted = static_cast<std::int64_t>(std::min<std::uint64_t>(buffer.size(), unit.length - at));
     const std::int64_t size = ::chm_retrieve_object(file, &unit, buffer.data(), at, wanted);
-    if (size <= 0 || size > wanted) throw core::Failure::Unspecified(std::string(unit.path) + " cannot be read");
+    if (size <= 0 || size > wanted)
+      throw core::Failure::Unspecified({MessageId::kObjectNotRead, std::string(unit.path)});
     sandbox::WriteAll(pipe, std::span(buffer).first(static_cast<std::size_t>(size)));
     at += static_cast<std::uint64_t>(size);
   }
@@ -79,10 +81,10 @@ void WriteObject(chmFile* file, chmUnitInfo& unit, int pipe) {
 
 void WriteChmObjects(const std::string& path, int pipe) {
   const OpenChm file(::chm_open(path.c_str()));
-  if (file == nullptr) throw core::Failure::Unspecified("it is no help file");
+  if (file == nullptr) throw core::Failure::Unspecified(MessageId::kNoHelpFile);
   Found found;
   const int outcome = ::chm_enumerate(file.get(), CHM_ENUMERATE_ALL, Collect, &found);
-  if (outcome == 0 || found.isTooMuch) throw core::Failure::Unspecified("its list of objects is damaged");
+  if (outcome == 0 || found.isTooMuch) throw core::Failure::Unspecified(MessageId::kDamagedList);
   // In file order, so that each compressed block is decompressed once.
   std::sort(found.units.begin(), found.units.end(), [](const chmUnitInfo& a, const chmUnitInfo& b) {
     return a.space != b.space ? a.space < b.space : a.start < b.start;

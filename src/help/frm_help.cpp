@@ -16,6 +16,7 @@
 #include "help/help_browser.h"
 #include "help/help_button.h"
 #include "help/index_panel.h"
+#include "help/messages.h"
 #include "help/search_panel.h"
 #include "paint/theme.h"
 
@@ -219,8 +220,7 @@ void frmHelp::FollowLink(const std::string& link) {
     case HelpLink::Kind::kOutside:
       return ConfirmAndOpen(followed.address);
     case HelpLink::Kind::kRefused:
-      msgBox_.Show(tr("This link leads to something that the help does not open:\n").toStdString() + followed.address,
-                   core::MsgBoxStyle::kExclamation, {});
+      msgBox_.Show({MessageId::kLinkRefused, followed.address}, core::MsgBoxStyle::kExclamation, {});
       return;
   }
 }
@@ -231,11 +231,10 @@ void frmHelp::ConfirmAndOpen(const std::string& address) {
   core::MsgBox& msgBox = msgBox_;
   const AddressOpener opener = opener_;
   const MsgBoxStyle style = MsgBoxStyle::kYesNo | MsgBoxStyle::kQuestion | MsgBoxStyle::kDefaultButton2;
-  const auto answer =
-      msgBox.Show(tr("This link leads out of the help. Do you want to open it?\n").toStdString() + address, style, {});
+  const auto answer = msgBox.Show({MessageId::kLinkLeadsOut, address}, style, {});
   if (answer != core::MsgBoxAnswer::kYes) return;
   if (!opener(QUrl(QString::fromStdString(address)))) {
-    msgBox.Show(tr("The address could not be opened:\n").toStdString() + address, MsgBoxStyle::kExclamation, {});
+    msgBox.Show({MessageId::kAddressNotOpened, address}, MsgBoxStyle::kExclamation, {});
   }
 }
 

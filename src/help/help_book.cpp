@@ -8,6 +8,7 @@
 #include "core/failure.h"
 #include "help/help_address.h"
 #include "help/markup.h"
+#include "help/messages.h"
 #include "help/site_map.h"
 
 namespace tonalith::help {
@@ -108,7 +109,7 @@ HelpTarget HelpBook::FindDefault(const std::string& named) const {
   candidates.push_back({"/index.html", {}});
   const auto found =
       std::find_if(candidates.begin(), candidates.end(), [this](const HelpTarget& target) { return HasPage(target); });
-  if (found == candidates.end()) throw core::Failure::Unspecified("The help file has no page to open at.");
+  if (found == candidates.end()) throw core::Failure::Unspecified(MessageId::kNoPage);
   return *found;
 }
 

@@ -3,21 +3,17 @@
 
 #include "help/mod_html_help.h"
 
-#include <QCoreApplication>
 #include <filesystem>
 #include <system_error>
 
 #include "core/deferred_failure.h"
 #include "core/paths.h"
+#include "help/messages.h"
 
 namespace tonalith::help {
 namespace {
 
 using core::MsgBoxStyle;
-
-std::string InUsersLanguage(const char* text) {
-  return QCoreApplication::translate("tonalith::help::frmHelp", text).toStdString();
-}
 
 bool IsFile(const std::string& path) {
   std::error_code error;
@@ -47,23 +43,16 @@ void OpenHelpFile(const std::string& appFolder, core::MsgBox& msgBox, platform::
                   platform::HelpWindowHandle caller) {
   const std::string path = HelpFilePath(appFolder);
   if (!IsFile(path)) {
-    msgBox.Show(InUsersLanguage(QT_TRANSLATE_NOOP("tonalith::help::frmHelp", "Cannot find help file:\n")) + path,
-                MsgBoxStyle::kCritical, InUsersLanguage(QT_TRANSLATE_NOOP("tonalith::help::frmHelp", "File Missing")));
+    msgBox.Show({MessageId::kFileMissing, path}, MsgBoxStyle::kCritical, MessageId::kFileMissingTitle);
     return;
   }
   if (core::IsNetworkPath(path)) {
-    msgBox.Show(InUsersLanguage(QT_TRANSLATE_NOOP(
-                    "tonalith::help::frmHelp",
-                    "Help files cannot be opened from a network share. Please move the app to a local drive.")),
-                MsgBoxStyle::kExclamation, {});
+    msgBox.Show(MessageId::kNetworkShare, MsgBoxStyle::kExclamation, {});
     return;
   }
   // Kept: see docs/behaviour.md, Help names an engine that is not used.
   if (!Opens(engine, caller, path)) {
-    msgBox.Show(InUsersLanguage(QT_TRANSLATE_NOOP(
-                    "tonalith::help::frmHelp",
-                    "The Help engine (hhctrl.ocx) failed to start. Ensure the file is unblocked and local.")),
-                MsgBoxStyle::kCritical, InUsersLanguage(QT_TRANSLATE_NOOP("tonalith::help::frmHelp", "API Error")));
+    msgBox.Show(MessageId::kEngineFailed, MsgBoxStyle::kCritical, MessageId::kEngineFailedTitle);
   }
 }
 

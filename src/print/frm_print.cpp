@@ -14,9 +14,11 @@
 
 #include "core/deferred_failure.h"
 #include "paint/theme.h"
+#include "print/messages.h"
 #include "print/print_picture_to_size.h"
 #include "windows/plain_label.h"
 #include "windows/screen_size.h"
+#include "windows/translated.h"
 
 namespace tonalith::print {
 namespace {
@@ -170,11 +172,12 @@ void frmPrint::ShowMainAction() {
 }
 
 void frmPrint::ShowPaper() {
-  const QString page = tr("One page, %1.").arg(PaperText());
-  ShowStatus(hasPrinter_ ? page : page + tr(" No printer is set up here; the page can be saved as a PDF file."));
+  const core::Message page(MessageId::kOnePage, PaperText().toStdString());
+  ShowStatus(hasPrinter_ ? page : core::Message(MessageId::kNoPrinter, page));
 }
 
-void frmPrint::ShowStatus(const QString& text) {
+void frmPrint::ShowStatus(const core::Message& status) {
+  const QString text = windows::Translated(status);
   if (lblStatus_->text() == text) return;
   lblStatus_->setText(text);
   QAccessibleEvent alert(lblStatus_, QAccessible::Alert);
@@ -192,18 +195,18 @@ void frmPrint::AskAndPrint(RequestPrinter ask, AfterPrinting afterwards) {
     order_.print(*printer);
     if (self.isNull()) return;
     if (!printer->IsEnded()) {
-      ShowStatus(tr("Nothing was printed."));
+      ShowStatus(MessageId::kNothingPrinted);
     } else if (afterwards == AfterPrinting::kClose) {
       accept();
     } else {
-      ShowStatus(tr("Saved as %1").arg(QString::fromStdString(printer->Destination())));
+      ShowStatus({MessageId::kSavedAs, printer->Destination()});
       cmdCancel_->setText(tr("Close"));
     }
   });
   if (!self.isNull()) {
     isAsking_ = false;
     // The status may still show the previous file.
-    if (failure.Pending()) ShowStatus(tr("Nothing was printed."));
+    if (failure.Pending()) ShowStatus(MessageId::kNothingPrinted);
   }
   failure.ReportDescription(msgBox);
 }

@@ -12,6 +12,7 @@
 #include <string>
 
 #include "core/deferred_messages.h"
+#include "core/message.h"
 #include "core/msg_box.h"
 #include "platform/print_service.h"
 #include "print/page_view.h"
@@ -70,7 +71,7 @@ class frmPrint : public windows::Window<QDialog> {
   /// button.
   void ShowMainAction();
   void AskAndPrint(RequestPrinter ask, AfterPrinting afterwards);
-  void ShowStatus(const QString& text);
+  void ShowStatus(const core::Message& status);
   void ShowPaper();
   [[nodiscard]] QString PaperText() const;
 

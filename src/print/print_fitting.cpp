@@ -4,13 +4,14 @@
 #include "print/print_fitting.h"
 
 #include "core/failure.h"
+#include "print/messages.h"
 
 namespace tonalith::print {
 namespace {
 
 double Quotient(double dividend, double divisor) {
   constexpr std::int32_t kDivisionByZero = 11;
-  if (divisor == 0) throw core::Failure(kDivisionByZero, "Division by zero");
+  if (divisor == 0) throw core::Failure(kDivisionByZero, MessageId::kDivisionByZero);
   return dividend / divisor;
 }
 

@@ -3,12 +3,12 @@
 
 #include "print/print_picture_to_size.h"
 
-#include <QCoreApplication>
 #include <QImage>
 #include <QPainter>
 #include <QPointer>
 
 #include "core/deferred_failure.h"
+#include "print/messages.h"
 #include "print/print_fitting.h"
 
 namespace tonalith::print {
@@ -75,7 +75,7 @@ void PrintPictureToSize(const PrintTools& tools, QWidget& form, const PictureBox
     const Extent picture{static_cast<double>(picTemp->width()), static_cast<double>(picTemp->height())};
     const Extent page{tools.printer.ScaleWidth(), tools.printer.ScaleHeight()};
     const PrintRect place = FitPicture(picture, page, {sizeShare, verticalShare, horizontalShare});
-    if (picTemp->Picture() == nullptr) throw core::Failure(kInvalidPicture, "Invalid picture");
+    if (picTemp->Picture() == nullptr) throw core::Failure(kInvalidPicture, MessageId::kInvalidPicture);
     tools.printer.PaintPicture(picTemp->Picture(), place);
   });
   failure.Try([&] { tools.printer.EndDoc(); });
@@ -89,9 +89,7 @@ void CapturePrint(const PrintTools& tools, QWidget& view, PictureBox& printPic) 
   failure.Try([&] { tools.printer.SetScaleMode(platform::PrinterScaleMode::kPixels); });
   if (printPic.Picture() == nullptr) {
     failure.Clear();
-    tools.msgBox.Show(QCoreApplication::translate("tonalith::print::frmPrint",
-                                                  "Bitmap creation failed \xE2\x80\x94 nothing to print.")
-                          .toStdString());
+    tools.msgBox.Show(MessageId::kBitmapFailed);
     return;
   }
   failure.Try([&] {

@@ -20,6 +20,7 @@
 #include "paint/theme.h"
 #include "windows/field_panel.h"
 #include "windows/plain_label.h"
+#include "windows/translated.h"
 
 namespace tonalith::search {
 namespace {
@@ -41,8 +42,8 @@ class frmSearch::Watcher : public SearchWatcher {
   Watcher(const Watcher&) = delete;
   Watcher& operator=(const Watcher&) = delete;
 
-  void SetMessage(const std::string& text) override {
-    form_->lblMessage_->setText(QString::fromStdString(text));
+  void SetMessage(const core::Message& text) override {
+    form_->lblMessage_->setText(windows::Translated(text));
     QAccessibleEvent alert(form_->lblMessage_, QAccessible::Alert);
     QAccessible::updateAccessibility(&alert);
   }

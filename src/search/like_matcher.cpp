@@ -6,11 +6,12 @@
 #include <algorithm>
 
 #include "core/failure.h"
+#include "search/messages.h"
 
 namespace tonalith::search {
 namespace {
 
-core::Failure InvalidPatternString() { return {kInvalidPatternString, "Invalid pattern string"}; }
+core::Failure InvalidPatternString() { return {kInvalidPatternString, MessageId::kInvalidPattern}; }
 
 }  // namespace
 

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "core/deferred_failure.h"
+#include "windows/translated.h"
 
 namespace tonalith::search {
 namespace {
@@ -47,8 +48,8 @@ class WindowWatcher : public QObject, public SearchWatcher {
   WindowWatcher(const WindowWatcher&) = delete;
   WindowWatcher& operator=(const WindowWatcher&) = delete;
 
-  void SetMessage(const std::string& text) override {
-    if (!place_.isNull()) QToolTip::showText(place_->mapToGlobal(QPoint()), QString::fromStdString(text), place_);
+  void SetMessage(const core::Message& text) override {
+    if (!place_.isNull()) QToolTip::showText(place_->mapToGlobal(QPoint()), windows::Translated(text), place_);
   }
 
   [[nodiscard]] bool ShouldContinue() override {

@@ -3,22 +3,13 @@
 
 #include "search/scale_search.h"
 
-#include <QCoreApplication>
-
 #include "core/failure.h"
 #include "core/text.h"
 #include "core/upper_case.h"
 #include "data/data_failure.h"
+#include "search/messages.h"
 
 namespace tonalith::search {
-namespace {
-
-std::string InUsersLanguage(const char* text) {
-  return QCoreApplication::translate("tonalith::search::frmSearch", text).toStdString();
-}
-
-}  // namespace
-
 /// Matches names that contain a text, in any case.
 class ScaleSearch::NamePattern {
  public:
@@ -38,8 +29,7 @@ class ScaleSearch::NamePattern {
 std::unique_ptr<ScaleCursor> ScaleSearch::OpenRows() {
   auto rows = source_.Clone();
   if (rows == nullptr) {
-    throw core::Failure(data::failure_number::kClosed,
-                        "There are no scales to search: the scale database is not open.");
+    throw core::Failure(data::failure_number::kClosed, MessageId::kNotOpen);
   }
   return rows;
 }
@@ -76,9 +66,7 @@ SearchResult ScaleSearch::TestRecords(ScaleCursor& rows, NamePattern& pattern, O
       if (hasWrapped) return {SearchOutcome::kNoMatch, {}};
       hasWrapped = true;
       // Kept: see docs/behaviour.md, The wrap message also comes with a match
-      if (onWrap == OnWrap::kShowMessage)
-        watcher_.SetMessage(InUsersLanguage(
-            QT_TRANSLATE_NOOP("tonalith::search::frmSearch", "You have searched all the records once")));
+      if (onWrap == OnWrap::kShowMessage) watcher_.SetMessage(MessageId::kAllSearched);
       rows.MoveFirst();
       if (rows.IsEof()) return {SearchOutcome::kNoMatch, {}};
     }
@@ -98,8 +86,7 @@ SearchResult ScaleSearch::Search(std::string_view text) {
     result = FindFrom(*rows, pattern, OnWrap::kShowMessage);
   }
   if (result.outcome == SearchOutcome::kNoMatch) {
-    msgBox_.Show(InUsersLanguage(QT_TRANSLATE_NOOP("tonalith::search::frmSearch", "No matches found.")),
-                 core::MsgBoxStyle::kInformation);
+    msgBox_.Show(MessageId::kNoMatches, core::MsgBoxStyle::kInformation);
   }
   return result;
 }
@@ -118,11 +105,7 @@ SearchResult ScaleSearch::FindNext(std::string_view SearchText, std::string& tag
   SearchResult result = FindFrom(*rows, pattern, OnWrap::kNoMessage);
   if (result.outcome == SearchOutcome::kNoMatch) {
     if (!rows->IsEof()) source_.MakeCurrent(rows->GetBookmark());
-    const QString wanted = QString::fromUtf8(SearchText.data(), static_cast<qsizetype>(SearchText.size()));
-    msgBox_.Show(QCoreApplication::translate("tonalith::search::frmSearch", "No matches found for '%1'")
-                     .arg(wanted)
-                     .toStdString(),
-                 core::MsgBoxStyle::kInformation);
+    msgBox_.Show({MessageId::kNoMatchesFor, std::string(SearchText)}, core::MsgBoxStyle::kInformation);
   }
   return result;
 }

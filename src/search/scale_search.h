@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/message.h"
 #include "core/msg_box.h"
 #include "data/record_set.h"
 #include "search/like_matcher.h"
@@ -55,7 +56,7 @@ class SearchWatcher {
   virtual ~SearchWatcher() = default;
 
   /// Sets the status line.
-  virtual void SetMessage(const std::string& text) = 0;
+  virtual void SetMessage(const core::Message& text) = 0;
   /// Called before each record is tested; false stops the search without a message.
   [[nodiscard]] virtual bool ShouldContinue() = 0;
   /// Called when testing has ended; a message may follow.

@@ -5,6 +5,7 @@
 
 #include "core/text.h"
 #include "search/frm_search.h"
+#include "search/messages.h"
 
 namespace tonalith::search {
 
@@ -18,7 +19,7 @@ void RunSearch(windows::OpenOnce<frmSearch>& dialog, const std::function<frmSear
   windows::RunModal(form, [&](const frmSearch& shown) {
     if (!core::Trim(shown.SearchText()).empty()) text = shown.SearchText();
     // Kept: see docs/behaviour.md, The search dialog hides instead of closing
-    if (!shown.SearchCancelled()) msgBox.Show(frmSearch::tr("Searching for: ").toStdString() + shown.SearchText());
+    if (!shown.SearchCancelled()) msgBox.Show({MessageId::kSearchingFor, shown.SearchText()});
   });
 }
 

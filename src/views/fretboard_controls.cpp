@@ -11,6 +11,7 @@
 
 #include "core/failure.h"
 #include "paint/colours.h"
+#include "views/messages.h"
 
 namespace tonalith::views {
 namespace {
@@ -143,7 +144,7 @@ NoteImage& FretboardControls::Image(int index) const {
 
 QWidget& FretboardControls::Named(const std::string& name) const {
   auto* control = view_.findChild<QWidget*>(QString::fromStdString(name), Qt::FindDirectChildrenOnly);
-  if (name.empty() || control == nullptr) throw core::Failure(kControlNotFound, "Control '" + name + "' not found");
+  if (name.empty() || control == nullptr) throw core::Failure(kControlNotFound, {MessageId::kControlNotFound, name});
   return *control;
 }
 

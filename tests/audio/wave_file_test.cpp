@@ -37,7 +37,7 @@ Outcome ReadAll(platform::InputFile& file) {
   if (!problem) problem = wave.ReadFormat(outcome.format);
   if (!problem) problem = wave.FindData();
   if (!problem) problem = wave.ReadData(outcome.samples);
-  outcome.problem = problem.value_or("none");
+  outcome.problem = problem ? problem->English() : "none";
   return outcome;
 }
 

@@ -12,6 +12,7 @@
 #include "support/recording_msg_box.h"
 #include "support/scripted_help_engine.h"
 #include "support/temp_folder.h"
+#include "support/text_message.h"
 
 namespace tonalith::help {
 namespace {
@@ -111,7 +112,7 @@ TEST_F(HelpCommand, LastErrorIsAnApiErrorEvenWithAWindow) {
 }
 
 TEST_F(HelpCommand, ExceptionOfTheEngineIsAnApiErrorOnly) {
-  engine_.Break({453, "no entry point"});
+  engine_.Break({453, tests::TextMessage("no entry point")});
   static_cast<void>(PutHelpFile());
   EXPECT_NO_THROW(Open(AppFolder()));
   EXPECT_THAT(box_.Messages(), ElementsAre(kApiErrorMessage));

@@ -21,6 +21,7 @@
 #include "core/failure.h"
 #include "support/pdf_file.h"
 #include "support/temp_folder.h"
+#include "support/text_message.h"
 
 namespace tonalith::platform {
 namespace {
@@ -36,7 +37,7 @@ class Patch : public PrintablePicture {
   [[nodiscard]] double Height() const override { return 100; }
   void PaintOn(QPainter& painter) const override {
     painter.fillRect(QRectF(0, 0, 100, 100), Qt::gray);
-    if (breaks_) throw core::Failure(5, "the patch broke");
+    if (breaks_) throw core::Failure(5, tests::TextMessage("the patch broke"));
   }
 
  private:

@@ -20,7 +20,7 @@ using testing::IsEmpty;
 
 class UnlimitedWatcher : public SearchWatcher {
  public:
-  void SetMessage(const std::string& text) override { message_ = text; }
+  void SetMessage(const core::Message& text) override { message_ = text.English(); }
   [[nodiscard]] bool ShouldContinue() override { return true; }
   void OnEnd() override {}
   std::string message_;

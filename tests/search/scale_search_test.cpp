@@ -21,7 +21,7 @@ constexpr const char* kWrapText = "You have searched all the records once";
 
 class RecordingWatcher : public SearchWatcher {
  public:
-  void SetMessage(const std::string& text) override { message_ = text; }
+  void SetMessage(const core::Message& text) override { message_ = text.English(); }
   [[nodiscard]] bool ShouldContinue() override { return remaining_-- > 0; }
   void OnEnd() override { ++ends_; }
   std::string message_;

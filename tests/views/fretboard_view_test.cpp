@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/failure.h"
+#include "support/text_message.h"
 #include "views/fretboard_in_text.h"
 
 namespace tonalith::views {
@@ -23,7 +24,7 @@ using views::LineControl;
 class RecordingPlayer : public platform::NotePlayer {
  public:
   void Play(const std::string& path) override {
-    if (broken) throw core::Failure(1000, "The sound device is gone.");
+    if (broken) throw core::Failure(1000, tests::TextMessage("The sound device is gone."));
     paths.push_back(path);
   }
   std::vector<std::string> paths;
@@ -253,7 +254,9 @@ TEST_F(FretboardViewTest, WritesTheLabelsOfTheWindowAndKeepsTheNames) {
 class BrokenScale : public OneScale {
  public:
   BrokenScale() : OneScale("2212221") {}
-  std::optional<std::string> ScaleIntervals() override { throw core::Failure(3021, "The record is gone."); }
+  std::optional<std::string> ScaleIntervals() override {
+    throw core::Failure(3021, tests::TextMessage("The record is gone."));
+  }
 };
 
 TEST_F(FretboardViewTest, ShowsTheDescriptionOfAPendingFailure) {

@@ -10,6 +10,7 @@
 
 #include "core/failure.h"
 #include "platform/printer.h"
+#include "platform/qt/messages.h"
 
 namespace tonalith::platform {
 namespace {
@@ -21,7 +22,7 @@ class PrinterOutput : public PageOutput {
   QPagedPaintDevice& Device() override { return *printer_; }
   void Finish() override {
     if (printer_->printerState() != QPrinter::Error) return;
-    throw core::Failure(kPrinterError, "The printer " + Destination().toStdString() + " did not take the page.");
+    throw core::Failure(kPrinterError, {PrintingMessageId::kPageRefused, Destination().toStdString()});
   }
   void Discard() override { printer_->abort(); }
   [[nodiscard]] QString Destination() const override { return printer_->printerName(); }
@@ -35,8 +36,9 @@ class PdfOutput : public PageOutput {
   PdfOutput(const QString& fileName, const QString& title, const QPageLayout& layout) : file_(fileName) {
     // Saving replaces an existing file, but must not replace a device or a folder.
     const QFileInfo there(fileName);
-    if (there.exists() && !there.isFile()) throw CannotWrite(QStringLiteral("there is something else of that name"));
-    if (!file_.open(QIODevice::WriteOnly)) throw CannotWrite(file_.errorString());
+    if (there.exists() && !there.isFile()) throw CannotWrite(PrintingMessageId::kOtherFileThere);
+    if (!file_.open(QIODevice::WriteOnly))
+      throw CannotWrite(core::Message::Verbatim(file_.errorString().toStdString()));
     writer_ = std::make_unique<QPdfWriter>(&file_);
     writer_->setTitle(title);
     writer_->setCreator(QStringLiteral("Tonalith"));
@@ -48,15 +50,14 @@ class PdfOutput : public PageOutput {
     writer_.reset();
     // Flush first: if the disk is full, commit alone would not report it.
     const bool isWritten = file_.error() == QFileDevice::NoError && file_.flush();
-    if (!isWritten || !file_.commit()) throw CannotWrite(file_.errorString());
+    if (!isWritten || !file_.commit()) throw CannotWrite(core::Message::Verbatim(file_.errorString().toStdString()));
   }
   void Discard() override { file_.cancelWriting(); }
   [[nodiscard]] QString Destination() const override { return file_.fileName(); }
 
  private:
-  [[nodiscard]] core::Failure CannotWrite(const QString& why) const {
-    return {kPrinterError,
-            "The file " + file_.fileName().toStdString() + " could not be written: " + why.toStdString()};
+  [[nodiscard]] core::Failure CannotWrite(const core::Message& why) const {
+    return {kPrinterError, {PrintingMessageId::kFileNotWritten, file_.fileName().toStdString(), why}};
   }
 
   // Declared after file_, because the writer's destructor writes to it.

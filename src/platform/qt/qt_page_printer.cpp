@@ -4,6 +4,7 @@
 #include "platform/qt/qt_page_printer.h"
 
 #include "core/failure.h"
+#include "platform/qt/messages.h"
 
 namespace tonalith::platform {
 QtPagePrinter::~QtPagePrinter() {
@@ -29,7 +30,7 @@ void QtPagePrinter::Discard() {
 
 void QtPagePrinter::PaintPicture(const std::shared_ptr<const PrintablePicture>& picture, const PrintRect& place) {
   if (!painter_.isActive() && !painter_.begin(&output_->Device())) {
-    throw core::Failure(kPrinterError, "The document for " + Destination() + " could not be begun.");
+    throw core::Failure(kPrinterError, {PrintingMessageId::kDocumentNotBegun, Destination()});
   }
   try {
     const double dots = DotsPerUnit();
@@ -47,7 +48,7 @@ void QtPagePrinter::PaintPicture(const std::shared_ptr<const PrintablePicture>& 
 
 void QtPagePrinter::EndDoc() {
   if (!painter_.isActive()) return;
-  if (!painter_.end()) throw core::Failure(kPrinterError, "The document for " + Destination() + " could not be ended.");
+  if (!painter_.end()) throw core::Failure(kPrinterError, {PrintingMessageId::kDocumentNotEnded, Destination()});
   output_->Finish();
   isEnded_ = true;
 }

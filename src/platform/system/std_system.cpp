@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "core/failure.h"
+#include "platform/system/messages.h"
 
 namespace tonalith::platform {
 
@@ -22,7 +23,7 @@ void StdWorkingDirectory::ChangeTo(const std::string& directory) {
   constexpr std::int32_t kPathNotFound = 76;
   std::error_code error;
   std::filesystem::current_path(directory, error);
-  if (error) throw core::Failure(kPathNotFound, "Path not found: " + directory + " (" + error.message() + ")");
+  if (error) throw core::Failure(kPathNotFound, {SystemMessageId::kPathNotFound, directory, error.message()});
 }
 
 }  // namespace tonalith::platform
