@@ -62,9 +62,6 @@ class Message {
 
   /// The empty text.
   Message() = default;
-  /// A verbatim text, for the rooms that have no catalogue yet.
-  Message(std::string text) : verbatim_(std::move(text)) {}  // NOLINT(google-explicit-constructor)
-  Message(const char* text) : verbatim_(text) {}             // NOLINT(google-explicit-constructor)
   /// Arguments: messages and their ids, texts that are not translated (names, paths, reports of the system), numbers.
   template <MessageIdentifier Id, class... Arguments>
   Message(Id id, const Arguments&... arguments)  // NOLINT(google-explicit-constructor): an id is a message

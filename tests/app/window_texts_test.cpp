@@ -20,10 +20,14 @@
 #include <QXmlStreamReader>
 #include <set>
 
+#include "app/damaged_scale.h"
 #include "app/frm_about.h"
 #include "app/main_window_fixture.h"
 #include "editor/frm_scales.h"
 #include "help/frm_help.h"
+#include "help_text/displayed_text.h"
+#include "help_text/help_folder.h"
+#include "help_text/program_messages.h"
 #include "print/frm_print.h"
 #include "search/frm_search.h"
 #include "windows/fitting_label.h"
@@ -247,6 +251,36 @@ TEST_F(WindowTexts, ClippedOnesAreFound) {
   EXPECT_THAT(Clipped(Window()), testing::SizeIs(1));
 }
 
+/// The quotations of the help, with their topics, that no window shows.
+Texts NotShown(const std::map<std::string, std::string>& quoted, const SourceTexts& requested) {
+  std::set<std::string> shown;
+  for (const auto& [context, text] : requested) {
+    shown.insert(help_text::AsDisplayed(text));
+    for (const std::string& piece : help_text::PiecesOf(text)) shown.insert(piece);
+  }
+  Texts missing;
+  for (const auto& [text, topic] : quoted) {
+    if (shown.count(text) == 0) missing.push_back(help_text::FaultOf(topic, {text}));
+  }
+  return missing;
+}
+
+TEST_F(WindowTexts, QuotedInTheHelpAreShown) {
+  StartTranslated();
+  OpenAll();
+  Window().ShowSoundDevice(false);
+  ShowDamageInSteps(C());
+  const help_text::HelpFolder& help = help_text::HelpFolder::Shipped();
+  EXPECT_THAT(NotShown(help.Quoted("caption"), language_.Requested()), IsEmpty());
+  EXPECT_THAT(NotShown(help.Quoted("tooltip"), language_.Requested()), IsEmpty());
+}
+
+TEST_F(WindowTexts, QuotedInTheHelpAndNotShownAreFound) {
+  const SourceTexts requested{{"tonalith::a", "&Tools"}, {"tonalith::a", "Pattern of %1 steps"}};
+  EXPECT_THAT(NotShown({{"Tools", "a.html"}, {"steps", "a.html"}, {"Tool", "b.html"}}, requested),
+              testing::ElementsAre("b.html: Tool"));
+}
+
 /// Contexts and texts of a template.
 SourceTexts ReadTemplate(const QString& path) {
   QFile file(path);
@@ -270,14 +304,20 @@ TEST_F(WindowTexts, AreAllInTheTranslationTemplate) {
   const QString source = QStringLiteral(TONALITH_SOURCE_DIR "/src");
   QProcess process;
   process.setProcessChannelMode(QProcess::MergedChannels);
-  process.start(lupdate,
-                {QStringLiteral("-silent"), source, QStringLiteral("-I"), source, QStringLiteral("-ts"), path});
+  process.start(lupdate, {QStringLiteral("-silent"), QStringLiteral("-tr-function-alias"),
+                          QStringLiteral("QT_TRANSLATE_NOOP+=TONALITH_MESSAGE"), source, QStringLiteral("-I"), source,
+                          QStringLiteral("-ts"), path});
   ASSERT_TRUE(process.waitForFinished());
   ASSERT_EQ(process.exitCode(), 0);
   EXPECT_EQ(process.readAll().toStdString(), "") << "lupdate finds no context for a text";
   const SourceTexts offered = ReadTemplate(path);
   EXPECT_THAT(offered, testing::SizeIs(testing::Gt(150U)));
   for (const auto& [context, text] : offered) EXPECT_EQ(context.rfind("tonalith::", 0), 0U) << context << ": " << text;
+  SourceTexts messages;
+  for (const help_text::RoomCatalogue& catalogue : help_text::ProgramCatalogues()) {
+    for (const core::MessageText& text : catalogue.texts) messages.emplace(text.context, text.english);
+  }
+  EXPECT_THAT(messages, IsSubsetOf(offered));
   StartTranslated();
   OpenAll();
   EXPECT_THAT(language_.Requested(), testing::SizeIs(testing::Gt(100U)));

@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <cctype>
 
+#include "help_text/displayed_text.h"
 #include "help_text/help_folder.h"
-#include "help_text/source_tokens.h"
 
 namespace tonalith::help_text {
 namespace {

@@ -3,7 +3,7 @@
 
 #include "help_text/help_folder.h"
 
-#include "help_text/source_tokens.h"
+#include "help_text/displayed_text.h"
 
 namespace tonalith::help_text {
 namespace {

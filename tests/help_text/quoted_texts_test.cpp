@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Texts that the help quotes exist in the program, and the help explains every message of the program.
+// Messages that the help quotes exist in the program, and the help explains every message of the program. The captions
+// that it quotes are compared with the windows in tests/app/window_texts_test.cpp.
 
 #include <gmock/gmock.h>
 
@@ -33,27 +34,19 @@ std::vector<std::string> Unexplained(const std::map<std::string, std::string>& m
   return Unknown(messages, explained);
 }
 
-TEST(QuotedTexts, EveryCaptionIsInTheProgram) {
-  EXPECT_THAT(Unknown(HelpFolder::Shipped().Quoted("caption"), TextsOf(ProgramSources())), IsEmpty());
-}
-
-TEST(QuotedTexts, EveryTooltipIsInTheProgram) {
-  EXPECT_THAT(Unknown(HelpFolder::Shipped().Quoted("tooltip"), TextsOf(ProgramSources())), IsEmpty());
-}
-
 TEST(QuotedTexts, EveryMessageIsInTheProgram) {
-  EXPECT_THAT(Unknown(HelpFolder::Shipped().Quoted("message"), MessagesOf(ProgramSources())), IsEmpty());
+  EXPECT_THAT(Unknown(HelpFolder::Shipped().Quoted("message"), MessagePieces(ProgramCatalogues())), IsEmpty());
 }
 
 TEST(QuotedTexts, EveryMessageOfTheProgramIsExplained) {
-  EXPECT_THAT(Unexplained(MessagesOf(ProgramSources()), HelpFolder::Shipped().QuotedIn(kExplained, "message")),
+  EXPECT_THAT(Unexplained(MessagePieces(ProgramCatalogues()), HelpFolder::Shipped().QuotedIn(kExplained, "message")),
               IsEmpty())
       << "content/help/" << kExplained << " has to tell what they mean, each piece in a span of class \"message\".";
 }
 
 TEST(QuotedTexts, MessagesOfAllKindsAreFound) {
   std::set<std::string> messages;
-  for (const auto& [message, source] : MessagesOf(ProgramSources())) messages.insert(message);
+  for (const auto& [message, source] : MessagePieces(ProgramCatalogues())) messages.insert(message);
   EXPECT_THAT(messages, IsSupersetOf({"Cannot open file", "Confirm Deletion", "Error importing", "Overflow",
                                       "Playing:", "Not saved yet.", "The scale needs a name.",
                                       "You have searched all the records once",
@@ -66,17 +59,15 @@ TEST(QuotedTexts, SomeOfEachKindAreQuoted) {
   }
 }
 
+constexpr core::MessageText kTwo[] = {{"a", "No way."}, {"a", "Gone."}};
+
 TEST(QuotedTexts, AQuotationMissingInTheProgramIsFound) {
-  const Sources sources = SourcesFrom("== a.cpp\nauto a = tr(\"&Tools\"); msgBox.Show(\"No way.\");\n");
-  const std::map<std::string, std::string> quoted{{"Tools", "a.html"}, {"Tool", "b.html"}, {"No way.", "c.html"}};
-  EXPECT_THAT(Unknown(quoted, TextsOf(sources)), ElementsAre("b.html: Tool"));
-  EXPECT_THAT(Unknown(quoted, MessagesOf(sources)), ElementsAre("b.html: Tool", "a.html: Tools"));
+  const std::map<std::string, std::string> quoted{{"Go", "b.html"}, {"No way.", "c.html"}};
+  EXPECT_THAT(Unknown(quoted, MessagePieces({{"a", kTwo}})), ElementsAre("b.html: Go"));
 }
 
 TEST(QuotedTexts, AMessageWithoutAnExplanationIsFound) {
-  const Sources sources =
-      SourcesFrom("== a.cpp\nmsgBox.Show(\"No way.\"); throw core::Failure::Unspecified(\"Gone.\");\n");
-  EXPECT_THAT(Unexplained(MessagesOf(sources), {"No way."}), ElementsAre("a.cpp: Gone."));
+  EXPECT_THAT(Unexplained(MessagePieces({{"a", kTwo}}), {"No way."}), ElementsAre("a: Gone."));
 }
 
 }  // namespace
