@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <filesystem>
+#include <fstream>
 #include <system_error>
 
 #include "core/failure.h"
@@ -81,12 +82,33 @@ class StreamReader {
   std::uint64_t content_ = 0;
 };
 
+/// The 8-byte little-endian number at a position; 0 where the file ends before.
+std::uint64_t NumberAt(std::ifstream& file, std::uint64_t position) {
+  std::array<char, 8> bytes{};
+  file.clear();
+  file.seekg(static_cast<std::streamoff>(std::min(position, kLargestChmFile)));
+  if (!file.read(bytes.data(), bytes.size())) return 0;
+  std::uint64_t number = 0;
+  for (std::size_t i = bytes.size(); i-- > 0;) number = number << 8 | static_cast<std::uint8_t>(bytes[i]);
+  return number;
+}
+
+/// The size that the file states in its first header section; the file header has the position of that section. The
+/// library that reads the file ignores it and can return wrong bytes from a truncated file. 0 if it cannot be read.
+std::uint64_t StatedSize(const std::string& path) {
+  constexpr std::uint64_t kPositionOfSection = 0x38;
+  constexpr std::uint64_t kSizeInSection = 8;
+  std::ifstream file(path, std::ios::binary);
+  const std::uint64_t section = NumberAt(file, kPositionOfSection);
+  return section == 0 ? 0 : NumberAt(file, std::min(section, kLargestChmFile) + kSizeInSection);
+}
+
 void RequireLikelySize(const std::string& path) {
   std::error_code error;
   if (!fs::is_regular_file(path, error)) throw core::Failure::Unspecified(MessageId::kNoFile);
   const std::uint64_t size = fs::file_size(path, error);
   if (error) throw core::Failure::Unspecified(core::Message::Verbatim(error.message()));
-  if (size < kSmallestChmFile) throw Damaged();
+  if (size < kSmallestChmFile || size < StatedSize(path)) throw Damaged();
   if (size > kLargestChmFile) throw core::Failure::Unspecified(MessageId::kTooLarge);
 }
 

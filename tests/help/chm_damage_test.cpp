@@ -53,18 +53,14 @@ class DamagedChm : public testing::Test {
 TEST_F(DamagedChm, CompleteFileOpens) { EXPECT_TRUE(Opens(whole_)); }
 
 TEST_F(DamagedChm, TruncatedFileIsRefused) {
-  // The last bytes may not belong to any object that is read; then all objects must be complete.
   constexpr std::size_t kStep = 50;
-  std::size_t longestRefused = 0;
   for (std::size_t size = 0; size < whole_.size(); size += kStep) {
-    if (!Opens(whole_.substr(0, size))) {
-      longestRefused = size;
-    } else {
-      EXPECT_EQ(ReadChmFile(folder_ / "damaged.chm", kShortLimits), ReadChmFile(BookPath())) << size;
-    }
+    EXPECT_FALSE(Opens(whole_.substr(0, size))) << size;
   }
-  EXPECT_GT(longestRefused, whole_.size() / 2);
+  EXPECT_FALSE(Opens(whole_.substr(0, whole_.size() - 1)));
 }
+
+TEST_F(DamagedChm, FileWithFurtherBytesAtItsEndOpens) { EXPECT_TRUE(Opens(whole_ + "further bytes")); }
 
 TEST_F(DamagedChm, EmptyOrShortIsRefused) {
   EXPECT_FALSE(Opens(""));
