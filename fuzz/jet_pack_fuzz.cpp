@@ -73,7 +73,7 @@ std::vector<std::uint8_t> Again(Input stream) {
     jet::ReadJetStream(source, kBudget, writer);
     writer.Finish();
   } catch (const core::Failure& failure) {
-    writer.Refuse(failure.Description());
+    writer.Refuse(failure.Text());
   }
   return bytes;
 }
