@@ -12,6 +12,7 @@
 #include <QStringList>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 class QPainter;
@@ -47,7 +48,9 @@ class Drawing {
  public:
   explicit Drawing(std::vector<Drawn> drawn) : drawn_(std::move(drawn)) {}
 
-  [[nodiscard]] const std::vector<Drawn>& All() const { return drawn_; }
+  [[nodiscard]] const std::vector<Drawn>& All() const& { return drawn_; }
+  /// By value, so that a loop over the result of a function keeps it.
+  [[nodiscard]] std::vector<Drawn> All() && { return std::move(drawn_); }
   [[nodiscard]] QStringList Texts() const;
   /// One line for each text, shape and picture.
   [[nodiscard]] std::string AsText() const;
