@@ -25,7 +25,7 @@ namespace field = editor::field;
 constexpr double kBound = 16;
 
 /// The main window with the large library, and its editor.
-struct Desk : isolated_window::IsolatedWindow {
+struct BenchWindows : isolated_window::IsolatedWindow {
   using IsolatedWindow::IsolatedWindow;
 
   editor::frmScales& OpenEditor() {
@@ -53,9 +53,9 @@ Stroke Key(QWidget* target, Qt::Key key, const QString& text = {}, Qt::KeyboardM
 }
 
 /// The delay after a key stroke; without a bound if it depends on the disk.
-void TellStrokes(const std::string& title, const std::vector<bench::Spent>& times, double painted, double bound) {
+void ReportStrokes(const std::string& title, const std::vector<bench::Spent>& times, double painted, double bound) {
   if (bound > 0) {
-    bench::TellTimes(title, times, 0.95, bound);
+    bench::ReportTimes(title, times, 0.95, bound);
   } else {
     std::printf("  %s, which waits for the disk: median %s, 95th percentile %s\n", title.c_str(),
                 bench::TimeText(bench::Quantile(times, 0.5).wall).c_str(),
@@ -75,14 +75,14 @@ void Run(const std::string& title, int times, const Stroke& stroke, const Stroke
     if (between) between();
     bench::Settle();
   }
-  TellStrokes(title, spent, painted, bound);
+  ReportStrokes(title, spent, painted, bound);
 }
 
-void FirstStrokes(Desk& desk) {
+void FirstStrokes(BenchWindows& program) {
   std::vector<bench::Spent> first;
   double painted = 0;
   for (int i = 0; i < bench::Runs(10); ++i) {
-    editor::frmScales& form = desk.OpenEditor();
+    editor::frmScales& form = program.OpenEditor();
     form.cmdModify_Click();
     bench::Settle();
     QWidget* const name = form.Controls().txtFields[field::kName].box;
@@ -95,7 +95,7 @@ void FirstStrokes(Desk& desk) {
     bench::Settle();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
-  TellStrokes("editor: the first key after opening", first, painted, kBound);
+  ReportStrokes("editor: the first key after opening", first, painted, kBound);
 }
 
 void Typing(editor::frmScales& form) {
@@ -149,15 +149,15 @@ int main(int argc, char** argv) {
   const bench::Folder folder;
   bench::MakeLibrary(folder.Path() / "TonalithDB97.mdb", bench::Scales(), "Scale number ");
   std::filesystem::current_path(folder.Path());
-  Desk desk(folder.Path().string());
+  BenchWindows program(folder.Path().string());
   bench::Settle();
-  FirstStrokes(desk);
-  editor::frmScales& form = desk.OpenEditor();
+  FirstStrokes(program);
+  editor::frmScales& form = program.OpenEditor();
   form.cmdModify_Click();
   bench::Settle();
   Typing(form);
   Walking(form);
   form.close();
-  for (const auto& message : desk.box.Messages()) std::printf("The program said: %s\n", message.text.c_str());
-  return desk.box.Messages().empty() ? 0 : 1;
+  for (const auto& message : program.box.Messages()) std::printf("The program said: %s\n", message.text.c_str());
+  return program.box.Messages().empty() ? 0 : 1;
 }

@@ -82,7 +82,7 @@ long StatusKibibytes(std::string_view field) {
 }
 
 /// Runs in a child process, whose memory use is small.
-void TellMemory(const Place& place) {
+void ReportMemory(const Place& place) {
   std::fflush(stdout);
   const pid_t child = fork();
   if (child == 0) {
@@ -104,7 +104,7 @@ void TellMemory(const Place& place) {
 int main(int /*argc*/, char** argv) {
   const Place place(fs::absolute(fs::path(argv[0])).parent_path() / "TonalithDB97.mdb");
   const auto renew = [&] { place.Renew(); };
-  TellMemory(place);
+  ReportMemory(place);
   renew();
   const int before = place.Scales();
   place.Import();

@@ -17,19 +17,19 @@
 namespace {
 
 using namespace tonalith;
-namespace ear = tonalith::testing;
+namespace support = tonalith::testing;
 
-void Listen(const std::string& folder, const ear::ListenedScale& scale, const std::string& key) {
-  const ear::AnalysedScale heard = ear::ListenToScale(folder, key, scale.pattern);
+void Listen(const std::string& folder, const support::ListenedScale& scale, const std::string& key) {
+  const support::AnalysedScale heard = support::ListenToScale(folder, key, scale.pattern);
   std::vector<int> pitches;
   double cents = 0;
   double difference = 0;
-  for (const ear::AnalysedNote& note : heard.notes) {
+  for (const support::AnalysedNote& note : heard.notes) {
     pitches.push_back(note.pitch);
     cents = std::max(cents, note.cents);
     difference = std::max(difference, note.difference);
   }
-  const bool right = pitches == ear::PitchesOfScale(key, scale.pattern) && heard.messages.empty();
+  const bool right = pitches == support::PitchesOfScale(key, scale.pattern) && heard.messages.empty();
   std::printf("%s\t%s\t%zu\t%.3f\t%.2g\t", scale.name.c_str(), key.c_str(), heard.notes.size(), cents, difference);
   for (const double gap : heard.gaps) std::printf("%.2f ", 1000 * gap);
   std::printf("\t%s\n", right ? "right" : "wrong");
@@ -46,7 +46,7 @@ int main(int argc, char** argv) {
   const std::string folder = argv[1];
   const std::size_t share = std::stoul(argv[2]);
   const std::size_t shares = std::stoul(argv[3]);
-  const auto& scales = ear::ListenedScales();
+  const auto& scales = support::ListenedScales();
   const std::size_t keys = bench::IsQuick() ? 1 : core::kSharpNotes.size();
   for (std::size_t i = share; i < scales.size(); i += shares) {
     for (std::size_t key = 0; key < keys; ++key) Listen(folder, scales[i], std::string(core::kSharpNotes[key]));

@@ -102,7 +102,7 @@ void Compare(const Contender& ours, const Contender& baseline, int runs, double 
               TimeText(base.cpu).c_str());
 }
 
-void TellTimes(const std::string& what, const std::vector<Spent>& times, double share, double bound) {
+void ReportTimes(const std::string& what, const std::vector<Spent>& times, double share, double bound) {
   const Spent late = Quantile(times, share);
   Tell({what, late.wall, bound, "ms", "median " + TimeText(Quantile(times, 0.5).wall), ""});
   std::printf("  %zu times; by the processor %s, the longest %s\n", times.size(), TimeText(late.cpu).c_str(),

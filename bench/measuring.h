@@ -59,7 +59,7 @@ struct Contender {
 void Compare(const Contender& ours, const Contender& baseline, int runs, double bound);
 
 /// Prints the quantile `share` of the times; `bound` in milliseconds.
-void TellTimes(const std::string& what, const std::vector<Spent>& times, double share, double bound);
+void ReportTimes(const std::string& what, const std::vector<Spent>& times, double share, double bound);
 
 /// A temporary folder, removed by the destructor.
 class Folder {

@@ -70,7 +70,7 @@ void CompareMoves(const fs::path& largeFile, const fs::path& smallFile) {
                  {small, [&] { few.Elsewhere(kSmall); }}, runs, kBound);
 }
 
-void TellMemory(const fs::path& largeFile) {
+void ReportMemory(const fs::path& largeFile) {
   // Free memory of the heap would hide new use.
   malloc_trim(0);
   const long before = ResidentKibibytes();
@@ -92,7 +92,7 @@ int main() {
   const fs::path smallFile = folder.Path() / "small.mdb";
   bench::MakeLibrary(largeFile, bench::Scales(), "Scale number ");
   bench::MakeLibrary(smallFile, kSmall, "Scale number ");
-  TellMemory(largeFile);
+  ReportMemory(largeFile);
   CompareMoves(largeFile, smallFile);
   return 0;
 }

@@ -21,8 +21,8 @@ namespace {
 using namespace tonalith;
 
 /// The window with the database in the folder of this program.
-struct Desk : isolated_window::IsolatedWindow {
-  Desk() : IsolatedWindow(QCoreApplication::applicationDirPath().toStdString()) { bench::Settle(); }
+struct BenchWindows : isolated_window::IsolatedWindow {
+  BenchWindows() : IsolatedWindow(QCoreApplication::applicationDirPath().toStdString()) { bench::Settle(); }
 
   void Refresh() const {
     window->UpdateForm();
@@ -59,21 +59,21 @@ double MedianPaintings(const std::function<void()>& step) {
   return bench::Quantile(counts, 0.5).wall;
 }
 
-void TellTimes(const std::string& what, const std::function<void()>& step) {
+void ReportTimes(const std::string& what, const std::function<void()>& step) {
   constexpr double kBound = 4;
   const int runs = bench::Runs(401);
   std::vector<bench::Spent> times;
   times.reserve(static_cast<std::size_t>(runs));
   for (int i = 0; i < runs; ++i) times.push_back(bench::Measure(step));
-  bench::TellTimes(what, times, 0.5, kBound);
+  bench::ReportTimes(what, times, 0.5, kBound);
   std::printf("  %.0f widgets painted each time\n", MedianPaintings(step));
 }
 
 /// The time of the refresh alone, reported by the benchmark library in addition to the table.
 void BM_RefreshAlone(benchmark::State& state) {
-  const Desk desk;
+  const BenchWindows program;
   while (state.KeepRunning()) {
-    desk.window->UpdateForm();
+    program.window->UpdateForm();
     benchmark::ClobberMemory();
   }
 }
@@ -84,16 +84,16 @@ BENCHMARK(BM_RefreshAlone)->Unit(benchmark::kMillisecond);
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
-  Desk desk;
-  TellTimes("one refresh with its painting", [&] { desk.Refresh(); });
-  TellTimes("the next record with its painting", [&] { desk.NextRecord(); });
-  TellTimes("another key with its painting", [&] { desk.ChangeKey(); });
+  BenchWindows program;
+  ReportTimes("one refresh with its painting", [&] { program.Refresh(); });
+  ReportTimes("the next record with its painting", [&] { program.NextRecord(); });
+  ReportTimes("another key with its painting", [&] { program.ChangeKey(); });
   const auto before = data::Connection::StatementsIssued();
-  desk.Refresh();
+  program.Refresh();
   const auto asked = static_cast<double>(data::Connection::StatementsIssued() - before);
   bench::Tell({"questions to the database in one refresh", asked, 2, "", "", ""});
-  bench::Compare({"one refresh with its painting, and the window's painting alone", [&] { desk.Refresh(); }},
-                 {"painting the window", [&] { desk.Paint(); }}, bench::Runs(401), 1);
+  bench::Compare({"one refresh with its painting, and the window's painting alone", [&] { program.Refresh(); }},
+                 {"painting the window", [&] { program.Paint(); }}, bench::Runs(401), 1);
   benchmark::RunSpecifiedBenchmarks();
-  return desk.box.Messages().empty() ? 0 : 1;
+  return program.box.Messages().empty() ? 0 : 1;
 }

@@ -25,7 +25,7 @@ namespace {
 
 using namespace tonalith;
 
-void TellWorstPattern() {
+void ReportWorstPattern() {
   const std::u32string text(10'000, U'a');
   std::vector<bench::Spent> times;
   for (int i = 0; i < bench::Runs(31); ++i) {
@@ -33,7 +33,7 @@ void TellWorstPattern() {
       if (search::LikePattern(U"*a*a*a*a*b").Matches(text)) std::abort();
     }));
   }
-  bench::TellTimes("*a*a*a*a*b against 10,000 letters a", times, 0.5, 10);
+  bench::ReportTimes("*a*a*a*a*b against 10,000 letters a", times, 0.5, 10);
 }
 
 }  // namespace
@@ -69,7 +69,7 @@ int main(int argc, char** argv) {
                  {"SELECT with LIKE over the bare table",
                   select("SELECT ScaleID, ScaleName FROM Scales WHERE ScaleName LIKE '%er 12z%'")},
                  runs, 4);
-  TellWorstPattern();
+  ReportWorstPattern();
   for (const auto& message : box.Messages()) {
     if (message.text == "No matches found.") continue;
     std::printf("Instead of finding nothing: %s\n", message.text.c_str());

@@ -22,7 +22,7 @@
 namespace {
 
 using namespace tonalith;
-namespace ear = tonalith::testing;
+namespace support = tonalith::testing;
 using std::chrono::steady_clock;
 
 double MillisecondsSince(steady_clock::time_point start) {
@@ -34,7 +34,7 @@ class RecordingWatch {
  public:
   /// Ignores everything written so far.
   void Skip() {
-    file_ = std::ifstream(ear::RecordingPath(), std::ios::binary);
+    file_ = std::ifstream(support::RecordingPath(), std::ios::binary);
     file_.seekg(0, std::ios::end);
     at_ = kHeader + (file_.tellg() - kHeader) / kFrame * kFrame;
   }
@@ -62,12 +62,12 @@ class RecordingWatch {
   std::streamoff at_ = kHeader;
 };
 
-bool TellClicks(ear::RecordingOutput& output) {
+bool ReportClicks(support::RecordingOutput& output) {
   platform::PosixFileInput files;
-  const std::string path = ear::RecordingFolder() + "/note.wav";
-  ear::Bytes samples;
-  for (int i = 0; i < 44100 / 50; ++i) samples = samples + ear::Number(16000, 2);
-  const ear::Bytes wave = ear::Wave({}, samples);
+  const std::string path = support::RecordingFolder() + "/note.wav";
+  support::Bytes samples;
+  for (int i = 0; i < 44100 / 50; ++i) samples = samples + support::Number(16000, 2);
+  const support::Bytes wave = support::Wave({}, samples);
   std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(wave.data()), std::ssize(wave));
   audio::OctaveNotePlayer player(files, output.Output(), output.Queue());
   player.Play(path);
@@ -83,24 +83,24 @@ bool TellClicks(ear::RecordingOutput& output) {
     output.Pass(0.035);
   }
   std::filesystem::remove(path);
-  bench::TellTimes("press on a note to its first sample", delays, 0.95, 20);
+  bench::ReportTimes("press on a note to its first sample", delays, 0.95, 20);
   return true;
 }
 
-void TellNotices(ear::RecordingOutput& output) {
+void ReportNotices(support::RecordingOutput& output) {
   constexpr double kSeconds = 0.1;
-  const ear::Bytes sound = ear::Sine({}, 441, kSeconds, 0.5);
+  const support::Bytes sound = support::Sine({}, 441, kSeconds, 0.5);
   const int runs = bench::Runs(40);
   std::vector<bench::Spent> delays;
   delays.reserve(static_cast<std::size_t>(runs));
   for (int i = 0; i < runs; ++i) delays.push_back({(output.Play({}, sound) - kSeconds) * 1000, 0});
-  bench::TellTimes("last sample of a sound to its notice", delays, 0.5, 15);
+  bench::ReportTimes("last sample of a sound to its notice", delays, 0.5, 15);
 }
 
 }  // namespace
 
 int main() {
-  ear::RecordingOutput output;
-  TellNotices(output);
-  return TellClicks(output) ? 0 : 1;
+  support::RecordingOutput output;
+  ReportNotices(output);
+  return ReportClicks(output) ? 0 : 1;
 }

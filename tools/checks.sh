@@ -23,6 +23,14 @@ TonalithCheckFormat() {
   printf '%d files\n' "$(TonalithSources | wc -l)"
 }
 
+# The benchmarks build and run. They are built in the folder of the dev preset, which has their libraries, so clang-tidy
+# checks them too.
+TonalithCheckBench() {
+  cmake --preset dev -DTONALITH_BENCH=ON >build/dev/configure.log
+  TonalithBuild dev
+  TONALITH_BENCH_BUILD=$root/build/dev bench/run --quick
+}
+
 # Uses the compile commands of the dev preset, whose build has generated the moc files, so no third build is needed.
 # Headers are checked through the sources that include them. Tests are left to the tidy preset: parsing GoogleTest and
 # Qt for each of them takes longer than all other sources.
