@@ -42,6 +42,12 @@ Parsed<ChordSymbol> ParseWithoutBass(std::string_view text, ChordReading reading
 
 }  // namespace
 
+PitchClassSet ChordSymbol::Notes() const {
+  PitchClassSet notes = formula.Set().Transposed(root.PitchClass().Semitones());
+  if (bass) notes.Add(bass->PitchClass());
+  return notes;
+}
+
 ChordReading ChordReadingIn(NoteLanguage language) {
   const bool solfege = language == NoteLanguage::kSolfege || language == NoteLanguage::kSolfegeAscii;
   return {MeaningOfBIn(language), solfege};

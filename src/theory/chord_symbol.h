@@ -30,6 +30,9 @@ struct ChordSymbol {
   /// A bass that is not the root; it need not belong to the chord.
   std::optional<NoteName> bass;
 
+  /// The pitch classes that sound, with the bass.
+  [[nodiscard]] PitchClassSet Notes() const;
+
   bool operator==(const ChordSymbol&) const = default;
 };
 
