@@ -135,7 +135,7 @@ TEST(ChordFinder, NamesAreWrittenInEveryStyle) {
 
 TEST(ChordFinder, TheLimitHolds) {
   EXPECT_EQ(Found("C Db D", 3).size(), 3U);
-  EXPECT_EQ(Found("C D E G A B", 1000).size(), kMostChordNames);
+  EXPECT_EQ(Found("C Bb", 1000).size(), kMostChordNames);
   EXPECT_THAT(Found("C", 0), IsEmpty());
   EXPECT_THAT(FindChordNames({}), IsEmpty());
 }
