@@ -251,9 +251,11 @@ class SuffixReader {
         {{"13", 13}, {"11", 11}, {"9", 9}, {"7", 7}, {"6", 6}, {"5", 5}, {"4", 4}, {"3", 3}, {"2", 2}}};
     for (const auto& [digits, number] : kNumbers) {
       if (!Take(after, digits)) continue;
-      if (std::abs(alteration) > Degree::kMostAccidentals) return std::nullopt;
+      // Only a seventh is doubly flat in a chord.
+      const Degree degree{number, alteration};
+      if (std::abs(alteration) > 1 && degree != Degree{7, -2}) return std::nullopt;
       rest_ = after;
-      return Degree{number, alteration};
+      return degree;
     }
     return std::nullopt;
   }

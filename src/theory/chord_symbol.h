@@ -53,8 +53,8 @@ struct ChordReading {
 
 /// The symbol without its root, in ASCII. Any formula has one: what no common sign expresses is added ("add") or
 /// omitted
-/// ("no"). ParseChordSuffix reads it back as the same set of notes if the formula contains 1 and no degree that sounds
-/// like another.
+/// ("no"). ParseChordSuffix reads it back as the same set of notes if the formula contains 1, and no double accidental
+/// except bb7.
 [[nodiscard]] std::string WriteChordSuffix(const Formula& formula);
 
 [[nodiscard]] std::string Write(const ChordSymbol& chord, NoteStyle style = {});

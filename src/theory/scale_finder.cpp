@@ -41,24 +41,32 @@ ScaleIndex::Ranked ScaleIndex::RankOf(PitchClassSet notes, PitchClassSet asked, 
 }
 
 std::vector<ScaleMatch> ScaleIndex::MatchesOf(PitchClassSet notes, PitchClass bass, std::size_t limit) const {
+  /// The entries on one tonic, in order; `rank` is that of the next one.
   struct Source {
+    std::tuple<int, bool, std::size_t, int> rank;
     PitchClass tonic;
     Range range;
+  };
+  const auto setRank = [&](Source& source) {
+    const Ordered& next = order_[source.range.begin];
+    source.rank = {next.rarity, source.tonic != bass, next.entry, bass.SemitonesUpTo(source.tonic)};
   };
   std::vector<Source> sources;
   for (const PitchClass tonic : notes.Members()) {
     const Range& range = ranges_[notes.From(tonic).Bits()];
-    if (range.begin != range.end) sources.push_back({tonic, range});
+    if (range.begin == range.end) continue;
+    sources.push_back({{}, tonic, range});
+    setRank(sources.back());
   }
-  const auto rank = [&](const Source& source) {
-    const Ordered& first = order_[source.range.begin];
-    return std::tuple(first.rarity, source.tonic != bass, first.entry, bass.SemitonesUpTo(source.tonic));
-  };
   std::vector<ScaleMatch> matches;
   while (!sources.empty() && matches.size() < limit) {
-    const auto next = std::ranges::min_element(sources, {}, rank);
+    const auto next = std::ranges::min_element(sources, {}, &Source::rank);
     matches.push_back({order_[next->range.begin].entry, next->tonic});
-    if (++next->range.begin == next->range.end) sources.erase(next);
+    if (++next->range.begin == next->range.end) {
+      sources.erase(next);
+    } else {
+      setRank(*next);
+    }
   }
   return matches;
 }

@@ -43,8 +43,9 @@ struct ScaleGroup {
 
 class ScaleIndex {
  public:
-  /// The most matches of one answer: more than a person reads, and few enough for the time limit.
-  static constexpr std::size_t kMostMatches = 500;
+  /// The most matches of one answer: more than the shipped entries have on all tonics, and few enough for the time
+  /// limit.
+  static constexpr std::size_t kMostMatches = 10'000;
 
   /// Entries without their tonic in the pattern are never found.
   explicit ScaleIndex(std::vector<ScaleEntry> entries);
