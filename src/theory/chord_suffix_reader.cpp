@@ -56,22 +56,21 @@ class SuffixReader {
     return majorSeventh_ = true;
   }
 
+  bool TakeMinorSign() {
+    // "-5" is a flat fifth, not a minor chord.
+    return !rest_.starts_with("-5") && TakeAny({"minor", "Minor", "min", "Min", "MIN", "mi", "m", "-"});
+  }
+
   void TakeQuality() {
     SkipFiller();
-    if (TakeMajorSign()) {
-      // "maj" before a modifier is a plain major triad.
-    } else if (TakeAny({"dim", "Dim", "\u00B0", "\u00BA", "o"})) {
+    if (TakeAny({"dim", "Dim", "\u00B0", "\u00BA", "o"})) {
       SetQuality(Quality::kDiminished);
     } else if (TakeAny({"\u00F8", "\u00D8"})) {
       SetQuality(Quality::kHalfDiminished);
     } else if (TakeAny({"aug", "Aug", "+"})) {
       SetQuality(Quality::kAugmented);
-    } else if (rest_.starts_with("-5")) {
-      // A flat fifth, not a minor chord.
-    } else if (TakeAny({"minor", "Minor", "min", "Min", "MIN", "mi", "m", "-"})) {
+    } else if (!TakeMajorSign() && !TakeAny({"dominant", "dom"}) && TakeMinorSign()) {
       SetQuality(Quality::kMinor);
-    } else {
-      TakeAny({"dominant", "dom"});
     }
     SkipFiller();
     if (quality_ != Quality::kMajor) TakeMajorSeventhOfMinor();

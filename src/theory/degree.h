@@ -44,7 +44,7 @@ struct Degree {
   /// flats.
   [[nodiscard]] std::optional<NoteName> Above(NoteName tonic) const;
 
-  auto operator<=>(const Degree&) const = default;
+  auto operator<=>(const Degree&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 }  // namespace tonalith::theory

@@ -36,7 +36,7 @@ struct NoteName {
   /// -2 for a double flat to 2 for a double sharp.
   [[nodiscard]] int Alteration() const { return static_cast<int>(accidental); }
 
-  auto operator<=>(const NoteName&) const = default;
+  auto operator<=>(const NoteName&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 /// The name with the fewest accidentals; a black key gets a sharp or a flat.
@@ -55,7 +55,7 @@ struct SpelledNote {
   /// May be outside the range of MIDI: see Pitch::IsMidi.
   [[nodiscard]] theory::Pitch Pitch() const;
 
-  auto operator<=>(const SpelledNote&) const = default;
+  auto operator<=>(const SpelledNote&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 }  // namespace tonalith::theory

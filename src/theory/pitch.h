@@ -28,7 +28,7 @@ class PitchClass {
     return PitchClass(other.semitones_ - semitones_).semitones_;
   }
 
-  constexpr auto operator<=>(const PitchClass&) const = default;
+  constexpr auto operator<=>(const PitchClass&) const = default;  // NOLINT(modernize-use-nullptr)
 
  private:
   int semitones_ = 0;
@@ -51,7 +51,7 @@ class Pitch {
   /// The lowest pitch of the class that is not below this pitch.
   [[nodiscard]] constexpr Pitch NextUp(PitchClass pitchClass) const { return Up(Class().SemitonesUpTo(pitchClass)); }
 
-  constexpr auto operator<=>(const Pitch&) const = default;
+  constexpr auto operator<=>(const Pitch&) const = default;  // NOLINT(modernize-use-nullptr)
 
  private:
   int midi_ = 60;

@@ -78,7 +78,7 @@ class PitchClassSet {
   /// The inverse of FromPattern; nothing if the set lacks 0 or has a step above 9.
   [[nodiscard]] std::optional<std::string> Pattern() const;
 
-  constexpr auto operator<=>(const PitchClassSet&) const = default;
+  constexpr auto operator<=>(const PitchClassSet&) const = default;  // NOLINT(modernize-use-nullptr)
 
  private:
   std::uint16_t bits_ = 0;
