@@ -57,7 +57,7 @@ TEST(Arrows, AnUnusedPermissionIsFound) {
 
 TEST(Arrows, CoreDataAndAudioDoNotUseQt) {
   const RoomTable table = ProjectTable();
-  for (const char* const name : {"core", "theory", "voice", "sandbox", "jet", "data", "audio", "ports"}) {
+  for (const char* const name : {"core", "theory", "instrument", "voice", "sandbox", "jet", "data", "audio", "ports"}) {
     const Room* const room = table.Named(name);
     ASSERT_NE(room, nullptr) << name;
     EXPECT_FALSE(std::any_of(room->headers.begin(), room->headers.end(), [](const auto& h) { return h[0] == 'Q'; }));
