@@ -103,7 +103,7 @@ class Search {
       if (partial.fingers > kFingers) return;
       partial.extendable = (partial.extendable & (place - 1)) | place;
     }
-    partial.grip.frets.at(Index(partial.string)) = static_cast<std::int8_t>(fret);
+    partial.grip.frets.at(Index(partial.string)) = static_cast<std::int16_t>(fret);
     ++partial.string;
     if (partial.sounding > 0) partial.innerMuted += partial.lastMuted;
     partial.lastMuted = 0;

@@ -18,9 +18,9 @@
 namespace tonalith::instrument {
 
 struct Grip {
-  static constexpr std::int8_t kMuted = -1;
+  static constexpr std::int16_t kMuted = -1;
 
-  using Strings = std::array<std::int8_t, Instrument::kMostStrings>;
+  using Strings = std::array<std::int16_t, Instrument::kMostStrings>;
 
   /// One fret per string of the instrument; the rest is kMuted.
   Strings frets = Silence();

@@ -65,12 +65,12 @@ int InnerMuted(const Frets& frets) {
 std::optional<Grip> OctaveBelow(const Instrument& instrument, const Grip& grip) {
   Grip lower = grip;
   for (int string = 0; string < instrument.Strings(); ++string) {
-    std::int8_t& fret = lower.frets.at(static_cast<std::size_t>(string));
+    std::int16_t& fret = lower.frets.at(static_cast<std::size_t>(string));
     if (fret == Grip::kMuted) continue;
     const auto pitch = instrument.PitchAt(string, fret);
     const auto below = pitch ? instrument.FretOf(string, pitch->Up(-theory::kSemitonesPerOctave)) : std::nullopt;
     if (!below) return std::nullopt;
-    fret = static_cast<std::int8_t>(*below);
+    fret = static_cast<std::int16_t>(*below);
   }
   return lower;
 }

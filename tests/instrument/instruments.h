@@ -76,6 +76,7 @@ inline std::string Line(const Position& position) {
 
 inline std::vector<std::string> Lines(const std::vector<Position>& positions) {
   std::vector<std::string> lines;
+  lines.reserve(positions.size());
   for (const Position& position : positions) lines.push_back(Line(position));
   return lines;
 }

@@ -105,11 +105,10 @@ void ExpectTheHandReachesAll(const Instrument& instrument, const Scale& scale, c
 
 /// The notes of the neck that have to be in a box.
 Notes NotesToCover(const Instrument& instrument, const Scale& scale) {
-  const std::vector<int> strings = LongStrings(instrument);
   Notes notes;
-  for (std::size_t i = 0; i < strings.size(); ++i) {
+  for (const int string : LongStrings(instrument)) {
     for (int fret = 0; fret <= instrument.Frets(); ++fret) {
-      if (scale.notes.Contains(instrument.PitchAt(strings[i], fret)->Class())) notes.insert({strings[i], fret});
+      if (scale.notes.Contains(instrument.PitchAt(string, fret)->Class())) notes.insert({string, fret});
     }
   }
   return notes;

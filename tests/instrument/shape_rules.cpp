@@ -177,7 +177,7 @@ std::string WrongFingering(const Frets& frets, const Fingering& fingering) {
 }
 
 std::string RuledShapes::BrokenRule(const Frets& frets) const {
-  const std::string broken = BrokenRuleOfHand(frets, highestFret);
+  std::string broken = BrokenRuleOfHand(frets, highestFret);
   if (!broken.empty()) return broken;
   const auto sound = SoundOf(*instrument, frets);
   if (!sound) return "the instrument has no such fret";
