@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <tuple>
 
+#include "theory/chord_symbol.h"
 #include "theory/key.h"
 
 namespace tonalith::theory {
@@ -202,7 +203,7 @@ Sounding Sounding::FromPitches(std::span<const Pitch> pitches) {
 }
 
 std::string ChordName::Symbol(NoteStyle style) const {
-  std::string text = Write(root, style).append(type->suffix);
+  std::string text = Write(root, style) + StyledSuffix(type->suffix, style);
   if (bass) text += "/" + Write(*bass, style);
   return text;
 }

@@ -22,6 +22,7 @@ namespace tonalith::theory {
 /// The notes to name.
 struct Sounding {
   PitchClassSet notes;
+  /// One of the notes.
   PitchClass bass;
   /// The names that were typed, if any; the root keeps its typed name.
   std::vector<NoteName> typed;

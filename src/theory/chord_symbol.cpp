@@ -76,8 +76,24 @@ Parsed<ChordSymbol> ParseChordSymbol(std::string_view text, ChordReading reading
   return {chord.Error().reason, whole.byte + chord.Error().byte};
 }
 
+std::string StyledSuffix(std::string_view suffix, NoteStyle style) {
+  if (style.signs != AccidentalSigns::kUnicode) return std::string(suffix);
+  std::string text;
+  for (const char c : suffix) {
+    // No word of a suffix contains a b.
+    if (c == 'b') {
+      text += "\u266D";
+    } else if (c == '#') {
+      text += "\u266F";
+    } else {
+      text += c;
+    }
+  }
+  return text;
+}
+
 std::string Write(const ChordSymbol& chord, NoteStyle style) {
-  std::string text = Write(chord.root, style) + WriteChordSuffix(chord.formula);
+  std::string text = Write(chord.root, style) + StyledSuffix(WriteChordSuffix(chord.formula), style);
   if (chord.bass) text += "/" + Write(*chord.bass, style);
   return text;
 }

@@ -57,6 +57,9 @@ struct ChordReading {
 /// except bb7.
 [[nodiscard]] std::string WriteChordSuffix(const Formula& formula);
 
+/// An ASCII suffix with the accidentals of the style: "m7b5" with a flat sign.
+[[nodiscard]] std::string StyledSuffix(std::string_view suffix, NoteStyle style);
+
 [[nodiscard]] std::string Write(const ChordSymbol& chord, NoteStyle style = {});
 
 }  // namespace tonalith::theory

@@ -64,7 +64,7 @@ bool Has(const ChordType& type, Degree degree) {
 }
 
 std::string SymbolOf(NoteName root, const ChordType* type, NoteStyle style) {
-  return type == nullptr ? "" : Write(root, style).append(type->suffix);
+  return type == nullptr ? "" : Write(root, style) + StyledSuffix(type->suffix, style);
 }
 
 }  // namespace

@@ -18,9 +18,7 @@
 namespace tonalith::theory {
 namespace {
 
-using ::testing::AllOf;
 using ::testing::ElementsAre;
-using ::testing::Gt;
 using ::testing::IsEmpty;
 
 std::vector<ChordName> Found(std::string_view notes, std::size_t limit = kMostChordNames) {

@@ -127,6 +127,13 @@ TEST(ChordSymbols, RootsAreReadInAllStyles) {
   EXPECT_EQ(Read("H7", ChordReadingIn(NoteLanguage::kGerman)), "B7");
 }
 
+TEST(ChordSymbols, AreWrittenInEveryStyle) {
+  const ChordSymbol chord = *ParseChordSymbol("Bb7b5#9/F#");
+  EXPECT_EQ(Write(chord, {NoteLanguage::kEnglish, AccidentalSigns::kUnicode}), "B\u266D7\u266D5\u266F9/F\u266F");
+  EXPECT_EQ(Write(chord, {NoteLanguage::kGerman, AccidentalSigns::kSyllables}), "B7b5#9/Fis");
+  EXPECT_EQ(Read("B\u266D7\u266D5\u266F9/F\u266F"), "Bb7b5#9/F#");
+}
+
 TEST(ChordSymbols, ABassFollowsTheSlash) {
   EXPECT_EQ(Read("C/E"), "C/E");
   EXPECT_EQ(Read("D/F#"), "D/F#");
@@ -142,6 +149,7 @@ TEST(ChordSymbols, ErrorsSayWhatAndWhere) {
   EXPECT_EQ(Read("Xm"), "Character 1: No note has this name");
   EXPECT_EQ(Read("Cqq"), "Character 2: No chord symbol continues like this");
   EXPECT_EQ(Read("Cm7b"), "Character 4: No chord symbol continues like this");
+  EXPECT_EQ(Read("C7##5"), "Character 3: No chord symbol continues like this");
   EXPECT_EQ(Read("C/"), "Character 3: A bass note has to follow the slash");
   EXPECT_EQ(Read("Cm7/Q"), "Character 5: A bass note has to follow the slash");
   EXPECT_EQ(Read("Cbbb"), "Character 2: A note has at most two sharps or two flats");
@@ -153,6 +161,7 @@ TEST(ChordSymbols, EveryFormulaIsReadAsItIsWritten) {
   const std::vector<std::string> texts = {"b9", "9",   "#9", "b3", "3",   "11", "#11", "b5", "5",
                                           "#5", "b13", "6",  "13", "bb7", "b7", "7",   "2",  "4"};
   std::vector<Degree> degrees;
+  degrees.reserve(texts.size());
   for (const std::string& text : texts) degrees.push_back(*Degree::Parse(text));
   int count = 0;
   for (unsigned chosen = 0; chosen < 1U << degrees.size(); ++chosen) {

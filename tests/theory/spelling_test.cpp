@@ -130,7 +130,7 @@ TEST(Spelling, AModeHasTheNotesOfItsParentInEveryKey) {
     for (const std::string& tonic : kTonicNames) {
       Names notes = Spell(Name(tonic), FormulaOf(parent));
       for (int mode = 1; mode < 7; ++mode) {
-        std::ranges::rotate(notes, notes.begin() + 1);
+        std::rotate(notes.begin(), notes.begin() + 1, notes.end());
         const Formula formula = DeriveScaleFormula(FormulaOf(parent).Set().Mode(mode));
         EXPECT_EQ(NamesText(Spell(notes[0], formula)), NamesText(notes)) << parent << " on " << tonic;
       }
