@@ -30,7 +30,8 @@ std::vector<theory::ScaleEntry> MakeEntries(int fewest, int most) {
   std::vector<theory::ScaleEntry> entries;
   for (int i = 0; i < bench::Scales();) {
     // The union of two random sets: large sets are rare otherwise.
-    const PitchClassSet pattern = PitchClassSet::FromBits(static_cast<unsigned>(random() | random()) | 1U);
+    const unsigned first = random();
+    const PitchClassSet pattern = PitchClassSet::FromBits(first | static_cast<unsigned>(random()) | 1U);
     if (pattern.Size() < fewest || pattern.Size() > most) continue;
     entries.push_back({"Scale number " + std::to_string(i), pattern, i % 3});
     ++i;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -24,9 +24,10 @@ constexpr const char* kTypes =
     "1\t10\tCommon scales\n"
     "2\t20\tTriads\n";
 constexpr const char* kScaleColumns =
-    "ScaleName\tScaleTypeID\tStartNote\tScaleIntervals\tChord\tSource\tScaleDescription\n";
-constexpr const char* kMajor = "Major\t1\tC\t2212221\tno\ta book\tBright, \"plain\" and it's settled.\n";
-constexpr const char* kTriad = "Major triad\t2\tC\t435\tyes\tanother book\tÜberall.\n";
+    "ScaleName\tScaleTypeID\tStartNote\tScaleIntervals\tChord\tSource\tScaleDescription\tFormula\tAliases\n";
+constexpr const char* kMajor =
+    "Major\t1\tC\t2212221\tno\ta book\tBright, \"plain\" and it's settled.\t1 2 3 4 5 6 7\tIonian mode; Dur\n";
+constexpr const char* kTriad = "Major triad\t2\tC\t435\tyes\tanother book\tÜberall.\t1 3 5\t\n";
 
 // A content folder with tables that a test may change.
 class MakeDatabaseTest : public testing::Test {
@@ -62,10 +63,13 @@ TEST_F(MakeDatabaseTest, ReadsRowsWithTheirLineAndSource) {
   EXPECT_EQ(tables.scales[0].location.line, 3);
   EXPECT_EQ(tables.scales[1].location.file, folder_ / "scales/chords.tsv");
   EXPECT_TRUE(tables.scales[1].isChord);
+  EXPECT_EQ(tables.scales[0].formula, "1 2 3 4 5 6 7");
+  EXPECT_EQ(tables.scales[0].aliases, (std::vector<std::string>{"Ionian mode", "Dur"}));
+  EXPECT_TRUE(tables.scales[1].aliases.empty());
 }
 
 TEST_F(MakeDatabaseTest, NumbersTheRowsInTheirOrder) {
-  Scales(std::string(kScaleColumns) + kMajor + "Other\t2\tC\t66\tno\ts\td\nMinor\t1\tC\t2122122\tno\ts\td\n");
+  Scales(std::string(kScaleColumns) + kMajor + "Other\t2\tC\t66\tno\ts\td\t1\t\nMinor\t1\tC\t2122122\tno\ts\td\t1\t\n");
   std::string numbers;
   for (const ScaleRow& row : ReadScaleTables(folder_.Path() / "scales").scales) {
     numbers += row.scaleName + " " + std::to_string(row.scaleId) + "." + std::to_string(row.sort) + "; ";
@@ -105,15 +109,21 @@ TEST_F(MakeDatabaseTest, KeepsTheOlderFileIfATableIsRefused) {
 TEST_F(MakeDatabaseTest, NamesAMalformedLine) {
   const std::string columns = kScaleColumns;
   Scales(columns + kMajor + "\n");
-  EXPECT_EQ(Refusal(), "scales.tsv:3: the line has 1 columns instead of 7");
-  Scales(columns + "A\tx\tC\t66\tno\ts\td\n");
+  EXPECT_EQ(Refusal(), "scales.tsv:3: the line has 1 columns instead of 9");
+  Scales(columns + "A\tx\tC\t66\tno\ts\td\t1\t\n");
   EXPECT_EQ(Refusal(), "scales.tsv:2: 'x' is not a whole number");
-  Scales(columns + "A\t1\tC\t66\tNo\ts\td\n");
+  Scales(columns + "A\t1\tC\t66\tNo\ts\td\t1\t\n");
   EXPECT_EQ(Refusal(), "scales.tsv:2: 'No' is neither yes nor no");
-  Scales(columns + "A\t1\tC\t66\tno\ts\td\r\n");
+  Scales(columns + "A\t1\tC\t66\tno\ts\td\t1\t\r\n");
   EXPECT_EQ(Refusal(), "scales.tsv:2: the line holds a control character");
-  Scales(columns + "A\xC0\x80\t1\tC\t66\tno\ts\td\n");
+  Scales(columns + "A\xC0\x80\t1\tC\t66\tno\ts\td\t1\t\n");
   EXPECT_EQ(Refusal(), "scales.tsv:2: the line is not UTF-8");
+  for (const std::string alias : {" A", "A ", "A;B", "A; ; B"}) {
+    Scales(columns + "A\t1\tC\t66\tno\ts\td\t1\t" + alias + "\n");
+    EXPECT_THAT(Refusal(), testing::MatchesRegex("scales.tsv:2: '.*' is not an alias"));
+  }
+  Scales(columns + "A\t1\tC\t66\tno\ts\td\t1\tB; \n");
+  EXPECT_EQ(Refusal(), "scales.tsv:2: an alias is missing at the end");
   Scales("ScaleName\tScaleID\n");
   EXPECT_EQ(Refusal(), "scales.tsv:1: these are not the table's columns");
   Scales("# nothing\n");
@@ -124,11 +134,11 @@ TEST_F(MakeDatabaseTest, NamesAMalformedLine) {
 
 TEST_F(MakeDatabaseTest, NamesALineThatViolatesARuleOfTheDatabase) {
   const std::string columns = kScaleColumns;
-  Scales(columns + kMajor + "major\t1\tC\t66\tno\ts\td\n");
+  Scales(columns + kMajor + "major\t1\tC\t66\tno\ts\td\t1\t\n");
   EXPECT_EQ(Refusal(), "scales.tsv:3: There is a scale of this name already.");
-  Scales(columns + "A\t7\tC\t66\tno\ts\td\n");
+  Scales(columns + "A\t7\tC\t66\tno\ts\td\t1\t\n");
   EXPECT_EQ(Refusal(), "scales.tsv:2: There is no scale type of this number.");
-  Scales(columns + "A\t1\tC\t6x\tno\ts\td\n");
+  Scales(columns + "A\t1\tC\t6x\tno\ts\td\t1\t\n");
   EXPECT_EQ(Refusal(), "scales.tsv:2: The interval pattern may hold digits and blanks only.");
   Scales(columns + kMajor);
   Types(std::string(kTypes) + "2\t3\tAgain\n");

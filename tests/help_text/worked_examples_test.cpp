@@ -37,7 +37,7 @@ Names ShippedNames() {
   for (const char* const table : {"scales.tsv", "chords.tsv"}) {
     for (const std::string& line : house::LinesOf(house::ProjectRoot() / "content/scales" / table)) {
       const std::vector<std::string> columns = house::Split(line, "\t");
-      if (columns.size() == 7 && columns[0] != "ScaleName") names.insert(columns[0]);
+      if (columns.size() == 9 && columns[0] != "ScaleName") names.insert(columns[0]);
     }
   }
   return names;

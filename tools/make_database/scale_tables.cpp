@@ -3,6 +3,7 @@
 
 #include "make_database/scale_tables.h"
 
+#include <algorithm>
 #include <charconv>
 #include <fstream>
 #include <initializer_list>
@@ -88,6 +89,25 @@ bool YesOrNo(const TableRow& row, std::size_t column) {
   return text == "yes";
 }
 
+// The texts of a column that are separated by a semicolon and a blank.
+std::vector<std::string> Aliases(const TableRow& row, std::size_t column) {
+  constexpr std::string_view kSeparator = "; ";
+  std::vector<std::string> aliases;
+  std::string_view rest = row.columns[column];
+  while (!rest.empty()) {
+    const std::size_t end = std::min(rest.find(kSeparator), rest.size());
+    const std::string_view alias = rest.substr(0, end);
+    if (alias.empty() || alias.front() == ' ' || alias.back() == ' ' || alias.find(';') != std::string_view::npos) {
+      throw TableFailure(row.location, "'" + std::string(alias) + "' is not an alias");
+    }
+    aliases.emplace_back(alias);
+    const bool isLast = end == rest.size();
+    rest.remove_prefix(isLast ? end : end + kSeparator.size());
+    if (!isLast && rest.empty()) throw TableFailure(row.location, "an alias is missing at the end");
+  }
+  return aliases;
+}
+
 std::vector<ScaleTypeRow> ReadScaleTypes(const std::filesystem::path& file) {
   std::vector<ScaleTypeRow> types;
   for (const TableRow& row : ReadTable(file, {"ScaleTypeID", "ScaleTypeNo", "ScaleTypeName"})) {
@@ -98,8 +118,8 @@ std::vector<ScaleTypeRow> ReadScaleTypes(const std::filesystem::path& file) {
 
 std::vector<ScaleRow> ReadScales(const std::filesystem::path& file) {
   std::vector<ScaleRow> scales;
-  for (const TableRow& row : ReadTable(
-           file, {"ScaleName", "ScaleTypeID", "StartNote", "ScaleIntervals", "Chord", "Source", "ScaleDescription"})) {
+  for (const TableRow& row : ReadTable(file, {"ScaleName", "ScaleTypeID", "StartNote", "ScaleIntervals", "Chord",
+                                              "Source", "ScaleDescription", "Formula", "Aliases"})) {
     ScaleRow& scale = scales.emplace_back();
     scale.location = row.location;
     scale.scaleName = row.columns[0];
@@ -109,6 +129,8 @@ std::vector<ScaleRow> ReadScales(const std::filesystem::path& file) {
     scale.isChord = YesOrNo(row, 4);
     scale.source = row.columns[5];
     scale.scaleDescription = row.columns[6];
+    scale.formula = row.columns[7];
+    scale.aliases = Aliases(row, 8);
   }
   return scales;
 }

@@ -43,6 +43,9 @@ struct ScaleRow {
   /// The source of the pattern; only in the table, not in the database.
   std::string source;
   std::string scaleDescription;
+  /// Degrees in ascending order, separated by blanks.
+  std::string formula;
+  std::vector<std::string> aliases;
 };
 
 struct ScaleTables {
