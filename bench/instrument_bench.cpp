@@ -41,23 +41,23 @@ Timed Slowest(const Step& step) {
   return slowest;
 }
 
-bool TellShapes(const std::string& symbol, const std::string& degrees) {
+bool ReportShapes(const std::string& symbol, const std::string& degrees) {
   const auto formula = theory::Formula::Parse(degrees);
   const Timed slowest = Slowest([&](theory::PitchClass root) {
     return instrument::ShapesOf(instrument::DefaultInstrument(), {root, *formula, std::nullopt}).shapes.size();
   });
-  bench::TellTimes("all shapes of a chord " + symbol + ", " + std::to_string(slowest.answers) + " up to fret 15",
-                   slowest.times, 0.5, kShapesBound);
+  bench::ReportTimes("all shapes of a chord " + symbol + ", " + std::to_string(slowest.answers) + " up to fret 15",
+                     slowest.times, 0.5, kShapesBound);
   return slowest.answers > 0;
 }
 
-bool TellBoxes() {
+bool ReportBoxes() {
   const theory::PitchClassSet major{0, 2, 4, 5, 7, 9, 11};
   const Timed slowest = Slowest([&](theory::PitchClass root) {
     return instrument::Boxes(instrument::DefaultInstrument(), {root, major.Transposed(root.Semitones())}).size();
   });
-  bench::TellTimes("all boxes of a major scale, " + std::to_string(slowest.answers) + " up to fret 22", slowest.times,
-                   0.5, kBoxesBound);
+  bench::ReportTimes("all boxes of a major scale, " + std::to_string(slowest.answers) + " up to fret 22", slowest.times,
+                     0.5, kBoxesBound);
   return slowest.answers > 0;
 }
 
@@ -66,10 +66,10 @@ bool TellBoxes() {
 int main() {
   // Reading the tables is part of the start, not of the search.
   (void)instrument::ShapesOf(instrument::DefaultInstrument(), {});
-  bool isFound = TellShapes("7", "1 3 5 b7");
-  isFound = TellShapes("maj7", "1 3 5 7") && isFound;
-  isFound = TellShapes("m7", "1 b3 5 b7") && isFound;
-  isFound = TellShapes("m7b5", "1 b3 b5 b7") && isFound;
-  isFound = TellBoxes() && isFound;
+  bool isFound = ReportShapes("7", "1 3 5 b7");
+  isFound = ReportShapes("maj7", "1 3 5 7") && isFound;
+  isFound = ReportShapes("m7", "1 b3 5 b7") && isFound;
+  isFound = ReportShapes("m7b5", "1 b3 b5 b7") && isFound;
+  isFound = ReportBoxes() && isFound;
   return isFound ? 0 : 1;
 }

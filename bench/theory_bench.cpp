@@ -30,7 +30,7 @@ std::vector<theory::ScaleEntry> MakeEntries(int fewest, int most) {
   std::vector<theory::ScaleEntry> entries;
   for (int i = 0; i < bench::Scales();) {
     // The union of two random sets: large sets are rare otherwise.
-    const unsigned first = random();
+    const auto first = static_cast<unsigned>(random());
     const PitchClassSet pattern = PitchClassSet::FromBits(first | static_cast<unsigned>(random()) | 1U);
     if (pattern.Size() < fewest || pattern.Size() > most) continue;
     entries.push_back({"Scale number " + std::to_string(i), pattern, i % 3});
@@ -50,7 +50,7 @@ bench::Spent Fastest(const std::function<void()>& step) {
 }
 
 /// Prints the slowest of a seventh of all sets, small and large ones; `find` returns the number of names.
-void TellSlowest(const std::string& what, const std::function<std::size_t(PitchClassSet, PitchClass)>& find) {
+void ReportSlowest(const std::string& what, const std::function<std::size_t(PitchClassSet, PitchClass)>& find) {
   std::vector<bench::Spent> times;
   std::size_t names = 0;
   for (unsigned bits = 1; bits < PitchClassSet::kCount; bits += 7) {
@@ -59,21 +59,21 @@ void TellSlowest(const std::string& what, const std::function<std::size_t(PitchC
     times.push_back(Fastest([&] { names += find(notes, bass); }));
   }
   if (names == 0) std::printf("No set has a name.\n");
-  bench::TellTimes(what, times, 1.0, kBoundMilliseconds);
+  bench::ReportTimes(what, times, 1.0, kBoundMilliseconds);
 }
 
-void TellScales(const std::string& what, int fewest, int most) {
+void ReportScales(const std::string& what, int fewest, int most) {
   const theory::ScaleIndex index(MakeEntries(fewest, most));
-  TellSlowest(what, [&](PitchClassSet notes, PitchClass bass) { return index.Containing(notes, bass).size(); });
+  ReportSlowest(what, [&](PitchClassSet notes, PitchClass bass) { return index.Containing(notes, bass).size(); });
 }
 
 }  // namespace
 
 int main() {
-  TellScales("the scales with any notes among 100,000, the slowest set", 1, 12);
-  TellScales("the same, all scales of seven notes", 7, 7);
-  TellScales("the same, all scales of twelve notes", 12, 12);
-  TellSlowest("the chord names of any notes, the slowest set", [](PitchClassSet notes, PitchClass bass) {
+  ReportScales("the scales with any notes among 100,000, the slowest set", 1, 12);
+  ReportScales("the same, all scales of seven notes", 7, 7);
+  ReportScales("the same, all scales of twelve notes", 12, 12);
+  ReportSlowest("the chord names of any notes, the slowest set", [](PitchClassSet notes, PitchClass bass) {
     return theory::FindChordNames({notes, bass, {}}).size();
   });
   return 0;

@@ -166,7 +166,7 @@ TEST(PositionsByRules, BoxesOfEveryInstrumentKeepAllRules) {
   }
 }
 
-TEST(PositionsByRules, BoxesOfTheMajorScaleKeepAllRulesInEveryKeyAndWithCapo) {
+TEST(PositionsByRules, BoxesOfMajorKeepAllRulesInEveryKeyAndWithACapo) {
   for (int root = 0; root < 12; ++root) {
     const Scale scale{theory::PitchClass(root), theory::PitchClassSet::FromPattern("2212221")->Transposed(root)};
     for (const int capo : {0, 1, 7}) {
