@@ -19,6 +19,8 @@ inline constexpr std::size_t kLongestDescription = 8000;
 inline constexpr std::size_t kMostPatternDigits = 36;
 /// kMostPatternDigits digits with a blank on each side of every digit.
 inline constexpr std::size_t kLongestPattern = 3 * kMostPatternDigits;
+/// Twelve degrees with double accidentals and two digits, and the blanks between them, take 59.
+inline constexpr std::size_t kLongestFormula = 100;
 /// A note name; long enough for text such as "E flat".
 inline constexpr std::size_t kLongestStartNote = 32;
 

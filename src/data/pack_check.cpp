@@ -29,7 +29,7 @@ struct ColumnLimit {
   std::string_view column;
   std::size_t characters;
 };
-constexpr std::array<ColumnLimit, 10> kColumnLimits = {{
+constexpr std::array<ColumnLimit, 13> kColumnLimits = {{
     {"ScaleName", core::kLongestName},
     {"ScaleTypeName", core::kLongestTypeName},
     {"ScaleDescription", core::kLongestDescription},
@@ -40,6 +40,9 @@ constexpr std::array<ColumnLimit, 10> kColumnLimits = {{
     {"ScaleTypeNo", kLongestNumber},
     {"Chord", kLongestNumber},
     {"Sort", kLongestNumber},
+    {"Place", kLongestNumber},
+    {"Formula", core::kLongestFormula},
+    {"Alias", core::kLongestName},
 }};
 
 std::size_t LimitOf(std::string_view column) {

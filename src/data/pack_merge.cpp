@@ -15,6 +15,7 @@
 #include "data/engine.h"
 #include "data/new_rows.h"
 #include "data/pack_check.h"
+#include "data/pack_formulas.h"
 #include "data/pack_rows.h"
 #include "data/scale_database.h"
 #include "data/scale_names.h"
@@ -91,7 +92,9 @@ void PackMerge::Run() {
     key = name.TextOr("");
   };
   MergeTable({"ScaleTypes", "ScaleTypeID", numberOf, "ScaleTypeID", "ScaleTypeName"}, limit);
+  PackFormulas formulas(main_->OpenEngine());
   addedScales_ = MergeTable({"Scales", "ScaleName", nameOf, "ScaleID", "ScaleName"}, limit);
+  if (addedScales_ > 0) formulas.Copy(pack_->OpenEngine(), limit, [this] { onRow_(++rows_); });
   main_->CommitTrans();
 }
 

@@ -18,22 +18,26 @@ namespace {
 // Indexes are untrusted too and may differ from the table.
 std::string From(const std::string& table) { return " FROM " + QuoteName(table) + " NOT INDEXED"; }
 
-std::string StatementFor(const std::string& table, const std::vector<std::string>& columns, bool isNumbered) {
+std::string StatementFor(const std::string& table, const std::vector<std::string>& columns,
+                         const std::string& condition, bool isNumbered) {
   std::string statement = std::string("SELECT ") + (isNumbered ? kRowNumber : "0");
   for (const std::string& column : columns) statement += ", " + QuoteName(column);
+  if (!condition.empty()) statement += ", " + condition;
   return statement + From(table) + (isNumbered ? std::string(" ORDER BY ") + kRowNumber : "");
 }
 
 }  // namespace
 
-PackRows::PackRows(Engine& pack, std::string table, std::vector<std::string> columns, std::optional<std::size_t> name)
+PackRows::PackRows(Engine& pack, std::string table, std::vector<std::string> columns, std::optional<std::size_t> name,
+                   std::string condition)
     : pack_(pack),
       table_(std::move(table)),
       columns_(std::move(columns)),
       name_(name),
+      condition_(std::move(condition)),
       isNumbered_(pack.IsNumberedTable(table_)),
       limits_(columns_.begin(), columns_.end()),
-      values_(columns_.size()) {}
+      values_(columns_.size() + (condition_.empty() ? 0 : 1)) {}
 
 std::vector<std::string> PackRows::ColumnsOf(Engine& pack, const std::string& table) {
   return pack.ColumnNames("SELECT *" + From(table));
@@ -44,7 +48,7 @@ void PackRows::ForEach(PackSizeLimit& limit,
   AscendingKeyCheck ascending(pack_.Path());
   bool isReading = true;
   try {
-    pack_.Query(StatementFor(table_, columns_, isNumbered_), {}, [&](SQLite::Statement& statement) {
+    pack_.Query(StatementFor(table_, columns_, condition_, isNumbered_), {}, [&](SQLite::Statement& statement) {
       isReading = false;
       if (isNumbered_) ascending.Require(statement.getColumn(0).getInt64());
       ++row_;
@@ -66,7 +70,7 @@ void PackRows::ForEach(PackSizeLimit& limit,
 
 void PackRows::RequireLimits() const {
   static const core::Value kNoName;
-  for (std::size_t i = 0; i < values_.size(); ++i) {
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
     try {
       limits_[i].Require(values_[i], name_ ? values_[*name_] : kNoName);
     } catch (const core::Failure& failure) {
@@ -80,7 +84,7 @@ core::Failure PackRows::HugeFieldInNextRow() {
   PackPlace place{table_, row_ + 1, {}};
   for (const std::string& column : columns_) {
     try {
-      pack_.Query(StatementFor(table_, {column}, isNumbered_) + " LIMIT 1 OFFSET " + std::to_string(row_), {},
+      pack_.Query(StatementFor(table_, {column}, {}, isNumbered_) + " LIMIT 1 OFFSET " + std::to_string(row_), {},
                   [](SQLite::Statement&) {});
     } catch (const core::Failure&) {
       place.column = column;

@@ -22,8 +22,10 @@ namespace tonalith::data {
 class PackRows {
  public:
   /// `columns`: the columns to read, without duplicates. `name`: the index in them of the column that messages use as
-  /// the name of a row, if it is one of them.
-  PackRows(Engine& pack, std::string table, std::vector<std::string> columns, std::optional<std::size_t> name);
+  /// the name of a row, if it is one of them. `condition`: an SQL expression whose value, 0 or 1, follows those of the
+  /// columns.
+  PackRows(Engine& pack, std::string table, std::vector<std::string> columns, std::optional<std::size_t> name,
+           std::string condition = {});
 
   /// The names of all columns of a table.
   static std::vector<std::string> ColumnsOf(Engine& pack, const std::string& table);
@@ -41,6 +43,7 @@ class PackRows {
   std::string table_;
   std::vector<std::string> columns_;
   std::optional<std::size_t> name_;
+  std::string condition_;
   bool isNumbered_;
   std::vector<FieldLimit> limits_;
   std::vector<core::Value> values_;

@@ -11,6 +11,7 @@
 #include <set>
 #include <string_view>
 
+#include "data/formula_tables.h"
 #include "data/schema.h"
 #include "data/shipped_rows.h"
 #include "data/sql_tokens.h"
@@ -43,7 +44,7 @@ Findings ReadSchema(SQLite::Database& database) {
     const std::string type = objects.getColumn(0).getString();
     const std::string name = objects.getColumn(1).getString();
     const std::string statement = objects.getColumn(3).getString();
-    const bool isOurs = ours.contains(statement) || statement == kCreateRevisions;
+    const bool isOurs = ours.contains(statement) || statement == kCreateRevisions || CreatesFormulaTable(statement);
     findings.hasOurQuery |= isOurs && SameName(name, kStoredQuery);
     findings.tablesOfQuery += type == "table" && IsTableOfQuery(name) ? 1 : 0;
     if (type == "view" && IsTableOfQuery(name)) findings.viewAsTable = name;

@@ -15,6 +15,7 @@
 
 #include "core/failure.h"
 #include "data/database_file.h"
+#include "data/formula_tables.h"
 #include "data/long_fields.h"
 #include "data/processor_time.h"
 #include "data/schema.h"
@@ -109,30 +110,55 @@ void Write(SQLite::Database& database, const Renewals& renewals) {
   }
 }
 
-bool IsRenewed(SQLite::Database& database) {
-  if (!database.tableExists("Revisions")) return false;
-  SQLite::Statement revision(database, "SELECT 1 FROM Revisions WHERE Revision = ?");
-  revision.bind(1, kRenewedRowsRevision);
-  return revision.executeStep();
+/// The entries of this version in Revisions.
+struct Revisions {
+  bool hasRenewedRows = false;
+  bool hasFormulas = false;
+};
+
+Revisions ReadRevisions(SQLite::Database& database) {
+  Revisions revisions;
+  if (!database.tableExists("Revisions")) return revisions;
+  SQLite::Statement found(database, "SELECT Revision FROM Revisions WHERE Revision IN (?, ?)");
+  found.bind(1, kRenewedRowsRevision);
+  found.bind(2, kFormulasRevision);
+  while (found.executeStep()) {
+    const int revision = found.getColumn(0).getInt();
+    revisions.hasRenewedRows |= revision == kRenewedRowsRevision;
+    revisions.hasFormulas |= revision == kFormulasRevision;
+  }
+  return revisions;
+}
+
+void Record(SQLite::Database& database, int revision) {
+  if (!database.tableExists("Revisions")) database.exec(std::string(kCreateRevisions));
+  SQLite::Statement record(database, "INSERT INTO Revisions VALUES (?, ?)");
+  record.bind(1, revision);
+  record.bind(2, static_cast<int>(SchemaRevisions().size()));
+  record.exec();
 }
 
 void Renew(SQLite::Database& database, std::span<const ShippedRow> rows) {
   SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
-  if (IsRenewed(database)) return;
+  if (ReadRevisions(database).hasRenewedRows) return;
   Renewals renewals = FindRows(database, rows);
   LeaveOutTakenNames(database, renewals);
   Write(database, renewals);
-  if (!database.tableExists("Revisions")) database.exec(std::string(kCreateRevisions));
-  SQLite::Statement record(database, "INSERT INTO Revisions VALUES (?, ?)");
-  record.bind(1, kRenewedRowsRevision);
-  record.bind(2, static_cast<int>(SchemaRevisions().size()));
-  record.exec();
+  Record(database, kRenewedRowsRevision);
+  transaction.commit();
+}
+
+void AddShippedFormulas(SQLite::Database& database, std::string_view formulas) {
+  SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+  if (ReadRevisions(database).hasFormulas) return;
+  AddFormulas(database, formulas);
+  Record(database, kFormulasRevision);
   transaction.commit();
 }
 
 }  // namespace
 
-void RenewShippedRows(const std::string& path, std::span<const ShippedRow> rows) {
+void RenewShippedRows(const std::string& path, std::span<const ShippedRow> rows, std::string_view formulas) {
   try {
     const std::string file = RequireDatabaseFile(path);
     if (jet::IsJetFile(file)) return;
@@ -148,7 +174,11 @@ void RenewShippedRows(const std::string& path, std::span<const ShippedRow> rows)
     const bool isOurs =
         database.execAndGet("PRAGMA application_id").getInt() == kApplicationId &&
         database.execAndGet("PRAGMA user_version").getInt() == static_cast<int>(SchemaRevisions().size());
-    if (isOurs && sqlite3_db_readonly(handle, "main") == 0 && !IsRenewed(database)) Renew(database, rows);
+    if (!isOurs || sqlite3_db_readonly(handle, "main") != 0) return;
+    const Revisions revisions = ReadRevisions(database);
+    if (!revisions.hasRenewedRows) Renew(database, rows);
+    // The formulas are found by the current names.
+    if (!revisions.hasFormulas) AddShippedFormulas(database, formulas);
   } catch (const SQLite::Exception&) {
     // The library is opened next, which reports the error.
     return;

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Updates rows of an earlier version that the user has not changed to the names and descriptions of this version. A
-// hash of the content identifies such a row. No row is added or deleted, and no number, type or pattern changes. This
-// happens once for each library, in one transaction that is recorded in its table Revisions, which earlier versions
-// ignore. Never throws or reports: a library that cannot be written now is tried again at the next start.
+// Brings a library of an earlier version to the content of this version. Rows that the user has not changed get the
+// current names and descriptions; a hash of the content identifies such a row. No row is added or deleted, and no
+// number, type or pattern changes. Then all shipped scales get their formulas and aliases. Each of the two happens
+// once for each library, in one transaction that is recorded in its table Revisions, which earlier versions ignore.
+// Never throws or reports: a library that cannot be written now is tried again at the next start.
 
 #pragma once
 
@@ -12,6 +13,8 @@
 #include <span>
 #include <string>
 #include <string_view>
+
+#include "data/formula_tables.h"
 
 namespace tonalith::data {
 
@@ -21,6 +24,8 @@ inline constexpr std::string_view kCreateRevisions =
 
 /// The entry in Revisions after the rows are updated.
 inline constexpr int kRenewedRowsRevision = 3;
+/// The entry in Revisions after the tables of formulas and aliases are added.
+inline constexpr int kFormulasRevision = 4;
 
 struct ShippedRow {
   std::uint64_t earlierHash = 0;
@@ -48,7 +53,8 @@ class RowHash {
 /// from content/scales.
 std::span<const ShippedRow> ShippedRows();
 
-/// Updates the rows of the library at `path`. `rows` in ascending order of hashes.
-void RenewShippedRows(const std::string& path, std::span<const ShippedRow> rows = ShippedRows());
+/// Updates the library at `path`. `rows` in ascending order of hashes, `formulas` as in AddFormulas.
+void RenewShippedRows(const std::string& path, std::span<const ShippedRow> rows = ShippedRows(),
+                      std::string_view formulas = ShippedFormulas());
 
 }  // namespace tonalith::data

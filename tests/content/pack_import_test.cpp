@@ -45,6 +45,15 @@ RowsByName RowsOfTables() {
   return rows;
 }
 
+RowsByName FormulasOfTables() {
+  RowsByName rows;
+  for (const ScaleRow& row : ScaleLibrary::WithPacks().Rows()) {
+    std::string& line = rows[row.scaleName] = row.formula;
+    for (const std::string& alias : row.aliases) line += "; " + alias;
+  }
+  return rows;
+}
+
 // A program folder with copies of the main database and all packs, which is the current directory.
 class ShippedPacks : public ::testing::Test {
  protected:
@@ -91,12 +100,27 @@ class ShippedPacks : public ::testing::Test {
     return types;
   }
 
+  /// The formula and the aliases of every scale as one line, by name.
+  [[nodiscard]] RowsByName InstalledFormulas() const {
+    SQLite::Database database(folder_ / "TonalithDB97.mdb", SQLite::OPEN_READONLY);
+    SQLite::Statement query(
+        database,
+        "SELECT ScaleName, Formula || ifnull((SELECT group_concat('; ' || Alias, '') FROM (SELECT Alias FROM "
+        "ScaleAliases WHERE ScaleID = Scales.ScaleID AND ScaleName = Scales.ScaleName AND ScaleIntervals = "
+        "Scales.ScaleIntervals ORDER BY Place)), '') FROM Scales JOIN ScaleFormulas USING (ScaleID, ScaleName, "
+        "ScaleIntervals)");
+    RowsByName rows;
+    while (query.executeStep()) rows.emplace(query.getColumn(0).getString(), query.getColumn(1).getString());
+    return rows;
+  }
+
   void Install(const std::vector<std::string>& packs) {
     for (const std::string& pack : packs) import_.ImportDataPack(pack);
   }
 
   void ExpectEveryRow() const {
     EXPECT_EQ(Installed(), RowsOfTables());
+    EXPECT_EQ(InstalledFormulas(), FormulasOfTables());
     std::vector<ScaleTypeRow> types = ScaleLibrary::WithPacks().Types();
     std::ranges::sort(types, {}, &ScaleTypeRow::scaleTypeId);
     std::string expected;

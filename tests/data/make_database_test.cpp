@@ -89,6 +89,20 @@ TEST_F(MakeDatabaseTest, CreatesADatabaseThatTheProgramReads) {
             "Bright, \"plain\" and it's settled.");
 }
 
+TEST_F(MakeDatabaseTest, AddsTheFormulasAndAliasesToLibraryAndPack) {
+  Make();
+  MakeDatabase(ReadScaleTables(folder_.Path() / "scales"), folder_ / "TonalithDB97.mdb");
+  for (const std::string& file : {Output(), folder_ / "TonalithDB97.mdb"}) {
+    EXPECT_EQ(AskRaw(file,
+                     "SELECT group_concat(ScaleID || ScaleName || ScaleIntervals || ':' || Formula) FROM "
+                     "ScaleFormulas"),
+              "1Major2212221:1 2 3 4 5 6 7,2Major triad435:1 3 5");
+  }
+  EXPECT_EQ(AskRaw(Output(), "SELECT group_concat(Place || Alias) FROM ScaleAliases"), "0Ionian mode,1Dur");
+  EXPECT_EQ(AskRaw(Output(), "SELECT count(*) FROM sqlite_schema WHERE name = 'Revisions'"), "0");
+  EXPECT_EQ(AskRaw(folder_ / "TonalithDB97.mdb", "SELECT group_concat(Revision) FROM Revisions"), "3,4");
+}
+
 TEST_F(MakeDatabaseTest, ReplacesAnOlderFileAndLeavesNoOtherFiles) {
   (void)folder_.Write("made.mdb", "older");
   Make();

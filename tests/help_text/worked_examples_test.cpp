@@ -13,6 +13,7 @@
 #include "core/scale_construction.h"
 #include "core/step_words.h"
 #include "data/data_pack_import.h"
+#include "data/formula_tables.h"
 #include "data/scale_database.h"
 #include "data/schema.h"
 #include "help_text/help_folder.h"
@@ -176,14 +177,17 @@ class CurrentFolder {
 
 TEST(WorkedExamples, TheDataPackExampleInstalls) {
   const std::vector<Element> packs = Examples("pre", "pack");
+  const std::vector<Element> formulas = Examples("pre", "pack-formulas");
   ASSERT_THAT(packs, SizeIs(1));
+  ASSERT_THAT(formulas, SizeIs(1));
   const tests::TempFolder program;
   const CurrentFolder current(program.Path());
   const std::string library = program / data::kDatabaseFileName;
   data::CreateScaleDatabase(library);
+  data::AddFormulasToFile(library, "");
   std::filesystem::create_directory(program.Path() / "DataPacks");
   const std::string pack = program / "DataPacks/DataPack_Folk.mdb";
-  SQLite::Database(pack, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(packs.front().text);
+  SQLite::Database(pack, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE).exec(packs.front().text + formulas.front().text);
 
   tests::RecordingMsgBox msgBox;
   NullObserver observer;
@@ -194,6 +198,11 @@ TEST(WorkedExamples, TheDataPackExampleInstalls) {
   EXPECT_EQ(imported.execAndGet("SELECT count(*) FROM ScalesQuery").getInt(), 2);
   EXPECT_EQ(imported.execAndGet("SELECT ScaleName || ', ' || ScaleTypeName FROM ScalesQuery LIMIT 1").getString(),
             "Miller's lament, Songs of our valley");
+  EXPECT_EQ(imported
+                .execAndGet("SELECT Formula || ', ' || group_concat(Alias) FROM ScaleFormulas JOIN ScaleAliases "
+                            "USING (ScaleID)")
+                .getString(),
+            "1 2 b3 #4 5 b6 b7, Mill tune,Lament of the mill");
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 
 #include "data/connection.h"
 #include "data/connection_string.h"
+#include "data/formula_tables.h"
 #include "data/record_set.h"
 #include "data/scale_database.h"
 #include "data/schema.h"
@@ -104,6 +105,7 @@ void MakeDatabase(const ScaleTables& tables, const std::filesystem::path& output
   AddScales(tables.scales, connection);
   connection->CommitTrans();
   connection->Close();
+  data::AddFormulasToFile(file.Path(), FormulaLines(tables.scales));
   // A new library contains the current rows already, so its first start writes nothing.
   if (output.filename() == data::kDatabaseFileName) data::RenewShippedRows(file.Path());
   std::filesystem::rename(file.Path(), output);

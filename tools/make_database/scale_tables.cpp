@@ -17,6 +17,8 @@ namespace {
 
 using Columns = std::vector<std::string>;
 
+constexpr std::string_view kAliasSeparator = "; ";
+
 struct TableRow {
   TableLocation location;
   Columns columns;
@@ -91,18 +93,17 @@ bool YesOrNo(const TableRow& row, std::size_t column) {
 
 // The texts of a column that are separated by a semicolon and a blank.
 std::vector<std::string> Aliases(const TableRow& row, std::size_t column) {
-  constexpr std::string_view kSeparator = "; ";
   std::vector<std::string> aliases;
   std::string_view rest = row.columns[column];
   while (!rest.empty()) {
-    const std::size_t end = std::min(rest.find(kSeparator), rest.size());
+    const std::size_t end = std::min(rest.find(kAliasSeparator), rest.size());
     const std::string_view alias = rest.substr(0, end);
     if (alias.empty() || alias.front() == ' ' || alias.back() == ' ' || alias.find(';') != std::string_view::npos) {
       throw TableFailure(row.location, "'" + std::string(alias) + "' is not an alias");
     }
     aliases.emplace_back(alias);
     const bool isLast = end == rest.size();
-    rest.remove_prefix(isLast ? end : end + kSeparator.size());
+    rest.remove_prefix(isLast ? end : end + kAliasSeparator.size());
     if (!isLast && rest.empty()) throw TableFailure(row.location, "an alias is missing at the end");
   }
   return aliases;
@@ -157,6 +158,19 @@ ScaleTables ReadScaleTables(const std::filesystem::path& folder) {
   for (ScaleRow& chord : ReadScales(folder / "chords.tsv")) tables.scales.push_back(std::move(chord));
   NumberRows(tables.scales);
   return tables;
+}
+
+std::string FormulaLines(const std::vector<ScaleRow>& scales) {
+  std::string lines;
+  for (const ScaleRow& scale : scales) {
+    lines += scale.scaleName + '\t' + scale.scaleIntervals + '\t' + scale.formula + '\t';
+    for (const std::string& alias : scale.aliases) {
+      if (&alias != &scale.aliases.front()) lines += kAliasSeparator;
+      lines += alias;
+    }
+    lines += '\n';
+  }
+  return lines;
 }
 
 }  // namespace tonalith::make_database
