@@ -62,12 +62,12 @@ class Message {
 
   /// The empty text.
   Message() = default;
-  /// Arguments: messages and their ids, texts that are not translated (names, paths, reports of the system), numbers.
+  /// Arguments: messages, their ids, numbers, untranslated texts (names, paths, reports of the operating system).
   template <MessageIdentifier Id, class... Arguments>
   Message(Id id, const Arguments&... arguments)  // NOLINT(google-explicit-constructor): an id is a message
       : text_(&CatalogueOf(id)[static_cast<std::size_t>(id)]), arguments_{Argument(arguments)...} {}
 
-  /// A text that is in no catalogue, such as the name of a file or a report of the system. It is never translated.
+  /// A text in no catalogue, such as the name of a file or a report of the operating system. It is never translated.
   static Message Verbatim(std::string text);
   /// A literal belongs in a catalogue.
   static Message Verbatim(const char* text) = delete;
