@@ -5,6 +5,8 @@
 
 #include <vector>
 
+#include "stress/music.h"
+
 namespace tonalith::stress {
 namespace {
 
@@ -57,7 +59,7 @@ std::string AnyNumber(RandomSource& random) {
 }
 
 std::string AnyKey(RandomSource& random) {
-  static const Texts notes = {"C", "C#", "D", "D#", "E", "F", "F#", "G", "G#", "A", "A#", "B"};
+  static const Texts notes(kNames.begin(), kNames.end());
   static const Texts others = {"c", "Db", "5", "11", "12", "-1", " 3 ", "99999", "H", "C ", "", "+4", "-0"};
   if (random.OneIn(6)) return AnyText(random, 4);
   return random.Pick(random.OneIn(4) ? others : notes);
