@@ -8,38 +8,24 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <algorithm>
+#include <vector>
 
 #include "controls/data_control.h"
 #include "paint/theme.h"
-#include "support/recorded_painting.h"
+#include "support/button_look.h"
 #include "support/recording_msg_box.h"
 
 namespace tonalith::controls {
 namespace {
 
-class ArrowButtonLook : public testing::Test {
+class ArrowButtonLook : public tests::ButtonLook {
  protected:
-  ArrowButtonLook() {
-    QPalette palette;
-    palette.setColor(QPalette::ButtonText, QColor(0x11, 0x22, 0x33));
-    palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0xaa, 0xbb, 0xcc));
-    window_.setPalette(palette);
-    // The pointer is at the corner.
-    window_.resize(600, 400);
-    window_.show();
-    window_.activateWindow();
-    QApplication::processEvents();
-  }
+  using ButtonLook::Look;
   std::string Look(ArrowButton::Kind kind) {
     ArrowButton button(QStringLiteral("arrow"), QStringLiteral("Arrow"), kind, &window_);
     return Look(button);
   }
-  static std::string Look(ArrowButton& button) {
-    button.setGeometry(QRect(QPoint(500, 300), button.sizeHint()));
-    return tests::RecordPainting(button).AsText();
-  }
-
-  QWidget window_;
 };
 
 TEST_F(ArrowButtonLook, PointsInItsDirectionWithABarAtTheEnd) {

@@ -13,6 +13,7 @@
 
 #include "editor/note_keyboard.h"
 #include "paint/colours.h"
+#include "support/paint_counter.h"
 #include "support/recorded_painting.h"
 
 namespace tonalith::editor {
@@ -95,21 +96,14 @@ TEST_F(NoteButtonLook, NewColoursRepaintAndCheckTheBox) {
   EXPECT_EQ(tests::RecordPainting(note_).FilledWith(QColor(0xcc, 0xff, 0xcc)).size(), 1U);
   note_.SetColours(kSelectedColours);
   EXPECT_TRUE(note_.isChecked());
-  struct Counter : QObject {
-    int paints = 0;
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-      paints += event->type() == QEvent::Paint ? 1 : 0;
-      return false;
-    }
-  } counter;
   QApplication::processEvents();
-  note_.installEventFilter(&counter);
+  const tests::PaintCounter paints(note_);
   note_.SetColours(both);
   QApplication::processEvents();
-  EXPECT_EQ(counter.paints, 1);
+  EXPECT_EQ(paints.Count(), 1);
   note_.SetColours(both);
   QApplication::processEvents();
-  EXPECT_EQ(counter.paints, 1) << "nothing changed";
+  EXPECT_EQ(paints.Count(), 1) << "nothing changed";
 }
 
 TEST_F(NoteButtonLook, EnterAndSpaceClick) {

@@ -7,39 +7,22 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QKeySequence>
 
-#include "support/recorded_painting.h"
+#include "support/button_look.h"
 
 namespace tonalith::help {
 namespace {
 
 using Icon = HelpButton::Icon;
 
-class HelpButtonLook : public testing::Test {
+class HelpButtonLook : public tests::ButtonLook {
  protected:
-  HelpButtonLook() {
-    QPalette palette;
-    palette.setColor(QPalette::ButtonText, QColor(0x11, 0x22, 0x33));
-    palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0xaa, 0xbb, 0xcc));
-    window_.setPalette(palette);
-    // The pointer is at the corner.
-    window_.resize(600, 400);
-    window_.show();
-    window_.activateWindow();
-    QApplication::processEvents();
-  }
+  using ButtonLook::Look;
   std::string Look(Icon icon) {
     HelpButton button(icon, QStringLiteral("Name"), {}, &window_);
     return Look(button);
   }
-  static std::string Look(HelpButton& button) {
-    button.setGeometry(QRect(QPoint(500, 300), button.sizeHint()));
-    return tests::RecordPainting(button).AsText();
-  }
-
-  QWidget window_;
 };
 
 TEST_F(HelpButtonLook, EveryIconHasItsOwnShape) {

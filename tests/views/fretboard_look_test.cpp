@@ -13,6 +13,7 @@
 #include "paint/painter_surface.h"
 #include "paint/recording_surface.h"
 #include "support/ink.h"
+#include "support/paint_counter.h"
 #include "views/fretboard_in_text.h"
 
 namespace tonalith::views {
@@ -253,21 +254,14 @@ TEST_F(FretboardLook, LooksTheSameInLightAndDark) {
 }
 
 TEST_F(FretboardLook, PaintsOnceForARefresh) {
-  struct Counter : QObject {
-    int paints = 0;
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-      paints += event->type() == QEvent::Paint ? 1 : 0;
-      return false;
-    }
-  } counter;
   view_.show();
   QApplication::processEvents();
-  view_.installEventFilter(&counter);
+  const tests::PaintCounter paints(view_);
   OneScale scale("32232");
   Refresh(view_, "A", scale);
-  EXPECT_EQ(counter.paints, 0) << "the procedures themselves paint nothing";
+  EXPECT_EQ(paints.Count(), 0) << "the procedures themselves paint nothing";
   QApplication::processEvents();
-  EXPECT_EQ(counter.paints, 1);
+  EXPECT_EQ(paints.Count(), 1);
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 
 #include "paint/colours.h"
 #include "paint/theme.h"
+#include "support/paint_counter.h"
 #include "support/recorded_painting.h"
 
 namespace tonalith::windows {
@@ -129,17 +130,10 @@ TEST_F(PanelButtonLook, DisabledMainActionLooksLikeAnyDisabledButton) {
 }
 
 TEST_F(PanelButtonLook, ChangingTheKindRepaints) {
-  struct Counter : QObject {
-    int paints = 0;
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-      paints += event->type() == QEvent::Paint ? 1 : 0;
-      return false;
-    }
-  } counter;
-  button_.installEventFilter(&counter);
+  const tests::PaintCounter paints(button_);
   button_.SetKind(PanelButton::Kind::kMainAction);
   QApplication::processEvents();
-  EXPECT_EQ(counter.paints, 1);
+  EXPECT_EQ(paints.Count(), 1);
 }
 
 TEST_F(PanelButtonLook, ReducesTheFontUntilTheCaptionFits) {
