@@ -6,10 +6,10 @@
 #include <QAbstractTextDocumentLayout>
 #include <QAccessible>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <algorithm>
 
 #include "core/field_limits.h"
 #include "editor/editor_fixture.h"
@@ -18,8 +18,20 @@ namespace tonalith::editor {
 namespace {
 
 constexpr int kMillion = 1000000;
-/// A window that does not respond for longer is frozen.
-constexpr qint64 kLongestWait = 1000;
+
+/// The most characters that a box of several lines had to insert and to lay out at once. Laying out a million of them
+/// takes minutes.
+struct Work {
+  explicit Work(QTextDocument& document) {
+    QObject::connect(&document, &QTextDocument::contentsChange, &context,
+                     [this](int /*from*/, int /*removed*/, int added) { inserted = std::max(inserted, added); });
+    QObject::connect(document.documentLayout(), &QAbstractTextDocumentLayout::update, &context,
+                     [this, &document] { laidOut = std::max(laidOut, document.characterCount()); });
+  }
+  int inserted = 0;
+  int laidOut = 0;
+  QObject context;
+};
 
 class Limits : public ScaleEditorTest {
  protected:
@@ -30,23 +42,25 @@ class Limits : public ScaleEditorTest {
     QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
     ProcessEvents();
   }
+  QTextDocument& Description() { return *qobject_cast<QPlainTextEdit*>(Box(2))->document(); }
   QWidget* Box(int index) { return C().txtFields.at(static_cast<std::size_t>(index)).box; }
 };
 
 TEST_F(Limits, AMillionPastedLettersAreTruncatedAndReported) {
   Open();
   Press(C().cmdModify);
+  const Work work(Description());
   for (const auto& [index, longest, caption] : {std::tuple(1, core::kLongestName, "Scale Name:"),
                                                 std::tuple(2, core::kLongestDescription, "Scale Description:"),
                                                 std::tuple(5, core::kLongestStartNote, "Start Note:")}) {
-    QElapsedTimer clock;
-    clock.start();
     Paste(Box(index), QString(kMillion, QLatin1Char('x')));
-    EXPECT_LT(clock.elapsed(), kLongestWait);
     EXPECT_EQ(Field(index).size(), longest);
     EXPECT_EQ(Notice(),
               std::string(caption) + " Only " + std::to_string(longest) + " characters fit; the rest was left out.");
   }
+  // The document counts the end of its last line as a character.
+  EXPECT_LE(work.inserted, static_cast<int>(core::kLongestDescription) + 1);
+  EXPECT_GT(work.inserted, 0);
   Press(C().cmdUpdate);
   EXPECT_EQ(Messages(), "");
   EXPECT_EQ(Rows("SELECT length(ScaleDescription) FROM Scales WHERE ScaleID = 1"),
@@ -76,14 +90,16 @@ TEST_F(Limits, AMillionLettersOfAssistiveTechnologyAreTruncated) {
   Press(C().cmdModify);
   QAccessibleEditableTextInterface* const text = QAccessible::queryAccessibleInterface(Box(2))->editableTextInterface();
   ASSERT_NE(text, nullptr);
+  const Work work(Description());
   text->insertText(4, QString(kMillion, QLatin1Char('x')));
   ProcessEvents();
   EXPECT_EQ(Field(2).size(), core::kLongestDescription);
   EXPECT_EQ(Field(2).substr(0, 6), "The xx");
   EXPECT_EQ(Field(2).substr(Field(2).size() - 12), "xbright one.") << "the text around the insertion stays";
   EXPECT_EQ(Notice(), "Scale Description: Only 8000 characters fit; the rest was left out.");
-  auto* const lines = qobject_cast<QPlainTextEdit*>(Box(2));
-  EXPECT_GT(lines->document()->documentLayout()->documentSize().height(), 20) << "the cut text is laid out";
+  EXPECT_GT(work.inserted, kMillion - 1);
+  EXPECT_LE(work.laidOut, static_cast<int>(core::kLongestDescription) + 1);
+  EXPECT_GT(Description().documentLayout()->documentSize().height(), 20) << "the cut text is laid out";
 }
 
 TEST_F(Limits, APastedPatternIsTruncatedToThreeOctaves) {
@@ -94,14 +110,15 @@ TEST_F(Limits, APastedPatternIsTruncatedToThreeOctaves) {
   EXPECT_EQ(Notice(), "Scale Intervals: Only digits fit, 36 at most; the rest was left out.");
 }
 
-TEST_F(Limits, AHugeStoredTextOpensFastAndChangesOnlyByTyping) {
+TEST_F(Limits, AHugeStoredTextIsShownInPartAndChangesOnlyByTyping) {
   Execute("UPDATE Scales SET ScaleDescription = '" + std::string(2 * kMillion, 'x') + "', ScaleName = '" +
           std::string(kMillion, 'y') + "' WHERE ScaleID = 1");
-  QElapsedTimer clock;
-  clock.start();
-  Open();
-  EXPECT_LT(clock.elapsed(), 3 * kLongestWait);
+  Open(2);
+  const Work work(Description());
+  PressArrow("First record");
   EXPECT_EQ(Field(2).size(), core::kLongestDescription);
+  EXPECT_LE(work.inserted, static_cast<int>(core::kLongestDescription) + 1);
+  EXPECT_LE(work.laidOut, static_cast<int>(core::kLongestDescription) + 1);
   Press(C().cmdModify);
   Replace(5, "D");
   EXPECT_EQ(Notice(), "Not saved yet.");
