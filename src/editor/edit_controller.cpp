@@ -74,15 +74,15 @@ void EditController::Apply() {
     const bool isKept = AsksToKeep();
     if (self.isNull()) return;
     if (!isKept) {
-      if (session_.Reject(Decision::kByUser)) session_.SetOutcome({NoticeId::kNotKept});
+      if (session_.Reject(Decision::kByUser)) session_.SetOutcome({MessageId::kNotKept});
       return;
     }
     const QString name = scale_.Field(field::kName).text;
     if (KeepNotes()) {
       form_.Controls().datPrimaryRS->MoveFirst();
-      session_.SetOutcome({NoticeId::kSaved, name});
+      session_.SetOutcome({MessageId::kSaved, name});
     } else if (!self.isNull() && session_.Reject(Decision::kOpen)) {
-      session_.SetOutcome({NoticeId::kNotSaved});
+      session_.SetOutcome({MessageId::kNotSaved});
     }
   });
   // Kept: see docs/behaviour.md, Apply leaves the mode on Cancel too
@@ -122,7 +122,7 @@ void EditController::Refresh() {
     scale_.LoadTypes();
   });
   if (self.isNull() || !isRejected) return;
-  session_.SetOutcome({NoticeId::kLibraryRead});
+  session_.SetOutcome({MessageId::kLibraryRead});
   form_.ShowNotice();
 }
 
@@ -161,7 +161,7 @@ void EditController::BringBack(const RejectedEdit& edit) {
   const bool isDone = RunAlone([&] { session_.BringBack(edit); });
   if (self.isNull()) return;
   if (isDone) {
-    session_.SetOutcome({NoticeId::kBroughtBack});
+    session_.SetOutcome({MessageId::kBroughtBack});
   } else if (!session_.HasUnsavedChanges()) {
     session_.Rejected().Add(edit);
   }

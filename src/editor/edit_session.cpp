@@ -11,8 +11,8 @@ namespace tonalith::editor {
 namespace {
 
 Notice ChosenNotice(const NoteSelection& selected) {
-  if (selected.none()) return {NoticeId::kNoNoteSelected};
-  const NoticeId id = selected.count() == 1 ? NoticeId::kApplySavesOneNote : NoticeId::kApplySaves;
+  if (selected.none()) return {MessageId::kNoNoteSelected};
+  const MessageId id = selected.count() == 1 ? MessageId::kOneNote : MessageId::kApplySaves;
   return {id, QString::fromStdString(ScaleIntervalBuild(selected))};
 }
 
@@ -45,13 +45,13 @@ Notice EditSession::CurrentNotice() {
   const NoteSelection selected = scale_.SelectedNotes();
   const bool isTooShort = IsModifying() && notes_ == NotesState::kChosen && selected.count() <= 1;
   if (isTooShort || AreNotesUnlikePattern(selected)) return outcome_ ? *outcome_ : ChosenNotice(selected);
-  if (notes_ == NotesState::kTakenBack) return {NoticeId::kNotesTakenBack};
+  if (notes_ == NotesState::kTakenBack) return {MessageId::kNotesTakenBack};
   if (!IsModifying() && selected != scale_.RecordNotes()) {
-    return {NoticeId::kPatternNotKept, scale_.Field(field::kIntervals).text};
+    return {MessageId::kPatternNotKept, scale_.Field(field::kIntervals).text};
   }
   if (outcome_) return *outcome_;
-  if (scale_.IsEditPending()) return {NoticeId::kNotSavedYet};
-  return {IsModifying() ? NoticeId::kModifyHint : NoticeId::kViewingHint};
+  if (scale_.IsEditPending()) return {MessageId::kNotSavedYet};
+  return {IsModifying() ? MessageId::kModifyHint : MessageId::kViewingHint};
 }
 
 void EditSession::EnterModify() {
@@ -201,7 +201,7 @@ void EditSession::RejectForOtherVersion() {
   rejected_.Add(Snapshot());
   history_.Clear();
   ForgetChosenNotes();
-  outcome_ = Notice{NoticeId::kShowsOtherVersion};
+  outcome_ = Notice{MessageId::kShowsOtherVersion};
 }
 
 void EditSession::BringBack(const RejectedEdit& edit) {

@@ -37,11 +37,11 @@ void WireLimits(frmScales& form, const ScalesControls& c) {
   };
   for (int i = 0; i < kFieldCount; ++i) {
     QWidget* const box = c.txtFields.at(static_cast<std::size_t>(i)).box;
-    const Notice limit{NoticeId::kFieldIsFull, {}, i};
+    const Notice limit{MessageId::kFieldIsFull, {}, i};
     if (const auto* const line = qobject_cast<QLineEdit*>(box)) wire(line, limit);
     if (const auto* const lines = qobject_cast<TextBox*>(box)) wire(lines, limit);
   }
-  wire(c.txtIntervals, {NoticeId::kPatternIsFull});
+  wire(c.txtIntervals, {MessageId::kPatternIsFull});
 }
 
 void WireButtons(frmScales& form, const ScalesControls& c) {

@@ -58,7 +58,7 @@ void frmScales::RecordMoved() {
 
 void frmScales::FieldTyped(int index, const QString& before) {
   session_.FieldTyped(index, before);
-  if (c_.txtFields.at(static_cast<std::size_t>(index)).binding->IsShortened()) ShowLimit({NoticeId::kTextIsShortened});
+  if (c_.txtFields.at(static_cast<std::size_t>(index)).binding->IsShortened()) ShowLimit({MessageId::kTextIsShortened});
 }
 
 void frmScales::txtFields_Change(int index) {

@@ -24,45 +24,24 @@ core::Message FieldIsFull(const ScalesControls& controls, int index) {
 
 core::Message MessageOf(const Notice& notice, const ScalesControls& controls) {
   switch (notice.id) {
-    case NoticeId::kViewingHint:
-      return MessageId::kViewingHint;
-    case NoticeId::kModifyHint:
-      return MessageId::kModifyHint;
-    case NoticeId::kNotSavedYet:
-      return MessageId::kNotSavedYet;
-    case NoticeId::kPatternNotKept:
+    case MessageId::kPatternNotKept:
       return {MessageId::kPatternNotKept, notice.text.toStdString()};
-    case NoticeId::kNotesTakenBack:
-      return MessageId::kNotesTakenBack;
-    case NoticeId::kNoNoteSelected:
-      return MessageId::kNoNoteSelected;
-    case NoticeId::kApplySaves:
+    case MessageId::kApplySaves:
       return ChosenNotes(notice.text);
-    case NoticeId::kApplySavesOneNote:
+    case MessageId::kOneNote:
       return {MessageId::kTwoSentences, ChosenNotes(notice.text), MessageId::kOneNote};
-    case NoticeId::kSaved:
+    case MessageId::kSaved:
       return {MessageId::kTwoSentences, core::Message(MessageId::kSaved, notice.text.toStdString()),
               MessageId::kViewingHint};
-    case NoticeId::kNotKept:
-      return MessageId::kNotKept;
-    case NoticeId::kNotSaved:
-      return MessageId::kNotSaved;
-    case NoticeId::kBroughtBack:
-      return MessageId::kBroughtBack;
-    case NoticeId::kLibraryRead:
-      return MessageId::kLibraryRead;
-    case NoticeId::kShowsOtherVersion:
-      return MessageId::kShowsOtherVersion;
-    case NoticeId::kFieldIsFull:
+    case MessageId::kFieldIsFull:
       return FieldIsFull(controls, notice.field);
-    case NoticeId::kPatternIsFull:
+    case MessageId::kPatternIsFull:
       return {MessageId::kPatternIsFull,
               controls.lblLabels.at(static_cast<std::size_t>(field::kIntervals))->text().toStdString(),
               core::kMostPatternDigits};
-    case NoticeId::kTextIsShortened:
-      return MessageId::kTextIsShortened;
+    default:
+      return notice.id;
   }
-  return {};
 }
 
 }  // namespace

@@ -14,29 +14,29 @@
 
 namespace tonalith::editor {
 
-inline std::string NameOf(NoticeId id) {
+inline std::string NameOf(MessageId id) {
   switch (id) {
-    case NoticeId::kViewingHint:
+    case MessageId::kViewingHint:
       return "viewing";
-    case NoticeId::kModifyHint:
+    case MessageId::kModifyHint:
       return "modify";
-    case NoticeId::kNotSavedYet:
+    case MessageId::kNotSavedYet:
       return "not saved yet";
-    case NoticeId::kPatternNotKept:
+    case MessageId::kPatternNotKept:
       return "pattern not kept";
-    case NoticeId::kNotesTakenBack:
+    case MessageId::kNotesTakenBack:
       return "notes reverted";
-    case NoticeId::kNoNoteSelected:
+    case MessageId::kNoNoteSelected:
       return "no note";
-    case NoticeId::kApplySaves:
+    case MessageId::kApplySaves:
       return "apply saves";
-    case NoticeId::kApplySavesOneNote:
+    case MessageId::kOneNote:
       return "apply saves one note";
-    case NoticeId::kSaved:
+    case MessageId::kSaved:
       return "saved";
-    case NoticeId::kShowsOtherVersion:
+    case MessageId::kShowsOtherVersion:
       return "other version";
-    case NoticeId::kPatternIsFull:
+    case MessageId::kPatternIsFull:
       return "full";
     default:
       return "another notice";
@@ -54,7 +54,7 @@ class EditSessionTest : public testing::Test {
     const editor::Notice notice = session_.CurrentNotice();
     return NameOf(notice.id) + (notice.text.isEmpty() ? "" : " " + notice.text.toStdString());
   }
-  void SetSaved() { session_.SetOutcome({NoticeId::kSaved}); }
+  void SetSaved() { session_.SetOutcome({MessageId::kSaved}); }
   /// The latest rejected edit, which must exist.
   RejectedEdit TakeRejected() { return session_.Rejected().TakeLatest().value(); }
 

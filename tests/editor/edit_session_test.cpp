@@ -136,7 +136,7 @@ TEST_F(NotesState, TypingAfterAnUndoneToggleRevertsNothing) {
 }
 
 TEST_F(NotesState, ATypedPatternSelectsItsNotes) {
-  session_.SetLimit({NoticeId::kPatternIsFull});
+  session_.SetLimit({MessageId::kPatternIsFull});
   SetSaved();
   session_.PatternTyped(QStringLiteral("435"));
   EXPECT_EQ(scale_.Selected(), "C E G");
@@ -243,7 +243,7 @@ using Records = ModifyingSessionTest;
 TEST_F(Records, AnotherRecordEndsStepsAndNotices) {
   scale_.Toggle("B");
   SetSaved();
-  session_.SetLimit({NoticeId::kPatternIsFull});
+  session_.SetLimit({MessageId::kPatternIsFull});
   scale_.MoveToRecord(1);
   EXPECT_EQ(scale_.Selected(), "C E G");
   EXPECT_FALSE(session_.CanUndo());
@@ -253,7 +253,7 @@ TEST_F(Records, AnotherRecordEndsStepsAndNotices) {
 TEST_F(Records, TheSameRecordReadAgainKeepsStepsAndOutcome) {
   scale_.Type(field::kName, "Maj");
   SetSaved();
-  session_.SetLimit({NoticeId::kPatternIsFull});
+  session_.SetLimit({MessageId::kPatternIsFull});
   session_.RecordMoved();
   EXPECT_TRUE(session_.CanUndo());
   EXPECT_EQ(Notice(), "saved");
@@ -262,11 +262,11 @@ TEST_F(Records, TheSameRecordReadAgainKeepsStepsAndOutcome) {
 TEST_F(Records, ALimitIsReportedFirstUntilTheNextTyping) {
   scale_.Toggle("B");
   SetSaved();
-  session_.SetLimit({NoticeId::kPatternIsFull});
+  session_.SetLimit({MessageId::kPatternIsFull});
   EXPECT_EQ(Notice(), "full");
   scale_.Type(field::kName, "Maj");
   EXPECT_EQ(Notice(), "notes reverted");
-  session_.SetLimit({NoticeId::kPatternIsFull});
+  session_.SetLimit({MessageId::kPatternIsFull});
   session_.ClearLimit();
   EXPECT_EQ(Notice(), "notes reverted");
 }
