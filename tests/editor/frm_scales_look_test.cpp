@@ -164,6 +164,23 @@ TEST_F(FormLook, ANoticeOfAnyLengthKeepsTheWidth) {
   EXPECT_EQ(Form().size(), size);
 }
 
+TEST_F(FormLook, EveryLabelIsLeftOfItsBox) {
+  Open();
+  Press(C().cmdModify);
+  ProcessEvents();
+  const auto boxOf = [this](const QWidget* widget) { return QRect(widget->mapTo(&Form(), QPoint()), widget->size()); };
+  int visible = 0;
+  for (const QLabel* const label : Form().findChildren<QLabel*>()) {
+    if (label->buddy() == nullptr || !label->isVisible() || !label->buddy()->isVisible()) continue;
+    ++visible;
+    const QRect name = boxOf(label);
+    const QRect box = boxOf(label->buddy());
+    EXPECT_LE(name.right(), box.left()) << label->text().toStdString();
+    EXPECT_TRUE(name.top() <= box.bottom() && box.top() <= name.bottom()) << label->text().toStdString();
+  }
+  EXPECT_GE(visible, 7);
+}
+
 TEST_F(FormLook, ClipsNoStepWords) {
   Execute("UPDATE Scales SET ScaleIntervals = '13131111' WHERE ScaleID = 1");
   Open();

@@ -287,6 +287,7 @@ TEST_F(FrmScales, ATypedPatternImmediatelyChangesButtonsAndStepWords) {
   EXPECT_EQ(C().txtIntervals->text(), QStringLiteral("435"));
   EXPECT_EQ(SelectedNotes(), "C E G");
   EXPECT_EQ(C().txtScaleIntervalTones->text(), QStringLiteral(" T2 T1.5 T2.5"));
+  EXPECT_EQ(Notice(), "Apply saves 435: T2 T1.5 T2.5");
   box_.AnswerNext(kOk);
   Press(C().cmdApply);
   EXPECT_EQ(Rows("SELECT ScaleIntervals FROM Scales WHERE ScaleID = 1"), "435");

@@ -105,5 +105,26 @@ TEST_F(Undo, DoesNothingWhileTheFormIsReadOnly) {
   EXPECT_EQ(Field(1), "Natural Minor");
 }
 
+TEST_F(Undo, ModifyShowsTheSavedNotesAgain) {
+  Open();
+  Press(C().cmdModify);
+  ClickNotes("B A#");
+  ASSERT_EQ(SelectedNotes(), "C D E F G A A#");
+  Form().cmdModify_Click();
+  EXPECT_EQ(SelectedNotes(), "C D E F G A B");
+  EXPECT_EQ(C().txtIntervals->text(), QStringLiteral("2212221"));
+  EXPECT_TRUE(Form().IsInModifyMode());
+}
+
+TEST_F(Undo, OnlyABatchUpdateWritesAnEdit) {
+  Open();
+  Press(C().cmdModify);
+  Type(1, "X");
+  C().datPrimaryRS->Recordset()->Update();
+  EXPECT_EQ(Rows("SELECT ScaleName FROM Scales WHERE ScaleID = 1"), "Major");
+  C().datPrimaryRS->UpdateBatch();
+  EXPECT_EQ(Rows("SELECT ScaleName FROM Scales WHERE ScaleID = 1"), "MajorX");
+}
+
 }  // namespace
 }  // namespace tonalith::editor
