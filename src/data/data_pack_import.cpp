@@ -87,7 +87,7 @@ void DataPackImport::ImportDataPack(const std::string& path) {
     imported_.scales += merge.AddedScales();
     msgBox_.Show({MessageId::kImported, path}, core::MsgBoxStyle::kInformation);
   } catch (const ImportStopped&) {
-    // Closing the connection rolls back.
+    // The destructor of the merge closes the connection, which rolls back.
     isStopped_ = true;
   } catch (const std::exception&) {
     const core::Failure failure = core::Failure::FromCurrentException();
@@ -96,7 +96,6 @@ void DataPackImport::ImportDataPack(const std::string& path) {
     ignored.Clear();
     msgBox_.Show({MessageId::kImportError, path, failure.Text()}, core::MsgBoxStyle::kCritical);
   }
-  merge.Close();
 }
 
 }  // namespace tonalith::data

@@ -9,7 +9,6 @@
 #include <system_error>
 #include <utility>
 
-#include "core/deferred_failure.h"
 #include "data/data_failure.h"
 #include "data/data_pack_import.h"
 #include "data/engine.h"
@@ -99,15 +98,6 @@ void PackMerge::Run() {
 }
 
 void PackMerge::Rollback() { main_->RollbackTrans(); }
-
-void PackMerge::Close() {
-  core::DeferredFailure ignored;
-  if (mainRecords_->IsOpen()) ignored.Try([&] { mainRecords_->Close(); });
-  for (Connection* connection : {pack_.get(), main_.get()}) {
-    if (connection->IsOpen()) ignored.Try([&] { connection->Close(); });
-  }
-  ignored.Clear();
-}
 
 // Adds the rows of a table whose key is not in the main table, and returns their number. Uses prepared statements on
 // the main table, because packs may be large.

@@ -31,8 +31,6 @@ class PackMerge {
 
   void Run();
   void Rollback();
-  /// Closes the record set, the pack and the main database, in this order and in any state. Never throws.
-  void Close();
   /// The number of scales that a complete run has added.
   [[nodiscard]] std::int64_t AddedScales() const { return addedScales_; }
 
@@ -59,6 +57,7 @@ class PackMerge {
   OnRows onRow_;
   std::int64_t rows_ = 0;
   std::int64_t addedScales_ = 0;
+  // Closed in the reverse order.
   std::shared_ptr<Connection> main_ = std::make_shared<Connection>();
   std::shared_ptr<Connection> pack_ = std::make_shared<Connection>();
   std::unique_ptr<RecordSet> mainRecords_ = std::make_unique<RecordSet>();

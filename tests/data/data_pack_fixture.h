@@ -23,6 +23,9 @@ namespace tonalith::data {
 class CountingObserver : public DataPackObserver {
  public:
   void DataPackDone() override { ++packsDone; }
+  void ReadingProgress(const std::string& path, std::int64_t rows) override {
+    if (onReading) onReading(path, rows);
+  }
   void ImportProgress(const std::string&, std::int64_t rows) override {
     ++calls;
     latest = rows;
@@ -32,6 +35,7 @@ class CountingObserver : public DataPackObserver {
   int calls = 0;
   std::int64_t latest = 0;
   std::function<void()> onProgress;
+  std::function<void(const std::string& path, std::int64_t rows)> onReading;
 };
 
 // A program folder that is the current directory, with a main database of four scales and a folder for packs.

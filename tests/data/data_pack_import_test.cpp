@@ -232,6 +232,21 @@ TEST_F(DataPackImportTest, ReportsItsProgress) {
   EXPECT_EQ(observer_.latest, 768);
 }
 
+TEST_F(DataPackImportTest, ReportsTheReadingOfAJetPackAndCanBeStoppedMeanwhile) {
+  const std::string pack = CopyPack(jet::kJet2003, "DataPack_Jet2003.mdb");
+  std::vector<std::string> read;
+  observer_.onReading = [&](const std::string& path, std::int64_t rows) {
+    read.push_back(path);
+    EXPECT_GE(rows, 0);
+    throw ImportStopped();
+  };
+  Install(pack);
+  EXPECT_EQ(read, std::vector{pack});
+  EXPECT_TRUE(import_.IsStopped());
+  EXPECT_EQ(Shown(), "");
+  EXPECT_EQ(Ask("SELECT count(*) FROM Scales"), "4");
+}
+
 TEST_F(DataPackImportTest, StatementsPerScaleDoNotDependOnTheSizeOfTheLibrary) {
   RunRaw(Main(), "DELETE FROM Scales; DELETE FROM ScaleTypes; " + ManyScales(100'000));
   const std::string many = MakePack("DataPack_A.mdb",

@@ -165,6 +165,18 @@ TEST(RecordSet, HasNoFilterAfterItWasOpenedAgain) {
   EXPECT_EQ(records.RecordCount(), 4);
 }
 
+TEST(RecordSet, HasNoPendingEditAfterItWasOpenedAgain) {
+  const DatabaseFolder folder;
+  const auto connection = folder.Open();
+  RecordSet records;
+  records.Open("ScalesQuery", connection, CursorType::kKeyset, LockType::kOptimistic);
+  records.SetFieldValue("ScaleName", "Lost");
+  connection->Close();
+  records.Open("ScalesQuery", folder.Open());
+  EXPECT_FALSE(records.IsEditPending());
+  EXPECT_EQ(Here(records), "Major");
+}
+
 TEST(RecordSet, KeepsItsConnectionAlive) {
   const DatabaseFolder folder;
   RecordSet records;
