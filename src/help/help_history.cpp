@@ -7,11 +7,11 @@ namespace tonalith::help {
 
 void HelpHistory::Visit(const HelpTarget& target) {
   if (!IsEmpty() && Current().target == target) {
-    stops_[at_].scroll = -1;
+    stops_[at_] = {target};
     return;
   }
   if (!IsEmpty()) stops_.resize(at_ + 1);
-  stops_.push_back({target, -1});
+  stops_.push_back({target});
   at_ = stops_.size() - 1;
 }
 

@@ -88,6 +88,26 @@ TEST(HelpPage, LinksAndPicturesBecomeIndexes) {
   EXPECT_EQ(page.pictures[0].description, "The neck");
 }
 
+TEST(HelpPage, TheSizeOfAPictureIsLimited) {
+  const auto sizeOf = [](const std::string& attributes) {
+    const HelpPage page = ReadHelpPage("<img src=p.png " + attributes + ">");
+    return std::pair(page.pictures.at(0).width, page.pictures.at(0).height);
+  };
+  EXPECT_EQ(sizeOf("width=4000 height=4000"), std::pair(4000, 4000));
+  EXPECT_EQ(sizeOf("width=4001 height=99999999999"), std::pair(0, 0)) << "out of range";
+  EXPECT_EQ(sizeOf("width=wide height=-1"), std::pair(0, 0));
+  EXPECT_EQ(sizeOf("width=50% height=12px"), std::pair(0, 12));
+}
+
+TEST(HelpPage, LinkedStyleSheetsAreListedUpToEight) {
+  EXPECT_THAT(ReadHelpPage("<link rel=StyleSheet href=a.css><link rel=icon href=b.ico><link rel=stylesheet href=c.css>")
+                  .styleSheets,
+              ElementsAre("a.css", "c.css"));
+  std::string many;
+  for (int i = 0; i < 10; ++i) many += "<link rel=stylesheet href=" + std::to_string(i) + ">";
+  EXPECT_THAT(ReadHelpPage(many).styleSheets, ElementsAre("0", "1", "2", "3", "4", "5", "6", "7"));
+}
+
 TEST(HelpPage, EscapedTextIsNotALinkOrPicture) {
   EXPECT_THAT(Html("&lt;img src=\"picture:0\"&gt;"), Not(HasSubstr("\"")));
 }
