@@ -15,6 +15,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <system_error>
 #include <utility>
@@ -27,9 +28,6 @@ namespace {
 
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
-
-constexpr int kDone = 0;
-constexpr int kThrew = 1;
 
 core::Failure SystemFailure() {
   return core::Failure::Unspecified({MessageId::kSystemRefused, std::generic_category().message(errno)});
@@ -81,9 +79,9 @@ void CloseAllBut(int pipe) {
   try {
     work(pipe);
   } catch (const std::exception&) {
-    ::_exit(kThrew);
+    ::_exit(EXIT_FAILURE);
   }
-  ::_exit(kDone);
+  ::_exit(EXIT_SUCCESS);
 }
 
 }  // namespace

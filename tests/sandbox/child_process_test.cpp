@@ -5,6 +5,10 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -154,11 +158,125 @@ TEST(ChildProcess, LimitsTheMemoryOfTheChild) {
 TEST(ChildProcess, InheritsNothingButThePipe) {
   const int opened = ::open("/dev/null", O_RDONLY);
   ChildProcess process([opened](int pipe) {
-    const bool isClosed = ::fcntl(opened, F_GETFD) < 0;
-    WriteText(pipe, isClosed && ::isatty(STDERR_FILENO) == 0 ? "closed" : "open");
+    WriteText(pipe, ::fcntl(opened, F_GETFD) < 0 ? "closed" : "open");
+    struct stat null {};
+    ::stat("/dev/null", &null);
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+      struct stat file {};
+      const bool isNull = ::fstat(stream, &file) == 0 && file.st_rdev == null.st_rdev;
+      WriteText(pipe, isNull ? " null" : " inherited");
+    }
   });
-  EXPECT_EQ(AllOf(process), "closed");
+  EXPECT_EQ(AllOf(process), "closed null null null");
   ::close(opened);
+}
+
+TEST(ChildProcess, WorksWhereItsPipeHasTheNumberOfAStandardStream) {
+  const std::array<int, 2> kept{::dup(STDIN_FILENO), ::dup(STDOUT_FILENO)};
+  ::close(STDIN_FILENO);
+  ::close(STDOUT_FILENO);
+  {
+    ChildProcess process([](int pipe) { WriteText(pipe, "read"); });
+    EXPECT_EQ(AllOf(process), "read");
+  }
+  for (const int stream : {STDIN_FILENO, STDOUT_FILENO}) {
+    const int copy = kept.at(static_cast<std::size_t>(stream));
+    ::dup2(copy, stream);
+    ::close(copy);
+  }
+}
+
+TEST(ChildProcess, LimitsFilesAndProcessorTimeOfTheChild) {
+  Limits limits;
+  limits.total = 7500ms;
+  ChildProcess process(
+      [](int pipe) {
+        for (const auto resource : {RLIMIT_CORE, RLIMIT_FSIZE, RLIMIT_CPU}) {
+          rlimit limit{};
+          ::getrlimit(resource, &limit);
+          WriteText(pipe, std::to_string(limit.rlim_cur) + " ");
+        }
+      },
+      limits);
+  EXPECT_EQ(AllOf(process), "0 0 8 ");
+}
+
+TEST(ChildProcess, LimitsNoMemoryWhereTheMemoryInUseIsUnknown) {
+  if (!tests::CanRefuseCalls()) GTEST_SKIP() << "this system does not let a process refuse its own calls";
+  const auto given = [] {
+    Limits limits;
+    limits.memory = 1;
+    ChildProcess process(
+        [](int pipe) {
+          rlimit limit{};
+          ::getrlimit(RLIMIT_AS, &limit);
+          WriteText(pipe, limit.rlim_cur == RLIM_INFINITY ? "no limit" : "a limit");
+        },
+        limits);
+    return AllOf(process);
+  };
+  EXPECT_EQ(given(), "a limit");
+  EXPECT_EQ(tests::WithoutCalls({__NR_openat}, EACCES, given), "no limit");
+}
+
+TEST(ChildProcess, HasTheDefaultSignalHandlers) {
+  const auto before = ::signal(SIGTERM, SIG_IGN);
+  ChildProcess process(
+      [](int pipe) { WriteText(pipe, ::signal(SIGTERM, SIG_DFL) == SIG_DFL ? "default" : "inherited"); });
+  EXPECT_EQ(AllOf(process), "default");
+  ::signal(SIGTERM, before);
+}
+
+TEST(ChildProcess, IsKilledWithItsParent) {
+  // The child of a process that ends becomes a child of this one.
+  ::prctl(PR_SET_CHILD_SUBREAPER, 1);
+  std::array<int, 2> ends{};
+  ASSERT_EQ(::pipe(ends.data()), 0);
+  const pid_t parent = ::fork();
+  if (parent == 0) {
+    ChildProcess process([](int pipe) {
+      const pid_t self = ::getpid();
+      WriteAll(pipe, {reinterpret_cast<const std::uint8_t*>(&self), sizeof self});
+      // Ends a child that survives its parent.
+      ::alarm(5);
+      ::pause();
+    });
+    pid_t child = 0;
+    process.Read({reinterpret_cast<std::uint8_t*>(&child), sizeof child});
+    ::_exit(::write(ends[1], &child, sizeof child) == sizeof child ? 0 : 1);
+  }
+  ::close(ends[1]);
+  pid_t child = 0;
+  EXPECT_EQ(::read(ends[0], &child, sizeof child), static_cast<ssize_t>(sizeof child));
+  ::close(ends[0]);
+  ::waitpid(parent, nullptr, 0);
+  int status = 0;
+  EXPECT_EQ(::waitpid(child, &status, 0), child);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << status;
+  ::prctl(PR_SET_CHILD_SUBREAPER, 0);
+}
+
+TEST(ChildProcess, SignalsInterruptNeitherWritingNorReading) {
+  constexpr std::size_t kBytes = 200'000;
+  const auto interrupt = [] {
+    struct sigaction action {};
+    action.sa_handler = [](int /*signal*/) {};
+    ::sigaction(SIGALRM, &action, nullptr);
+    constexpr itimerval kOften{{0, 2000}, {0, 2000}};
+    ::setitimer(ITIMER_REAL, &kOften, nullptr);
+  };
+  ChildProcess process([&](int pipe) {
+    interrupt();
+    WriteAll(pipe, std::vector<std::uint8_t>(kBytes, 'a'));
+    // The reader waits meanwhile.
+    for (int i = 0; i < 20; ++i) ::pause();
+  });
+  // The pipe is full meanwhile, so that the signals find the child waiting.
+  for (int i = 0; i < 20; ++i) ::usleep(2000);
+  interrupt();
+  EXPECT_EQ(AllOf(process).size(), kBytes);
+  ::setitimer(ITIMER_REAL, nullptr, nullptr);
+  ::signal(SIGALRM, SIG_DFL);
 }
 
 }  // namespace
