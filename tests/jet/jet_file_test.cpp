@@ -194,6 +194,40 @@ TEST(JetFile, RefusesATableWithFewerRowsThanItsCount) {
   EXPECT_THAT(RefusalOf(folder.Write("a.mdb", content)), HasSubstr("(270 of 271 rows are there)"));
 }
 
+TEST(JetFile, RefusesACatalogRowWithoutItsIdOrType) {
+  const tests::TempFolder folder;
+  const std::string whole = ContentOfFile(kJet2003);
+  const auto wordAt = [&](std::size_t at) {
+    return static_cast<std::size_t>(static_cast<unsigned char>(whole.at(at)) +
+                                    256 * static_cast<unsigned char>(whole.at(at + 1)));
+  };
+  // A page of rows has type 1 and the page of its table at offset 4; that of the catalog is 2. The first row ends the
+  // page, and the row ends with a bit for each field that is not null.
+  std::size_t page = 0;
+  while (whole.at(page) != 1 || wordAt(page + 4) != 2) page += kJetPage;
+  const std::size_t fields = wordAt(page + wordAt(page + 14));
+  const std::size_t bits = page + kJetPage - (fields + 7) / 8;
+  int refused = 0;
+  for (std::size_t field = 0; field < fields; ++field) {
+    std::string content = whole;
+    char& byte = content.at(bits + field / 8);
+    const auto bit = static_cast<char>(1U << field % 8);
+    if ((byte & bit) == 0) continue;
+    byte = static_cast<char>(byte & ~bit);
+    const std::string path = folder.Write("a.mdb", content);
+    Recorder recorder;
+    try {
+      ReadJetFile(path, recorder);
+    } catch (const core::Failure& failure) {
+      ++refused;
+      EXPECT_EQ(failure.Description(),
+                "The file '" + path + "' cannot be read: it is damaged: its table of contents cannot be read.")
+          << "field " << field;
+    }
+  }
+  EXPECT_EQ(refused, 2);
+}
+
 TEST(JetFile, PassesExceptionsOfTheVisitorUnchanged) {
   class ThrowingVisitor : public Recorder {
    public:
