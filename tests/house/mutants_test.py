@@ -10,7 +10,7 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tools/analysis"))
 
 from mutants import draw, mutants_of  # noqa: E402
-from rooms import Room, TestProgram, own_tests, room_of_file  # noqa: E402
+from rooms import Room, TestProgram, own_tests, room_of_file, targets  # noqa: E402
 
 
 def changed(text):
@@ -112,6 +112,12 @@ class Rooms(unittest.TestCase):
         self.assertEqual(own_tests(room, [linking, other, above]), [linking])
         self.assertEqual(own_tests(room, [other, above]), [above])
         self.assertEqual(own_tests(room, [other]), [other])
+
+    def test_a_room_of_headers_has_no_library(self):
+        room = Room(0, "ports", "t_ports", "src/platform", (), (), ())
+        tests = [TestProgram("a", "platform", ())]
+        self.assertEqual(targets(room, ["src/platform/a.h"], tests), ["tonalith_a_tests"])
+        self.assertEqual(targets(room, ["src/platform/a.h", "src/platform/a.cpp"], tests), ["t_ports", "tonalith_a_tests"])
 
 
 if __name__ == "__main__":

@@ -10,7 +10,7 @@ import time
 
 from mutants import draw, mutants_of
 from mutation_tree import BuildFailure, Tree
-from rooms import own_tests, read_rooms, read_test_programs, sources
+from rooms import own_tests, read_rooms, read_test_programs, sources, targets
 
 # A test run that takes this many times as long as without a mutant hangs; short runs get the seconds in addition, for a
 # machine that is busy.
@@ -57,8 +57,8 @@ class Run:
         self.tree.update()
         programs = read_test_programs(root)
         self.tests = {room.name: own_tests(room, programs) for room in chosen}
-        self.targets = {room.name: [room.target, *(test.target for test in self.tests[room.name])] for room in chosen}
         files = sources(root, rooms)
+        self.targets = {room.name: targets(room, files[room.name], self.tests[room.name]) for room in chosen}
         self.room_of = {file: room.name for room in chosen for file in files[room.name]}
         self.texts = {file: (root / file).read_text(encoding="utf-8") for file in self.room_of}
         self.seconds = {}

@@ -87,3 +87,9 @@ def own_tests(room, programs):
     in_folder = [program for program in programs if Path(program.folder).parts[:1] == (folder,)]
     linking = [program for program in programs if room.target in program.links]
     return [program for program in in_folder if program in linking] or linking or in_folder
+
+
+def targets(room, files, tests):
+    """The CMake targets of a room with these source files and of its test programs. Headers alone are no library."""
+    libraries = [room.target] if any(file.endswith(".cpp") for file in files) else []
+    return [*libraries, *(test.target for test in tests)]
