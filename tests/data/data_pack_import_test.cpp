@@ -232,7 +232,7 @@ TEST_F(DataPackImportTest, ReportsItsProgress) {
   EXPECT_EQ(observer_.latest, 768);
 }
 
-TEST_F(DataPackImportTest, ReportsTheReadingOfAJetPackAndCanBeStoppedMeanwhile) {
+TEST_F(DataPackImportTest, ReportsTheReadingOfAJetPackAndCanBeStopped) {
   const std::string pack = CopyPack(jet::kJet2003, "DataPack_Jet2003.mdb");
   std::vector<std::string> read;
   observer_.onReading = [&](const std::string& path, std::int64_t rows) {
