@@ -46,9 +46,10 @@ class SuffixReader {
   }
 
   bool TakeMajorSign() {
-    if (TakeAny({"major", "Major", "maj", "Maj", "MAJ", "Ma", "M"})) return majorSeventh_ = true;
-    // "ma7", but not "madd9".
-    if (rest_.size() > 2 && rest_[2] >= '0' && rest_[2] <= '9' && Take(rest_, "ma")) return majorSeventh_ = true;
+    if (TakeAny({"major", "Major", "maj", "Maj", "MAJ", "Ma", "M", "j"})) return majorSeventh_ = true;
+    // "ma" and "ma7", but not "madd9".
+    const bool isWhole = rest_.size() == 2 || (rest_.size() > 2 && rest_[2] >= '0' && rest_[2] <= '9');
+    if (isWhole && Take(rest_, "ma")) return majorSeventh_ = true;
     if (!TakeAny({"\u0394", "\u25B3", "^"})) return false;
     // The triangle alone is a major seventh.
     triangle_ = true;
@@ -178,7 +179,14 @@ class SuffixReader {
   }
 
   void TakeLateMajorSeventh() {
-    if (TakeAny({"7"}) || triangle_) return Replace({7, 0});
+    const auto seventh = std::ranges::find(degrees_, 7, &Degree::number);
+    if (TakeAny({"7"}) || triangle_) {
+      // A diminished seventh stays: "dim7(maj7)".
+      if (seventh != degrees_.end() && seventh->alteration == -2) return degrees_.push_back({7, 0});
+      return Replace({7, 0});
+    }
+    // "7M".
+    if (seventh != degrees_.end()) return Replace({7, 0});
     Fail(ParseReason::kUnknownChord);
   }
 
@@ -186,6 +194,7 @@ class SuffixReader {
     bool any = false;
     while (true) {
       const std::string_view before = rest_;
+      SkipFiller();
       const std::optional<Degree> degree = TakeDegree(false);
       if (!degree || (degree->number != 2 && degree->number != 4)) {
         rest_ = before;

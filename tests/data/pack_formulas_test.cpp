@@ -77,7 +77,7 @@ TEST_F(PackFormulasTest, ComeFromAPackOfAnotherProgram) {
 }
 
 TEST_F(PackFormulasTest, OfScalesThatExistAlreadyAreSkipped) {
-  RunRaw(Main(), "INSERT INTO Scales (ScaleName, ScaleIntervals) VALUES ('hora', '2131221')");
+  RunRaw(Main(), "INSERT INTO Scales (ScaleName, ScaleIntervals) VALUES ('Hora', '2131221')");
   Install(PackWith(Tables() + kRows));
   EXPECT_EQ(Formulas(), "9 Sirba 2221221: 1 2 3");
   EXPECT_EQ(Aliases(), "9.0 Sirba 2221221: Leap");

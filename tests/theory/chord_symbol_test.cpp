@@ -67,12 +67,16 @@ TEST(ChordSymbols, SuffixesNameTheirDegrees) {
       {"7b5b9", "1 3 b5 b7 b9"},
       {"7alt", "1 3 b5 #5 b7 b9 #9"},
       {"maj7#11", "1 3 5 7 #11"},
+      {"dim7(maj7)", "1 b3 b5 bb7 7"},
+      {"sus(b2)", "1 b2 5"},
+      {"sus(#4)", "1 #4 5"},
   };
   for (const auto& [suffix, degrees] : cases) EXPECT_EQ(Degrees(suffix), degrees) << suffix;
 }
 
 TEST(ChordSymbols, VariantsOfASignMeanTheSame) {
   const std::vector<std::pair<std::string, std::string>> cases = {{"Cmaj", "C"},
+                                                                  {"Cma", "C"},
                                                                   {"Cmin7", "Cm7"},
                                                                   {"C-7", "Cm7"},
                                                                   {"Cmi7", "Cm7"},
@@ -80,6 +84,9 @@ TEST(ChordSymbols, VariantsOfASignMeanTheSame) {
                                                                   {"C\u0394", "Cmaj7"},
                                                                   {"C\u03947", "Cmaj7"},
                                                                   {"Cma7", "Cmaj7"},
+                                                                  {"Cj7", "Cmaj7"},
+                                                                  {"C7M", "Cmaj7"},
+                                                                  {"Cm7M", "Cm(maj7)"},
                                                                   {"CmM7", "Cm(maj7)"},
                                                                   {"Cm/maj7", "Cm(maj7)"},
                                                                   {"Cm\u0394", "Cm(maj7)"},
