@@ -5,6 +5,7 @@
 
 #include "app/messages.h"
 #include "audio/messages.h"
+#include "catalogue/messages.h"
 #include "core/messages.h"
 #include "data/messages.h"
 #include "editor/messages.h"
@@ -23,6 +24,7 @@ namespace tonalith::help_text {
 std::vector<RoomCatalogue> ProgramCatalogues() {
   return {{"app", CatalogueOf(app::MessageId())},
           {"audio", CatalogueOf(audio::MessageId())},
+          {"catalogue", CatalogueOf(catalogue::MessageId())},
           {"core", CatalogueOf(core::MessageId())},
           {"data", CatalogueOf(data::MessageId())},
           {"editor", CatalogueOf(editor::MessageId())},
