@@ -104,9 +104,11 @@ TEST_F(About, NamesEveryLibraryAndFontThatTheProgramUses) {
                                                     {"libopenal-dev", "libopenal1"},
                                                     {"libchm-dev", "libchm1"},
                                                     {"libfreetype-dev", "libfreetype6"},
+                                                    {"libcli11-dev", "libcli11-dev"},
+                                                    {"nlohmann-json3-dev", "nlohmann-json3-dev"},
                                                     {"fonts-dejavu-core", "fonts-dejavu-core"},
                                                     {"fonts-oflb-euterpe", "fonts-oflb-euterpe"}};
-  const std::regex library("build\t((?:lib|qt6|mdb|fonts)[^\t|]*)\t([^\n]*)");
+  const std::regex library("build\t((?:lib|qt6|mdb|nlohmann|fonts)[^\t|]*)\t([^\n]*)");
   int count = 0;
   for (std::string line; std::getline(packages, line);) {
     std::smatch found;
@@ -117,7 +119,7 @@ TEST_F(About, NamesEveryLibraryAndFontThatTheProgramUses) {
     ASSERT_NE(entry, named.end()) << found[1] << " needs a notice in content/notices, and its name here";
     EXPECT_THAT(notices, HasSubstr(entry->second));
   }
-  EXPECT_EQ(count, 9);
+  EXPECT_EQ(count, 11);
 }
 
 TEST_F(About, ASecondClickShowsTheSameWindow) {

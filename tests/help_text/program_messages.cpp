@@ -6,6 +6,7 @@
 #include "app/messages.h"
 #include "audio/messages.h"
 #include "catalogue/messages.h"
+#include "cli/messages.h"
 #include "core/messages.h"
 #include "data/messages.h"
 #include "editor/messages.h"
@@ -25,6 +26,7 @@ std::vector<RoomCatalogue> ProgramCatalogues() {
   return {{"app", CatalogueOf(app::MessageId())},
           {"audio", CatalogueOf(audio::MessageId())},
           {"catalogue", CatalogueOf(catalogue::MessageId())},
+          {"cli", CatalogueOf(cli::MessageId())},
           {"core", CatalogueOf(core::MessageId())},
           {"data", CatalogueOf(data::MessageId())},
           {"editor", CatalogueOf(editor::MessageId())},
