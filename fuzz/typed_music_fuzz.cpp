@@ -13,6 +13,7 @@
 
 #include "theory/chord_finder.h"
 #include "theory/chord_symbol.h"
+#include "theory/key.h"
 #include "theory/note_parser.h"
 #include "theory/spelling.h"
 
@@ -33,12 +34,22 @@ bool WasRead(const Parsed<Value>& parsed, std::string_view text) {
   return false;
 }
 
+/// Every note is a tonic; its signature has at most seven accidentals, and its other name sounds alike.
+void TakeAsKey(NoteName tonic) {
+  const Formula major = *Formula::Parse("1 2 3 4 5 6 7");
+  const Key key = KeyOf(tonic, major, SetKind::kScale);
+  Require(key.tonic == tonic);
+  Require(!key.signature || std::abs(*key.signature) <= kMostSignatureAccidentals);
+  Require(!key.alternative || key.alternative->PitchClass() == tonic.PitchClass());
+}
+
 void ReadNotes(std::string_view text, NoteLanguage language) {
   const MeaningOfB b = MeaningOfBIn(language);
   const Parsed<TypedNote> note = ParseNote(text, b);
   if (WasRead(note, text)) {
     const Parsed<TypedNote> again = ParseNote(Write(note->name, {language, AccidentalSigns::kSyllables}), b);
     Require(again && again->name == note->name);
+    TakeAsKey(note->name);
   }
   const Parsed<std::vector<TypedNote>> notes = ParseNotes(text, b);
   if (!WasRead(notes, text)) return;
