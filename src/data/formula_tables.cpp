@@ -9,7 +9,7 @@
 #include <SQLiteCpp/Transaction.h>
 
 #include <algorithm>
-#include <unordered_map>
+#include <utility>
 
 #include "core/field_limits.h"
 #include "data/data_failure.h"
@@ -34,24 +34,6 @@ std::string KeyOf(std::string_view name, std::string_view pattern) {
   return key += pattern;
 }
 
-struct Entry {
-  std::string_view formula;
-  std::string_view aliases;
-};
-
-/// By name and pattern.
-std::unordered_map<std::string, Entry> ReadLines(std::string_view lines) {
-  std::unordered_map<std::string, Entry> entries;
-  while (!lines.empty()) {
-    std::string_view line = Take(lines, "\n");
-    const std::string_view name = Take(line, "\t");
-    std::string key = KeyOf(name, Take(line, "\t"));
-    const std::string_view formula = Take(line, "\t");
-    entries.emplace(std::move(key), Entry{formula, line});
-  }
-  return entries;
-}
-
 /// One scale of the file.
 struct Scale {
   std::int64_t id = 0;
@@ -69,13 +51,13 @@ class Writer {
                  "INSERT OR REPLACE INTO ScaleAliases (ScaleID, ScaleName, ScaleIntervals, Alias, Place) "
                  "VALUES (?, ?, ?, ?, ?)") {}
 
-  void Add(const Scale& scale, const Entry& entry) {
+  void Add(const Scale& scale, const FormulaLines::Entry& entry) {
     Bind(formulas_, scale, entry.formula);
     Run(formulas_);
-    std::string_view rest = entry.aliases;
-    for (int place = 0; !rest.empty() && place < kMostAliases; ++place) {
-      Bind(aliases_, scale, Take(rest, "; "));
-      aliases_.bind(5, place);
+    int place = 0;
+    for (const std::string_view alias : entry.Aliases()) {
+      Bind(aliases_, scale, alias);
+      aliases_.bind(5, place++);
       Run(aliases_);
     }
   }
@@ -104,6 +86,28 @@ void CreateTable(SQLite::Database& database, std::string_view statement) {
 
 }  // namespace
 
+std::vector<std::string_view> FormulaLines::Entry::Aliases() const {
+  std::vector<std::string_view> split;
+  std::string_view rest = aliases;
+  while (!rest.empty() && split.size() < static_cast<std::size_t>(kMostAliases)) split.push_back(Take(rest, "; "));
+  return split;
+}
+
+FormulaLines::FormulaLines(std::string_view text) {
+  while (!text.empty()) {
+    std::string_view line = Take(text, "\n");
+    const std::string_view name = Take(line, "\t");
+    std::string key = KeyOf(name, Take(line, "\t"));
+    const std::string_view formula = Take(line, "\t");
+    entries_.emplace(std::move(key), Entry{formula, line});
+  }
+}
+
+const FormulaLines::Entry* FormulaLines::Find(std::string_view name, std::string_view pattern) const {
+  const auto found = entries_.find(KeyOf(name, pattern));
+  return found == entries_.end() ? nullptr : &found->second;
+}
+
 bool CreatesFormulaTable(std::string_view statement) {
   return statement == kCreateScaleFormulas || statement == kCreateScaleAliases;
 }
@@ -112,15 +116,14 @@ void AddFormulas(SQLite::Database& database, std::string_view formulas) {
   CreateTable(database, kCreateScaleFormulas);
   CreateTable(database, kCreateScaleAliases);
   Writer writer(database);
-  const auto entries = ReadLines(formulas);
+  const FormulaLines lines(formulas);
   SQLite::Statement scales(database, "SELECT ScaleID, ScaleName, ScaleIntervals FROM Scales");
   constexpr int kLongest = kLongestCharacter * static_cast<int>(core::kLongestName);
   while (scales.executeStep()) {
     // No line has a longer name or pattern.
     if (scales.getColumn(1).getBytes() > kLongest || scales.getColumn(2).getBytes() > kLongest) continue;
     const Scale scale{scales.getColumn(0).getInt64(), scales.getColumn(1).getString(), scales.getColumn(2).getString()};
-    const auto entry = entries.find(KeyOf(scale.name, scale.pattern));
-    if (entry != entries.end()) writer.Add(scale, entry->second);
+    if (const FormulaLines::Entry* const entry = lines.Find(scale.name, scale.pattern)) writer.Add(scale, *entry);
   }
 }
 

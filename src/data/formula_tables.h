@@ -11,6 +11,8 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <vector>
 
 namespace SQLite {  // NOLINT(readability-identifier-naming): the library's name
 class Database;
@@ -32,10 +34,29 @@ inline constexpr std::int64_t kMostAliases = 64;
 /// Whether the statement creates one of the two tables.
 bool CreatesFormulaTable(std::string_view statement);
 
+/// The formulas and aliases of scales, found by name and pattern. The text has one line for each scale, the last one
+/// too ends with a line feed: name, pattern, formula and aliases, separated by tabs; a semicolon and a blank between
+/// two aliases. It must outlive the object.
+class FormulaLines {
+ public:
+  struct Entry {
+    std::string_view formula;
+    std::string_view aliases;
+
+    /// At most kMostAliases.
+    [[nodiscard]] std::vector<std::string_view> Aliases() const;
+  };
+
+  explicit FormulaLines(std::string_view text);
+  /// Null for an unknown scale.
+  [[nodiscard]] const Entry* Find(std::string_view name, std::string_view pattern) const;
+
+ private:
+  std::unordered_map<std::string, Entry> entries_;
+};
+
 /// Creates the tables that are missing and adds the formulas and aliases of all scales in Scales whose name and pattern
-/// are in `formulas`. It has one line for each scale, the last one too ends with a line feed: name, pattern, formula
-/// and aliases, separated by tabs; a semicolon and a blank between two aliases. Needs an open transaction. Throws
-/// SQLite::Exception.
+/// are in `formulas`, in the format of FormulaLines. Needs an open transaction. Throws SQLite::Exception.
 void AddFormulas(SQLite::Database& database, std::string_view formulas);
 
 /// The same in a transaction for the file at `path`. Throws core::Failure.

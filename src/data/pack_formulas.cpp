@@ -98,14 +98,15 @@ struct Table {
   std::string insert;
 };
 
+constexpr const char* kInsertFormula =
+    "INSERT OR IGNORE INTO ScaleFormulas (ScaleID, ScaleName, ScaleIntervals, Formula) VALUES (?, ?, ?, ?)";
+constexpr const char* kInsertAlias =
+    "INSERT OR IGNORE INTO ScaleAliases (ScaleID, ScaleName, ScaleIntervals, Alias, Place) VALUES (?, ?, ?, ?, ?)";
+
 const std::array<Table, 2>& Tables() {
   static const std::array<Table, 2> kTables = {{
-      {kFormulas,
-       {"ScaleName", "ScaleIntervals", "Formula"},
-       "INSERT OR IGNORE INTO ScaleFormulas (ScaleID, ScaleName, ScaleIntervals, Formula) VALUES (?, ?, ?, ?)"},
-      {kAliases,
-       {"ScaleName", "ScaleIntervals", "Alias", "Place"},
-       "INSERT OR IGNORE INTO ScaleAliases (ScaleID, ScaleName, ScaleIntervals, Alias, Place) VALUES (?, ?, ?, ?, ?)"},
+      {kFormulas, {"ScaleName", "ScaleIntervals", "Formula"}, kInsertFormula},
+      {kAliases, {"ScaleName", "ScaleIntervals", "Alias", "Place"}, kInsertAlias},
   }};
   return kTables;
 }
@@ -133,8 +134,13 @@ PackFormulas::PackFormulas(Engine& main) : main_(main), hasTables_(HasTables(mai
               [&](SQLite::Statement& row) { lastScale_ = row.getColumn(0).getInt64(); });
 }
 
+void PackFormulas::Add(Engine& pack, PackSizeLimit& limit, const std::function<void()>& onRow) {
+  if (!hasTables_) return;
+  if (AreNumbered(pack)) Copy(pack, limit, onRow);
+  AddShipped();
+}
+
 void PackFormulas::Copy(Engine& pack, PackSizeLimit& limit, const std::function<void()>& onRow) {
-  if (!hasTables_ || !AreNumbered(pack)) return;
   AddedScales scales(main_, lastScale_);
   for (const Table& table : Tables()) {
     if (!IsUsable(pack, table)) continue;
@@ -148,6 +154,34 @@ void PackFormulas::Copy(Engine& pack, PackSizeLimit& limit, const std::function<
       }
       onRow();
     });
+  }
+}
+
+// The scales are collected first, because the engine cannot write while it reads. Names are unique, so there are at
+// most as many as shipped scales.
+void PackFormulas::AddShipped() {
+  struct Scale {
+    std::array<core::Value, 3> key;
+    const FormulaLines::Entry* entry;
+  };
+  const FormulaLines shipped(ShippedFormulas());
+  std::vector<Scale> scales;
+  const core::Value last = lastScale_;
+  main_.Query(
+      "SELECT ScaleID, ScaleName, ScaleIntervals FROM Scales WHERE ScaleID > ? "
+      "AND NOT EXISTS (SELECT 1 FROM ScaleFormulas WHERE ScaleFormulas.ScaleID = Scales.ScaleID)",
+      {&last, 1}, [&](SQLite::Statement& row) {
+        const std::string name = row.getColumn(1).getString();
+        const std::string pattern = row.getColumn(2).getString();
+        const FormulaLines::Entry* const entry = shipped.Find(name, pattern);
+        if (entry != nullptr) scales.push_back({{row.getColumn(0).getInt64(), name, pattern}, entry});
+      });
+  for (const auto& [key, entry] : scales) {
+    main_.Execute(kInsertFormula, std::array<core::Value, 4>{key[0], key[1], key[2], std::string(entry->formula)});
+    std::int64_t place = 0;
+    for (const std::string_view alias : entry->Aliases()) {
+      main_.Execute(kInsertAlias, std::array<core::Value, 5>{key[0], key[1], key[2], std::string(alias), place++});
+    }
   }
 }
 

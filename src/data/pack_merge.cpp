@@ -93,7 +93,7 @@ void PackMerge::Run() {
   MergeTable({"ScaleTypes", "ScaleTypeID", numberOf, "ScaleTypeID", "ScaleTypeName"}, limit);
   PackFormulas formulas(main_->OpenEngine());
   addedScales_ = MergeTable({"Scales", "ScaleName", nameOf, "ScaleID", "ScaleName"}, limit);
-  if (addedScales_ > 0) formulas.Copy(pack_->OpenEngine(), limit, [this] { onRow_(++rows_); });
+  if (addedScales_ > 0) formulas.Add(pack_->OpenEngine(), limit, [this] { onRow_(++rows_); });
   main_->CommitTrans();
 }
 

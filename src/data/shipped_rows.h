@@ -53,7 +53,7 @@ class RowHash {
 /// from content/scales.
 std::span<const ShippedRow> ShippedRows();
 
-/// Updates the library at `path`. `rows` in ascending order of hashes, `formulas` as in AddFormulas.
+/// Updates the library at `path`. `rows` in ascending order of hashes, `formulas` is a text for FormulaLines.
 void RenewShippedRows(const std::string& path, std::span<const ShippedRow> rows = ShippedRows(),
                       std::string_view formulas = ShippedFormulas());
 

@@ -113,6 +113,27 @@ TEST_F(PackFormulasTest, WithoutTextOrOutsideTheirPlacesDoNotCount) {
   EXPECT_EQ(Aliases(), "8.63 Hora 2131221: e");
 }
 
+TEST_F(PackFormulasTest, OfShippedScalesAreAddedIfThePackHasNone) {
+  const std::string pack = MakePack("DataPack_A.mdb",
+                                    "INSERT INTO Scales (ScaleName, ScaleIntervals) VALUES ('Raga Jog', '311232'), "
+                                    "('Raga Kirwani', '66'), ('Hora', '2131221')");
+  Install(pack);
+  EXPECT_EQ(Shown(), Imported(pack));
+  EXPECT_EQ(Formulas(), "8 Raga Jog 311232: 1 b3 3 4 5 b7");
+  EXPECT_EQ(Aliases(), "8.0 Raga Jog 311232: Jog; 8.1 Raga Jog 311232: Raag Jog");
+}
+
+TEST_F(PackFormulasTest, OfThePackArePreferredToShippedOnes) {
+  const std::string pack =
+      MakePack("DataPack_A.mdb",
+               "INSERT INTO Scales (ScaleID, ScaleName, ScaleIntervals) VALUES (3, 'Raga Jog', "
+               "'311232');" +
+                   Tables() + "INSERT INTO ScaleFormulas VALUES (3, 'Raga Jog', '311232', '1 #2 3 4 5 b7');");
+  Install(pack);
+  EXPECT_EQ(Formulas(), "8 Raga Jog 311232: 1 #2 3 4 5 b7");
+  EXPECT_EQ(Aliases(), "");
+}
+
 TEST_F(PackFormulasTest, InTablesForAnotherPurposeAreIgnored) {
   Import(
       "CREATE TABLE ScaleFormulas (Formula TEXT); INSERT INTO ScaleFormulas VALUES ('1 2');"

@@ -57,7 +57,7 @@ struct ScaleTables {
 /// Reads types.tsv, scales.tsv and chords.tsv of the library or of a data pack.
 ScaleTables ReadScaleTables(const std::filesystem::path& folder);
 
-/// The names, patterns, formulas and aliases as text in the format of data::AddFormulas.
+/// The names, patterns, formulas and aliases as text in the format of data::FormulaLines.
 std::string FormulaLines(const std::vector<ScaleRow>& scales);
 
 /// A failure for a row; its description starts with the location.
