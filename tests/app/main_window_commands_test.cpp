@@ -33,11 +33,11 @@ class Commands : public MainWindowTest {
   void OpenAnd(Open open, Act act) {
     QTimer wait;
     QObject::connect(&wait, &QTimer::timeout, [&] {
-      auto* const form = Window().findChild<Form*>();
-      if (form == nullptr || !form->isVisible()) return;
+      const QPointer<Form> form = Window().findChild<Form*>();
+      if (form.isNull() || !form->isVisible()) return;
       wait.stop();
       act(*form);
-      form->close();
+      if (!form.isNull()) form->close();
     });
     wait.start(1);
     open();
@@ -153,6 +153,17 @@ TEST_F(Commands, F3MovesToTheNextMatchOfTheLastSearch) {
   EXPECT_EQ(Text(C().Label1), "Minor");
   EXPECT_THAT(box_.Messages(), IsEmpty()) << box_.Texts();
   EXPECT_EQ(Window().findChild<search::frmSearch*>(), nullptr);
+}
+
+TEST_F(Commands, ClosingTheWindowClosesTheSearch) {
+  MakeDatabase({{"Major", "2212221"}});
+  Start();
+  OpenAnd<search::frmSearch>([&] { Window().mSearch_Click(); },
+                             [&](search::frmSearch&) {
+                               Window().close();
+                               EXPECT_EQ(Window().findChild<search::frmSearch*>(), nullptr);
+                             });
+  EXPECT_FALSE(Window().isVisible());
 }
 
 TEST_F(Commands, SearchOpensWithTheTextOfTheLastSearch) {

@@ -281,5 +281,21 @@ TEST_F(MainWindowTest, ClientAreaIsFixed) {
   EXPECT_EQ(Window().minimumSize(), Window().maximumSize());
 }
 
+TEST_F(MainWindowTest, LabelsReduceTheirFontUntilTheTextFits) {
+  MakeDatabase({{"Major", "2212221"}});
+  Start();
+  const std::vector<std::tuple<windows::FittingLabel*, int, int>> labels{
+      {C().Label1, 30, 15},       {C().lblScaleType, 14, 11},  {C().lblScaleDescription, 12, 10},
+      {C().lblTranspose, 14, 10}, {C().lblScaleNotes, 14, 10}, {C().lblStatus, 14, 10},
+      {C().Label3, 12, 10},       {C().lblInstall, 12, 10}};
+  for (const auto& [label, largest, smallest] : labels) {
+    label->setText(QStringLiteral("x"));
+    EXPECT_EQ(label->FittedPixelSize(), largest) << label->objectName().toStdString();
+    label->setText(QString(2000, QLatin1Char('x')));
+    EXPECT_EQ(label->FittedPixelSize(), smallest) << label->objectName().toStdString();
+    EXPECT_TRUE(label->IsElided());
+  }
+}
+
 }  // namespace
 }  // namespace tonalith::app

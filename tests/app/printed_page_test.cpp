@@ -5,7 +5,11 @@
 
 #include <QFontInfo>
 #include <QLabel>
+#include <QTimer>
+#include <regex>
 #include <stdexcept>
+#include <utility>
+#include <vector>
 
 #include "app/print_fixture.h"
 #include "support/ink.h"
@@ -125,6 +129,39 @@ TEST_F(Printing, LongTextsAreWrappedInFullAndMoveTheOthersDown) {
   EXPECT_GT(topOf("Scale Steps"), topOf("Key") - 2);
   EXPECT_GT(topOf("Key"), topOf("explained1 ") + 100);
   EXPECT_GT(topOf("Tonalith"), topOf("Scale Steps") + 300);
+}
+
+TEST_F(Printing, LongTextsMoveTheNotesWithTheNeck) {
+  std::string description;
+  for (int word = 1; word <= 300; ++word) description += "explained" + std::to_string(word) + " ";
+  StartOn({"Minor triad", "345", description}, 2);
+  Print();
+  const std::string page = Page();
+  std::vector<std::pair<int, int>> printed;
+  const std::regex note("-note at (-?\\d+),(-?\\d+)");
+  for (std::sregex_iterator at(page.begin(), page.end(), note); at != std::sregex_iterator(); ++at) {
+    printed.emplace_back(std::stoi((*at)[1]), std::stoi((*at)[2]));
+  }
+  std::vector<std::pair<int, int>> onScreen;
+  for (int index = 0; index < 96; ++index) {
+    const views::NoteImage& image = C().fretboard->Image(index);
+    if (image.isHidden()) continue;
+    const QPoint place = image.mapTo(Window().centralWidget(), QPoint(0, 0)) - QPoint(38, 18);
+    onScreen.emplace_back(place.x(), place.y());
+  }
+  ASSERT_EQ(printed.size(), onScreen.size());
+  const int shift = printed[0].second - onScreen[0].second;
+  EXPECT_GT(shift, 50);
+  for (auto& [x, y] : onScreen) y += shift;
+  EXPECT_EQ(printed, onScreen);
+}
+
+TEST_F(Printing, ProcessesPendingEventsMeanwhile) {
+  StartOn({"Minor triad", "345"});
+  bool isProcessed = false;
+  QTimer::singleShot(0, &Window(), [&] { isProcessed = true; });
+  Print();
+  EXPECT_TRUE(isProcessed);
 }
 
 TEST_F(Printing, WordWiderThanItsLineIsBroken) {

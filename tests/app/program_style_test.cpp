@@ -8,9 +8,14 @@
 #include <gmock/gmock.h>
 
 #include <QFile>
+#include <QImage>
+#include <QPainter>
 #include <QProcess>
+#include <QStyleOption>
 #include <QTemporaryDir>
 #include <map>
+
+#include "paint/theme.h"
 
 namespace tonalith::app {
 namespace {
@@ -74,9 +79,12 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(ProcessSettings{}, ProcessSettings{{QStringLiteral("-style"), QStringLiteral("Windows")}, {}},
                     ProcessSettings{{}, {{QStringLiteral("QT_STYLE_OVERRIDE"), QStringLiteral("Windows")}}}));
 
-TEST(ProgramStyle, MenuBarBorderHasNoGapsAtScale2) {
-  const ProcessSettings fine{{}, {{QStringLiteral("QT_SCALE_FACTOR"), QStringLiteral("2")}}};
-  EXPECT_EQ(Probe(QStringLiteral("program"), fine)[QStringLiteral("menu-border-colours")], QLatin1String("1"));
+TEST(ProgramStyle, MenuBarBorderHasNoGapsAtScalesAbove1) {
+  for (const char* const scale : {"1.25", "1.5", "1.75", "2", "2.5", "3", "4"}) {
+    const ProcessSettings fine{{}, {{QStringLiteral("QT_SCALE_FACTOR"), QLatin1String(scale)}}};
+    EXPECT_EQ(Probe(QStringLiteral("program"), fine)[QStringLiteral("menu-border-colours")], QLatin1String("1"))
+        << scale;
+  }
 }
 
 TEST(ProgramStyle, EdgesOfMenusAndListsAreVisibleInADarkPalette) {
@@ -86,6 +94,22 @@ TEST(ProgramStyle, EdgesOfMenusAndListsAreVisibleInADarkPalette) {
   for (const char* const what : {"dark-menu-edge", "dark-list-edge", "dark-separator"}) {
     EXPECT_GE(program[QLatin1String(what)].toInt(), kBackground + kClearlyLighter) << what;
   }
+}
+
+TEST(ProgramStyle, AnEdgeKeepsThePainter) {
+  ProgramStyle style(QStringLiteral("fusion"));
+  QImage image(20, 20, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::black);
+  QPainter painter(&image);
+  painter.setPen(Qt::red);
+  painter.setBrush(Qt::green);
+  QStyleOption option;
+  option.rect = image.rect();
+  option.palette = paint::WarmPalette(QPalette(QColor(38, 38, 38)));
+  style.drawPrimitive(QStyle::PE_FrameMenu, &option, &painter);
+  EXPECT_EQ(image.pixelColor(0, 10).rgb(), paint::OutlineColour(option.palette).rgb());
+  EXPECT_EQ(painter.pen().color(), QColor(Qt::red));
+  EXPECT_EQ(painter.brush().color(), QColor(Qt::green));
 }
 
 TEST(ProgramStyle, IsFusionWithoutADesktop) {
