@@ -91,6 +91,8 @@ struct BadSetup {
   void (*change)(InstrumentSetup&);
 };
 
+void PrintTo(const BadSetup& bad, std::ostream* out) { *out << bad.what; }
+
 class SetupErrors : public ::testing::TestWithParam<BadSetup> {};
 
 TEST_P(SetupErrors, AreFoundAndExplained) {
