@@ -13,7 +13,6 @@
 #include "cli/command_line_fixture.h"
 #include "theory/note_name.h"
 #include "theory/note_style.h"
-#include "theory/pitch_class_set.h"
 
 namespace tonalith::cli {
 namespace {
@@ -130,46 +129,6 @@ TEST(BadInput, WrongUsageNamesTheOption) {
 TEST(BadInput, WordsAfterACommandAreNoCommands) {
   EXPECT_EQ(Shipped().Run({"list", "chords"}).exitCode, 0);
   EXPECT_THAT(LineRefusal({"show", "name"}), HasSubstr("\"name\""));
-}
-
-TEST(BadInput, AllSetsOfNotesHaveNames) {
-  const std::string library = BuiltLibrary();
-  constexpr unsigned kStep = 37;
-  for (unsigned bits = 1; bits < theory::PitchClassSet::kCount; bits += kStep) {
-    Arguments arguments{"name", "--json", "--library", library};
-    for (const theory::PitchClass note : theory::PitchClassSet::FromBits(bits).Members()) {
-      arguments.push_back(theory::Write(theory::SharpName(note)));
-    }
-    const Outcome outcome = Shipped().Run(arguments);
-    ASSERT_EQ(outcome.exitCode, 0) << bits;
-    ASSERT_FALSE(nlohmann::json::parse(outcome.output)["chords"].empty()) << bits;
-  }
-}
-
-TEST(BadInput, AllSetsOfNotesCanBeShownAndPlayed) {
-  const catalogue::LibraryFolder folder;
-  std::string rows = "INSERT INTO ScaleTypes VALUES (1, 1, 'All');";
-  Arguments names;
-  for (unsigned bits = 1; bits < theory::PitchClassSet::kCount; bits += 2) {
-    const auto pattern = theory::PitchClassSet::FromBits(bits).Pattern();
-    if (!pattern) continue;
-    names.push_back("Set " + std::to_string(bits));
-    rows += "INSERT INTO Scales VALUES (" + std::to_string(bits) + ", '" + names.back() + "', 1, '', 'C', '" +
-            *pattern + "', " + std::to_string(bits / 2 % 2) + ", 1);";
-  }
-  ASSERT_GT(names.size(), 2000U);
-  const std::string path = folder.Make("all.mdb", rows);
-  constexpr std::size_t kStep = 41;
-  for (std::size_t i = 0; i < names.size(); i += kStep) {
-    for (const Arguments& command :
-         std::vector<Arguments>{{"show"}, {"chords"}, {"positions"}, {"shapes", "--limit", "1"}}) {
-      Arguments arguments = command;
-      arguments.insert(arguments.end(), {names[i], "--key", "Gb", "--library", path, "--json"});
-      const Outcome outcome = Shipped().Run(arguments);
-      ASSERT_EQ(outcome.exitCode, 0) << names[i] << outcome.error;
-      ASSERT_FALSE(nlohmann::json::parse(outcome.output).is_null());
-    }
-  }
 }
 
 TEST(BadInput, PatternsThatAreNoOctaveAreListedButNotShown) {
