@@ -17,13 +17,13 @@ namespace {
 
 using namespace tonalith;
 
-/// One literal for each line of the text.
+/// One literal for each line of the text, followed by a comma: compilers limit the length of a literal.
 std::string Literals(const std::string& text) {
   std::string literals;
   for (const char c : text) {
     if (literals.empty() || literals.back() == '\n') literals += '"';
     if (c == '\n') {
-      literals += "\\n\"\n";
+      literals += "\\n\",\n";
     } else if (c == '\t') {
       literals += "\\t";
     } else {
@@ -36,12 +36,14 @@ std::string Literals(const std::string& text) {
 
 void Make(const std::string& output, std::span<char*> folders) {
   std::ofstream source(output);
-  source << "#include \"data/formula_tables.h\"\nnamespace tonalith::data {\n"
-         << "std::string_view ShippedFormulas() {\nreturn \"\"\n";
+  source
+      << "#include \"data/formula_tables.h\"\nnamespace tonalith::data {\nstatic constexpr const char* kLines[] = {\n";
   for (const char* folder : folders) {
     source << Literals(make_database::FormulaLines(make_database::ReadScaleTables(folder).scales));
   }
-  source << ";\n}\n}\n";
+  source << "};\nstd::string_view ShippedFormulas() {\n"
+         << "static const std::string kText = [] {\nstd::string text;\n"
+         << "for (const char* line : kLines) text += line;\nreturn text;\n}();\nreturn kText;\n}\n}\n";
   if (!source.flush()) throw make_database::TableFailure({output, 0}, "the source cannot be written");
 }
 
