@@ -5,6 +5,7 @@
 // build and with a library of 100,000 scales. cli_bench <tonalith-cli> <folder of the packs>.
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -27,7 +28,8 @@ constexpr double kStartMilliseconds = 20;
 /// A second is what a user accepts for an answer from 100,000 scales.
 constexpr double kManyMilliseconds = 1000;
 
-void Run(const Words& command) {
+/// Returns the processor time of the process in milliseconds.
+double Run(const Words& command) {
   std::vector<char*> words;
   words.reserve(command.size() + 1);
   for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
@@ -39,15 +41,24 @@ void Run(const Words& command) {
     _exit(127);
   }
   int status = 0;
-  waitpid(child, &status, 0);
+  rusage used{};
+  wait4(child, &status, 0, &used);
   if (!WIFEXITED(status) || WEXITSTATUS(status) != 0) throw std::runtime_error(command[0] + " failed");
+  const auto milliseconds = [](const timeval& time) {
+    return 1000.0 * static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1000.0;
+  };
+  return milliseconds(used.ru_utime) + milliseconds(used.ru_stime);
 }
 
 void Tell(const std::string& what, const Words& command, double bound) {
   Run(command);
   std::vector<bench::Spent> times;
-  for (int i = 0; i < bench::Runs(25); ++i) times.push_back(bench::Measure([&] { Run(command); }));
-  bench::TellTimes(what, times, 0.5, bound);
+  for (int i = 0; i < bench::Runs(25); ++i) {
+    double processor = 0;
+    times.push_back(bench::Measure([&] { processor = Run(command); }));
+    times.back().cpu = processor;
+  }
+  bench::ReportTimes(what, times, 0.5, bound);
 }
 
 Words With(const std::string& program, const Words& arguments) {
