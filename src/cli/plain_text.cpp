@@ -150,6 +150,7 @@ std::string PlainText(const ShownPositions& positions, NoteStyle /*style*/) {
 
 std::string PlainText(const std::vector<theory::ScaleChord>& chords, NoteStyle style) {
   std::vector<Cells> rows;
+  rows.reserve(chords.size());
   for (const theory::ScaleChord& chord : chords) {
     const std::string triad = chord.TriadSymbol(style);
     const std::string seventh = chord.SeventhSymbol(style);
@@ -161,6 +162,7 @@ std::string PlainText(const std::vector<theory::ScaleChord>& chords, NoteStyle s
 
 std::string PlainText(const std::vector<instrument::CatalogueEntry>& instruments, NoteStyle /*style*/) {
   std::vector<Cells> rows;
+  rows.reserve(instruments.size());
   for (const instrument::CatalogueEntry& entry : instruments) {
     rows.push_back({entry.id, entry.instrument.Name(), Joined(entry.openStrings, " "),
                     std::to_string(entry.instrument.Frets()) + " frets"});

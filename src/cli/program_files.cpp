@@ -30,7 +30,7 @@ fs::path FindAppFolder(const ProgramFolders& folders) {
   const fs::path shared = folders.program.parent_path() / "share" / "tonalith";
   const bool isInstalled = !HasLibrary(folders.program) && HasLibrary(shared);
   if (!isInstalled && ::access(folders.program.c_str(), W_OK | X_OK) == 0) return folders.program;
-  const fs::path user = folders.userData / "tonalith";
+  fs::path user = folders.userData / "tonalith";
   if (!folders.userData.empty() && HasLibrary(user)) return user;
   return isInstalled ? shared : folders.program;
 }
