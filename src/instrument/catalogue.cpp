@@ -113,6 +113,13 @@ std::variant<CatalogueEntry, TableError> ParseEntry(const TableRow& row) {
                         std::move(std::get<Tuning>(tuning).names), *Instrument::Make(std::move(setup))};
 }
 
+// "Drop D" of "Guitar, drop D"; the whole name if it has no comma.
+std::string_view TuningIn(std::string_view name) {
+  constexpr std::string_view kSeparator = ", ";
+  const std::size_t comma = name.find(kSeparator);
+  return comma == std::string_view::npos ? name : name.substr(comma + kSeparator.size());
+}
+
 }  // namespace
 
 std::optional<String> ParseString(std::string_view text) {
@@ -161,10 +168,18 @@ const std::vector<CatalogueEntry>& BuiltInCatalogue() {
 const Instrument& DefaultInstrument() { return BuiltInCatalogue().front().instrument; }
 
 const CatalogueEntry* FindInstrument(const std::vector<CatalogueEntry>& entries, std::string_view text) {
-  const auto found = std::find_if(entries.begin(), entries.end(), [text](const CatalogueEntry& entry) {
-    return EqualIgnoringCase(entry.id, text) || EqualIgnoringCase(entry.instrument.Name(), text);
+  const auto first = [&entries](const auto& matches) {
+    const auto found = std::find_if(entries.begin(), entries.end(), matches);
+    return found == entries.end() ? nullptr : &*found;
+  };
+  if (const auto* const entry = first([text](const CatalogueEntry& candidate) {
+        return EqualIgnoringCase(candidate.id, text) || EqualIgnoringCase(candidate.instrument.Name(), text);
+      })) {
+    return entry;
+  }
+  return first([text](const CatalogueEntry& candidate) {
+    return EqualIgnoringCase(TuningIn(candidate.instrument.Name()), text);
   });
-  return found == entries.end() ? nullptr : &*found;
 }
 
 }  // namespace tonalith::instrument

@@ -42,7 +42,8 @@ struct Catalogue {
 /// Its first entry: a guitar in standard tuning.
 [[nodiscard]] const Instrument& DefaultInstrument();
 
-/// The entry with this id or name, ignoring the case of ASCII letters; null if there is none.
+/// The entry with this id or name, otherwise the first one with this name after its instrument ("drop D"), ignoring the
+/// case of ASCII letters; null if there is none.
 [[nodiscard]] const CatalogueEntry* FindInstrument(const std::vector<CatalogueEntry>& entries, std::string_view text);
 
 /// Reads a string of a tuning: "E2", "Bb2+Bb3" for a double course, "G4@5" for a string that begins at fret 5. Nothing

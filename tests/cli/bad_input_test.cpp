@@ -93,14 +93,14 @@ TEST(BadInput, FretsFitTheInstrument) {
   EXPECT_THAT(LineRefusal({"name", "00000000000"}), HasSubstr("There are at most 10 strings."));
   EXPECT_EQ(LineRefusal({"name", "xxxxxx"}), "2: tonalith-cli: All strings are muted.");
   EXPECT_THAT(LineRefusal({"name", "x--3-2-0-1"}), HasSubstr("A fret is missing."));
-  EXPECT_THAT(LineRefusal({"name", "C", "E", "--instrument", "ukulele"}), HasSubstr("\"C E\" are not frets."));
+  EXPECT_THAT(LineRefusal({"name", "C", "E", "--instrument", "ukulele"}), HasSubstr("\"C E\" is not a list of frets."));
   EXPECT_THAT(LineRefusal({"name", std::string(100'000, '1')}), HasSubstr("2: "));
 }
 
 TEST(BadInput, NotesHaveNames) {
   EXPECT_THAT(LineRefusal({"name", "C", "X"}),
-              AllOf(HasSubstr("2: tonalith-cli: \"C X\" are not notes."), HasSubstr("3")));
-  EXPECT_THAT(LineRefusal({"name", ""}), HasSubstr("2: tonalith-cli: \"\" are not notes."));
+              AllOf(HasSubstr("2: tonalith-cli: \"C X\" is not a list of notes."), HasSubstr("3")));
+  EXPECT_THAT(LineRefusal({"name", ""}), HasSubstr("2: tonalith-cli: \"\" is not a list of notes."));
   std::string many;
   for (int i = 0; i < 100; ++i) many += "C ";
   EXPECT_THAT(LineRefusal({"name", many}), HasSubstr("2: "));

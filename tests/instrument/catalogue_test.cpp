@@ -102,6 +102,10 @@ TEST(Catalogue, IsSearchedByIdAndName) {
   EXPECT_EQ(FindInstrument(BuiltInCatalogue(), "GUITAR-DROP-D")->id, "guitar-drop-d");
   EXPECT_EQ(FindInstrument(BuiltInCatalogue(), "guitar, drop d")->id, "guitar-drop-d");
   EXPECT_EQ(FindInstrument(BuiltInCatalogue(), "Guitarrón")->id, "guitarron");
+  EXPECT_EQ(FindInstrument(BuiltInCatalogue(), "Drop D")->id, "guitar-drop-d");
+  EXPECT_EQ(FindInstrument(BuiltInCatalogue(), "open g")->id, "guitar-open-g");
+  EXPECT_EQ(FindInstrument(BuiltInCatalogue(), "low g")->id, "ukulele-low-g");
+  EXPECT_EQ(FindInstrument(BuiltInCatalogue(), "Guitar, "), nullptr);
   EXPECT_EQ(FindInstrument(BuiltInCatalogue(), "zither"), nullptr);
   EXPECT_EQ(FindInstrument(BuiltInCatalogue(), ""), nullptr);
 }
