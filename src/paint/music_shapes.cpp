@@ -42,7 +42,6 @@ QPainterPath TrebleClef() {
   curl.cubicTo(4.5, 22, -5, 23, -5.5, 17);
   QPainterPath clef = Stroked(curl, 2);
   clef.addEllipse(QPointF(-4, 17), 2.4, 2.4);
-  clef.setFillRule(Qt::WindingFill);
   return clef;
 }
 

@@ -14,6 +14,8 @@
 #include <QPainter>
 #include <QTemporaryDir>
 
+#include "paint/font_outlines.h"
+#include "paint/music_shapes.h"
 #include "support/ink.h"
 
 namespace tonalith::paint {
@@ -167,6 +169,30 @@ std::vector<Case> Cases() {
 
 INSTANTIATE_TEST_SUITE_P(Fonts, SubstituteMusicFont, testing::ValuesIn(Cases()),
                          [](const auto& which) { return which.param.name; });
+
+TEST(MusicShapes, TheClefHasNoHoleWhereItsPartsOverlap) {
+  const QPainterPath clef = shapes::TrebleClef();
+  QPainterPath withHoles = clef;
+  withHoles.setFillRule(Qt::OddEvenFill);
+  int holes = 0;
+  for (double x = -8; x < 8; x += 0.25) {
+    for (double y = 10; y < 22; y += 0.25) {
+      holes += clef.contains(QPointF(x, y)) && !withHoles.contains(QPointF(x, y)) ? 1 : 0;
+    }
+  }
+  EXPECT_GT(holes, 0) << "the dot overlaps the end of the curl";
+}
+
+TEST(FontOutlines, HasTheOutlinesOfItsCharactersOnly) {
+  const QString file = MusicFont::Shared().Origin();
+  if (!QFile::exists(file)) GTEST_SKIP() << "the music font is not read from a file";
+  const FontOutlines font(file);
+  EXPECT_EQ(font.Family(), QStringLiteral("Euterpe"));
+  EXPECT_FALSE(font.Of(U'\U0001D11E', kEm).isEmpty());
+  EXPECT_NEAR(font.Of(U'\U0001D11E', 2 * kEm).boundingRect().height(),
+              2 * font.Of(U'\U0001D11E', kEm).boundingRect().height(), 1e-6);
+  EXPECT_TRUE(font.Of(U'\U0010FFFD', kEm).isEmpty());
+}
 
 TEST(MusicFont, IsARealFontIfThePackagesAreInstalled) {
   EXPECT_TRUE(MusicFont::Shared().Origin().contains(QLatin1String("Euterpe"), Qt::CaseInsensitive))
