@@ -79,6 +79,9 @@ TEST_F(ArrowButtonLook, RepeatsWhileHeldExceptForFirstAndLast) {
   const auto repeats = [this](ArrowButton::Kind kind) {
     return ArrowButton(QStringLiteral("arrow"), QStringLiteral("Arrow"), kind, &window_).autoRepeat();
   };
+  const ArrowButton next(QStringLiteral("arrow"), QStringLiteral("Arrow"), ArrowButton::Kind::kNext, &window_);
+  EXPECT_EQ(next.autoRepeatDelay(), 400);
+  EXPECT_EQ(next.autoRepeatInterval(), 60);
   EXPECT_TRUE(repeats(ArrowButton::Kind::kPrevious));
   EXPECT_TRUE(repeats(ArrowButton::Kind::kNext));
   EXPECT_FALSE(repeats(ArrowButton::Kind::kFirst));

@@ -161,5 +161,27 @@ TEST_F(FieldBindingTest, DeletingDropsANewRowAndMovesOnFromAnExistingOne) {
   EXPECT_EQ(Saved(), "");
 }
 
+TEST_F(FieldBindingTest, SetTextShowsTheTextAndLaterTypingIsTaken) {
+  control_.Refresh();
+  nameField_->SetText(QStringLiteral("New"));
+  EXPECT_EQ(name_.text(), QStringLiteral("New"));
+  QTest::keyClicks(&name_, QStringLiteral("er"));
+  control_.UpdateBatch();
+  EXPECT_EQ(Saved(), "Newer 1 text\nB 2 null\n");
+}
+
+TEST_F(FieldBindingTest, OnlyATextThatIsTooLongIsShortened) {
+  SQLite::Database db(path_, SQLite::OPEN_READWRITE);
+  db.exec("UPDATE Scales SET ScaleDescription = '" + std::string(100'000, 'x') + "' WHERE ScaleName = 'A'");
+  nameField_->SetLongestShown(1);
+  descriptionField_->SetLongestShown(500);
+  control_.Refresh();
+  EXPECT_FALSE(nameField_->IsShortened());
+  EXPECT_TRUE(descriptionField_->IsShortened());
+  EXPECT_EQ(description_.toPlainText(), QString(500, QLatin1Char('x')));
+  control_.MoveNext();
+  EXPECT_FALSE(descriptionField_->IsShortened());
+}
+
 }  // namespace
 }  // namespace tonalith::controls
