@@ -175,5 +175,25 @@ TEST(ThreadedWaveOutput, DetachesAHungDeviceWithoutLaterReports) {
   EXPECT_EQ(observer.missing, 0);
 }
 
+TEST(WaveRecords, StartWithZeros) {
+  const platform::WAVEFORMATEX format;
+  EXPECT_EQ(format.wFormatTag, 0);
+  EXPECT_EQ(format.nChannels, 0);
+  EXPECT_EQ(format.nSamplesPerSec, 0U);
+  EXPECT_EQ(format.nAvgBytesPerSec, 0U);
+  EXPECT_EQ(format.nBlockAlign, 0);
+  EXPECT_EQ(format.wBitsPerSample, 0);
+  EXPECT_EQ(format.cbSize, 0);
+  const platform::WAVEHDR header;
+  EXPECT_EQ(header.lpData, nullptr);
+  EXPECT_EQ(header.dwBufferLength, 0U);
+  EXPECT_EQ(header.dwBytesRecorded, 0U);
+  EXPECT_EQ(header.dwUser, 0U);
+  EXPECT_EQ(header.dwFlags, 0U);
+  EXPECT_EQ(header.dwLoops, 0U);
+  EXPECT_EQ(header.lpNext, 0U);
+  EXPECT_EQ(header.reserved, 0U);
+}
+
 }  // namespace
 }  // namespace tonalith::testing

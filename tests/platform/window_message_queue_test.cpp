@@ -46,6 +46,21 @@ TEST(WindowMessageQueue, CallsTheWakeUpAfterEachPost) {
   EXPECT_EQ(calls, 2);
 }
 
+TEST(WindowMessageQueue, DropsMessagesOfAWindowWithoutAProcedure) {
+  platform::WindowMessageQueue queue;
+  const auto window = queue.CreateWindow({});
+  queue.SetWindowProcedure(window, {});
+  queue.PostMessage(window, 1, 0, 0);
+  EXPECT_NO_THROW(queue.Dispatch());
+  int handled = 0;
+  queue.SetWindowProcedure(window, [&](auto, auto, auto, auto) {
+    ++handled;
+    return std::intptr_t{0};
+  });
+  queue.Dispatch();
+  EXPECT_EQ(handled, 0);
+}
+
 TEST(WindowMessageQueue, HandlesPendingMessagesInANestedDispatch) {
   platform::WindowMessageQueue queue;
   const auto window = queue.CreateWindow({});
