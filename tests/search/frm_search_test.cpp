@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <thread>
 
+#include "paint/theme.h"
 #include "search/fake_scales.h"
 #include "support/recording_msg_box.h"
 
@@ -324,6 +325,26 @@ TEST_F(FrmSearchTest, EmptyStatusLineKeepsItsHeight) {
   EXPECT_EQ(form_->size(), before);
   EXPECT_EQ(Find<QLabel>("lblMessage")->height(), height);
   EXPECT_GT(height, 0);
+}
+
+TEST_F(FrmSearchTest, HelpIsInTheSecondaryColour) {
+  const QLabel& help = *Find<QLabel>("lblHelp");
+  EXPECT_EQ(help.palette().color(help.foregroundRole()), paint::SecondaryText(form_->palette()));
+}
+
+TEST_F(FrmSearchTest, OverlapsTheLowerEdgeOfTheMainWindow) {
+  QWidget window;
+  const QRect screen = window.screen()->availableGeometry();
+  window.setGeometry(screen.left() + 40, screen.top() + 30, 600, 300);
+  window.show();
+  form_ = std::make_unique<frmSearch>(std::make_unique<FakeScales>("Major"), box_, &window);
+  Soon([&] {
+    EXPECT_EQ(form_->y(), window.frameGeometry().bottom() - 96);
+    EXPECT_EQ(form_->x(), window.frameGeometry().center().x() - form_->width() / 2);
+    form_->cmdCancel_Click();
+  });
+  form_->ShowModal();
+  form_.reset();
 }
 
 }  // namespace
