@@ -108,6 +108,11 @@ TEST_F(FretboardViewTest, PlacesPositionZeroAtTheLeftOfAMovedBaseImage) {
   EXPECT_EQ(view_.Image(31).Left.value, 600 + 14100);
 }
 
+TEST(FretboardLine, IsAPixelWideUnlessSet) {
+  const paint::Twips zero{};
+  EXPECT_EQ(LineControl(QStringLiteral("fret"), zero, zero, zero, zero, nullptr).BorderWidth, 1);
+}
+
 TEST_F(FretboardViewTest, PlacesTheFretLinesFromTheSecondOn) {
   const LineControl& fret1 = Line("fret1");
   EXPECT_EQ(fret1.x1.value, 2190) << "the first fret does not move";
