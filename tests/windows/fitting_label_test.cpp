@@ -5,11 +5,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QFontMetricsF>
 #include <QImage>
 
 #include "paint/colours.h"
 #include "paint/theme.h"
+#include "support/paint_counter.h"
 #include "support/recorded_painting.h"
 #include "windows/plain_label.h"
 
@@ -187,6 +189,16 @@ TEST(PlainLabel, IsNamedAndShowsMarkupLiterally) {
 TEST_F(FittingLabelTest, EmptyTextPaintsNothing) {
   label_.setText(QString());
   EXPECT_EQ(RightmostInk(label_), -1);
+}
+
+TEST_F(FittingLabelTest, AnotherColourIsPaintedAtOnce) {
+  label_.setText(QStringLiteral("Dorian"));
+  label_.show();
+  QApplication::processEvents();
+  const tests::PaintCounter paints(label_);
+  label_.SetTextColour(Qt::darkRed);
+  QApplication::processEvents();
+  EXPECT_EQ(paints.Count(), 1);
 }
 
 }  // namespace
