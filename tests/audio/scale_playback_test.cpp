@@ -39,6 +39,13 @@ TEST(PlayToneNotes, ClosesAScaleWithoutOctaveWithTheFileOfTheKey) {
   EXPECT_EQ(rig.Tune(), "0@img10 1@img0 2@img2 2@img10");
 }
 
+TEST(PlayToneNotes, ClosesAtTheFirstPositionOfTheNeckIfThatIsTheKey) {
+  Rig rig;
+  rig.stage.key = "E";
+  rig.stage.pattern = "22";
+  EXPECT_EQ(rig.Tune(), "0@img0 1@img2 2@img4 4@img0");
+}
+
 TEST(PlayToneNotes, PlaysNothingAfterThePatternsEnd) {
   Rig rig;
   rig.stage.pattern = "4";
