@@ -40,16 +40,18 @@ int main(int argc, char* argv[]) {
   const QApplication application(argc, argv);
   if (argc != 3) return 2;
   const int widgets = std::atoi(argv[1]);
+  if (widgets < 1) return 2;
   const QString text = ReadRows(std::atoi(argv[2]));
   if (text.isEmpty()) return 1;
   QWidget window;
   window.setWindowTitle(text);
   window.setFixedSize(1080, 620);
   QLabel* last = nullptr;
-  for (int i = 0; i < widgets; ++i) {
+  int i = 0;
+  do {
     last = new QLabel(text, &window);
     last->setGeometry(10 + (i % 16) * 62, 10 + (i / 16) * 40, 60, 30);
-  }
+  } while (++i < widgets);
   window.show();
   tonalith::bench::ReportFirstPaint(window, *last);
   return QApplication::exec();
