@@ -109,6 +109,47 @@ TEST(Theme, HighContrastPaletteIsUnchanged) {
   EXPECT_EQ(WarmPalette(strong), strong);
 }
 
+TEST(Theme, OnlyStrongContrastKeepsTheSystemsColours) {
+  QPalette palette(Qt::white);
+  palette.setColor(QPalette::WindowText, Qt::black);
+  palette.setColor(QPalette::Window, QColor(0xfa, 0xfa, 0xfa));
+  EXPECT_EQ(WarmPalette(palette), palette) << "a contrast of 20.1";
+  palette.setColor(QPalette::Window, QColor(0xf8, 0xf8, 0xf8));
+  EXPECT_NE(WarmPalette(palette), palette) << "a contrast of 19.8";
+}
+
+TEST(Theme, IsDarkWhereTheTextIsLighterThanTheWindow) {
+  const auto isDark = [](const QColor& window, const QColor& text) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, window);
+    palette.setColor(QPalette::WindowText, text);
+    return IsDark(palette);
+  };
+  EXPECT_TRUE(isDark(QColor(100, 100, 100), QColor(101, 101, 101)));
+  EXPECT_FALSE(isDark(QColor(100, 100, 100), QColor(100, 100, 100)));
+  EXPECT_FALSE(isDark(QColor(101, 101, 101), QColor(100, 100, 100)));
+}
+
+TEST(Theme, ColoursOfTextMoveTowardsTheTextOnlyAsFarAsNeeded) {
+  QPalette grey;
+  grey.setColor(QPalette::WindowText, Qt::black);
+  std::string texts;
+  for (const int lightness : {0xff, 0xc0, 0xa0, 0x84}) {
+    grey.setColor(QPalette::Window, QColor(lightness, lightness, lightness));
+    texts += SecondaryText(grey).name().toStdString() + " " + SiennaText(grey).name().toStdString() + "\n";
+  }
+  EXPECT_EQ(texts,
+            "#5a534b #a0522d\n"
+            "#48423c #66341d\n"
+            "#3a3530 #522a17\n"
+            "#181614 #2a150c\n");
+}
+
+TEST(Theme, VisitedLinksAreSecondaryText) {
+  const QPalette warm = WarmPalette(Light());
+  EXPECT_EQ(warm.color(QPalette::LinkVisited), SecondaryText(warm));
+}
+
 TEST(Theme, WhiteIsReadableOnTheAccent) { EXPECT_GE(ContrastRatio(Qt::white, QColor(kAccent)), 4.5); }
 
 }  // namespace

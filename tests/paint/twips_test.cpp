@@ -35,6 +35,16 @@ TEST(Twips, AreAddedAndMultipliedAsLengths) {
   EXPECT_EQ((Twips{4200} - Twips{250}).value, 3950);
 }
 
+TEST(Twips, RoundToTheNearestPixelOnBothSidesOfZero) {
+  EXPECT_EQ(NearestPixel(Twips{7}), 0);
+  EXPECT_EQ(NearestPixel(Twips{8}), 1);
+  EXPECT_EQ(NearestPixel(Twips{22}), 1);
+  EXPECT_EQ(NearestPixel(Twips{23}), 2);
+  EXPECT_EQ(NearestPixel(Twips{-7}), 0);
+  EXPECT_EQ(NearestPixel(Twips{-8}), -1);
+  EXPECT_EQ(NearestPixel(Twips{0}), 0);
+}
+
 TEST(Twips, PlaceAWidgetOnTheNearestPixel) {
   EXPECT_EQ(NearestPixel(Twips{3950}), 263);
   EXPECT_EQ(NearestPixel(Twips{1540}), 103);
