@@ -183,5 +183,96 @@ TEST_F(FieldBindingTest, OnlyATextThatIsTooLongIsShortened) {
   EXPECT_FALSE(descriptionField_->IsShortened());
 }
 
+TEST_F(FieldBindingTest, TextIsShortenedAboveItsLimitOnly) {
+  const auto shown = [this](const std::string& text, qsizetype longest) {
+    SQLite::Database db(path_, SQLite::OPEN_READWRITE);
+    SQLite::Statement set(db, "UPDATE Scales SET ScaleDescription = ? WHERE ScaleName = 'A'");
+    set.bind(1, text);
+    set.exec();
+    descriptionField_->SetLongestShown(longest);
+    control_.Refresh();
+    return description_.toPlainText().toStdString() + (descriptionField_->IsShortened() ? " ..." : "");
+  };
+  EXPECT_EQ(shown("abcd", 4), "abcd");
+  EXPECT_EQ(shown("abcde", 4), "abcd ...");
+  EXPECT_EQ(shown("abcd\u266F\u266F\u266F", 7), "abcd\u266F\u266F\u266F") << "7 characters of 13 bytes";
+  EXPECT_EQ(shown("\U0001D11E\U0001D11E", 4), "\U0001D11E\U0001D11E");
+  EXPECT_EQ(shown("\U0001D11E\U0001D11Ex", 3), "\U0001D11E ...") << "no half of a character";
+  EXPECT_EQ(shown("\U0001D11E\U0001D11E\U0001D11E", 2), "\U0001D11E ...");
+  EXPECT_EQ(shown(std::string(19, 'x'), 4), "xxxx ...");
+  EXPECT_EQ(shown(std::string(20, 'x'), 4), "xxxx ...");
+}
+
+TEST_F(FieldBindingTest, UnchangedShortenedTextKeepsTheWholeValue) {
+  SQLite::Database db(path_, SQLite::OPEN_READWRITE);
+  db.exec("UPDATE Scales SET ScaleDescription = 'abcdef' WHERE ScaleName = 'A'");
+  descriptionField_->SetLongestShown(4);
+  control_.Refresh();
+  QTest::keyClicks(&description_, QStringLiteral("x"));
+  EXPECT_TRUE(control_.IsEditPending());
+  QTest::keyClick(&description_, Qt::Key_Backspace);
+  EXPECT_FALSE(control_.IsEditPending());
+  EXPECT_EQ(control_.FieldValue(3).TextOr(""), "abcdef");
+}
+
+TEST_F(FieldBindingTest, IsChangedWhileTheTextDiffersFromTheRow) {
+  control_.Refresh();
+  EXPECT_FALSE(nameField_->IsChanged());
+  nameField_->SetText(QStringLiteral("A2"));
+  EXPECT_TRUE(nameField_->IsChanged());
+  nameField_->SetText(QStringLiteral("A"));
+  EXPECT_FALSE(nameField_->IsChanged());
+  nameField_->SetText(QStringLiteral("A2"));
+  control_.UpdateBatch();
+  EXPECT_FALSE(nameField_->IsChanged());
+}
+
+TEST_F(FieldBindingTest, SignalsHaveTheTextBeforeAndTypingEmitsEditedFirst) {
+  std::string signalled;
+  QObject::connect(nameField_, &FieldBinding::Edited,
+                   [&](const QString& before) { signalled += "edited " + before.toStdString() + ", "; });
+  QObject::connect(nameField_, &FieldBinding::Changed,
+                   [&](const QString& before) { signalled += "changed " + before.toStdString() + ", "; });
+  control_.Refresh();
+  EXPECT_EQ(std::exchange(signalled, {}), "changed , ");
+  QTest::keyClicks(&name_, QStringLiteral("b"));
+  EXPECT_EQ(std::exchange(signalled, {}), "edited A, changed A, ");
+  nameField_->SetText(QStringLiteral("Ab"));
+  EXPECT_EQ(signalled, "") << "the same text";
+  nameField_->SetText(QStringLiteral("C"));
+  EXPECT_EQ(std::exchange(signalled, {}), "changed Ab, ");
+  control_.CancelUpdate();
+  EXPECT_EQ(std::exchange(signalled, {}), "changed C, ");
+  control_.MoveNext();
+  EXPECT_EQ(std::exchange(signalled, {}), "changed A, ");
+}
+
+TEST_F(FieldBindingTest, SettingTheShownTextIsNoEdit) {
+  control_.Refresh();
+  nameField_->SetText(QStringLiteral("A"));
+  EXPECT_FALSE(control_.IsEditPending());
+}
+
+TEST_F(FieldBindingTest, BoxThatShowsTheValueKeepsItsCursorAndItsUndoStack) {
+  control_.Refresh();
+  QTest::keyClicks(&name_, QStringLiteral("bc"));
+  QTest::keyClicks(&description_, QStringLiteral("x"));
+  name_.setCursorPosition(1);
+  control_.UpdateBatch();
+  EXPECT_EQ(name_.cursorPosition(), 1);
+  EXPECT_TRUE(name_.isUndoAvailable());
+  EXPECT_TRUE(description_.document()->isUndoAvailable());
+}
+
+TEST_F(FieldBindingTest, BlankNumberIsNullAndBlankTextIsText) {
+  control_.Refresh();
+  sortField_->SetText(QStringLiteral("  "));
+  EXPECT_TRUE(control_.FieldValue(7).IsNull());
+  descriptionField_->SetText(QStringLiteral("12"));
+  EXPECT_EQ(control_.FieldValue(3), core::Value("12"));
+  descriptionField_->SetText(QStringLiteral("  "));
+  EXPECT_EQ(control_.FieldValue(3), core::Value("  "));
+}
+
 }  // namespace
 }  // namespace tonalith::controls
