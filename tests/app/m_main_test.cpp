@@ -96,6 +96,37 @@ TEST_F(StartUp, RelativeAndEmptyFoldersAreIgnored) {
   EXPECT_THAT(box_.Messages(), IsEmpty());
 }
 
+TEST_F(StartUp, EveryLetterMayBeTheDriveOfAShare) {
+  drives_.shares_ = {{"Z:", "\\\\host\\music"}};
+  EXPECT_EQ(FindDriveForShare("\\\\host\\music", drives_), "Z:");
+  EXPECT_EQ(drives_.queried_.size(), 26U);
+  EXPECT_EQ(drives_.queried_[12], "M:");
+}
+
+TEST_F(StartUp, ShareWithoutANameIsNoShare) {
+  class Nameless : public platform::NetworkDrives {
+   public:
+    [[nodiscard]] std::optional<platform::NetworkConnection> ConnectionOf(const std::string& drive) const override {
+      if (drive != "B:") return std::nullopt;
+      return platform::NetworkConnection{"\\\\host\\music", 0};
+    }
+  };
+  EXPECT_EQ(FindDriveForShare("\\\\host\\music", Nameless()), "");
+}
+
+TEST_F(StartUp, DriveAloneIsAFolderOfItsOwn) {
+  Move("C:");
+  EXPECT_THAT(directory_.log_, ElementsAre("drive C:", "directory C:"));
+}
+
+TEST_F(StartUp, OnlyTheFirstFailureIsShown) {
+  drives_.shares_ = {{"M:", "\\\\host\\music"}};
+  directory_.failing_ = "M:/";
+  Move("\\\\host\\music");
+  EXPECT_THAT(directory_.log_, ElementsAre("drive M:"));
+  EXPECT_EQ(box_.Texts(), "Error: Path not found\n");
+}
+
 TEST_F(StartUp, FailureIsShownAndTheNextStepRuns) {
   directory_.failing_ = "C:";
   Move("C:\\Tonalith");

@@ -40,6 +40,25 @@ TEST(ScaleSetting, IsUsableFromAQuarterToEight) {
   }
 }
 
+TEST(ScaleThatFits, IsRoundedDownToThousandths) {
+  EXPECT_DOUBLE_EQ(ScaleThatFits({1000, 10}, {789, 10}), 0.789);
+  EXPECT_DOUBLE_EQ(ScaleThatFits({10'000, 10}, {7'899, 10}), 0.789);
+  EXPECT_DOUBLE_EQ(ScaleThatFits({10, 1000}, {10, 999}), 0.999);
+  EXPECT_EQ(ScaleThatFits({}, {10, 10}), 1) << "an empty window";
+}
+
+TEST(ScaleSetting, LimitsAreUsable) {
+  EXPECT_FALSE(IsUsableScaleSetting("QT_SCALE_FACTOR", "0.249"));
+  EXPECT_FALSE(IsUsableScaleSetting("QT_SCALE_FACTOR", "8.001"));
+  EXPECT_TRUE(IsUsableScaleSetting("QT_FONT_DPI", "24"));
+  EXPECT_FALSE(IsUsableScaleSetting("QT_FONT_DPI", "23"));
+  EXPECT_TRUE(IsUsableScaleSetting("QT_FONT_DPI", "768"));
+  EXPECT_FALSE(IsUsableScaleSetting("QT_FONT_DPI", "769"));
+  EXPECT_FALSE(IsUsableScaleSetting("QT_SCALE_FACTOR", "96"));
+  EXPECT_TRUE(IsUsableScaleSetting("QT_SCREEN_SCALE_FACTORS", "a=b=8;0.25"));
+  EXPECT_TRUE(IsUsableScaleSetting("QT_ENABLE_HIGHDPI_SCALING", "-1")) << "another variable";
+}
+
 TEST(ScaleSetting, OfEveryScreenHasTheSameLimits) {
   for (const char* const value : {"1.5", "1;2", "HDMI-1=1.5;eDP-1=2", "HDMI-1=1.5;"}) {
     EXPECT_TRUE(IsUsableScaleSetting("QT_SCREEN_SCALE_FACTORS", value)) << value;
@@ -92,6 +111,28 @@ TEST_F(SmallScreen, WindowThatFitsHasNoScrollArea) {
   frmTonalith& window = Start();
   AddScrollBars(window, {1080, 700});
   EXPECT_EQ(window.findChild<QScrollArea*>(), nullptr);
+}
+
+TEST_F(SmallScreen, OnePixelTooFewAddsScrollBars) {
+  CopyShippedDatabase();
+  frmTonalith& window = Start();
+  const QSize client = window.centralWidget()->minimumSize();
+  const QSize exact(client.width(), client.height() + window.menuBar()->sizeHint().height());
+  AddScrollBars(window, exact);
+  EXPECT_EQ(window.findChild<QScrollArea*>(), nullptr);
+  AddScrollBars(window, exact - QSize(0, 1));
+  auto* const area = window.findChild<QScrollArea*>();
+  ASSERT_NE(area, nullptr);
+  EXPECT_EQ(area->widget()->minimumSize(), client);
+  EXPECT_EQ(area->focusPolicy(), Qt::NoFocus);
+  EXPECT_EQ(area->frameShape(), QFrame::NoFrame);
+}
+
+TEST_F(SmallScreen, NarrowScreenAddsScrollBars) {
+  CopyShippedDatabase();
+  frmTonalith& window = Start();
+  AddScrollBars(window, {window.centralWidget()->minimumWidth() - 1, 2000});
+  EXPECT_NE(window.findChild<QScrollArea*>(), nullptr);
 }
 
 TEST_F(SmallScreen, LargeWindowGetsScrollBarsAndFits) {

@@ -71,6 +71,23 @@ TEST(StopSoundBuffer, IgnoresAllOtherSlots) {
   EXPECT_EQ(rig.Take(), "");
 }
 
+TEST(StopSoundBuffer, ReportsAFailureAndStopsTheOtherSlots) {
+  LoadedRig rig(2);
+  for (const std::int32_t slot : {1, 2}) rig.sounds.PlaySoundBuffer(slot);
+  rig.Take();
+  rig.script.Break("reset");
+  rig.sounds.StopSoundBuffer(SoundManager::kAllBuffers);
+  EXPECT_EQ(rig.Take(), "reset 101\nmessage 'reset broke'\nreset 102\n");
+}
+
+TEST(PlaySoundBuffer, ReportsAFailureAndCountsAsPlaying) {
+  LoadedRig rig;
+  rig.script.Break("write");
+  EXPECT_TRUE(rig.sounds.PlaySoundBuffer(1));
+  EXPECT_EQ(rig.Take(), "write 101\nSoundPlayStart 1\nmessage 'write broke'\n");
+  EXPECT_EQ(rig.sounds.Buffer(1).state, BufferState::kPlaying);
+}
+
 TEST(UnloadSoundBuffer, ReleasesTheDeviceAndTheContentOfTheSlot) {
   LoadedRig rig(1, BufferFlags::kUnloadOnEnd);
   rig.sounds.UnloadSoundBuffer(1);
