@@ -83,14 +83,15 @@ class Input:
         if self._x.XkbKeycodeToKeysym(self._display, code, 0, 0) != keysym:
             modifiers = [*modifiers, MODIFIERS["shift"]]
         held = [self._x.XKeysymToKeycode(self._display, ctypes.c_ulong(self._keysym(name))) for name in modifiers]
-        self._give_keyboard()
+        self.give_keyboard()
         for key in [*held, code]:
             self._test.XTestFakeKeyEvent(self._display, key, True, ctypes.c_ulong(0))
         for key in [code, *reversed(held)]:
             self._test.XTestFakeKeyEvent(self._display, key, False, ctypes.c_ulong(0))
         self._x.XSync(self._display, False)
 
-    def _give_keyboard(self):
+    def give_keyboard(self):
+        """Moves the keyboard focus to the topmost window if no window has it."""
         has_it, revert_to = ctypes.c_ulong(), ctypes.c_int()
         self._x.XGetInputFocus(self._display, ctypes.byref(has_it), ctypes.byref(revert_to))
         if has_it.value > REVERT_TO_POINTER_ROOT and has_it.value != self._root.value:

@@ -79,20 +79,46 @@ class WindowsSession(Session):
         application.clear_cache()
         return [window for window in children(application) if self.is_showing(window)]
 
+    def is_active(self, window):
+        """Whether the window has the keyboard and the program knows it.
+
+        A window is visible before the keyboard is moved to it, and a closed one keeps the keyboard for a moment: a key
+        sent meanwhile is lost.
+        """
+        self.input.give_keyboard()
+        window.clear_cache()
+        return window.get_state_set().contains(self.atspi.StateType.ACTIVE)
+
     def wait_for_window(self, name):
-        found = lambda: next((window for window in self.windows() if window.get_name() == name), None)
+        """The window with this name, when it has the keyboard."""
+        def found():
+            return next((each for each in self.windows() if each.get_name() == name and self.is_active(each)), None)
+
         return self.wait(found, f"the window {name}")
 
     def wait_for_end_of(self, name):
-        self.wait(lambda: all(window.get_name() != name for window in self.windows()), f"the end of {name}")
+        """Waits until no window has this name and another one has the keyboard."""
+        def is_over():
+            windows = self.windows()
+            return all(window.get_name() != name for window in windows) and any(map(self.is_active, windows))
+
+        self.wait(is_over, f"the end of {name}")
+
+    def boxes(self):
+        """The visible message boxes and their texts."""
+        return [(window, self.text_of_box(window)) for window in self.windows() if self.is_box(window)]
+
+    @staticmethod
+    def is_box(window):
+        return window.get_role_name() in BOXES and window.get_name() in ("Tonalith", "Confirm Deletion")
+
+    @staticmethod
+    def text_of_box(window):
+        return "".join(node.get_name() for node in children(window) if node.get_role_name() == "label")
 
     def box(self):
-        """The open message box and its text, or None."""
-        for window in self.windows():
-            if window.get_role_name() in BOXES and window.get_name() in ("Tonalith", "Confirm Deletion"):
-                texts = [node.get_name() for node in children(window) if node.get_role_name() == "label"]
-                return window, "".join(texts)
-        return None
+        """The message box that has the keyboard, and its text, or None."""
+        return next(((window, text) for window, text in self.boxes() if self.is_active(window)), None)
 
     def wait_for_box(self, text):
         """The message box that contains this text."""
@@ -103,7 +129,8 @@ class WindowsSession(Session):
         return self.wait(found, f"the box {text}")
 
     def wait_for_no_box(self):
-        self.wait(lambda: self.box() is None, "the end of the message box")
+        """Waits until no message box is visible and another window has the keyboard."""
+        self.wait(lambda: not self.boxes() and any(map(self.is_active, self.windows())), "the end of the message box")
 
     def find(self, window, role, name):
         """The node of the window with this role and this name or description."""

@@ -226,8 +226,9 @@ class Packs(WindowsCase):
             name = os.path.basename(text)
             left.remove(name)
             answer(box)
-            self.session.wait(lambda: name not in (self.session.box() or (None, ""))[1], f"the end of {text}")
+            self.session.wait(lambda: all(name not in other for _, other in self.session.boxes()), f"the end of {text}")
         self.session.wait(self.can_install, "the end of the import")
+        self.session.wait_for_no_box()
         return self.library() - before
 
     def library(self):
