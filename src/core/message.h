@@ -67,7 +67,7 @@ class Message {
   Message(Id id, const Arguments&... arguments)  // NOLINT(google-explicit-constructor): an id is a message
       : text_(&CatalogueOf(id)[static_cast<std::size_t>(id)]), arguments_{Argument(arguments)...} {}
 
-  /// A text in no catalogue, such as the name of a file or a report of the operating system. It is never translated.
+  /// A text in no catalogue, such as the name of a file or an error text from the system. It is never translated.
   static Message Verbatim(std::string text);
   /// A literal belongs in a catalogue.
   static Message Verbatim(const char* text) = delete;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// Port of the message box: a text, a style and a title, answered with a button. The window system implements it in
+// Message box interface: a text, a style and a title, answered with a button. The window system implements it in
 // platform/qt; tests record it (support/recording_msg_box.h). User-interface thread only. Show returns when the box is
 // closed.
 

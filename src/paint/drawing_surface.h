@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The drawing port of the views: clear, current position, print, line, picture and text size, in twips or pixels.
+// The drawing interface of the views: clear, current position, print, line, picture and text size, in twips or pixels.
 // Implementations record, paint on the screen at any scale factor, or paint a printed page. The base class stores the
 // state (scale mode, position, font, colour) and passes drawing steps in pixels to the implementation. One pixel is 15
 // twips or 1/96 inch, never a device dot. A line at a pixel coordinate is centred half a pixel further.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // SPDX-FileCopyrightText: 2026 The Tonalith authors
 
-// The import of the optional tables of a pack: formulas and aliases of the scales that it adds.
+// Importing the optional tables of a pack: formulas and aliases of the scales that it adds.
 
 #include <gtest/gtest.h>
 
